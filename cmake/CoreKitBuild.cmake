@@ -1,0 +1,28 @@
+# What every target of this tree is compiled with.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+# The two libraries and the programs lie side by side in the build tree.
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+
+find_program(COREKIT_CCACHE ccache)
+if(COREKIT_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${COREKIT_CCACHE})
+endif()
+
+add_library(corekit_options INTERFACE)
+target_compile_options(corekit_options INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Wcast-qual)
+target_include_directories(corekit_options INTERFACE ${PROJECT_SOURCE_DIR})
+if(COREKIT_SANITIZE)
+  target_compile_options(corekit_options INTERFACE -fsanitize=${COREKIT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(corekit_options INTERFACE -fsanitize=${COREKIT_SANITIZE})
+endif()

@@ -1,0 +1,26 @@
+# Install rules: libraries, headers, the tool, find_package(CoreKit) and pkg-config files.
+include(CMakePackageConfigHelpers)
+
+set(installed_targets core)
+if(COREKIT_UI)
+  list(APPEND installed_targets ui)
+endif()
+install(TARGETS ${installed_targets} EXPORT CoreKitTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS corekit_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/corekit DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
+install(EXPORT CoreKitTargets NAMESPACE CoreKit:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/CoreKit)
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/CoreKitConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/CoreKitConfig.cmake INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/CoreKit)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/CoreKitConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/CoreKitConfig.cmake ${PROJECT_BINARY_DIR}/CoreKitConfigVersion.cmake
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/CoreKit)
+
+foreach(library ${installed_targets})
+  get_target_property(COREKIT_PC_LIBRARY ${library} OUTPUT_NAME)
+  set(COREKIT_PC_REQUIRES "")
+  if(NOT library STREQUAL core)
+    set(COREKIT_PC_REQUIRES corekit)
+  endif()
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/corekit.pc.in ${PROJECT_BINARY_DIR}/${COREKIT_PC_LIBRARY}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${COREKIT_PC_LIBRARY}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()

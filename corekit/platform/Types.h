@@ -1,0 +1,95 @@
+// The one home of the platform's basic types and constants, under their published names.
+//
+// Integers have the sizes that files and wires rely on: LONG and DWORD are 32 bits wide here although
+// the machine's `long` is 64. Wide text is UTF-16 in char16_t; literals are u"...".
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+using BYTE = std::uint8_t;
+using WORD = std::uint16_t;
+using DWORD = std::uint32_t;
+using UINT = std::uint32_t;
+using LONG = std::int32_t;
+using SHORT = std::int16_t;
+using BOOL = int;
+using LONGLONG = std::int64_t;
+using DWORDLONG = std::uint64_t;
+using WCHAR = char16_t;
+
+using UINT_PTR = std::uintptr_t;
+using LONG_PTR = std::intptr_t;
+using DWORD_PTR = std::uintptr_t;
+using WPARAM = UINT_PTR;
+using LPARAM = LONG_PTR;
+using LRESULT = LONG_PTR;
+using LANGID = WORD;
+using LCID = DWORD;
+using COLORREF = DWORD; // 0x00BBGGRR
+
+// A kernel object of any kind. Owned by whoever created or opened it, closed with CloseHandle.
+using HANDLE = void*;
+using HGLOBAL = void*;
+
+// Window-system objects are told apart by type.
+using HINSTANCE = struct HINSTANCE__*;
+using HWND = struct HWND__*;
+using HMODULE = HINSTANCE;
+using HDC = struct HDC__*;
+using HGDIOBJ = struct HGDIOBJ__*;
+using HFONT = HGDIOBJ;
+using HBITMAP = HGDIOBJ;
+using HBRUSH = HGDIOBJ;
+using HICON = struct HICON__*;
+using HCURSOR = HICON;
+
+inline HANDLE const INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(-1));
+inline constexpr BOOL TRUE = 1;
+inline constexpr BOOL FALSE = 0;
+inline constexpr DWORD INFINITE = 0xFFFFFFFF;
+inline constexpr int MAX_PATH = 260;
+
+struct POINT {
+    LONG x, y;
+};
+struct SIZE {
+    LONG cx, cy;
+};
+struct RECT {
+    LONG left, top, right, bottom;
+};
+
+// Laid out as it is stored and sent.
+struct _GUID {
+    DWORD Data1;
+    WORD Data2;
+    WORD Data3;
+    BYTE Data4[8];
+
+    friend bool operator==(const _GUID&, const _GUID&) = default;
+};
+using GUID = _GUID;
+using CLSID = _GUID;
+using IID = _GUID;
+
+// 100-nanosecond steps since 1 January 1601, UTC.
+struct _FILETIME {
+    DWORD dwLowDateTime;
+    DWORD dwHighDateTime;
+};
+using FILETIME = _FILETIME;
+
+static_assert(sizeof(WCHAR) == 2 && sizeof(LONG) == 4 && sizeof(GUID) == 16 && sizeof(FILETIME) == 8);
+static_assert(sizeof(POINT) == 8 && sizeof(SIZE) == 8 && sizeof(RECT) == 16);
+
+constexpr WORD LOWORD(DWORD_PTR v) { return static_cast<WORD>(v & 0xFFFF); }
+constexpr WORD HIWORD(DWORD_PTR v) { return static_cast<WORD>((v >> 16) & 0xFFFF); }
+constexpr BYTE LOBYTE(DWORD_PTR v) { return static_cast<BYTE>(v & 0xFF); }
+constexpr BYTE HIBYTE(DWORD_PTR v) { return static_cast<BYTE>((v >> 8) & 0xFF); }
+constexpr DWORD MAKELONG(WORD low, WORD high) { return static_cast<DWORD>(low) | static_cast<DWORD>(high) << 16; }
+constexpr WORD MAKEWORD(BYTE low, BYTE high) { return static_cast<WORD>(low | high << 8); }
+constexpr COLORREF RGB(BYTE r, BYTE g, BYTE b)
+{
+    return static_cast<COLORREF>(r) | static_cast<COLORREF>(g) << 8 | static_cast<COLORREF>(b) << 16;
+}
