@@ -2,7 +2,7 @@
 include(CMakePackageConfigHelpers)
 
 set(installed_targets core)
-if(COREKIT_UI)
+if(TARGET CoreKit::ui)
   list(APPEND installed_targets ui)
 endif()
 install(TARGETS ${installed_targets} EXPORT CoreKitTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})

@@ -1,0 +1,3 @@
+#include "corekit/Version.h"
+
+const char* CoreKitVersion() { return COREKIT_VERSION; }

@@ -1,0 +1,7 @@
+// The library's own version.
+#pragma once
+
+#include "corekit/platform/Export.h"
+
+// "major.minor.patch" of the library that is loaded, which may be newer than the one compiled against.
+COREKIT_API const char* CoreKitVersion();
