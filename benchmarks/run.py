@@ -1,0 +1,77 @@
+#!/usr/bin/env python3
+"""run.py BINARIES [NAME...]: runs the benchmark programs and prints, for every path measured, each
+peer's rate and how many times the best peer CoreKit is. Names are <subject>/<path>/<peer>."""
+import collections
+import glob
+import json
+import os
+import subprocess
+import sys
+import tempfile
+
+# What each path must reach, as a multiple of the best peer.
+GOALS = {
+    "chardata/general_type_random_bmp": 4, "chardata/general_type_text": 4,
+    "chardata/bidi_type_random_bmp": 4, "chardata/bidi_type_text": 4,
+    "chardata/to_upper_random_bmp": 4, "chardata/to_upper_text": 4,
+    "bidi/latin": 8, "bidi/mixed_ltr": 5, "bidi/mixed_rtl": 5,
+    "shaping/arabic": 3,
+    "streams/memory_write": 1.2, "streams/memory_read": 1.5,
+    "streams/file_write": 1.5, "streams/file_read": 1.2,
+    "strings/copy": 1, "strings/find_units": 1, "strings/make": 1, "strings/equal": 1,
+    "draw/measure": 5, "draw/raster": 1.5,
+}
+
+
+def human(rate):
+    for step, letter in ((1e9, "G"), (1e6, "M"), (1e3, "k")):
+        if rate >= step:
+            return f"{rate / step:.3g} {letter}/s"
+    return f"{rate:.3g} /s"
+
+
+def run(program, scratch):
+    result = os.path.join(scratch, os.path.basename(program) + ".json")
+    subprocess.run([program, "--benchmark_repetitions=5", "--benchmark_min_time=0.1",
+                    "--benchmark_report_aggregates_only=true", f"--benchmark_out={result}",
+                    "--benchmark_out_format=json"],
+                   check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                   env=dict(os.environ, BENCH_SCRATCH=scratch, QT_QPA_PLATFORM="offscreen"))
+    with open(result) as file:
+        return json.load(file)["benchmarks"]
+
+
+def main():
+    folder, names = sys.argv[1], sys.argv[2:]
+    programs = sorted(glob.glob(os.path.join(folder, "bench_*")))
+    if names:
+        programs = [p for p in programs if os.path.basename(p)[6:] in names]
+    if not programs:
+        sys.exit("run.py: no such benchmark")
+    paths = collections.OrderedDict()
+    with tempfile.TemporaryDirectory() as scratch:
+        for program in programs:
+            print(os.path.basename(program), file=sys.stderr)
+            for b in run(program, scratch):
+                if b.get("aggregate_name") == "median":
+                    subject, path, peer = b["run_name"].split("/", 2)
+                    paths.setdefault(f"{subject}/{path}", {})[peer] = b.get("items_per_second", 0)
+    short = 0
+    print(f"{'path':36} {'CoreKit':>10} {'best peer':>28} {'ratio':>7} {'goal':>6}")
+    for path, rates in paths.items():
+        ours = rates.get("corekit", 0)
+        peers = {k: v for k, v in rates.items() if k != "corekit" and not k.startswith("limit")}
+        best = max(peers, key=peers.get, default=None)
+        ratio = ours / peers[best] if best else 0
+        goal = GOALS.get(path)
+        mark = "" if goal is None or ratio >= goal else "  short"
+        short += bool(mark)
+        print(f"{path:36} {human(ours):>10} {(best or '-') + ' ' + human(peers.get(best, 0)):>28} "
+              f"{ratio:7.2f} {goal if goal else '':>6}{mark}")
+        for peer in sorted(rates, key=rates.get, reverse=True):
+            if peer not in ("corekit", best):
+                print(f"{'':36} {'':>10} {peer + ' ' + human(rates[peer]):>28}")
+    print(f"{short} path(s) short of their goal" if short else "every path reaches its goal")
+
+
+main()

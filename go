@@ -1,0 +1,169 @@
+#!/usr/bin/env bash
+# One door to everything that is done with this tree. ./go help tells what.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+packages=cmake/debian-packages.txt
+jobs=$(nproc)
+
+help() {
+    cat <<'TEXT'
+usage: ./go COMMAND [ARGUMENTS]
+
+  demo [DIR]       draw examples/scripts/*.txt into DIR (default out/) and say where to look
+  test [PATTERN]   build everything and run the tests (those whose name matches PATTERN)
+  build            build the libraries and the tool
+  setup [SECTION]  install missing packages (default: build ui test)
+  bench [NAME...]  measure against the peers a user would pick, print the ratios
+  fuzz [SECONDS]   run every fuzz target for SECONDS (default 60)
+  asan | tsan      the core tests under address and undefined-behaviour, or thread, sanitizer
+  format [--check] lay out the sources by .clang-format
+  lint             the house rules, then clang-tidy
+  package          a .tar.gz of what would be installed, in build/release
+
+Missing Debian packages are installed when you are root and named when you are not.
+TEXT
+}
+
+say() { printf '%s\n' "$*" >&2; }
+
+# The packages of the sections named, as listed.
+section() {
+    awk -v want=" $* " '/^\[/ { on = index(want, " " substr($0, 2, length($0) - 2) " ") } !/^(\[|#|$)/ && on' "$packages"
+}
+
+missing() {
+    local p
+    command -v dpkg-query >/dev/null || return 0
+    section "$@" | while read -r p; do
+        [ "$(dpkg-query -W -f '${db:Status-Abbrev}' "$p" 2>/dev/null | cut -c1-2)" = ii ] || echo "$p"
+    done
+}
+
+apt_updated=
+install() {
+    [ -n "$apt_updated" ] || { apt-get update -qq && apt_updated=1; } || return 1
+    DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "$@" >/dev/null
+}
+
+# need SECTION...: have their packages, or stop with what to install.
+need() {
+    local want
+    want=$(missing "$@")
+    [ -z "$want" ] && return 0
+    if [ "$(id -u)" != 0 ]; then
+        say "Missing packages. As root: apt-get install --no-install-recommends" $want
+        exit 1
+    fi
+    say "Installing:" $want
+    install $want || { say "Could not install:" $want; exit 1; }
+}
+
+# The toolkit is wanted, not needed.
+want_ui() {
+    local want
+    want=$(missing ui)
+    [ -z "$want" ] && return 0
+    if [ "$(id -u)" = 0 ]; then
+        say "Installing:" $want
+        install $want && return 0
+    else
+        say "Missing packages. As root: apt-get install --no-install-recommends" $want
+    fi
+    say "Without them only the core library is built and tested; corekit-ui, its tests and drawing are left out."
+}
+
+# configure PRESET: once; the build itself configures anew when a build file changes. A build tree made
+# before the toolkit was there is made again.
+configure() {
+    local dir=build/$1
+    if [ -f "$dir/build.ninja" ] && grep -q 'Qt6_DIR:PATH=Qt6_DIR-NOTFOUND' "$dir/CMakeCache.txt" && [ -z "$(missing ui)" ]; then
+        rm -f "$dir/CMakeCache.txt"
+    fi
+    [ -f "$dir/build.ninja" ] && [ -f "$dir/CMakeCache.txt" ] || cmake --preset "$1" -Wno-dev >"$dir.configure.log" 2>&1 || {
+        cat "$dir.configure.log" >&2
+        exit 1
+    }
+}
+
+build() {
+    local preset=$1
+    shift
+    mkdir -p build
+    configure "$preset"
+    cmake --build "build/$preset" -j "$jobs" ${1:+--target "$@"}
+}
+
+run_tests() {
+    local preset=$1
+    shift
+    ctest --test-dir "build/$preset" -j "$jobs" --output-on-failure --no-tests=error ${1:+-R "$1"}
+}
+
+sanitized() {
+    need build test
+    build "$1" -- >/dev/null 2>&1 || build "$1"
+    run_tests "$@"
+}
+
+command=${1:-help}
+[ $# -eq 0 ] || shift
+case $command in
+setup)
+    need ${*:-build test}
+    [ $# -gt 0 ] || want_ui
+    ;;
+build)
+    need build
+    want_ui
+    build release
+    ;;
+demo)
+    need build
+    want_ui
+    build release corekit_tool >&2
+    if ! build/release/bin/corekit draw --help >/dev/null 2>&1; then
+        say "This build has no drawing, because the toolkit is missing."
+        exit 1
+    fi
+    build/release/bin/corekit draw examples/scripts/*.txt -o "${1:-out}" --bidi
+    ;;
+test)
+    need build test
+    want_ui
+    build release
+    run_tests release "$@"
+    ;;
+asan | tsan) sanitized "$command" "$@" ;;
+bench)
+    need build bench
+    want_ui
+    build bench
+    python3 benchmarks/run.py build/bench/bin "$@"
+    ;;
+fuzz)
+    need build fuzz
+    build fuzz
+    fuzz/run.sh build/fuzz/bin "${1:-60}"
+    ;;
+format)
+    need format
+    git ls-files '*.h' '*.cpp' | xargs clang-format ${1:+--dry-run -Werror} -i
+    ;;
+lint)
+    need build test lint
+    tools/lint.sh
+    build release
+    git ls-files 'corekit/*.cpp' 'apps/*.cpp' | xargs -P "$jobs" -n 4 clang-tidy --quiet -p build/release
+    ;;
+package)
+    need build
+    want_ui
+    build release
+    (cd build/release && cpack -G TGZ)
+    ;;
+help | -h | --help) help ;;
+*)
+    say "go: no command '$command'; ./go help lists them"
+    exit 2
+    ;;
+esac
