@@ -1,0 +1,216 @@
+// Growing arrays.
+//
+// CArray<TYPE, ARG_TYPE> holds TYPE and takes new values as ARG_TYPE, which TYPE must be assignable from.
+// New elements are value-initialised: numbers are 0, objects default-constructed. Growth is exact and
+// small: past the capacity it is raised by the grow step, or to the new size if that is more; with no step
+// set the step is an eighth of the present size, at least 4 and at most 1024 elements.
+//
+// Indices: an element outside the array reads as a fresh TYPE, a write to it is lost, and a removal is cut
+// to what is there. Sizes that cannot be had throw the memory exception and leave the array as it was. An
+// argument may be an element of the array itself. One thread at a time.
+#pragma once
+
+#include "corekit/framework/Exception.h"
+#include "corekit/framework/Object.h"
+#include "corekit/framework/String.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+template <class TYPE, class ARG_TYPE = const TYPE&>
+class CArray : public CObject {
+public:
+    CArray() = default;
+    ~CArray() override { Reset(); }
+
+    int GetSize() const noexcept { return m_nSize; }
+    int GetCount() const noexcept { return m_nSize; }
+    bool IsEmpty() const noexcept { return m_nSize == 0; }
+    int GetUpperBound() const noexcept { return m_nSize - 1; }
+
+    // A negative size counts as 0, which frees the store. `growBy` of -1 leaves the step, 0 is the rule
+    // above.
+    void SetSize(int newSize, int growBy = -1)
+    {
+        if (growBy >= 0) m_nGrowBy = growBy;
+        if (newSize <= 0) return Reset();
+        if (newSize > m_nMaxSize) Reallocate(GrownCapacity(newSize));
+        if (newSize > m_nSize)
+            std::uninitialized_value_construct_n(m_pData + m_nSize, newSize - m_nSize);
+        else
+            std::destroy(m_pData + newSize, m_pData + m_nSize);
+        m_nSize = newSize;
+    }
+    void RemoveAll() { SetSize(0); }
+    void FreeExtra()
+    {
+        if (m_nSize == 0) return Reset();
+        if (m_nSize != m_nMaxSize) Reallocate(m_nSize);
+    }
+
+    const TYPE& operator[](int index) const { return Inside(index) ? m_pData[index] : Spare(); }
+    TYPE& operator[](int index) { return Inside(index) ? m_pData[index] : Spare(); }
+    const TYPE& GetAt(int index) const { return (*this)[index]; }
+    const TYPE& ElementAt(int index) const { return (*this)[index]; }
+    TYPE& ElementAt(int index) { return (*this)[index]; }
+    void SetAt(int index, ARG_TYPE element)
+    {
+        if (Inside(index)) m_pData[index] = element;
+    }
+    // Null while the array has no store.
+    TYPE* GetData() noexcept { return m_pData; }
+    const TYPE* GetData() const noexcept { return m_pData; }
+
+    // The index of the new element.
+    int Add(ARG_TYPE element)
+    {
+        const int index = m_nSize;
+        SetAtGrow(index, element);
+        return index;
+    }
+    void SetAtGrow(int index, ARG_TYPE element)
+    {
+        if (index < 0) return;
+        if (index < m_nSize) {
+            m_pData[index] = element;
+        } else if (index < m_nMaxSize) {
+            SetSize(index + 1);
+            m_pData[index] = element;
+        } else {
+            if (index == INT_MAX) AfxThrowMemoryException();
+            TYPE copy = TYPE();
+            copy = element; // it may live in the store that is about to move
+            SetSize(index + 1);
+            m_pData[index] = std::move(copy);
+        }
+    }
+    // The index of the first appended element.
+    int Append(const CArray& source)
+    {
+        const int first = m_nSize, count = source.m_nSize;
+        if (count > INT_MAX - first) AfxThrowMemoryException();
+        if (count) SetSize(first + count);
+        std::copy_n(source.m_pData, count, m_pData + first);
+        return first;
+    }
+    void Copy(const CArray& source)
+    {
+        if (this == &source) return;
+        SetSize(source.m_nSize);
+        std::copy_n(source.m_pData, source.m_nSize, m_pData);
+    }
+
+    // An index past the end grows the array up to it.
+    void InsertAt(int index, ARG_TYPE element, int count = 1)
+    {
+        if (index < 0 || count <= 0) return;
+        TYPE copy = TYPE();
+        copy = element;
+        OpenGap(index, count);
+        std::fill_n(m_pData + index, count, copy);
+    }
+    void InsertAt(int index, const CArray* source)
+    {
+        if (index < 0 || !source || source->m_nSize == 0) return;
+        CArray copy;
+        copy.Copy(*source);
+        OpenGap(index, copy.m_nSize);
+        std::move(copy.m_pData, copy.m_pData + copy.m_nSize, m_pData + index);
+    }
+    void RemoveAt(int index, int count = 1)
+    {
+        if (!Inside(index) || count <= 0) return;
+        count = std::min(count, m_nSize - index);
+        std::move(m_pData + index + count, m_pData + m_nSize, m_pData + index);
+        std::destroy(m_pData + m_nSize - count, m_pData + m_nSize);
+        m_nSize -= count;
+    }
+
+private:
+    static_assert(alignof(TYPE) <= alignof(std::max_align_t));
+
+    bool Inside(int index) const noexcept
+    {
+        return static_cast<unsigned>(index) < static_cast<unsigned>(m_nSize);
+    }
+
+    // What an index outside stands for; fresh at every use.
+    [[gnu::cold, gnu::noinline]] static TYPE& Spare()
+    {
+        static thread_local TYPE spare;
+        spare = TYPE();
+        return spare;
+    }
+
+    int GrownCapacity(int newSize) const
+    {
+        const int step = m_nGrowBy > 0 ? m_nGrowBy : std::clamp(m_nSize / 8, 4, 1024);
+        return std::max(newSize, step > INT_MAX - m_nMaxSize ? INT_MAX : m_nMaxSize + step);
+    }
+
+    void Reallocate(int capacity)
+    {
+        if (static_cast<std::size_t>(capacity) > PTRDIFF_MAX / sizeof(TYPE)) AfxThrowMemoryException();
+        const std::size_t bytes = static_cast<std::size_t>(capacity) * sizeof(TYPE);
+        if constexpr (std::is_trivially_copyable_v<TYPE>) {
+            void* store = std::realloc(static_cast<void*>(m_pData), bytes);
+            if (!store) AfxThrowMemoryException();
+            m_pData = static_cast<TYPE*>(store);
+        } else {
+            TYPE* store = static_cast<TYPE*>(std::malloc(bytes));
+            if (!store) AfxThrowMemoryException();
+            std::uninitialized_move(m_pData, m_pData + m_nSize, store);
+            std::destroy_n(m_pData, m_nSize);
+            std::free(static_cast<void*>(m_pData));
+            m_pData = store;
+        }
+        m_nMaxSize = capacity;
+    }
+
+    void OpenGap(int index, int count)
+    {
+        const int oldSize = m_nSize;
+        if (count > INT_MAX - std::max(index, oldSize)) AfxThrowMemoryException();
+        SetSize(std::max(index, oldSize) + count);
+        if (index < oldSize)
+            std::move_backward(m_pData + index, m_pData + oldSize, m_pData + oldSize + count);
+    }
+
+    void Reset() noexcept
+    {
+        std::destroy_n(m_pData, m_nSize);
+        std::free(static_cast<void*>(m_pData));
+        m_pData = nullptr;
+        m_nSize = m_nMaxSize = 0;
+    }
+
+    TYPE* m_pData = nullptr;
+    int m_nSize = 0;
+    int m_nMaxSize = 0;
+    int m_nGrowBy = 0;
+};
+
+class COREKIT_API CByteArray : public CArray<BYTE, BYTE> {
+    DECLARE_DYNAMIC(CByteArray)
+};
+class COREKIT_API CWordArray : public CArray<WORD, WORD> {
+    DECLARE_DYNAMIC(CWordArray)
+};
+class COREKIT_API CDWordArray : public CArray<DWORD, DWORD> {
+    DECLARE_DYNAMIC(CDWordArray)
+};
+// Owns none of what its pointers point at.
+class COREKIT_API CPtrArray : public CArray<void*, void*> {
+    DECLARE_DYNAMIC(CPtrArray)
+};
+class COREKIT_API CObArray : public CArray<CObject*, CObject*> {
+    DECLARE_DYNAMIC(CObArray)
+};
+class COREKIT_API CStringArray : public CArray<CString, const CString&> {
+    DECLARE_DYNAMIC(CStringArray)
+};

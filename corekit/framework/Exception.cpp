@@ -1,0 +1,70 @@
+#include "corekit/framework/Exception.h"
+
+#include "corekit/framework/MessageBox.h"
+#include "corekit/framework/Module.h"
+#include "corekit/framework/String.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+
+IMPLEMENT_DYNAMIC(CException, CObject)
+IMPLEMENT_DYNAMIC(CUserException, CException)
+IMPLEMENT_DYNAMIC(CMemoryException, CException)
+IMPLEMENT_DYNAMIC(CNotSupportedException, CException)
+
+namespace {
+BOOL CopyMessage(std::string_view text, char* buffer, UINT size, UINT* helpContext)
+{
+    if (helpContext) *helpContext = 0;
+    if (!buffer || size == 0) return FALSE;
+    const std::size_t length = std::min<std::size_t>(text.size(), size - 1);
+    std::memcpy(buffer, text.data(), length);
+    buffer[length] = 0;
+    return !text.empty();
+}
+
+// Never destroyed, so that it can be thrown until the very end of the process.
+template <class T>
+T* Shared()
+{
+    alignas(T) static unsigned char memory[sizeof(T)];
+    static T* const object = new (memory) T(FALSE);
+    return object;
+}
+} // namespace
+
+void CException::Delete()
+{
+    if (m_bAutoDelete) delete this;
+}
+
+BOOL CException::GetErrorMessage(char* buffer, UINT size, UINT* helpContext)
+{
+    return CopyMessage({}, buffer, size, helpContext);
+}
+
+int CException::ReportError(CWnd* parent, UINT type, UINT fallbackId)
+{
+    char text[1024];
+    if (GetErrorMessage(text, sizeof text)) return StockMessageBox(parent, text, type);
+    CString fallback;
+    if (fallbackId == 0 || !fallback.LoadString(fallbackId)) fallback = "No error message is available.";
+    return StockMessageBox(parent, fallback, type);
+}
+
+BOOL CMemoryException::GetErrorMessage(char* buffer, UINT size, UINT* helpContext)
+{
+    return CopyMessage("Out of memory.", buffer, size, helpContext);
+}
+
+BOOL CNotSupportedException::GetErrorMessage(char* buffer, UINT size, UINT* helpContext)
+{
+    return CopyMessage("An unsupported operation was attempted.", buffer, size, helpContext);
+}
+
+void AfxThrowMemoryException() { throw Shared<CMemoryException>(); }
+void AfxThrowUserException() { throw Shared<CUserException>(); }
+void AfxThrowNotSupportedException() { throw Shared<CNotSupportedException>(); }
+void AfxAbort() { std::abort(); }

@@ -1,0 +1,53 @@
+#include "corekit/framework/MessageBox.h"
+
+#include "corekit/framework/String.h"
+
+#include <atomic>
+#include <cstdio>
+
+namespace {
+constinit std::atomic<MessageBoxHandler> current = nullptr;
+
+int CautiousAnswer(UINT flags)
+{
+    switch (flags & MB_TYPEMASK) {
+    case MB_OKCANCEL:
+    case MB_YESNOCANCEL:
+    case MB_RETRYCANCEL:
+        return IDCANCEL;
+    case MB_ABORTRETRYIGNORE:
+        return IDABORT;
+    case MB_YESNO:
+        return IDNO;
+    default:
+        return IDOK;
+    }
+}
+
+CString TableText(UINT id)
+{
+    CString text;
+    text.LoadString(id);
+    return text;
+}
+} // namespace
+
+MessageBoxHandler SetMessageBoxHandler(MessageBoxHandler handler) { return current.exchange(handler); }
+
+int StockMessageBox(CWnd* parent, const char* text, UINT flags)
+{
+    if (!text) text = "";
+    if (const MessageBoxHandler handler = current.load()) return handler(parent, text, flags);
+    std::fprintf(stderr, "%s\n", text);
+    return CautiousAnswer(flags);
+}
+
+int StockMessageBox(CWnd* parent, UINT textId, UINT flags)
+{
+    return StockMessageBox(parent, TableText(textId), flags);
+}
+int AfxMessageBox(const char* text, UINT flags, UINT) { return StockMessageBox(nullptr, text, flags); }
+int AfxMessageBox(UINT textId, UINT flags, UINT)
+{
+    return StockMessageBox(nullptr, TableText(textId), flags);
+}

@@ -1,0 +1,140 @@
+#include "corekit/framework/Module.h"
+
+#include "corekit/framework/InsertText.h"
+#include "corekit/framework/String.h"
+
+#include <algorithm>
+#include <cstring>
+#include <mutex>
+#include <utility>
+
+IMPLEMENT_DYNAMIC(CDynLinkLibrary, CCmdTarget)
+
+namespace {
+// All ready before any code runs and never destroyed.
+constinit std::mutex chainLock;
+constinit CDynLinkLibrary* chainHead = nullptr;
+constinit std::span<const ResourceString> programStrings;
+
+bool Ascending(std::span<const ResourceString> strings)
+{
+    return std::ranges::adjacent_find(strings, std::ranges::greater_equal{}, &ResourceString::id) ==
+           strings.end();
+}
+
+const char* FindIn(std::span<const ResourceString> strings, UINT id)
+{
+    const auto row = std::ranges::lower_bound(strings, id, {}, &ResourceString::id);
+    return row != strings.end() && row->id == id ? row->text : nullptr;
+}
+
+// Hands the text over while its module is held in place.
+template <class Use>
+bool UseText(UINT id, Use use)
+{
+    const auto found = [&](std::span<const ResourceString> strings) {
+        const char* text = FindIn(strings, id);
+        if (text) use(text);
+        return text != nullptr;
+    };
+    {
+        const std::lock_guard guard(chainLock);
+        if (found(programStrings)) return true;
+    }
+    return CDynLinkLibrary::Visit([&](const CDynLinkLibrary& library) { return found(library.m_strings); });
+}
+
+void Insert(CString& result, UINT id, std::initializer_list<const char*> inserts)
+{
+    CString format;
+    format.LoadString(id);
+    result = corekit::detail::ReplaceInserts(format, inserts);
+}
+} // namespace
+
+BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& module, HINSTANCE instance)
+{
+    if (module.bInitialized) return TRUE;
+    if (!Ascending(module.strings)) return FALSE;
+    module.hModule = module.hResource = instance ? instance : reinterpret_cast<HINSTANCE>(&module);
+    module.bInitialized = TRUE;
+    return TRUE;
+}
+
+void AfxTermExtensionModule(AFX_EXTENSION_MODULE& module, BOOL)
+{
+    CDynLinkLibrary* removed = nullptr;
+    {
+        const std::lock_guard guard(chainLock);
+        for (CDynLinkLibrary** link = &chainHead; *link;) {
+            CDynLinkLibrary* library = *link;
+            if (library->m_hModule != module.hModule) {
+                link = &library->m_pNextDLL;
+                continue;
+            }
+            *link = library->m_pNextDLL;
+            library->m_pNextDLL = removed;
+            removed = library;
+        }
+    }
+    while (removed) delete std::exchange(removed, removed->m_pNextDLL);
+    module.bInitialized = FALSE;
+}
+
+BOOL AfxSetResourceStrings(std::span<const ResourceString> strings)
+{
+    if (!Ascending(strings)) return FALSE;
+    const std::lock_guard guard(chainLock);
+    programStrings = strings;
+    return TRUE;
+}
+
+CDynLinkLibrary::CDynLinkLibrary(const AFX_EXTENSION_MODULE& module, BOOL bSystem)
+    : m_hModule(module.hModule), m_hResource(module.hResource), m_bSystem(bSystem), m_strings(module.strings)
+{
+    const std::lock_guard guard(chainLock);
+    m_pNextDLL = chainHead;
+    chainHead = this;
+}
+
+CDynLinkLibrary::~CDynLinkLibrary()
+{
+    const std::lock_guard guard(chainLock);
+    for (CDynLinkLibrary** link = &chainHead; *link; link = &(*link)->m_pNextDLL) {
+        if (*link != this) continue;
+        *link = m_pNextDLL;
+        return;
+    }
+}
+
+bool CDynLinkLibrary::Visit(const std::function<bool(const CDynLinkLibrary&)>& visit)
+{
+    const std::lock_guard guard(chainLock);
+    for (const CDynLinkLibrary* library = chainHead; library; library = library->m_pNextDLL)
+        if (visit(*library)) return true;
+    return false;
+}
+
+int AfxLoadString(UINT id, char* buffer, UINT size)
+{
+    if (!buffer || size == 0) return 0;
+    std::size_t length = 0;
+    UseText(id, [&](const char* text) {
+        length = strnlen(text, size - 1);
+        std::memcpy(buffer, text, length);
+    });
+    buffer[length] = 0;
+    return static_cast<int>(length);
+}
+
+bool CString::LoadString(UINT id)
+{
+    Empty();
+    return UseText(id, [this](const char* text) { *this = text; });
+}
+
+void AfxFormatString1(CString& result, UINT id, const char* insert1) { Insert(result, id, {insert1}); }
+void AfxFormatString2(CString& result, UINT id, const char* insert1, const char* insert2)
+{
+    Insert(result, id, {insert1, insert2});
+}

@@ -1,0 +1,72 @@
+// Modules: the program and the shared libraries in it, and the texts that each brings along.
+//
+// A library fills one static AFX_EXTENSION_MODULE with its string table when it is loaded, and puts a
+// CDynLinkLibrary on the chain, which makes the table visible to all:
+//
+//     static constexpr ResourceString texts[] = {{301, "Cannot open %1."}, {302, "Ready"}}; // ascending ids
+//     static AFX_EXTENSION_MODULE module;
+//     [[gnu::constructor]] static void Start()
+//     {
+//         module.strings = texts;
+//         if (AfxInitExtensionModule(module, nullptr)) new CDynLinkLibrary(module);
+//     }
+//     [[gnu::destructor]] static void Stop() { AfxTermExtensionModule(module); }
+//
+// A program names its own table with AfxSetResourceStrings. A text is looked for in the program's table
+// first and then along the chain, the newest library first. Everything here may be called on any thread.
+#pragma once
+
+#include "corekit/framework/CmdTarget.h"
+#include "corekit/framework/ResourceString.h"
+
+#include <functional>
+#include <span>
+
+class CString;
+
+struct AFX_EXTENSION_MODULE {
+    BOOL bInitialized = FALSE;
+    HMODULE hModule = nullptr;
+    HMODULE hResource = nullptr;
+    std::span<const ResourceString> strings; // set before AfxInitExtensionModule
+};
+
+// A null instance stands for the record itself. 0 if the table's ids do not ascend, in which case the
+// module stays out; a second call for the same record changes nothing and gives 1.
+COREKIT_API BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& module, HINSTANCE instance);
+// Takes every entry of the module off the chain and deletes it. `bAll` is not used.
+COREKIT_API void AfxTermExtensionModule(AFX_EXTENSION_MODULE& module, BOOL bAll = FALSE);
+
+// The program's own table, which must outlive its use; an empty one takes it back. 0, and no change, if its
+// ids do not ascend.
+COREKIT_API BOOL AfxSetResourceStrings(std::span<const ResourceString> strings);
+
+// An entry of the chain. Made with new; AfxTermExtensionModule deletes it, or the owner does earlier.
+class COREKIT_API CDynLinkLibrary : public CCmdTarget {
+    DECLARE_DYNAMIC(CDynLinkLibrary)
+public:
+    explicit CDynLinkLibrary(const AFX_EXTENSION_MODULE& module, BOOL bSystem = FALSE);
+    ~CDynLinkLibrary() override;
+
+    // Calls `visit` for each entry, newest first, until it returns true; whether one did. The chain is
+    // locked meanwhile: the visitor neither adds nor removes entries nor looks texts up.
+    static bool Visit(const std::function<bool(const CDynLinkLibrary&)>& visit);
+
+    HMODULE m_hModule;
+    HMODULE m_hResource;
+    BOOL m_bSystem;
+    std::span<const ResourceString> m_strings;
+
+private:
+    CDynLinkLibrary* m_pNextDLL = nullptr;
+    friend void AfxTermExtensionModule(AFX_EXTENSION_MODULE&, BOOL);
+};
+
+// The number of characters copied, without the terminator; cut to `size` - 1. 0 and an empty text if no
+// module has that number.
+COREKIT_API int AfxLoadString(UINT id, char* buffer, UINT size = 256);
+
+// The text of that number with %1 (and %2) replaced; an insert of a number not given becomes "?". A null
+// insert counts as empty, and a missing text as an empty one.
+COREKIT_API void AfxFormatString1(CString& result, UINT id, const char* insert1);
+COREKIT_API void AfxFormatString2(CString& result, UINT id, const char* insert1, const char* insert2);
