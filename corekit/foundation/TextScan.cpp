@@ -1,0 +1,116 @@
+#include "corekit/foundation/TextScan.h"
+
+#include <string>
+#include <string_view>
+
+namespace corekit::detail {
+namespace {
+
+#ifdef __SSE2__
+__m128i Load(const WCHAR* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+unsigned Mask(__m128i v) { return static_cast<unsigned>(_mm_movemask_epi8(v)); }
+int FirstUnit(unsigned mask) { return std::countr_zero(mask) / 2; }
+__m128i Splat(WCHAR ch) { return _mm_set1_epi16(static_cast<short>(ch)); }
+#endif
+
+// The first unit equal to ch or to 0 in text[0, n), or n.
+int FirstOrEnd(const WCHAR* text, int n, WCHAR ch)
+{
+    int i = 0;
+#ifdef __SSE2__
+    const __m128i wanted = Splat(ch);
+    const __m128i zero = _mm_setzero_si128();
+    for (; n - i >= 8; i += 8) {
+        const __m128i x = Load(text + i);
+        const unsigned hit = Mask(_mm_or_si128(_mm_cmpeq_epi16(x, wanted), _mm_cmpeq_epi16(x, zero)));
+        if (hit) return i + FirstUnit(hit);
+    }
+#endif
+    while (i < n && text[i] != ch && text[i]) ++i;
+    return i;
+}
+
+bool HasAt(const WCHAR* text, const WCHAR* what, int m)
+{
+    return std::memcmp(text, what, static_cast<std::size_t>(m) * sizeof(WCHAR)) == 0;
+}
+
+// Where what[0, m) stands in text[0, n), zeros of the text not looked at. The first and the last unit of what
+// is looked for are compared in eight places at once.
+int FindUnits(const WCHAR* text, int n, const WCHAR* what, int m)
+{
+    const int places = n - m + 1;
+    int i = 0;
+#ifdef __SSE2__
+    const __m128i first = Splat(what[0]);
+    const __m128i last = Splat(what[m - 1]);
+    for (; places - i >= 8; i += 8) {
+        const __m128i heads = _mm_cmpeq_epi16(Load(text + i), first);
+        const __m128i tails = _mm_cmpeq_epi16(Load(text + i + m - 1), last);
+        for (unsigned hit = Mask(_mm_and_si128(heads, tails)); hit;) {
+            const int at = FirstUnit(hit);
+            if (HasAt(text + i + at, what, m)) return i + at;
+            hit &= ~(3u << (2 * at));
+        }
+    }
+#endif
+    for (; i < places; ++i) {
+        if (text[i] == what[0] && HasAt(text + i, what, m)) return i;
+    }
+    return -1;
+}
+
+} // namespace
+
+std::size_t TextLength(const WCHAR* p)
+{
+#if defined(__SSE2__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+    // Aligned blocks never cross into a page that the text is not in. Sanitizers see the plain loop below, so
+    // that they notice a text without an end.
+    const auto skipped = reinterpret_cast<std::uintptr_t>(p) & 15;
+    if ((skipped & 1) == 0) {
+        const auto* block = reinterpret_cast<const __m128i*>(reinterpret_cast<std::uintptr_t>(p) - skipped);
+        const __m128i zero = _mm_setzero_si128();
+        unsigned hit = Mask(_mm_cmpeq_epi16(_mm_load_si128(block), zero)) >> skipped;
+        if (hit) return static_cast<std::size_t>(FirstUnit(hit));
+        do hit = Mask(_mm_cmpeq_epi16(_mm_load_si128(++block), zero));
+        while (!hit);
+        return static_cast<std::size_t>(reinterpret_cast<const WCHAR*>(block) - p) +
+               static_cast<std::size_t>(FirstUnit(hit));
+    }
+#endif
+    return std::char_traits<WCHAR>::length(p);
+}
+
+int TextLength(const WCHAR* p, int n) { return FirstOrEnd(p, n, 0); }
+
+int FindInText(const char* text, int n, char ch)
+{
+    const std::string_view all(text, static_cast<std::size_t>(TextLength(text, n)));
+    const auto at = all.find(ch);
+    return at == all.npos ? -1 : static_cast<int>(at);
+}
+
+int FindInText(const WCHAR* text, int n, WCHAR ch)
+{
+    const int at = FirstOrEnd(text, n, ch);
+    return at < n && text[at] == ch ? at : -1;
+}
+
+int FindInText(const char* text, int n, const char* what)
+{
+    const std::string_view all(text, static_cast<std::size_t>(TextLength(text, n)));
+    const auto at = all.find(what);
+    return at == all.npos ? -1 : static_cast<int>(at);
+}
+
+int FindInText(const WCHAR* text, int n, const WCHAR* what)
+{
+    const std::size_t m = TextLength(what);
+    if (m == 0) return 0;
+    if (m > static_cast<std::size_t>(n)) return -1;
+    const int at = FindUnits(text, n, what, static_cast<int>(m));
+    return at < 0 || TextLength(text, at) < at ? -1 : at;
+}
+
+} // namespace corekit::detail
