@@ -89,9 +89,10 @@ public:
     [[gnu::format(printf, 2, 0)]] void FormatV(const char* format, va_list args);
 
     // Numbered inserts: %1 to %99 take the argument of that number, a char text unless a printf form
-    // follows as in %2!d! or %1!-8.3s! (integers, characters, pointers, narrow s or hs, wide S or ls; no
-    // floating point; * takes the number before). %n is a line end, %r a return, %0 ends the text, % before
-    // another character is that character.
+    // follows as in %2!d! or %1!-8.3s!: integers (32 bits, 64 with ll or I64), characters, pointers, narrow
+    // s or hs, wide S or ls. A * takes the argument of the insert's number and moves the value one on. Also
+    // %n a line end, %r a return, %0 the end of the text, % before another character that character. A form
+    // that is none of these is left as it stands.
     void FormatMessage(const char* format, ...);
     void FormatMessage(UINT formatId, ...);
     void FormatMessageV(const char* format, va_list args);

@@ -1,0 +1,4 @@
+#include "corekit/framework/Map.h"
+
+IMPLEMENT_DYNAMIC(CMapStringToOb, CObject)
+IMPLEMENT_DYNAMIC(CMapWordToPtr, CObject)

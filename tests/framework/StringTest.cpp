@@ -1,0 +1,169 @@
+#include "corekit/framework/String.h"
+
+#include "corekit/framework/Exception.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstring>
+#include <thread>
+
+TEST(CStringText, PartsAreClamped)
+{
+    const CString text("prompter");
+    struct {
+        CString got;
+        const char* expected;
+    } const cases[] = {
+        {text.Left(3), "pro"},
+        {text.Left(-1), ""},
+        {text.Left(99), "prompter"},
+        {text.Right(3), "ter"},
+        {text.Right(-1), ""},
+        {text.Right(99), "prompter"},
+        {text.Mid(3), "mpter"},
+        {text.Mid(-2), "prompter"},
+        {text.Mid(8), ""},
+        {text.Mid(9, 1), ""},
+        {text.Mid(6, INT_MAX), "er"},
+        {text.Mid(2, -1), ""},
+        {text.SpanIncluding("opr"), "pro"},
+        {text.SpanExcluding("t"), "promp"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(c.got, c.expected);
+}
+
+TEST(CStringText, CopiesShareUntilOneWrites)
+{
+    CString first("script");
+    const CString second = first;
+    EXPECT_EQ(first.GetString(), second.GetString());
+    first.SetAt(0, 'S');
+    EXPECT_EQ(first, "Script");
+    EXPECT_EQ(second, "script");
+}
+
+TEST(CStringText, SharedBlockSurvivesThreads)
+{
+    const CString shared("shared text");
+    const auto work = [&shared] {
+        for (int i = 0; i < 2000; ++i) {
+            CString mine = shared;
+            mine += '!';
+            EXPECT_EQ(mine.GetLength(), shared.GetLength() + 1);
+        }
+    };
+    std::thread first(work), second(work);
+    first.join();
+    second.join();
+    EXPECT_EQ(shared, "shared text");
+}
+
+TEST(CStringText, OwnTextAsArgument)
+{
+    CString text("abc");
+    text += text;
+    EXPECT_EQ(text, "abcabc");
+    text += text.GetString() + 4;
+    EXPECT_EQ(text, "abcabcbc");
+    text = text.GetString() + 6;
+    EXPECT_EQ(text, "bc");
+    text.Format("<%s|%s>", text.GetString(), text.GetString());
+    EXPECT_EQ(text, "<bc|bc>");
+}
+
+TEST(CStringText, IndicesOutsideTouchNothing)
+{
+    CString text("ab");
+    for (int index : {-1, 2, INT_MIN, INT_MAX}) {
+        text.SetAt(index, 'x');
+        EXPECT_EQ(text.GetAt(index), 0);
+    }
+    EXPECT_EQ(text, "ab");
+    EXPECT_EQ(text.Find('a', 3), -1);
+    EXPECT_EQ(text.Find("b", -1), -1);
+    EXPECT_EQ(text.Delete(1, INT_MAX), 1);
+    EXPECT_EQ(text.Insert(99, "z"), 2);
+    EXPECT_EQ(text, "az");
+}
+
+TEST(CStringText, NullsAreEmptyText)
+{
+    const char* none = nullptr;
+    CString text(none);
+    text += none;
+    text = none;
+    EXPECT_TRUE(text.IsEmpty());
+    EXPECT_EQ(text.Compare(none), 0);
+    EXPECT_EQ(text.Replace(none, "x"), 0);
+    EXPECT_TRUE(text == none);
+    text.TrimLeft(none);
+    EXPECT_EQ(CString(none, 5), "");
+}
+
+TEST(CStringText, SearchReplaceAndTrim)
+{
+    CString text(" \tone two one\r\n");
+    text.TrimLeft();
+    text.TrimRight();
+    EXPECT_EQ(text, "one two one");
+    EXPECT_EQ(text.Find("one", 1), 8);
+    EXPECT_EQ(text.ReverseFind('o'), 8);
+    EXPECT_EQ(text.FindOneOf("xtw"), 4);
+    EXPECT_EQ(text.Replace("one", "eleven"), 2);
+    EXPECT_EQ(text, "eleven two eleven");
+    EXPECT_EQ(text.Replace('e', 'E'), 6);
+    EXPECT_EQ(text.Remove('E'), 6);
+    EXPECT_EQ(text, "lvn two lvn");
+    text.MakeUpper();
+    EXPECT_EQ(text.CompareNoCase("LVN two lvn"), 0);
+    text.MakeReverse();
+    EXPECT_EQ(text, "NVL OWT NVL");
+}
+
+TEST(CStringText, OrderIsUnsignedBytesAndSeesZeros)
+{
+    EXPECT_LT(CString("a"), CString("\xE9"));
+    EXPECT_LT(CString("a"), "b");
+    EXPECT_GT("b", CString("a"));
+    EXPECT_NE(CString("a\0b", 3), CString("a\0c", 3));
+    EXPECT_EQ((CString("a\0b", 3) + 'c').GetLength(), 4);
+}
+
+TEST(CStringBuffer, LengthComesFromTheTerminatorWithinTheBlock)
+{
+    CString text("ab");
+    char* buffer = text.GetBuffer(64);
+    EXPECT_STREQ(buffer, "ab");
+    std::strcpy(buffer, "longer than before");
+    text.ReleaseBuffer();
+    EXPECT_EQ(text.GetLength(), 18);
+    std::memset(text.GetBufferSetLength(5), 'x', 5);
+    text.ReleaseBuffer(INT_MAX);
+    EXPECT_GE(text.GetLength(), 5);
+    text.ReleaseBuffer(2);
+    text.FreeExtra();
+    EXPECT_EQ(text, "xx");
+}
+
+TEST(CStringBuffer, ImpossibleSizesThrowAndKeepTheText)
+{
+    CString text("kept");
+    try {
+        text.GetBuffer(INT_MAX);
+        FAIL();
+    } catch (CMemoryException* e) {
+        e->Delete();
+    }
+    EXPECT_EQ(text, "kept");
+}
+
+TEST(CStringFormat, GrowsPastEveryFixedSize)
+{
+    CString text;
+    text.Format("%5000d|%.3f|%s", 7, 1.5, "end");
+    EXPECT_EQ(text.GetLength(), 5000 + 1 + 5 + 1 + 3);
+    EXPECT_EQ(text.Right(11), "7|1.500|end");
+    text.Format("%s", "");
+    EXPECT_TRUE(text.IsEmpty());
+}
