@@ -1,0 +1,125 @@
+// The objects behind HDC, HFONT and HBITMAP, and the table that turns a handle into one.
+#pragma once
+
+#include "corekit/platform/Gdi.h"
+
+#include <array>
+#include <atomic>
+#include <cstddef>
+#include <memory>
+#include <string>
+
+namespace corekit::detail {
+
+class SizedFont;
+
+enum class GdiKind : std::uintptr_t { context = 1, font = 2, bitmap = 3 };
+
+struct GdiObject {
+    explicit GdiObject(GdiKind k) : kind(k) {}
+    GdiObject(const GdiObject&) = delete;
+    GdiObject& operator=(const GdiObject&) = delete;
+    virtual ~GdiObject() = default;
+
+    const GdiKind kind;
+    void* handle = nullptr; // stays when the object leaves the table while a context still holds it
+    bool permanent = false;
+};
+
+struct Bitmap final : GdiObject {
+    static constexpr GdiKind kindOf = GdiKind::bitmap;
+    Bitmap() : GdiObject(GdiKind::bitmap) {}
+
+    std::uint32_t* row(int y)
+    {
+        return pixels + (topDown ? y : height - 1 - y) * static_cast<std::ptrdiff_t>(width);
+    }
+
+    int width = 0, height = 0;
+    bool topDown = true;
+    bool isSection = false;
+    bool selected = false;
+    std::uint32_t* pixels = nullptr; // null in the stand-in that a fresh context holds
+    std::unique_ptr<std::uint32_t[], void (*)(std::uint32_t*)> block{nullptr, nullptr};
+};
+
+struct FontRequest {
+    std::string face;
+    int height = 0, width = 0;
+    bool bold = false, italic = false, underline = false, strikeOut = false;
+};
+
+struct Font final : GdiObject {
+    static constexpr GdiKind kindOf = GdiKind::font;
+    explicit Font(FontRequest r) : GdiObject(GdiKind::font), request(std::move(r)) {}
+
+    // The glyphs of this font, found at the first call; null with a last error if there are none.
+    SizedFont* sized();
+
+    const FontRequest request;
+
+private:
+    std::shared_ptr<SizedFont> sized_;
+};
+
+struct DeviceContext final : GdiObject {
+    static constexpr GdiKind kindOf = GdiKind::context;
+    DeviceContext() : GdiObject(GdiKind::context) {}
+
+    SizedFont* glyphs() { return sized ? sized : (sized = font->sized()); }
+
+    std::shared_ptr<Font> font;
+    std::shared_ptr<Bitmap> bitmap;
+    SizedFont* sized = nullptr;
+    COLORREF textColour = 0;
+    COLORREF backColour = 0xFFFFFF;
+    int backMode = OPAQUE;
+    UINT align = TA_LEFT | TA_TOP;
+};
+
+// A handle is a number: generation, kind and slot. A stale or invented one fails the comparison with
+// its slot and is never followed.
+class GdiTable {
+public:
+    // Null if the table is full; the object's handle is set otherwise.
+    static void* add(std::shared_ptr<GdiObject> object);
+    // Null with ERROR_INVALID_HANDLE unless the handle stands for a live object of this type.
+    template <typename T>
+    static T* find(const void* handle)
+    {
+        const auto value = reinterpret_cast<std::uintptr_t>(handle);
+        const Slot& slot = slots.at[value & slotMask];
+        if (value == 0 || ((value >> slotBits) & kindMask) != static_cast<std::uintptr_t>(T::kindOf) ||
+            slot.handle.load(std::memory_order_acquire) != value) [[unlikely]] {
+            refuse();
+            return nullptr;
+        }
+        return static_cast<T*>(slot.object.get());
+    }
+    // As find, for an object of any kind, with a share in it.
+    static std::shared_ptr<GdiObject> share(const void* handle);
+    // Takes the handle out of force and returns the table's share.
+    static std::shared_ptr<GdiObject> remove(const void* handle);
+
+private:
+    static constexpr int slotBits = 16;
+    static constexpr int kindBits = 2;
+    static constexpr std::uintptr_t slotMask = (1u << slotBits) - 1;
+    static constexpr std::uintptr_t kindMask = (1u << kindBits) - 1;
+
+    struct Slot {
+        std::atomic<std::uintptr_t> handle{0};
+        std::uintptr_t generation = 0;
+        std::shared_ptr<GdiObject> object;
+    };
+    // Zero pages until slots are handed out; never torn down, since fonts outlive the toolkit's own end.
+    union Slots {
+        constexpr Slots() : at{} {}
+        ~Slots() {}
+        std::array<Slot, slotMask + 1> at;
+    };
+    static constinit Slots slots;
+    static void refuse();
+};
+
+} // namespace corekit::detail
