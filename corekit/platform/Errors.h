@@ -68,5 +68,5 @@ inline constexpr DWORD FORMAT_MESSAGE_FROM_SYSTEM = 0x1000;
 // FORMAT_MESSAGE_IGNORE_INSERTS beside it; source and args are not used.
 // Returns the length without the terminator; 0 with error 122 when size bytes are too few, with 87 for
 // other flags or a null buffer.
-COREKIT_API DWORD FormatMessageA(DWORD flags, const void* source, DWORD messageId, DWORD languageId, char* buffer,
-                                 DWORD size, std::va_list* args);
+COREKIT_API DWORD FormatMessageA(DWORD flags, const void* source, DWORD messageId, DWORD languageId,
+                                 char* buffer, DWORD size, std::va_list* args);

@@ -1,21 +1,40 @@
-// Atomic operations on plain integers. Each is a full barrier.
+// Atomic operations on 32-bit counters and on pointers shared between threads. Each is a full barrier.
 #pragma once
 
 #include "corekit/platform/Types.h"
 
 #include <atomic>
 
-// Add or subtract one; the new value.
-inline LONG InterlockedIncrement(LONG* target) { return std::atomic_ref(*target).fetch_add(1) + 1; }
-inline LONG InterlockedDecrement(LONG* target) { return std::atomic_ref(*target).fetch_sub(1) - 1; }
-
-// Store or add; the old value.
-inline LONG InterlockedExchange(LONG* target, LONG value) { return std::atomic_ref(*target).exchange(value); }
-inline LONG InterlockedExchangeAdd(LONG* target, LONG value) { return std::atomic_ref(*target).fetch_add(value); }
-
-// Stores `value` if the target equals `comparand`; the old value either way.
-inline LONG InterlockedCompareExchange(LONG* target, LONG value, LONG comparand)
+namespace corekit::detail {
+inline std::atomic_ref<LONG> shared(volatile LONG* target)
 {
-    std::atomic_ref(*target).compare_exchange_strong(comparand, value);
+    return std::atomic_ref<LONG>(const_cast<LONG&>(*target));
+}
+} // namespace corekit::detail
+
+// Both return the value after the step.
+inline LONG InterlockedIncrement(volatile LONG* target)
+{
+    return corekit::detail::shared(target).fetch_add(1) + 1;
+}
+inline LONG InterlockedDecrement(volatile LONG* target)
+{
+    return corekit::detail::shared(target).fetch_sub(1) - 1;
+}
+
+// These return the value before the step.
+inline LONG InterlockedExchange(volatile LONG* target, LONG value)
+{
+    return corekit::detail::shared(target).exchange(value);
+}
+inline LONG InterlockedExchangeAdd(volatile LONG* target, LONG value)
+{
+    return corekit::detail::shared(target).fetch_add(value);
+}
+
+// Stores value if the target holds comparand. Returns what the target held.
+inline LONG InterlockedCompareExchange(volatile LONG* target, LONG value, LONG comparand)
+{
+    corekit::detail::shared(target).compare_exchange_strong(comparand, value);
     return comparand;
 }

@@ -26,6 +26,8 @@ using LPARAM = LONG_PTR;
 using LRESULT = LONG_PTR;
 using LANGID = WORD;
 using LCID = DWORD;
+using HRESULT = LONG; // below 0: failure
+using SIZE_T = std::size_t;
 using COLORREF = DWORD; // 0x00BBGGRR
 
 // A kernel object of any kind. Owned by whoever created or opened it, closed with CloseHandle.
@@ -87,7 +89,10 @@ constexpr WORD LOWORD(DWORD_PTR v) { return static_cast<WORD>(v & 0xFFFF); }
 constexpr WORD HIWORD(DWORD_PTR v) { return static_cast<WORD>((v >> 16) & 0xFFFF); }
 constexpr BYTE LOBYTE(DWORD_PTR v) { return static_cast<BYTE>(v & 0xFF); }
 constexpr BYTE HIBYTE(DWORD_PTR v) { return static_cast<BYTE>((v >> 8) & 0xFF); }
-constexpr DWORD MAKELONG(WORD low, WORD high) { return static_cast<DWORD>(low) | static_cast<DWORD>(high) << 16; }
+constexpr DWORD MAKELONG(WORD low, WORD high)
+{
+    return static_cast<DWORD>(low) | static_cast<DWORD>(high) << 16;
+}
 constexpr WORD MAKEWORD(BYTE low, BYTE high) { return static_cast<WORD>(low | high << 8); }
 constexpr COLORREF RGB(BYTE r, BYTE g, BYTE b)
 {

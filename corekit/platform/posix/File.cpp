@@ -1,0 +1,35 @@
+#include "corekit/platform/posix/File.h"
+
+#include <algorithm>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace corekit::detail {
+
+std::string nativePath(const char* name)
+{
+    std::string path(name);
+    std::ranges::replace(path, '\\', '/');
+    return path;
+}
+
+Descriptor::~Descriptor()
+{
+    if (m_fd >= 0) ::close(m_fd);
+}
+
+File::File(Descriptor descriptor, const FileId& id, const FileUse& use, bool hasPosition)
+    : Object(kKind), m_descriptor(std::move(descriptor)), m_id(id), m_use(use), m_hasPosition(hasPosition)
+{
+}
+
+File::~File()
+{
+    struct stat now;
+    if (!m_deletePath.empty() && ::stat(m_deletePath.c_str(), &now) == 0 &&
+        FileId{now.st_dev, now.st_ino} == m_id)
+        ::unlink(m_deletePath.c_str());
+    if (m_use.access != 0) releaseFile(m_id, m_use);
+}
+
+} // namespace corekit::detail

@@ -1,0 +1,90 @@
+// The table behind every handle.
+//
+// A handle is the address of a slot; a slot holds one object and counts its users. Slots are never given back
+// to the system, so any value can be judged without touching foreign memory. An object lives until its handle
+// is closed and its last user is gone.
+#pragma once
+
+#include "corekit/platform/Types.h"
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <utility>
+
+namespace corekit::detail {
+
+enum class ObjectKind : std::uint8_t { file, event, mutex, thread };
+
+// A kernel object; each kind derives its operations from here and names itself in kKind.
+class Object {
+public:
+    explicit Object(ObjectKind kind) : m_kind(kind) {}
+    Object(const Object&) = delete;
+    Object& operator=(const Object&) = delete;
+    virtual ~Object() = default;
+
+    ObjectKind kind() const { return m_kind; }
+
+    // The lock under which a handle to this kind is closed, for kinds that look at their objects under that
+    // lock without counting as users; null for all others.
+    virtual std::mutex* closingLock() { return nullptr; }
+
+private:
+    const ObjectKind m_kind;
+};
+
+struct alignas(32) HandleSlot {
+    static constexpr std::uint32_t kOpen = 1; // the rest of `state` counts users by two
+
+    std::atomic<std::uint32_t> state{0};
+    std::uint32_t next = 0;
+    Object* object = nullptr;
+    // A copy of the object's, for those who look without being users: the object of another kind may go
+    // meanwhile.
+    std::atomic<ObjectKind> kind{};
+
+    bool isOpen() const { return (state.load(std::memory_order_acquire) & kOpen) != 0; }
+    bool enter(); // becomes a user; false when closed
+    void addUser()
+    {
+        state.fetch_add(2, std::memory_order_relaxed);
+    }             // for those who are users or hold the lock
+    void leave(); // the last one out of a closed slot frees the object
+};
+
+// A new handle that owns the object; null with error 4 when the table is full.
+HANDLE openHandle(std::unique_ptr<Object> object);
+
+// The slot of a handle, open or not; null for a value that is none.
+HandleSlot* slotOf(HANDLE handle);
+
+// A user of the object behind a handle, if it is of kind T.
+template <typename T>
+class HandleUser {
+public:
+    explicit HandleUser(HANDLE handle) : m_slot(slotOf(handle))
+    {
+        if (m_slot == nullptr || !m_slot->enter()) {
+            m_slot = nullptr;
+        } else if (m_slot->object->kind() == T::kKind) {
+            m_object = static_cast<T*>(m_slot->object);
+        }
+    }
+    HandleUser(const HandleUser&) = delete;
+    HandleUser& operator=(const HandleUser&) = delete;
+    ~HandleUser()
+    {
+        if (m_slot != nullptr) m_slot->leave();
+    }
+
+    explicit operator bool() const { return m_object != nullptr; }
+    T* operator->() const { return m_object; }
+    T& operator*() const { return *m_object; }
+
+private:
+    HandleSlot* m_slot;
+    T* m_object = nullptr;
+};
+
+} // namespace corekit::detail
