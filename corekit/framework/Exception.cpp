@@ -42,7 +42,7 @@ void CException::Delete()
 
 BOOL CException::GetErrorMessage(char* buffer, UINT size, UINT* helpContext)
 {
-    return CopyMessage({}, buffer, size, helpContext);
+    return CopyMessage("", buffer, size, helpContext);
 }
 
 int CException::ReportError(CWnd* parent, UINT type, UINT fallbackId)

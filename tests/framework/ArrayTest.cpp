@@ -130,7 +130,10 @@ TEST(Array, EveryElementIsDestroyedOnce)
 
 TEST(Array, ImpossibleSizesThrowAndChangeNothing)
 {
-    CArray<std::array<char, 1 << 20>, const std::array<char, 1 << 20>&> large;
+    struct Huge {
+        char bytes[1LL << 33];
+    };
+    CArray<Huge, const Huge&> large; // the byte count would pass 64 bits
     CDWordArray array;
     array.Add(1);
     const auto refused = [](auto step) {
