@@ -1,0 +1,85 @@
+#include "corekit/framework/WinThread.h"
+
+#include "corekit/platform/Handles.h"
+
+#include <new>
+#include <utility>
+
+IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
+
+namespace {
+constinit thread_local CWinThread* current = nullptr;
+
+CWinThread* Begin(CWinThread* thread, int priority, UINT stackBytes, DWORD flags, void* attributes)
+{
+    if (!thread) return nullptr;
+    if (!thread->CreateThread(flags | CREATE_SUSPENDED, stackBytes, attributes)) {
+        thread->Delete();
+        return nullptr;
+    }
+    if (priority != THREAD_PRIORITY_NORMAL) thread->SetThreadPriority(priority);
+    if (!(flags & CREATE_SUSPENDED)) thread->ResumeThread();
+    return thread;
+}
+} // namespace
+
+CWinThread::CWinThread(AFX_THREADPROC procedure, void* parameter)
+    : m_pfnThreadProc(procedure), m_pThreadParams(parameter)
+{
+}
+
+CWinThread::~CWinThread()
+{
+    if (current == this) current = nullptr;
+    if (m_hThread) CloseHandle(m_hThread);
+}
+
+BOOL CWinThread::CreateThread(DWORD flags, UINT stackBytes, void* attributes)
+{
+    if (m_hThread) return FALSE;
+    m_hThread = ::CreateThread(attributes, stackBytes, &Entry, this, flags | CREATE_SUSPENDED, &m_nThreadID);
+    if (!m_hThread) return FALSE;
+    if (!(flags & CREATE_SUSPENDED)) ::ResumeThread(m_hThread);
+    return TRUE;
+}
+
+DWORD CWinThread::Entry(void* self)
+{
+    CWinThread* thread = static_cast<CWinThread*>(self);
+    current = thread;
+    DWORD result;
+    if (thread->m_pfnThreadProc)
+        result = thread->m_pfnThreadProc(thread->m_pThreadParams);
+    else
+        result = static_cast<DWORD>(thread->InitInstance() ? thread->Run() : thread->ExitInstance());
+    thread->Delete();
+    current = nullptr;
+    return result;
+}
+
+void CWinThread::Delete()
+{
+    if (m_bAutoDelete) delete this;
+}
+
+CWinThread* AfxBeginThread(AFX_THREADPROC procedure, void* parameter, int priority, UINT stackBytes,
+                           DWORD flags, void* attributes)
+{
+    return Begin(new (std::nothrow) CWinThread(procedure, parameter), priority, stackBytes, flags,
+                 attributes);
+}
+
+CWinThread* AfxBeginThread(CRuntimeClass* threadClass, int priority, UINT stackBytes, DWORD flags,
+                           void* attributes)
+{
+    if (!threadClass || !threadClass->IsDerivedFrom(RUNTIME_CLASS(CWinThread))) return nullptr;
+    return Begin(static_cast<CWinThread*>(threadClass->CreateObject()), priority, stackBytes, flags,
+                 attributes);
+}
+
+CWinThread* AfxGetThread() { return current; }
+
+CWinThread* corekit::detail::SetCurrentThreadObject(CWinThread* thread)
+{
+    return std::exchange(current, thread);
+}

@@ -1,0 +1,71 @@
+// Threads as objects.
+//
+// AfxBeginThread starts a function on a thread of its own and returns the object that stands for it. The
+// object deletes itself when the thread ends unless m_bAutoDelete is cleared; whoever wants to wait starts
+// the thread suspended, clears m_bAutoDelete or duplicates m_hThread, and lets it go:
+//
+//     CWinThread* worker = AfxBeginThread(Work, &job, THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
+//     worker->m_bAutoDelete = FALSE;
+//     worker->ResumeThread();
+//     WaitForSingleObject(worker->m_hThread, INFINITE);
+//     delete worker;
+//
+// A class derived from CWinThread overrides InitInstance, Run and ExitInstance instead of naming a function.
+#pragma once
+
+#include "corekit/framework/CmdTarget.h"
+#include "corekit/platform/Threads.h"
+
+class CWnd;
+
+using AFX_THREADPROC = UINT (*)(void* parameter);
+
+class COREKIT_API CWinThread : public CCmdTarget {
+    DECLARE_DYNAMIC(CWinThread)
+public:
+    CWinThread() = default;
+    CWinThread(AFX_THREADPROC procedure, void* parameter);
+    ~CWinThread() override; // closes m_hThread
+
+    // Starts the thread; with CREATE_SUSPENDED it waits for ResumeThread. 0 if it cannot be made or runs
+    // already. Unless it is suspended the object may be gone on return.
+    BOOL CreateThread(DWORD flags = 0, UINT stackBytes = 0, void* attributes = nullptr);
+    DWORD ResumeThread() { return ::ResumeThread(m_hThread); }
+    int GetThreadPriority() const { return ::GetThreadPriority(m_hThread); }
+    BOOL SetThreadPriority(int priority) { return ::SetThreadPriority(m_hThread, priority); }
+
+    // On the new thread: if InitInstance gives nonzero, Run and then its result; else ExitInstance. Run ends
+    // with ExitInstance, whose result is the thread's exit code.
+    virtual BOOL InitInstance() { return FALSE; }
+    virtual int Run() { return ExitInstance(); }
+    virtual int ExitInstance() { return 0; }
+    // Called last on the thread: deletes the object if m_bAutoDelete is set.
+    virtual void Delete();
+
+    CWnd* m_pMainWnd = nullptr; // not owned
+    BOOL m_bAutoDelete = TRUE;
+    HANDLE m_hThread = nullptr;
+    DWORD m_nThreadID = 0;
+
+private:
+    static DWORD Entry(void* self);
+
+    AFX_THREADPROC m_pfnThreadProc = nullptr;
+    void* m_pThreadParams = nullptr;
+};
+
+// Null if the thread cannot be made. The second form makes an object of a class declared with
+// DECLARE_DYNCREATE and derived from CWinThread.
+COREKIT_API CWinThread* AfxBeginThread(AFX_THREADPROC procedure, void* parameter,
+                                       int priority = THREAD_PRIORITY_NORMAL, UINT stackBytes = 0,
+                                       DWORD flags = 0, void* attributes = nullptr);
+COREKIT_API CWinThread* AfxBeginThread(CRuntimeClass* threadClass, int priority = THREAD_PRIORITY_NORMAL,
+                                       UINT stackBytes = 0, DWORD flags = 0, void* attributes = nullptr);
+
+// The object of the calling thread; the application object on the thread that made it; else null.
+COREKIT_API CWinThread* AfxGetThread();
+
+namespace corekit::detail {
+// Makes `thread` the calling thread's object, null for none; returns the one before.
+CWinThread* SetCurrentThreadObject(CWinThread* thread);
+} // namespace corekit::detail
