@@ -1,6 +1,5 @@
 #include "corekit/foundation/ChainedException.h"
 
-#include "corekit/framework/InsertText.h"
 #include "corekit/framework/MessageBox.h"
 #include "corekit/framework/Module.h"
 #include "corekit/platform/Errors.h"
@@ -123,8 +122,9 @@ void ThrowChainedException(CException* inner, UINT id, const char* insert1, cons
 void ThrowInvalidVersionException(const char* objectName, DWORD versionFound, DWORD maxVersion)
 {
     const CString found = VersionText(versionFound), highest = VersionText(maxVersion);
-    const char* const inserts[] = {objectName, found, highest};
-    throw Make(nullptr, corekit::detail::ReplaceInserts(LoadResourceString(invalidVersion), inserts));
+    CString message;
+    message.FormatMessage(invalidVersion, objectName, found.GetString(), highest.GetString());
+    throw Make(nullptr, message);
 }
 
 CChainedException* GetLastErrorException() { return GetLastErrorException(GetLastError()); }

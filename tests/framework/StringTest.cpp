@@ -167,3 +167,16 @@ TEST(CStringFormat, GrowsPastEveryFixedSize)
     text.Format("%s", "");
     EXPECT_TRUE(text.IsEmpty());
 }
+
+TEST(CStringText, WideTextPassesThroughTheCodePage)
+{
+    EXPECT_EQ(CString(u"plain"), "plain");
+    EXPECT_EQ(CString(u"cut here", 3), "cut");
+    EXPECT_EQ(CString(u"a\0b", 3).GetLength(), 3);
+    const WCHAR* none = nullptr;
+    EXPECT_EQ(CString(none), "");
+    CString text("before");
+    text = u"\u0001\u4E00"; // no western page has the second
+    EXPECT_EQ(text.GetAt(0), 1);
+    EXPECT_GT(text.GetLength(), 1);
+}

@@ -1,0 +1,251 @@
+#include "corekit/framework/MessageFormat.h"
+
+#include "corekit/framework/String.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace corekit::detail {
+namespace {
+
+bool Take(std::string_view& text, std::string_view prefix)
+{
+    if (!text.starts_with(prefix)) return false;
+    text.remove_prefix(prefix.size());
+    return true;
+}
+
+// A number of decimal digits, or -1 where none stands or it is past `limit`.
+int TakeNumber(std::string_view& text, int limit)
+{
+    int value = -1;
+    while (!text.empty() && text.front() >= '0' && text.front() <= '9') {
+        value = std::min(std::max(value, 0) * 10 + (text.front() - '0'), limit + 1);
+        text.remove_prefix(1);
+    }
+    return value > limit ? -1 : value;
+}
+
+void TakeSize(std::string_view& text, MessageInsert& insert, bool& isWide, bool& is64)
+{
+    if (Take(text, "I64") || Take(text, "ll")) {
+        is64 = true;
+    } else if (Take(text, "h")) {
+        insert.isShort = true;
+    } else if (Take(text, "l") || Take(text, "w")) {
+        isWide = true;
+    } else {
+        Take(text, "I32");
+    }
+}
+
+bool TakeConversion(std::string_view& text, MessageInsert& insert)
+{
+    bool isWide = false, is64 = false;
+    TakeSize(text, insert, isWide, is64);
+    if (text.empty()) return false;
+    insert.conversion = text.front();
+    text.remove_prefix(1);
+    switch (insert.conversion) {
+    case 'd':
+    case 'i':
+    case 'u':
+    case 'o':
+    case 'x':
+    case 'X':
+        insert.kind = is64 ? ArgumentKind::Int64 : ArgumentKind::Int;
+        return true;
+    case 'p':
+        insert.kind = ArgumentKind::Pointer;
+        return true;
+    case 'c':
+    case 'C':
+        isWide = isWide || (insert.conversion == 'C' && !insert.isShort);
+        insert.kind = isWide ? ArgumentKind::WideChar : ArgumentKind::Int;
+        insert.conversion = 'c';
+        return true;
+    case 's':
+    case 'S':
+        isWide = isWide || (insert.conversion == 'S' && !insert.isShort);
+        insert.kind = isWide ? ArgumentKind::WideText : ArgumentKind::Text;
+        insert.conversion = 's';
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool TakeForm(std::string_view& text, MessageInsert& insert)
+{
+    const auto flagsEnd = std::min(text.find_first_not_of("-+0# "), text.size());
+    insert.flags = text.substr(0, std::min<std::size_t>(flagsEnd, 8));
+    text.remove_prefix(flagsEnd);
+    insert.starWidth = Take(text, "*");
+    if (!insert.starWidth) insert.width = TakeNumber(text, MessageInsert::maxWidth);
+    if (Take(text, ".")) {
+        insert.starPrecision = Take(text, "*");
+        if (!insert.starPrecision) insert.precision = std::max(TakeNumber(text, MessageInsert::maxWidth), 0);
+    }
+    return TakeConversion(text, insert) && Take(text, "!");
+}
+
+union Argument {
+    int number;
+    long long number64;
+    const void* pointer;
+};
+using Arguments = std::array<Argument, MessageInsert::maxNumber + 1>;
+
+// Takes the arguments off the list in order, each by the kind that the text gives it.
+Arguments Collect(std::string_view text, va_list args)
+{
+    std::array<ArgumentKind, MessageInsert::maxNumber + 1> kinds{};
+    int last = 0;
+    for (auto at = text.find('%'); at < text.size(); at = text.find('%', at)) {
+        const MessageInsert insert = MessageInsert::Parse(text.substr(at));
+        at += std::max<std::size_t>(insert.length, 2);
+        if (insert.length == 0) continue;
+        for (int star = insert.number; star < insert.ValueNumber(); ++star)
+            kinds[static_cast<std::size_t>(star)] = ArgumentKind::Int;
+        kinds[static_cast<std::size_t>(insert.ValueNumber())] = insert.kind;
+        last = std::max(last, insert.ValueNumber());
+    }
+    Arguments values{};
+    for (int i = 1; i <= last; ++i) {
+        Argument& value = values[static_cast<std::size_t>(i)];
+        switch (kinds[static_cast<std::size_t>(i)]) {
+        case ArgumentKind::Int:
+        case ArgumentKind::WideChar:
+            value.number = va_arg(args, int);
+            break;
+        case ArgumentKind::Int64:
+            value.number64 = va_arg(args, long long);
+            break;
+        default:
+            value.pointer = va_arg(args, const void*);
+        }
+    }
+    return values;
+}
+
+CString Render(const MessageInsert& insert, const Arguments& values)
+{
+    std::size_t number = static_cast<std::size_t>(insert.number);
+    const auto star = [&] {
+        return std::clamp(values[number++].number, -MessageInsert::maxWidth, MessageInsert::maxWidth);
+    };
+    const int width = insert.starWidth ? star() : insert.width;
+    const int precision = insert.starPrecision ? star() : insert.precision;
+    std::string form = "%";
+    form += insert.flags;
+    if (width >= 0 || insert.starWidth) form += std::to_string(width);
+    if (precision >= 0) form.append(".").append(std::to_string(precision));
+    if (insert.kind == ArgumentKind::Int64) form += "ll";
+    if (insert.isShort && insert.kind == ArgumentKind::Int && insert.conversion != 'c') form += "h";
+    form += insert.conversion;
+
+    const Argument& value = values[number];
+    CString result;
+    switch (insert.kind) {
+    case ArgumentKind::Int64:
+        result.Format(form.c_str(), value.number64);
+        break;
+    case ArgumentKind::Int:
+        result.Format(form.c_str(), value.number);
+        break;
+    case ArgumentKind::WideChar: {
+        const WCHAR unit = static_cast<WCHAR>(value.number);
+        form.back() = 's';
+        result.Format(form.c_str(), CString(&unit, 1).GetString());
+        break;
+    }
+    case ArgumentKind::WideText:
+        result.Format(form.c_str(), CString(static_cast<const WCHAR*>(value.pointer)).GetString());
+        break;
+    default:
+        result.Format(form.c_str(), value.pointer);
+    }
+    return result;
+}
+
+// What a percent sign and another character stand for; false ends the text.
+bool AppendEscape(CString& result, char escape)
+{
+    if (escape == '0') return false;
+    if (escape == 'n')
+        result += "\r\n";
+    else if (escape == 'r')
+        result += '\r';
+    else
+        result += escape;
+    return true;
+}
+
+} // namespace
+
+MessageInsert MessageInsert::Parse(std::string_view text)
+{
+    MessageInsert insert;
+    std::string_view rest = text.substr(1);
+    if (rest.empty() || rest.front() < '1' || rest.front() > '9') return insert;
+    std::string_view digits = rest.substr(0, 2);
+    const std::size_t digitsTaken = digits.size();
+    insert.number = TakeNumber(digits, maxNumber);
+    rest.remove_prefix(digitsTaken - digits.size());
+    insert.length = text.size() - rest.size();
+    if (!Take(rest, "!")) return insert;
+    MessageInsert formed = insert;
+    if (!TakeForm(rest, formed) || formed.ValueNumber() > maxNumber) return insert;
+    formed.length = text.size() - rest.size();
+    return formed;
+}
+
+CString FormatMessageText(std::string_view text, va_list args)
+{
+    const Arguments values = Collect(text, args);
+    CString result;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t percent = std::min(text.find('%', at), text.size());
+        result.Append(text.data() + at, static_cast<int>(percent - at));
+        at = percent;
+        if (at == text.size()) break;
+        const MessageInsert insert = MessageInsert::Parse(text.substr(at));
+        if (insert.length > 0) {
+            result += Render(insert, values);
+            at += insert.length;
+        } else if (at + 1 == text.size()) {
+            result += '%';
+            break;
+        } else {
+            if (!AppendEscape(result, text[at + 1])) break;
+            at += 2;
+        }
+    }
+    return result;
+}
+
+} // namespace corekit::detail
+
+void CString::FormatMessageV(const char* format, va_list args)
+{
+    *this = corekit::detail::FormatMessageText(format ? format : "", args);
+}
+
+void CString::FormatMessage(const char* format, ...)
+{
+    va_list args;
+    va_start(args, format);
+    FormatMessageV(format, args);
+    va_end(args);
+}
+
+void CString::FormatMessage(UINT formatId, ...)
+{
+    CString format;
+    format.LoadString(formatId);
+    va_list args;
+    va_start(args, formatId);
+    FormatMessageV(format, args);
+    va_end(args);
+}
