@@ -36,6 +36,18 @@ std::uint32_t* pixelAt(Bitmap& bitmap, const Area& area)
 
 std::ptrdiff_t strideOf(const Bitmap& bitmap) { return bitmap.topDown ? bitmap.width : -bitmap.width; }
 
+// Where a glyph's pen stands, to the nearest quarter of a pixel.
+struct Pen {
+    std::int64_t x;
+    unsigned quarter;
+};
+
+Pen penAt(std::int64_t origin, Subpixels x)
+{
+    const Subpixels quarters = (x + wholePixel / 8) >> (subpixelBits - 2);
+    return {origin + (quarters >> 2), static_cast<unsigned>(quarters & 3)};
+}
+
 int widthOf(const Area& area) { return static_cast<int>(area.right - area.left); }
 int heightOf(const Area& area) { return static_cast<int>(area.bottom - area.top); }
 
@@ -66,41 +78,56 @@ void fillArea(Bitmap& bitmap, const Area& area, std::uint32_t pixel)
         fillPixels(pixelAt(bitmap, seen), strideOf(bitmap), widthOf(seen), heightOf(seen), pixel);
 }
 
-void GlyphPainter::draw(SizedFont& font, std::span<const PlacedGlyph> glyphs, std::int64_t x,
-                        std::int64_t baseline)
+void GlyphPainter::draw(SizedFont& font, const PlacedRun& run, std::int64_t x, std::int64_t baseline)
 {
     if (clip_.isEmpty()) return;
-    for (const PlacedGlyph& g : glyphs) {
-        const Subpixels quarters = (g.x + wholePixel / 8) >> (subpixelBits - 2);
-        const auto quarter = static_cast<unsigned>(quarters & 3);
-        const std::int64_t penX = x + (quarters >> 2);
-        const GlyphMask& mask = font.mask(g.glyph, quarter);
-        if (mask.width == 0) {
-            if (count_ > longestStretch / 2) flush(); // between words nothing touches
-            continue;
-        }
-        const Area whole = maskArea(mask, penX + mask.left, baseline + g.y + mask.top);
-        const Area seen = whole.cut(clip_);
-        if (seen.isEmpty()) continue;
-        if (!mask.coverage) {
-            drawLarge(font, g.glyph, quarter, seen, penX, baseline + g.y);
-            continue;
-        }
-        box_ = count_ ? joined(box_, seen) : seen;
-        pending_[count_++] = {&mask, static_cast<int>(whole.left), static_cast<int>(whole.top)};
-        if (count_ == longestStretch) flush();
+    const std::span<const PlacedGlyph> glyphs = run.glyphs;
+    for (std::size_t i = 0, end = 0; i < glyphs.size(); i = end) {
+        end = i + 1;
+        if (run.joins && !font.face().isBlank(glyphs[i].glyph))
+            while (end < glyphs.size() && end - i < longestWord && !font.face().isBlank(glyphs[end].glyph))
+                ++end;
+        if (end == i + 1 || !drawWord(font, glyphs.subspan(i, end - i), x, baseline))
+            for (const PlacedGlyph& g : glyphs.subspan(i, end - i)) drawGlyph(font, g, x, baseline);
     }
     flush();
 }
 
-void GlyphPainter::drawLarge(const SizedFont& font, std::uint16_t glyph, unsigned quarter, const Area& box,
-                             std::int64_t penX, std::int64_t baseline)
+bool GlyphPainter::drawWord(SizedFont& font, std::span<const PlacedGlyph> word, std::int64_t x,
+                            std::int64_t baseline)
 {
+    const Pen pen = penAt(x, word.front().x);
+    const GlyphMask& mask = font.wordMask(word, pen.quarter);
+    if (!mask.coverage) return false;
+    add(mask, pen.x + mask.left, baseline + mask.top);
+    return true;
+}
+
+void GlyphPainter::drawGlyph(SizedFont& font, const PlacedGlyph& g, std::int64_t x, std::int64_t baseline)
+{
+    const Pen pen = penAt(x, g.x);
+    const GlyphMask& mask = font.mask(g.glyph, pen.quarter);
+    const std::int64_t penY = baseline + g.y;
+    if (mask.width == 0 || mask.coverage) {
+        add(mask, pen.x + mask.left, penY + mask.top);
+        return;
+    }
+    const Area seen = maskArea(mask, pen.x + mask.left, penY + mask.top).cut(clip_);
+    if (seen.isEmpty()) return;
     flush();
-    const GlyphMask part =
-        font.maskPart(glyph, quarter, static_cast<int>(box.left - penX), static_cast<int>(box.top - baseline),
-                      static_cast<int>(box.right - penX), static_cast<int>(box.bottom - baseline));
-    blend(part.coverage.get(), part.stride, box);
+    const GlyphMask part = font.maskPart(
+        g.glyph, pen.quarter, static_cast<int>(seen.left - pen.x), static_cast<int>(seen.top - penY),
+        static_cast<int>(seen.right - pen.x), static_cast<int>(seen.bottom - penY));
+    blend(part.coverage.get(), part.stride, seen);
+}
+
+void GlyphPainter::add(const GlyphMask& mask, std::int64_t left, std::int64_t top)
+{
+    const Area seen = maskArea(mask, left, top).cut(clip_);
+    if (seen.isEmpty()) return;
+    box_ = count_ ? joined(box_, seen) : seen;
+    pending_[count_++] = {&mask, static_cast<int>(left), static_cast<int>(top)};
+    if (count_ == longestStretch) flush();
 }
 
 void GlyphPainter::blend(const std::uint8_t* mask, std::ptrdiff_t stride, const Area& box)

@@ -29,7 +29,7 @@ public:
     {
     }
 
-    void draw(SizedFont& font, std::span<const PlacedGlyph> glyphs, std::int64_t x, std::int64_t baseline);
+    void draw(SizedFont& font, const PlacedRun& run, std::int64_t x, std::int64_t baseline);
 
 private:
     struct Item {
@@ -37,9 +37,12 @@ private:
         int x, y; // of the mask's first pixel
     };
     static constexpr std::size_t longestStretch = 512;
+    static constexpr std::size_t longestWord = 48;
 
-    void drawLarge(const SizedFont& font, std::uint16_t glyph, unsigned quarter, const Area& box,
-                   std::int64_t penX, std::int64_t baseline);
+    // False if the word is too large for one mask.
+    bool drawWord(SizedFont& font, std::span<const PlacedGlyph> word, std::int64_t x, std::int64_t baseline);
+    void drawGlyph(SizedFont& font, const PlacedGlyph& glyph, std::int64_t x, std::int64_t baseline);
+    void add(const GlyphMask& mask, std::int64_t left, std::int64_t top);
     void flush();
     void blend(const std::uint8_t* mask, std::ptrdiff_t stride, const Area& box);
 

@@ -14,6 +14,7 @@ namespace {
 constexpr std::size_t maskLimit = std::size_t{32} << 20;
 constexpr int largestMask = 256 << 10; // bytes; larger ones are drawn afresh, as far as they are seen
 constexpr int maskPadding = 16;
+constexpr std::size_t wordOverhead = 256; // of a word in the map, about
 
 std::size_t allMaskBytes = 0;
 
@@ -25,16 +26,51 @@ std::vector<SizedFont*>& allFonts()
 
 int roundedUp(int v, int step) { return (v + step - 1) / step * step; }
 
-void fillMask(GlyphMask& mask, const QPainterPath& path)
+std::size_t sizeOf(const GlyphMask& mask)
+{
+    return static_cast<std::size_t>(mask.stride) * static_cast<std::size_t>(mask.height);
+}
+
+// The filler adds up what overlapping outlines cover of a pixel, which darkens the edge of a stroke where
+// two glyphs meet. Words are filled in rows this many times finer, so that the excess all but vanishes.
+constexpr int wordRows = 8;
+
+void fillMask(GlyphMask& mask, const QPainterPath& path, int fineness = 1)
 {
     mask.stride = roundedUp(mask.width, maskPadding);
-    const auto bytes = static_cast<std::size_t>(mask.stride) * static_cast<std::size_t>(mask.height);
-    mask.coverage = std::make_unique<std::uint8_t[]>(bytes);
-    QImage image(mask.coverage.get(), mask.width, mask.height, mask.stride, QImage::Format_Alpha8);
+    mask.coverage = std::make_unique<std::uint8_t[]>(sizeOf(mask));
+    std::vector<std::uint8_t> fine(fineness > 1 ? sizeOf(mask) * static_cast<std::size_t>(fineness) : 0);
+    std::uint8_t* const to = fineness > 1 ? fine.data() : mask.coverage.get();
+    QImage image(to, mask.width, mask.height * fineness, mask.stride, QImage::Format_Alpha8);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(1, fineness);
     painter.translate(-mask.left, -mask.top);
     painter.fillPath(path, Qt::black);
+    const auto stride = static_cast<std::size_t>(mask.stride);
+    const auto rows = static_cast<std::size_t>(fineness);
+    for (std::size_t i = 0; i < sizeOf(mask) && rows > 1; ++i) {
+        unsigned sum = 0;
+        for (std::size_t r = 0; r < rows; ++r) sum += fine[(i / stride * rows + r) * stride + i % stride];
+        mask.coverage[i] = static_cast<std::uint8_t>((sum + rows / 2) / rows);
+    }
+}
+
+// The mask of a shape around pen and baseline; counted, and without coverage if it is too large to keep.
+std::unique_ptr<GlyphMask> maskOf(const QPainterPath& path, int fineness = 1)
+{
+    auto mask = std::make_unique<GlyphMask>();
+    if (path.isEmpty()) return mask;
+    const QRect box = path.boundingRect().toAlignedRect();
+    mask->left = box.left();
+    mask->top = box.top();
+    mask->width = box.width();
+    mask->height = box.height();
+    if (std::int64_t{roundedUp(mask->width, maskPadding)} * mask->height <= largestMask) {
+        fillMask(*mask, path, fineness);
+        allMaskBytes += sizeOf(*mask);
+    }
+    return mask;
 }
 
 } // namespace
@@ -54,14 +90,21 @@ SizedFont::SizedFont(std::shared_ptr<Typeface> face, int height, int width) : fa
 
 SizedFont::~SizedFont()
 {
-    for (const auto& block : blocks_) {
-        if (!block) continue;
-        for (const auto& quarters : block->masks)
-            for (const auto& m : quarters)
-                if (m)
-                    allMaskBytes -= static_cast<std::size_t>(m->stride) * static_cast<std::size_t>(m->height);
-    }
+    dropMasks();
     std::erase(allFonts(), this);
+}
+
+void SizedFont::dropMasks()
+{
+    for (auto& block : blocks_) {
+        if (!block) continue;
+        for (const auto& positions : block->masks)
+            for (const auto& m : positions)
+                if (m) allMaskBytes -= sizeOf(*m);
+        block.reset();
+    }
+    for (const auto& [key, m] : words_) allMaskBytes -= wordOverhead + sizeOf(*m);
+    words_.clear();
 }
 
 int SizedFont::across(int designUnits) const
@@ -86,6 +129,13 @@ const SizedFont::Page& SizedFont::loadPage(unsigned high)
     return *(pages_[high] = std::move(page));
 }
 
+QPainterPath SizedFont::outlineAt(std::uint16_t glyph, double x, double y) const
+{
+    QTransform place = QTransform::fromTranslate(x, y);
+    place.scale(scaleX_, scaleY_);
+    return place.map(face_->outline(glyph));
+}
+
 GlyphMask SizedFont::maskPart(std::uint16_t glyph, unsigned quarter, int left, int top, int right,
                               int bottom) const
 {
@@ -94,42 +144,40 @@ GlyphMask SizedFont::maskPart(std::uint16_t glyph, unsigned quarter, int left, i
     mask.top = top;
     mask.width = right - left;
     mask.height = bottom - top;
-    QTransform place = QTransform::fromTranslate(quarter / 4.0, 0);
-    place.scale(scaleX_, scaleY_);
-    if (mask.width > 0 && mask.height > 0) fillMask(mask, place.map(face_->outline(glyph)));
+    if (mask.width > 0 && mask.height > 0) fillMask(mask, outlineAt(glyph, quarter / 4.0, 0));
     return mask;
 }
 
 const GlyphMask& SizedFont::makeMask(std::uint16_t glyph, unsigned quarter)
 {
-    QTransform place = QTransform::fromTranslate(quarter / 4.0, 0);
-    place.scale(scaleX_, scaleY_);
-    const QPainterPath path = place.map(face_->outline(glyph));
-    auto mask = std::make_unique<GlyphMask>();
-    if (!path.isEmpty()) {
-        const QRect box = path.boundingRect().toAlignedRect();
-        mask->left = box.left();
-        mask->top = box.top();
-        mask->width = box.width();
-        mask->height = box.height();
-        if (std::int64_t{roundedUp(mask->width, maskPadding)} * mask->height <= largestMask) {
-            fillMask(*mask, path);
-            allMaskBytes += static_cast<std::size_t>(mask->stride) * static_cast<std::size_t>(mask->height);
-        }
-    }
     std::unique_ptr<MaskBlock>& block = blocks_[glyph >> 6];
     if (!block) block = std::make_unique<MaskBlock>();
-    return *(block->masks[glyph & 63][quarter] = std::move(mask));
+    return *(block->masks[glyph & 63][quarter] = maskOf(outlineAt(glyph, quarter / 4.0, 0)));
+}
+
+const GlyphMask& SizedFont::wordMask(std::span<const PlacedGlyph> word, unsigned quarter)
+{
+    key_.assign(1, quarter);
+    for (const PlacedGlyph& g : word) {
+        key_ += g.glyph;
+        key_ += static_cast<char32_t>(g.x - word.front().x);
+        key_ += static_cast<char32_t>(g.y);
+    }
+    if (const auto found = words_.find(std::u32string_view(key_)); found != words_.end())
+        return *found->second;
+    QPainterPath all;
+    all.setFillRule(Qt::WindingFill);
+    for (const PlacedGlyph& g : word)
+        all.addPath(
+            outlineAt(g.glyph, quarter / 4.0 + static_cast<double>(g.x - word.front().x) / wholePixel, g.y));
+    allMaskBytes += wordOverhead;
+    return *words_.emplace(key_, maskOf(all, wordRows)).first->second;
 }
 
 void SizedFont::trimMasks()
 {
     if (allMaskBytes <= maskLimit) return;
-    for (SizedFont* const font : allFonts())
-        for (auto& block : font->blocks_) block.reset();
-    allMaskBytes = 0;
+    for (SizedFont* const font : allFonts()) font->dropMasks();
 }
-
-std::size_t SizedFont::maskBytes() { return allMaskBytes; }
 
 } // namespace corekit::detail

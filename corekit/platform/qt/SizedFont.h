@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cmath>
+#include <span>
 
 namespace corekit::detail {
 
@@ -14,7 +15,13 @@ inline constexpr int subpixelBits = 10;
 inline constexpr Subpixels wholePixel = Subpixels{1} << subpixelBits;
 constexpr Subpixels toPixels(Subpixels v) { return (v + wholePixel / 2) >> subpixelBits; }
 
-// Coverage of one glyph, 255 full. Rows are padded with zeros to a multiple of 16 bytes.
+struct PlacedGlyph {
+    Subpixels x; // from the start of the run
+    int y;       // pixels below the baseline
+    std::uint16_t glyph;
+};
+
+// Coverage of a glyph or word, 255 full. Rows are padded with zeros to a multiple of 16 bytes.
 struct GlyphMask {
     int left = 0, top = 0; // of the first pixel, from pen and baseline, y downward
     int width = 0, height = 0, stride = 0;
@@ -47,6 +54,8 @@ public:
             if (const GlyphMask* const m = block->masks[glyph & 63][quarter].get()) return *m;
         return makeMask(glyph, quarter);
     }
+    // One mask for glyphs that touch, filled as one shape; the pen is that of the first.
+    const GlyphMask& wordMask(std::span<const PlacedGlyph> word, unsigned quarter);
     // The part of a mask that covers these columns and rows, counted from pen and baseline.
     GlyphMask maskPart(std::uint16_t glyph, unsigned quarter, int left, int top, int right, int bottom) const;
 
@@ -64,14 +73,22 @@ public:
     // Frees masks of all fonts when they have grown beyond the limit. Between calls only: masks in use go,
     // too.
     static void trimMasks();
-    static std::size_t maskBytes();
 
 private:
     struct MaskBlock {
         std::array<std::array<std::unique_ptr<GlyphMask>, 4>, 64> masks;
     };
 
+    // Glyphs with their distances from the first, and the quarter.
+    using WordKey = std::u32string;
+    struct WordHash {
+        using is_transparent = void;
+        std::size_t operator()(std::u32string_view s) const { return std::hash<std::u32string_view>()(s); }
+    };
+
+    void dropMasks();
     const Page& loadPage(unsigned high);
+    QPainterPath outlineAt(std::uint16_t glyph, double x, double y) const;
     const GlyphMask& makeMask(std::uint16_t glyph, unsigned quarter);
 
     std::shared_ptr<Typeface> face_;
@@ -79,6 +96,8 @@ private:
     int ascent_ = 0, descent_ = 0;
     std::array<std::unique_ptr<Page>, 256> pages_;
     std::array<std::unique_ptr<MaskBlock>, 1024> blocks_;
+    std::unordered_map<WordKey, std::unique_ptr<GlyphMask>, WordHash, std::equal_to<>> words_;
+    WordKey key_; // of the last word asked for
 };
 
 } // namespace corekit::detail

@@ -74,9 +74,12 @@ std::uint8_t classOf(char32_t c)
     default:
         break;
     }
-    if (!scriptIsSimple(c)) return textComplex;
-    const std::uint8_t direction = directionOf(c);
-    return QChar::hasMirrored(c) ? direction | textMirrored : direction;
+    if (!scriptIsSimple(c) || QChar::joiningType(c) != QChar::Joining_None) return textComplex | textJoins;
+    std::uint8_t classes = directionOf(c);
+    if (QChar::hasMirrored(c)) classes |= textMirrored;
+    if (QChar::script(c) == QChar::Script_Arabic || QChar::category(c) == QChar::Other_PrivateUse)
+        classes |= textJoins;
+    return classes;
 }
 
 } // namespace

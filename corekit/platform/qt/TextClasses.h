@@ -13,6 +13,7 @@ enum TextClass : std::uint8_t {
     textNeutral = 8,   // takes its direction from what is around it
     textMirrored = 16, // has a counterpart in right-to-left text
     textComplex = 32,  // joins, combines, reorders or controls: needs the layout
+    textJoins = 64,    // its glyph may touch the next one: cursive scripts, headlines, private forms
 };
 
 // 65,536 entries, made at the first call.

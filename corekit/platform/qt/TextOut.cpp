@@ -93,12 +93,12 @@ BOOL ExtTextOutW(HDC dc, int x, int y, UINT options, const RECT* rect, const WCH
     if (rect && options & ETO_CLIPPED) clip = clip.cut(areaOf(*rect));
 
     SizedFont::trimMasks();
-    static thread_local std::vector<PlacedGlyph> glyphs;
-    const std::int64_t width = toPixels(placeRun(*font, run, glyphs));
-    const Area cell = cellAt(*font, context->align, x, y, width);
+    static thread_local PlacedRun placed;
+    placeRun(*font, run, placed);
+    const Area cell = cellAt(*font, context->align, x, y, toPixels(placed.width));
     if (context->backMode == OPAQUE) fillArea(bitmap, cell.cut(clip), back);
     GlyphPainter(bitmap, clip, pixelOf(context->textColour))
-        .draw(*font, glyphs, cell.left, cell.top + font->ascent());
+        .draw(*font, placed, cell.left, cell.top + font->ascent());
     drawLines(*context, *font, cell, clip);
     return TRUE;
 }

@@ -107,37 +107,37 @@ Subpixels measureRun(SizedFont& font, const TextRun& run)
     return width;
 }
 
-Subpixels placeRun(SizedFont& font, const TextRun& run, std::vector<PlacedGlyph>& glyphs)
+void placeRun(SizedFont& font, const TextRun& run, PlacedRun& placed)
 {
-    glyphs.clear();
+    const unsigned classes = classesIn(run.units);
+    placed.glyphs.clear();
+    placed.joins = (classes & textJoins) != 0;
     Subpixels pen = 0;
     const auto show = [&](char16_t c) {
         const SizedFont::Page& page = font.page(c >> 8);
-        glyphs.push_back({pen, 0, page.glyphs[c & 0xFF]});
+        placed.glyphs.push_back({pen, 0, page.glyphs[c & 0xFF]});
         pen += page.advances[c & 0xFF];
     };
+    const bool single = run.oneToOne || !run.distances.empty();
+    const Road road = single ? Road::straight : roadOf(run, classes);
     if (!run.distances.empty()) {
         for (std::size_t i = 0; i < run.units.size(); ++i) {
-            const char16_t c = run.units[i];
-            glyphs.push_back({pen, 0, font.page(c >> 8).glyphs[c & 0xFF]});
-            pen += run.distances[i] * wholePixel;
+            const Subpixels start = pen;
+            show(run.units[i]);
+            pen = start + run.distances[i] * wholePixel;
         }
-        return pen;
-    }
-    const Road road = run.oneToOne ? Road::straight : roadOf(run, classesIn(run.units));
-    if (road == Road::straight) {
+    } else if (road == Road::straight) {
         for (const char16_t c : run.units) show(c);
-        return pen;
-    }
-    if (road == Road::reversed) {
+    } else if (road == Road::reversed) {
         showReversed(run, show);
-        return pen;
+    } else {
+        const ShapedText& shaped = font.face().shape(run.units, run.rightToLeft);
+        for (const ShapedGlyph& g : shaped.glyphs)
+            placed.glyphs.push_back({std::llround(g.x * font.scaleX() * wholePixel),
+                                     static_cast<int>(std::lround(g.y * font.scaleY())), g.glyph});
+        pen = shapedWidth(font, shaped);
     }
-    const ShapedText& shaped = font.face().shape(run.units, run.rightToLeft);
-    for (const ShapedGlyph& g : shaped.glyphs)
-        glyphs.push_back({std::llround(g.x * font.scaleX() * wholePixel),
-                          static_cast<int>(std::lround(g.y * font.scaleY())), g.glyph});
-    return shapedWidth(font, shaped);
+    placed.width = pen;
 }
 
 } // namespace corekit::detail

@@ -14,10 +14,10 @@ struct TextRun {
     std::span<const int> distances{}; // empty, or an advance in pixels for every unit
 };
 
-struct PlacedGlyph {
-    Subpixels x; // from the start of the run
-    int y;       // pixels below the baseline
-    std::uint16_t glyph;
+struct PlacedRun {
+    std::vector<PlacedGlyph> glyphs;
+    Subpixels width = 0;
+    bool joins = false; // neighbours may touch
 };
 
 // Units beyond which the layout is not asked.
@@ -27,7 +27,7 @@ inline constexpr std::size_t longestRun = 65535;
 // Whether the run is within the bounds above.
 bool canPlace(const TextRun& run);
 Subpixels measureRun(SizedFont& font, const TextRun& run);
-// Replaces `glyphs`; returns the same width as measureRun.
-Subpixels placeRun(SizedFont& font, const TextRun& run, std::vector<PlacedGlyph>& glyphs);
+// Replaces what `placed` held; the width is that of measureRun.
+void placeRun(SizedFont& font, const TextRun& run, PlacedRun& placed);
 
 } // namespace corekit::detail

@@ -81,6 +81,14 @@ QPainterPath Typeface::outline(std::uint16_t glyph) const
     return path;
 }
 
+bool Typeface::isBlank(std::uint16_t glyph) const
+{
+    if (ink_.empty()) ink_.resize(0x10000);
+    Ink& ink = ink_[glyph];
+    if (ink == Ink::unknown) ink = raw_.pathForGlyph(glyph).isEmpty() ? Ink::none : Ink::some;
+    return ink == Ink::none;
+}
+
 const ShapedText& Typeface::shape(std::u16string_view text, bool rightToLeft)
 {
     if (text.size() > longestCached) return uncached_ = layOut(text, rightToLeft);

@@ -39,6 +39,7 @@ public:
     // Glyphs and advances (in design pixels) of the 256 code units high * 256 ...
     void lookUp(unsigned high, std::uint16_t (&glyphs)[256], double (&advances)[256]) const;
     QPainterPath outline(std::uint16_t glyph) const;
+    bool isBlank(std::uint16_t glyph) const; // has no outline
 
     // Lays logical text out with full shaping and ordering. The result stands until the next call.
     const ShapedText& shape(std::u16string_view text, bool rightToLeft);
@@ -57,6 +58,8 @@ private:
     QRawFont raw_;
     FontTables tables_;
     double designPixels_ = 0;
+    enum class Ink : std::uint8_t { unknown, none, some };
+    mutable std::vector<Ink> ink_; // by glyph
     LayoutCache layouts_[2];
     ShapedText uncached_;
 };

@@ -1,0 +1,156 @@
+// Fonts by name, their metrics and signatures.
+#include "Canvas.h"
+
+#include <map>
+#include <string>
+
+namespace {
+
+std::string faceOf(const char* asked)
+{
+    Canvas c;
+    c.use(asked, 20);
+    char name[64] = "";
+    const int copied = GetTextFaceA(c.dc, sizeof name, name);
+    EXPECT_EQ(copied, static_cast<int>(std::string(name).size()) + 1);
+    EXPECT_EQ(GetTextFaceA(c.dc, 0, nullptr), copied);
+    return name;
+}
+
+TEST(Fonts, AreFoundByNameOrReplacedByTheDefaultFace)
+{
+    EXPECT_EQ(faceOf("Noto Sans Hebrew"), "Noto Sans Hebrew");
+    EXPECT_EQ(faceOf("nOTO sANS hEBREW"), "Noto Sans Hebrew");
+    for (const char* unknown : {"No Such Face", "", "Serif", "Noto Sans Heb"})
+        EXPECT_EQ(faceOf(unknown), latin);
+    EXPECT_EQ(faceOf("Noto Sans Inscriptional Parthia"), "Noto Sans Inscriptional Parthian")
+        << "cut to 31 bytes";
+}
+
+TEST(Fonts, PositiveHeightIsTheCellExactly)
+{
+    for (const char* face : {latin, hebrew, arabic, devanagari, "DejaVu Sans"})
+        for (int height = 1; height < 130; height += 3) {
+            Canvas c;
+            c.use(face, height);
+            TEXTMETRICA m;
+            ASSERT_TRUE(GetTextMetricsA(c.dc, &m));
+            EXPECT_EQ(m.tmHeight, height);
+            EXPECT_EQ(m.tmAscent + m.tmDescent, height);
+            EXPECT_GE(m.tmDescent, 0);
+            EXPECT_EQ(c.measure(u"x").cy, height);
+        }
+}
+
+TEST(Fonts, NegativeHeightIsTheEm)
+{
+    Canvas c;
+    c.use("DejaVu Sans", -2048);
+    TEXTMETRICA m;
+    ASSERT_TRUE(GetTextMetricsA(c.dc, &m));
+    // The face's own numbers at 2048 units an em.
+    EXPECT_EQ(m.tmAscent, 1901);
+    EXPECT_EQ(m.tmDescent, 483);
+    EXPECT_EQ(m.tmInternalLeading, 1901 + 483 - 2048);
+    EXPECT_EQ(c.measure(u"n").cx, 1298);
+    EXPECT_TRUE(m.tmPitchAndFamily & 1) << "variable pitch";
+    c.use("DejaVu Sans Mono", -20);
+    ASSERT_TRUE(GetTextMetricsA(c.dc, &m));
+    EXPECT_FALSE(m.tmPitchAndFamily & 1);
+}
+
+TEST(Fonts, StylesShow)
+{
+    const auto picture = [](FontStyle style) {
+        Canvas c;
+        c.use(latin, 40, style);
+        c.draw(u"nnnn", 10, 10);
+        return std::make_pair(c.inkedPixels(), c.ink().right - c.ink().left);
+    };
+    const auto plain = picture({});
+    EXPECT_GT(picture({.weight = 700}).first, plain.first * 11 / 10);
+    EXPECT_EQ(picture({.weight = 599}), plain);
+    EXPECT_NE(picture({.italic = 1}), plain);
+    EXPECT_GT(picture({.underline = 1}).first, plain.first + plain.second / 2);
+    EXPECT_GT(picture({.strikeOut = 1}).first, plain.first + 10);
+    EXPECT_GT(picture({.width = 40}).second, plain.second * 3 / 2);
+}
+
+TEST(Fonts, SenselessRequestsAreRefused)
+{
+    struct Case {
+        int height, width, escapement, orientation;
+    };
+    for (const Case& k : {Case{INT32_MIN, 0, 0, 0},
+                          {INT32_MAX, 0, 0, 0},
+                          {4097, 0, 0, 0},
+                          {20, -1, 0, 0},
+                          {20, 5000, 0, 0},
+                          {20, 0, 900, 0},
+                          {20, 0, 0, 1}})
+        EXPECT_EQ(
+            CreateFontA(k.height, k.width, k.escapement, k.orientation, 400, 0, 0, 0, 1, 7, 32, 1, 0, latin),
+            nullptr);
+    const HFONT fallback = CreateFontA(0, 0, 0, 0, 400, 0, 0, 0, 1, 7, 32, 1, 0, nullptr);
+    EXPECT_NE(fallback, nullptr);
+    EXPECT_TRUE(DeleteObject(fallback));
+}
+
+TEST(Fonts, SignatureIsThatOfTheFace)
+{
+    struct Case {
+        const char* face;
+        int bit;
+        bool set;
+    };
+    constexpr Case cases[] = {{latin, 0, true},
+                              {latin, 9, true},
+                              {latin, 11, false},
+                              {hebrew, 11, true},
+                              {hebrew, 15, false},
+                              {arabic, 13, true},
+                              {devanagari, 15, true},
+                              {devanagari, 16, false},
+                              {"Noto Sans Bengali", 16, true},
+                              {"Noto Sans Tamil", 20, true},
+                              {arabic, 67, true}};
+    for (const Case& k : cases) {
+        Canvas c;
+        c.use(k.face, 10);
+        FONTSIGNATURE s;
+        const int charSet = GetTextCharsetInfo(c.dc, &s, 0);
+        EXPECT_EQ((s.fsUsb[k.bit / 32] >> (k.bit % 32) & 1) != 0, k.set) << k.face << ' ' << k.bit;
+        EXPECT_EQ(GetTextCharsetInfo(c.dc, nullptr, 0), charSet);
+    }
+    FONTSIGNATURE s{{1, 1, 1, 1}, {1, 1}};
+    EXPECT_EQ(GetTextCharsetInfo(nullptr, &s, 0), static_cast<int>(DEFAULT_CHARSET));
+    EXPECT_EQ(s.fsUsb[0] | s.fsUsb[3] | s.fsCsb[0], 0u);
+}
+
+TEST(Fonts, EnumerationNamesEveryFaceOnceAndStopsWhenTold)
+{
+    const HDC dc = CreateCompatibleDC(nullptr);
+    std::map<std::string, int> seen;
+    const auto collect = [](const LOGFONTA* font, const TEXTMETRICA* metrics, DWORD type, LPARAM to) {
+        EXPECT_EQ(type, TRUETYPE_FONTTYPE);
+        EXPECT_GT(metrics->tmHeight, 0);
+        ++(*reinterpret_cast<std::map<std::string, int>*>(to))[font->lfFaceName];
+        return 7;
+    };
+    EXPECT_EQ(EnumFontsA(dc, nullptr, collect, reinterpret_cast<LPARAM>(&seen)), 7);
+    for (const char* face : {latin, hebrew, arabic, devanagari}) EXPECT_EQ(seen[face], 1) << face;
+    EXPECT_EQ(seen.count("Serif"), 0u) << "a generic name is no face";
+    seen.clear();
+    EXPECT_EQ(EnumFontsA(dc, "dejavu sans", collect, reinterpret_cast<LPARAM>(&seen)), 7);
+    EXPECT_EQ(seen["DejaVu Sans"], 4);
+    int calls = 0;
+    const auto stop = [](const LOGFONTA*, const TEXTMETRICA*, DWORD, LPARAM to) {
+        return ++*reinterpret_cast<int*>(to) == 3 ? 0 : 1;
+    };
+    EXPECT_EQ(EnumFontsA(dc, nullptr, stop, reinterpret_cast<LPARAM>(&calls)), 0);
+    EXPECT_EQ(calls, 3);
+    EXPECT_EQ(EnumFontsA(dc, "No Such Face", collect, 0), 0);
+    DeleteDC(dc);
+}
+
+} // namespace
