@@ -20,6 +20,7 @@ GOALS = {
     "streams/file_write": 1.5, "streams/file_read": 1.2,
     "strings/copy": 1, "strings/find_units": 1, "strings/make": 1, "strings/equal": 1,
     "draw/measure": 5, "draw/raster": 1.5,
+    "registry/read": 2,
 }
 
 

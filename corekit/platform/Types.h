@@ -14,8 +14,8 @@ using UINT = std::uint32_t;
 using LONG = std::int32_t;
 using SHORT = std::int16_t;
 using BOOL = int;
-using LONGLONG = std::int64_t;
-using DWORDLONG = std::uint64_t;
+using LONGLONG = long long; // not `long`, which stands for 32 bits in overloads
+using DWORDLONG = unsigned long long;
 using WCHAR = char16_t;
 
 using UINT_PTR = std::uintptr_t;
