@@ -1,0 +1,67 @@
+// A font choice: an ordered list of faces at one size. A script mixes writing systems that no face covers
+// alone, so drawing takes for each character the first face of the list that has it.
+//
+// As text it is the size, the number of faces and the faces, each followed by a line feed. That text is
+// how a choice travels inside other text, and two descriptors are equal if their texts are equal without
+// regard to case.
+#pragma once
+
+#include "corekit/framework/Array.h"
+#include "corekit/framework/Object.h"
+#include "corekit/framework/String.h"
+#include "corekit/platform/Export.h"
+
+class IXPCConfigNode;
+
+// A value. One thread at a time.
+class COREKIT_API CFontDescriptor : public CObject {
+    DECLARE_DYNAMIC(CFontDescriptor)
+public:
+    // Size 0, no faces, empty text.
+    CFontDescriptor();
+    CFontDescriptor(const CFontDescriptor& other);
+    // Tolerant of any text: where a line is missing the size becomes 12 and "Arial" ends the faces.
+    CFontDescriptor(const WCHAR* text);
+    ~CFontDescriptor() override;
+
+    CFontDescriptor& operator=(const CFontDescriptor& other);
+    // Expects a whole text. Of any other, what was read up to the missing line stays.
+    CFontDescriptor& operator=(const WCHAR* text);
+
+    // No faces and size 0. The text, and so equality, stay as they were until the next change.
+    void Empty();
+    void AddFont(const char* face);
+    // Nothing happens outside the list.
+    void ReplaceFont(int index, const char* face);
+    // Height as CreateFontA takes it.
+    void SetSize(int size);
+
+    int GetCount() const { return m_fonts.GetSize(); }
+    int GetSize() const { return m_size; }
+    // Face 0 is the primary one. Empty outside the list.
+    CString GetFont(int index) const;
+    const CString& GetCombinedString() const { return m_combined; }
+
+    // The first face whose signature holds all of the language's; the primary face if none does or if a
+    // face before it is unknown here.
+    CString GetFontForLocale(WORD langId) const;
+
+    // Keys "size", "count", "font-1" and on, with the prefix and a hyphen before each unless it is null or
+    // empty. A failed load returns false and keeps the faces that it found.
+    bool Load(IXPCConfigNode* node, const char* prefix);
+    void Save(IXPCConfigNode* node, const char* prefix) const;
+
+    friend bool operator==(const CFontDescriptor& a, const CFontDescriptor& b)
+    {
+        return a.m_combined.CompareNoCase(b.m_combined) == 0;
+    }
+
+private:
+    void CopyHelper(const CFontDescriptor& other);
+    void UpdateCombinedString();
+    bool Parse(const WCHAR* text);
+
+    int m_size = 0;
+    CStringArray m_fonts;
+    CString m_combined;
+};

@@ -1,0 +1,31 @@
+// What the manager keeps for each face of the machine: its signature, read when it is first asked for.
+#pragma once
+
+#include "corekit/framework/Object.h"
+#include "corekit/framework/String.h"
+#include "corekit/platform/Export.h"
+#include "corekit/unicode/ui/FontSignature.h"
+
+class CDC;
+
+// Owned by CUnicodeManager; belongs to the user-interface thread.
+class COREKIT_API CFontMapInfo : public CObject {
+    DECLARE_DYNAMIC(CFontMapInfo)
+public:
+    explicit CFontMapInfo(const char* face);
+    ~CFontMapInfo() override;
+
+    bool IsLoaded() const { return m_loaded != 0; }
+    const CString& GetFaceName() const { return m_face; }
+    // Fills the signature. Never fails: where the face cannot be had, it is what the platform answers.
+    void Load(CDC* dc);
+    void GetSignature(CFontSignature& out) const { out = m_signature; }
+    const CFontSignature& GetSignature() const { return m_signature; }
+
+private:
+    void LoadFromPlatform(CDC* dc);
+
+    BOOL m_loaded = FALSE;
+    CString m_face;
+    CFontSignature m_signature;
+};
