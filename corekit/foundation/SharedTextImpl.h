@@ -2,6 +2,9 @@
 #pragma once
 
 #include "corekit/foundation/SharedText.h"
+#include "corekit/foundation/StringFormat.h"
+#include "corekit/foundation/TextClass.h"
+#include "corekit/framework/String.h"
 
 #include <algorithm>
 #include <functional>
@@ -231,6 +234,18 @@ void SharedText<Self, Ch>::Empty()
 }
 
 template <class Self, class Ch>
+int SharedText<Self, Ch>::CompareNoCase(const Ch* p) const
+{
+    return CompareFolded(m_pchData, p);
+}
+
+template <class Self, class Ch>
+int SharedText<Self, Ch>::Collate(const Ch* p) const
+{
+    return CompareCollated(m_pchData, p);
+}
+
+template <class Self, class Ch>
 int SharedText<Self, Ch>::Find(Ch ch, int start) const
 {
     const int length = GetLength();
@@ -247,6 +262,13 @@ int SharedText<Self, Ch>::Find(const Ch* text, int start) const
     if (!text || start < 0 || start > length) return -1;
     const int at = FindInText(m_pchData + start, length - start, text);
     return at < 0 ? -1 : start + at;
+}
+
+template <class Self, class Ch>
+int SharedText<Self, Ch>::FindOneOf(const Ch* set) const
+{
+    const int at = CountOutside(m_pchData, set);
+    return m_pchData[at] ? at : -1;
 }
 
 template <class Self, class Ch>
@@ -281,10 +303,110 @@ Self SharedText<Self, Ch>::Mid(int first, int n) const
 }
 
 template <class Self, class Ch>
+Self SharedText<Self, Ch>::SpanIncluding(const Ch* set) const
+{
+    return Left(CountInside(m_pchData, set));
+}
+
+template <class Self, class Ch>
+Self SharedText<Self, Ch>::SpanExcluding(const Ch* set) const
+{
+    return Left(CountOutside(m_pchData, set));
+}
+
+template <class Self, class Ch>
+void SharedText<Self, Ch>::MakeUpper()
+{
+    CopyBeforeWrite();
+    if (!IsEmptyBuffer()) UpperInPlace(m_pchData);
+}
+
+template <class Self, class Ch>
+void SharedText<Self, Ch>::MakeLower()
+{
+    CopyBeforeWrite();
+    if (!IsEmptyBuffer()) LowerInPlace(m_pchData);
+}
+
+template <class Self, class Ch>
 void SharedText<Self, Ch>::MakeReverse()
 {
     CopyBeforeWrite();
     std::reverse(m_pchData, m_pchData + TextLength(m_pchData, GetLength()));
+}
+
+template <class Self, class Ch>
+void SharedText<Self, Ch>::TrimRight()
+{
+    CopyBeforeWrite();
+    const int end = TextLength(m_pchData, GetLength());
+    int keep = end;
+    while (keep > 0 && IsSpace(m_pchData[keep - 1])) --keep;
+    if (keep < end) SetLength(keep);
+}
+
+template <class Self, class Ch>
+void SharedText<Self, Ch>::TrimLeft()
+{
+    CopyBeforeWrite();
+    int skip = 0;
+    while (IsSpace(m_pchData[skip])) ++skip;
+    const int keep = GetLength() - skip;
+    std::memmove(m_pchData, m_pchData + skip, static_cast<std::size_t>(keep) * sizeof(Ch));
+    SetLength(keep);
+}
+
+// --- formats
+
+template <class Self, class Ch>
+BOOL SharedText<Self, Ch>::LoadStringA(UINT id)
+{
+    CString text;
+    text.LoadString(id);
+    static_cast<Self&>(*this) = static_cast<const char*>(text);
+    return TRUE;
+}
+
+template <class Self, class Ch>
+void SharedText<Self, Ch>::FormatV(const Ch* format, va_list args)
+{
+    BufferRange<Ch> own;
+    if (!IsEmptyBuffer()) own = {m_pchData, m_pchData + GetAllocLength()};
+    const FormatRoom room = MeasureFormat(format, args, own);
+    if (room.readsBuffer) {
+        Self apart;
+        apart.FormatV(format, args);
+        *this = static_cast<const SharedText&>(apart);
+        return;
+    }
+    for (int capacity = room.bound;;) {
+        Ch* buffer = GetBuffer(capacity);
+        const int needed = WriteFormat({buffer, buffer + GetAllocLength()}, format, args);
+        SetLength(std::min<int>(needed, GetAllocLength()));
+        if (needed <= GetAllocLength()) break;
+        capacity = needed;
+    }
+    ReleaseBuffer(-1);
+}
+
+template <class Self, class Ch>
+void SharedText<Self, Ch>::Format(const Ch* format, ...)
+{
+    va_list args;
+    va_start(args, format);
+    FormatV(format, args);
+    va_end(args);
+}
+
+template <class Self, class Ch>
+void SharedText<Self, Ch>::Format(UINT id, ...)
+{
+    Self format;
+    format.LoadStringA(id);
+    va_list args;
+    va_start(args, id);
+    FormatV(format, args);
+    va_end(args);
 }
 
 } // namespace corekit::detail

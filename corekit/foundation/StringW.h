@@ -67,7 +67,7 @@ public:
     int Replace(WCHAR from, WCHAR to);
 
     // The text as an automation value of type VT_BSTR. The caller clears the returned one.
-    BOOL StoreToVariant(VARIANT& value) const;
+    void StoreToVariant(VARIANT& value) const;
     operator VARIANT() const;
 
 private:

@@ -10,6 +10,14 @@ namespace {
 __m128i Load(const WCHAR* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
 unsigned Mask(__m128i v) { return static_cast<unsigned>(_mm_movemask_epi8(v)); }
 int FirstUnit(unsigned mask) { return std::countr_zero(mask) / 2; }
+
+// A bit for each of 32 units that is 0.
+inline DWORD ZerosInLine(const WCHAR* p)
+{
+    const __m128i zero = _mm_setzero_si128();
+    const auto at = [p, zero](int i) { return _mm_cmpeq_epi16(Load(p + 8 * i), zero); };
+    return Mask(_mm_packs_epi16(at(0), at(1))) | Mask(_mm_packs_epi16(at(2), at(3))) << 16;
+}
 __m128i Splat(WCHAR ch) { return _mm_set1_epi16(static_cast<short>(ch)); }
 #endif
 
@@ -65,21 +73,28 @@ int FindUnits(const WCHAR* text, int n, const WCHAR* what, int m)
 std::size_t TextLength(const WCHAR* p)
 {
 #if defined(__SSE2__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-    // Aligned blocks never cross into a page that the text is not in. Sanitizers see the plain loop below, so
-    // that they notice a text without an end.
-    const auto skipped = reinterpret_cast<std::uintptr_t>(p) & 15;
-    if ((skipped & 1) == 0) {
-        const auto* block = reinterpret_cast<const __m128i*>(reinterpret_cast<std::uintptr_t>(p) - skipped);
-        const __m128i zero = _mm_setzero_si128();
-        unsigned hit = Mask(_mm_cmpeq_epi16(_mm_load_si128(block), zero)) >> skipped;
-        if (hit) return static_cast<std::size_t>(FirstUnit(hit));
-        do hit = Mask(_mm_cmpeq_epi16(_mm_load_si128(++block), zero));
-        while (!hit);
-        return static_cast<std::size_t>(reinterpret_cast<const WCHAR*>(block) - p) +
-               static_cast<std::size_t>(FirstUnit(hit));
+    // The first 64 units at once, since the end of a short text is hard to guess; then whole cache lines.
+    // Neither crosses into a page that the text is not in. Sanitizers see the plain loop below, so that they
+    // notice a text without an end.
+    const auto address = reinterpret_cast<std::uintptr_t>(p);
+    std::size_t n = 0;
+    if ((address & 4095) <= 4096 - 128) {
+        const DWORDLONG zeros = ZerosInLine(p) | DWORDLONG{ZerosInLine(p + 32)} << 32;
+        if (zeros) return static_cast<std::size_t>(std::countr_zero(zeros));
+        n = 64;
     }
-#endif
+    while (((address + 2 * n) & 63) > 1) {
+        if (!p[n]) return n;
+        ++n;
+    }
+    if (address & 1) return n + std::char_traits<WCHAR>::length(p + n);
+    for (;; n += 32) {
+        if (const DWORD zeros = ZerosInLine(p + n))
+            return n + static_cast<std::size_t>(std::countr_zero(zeros));
+    }
+#else
     return std::char_traits<WCHAR>::length(p);
+#endif
 }
 
 int TextLength(const WCHAR* p, int n) { return FirstOrEnd(p, n, 0); }

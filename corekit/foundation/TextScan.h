@@ -63,9 +63,33 @@ inline std::size_t MismatchInText(const WCHAR* a, int lengthA, const WCHAR* b, i
     return i;
 }
 
+// Whether n units are the same; a zero is a unit like any other.
+inline bool SameUnits(const WCHAR* a, const WCHAR* b, std::size_t n)
+{
+#ifdef __SSE2__
+    const auto differ = [a, b](std::size_t i) {
+        return _mm_xor_si128(_mm_loadu_si128(reinterpret_cast<const __m128i*>(a + i)),
+                             _mm_loadu_si128(reinterpret_cast<const __m128i*>(b + i)));
+    };
+    const auto isZero = [](__m128i v) {
+        return _mm_movemask_epi8(_mm_cmpeq_epi8(v, _mm_setzero_si128())) == 0xFFFF;
+    };
+    if (n >= 16) {
+        for (std::size_t i = 0; i + 16 <= n; i += 16) {
+            if (!isZero(_mm_or_si128(differ(i), differ(i + 8)))) return false;
+        }
+        return isZero(_mm_or_si128(differ(n - 16), differ(n - 8)));
+    }
+    if (n >= 8) return isZero(_mm_or_si128(differ(0), differ(n - 8)));
+#endif
+    return std::equal(a, a + n, b);
+}
+
 inline bool SameText(const char* a, int, const char* b, int) { return std::strcmp(a, b) == 0; }
 inline bool SameText(const WCHAR* a, int lengthA, const WCHAR* b, int lengthB)
 {
+    // Texts that are equal are mostly so to the end, without a zero in between.
+    if (lengthA == lengthB && SameUnits(a, b, static_cast<std::size_t>(lengthA))) return true;
     const std::size_t i = MismatchInText(a, lengthA, b, lengthB);
     return a[i] == b[i];
 }

@@ -1,0 +1,174 @@
+// The wide string beside the strings of Qt, ICU and the standard library, on lines of mixed text.
+#include "corekit/foundation/StringW.h"
+#include "workload.h"
+
+#include <benchmark/benchmark.h>
+#include <QString>
+#include <thread>
+#include <unicode/unistr.h>
+
+namespace {
+
+const std::vector<std::u16string>& Lines()
+{
+    static const auto lines = workload::shortStrings();
+    return lines;
+}
+
+struct CoreKit {
+    using T = StringW;
+    static T make(const std::u16string& s) { return T(s.data(), int(s.size())); }
+    static void poke(T& t) { t.SetAt(0, u'x'); }
+    static void join(T& t, const T& o) { t += o; }
+    static long find(const T& a, const T& b) { return a.Find(b); }
+    static T part(const T& a, int n) { return a.Left(n); }
+};
+
+struct Std {
+    using T = std::u16string;
+    static T make(const std::u16string& s) { return s; }
+    static void poke(T& t) { t[0] = u'x'; }
+    static void join(T& t, const T& o) { t += o; }
+    static long find(const T& a, const T& b) { return long(a.find(b)); }
+    static T part(const T& a, int n) { return a.substr(0, std::size_t(n)); }
+};
+
+struct QtText {
+    using T = QString;
+    static T make(const std::u16string& s) { return QStringView(s).toString(); }
+    static void poke(T& t) { t[0] = QChar(u'x'); }
+    static void join(T& t, const T& o) { t += o; }
+    static long find(const T& a, const T& b) { return long(a.indexOf(b)); }
+    static T part(const T& a, int n) { return a.left(n); }
+};
+
+struct Icu {
+    using T = icu::UnicodeString;
+    static T make(const std::u16string& s) { return T(s.data(), std::int32_t(s.size())); }
+    static void poke(T& t) { t.setCharAt(0, u'x'); }
+    static void join(T& t, const T& o) { t.append(o); }
+    static long find(const T& a, const T& b) { return long(a.indexOf(b)); }
+    static T part(const T& a, int n) { return T(a, 0, n); }
+};
+
+template <class S>
+std::vector<typename S::T> All()
+{
+    std::vector<typename S::T> all;
+    for (const auto& line : Lines()) all.push_back(S::make(line));
+    return all;
+}
+
+void Done(benchmark::State& state, std::size_t n = Lines().size())
+{
+    state.SetItemsProcessed(state.iterations() * std::int64_t(n));
+}
+
+template <class S>
+void Make(benchmark::State& state)
+{
+    for (auto _ : state) {
+        for (const auto& line : Lines()) {
+            typename S::T text = S::make(line);
+            benchmark::DoNotOptimize(text);
+        }
+    }
+    Done(state);
+}
+
+template <class S>
+void Copy(benchmark::State& state)
+{
+    const auto all = All<S>();
+    for (auto _ : state) {
+        for (const auto& one : all) {
+            typename S::T text = one;
+            benchmark::DoNotOptimize(text);
+        }
+    }
+    Done(state);
+}
+
+template <class S>
+void CopyThenWrite(benchmark::State& state)
+{
+    const auto all = All<S>();
+    for (auto _ : state) {
+        for (const auto& one : all) {
+            typename S::T text = one;
+            S::poke(text);
+            benchmark::DoNotOptimize(text);
+        }
+    }
+    Done(state);
+}
+
+template <class S>
+void Equal(benchmark::State& state)
+{
+    const auto a = All<S>(), b = All<S>();
+    for (auto _ : state) {
+        std::size_t n = 0;
+        for (std::size_t i = 0; i < a.size(); ++i) n += a[i] == b[i];
+        if (n != a.size()) state.SkipWithError("unequal");
+    }
+    Done(state);
+}
+
+template <class S>
+void Order(benchmark::State& state)
+{
+    const auto a = All<S>();
+    for (auto _ : state) {
+        std::size_t n = 0;
+        for (std::size_t i = 1; i < a.size(); ++i) n += a[i - 1] < a[i];
+        benchmark::DoNotOptimize(n);
+    }
+    Done(state);
+}
+
+// Hundred texts of six units in a hundred lines.
+template <class S>
+void Find(benchmark::State& state)
+{
+    typename S::T hay;
+    std::size_t units = 0;
+    std::vector<typename S::T> needles;
+    for (std::size_t i = 0; i < 100; ++i) {
+        S::join(hay, S::make(Lines()[i]));
+        units += Lines()[i].size();
+        needles.push_back(S::part(S::make(Lines()[100 + i]), 6));
+    }
+    for (auto _ : state) {
+        long sum = 0;
+        for (const auto& needle : needles) sum += S::find(hay, needle);
+        benchmark::DoNotOptimize(sum);
+    }
+    Done(state, units * needles.size());
+}
+
+template <class S>
+void Register(const std::string& name)
+{
+    const struct {
+        const char* group;
+        void (*run)(benchmark::State&);
+    } groups[] = {{"make", Make<S>},   {"copy", Copy<S>},   {"copy_then_write", CopyThenWrite<S>},
+                  {"equal", Equal<S>}, {"order", Order<S>}, {"find_units", Find<S>}};
+    for (const auto& group : groups) {
+        benchmark::RegisterBenchmark((std::string("strings/") + group.group + '/' + name).c_str(), group.run);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    std::thread([] {}).join(); // counts are atomic only once there was a second thread
+    Register<CoreKit>("corekit");
+    Register<QtText>("qt6_qstring");
+    Register<Icu>("icu_unicode_string");
+    Register<Std>("std_u16string");
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}

@@ -1,0 +1,20 @@
+// The base of objects that guard themselves.
+#pragma once
+
+#include "corekit/framework/Object.h"
+#include "corekit/platform/CriticalSection.h"
+
+// Holds one recursive lock for the members of the derived class. The holder may enter again and leaves as
+// often as it entered; the wait has no end and no result.
+class COREKIT_API CCriticalObject : public CObject {
+    DECLARE_DYNAMIC(CCriticalObject)
+public:
+    CCriticalObject();
+    ~CCriticalObject() override;
+
+    void EnterLock();
+    void LeaveLock();
+
+private:
+    CRITICAL_SECTION m_section;
+};
