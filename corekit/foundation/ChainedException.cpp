@@ -188,3 +188,17 @@ CString LoadResourceString(UINT id)
     text.LoadString(id);
     return text;
 }
+
+StringA LoadResourceStringA(UINT id)
+{
+    StringA text;
+    text.LoadStringA(id);
+    return text;
+}
+
+StringW LoadResourceStringW(UINT id)
+{
+    StringW text;
+    text.LoadStringA(id);
+    return text;
+}

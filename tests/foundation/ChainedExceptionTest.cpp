@@ -156,3 +156,10 @@ TEST_F(Boxes, PrefixStandsOnALineOfItsOwn)
     EXPECT_EQ(shown.size(), 1023u);
     foreign->Delete();
 }
+TEST(ResourceText, SameTextInAllThreeStringClasses)
+{
+    EXPECT_EQ(LoadResourceString(4147), "Data is corrupt.");
+    EXPECT_TRUE(LoadResourceStringA(4147) == "Data is corrupt.");
+    EXPECT_TRUE(LoadResourceStringW(4147) == u"Data is corrupt.");
+    EXPECT_TRUE(LoadResourceStringA(9999).IsEmpty());
+}
