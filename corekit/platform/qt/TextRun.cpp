@@ -111,7 +111,7 @@ void placeRun(SizedFont& font, const TextRun& run, PlacedRun& placed)
 {
     const unsigned classes = classesIn(run.units);
     placed.glyphs.clear();
-    placed.joins = (classes & textJoins) != 0;
+    placed.joins = (classes & textJoins) != 0 && run.distances.empty();
     Subpixels pen = 0;
     const auto show = [&](char16_t c) {
         const SizedFont::Page& page = font.page(c >> 8);
