@@ -1,11 +1,9 @@
 #include "corekit/platform/qt/SizedFont.h"
 
 #include "corekit/platform/qt/NeverDestroyed.h"
+#include "corekit/platform/qt/OutlineFill.h"
 
 #include <algorithm>
-#include <QImage>
-#include <QPainter>
-#include <QPainterPath>
 
 namespace corekit::detail {
 
@@ -31,43 +29,23 @@ std::size_t sizeOf(const GlyphMask& mask)
     return static_cast<std::size_t>(mask.stride) * static_cast<std::size_t>(mask.height);
 }
 
-// The filler adds up what overlapping outlines cover of a pixel, which darkens the edge of a stroke where
-// two glyphs meet. Words are filled in rows this many times finer, so that the excess all but vanishes.
-constexpr int wordRows = 8;
+constexpr int wordRows = 8; // where glyphs overlap, their edges must not add up
 
-void fillMask(GlyphMask& mask, const QPainterPath& path, int fineness = 1)
+void fillMask(GlyphMask& mask, const OutlineFill& outlines, int fineness)
 {
     mask.stride = roundedUp(mask.width, maskPadding);
     mask.coverage = std::make_unique<std::uint8_t[]>(sizeOf(mask));
-    std::vector<std::uint8_t> fine(fineness > 1 ? sizeOf(mask) * static_cast<std::size_t>(fineness) : 0);
-    std::uint8_t* const to = fineness > 1 ? fine.data() : mask.coverage.get();
-    QImage image(to, mask.width, mask.height * fineness, mask.stride, QImage::Format_Alpha8);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(1, fineness);
-    painter.translate(-mask.left, -mask.top);
-    painter.fillPath(path, Qt::black);
-    const auto stride = static_cast<std::size_t>(mask.stride);
-    const auto rows = static_cast<std::size_t>(fineness);
-    for (std::size_t i = 0; i < sizeOf(mask) && rows > 1; ++i) {
-        unsigned sum = 0;
-        for (std::size_t r = 0; r < rows; ++r) sum += fine[(i / stride * rows + r) * stride + i % stride];
-        mask.coverage[i] = static_cast<std::uint8_t>((sum + rows / 2) / rows);
-    }
+    outlines.fill(mask, fineness);
 }
 
 // The mask of a shape around pen and baseline; counted, and without coverage if it is too large to keep.
-std::unique_ptr<GlyphMask> maskOf(const QPainterPath& path, int fineness = 1)
+std::unique_ptr<GlyphMask> maskOf(const OutlineFill& outlines, int fineness)
 {
     auto mask = std::make_unique<GlyphMask>();
-    if (path.isEmpty()) return mask;
-    const QRect box = path.boundingRect().toAlignedRect();
-    mask->left = box.left();
-    mask->top = box.top();
-    mask->width = box.width();
-    mask->height = box.height();
+    outlines.measure(*mask);
+    if (mask->width <= 0 || mask->height <= 0) return std::make_unique<GlyphMask>();
     if (std::int64_t{roundedUp(mask->width, maskPadding)} * mask->height <= largestMask) {
-        fillMask(*mask, path, fineness);
+        fillMask(*mask, outlines, fineness);
         allMaskBytes += sizeOf(*mask);
     }
     return mask;
@@ -129,11 +107,11 @@ const SizedFont::Page& SizedFont::loadPage(unsigned high)
     return *(pages_[high] = std::move(page));
 }
 
-QPainterPath SizedFont::outlineAt(std::uint16_t glyph, double x, double y) const
+void SizedFont::addOutline(OutlineFill& to, std::uint16_t glyph, double x, double y) const
 {
     QTransform place = QTransform::fromTranslate(x, y);
     place.scale(scaleX_, scaleY_);
-    return place.map(face_->outline(glyph));
+    to.add(face_->outline(glyph), place);
 }
 
 GlyphMask SizedFont::maskPart(std::uint16_t glyph, unsigned quarter, int left, int top, int right,
@@ -144,7 +122,9 @@ GlyphMask SizedFont::maskPart(std::uint16_t glyph, unsigned quarter, int left, i
     mask.top = top;
     mask.width = right - left;
     mask.height = bottom - top;
-    if (mask.width > 0 && mask.height > 0) fillMask(mask, outlineAt(glyph, quarter / 4.0, 0));
+    OutlineFill outlines;
+    addOutline(outlines, glyph, quarter / 4.0, 0);
+    if (mask.width > 0 && mask.height > 0) fillMask(mask, outlines, 1);
     return mask;
 }
 
@@ -152,7 +132,9 @@ const GlyphMask& SizedFont::makeMask(std::uint16_t glyph, unsigned quarter)
 {
     std::unique_ptr<MaskBlock>& block = blocks_[glyph >> 6];
     if (!block) block = std::make_unique<MaskBlock>();
-    return *(block->masks[glyph & 63][quarter] = maskOf(outlineAt(glyph, quarter / 4.0, 0)));
+    OutlineFill outlines;
+    addOutline(outlines, glyph, quarter / 4.0, 0);
+    return *(block->masks[glyph & 63][quarter] = maskOf(outlines, 1));
 }
 
 const GlyphMask& SizedFont::wordMask(std::span<const PlacedGlyph> word, unsigned quarter)
@@ -165,11 +147,9 @@ const GlyphMask& SizedFont::wordMask(std::span<const PlacedGlyph> word, unsigned
     }
     if (const auto found = words_.find(std::u32string_view(key_)); found != words_.end())
         return *found->second;
-    QPainterPath all;
-    all.setFillRule(Qt::WindingFill);
+    OutlineFill all;
     for (const PlacedGlyph& g : word)
-        all.addPath(
-            outlineAt(g.glyph, quarter / 4.0 + static_cast<double>(g.x - word.front().x) / wholePixel, g.y));
+        addOutline(all, g.glyph, quarter / 4.0 + static_cast<double>(g.x - word.front().x) / wholePixel, g.y);
     allMaskBytes += wordOverhead;
     return *words_.emplace(key_, maskOf(all, wordRows)).first->second;
 }

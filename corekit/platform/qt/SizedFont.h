@@ -9,6 +9,8 @@
 
 namespace corekit::detail {
 
+class OutlineFill;
+
 // Pen positions and widths count in 1/1024 pixel.
 using Subpixels = std::int64_t;
 inline constexpr int subpixelBits = 10;
@@ -88,7 +90,7 @@ private:
 
     void dropMasks();
     const Page& loadPage(unsigned high);
-    QPainterPath outlineAt(std::uint16_t glyph, double x, double y) const;
+    void addOutline(OutlineFill& to, std::uint16_t glyph, double x, double y) const;
     const GlyphMask& makeMask(std::uint16_t glyph, unsigned quarter);
 
     std::shared_ptr<Typeface> face_;

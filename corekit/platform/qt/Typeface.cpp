@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <QGlyphRun>
-#include <QPainterPath>
 #include <QTextLayout>
 #include <QTextOption>
 
@@ -10,9 +9,11 @@ namespace corekit::detail {
 
 namespace {
 
+constexpr int commonDesignSize = 1000;
 constexpr int greatestDesignSize = 2048; // keeps the layout's 26.6 numbers from overflowing
 constexpr std::size_t cachedLayouts = 512;
 constexpr std::size_t longestCached = 128;
+constexpr std::size_t cachedOutlines = 2048;
 
 std::span<const BYTE> bytesOf(const QByteArray& table)
 {
@@ -43,14 +44,16 @@ std::shared_ptr<Typeface> Typeface::load(const QString& family, bool bold, bool 
     face->font_.setKerning(false);
     face->font_.setHintingPreference(QFont::PreferNoHinting);
     face->font_.setStyleStrategy(QFont::NoFontMerging);
-    face->font_.setPixelSize(greatestDesignSize);
+    face->font_.setPixelSize(commonDesignSize);
     face->raw_ = QRawFont::fromFont(face->font_);
     if (!face->raw_.isValid() || face->raw_.familyName().compare(family, Qt::CaseInsensitive) != 0)
         return nullptr;
     const int unitsPerEm = std::clamp(static_cast<int>(face->raw_.unitsPerEm()), 16, 16384);
     face->designPixels_ = std::min(unitsPerEm, greatestDesignSize);
-    face->font_.setPixelSize(static_cast<int>(face->designPixels_));
-    face->raw_ = QRawFont::fromFont(face->font_);
+    if (face->designPixels_ != commonDesignSize) {
+        face->font_.setPixelSize(static_cast<int>(face->designPixels_));
+        face->raw_ = QRawFont::fromFont(face->font_);
+    }
     face->name_ = family.toStdString();
     face->tables_.unitsPerEm = unitsPerEm;
     face->tables_.read(bytesOf(face->raw_.fontTable("OS/2")), bytesOf(face->raw_.fontTable("hhea")),
@@ -74,19 +77,11 @@ void Typeface::lookUp(unsigned high, std::uint16_t (&glyphs)[256], double (&adva
     }
 }
 
-QPainterPath Typeface::outline(std::uint16_t glyph) const
+const QPainterPath& Typeface::outline(std::uint16_t glyph)
 {
-    QPainterPath path = raw_.pathForGlyph(glyph);
-    path.setFillRule(Qt::WindingFill);
-    return path;
-}
-
-bool Typeface::isBlank(std::uint16_t glyph) const
-{
-    if (ink_.empty()) ink_.resize(0x10000);
-    Ink& ink = ink_[glyph];
-    if (ink == Ink::unknown) ink = raw_.pathForGlyph(glyph).isEmpty() ? Ink::none : Ink::some;
-    return ink == Ink::none;
+    if (const auto found = outlines_.find(glyph); found != outlines_.end()) return found->second;
+    if (outlines_.size() >= cachedOutlines) outlines_.clear();
+    return outlines_.emplace(glyph, raw_.pathForGlyph(glyph)).first->second;
 }
 
 const ShapedText& Typeface::shape(std::u16string_view text, bool rightToLeft)

@@ -7,13 +7,12 @@
 #include <cstdint>
 #include <memory>
 #include <QFont>
+#include <QPainterPath>
 #include <QRawFont>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
-
-class QPainterPath;
 
 namespace corekit::detail {
 
@@ -38,8 +37,8 @@ public:
 
     // Glyphs and advances (in design pixels) of the 256 code units high * 256 ...
     void lookUp(unsigned high, std::uint16_t (&glyphs)[256], double (&advances)[256]) const;
-    QPainterPath outline(std::uint16_t glyph) const;
-    bool isBlank(std::uint16_t glyph) const; // has no outline
+    const QPainterPath& outline(std::uint16_t glyph); // stands until the next call
+    bool isBlank(std::uint16_t glyph) { return outline(glyph).isEmpty(); }
 
     // Lays logical text out with full shaping and ordering. The result stands until the next call.
     const ShapedText& shape(std::u16string_view text, bool rightToLeft);
@@ -58,8 +57,7 @@ private:
     QRawFont raw_;
     FontTables tables_;
     double designPixels_ = 0;
-    enum class Ink : std::uint8_t { unknown, none, some };
-    mutable std::vector<Ink> ink_; // by glyph
+    std::unordered_map<std::uint16_t, QPainterPath> outlines_;
     LayoutCache layouts_[2];
     ShapedText uncached_;
 };
