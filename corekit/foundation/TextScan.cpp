@@ -128,4 +128,11 @@ int FindInText(const WCHAR* text, int n, const WCHAR* what)
     return at < 0 || TextLength(text, at) < at ? -1 : at;
 }
 
+int CompareText(const WCHAR* a, int lengthA, const WCHAR* b)
+{
+    if (*a != *b || !*a) return *a < *b ? -1 : *a > *b;
+    const std::size_t i = MismatchInText(a, lengthA, b, CountedLength(TextLength(b)));
+    return a[i] < b[i] ? -1 : a[i] > b[i];
+}
+
 } // namespace corekit::detail

@@ -100,11 +100,6 @@ inline int CompareText(const char* a, int, const char* b)
     const int difference = std::strcmp(a, b);
     return (difference > 0) - (difference < 0);
 }
-inline int CompareText(const WCHAR* a, int lengthA, const WCHAR* b)
-{
-    if (*a != *b || !*a) return *a < *b ? -1 : *a > *b;
-    const std::size_t i = MismatchInText(a, lengthA, b, CountedLength(TextLength(b)));
-    return a[i] < b[i] ? -1 : a[i] > b[i];
-}
+COREKIT_API int CompareText(const WCHAR* a, int lengthA, const WCHAR* b);
 
 } // namespace corekit::detail

@@ -1,0 +1,43 @@
+#include "corekit/stores/MemoryWindow.h"
+
+#include "corekit/foundation/ChainedException.h"
+
+namespace corekit::detail {
+namespace {
+constexpr UINT seekPositionInvalid = 4106;
+constexpr UINT readPastEnd = 4113;
+constexpr UINT extensionDisabled = 4114;
+constexpr UINT extensionFailed = 4115;
+constexpr UINT skipPastEnd = 4116;
+} // namespace
+
+DWORDLONG MemoryWindow::GrownRoom(DWORD count) const
+{
+    if (growBy <= 0) ThrowMayNotGrow();
+    const DWORDLONG step = static_cast<DWORDLONG>(growBy);
+    const DWORDLONG missing = DWORDLONG{position} + count - room;
+    return room + (missing + step - 1) / step * step;
+}
+
+void MemoryWindow::CheckSeek(DWORD target) const
+{
+    if (target > size) ThrowChainedException(nullptr, seekPositionInvalid);
+}
+
+DWORD MemoryWindow::SkipTarget(int count) const
+{
+    const DWORD target = position + static_cast<DWORD>(count);
+    if (target > size) ThrowChainedException(nullptr, skipPastEnd);
+    return target;
+}
+
+void MemoryWindow::ThrowReadPastEnd() { ThrowChainedException(nullptr, readPastEnd); }
+
+void MemoryWindow::ThrowMayNotGrow() { ThrowChainedException(nullptr, extensionDisabled); }
+
+void MemoryWindow::ThrowCannotGrow(DWORD error)
+{
+    ThrowChainedException(GetLastErrorException(error), extensionFailed);
+}
+
+} // namespace corekit::detail

@@ -1,0 +1,87 @@
+// The part that both memory streams share: a block of bytes with a size, room to grow in and a position.
+#pragma once
+
+#include "corekit/platform/Types.h"
+
+#include <cstring>
+#include <utility>
+
+namespace corekit::detail {
+
+// Texts of the typed layer mostly have 16 to 128 bytes: those are moved in eight blocks that overlap as the
+// length demands, since a jump by the length costs more than the bytes. Out of line, to keep the small copies
+// free of it.
+[[gnu::noinline]] inline void CopyLong(void* to, const void* from, DWORD count)
+{
+    if (count < 16 || count > 128) {
+        std::memcpy(to, from, count);
+        return;
+    }
+    struct Block {
+        DWORDLONG halves[2];
+    };
+    const DWORD last = count - sizeof(Block);
+    for (DWORD at = 0; at < 128; at += sizeof(Block)) {
+        const DWORD offset = at < last ? at : last;
+        Block block;
+        std::memcpy(&block, static_cast<const BYTE*>(from) + offset, sizeof block);
+        std::memcpy(static_cast<BYTE*>(to) + offset, &block, sizeof block);
+    }
+}
+
+// Values of the typed layer have 1, 2, 4 or 8 bytes, which are worth a move of their own.
+inline void CopyBytes(void* to, const void* from, DWORD count)
+{
+    if (count == 4)
+        std::memcpy(to, from, 4);
+    else if (count == 2)
+        std::memcpy(to, from, 2);
+    else if (count == 1)
+        std::memcpy(to, from, 1);
+    else if (count == 8)
+        std::memcpy(to, from, 8);
+    else if (count)
+        CopyLong(to, from, count);
+}
+
+struct MemoryWindow {
+    BYTE* bytes = nullptr;
+    DWORD size = 0;
+    DWORD room = 0;
+    int growBy = 0;
+    DWORD position = 0;
+
+    // A window that gave its block away keeps size and position; it has no room and reads nothing.
+    bool CanRead(DWORD count) const { return count <= size - position && bytes; }
+    bool CanWrite(DWORD count) const { return DWORDLONG{position} + count <= room; }
+
+    BYTE* GiveAway()
+    {
+        room = 0;
+        return std::exchange(bytes, nullptr);
+    }
+    void Take(void* buffer, DWORD count)
+    {
+        const BYTE* from = bytes + position;
+        position += count;
+        CopyBytes(buffer, from, count);
+    }
+    void Put(const void* buffer, DWORD count)
+    {
+        BYTE* to = bytes + position;
+        position += count;
+        if (position > size) size = position;
+        CopyBytes(to, buffer, count);
+    }
+
+    // The room that a write of count bytes beyond it needs, in whole grow steps. Throws when there is no
+    // step.
+    DWORDLONG GrownRoom(DWORD count) const;
+    void CheckSeek(DWORD target) const;
+    DWORD SkipTarget(int count) const;
+    [[noreturn]] static void ThrowReadPastEnd();
+    [[noreturn]] static void ThrowMayNotGrow();
+    [[noreturn]] static void ThrowCannotGrow(DWORD error);
+};
+
+} // namespace corekit::detail
