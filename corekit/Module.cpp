@@ -1,9 +1,11 @@
 // What happens when this library is loaded and unloaded.
 #include "corekit/framework/Module.h"
-
+#include "corekit/foundation/Timecode.h"
 #include "corekit/resources/StringTable.h"
+#include "corekit/stores/RegistryKey.h"
 #include "corekit/WireUp.h"
 
+#include <exception>
 #include <new>
 
 namespace {
@@ -11,11 +13,26 @@ constinit AFX_EXTENSION_MODULE library;
 
 void AddToChain() { static_cast<void>(new (std::nothrow) CDynLinkLibrary(library)); }
 
+// Takes the standard that the machine is set to. The key is opened for writing, so a user who may not write
+// there keeps the default, as does everyone for whom anything fails.
+void ReadTimecodeStandard()
+try {
+    CRegistryKey key;
+    unsigned int ntsc = 0;
+    if (!key.Open(HKEY_LOCAL_MACHINE, "Software\\Corvane", 0x2001F)) return;
+    if (key.GetValue("NTSC Mode", ntsc) && ntsc != 0) CTimecode::SetNTSC(0);
+} catch (CException* e) {
+    e->Delete();
+} catch (const std::exception&) {
+}
+
 // Class records have linked themselves before this runs; what else it touches is ready without code.
 [[gnu::constructor]] void Start()
 {
     library.strings = corekit::detail::StringTable();
-    if (AfxInitExtensionModule(library, nullptr)) AddToChain();
+    if (!AfxInitExtensionModule(library, nullptr)) return;
+    AddToChain();
+    ReadTimecodeStandard();
 }
 
 [[gnu::destructor]] void Stop() { AfxTermExtensionModule(library); }

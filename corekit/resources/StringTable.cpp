@@ -6,6 +6,7 @@
 
 namespace {
 constexpr ResourceString table[] = {
+    {4099, "FATAL: Operating system failed to provide timezone information.  Unable to continue."},
     {4101, "[FileStream] Set End Of File failed"},
     {4102, "Invalid object version found.  Object=[%1], version found=%2, max supported version=%3"},
     {4103, "[File Stream] Unable to set cursor position"},

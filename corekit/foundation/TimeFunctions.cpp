@@ -1,0 +1,189 @@
+#include "corekit/foundation/TimeFunctions.h"
+
+#include "corekit/framework/MessageBox.h"
+#include "corekit/platform/SystemTime.h"
+
+#include <climits>
+#include <optional>
+#include <string>
+
+namespace {
+constexpr UINT noTimeZone = 4099;
+constexpr long secondsPerDay = 86400;
+constexpr LONGLONG fileTimeOfEpoch = 116444736000000000;
+constexpr int room = 4096;
+
+long AskBias()
+{
+    TIME_ZONE_INFORMATION zone{};
+    switch (GetTimeZoneInformation(&zone)) {
+    case TIME_ZONE_ID_UNKNOWN:
+        return zone.Bias * 60L;
+    case TIME_ZONE_ID_STANDARD:
+        return (zone.Bias + zone.StandardBias) * 60L;
+    case TIME_ZONE_ID_DAYLIGHT:
+        return (zone.Bias + zone.DaylightBias) * 60L;
+    default:
+        AfxMessageBox(noTimeZone);
+        AfxAbort();
+    }
+}
+
+long Bias()
+{
+    static const long bias = AskBias();
+    return bias;
+}
+
+long Shifted(long t, long by)
+{
+    long result;
+    if (__builtin_add_overflow(t, by, &result)) result = by < 0 ? LONG_MIN : LONG_MAX;
+    return result < 0 ? result + secondsPerDay : result;
+}
+
+CTimecode Shifted(const CTimecode& t, long by)
+{
+    long seconds = (t.GetHours() * 60L + t.GetMinutes()) * 60 + t.GetSeconds() + by;
+    if (seconds < 0) seconds += secondsPerDay;
+    return {static_cast<int>(seconds / 3600 % 24), static_cast<int>(seconds / 60 % 60),
+            static_cast<int>(seconds % 60), t.GetFrames()};
+}
+
+bool BreakDown(long t, std::tm& out) { return t >= 0 && gmtime_r(&t, &out) != nullptr; }
+
+// Adds and multiplies as long as the values fit 32 bits.
+std::optional<LONG> Carry(std::optional<LONG> value, LONG factor, int more)
+{
+    LONG result;
+    if (!value || __builtin_mul_overflow(*value, factor, &result) ||
+        __builtin_add_overflow(result, more, &result))
+        return std::nullopt;
+    return result;
+}
+
+std::optional<LONG> SecondsOf(const std::tm& t)
+{
+    static constexpr int daysBefore[12] = {-1, 30, 58, 89, 119, 150, 180, 211, 242, 272, 303, 333};
+    const bool leapDay = t.tm_year % 4 == 0 && t.tm_mon > 1;
+    const LONG days =
+        t.tm_year * 365 + (t.tm_year - 1) / 4 - 25567 + daysBefore[t.tm_mon] + (leapDay ? 1 : 0);
+    return Carry(Carry(Carry(Carry(days, 1, t.tm_mday), 24, t.tm_hour), 60, t.tm_min), 60, t.tm_sec);
+}
+
+bool YearFits(const std::tm& t) { return t.tm_year >= 69 && t.tm_year <= 139; }
+
+template <class Text>
+void FormatNarrow(Text& out, const char* format, const std::tm& t)
+{
+    const std::string pattern = format ? format : ""; // it may be out's own text
+    char* buffer = out.GetBuffer(room);
+    if (std::strftime(buffer, room, pattern.c_str(), &t) == 0) buffer[0] = 0;
+    out.ReleaseBuffer(-1);
+}
+
+// A conversion goes through the narrow function; all other units are copied.
+StringW FormatWide(const WCHAR* format, const std::tm& t)
+{
+    StringW result;
+    for (const WCHAR* at = format ? format : u""; *at;) {
+        const WCHAR* from = at++;
+        if (*from != '%') {
+            while (*at && *at != '%') ++at;
+            result += StringW(from, static_cast<int>(at - from));
+            continue;
+        }
+        std::string pattern = "%";
+        if (*at == 'E' || *at == 'O' || *at == '#') pattern += static_cast<char>(*at++);
+        if (*at == 0 || *at > 126) continue;
+        pattern += static_cast<char>(*at++);
+        CString piece;
+        FormatNarrow(piece, pattern.c_str(), t);
+        result += StringW(piece.GetString());
+    }
+    return result.GetLength() < room ? result : StringW();
+}
+
+template <class Text, class Char>
+void FormatTime(Text& out, const Char* format, long t, int bToLocal)
+{
+    std::tm parts{};
+    time_GetTimeStructure(parts, t, bToLocal);
+    time_FormatString(out, format, parts);
+}
+} // namespace
+
+long time_GetCurrentTime(int bLocal)
+{
+    const long now = std::time(nullptr);
+    return bLocal ? time_UTCToLocal(now) : now;
+}
+
+long time_LocalToUTC(long t) { return Shifted(t, Bias()); }
+long time_UTCToLocal(long t) { return Shifted(t, -Bias()); }
+CTimecode time_LocalToUTC(const CTimecode& t) { return Shifted(t, Bias()); }
+CTimecode time_UTCToLocal(const CTimecode& t) { return Shifted(t, -Bias()); }
+
+int time_GetTimeStructure(std::tm& out, long t, int bToLocal)
+{
+    std::tm parts{};
+    if (!BreakDown(bToLocal ? time_UTCToLocal(t) : t, parts)) return 0;
+    out = parts;
+    return 1;
+}
+
+long time_GetTimeValue(std::tm& t, int bFromLocal)
+{
+    if (!YearFits(t)) return -1;
+    if (t.tm_mon < 0 || t.tm_mon > 11) {
+        const int years = t.tm_mon / 12 - (t.tm_mon % 12 < 0 ? 1 : 0);
+        t.tm_mon -= years * 12;
+        t.tm_year += years;
+        if (!YearFits(t)) return -1;
+    }
+    const std::optional<LONG> seconds = SecondsOf(t);
+    if (!seconds || !BreakDown(*seconds, t)) return -1;
+    return bFromLocal ? time_LocalToUTC(*seconds) : *seconds;
+}
+
+void time_FormatString(CString& out, const char* format, const std::tm& t) { FormatNarrow(out, format, t); }
+void time_FormatString(StringA& out, const char* format, const std::tm& t) { FormatNarrow(out, format, t); }
+void time_FormatString(StringW& out, const WCHAR* format, const std::tm& t) { out = FormatWide(format, t); }
+
+void time_FormatString(CString& out, const char* format, long t, int bToLocal)
+{
+    FormatTime(out, format, t, bToLocal);
+}
+void time_FormatString(StringA& out, const char* format, long t, int bToLocal)
+{
+    FormatTime(out, format, t, bToLocal);
+}
+void time_FormatString(StringW& out, const WCHAR* format, long t, int bToLocal)
+{
+    FormatTime(out, format, t, bToLocal);
+}
+
+void time_FormatCurrentTime(CString& out, const char* format, int bToLocal)
+{
+    FormatTime(out, format, time_GetCurrentTime(0), bToLocal);
+}
+void time_FormatCurrentTime(StringA& out, const char* format, int bToLocal)
+{
+    FormatTime(out, format, time_GetCurrentTime(0), bToLocal);
+}
+void time_FormatCurrentTime(StringW& out, const WCHAR* format, int bToLocal)
+{
+    FormatTime(out, format, time_GetCurrentTime(0), bToLocal);
+}
+
+_FILETIME FileTimeFromUnixTime(const long& t)
+{
+    const DWORDLONG ticks = static_cast<DWORDLONG>(t) * 10000000 + fileTimeOfEpoch;
+    return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+}
+
+long UnixTimeFromFileTime(const _FILETIME& t)
+{
+    const DWORDLONG ticks = static_cast<DWORDLONG>(t.dwHighDateTime) << 32 | t.dwLowDateTime;
+    return static_cast<long>((static_cast<LONGLONG>(ticks) - fileTimeOfEpoch) / 10000000);
+}

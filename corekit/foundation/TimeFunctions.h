@@ -1,0 +1,42 @@
+// A thin layer over the runtime's time functions, with one time zone offset for the life of the process.
+//
+// Times are seconds since 1970 in UTC, or the same shifted to local time. The offset is asked for at the
+// first use and kept, so a change to or from daylight saving is not seen until the next start. If the system
+// cannot tell it, message 4099 is shown and the process ends. Any thread.
+#pragma once
+
+#include "corekit/foundation/StringA.h"
+#include "corekit/foundation/StringW.h"
+#include "corekit/foundation/Timecode.h"
+
+#include <ctime>
+
+COREKIT_API long time_GetCurrentTime(int bLocal);
+
+// A result below zero is moved a day up. The timecode forms stay within the day and keep the frames.
+COREKIT_API long time_LocalToUTC(long t);
+COREKIT_API long time_UTCToLocal(long t);
+COREKIT_API CTimecode time_LocalToUTC(const CTimecode& t);
+COREKIT_API CTimecode time_UTCToLocal(const CTimecode& t);
+
+// Breaks a time down as it stands, after moving it to local time if asked. 0, with `out` untouched, for a
+// time before 1970.
+COREKIT_API int time_GetTimeStructure(std::tm& out, long t, int bToLocal);
+// The inverse. Years 1969 to 2039; fields out of range are carried and come back normalised. -1 for what lies
+// outside or passes 32 bits.
+COREKIT_API long time_GetTimeValue(std::tm& t, int bFromLocal);
+
+// strftime, cut off at 4095 characters: a longer result is empty.
+COREKIT_API void time_FormatString(CString& out, const char* format, const std::tm& t);
+COREKIT_API void time_FormatString(StringA& out, const char* format, const std::tm& t);
+COREKIT_API void time_FormatString(StringW& out, const WCHAR* format, const std::tm& t);
+COREKIT_API void time_FormatString(CString& out, const char* format, long t, int bToLocal);
+COREKIT_API void time_FormatString(StringA& out, const char* format, long t, int bToLocal);
+COREKIT_API void time_FormatString(StringW& out, const WCHAR* format, long t, int bToLocal);
+COREKIT_API void time_FormatCurrentTime(CString& out, const char* format, int bToLocal);
+COREKIT_API void time_FormatCurrentTime(StringA& out, const char* format, int bToLocal);
+COREKIT_API void time_FormatCurrentTime(StringW& out, const WCHAR* format, int bToLocal);
+
+// File times count 100 nanoseconds since 1601.
+COREKIT_API _FILETIME FileTimeFromUnixTime(const long& t);
+COREKIT_API long UnixTimeFromFileTime(const _FILETIME& t);

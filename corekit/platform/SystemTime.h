@@ -1,0 +1,26 @@
+// The clock and the time zone.
+#pragma once
+
+#include "corekit/platform/Export.h"
+#include "corekit/platform/Types.h"
+
+struct SYSTEMTIME {
+    WORD wYear, wMonth, wDayOfWeek, wDay; // month and day from 1, Sunday is 0
+    WORD wHour, wMinute, wSecond, wMilliseconds;
+};
+static_assert(sizeof(SYSTEMTIME) == 16);
+
+// In UTC.
+COREKIT_API void GetSystemTime(SYSTEMTIME* time);
+
+// UTC is local time plus Bias plus the bias of the season, in minutes.
+struct TIME_ZONE_INFORMATION {
+    LONG Bias;
+    LONG StandardBias;
+    LONG DaylightBias;
+};
+inline constexpr DWORD TIME_ZONE_ID_UNKNOWN = 0, TIME_ZONE_ID_STANDARD = 1, TIME_ZONE_ID_DAYLIGHT = 2,
+                       TIME_ZONE_ID_INVALID = 0xFFFFFFFF;
+
+// The zone of the process (TZ) at this moment; says which season is in force.
+COREKIT_API DWORD GetTimeZoneInformation(TIME_ZONE_INFORMATION* zone);
