@@ -19,6 +19,7 @@ TEST(FontDescriptor, TextFollowsEveryChangeButEmpty)
     font.AddFont("Arial");
     font.AddFont("Times");
     EXPECT_EQ(textOf(font), "12\n2\nArial\nTimes\n");
+    EXPECT_TRUE(font.GetEmbeddingString() == StringW(u"12\n2\nArial\nTimes\n"));
     font.ReplaceFont(1, "Courier");
     font.ReplaceFont(2, "nowhere");
     font.ReplaceFont(-1, "nowhere");

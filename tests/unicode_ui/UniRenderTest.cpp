@@ -15,7 +15,6 @@
 namespace {
 
 constexpr int width = 400, height = 60;
-constexpr char hebrewAndLatin[] = "DejaVu Sans";
 
 class Surface {
 public:
@@ -46,6 +45,33 @@ private:
     DWORD* m_pixels = nullptr;
 };
 
+// The renderer's font, selected by hand.
+class PlainFont {
+public:
+    explicit PlainFont(HDC dc)
+        : m_dc(dc), m_font(CreateFontA(24, 0, 0, 0, FW_NORMAL, 0, 0, 0, 1, 0, 0, 0, 0, "DejaVu Sans")),
+          m_before(SelectObject(dc, m_font))
+    {
+    }
+    ~PlainFont()
+    {
+        SelectObject(m_dc, m_before);
+        DeleteObject(m_font);
+    }
+    HFONT handle() const { return m_font; }
+    int widthOf(std::u16string_view text, UINT options) const
+    {
+        SIZE size{};
+        GetTextExtentPoint32W(m_dc, text.data(), static_cast<int>(text.size()), &size, options);
+        return size.cx;
+    }
+
+private:
+    HDC m_dc;
+    HFONT m_font;
+    HGDIOBJ m_before;
+};
+
 class UniRender : public testing::Test {
 protected:
     CUnicodeManager& manager = *CUnicodeManager::Initialise(TRUE);
@@ -74,17 +100,11 @@ protected:
     Surface::Picture byHand(std::initializer_list<std::pair<std::u16string, UINT>> pieces, int x = 5)
     {
         Surface surface;
-        const HFONT font = CreateFontA(24, 0, 0, 0, FW_NORMAL, 0, 0, 0, 1, 0, 0, 0, 0, hebrewAndLatin);
-        const HGDIOBJ before = SelectObject(surface.dc(), font);
+        const PlainFont font(surface.dc());
         for (const auto& [text, options] : pieces) {
-            SIZE size{};
-            const auto count = static_cast<UINT>(text.size());
-            GetTextExtentPoint32W(surface.dc(), text.data(), static_cast<int>(count), &size, options);
-            ExtTextOutW(surface.dc(), x, 5, options, nullptr, text.data(), count);
-            x += size.cx;
+            ExtTextOutW(surface.dc(), x, 5, options, nullptr, text.data(), static_cast<UINT>(text.size()));
+            x += font.widthOf(text, options);
         }
-        SelectObject(surface.dc(), before);
-        DeleteObject(font);
         return surface.picture();
     }
 };
@@ -115,13 +135,9 @@ TEST_F(UniRender, ArabicIsJoinedAndReadsFromTheRight)
 TEST_F(UniRender, MarkLiesOverTheLetterThatFollowsItOnTheSurface)
 {
     Surface surface;
-    const HFONT font = CreateFontA(24, 0, 0, 0, FW_NORMAL, 0, 0, 0, 1, 0, 0, 0, 0, hebrewAndLatin);
-    const HGDIOBJ before = SelectObject(surface.dc(), font);
-    ExtTextOutW(surface.dc(), 5, 5, asIs, nullptr, u"\uFE8F", 1);
-    ExtTextOutW(surface.dc(), 5, 5, asIs, nullptr, u"\u064E", 1);
+    const PlainFont font(surface.dc());
+    for (const WCHAR c : {u'\uFE8F', u'\u064E'}) ExtTextOutW(surface.dc(), 5, 5, asIs, nullptr, &c, 1);
     EXPECT_EQ(drawn(u"\u0628\u064E"), surface.picture());
-    SelectObject(surface.dc(), before);
-    DeleteObject(font);
 }
 
 TEST_F(UniRender, ComplexModeLeavesTheLineToThePlatform)
@@ -153,21 +169,16 @@ TEST_F(UniRender, OnlyTheFirstRunPaintsTheBackground)
 TEST_F(UniRender, MeasuresWhatThePlatformDraws)
 {
     Surface surface;
-    const HFONT font = CreateFontA(24, 0, 0, 0, FW_NORMAL, 0, 0, 0, 1, 0, 0, 0, 0, hebrewAndLatin);
-    const HGDIOBJ before = SelectObject(surface.dc(), font);
-    SIZE latin{}, joined{};
-    GetTextExtentPoint32W(surface.dc(), u"Hallo", 5, &latin);
-    GetTextExtentPoint32W(surface.dc(), u"\uFE91\uFE90", 2, &joined, asIs);
-    SelectObject(surface.dc(), before);
-    DeleteObject(font);
-
+    const PlainFont font(surface.dc());
+    const auto widthOf = [&](const WCHAR* glyphs, int spacing) {
+        return render.CalcGlyphStringSize(glyphs, -1, spacing).cx;
+    };
     render.AttachDC(surface.dc());
-    EXPECT_EQ(render.CalcLogicalStringSize(u"Hallo and more", 5, 0), CSize(latin.cx, latin.cy + 2));
+    EXPECT_EQ(render.CalcLogicalStringSize(u"Hallo and more", 5, 0),
+              CSize(font.widthOf(u"Hallo", 0), 24 + 2));
     EXPECT_EQ(render.CalcLogicalStringSize(u"", -1, 0), CSize(0, 0));
-    EXPECT_EQ(render.CalcGlyphStringSize(u"\uFE91\u064E\uFE90", -1, 0).cx, joined.cx);
-    EXPECT_EQ(render.CalcGlyphStringSize(u"\uE301\uE302", -1, 1).cx -
-                  render.CalcGlyphStringSize(u"\uE301\uE302", -1, 0).cx,
-              4);
+    EXPECT_EQ(widthOf(u"\uFE91\u064E\uFE90", 0), font.widthOf(u"\uFE91\uFE90", asIs));
+    EXPECT_EQ(widthOf(u"\uE301\uE302", 1), widthOf(u"\uE301\uE302", 0) + 4);
     render.DetachDC();
     EXPECT_EQ(render.CalcLogicalStringSize(u"detached", -1, 0), CSize(0, 0));
 }
@@ -188,18 +199,15 @@ TEST_F(UniRender, HeightIsThatOfTheTallestFontUntilTheNextCreate)
 TEST_F(UniRender, ContextGetsItsFontBack)
 {
     Surface surface;
-    const HFONT own = CreateFontA(-31, 0, 0, 0, FW_NORMAL, 0, 0, 0, 1, 0, 0, 0, 0, hebrewAndLatin);
-    const HGDIOBJ first = SelectObject(surface.dc(), own);
+    const PlainFont own(surface.dc());
     const std::function<void()> lettingGo[] = {
         [&] { render.DetachDC(); }, [&] { render.Create(20, FALSE, FALSE, FALSE); }, [&] { render.Reset(); }};
     for (const auto& letGo : lettingGo) {
         render.AttachDC(surface.dc());
         render.DrawLogicalString(0, 0, 0, whole, u"ab", -1, 0);
         letGo();
-        EXPECT_EQ(SelectObject(surface.dc(), own), own);
+        EXPECT_EQ(SelectObject(surface.dc(), own.handle()), own.handle());
     }
-    SelectObject(surface.dc(), first);
-    DeleteObject(own);
 }
 
 std::string failureOf(const std::function<void()>& action)

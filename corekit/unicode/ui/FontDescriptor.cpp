@@ -143,6 +143,8 @@ CString CFontDescriptor::GetFont(int index) const
     return index >= 0 && index < GetCount() ? CString(m_fonts.GetAt(index)) : CString();
 }
 
+StringW CFontDescriptor::GetEmbeddingString() const { return StringW(m_combined.GetString()); }
+
 CString CFontDescriptor::GetFontForLocale(WORD langId) const
 {
     CUnicodeManager* const manager = CUnicodeManager::GetObjectA();

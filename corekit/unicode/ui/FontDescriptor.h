@@ -6,6 +6,7 @@
 // regard to case.
 #pragma once
 
+#include "corekit/foundation/StringW.h"
 #include "corekit/framework/Array.h"
 #include "corekit/framework/Object.h"
 #include "corekit/framework/String.h"
@@ -41,6 +42,7 @@ public:
     // Face 0 is the primary one. Empty outside the list.
     CString GetFont(int index) const;
     const CString& GetCombinedString() const { return m_combined; }
+    StringW GetEmbeddingString() const;
 
     // The first face whose signature holds all of the language's; the primary face if none does or if a
     // face before it is unknown here.

@@ -8,6 +8,7 @@
 #include "corekit/unicode/ui/UnicodeManager.h"
 
 #include <algorithm>
+#include <climits>
 #include <string>
 
 using corekit::detail::GlyphRun;
@@ -29,7 +30,8 @@ constexpr int measureLeading = 2;
 int lengthOf(const WCHAR* text, int count)
 {
     if (!text) return 0;
-    return count < 0 ? static_cast<int>(std::char_traits<WCHAR>::length(text)) : count;
+    if (count >= 0) return count;
+    return static_cast<int>(std::min<std::size_t>(std::char_traits<WCHAR>::length(text), INT_MAX));
 }
 
 RunRules rulesOf(int extraSpacing)
