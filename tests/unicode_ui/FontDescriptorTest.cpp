@@ -1,10 +1,13 @@
 #include "corekit/unicode/ui/FontDescriptor.h"
 
+#include "corekit/foundation/ChainedException.h"
+#include "corekit/stores/MemoryStream.h"
 #include "corekit/unicode/ui/XPCConfigNode.h"
 
+#include <cstring>
 #include <gtest/gtest.h>
 #include <map>
-#include <optional>
+#include <string>
 #include <vector>
 
 namespace {
@@ -68,6 +71,66 @@ TEST(FontDescriptor, TextsAreReadAsFarAsTheirLinesGo)
         strict.AddFont("former");
         strict = c.text;
         EXPECT_EQ(textOf(strict), c.strict);
+    }
+}
+
+TEST(FontDescriptor, StreamHoldsCountThenSizeThenFaces)
+{
+    CFontDescriptor font, read;
+    font.SetSize(-9);
+    font.AddFont("Ab");
+    font.AddFont("");
+    CMemoryStream stream(16, 16);
+    font.WriteStream(stream);
+    const unsigned char bytes[] = {2, 0, 0, 0, 0xF7, 0xFF, 0xFF, 0xFF, 2, 0, 'A', 0, 'b', 0, 0, 0};
+    ASSERT_EQ(stream.GetSize(), sizeof bytes);
+    EXPECT_EQ(std::memcmp(stream.GetMemoryBufferPointer(), bytes, sizeof bytes), 0);
+    stream.SeekToPos(0);
+    read.AddFont("former");
+    read.ReadStream(stream);
+    EXPECT_EQ(textOf(read), "-9\n2\nAb\n\n");
+}
+
+std::string chainOf(CChainedException* e)
+{
+    const std::string text = e->BuildMessageString().GetString();
+    e->Delete();
+    return text;
+}
+
+TEST(FontDescriptor, DamagedStreamsAreToldAndLeaveNoFaces)
+{
+    const std::vector<std::vector<unsigned char>> damaged = {
+        {},                                                 // nothing
+        {1, 0},                                             // half a count
+        {0, 0, 0, 0, 12, 0, 0, 0},                          // no faces
+        {0xFF, 0xFF, 0xFF, 0xFF, 12, 0, 0, 0},              // count -1
+        {0xFF, 0xFF, 0xFF, 0x7F, 12, 0, 0, 0, 1, 0, 65, 0}, // more faces than bytes
+        {1, 0, 0, 0, 12, 0, 0, 0, 0xFF, 0xFF, 65, 0},       // a face longer than the stream
+    };
+    for (const auto& bytes : damaged) {
+        CFontDescriptor font;
+        font.AddFont("former");
+        CMemoryStream stream(bytes.data(), static_cast<int>(bytes.size()));
+        std::string told;
+        try {
+            font.ReadStream(stream);
+        } catch (CChainedException* e) {
+            told = chainOf(e);
+        }
+        EXPECT_EQ(told.find("Read from stream of object \"CFontDescriptor\" failed\n"), 0u) << told;
+        EXPECT_EQ(font.GetCount(), 0);
+        if (bytes.size() == 8) { // a count below 1
+            EXPECT_NE(told.find("Data is corrupt."), told.npos) << told;
+        }
+    }
+    unsigned char small[4];
+    CMemoryStream full(small, sizeof small); // cannot grow
+    try {
+        CFontDescriptor(u"1\n1\nA\n").WriteStream(full);
+        FAIL() << "a full stream was written";
+    } catch (CChainedException* e) {
+        EXPECT_EQ(chainOf(e).find("Write to stream of object \"CFontDescriptor\" failed\n"), 0u);
     }
 }
 

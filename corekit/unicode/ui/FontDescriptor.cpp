@@ -1,5 +1,8 @@
 #include "corekit/unicode/ui/FontDescriptor.h"
 
+#include "corekit/foundation/ChainedException.h"
+#include "corekit/foundation/Stream.h"
+#include "corekit/framework/Exception.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
 #include "corekit/unicode/ui/FontSignature.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
@@ -14,6 +17,8 @@ namespace {
 
 constexpr int fallbackSize = 12;
 constexpr const char* fallbackFace = "Arial";
+
+enum : UINT { dataCorrupt = 4147, readFailed = 4148, writeFailed = 4149 };
 
 // Takes the text up to the next line feed off the front, false if there is none.
 bool takeLine(std::u16string_view& rest, std::u16string_view& line)
@@ -157,6 +162,36 @@ CString CFontDescriptor::GetFontForLocale(WORD langId) const
         if (held.Contains(wanted)) return GetFont(i);
     }
     return GetFont(0);
+}
+
+void CFontDescriptor::ReadStream(CStream& stream)
+{
+    try {
+        m_fonts.RemoveAll();
+        const int count = stream.read_int32();
+        if (count < 1) ThrowChainedException(nullptr, dataCorrupt);
+        m_size = stream.read_int32();
+        for (int i = 0; i < count; ++i) {
+            CString face;
+            stream.Read(face);
+            m_fonts.Add(face);
+        }
+        UpdateCombinedString();
+    } catch (CException* e) {
+        m_fonts.RemoveAll();
+        ThrowChainedException(e, readFailed);
+    }
+}
+
+void CFontDescriptor::WriteStream(CStream& stream) const
+{
+    try {
+        stream.write_int32(GetCount());
+        stream.write_int32(m_size);
+        for (int i = 0; i < GetCount(); ++i) stream.Write(m_fonts.GetAt(i).GetString());
+    } catch (CException* e) {
+        ThrowChainedException(e, writeFailed);
+    }
 }
 
 bool CFontDescriptor::Load(IXPCConfigNode* node, const char* prefix)

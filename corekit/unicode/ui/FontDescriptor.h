@@ -12,6 +12,7 @@
 #include "corekit/framework/String.h"
 #include "corekit/platform/Export.h"
 
+class CStream;
 class IXPCConfigNode;
 
 // A value. One thread at a time.
@@ -47,6 +48,10 @@ public:
     // The first face whose signature holds all of the language's; the primary face if none does or if a
     // face before it is unknown here.
     CString GetFontForLocale(WORD langId) const;
+
+    // Count, size, faces. Throw CChainedException; a failed read leaves no faces.
+    void ReadStream(CStream& stream);
+    void WriteStream(CStream& stream) const;
 
     // Keys "size", "count", "font-1" and on, with the prefix and a hyphen before each unless it is null or
     // empty. A failed load returns false and keeps the faces that it found.
