@@ -1,0 +1,120 @@
+#include "corekit/platform/Runtime.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <random>
+#include <string>
+#include <sys/mman.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+// Text that ends with its page, in front of one that must not be read.
+class PageEnd {
+public:
+    PageEnd() : m_size(static_cast<std::size_t>(::sysconf(_SC_PAGESIZE)))
+    {
+        m_pages = static_cast<char*>(
+            ::mmap(nullptr, 2 * m_size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+        ::mprotect(m_pages + m_size, m_size, PROT_NONE);
+    }
+    PageEnd(const PageEnd&) = delete;
+    PageEnd& operator=(const PageEnd&) = delete;
+    ~PageEnd() { ::munmap(m_pages, 2 * m_size); }
+
+    WCHAR* place(std::u16string_view text) const
+    {
+        auto* const to = reinterpret_cast<WCHAR*>(m_pages + m_size) - text.size();
+        text.copy(to, text.size());
+        return to;
+    }
+
+private:
+    std::size_t m_size;
+    char* m_pages;
+};
+
+TEST(Runtime16, NeverReadsThePageBehindTheText)
+{
+    const PageEnd page;
+    for (std::size_t length = 0; length < 40; ++length) {
+        const std::u16string text(length, u'a');
+        WCHAR* const p = page.place(text + u'\0');
+        EXPECT_EQ(crt16::wcslen(p), length);
+        EXPECT_EQ(crt16::wcschr(p, u'b'), nullptr);
+        EXPECT_EQ(crt16::wcschr(p, 0), p + length);
+        EXPECT_EQ(crt16::wcsstr(p, u"ab"), nullptr);
+        EXPECT_EQ(crt16::wcsspn(p, u"a"), length);
+        WCHAR* const open = page.place(text);
+        EXPECT_EQ(crt16::find({open, length}, u"ab"), crt16::npos);
+        EXPECT_EQ(crt16::find({open, length}, u'b'), crt16::npos);
+    }
+}
+
+TEST(Runtime16, FindAgreesWithTheSlowWay)
+{
+    std::mt19937 random(3);
+    for (int turn = 0; turn < 3000; ++turn) {
+        std::u16string hay(random() % 80, u'\0'), needle(random() % 6, u'\0');
+        for (WCHAR& unit : hay) unit = static_cast<WCHAR>(u'a' + random() % 3);
+        for (WCHAR& unit : needle) unit = static_cast<WCHAR>(u'a' + random() % 3);
+        const std::size_t from = random() % 90;
+        const std::size_t expected = from > hay.size() ? crt16::npos : hay.find(needle, from);
+        ASSERT_EQ(crt16::find(hay, needle, from), expected);
+        ASSERT_EQ(crt16::find(hay, u'b', from), hay.find(u'b', from));
+        const WCHAR* const last = crt16::wcsrchr(hay.c_str(), u'c');
+        ASSERT_EQ(last != nullptr ? static_cast<std::size_t>(last - hay.c_str()) : crt16::npos,
+                  hay.rfind(u'c'));
+        const std::size_t span = hay.find_first_not_of(needle);
+        ASSERT_EQ(crt16::wcsspn(hay.c_str(), needle.c_str()), span == hay.npos ? hay.size() : span);
+        const std::size_t other = hay.find_first_of(needle);
+        ASSERT_EQ(crt16::wcscspn(hay.c_str(), needle.c_str()), other == hay.npos ? hay.size() : other);
+    }
+}
+
+TEST(Runtime16, ComparisonIsByUnsignedUnit)
+{
+    EXPECT_LT(crt16::wcscmp(u"a\x7FFF", u"a\x8000"), 0);
+    EXPECT_GT(crt16::wcscmp(u"ab", u"a"), 0);
+    EXPECT_EQ(crt16::wcscmp(u"ab", u"ab"), 0);
+    EXPECT_EQ(crt16::wcsncmp(u"abc", u"abd", 2), 0);
+    EXPECT_EQ(crt16::_wcsicmp(u"STRASSE Ärger Дом", u"strasse äRGER дОМ"), 0);
+    EXPECT_LT(crt16::_wcsicmp(u"a", u"B"), 0);
+    EXPECT_NE(crt16::_wcsicmp(u"a", u"ab"), 0);
+}
+
+TEST(Runtime16, CaseMapsOneUnitToOneUnit)
+{
+    WCHAR text[] = u"aßÿж\xD801\xDC28İı";
+    EXPECT_EQ(std::u16string(crt16::_wcsupr(text)), u"AßŸЖ\xD801\xDC28İI");
+    EXPECT_EQ(crt16::towlower(u'Σ'), u'σ');
+    EXPECT_EQ(std::u16string(crt16::_wcsrev(text)), std::u16string(u"Iİ\xDC28\xD801ЖŸßA"));
+    char narrow[] = "az\xE4_Z9";
+    EXPECT_STREQ(_strupr(narrow), "AZ\xE4_Z9");
+    EXPECT_STREQ(_strlwr(narrow), "az\xE4_z9");
+    EXPECT_STREQ(_strrev(narrow), "9z_\xE4za");
+}
+
+TEST(Runtime, NarrowComparisonFoldsAsciiOnly)
+{
+    EXPECT_EQ(_stricmp("Straße", "sTRAßE"), 0);
+    EXPECT_NE(_stricmp("\xC4", "\xE4"), 0);
+    EXPECT_GT(_stricmp("\xC4", "z"), 0);
+    EXPECT_LT(_stricmp("ab", "abc"), 0);
+    EXPECT_EQ(_strnicmp("abX", "ABY", 2), 0);
+    EXPECT_EQ(lstrlenA(nullptr), 0);
+}
+
+TEST(Runtime16, NumbersStopAtTheirLimits)
+{
+    EXPECT_EQ(crt16::_wtoi(u" \t-42x"), -42);
+    EXPECT_EQ(crt16::_wtoi(u"+7"), 7);
+    EXPECT_EQ(crt16::_wtoi(u"x"), 0);
+    EXPECT_EQ(crt16::_wtoi(u"99999999999999999999999"), 2147483647);
+    EXPECT_EQ(crt16::_wtoi(u"-99999999999999999999999"), -2147483647 - 1);
+    EXPECT_TRUE(crt16::iswspace(0xA0) && crt16::iswspace(0x3000) && crt16::iswspace(u'\v'));
+    EXPECT_FALSE(crt16::iswspace(0x200B) || crt16::iswspace(0) || crt16::iswspace(u'a'));
+}
+
+} // namespace
