@@ -8,13 +8,12 @@
 #include "corekit/platform/Types.h"
 
 #include <atomic>
-#include <mutex>
 
 struct CRITICAL_SECTION {
     LONG LockCount = -1;                 // -1 when free, 0 with one entry, one more for each entry on top
     LONG RecursionCount = 0;             // entries of the thread inside
     std::atomic<DWORD> OwningThread = 0; // its GetCurrentThreadId, 0 when free
-    std::mutex mutex;
+    std::atomic<int> LockState = 0;      // 0 free, 1 held, 2 held and perhaps waited for
 };
 
 // Readies a new section, or resets one that nobody holds.

@@ -46,6 +46,8 @@ TEST(Runtime16, NeverReadsThePageBehindTheText)
         EXPECT_EQ(crt16::wcschr(p, 0), p + length);
         EXPECT_EQ(crt16::wcsstr(p, u"ab"), nullptr);
         EXPECT_EQ(crt16::wcsspn(p, u"a"), length);
+        EXPECT_EQ(crt16::wcscmp(p, text.c_str()), 0);
+        EXPECT_GT(crt16::wcscmp((text + u'b').c_str(), p), 0);
         WCHAR* const open = page.place(text);
         EXPECT_EQ(crt16::find({open, length}, u"ab"), crt16::npos);
         EXPECT_EQ(crt16::find({open, length}, u'b'), crt16::npos);

@@ -12,17 +12,39 @@ bool isInside(const CRITICAL_SECTION& section, DWORD thread)
     return section.OwningThread.load(std::memory_order_relaxed) == thread;
 }
 
-void enterAgain(CRITICAL_SECTION& section)
+bool tryLock(std::atomic<int>& state)
 {
-    ++section.RecursionCount;
-    ++section.LockCount;
+    int expected = 0;
+    return state.compare_exchange_strong(expected, 1, std::memory_order_acquire, std::memory_order_relaxed);
 }
+
+// Whoever had to wait leaves the mark for those who may wait behind it. Kept apart: the short road needs no
+// saved registers.
+[[gnu::noinline]] void lockWaiting(std::atomic<int>& state)
+{
+    while (state.exchange(2, std::memory_order_acquire) != 0) state.wait(2, std::memory_order_relaxed);
+}
+
+[[gnu::noinline]] void wakeOne(std::atomic<int>& state) { state.notify_one(); }
+
+void unlock(std::atomic<int>& state)
+{
+    if (state.exchange(0, std::memory_order_release) == 2) wakeOne(state);
+}
+
+// Only the owner writes these.
+void setEntries(CRITICAL_SECTION& section, LONG entries)
+{
+    section.RecursionCount = entries;
+    section.LockCount = entries - 1;
+}
+
+void enterAgain(CRITICAL_SECTION& section) { setEntries(section, section.RecursionCount + 1); }
 
 void takeOver(CRITICAL_SECTION& section, DWORD thread)
 {
     section.OwningThread.store(thread, std::memory_order_relaxed);
-    section.RecursionCount = 1;
-    section.LockCount = 0;
+    setEntries(section, 1);
 }
 
 } // namespace
@@ -32,6 +54,7 @@ void InitializeCriticalSection(CRITICAL_SECTION* section)
     section->LockCount = -1;
     section->RecursionCount = 0;
     section->OwningThread = 0;
+    section->LockState = 0;
 }
 
 void DeleteCriticalSection(CRITICAL_SECTION*) {}
@@ -40,7 +63,7 @@ void EnterCriticalSection(CRITICAL_SECTION* section)
 {
     const DWORD thread = currentThreadId();
     if (isInside(*section, thread)) return enterAgain(*section);
-    section->mutex.lock();
+    if (!tryLock(section->LockState)) lockWaiting(section->LockState);
     takeOver(*section, thread);
 }
 
@@ -51,7 +74,7 @@ BOOL TryEnterCriticalSection(CRITICAL_SECTION* section)
         enterAgain(*section);
         return TRUE;
     }
-    if (!section->mutex.try_lock()) return FALSE;
+    if (!tryLock(section->LockState)) return FALSE;
     takeOver(*section, thread);
     return TRUE;
 }
@@ -59,8 +82,9 @@ BOOL TryEnterCriticalSection(CRITICAL_SECTION* section)
 void LeaveCriticalSection(CRITICAL_SECTION* section)
 {
     if (!isInside(*section, currentThreadId())) return;
-    --section->LockCount;
-    if (--section->RecursionCount > 0) return;
+    const LONG left = section->RecursionCount - 1;
+    setEntries(*section, left);
+    if (left > 0) return;
     section->OwningThread.store(0, std::memory_order_relaxed);
-    section->mutex.unlock();
+    unlock(section->LockState);
 }

@@ -33,6 +33,39 @@ COREKIT_READS_WHOLE_BLOCKS inline Units alignedBlock(const WCHAR* p)
     return *reinterpret_cast<const Units __attribute__((may_alias))*>(p);
 }
 
+// Whether a block that starts here ends in the same page, so that it may be read although the text may end
+// earlier. No machine has smaller pages.
+bool isBlockInPage(const WCHAR* p)
+{
+    constexpr std::uintptr_t kPage = 4096;
+    return reinterpret_cast<std::uintptr_t>(p) % kPage <= kPage - sizeof(Units);
+}
+
+COREKIT_READS_WHOLE_BLOCKS inline Units anyBlock(const WCHAR* p)
+{
+    using AnyPlace = Units __attribute__((may_alias, aligned(1)));
+    return *reinterpret_cast<const AnyPlace*>(p);
+}
+
+// How many units from the start are equal and not the end.
+COREKIT_READS_WHOLE_BLOCKS std::size_t equalPrefix(const WCHAR* a, const WCHAR* b)
+{
+    std::size_t i = 0;
+    for (;;) {
+        if (isBlockInPage(a + i) && isBlockInPage(b + i)) {
+            const Units units = anyBlock(a + i);
+            const unsigned same = laneBits(equalLanes(units, anyBlock(b + i)));
+            const unsigned end = laneBits(equalLanes(units, Units{}));
+            const unsigned stop = (~same & 0xFFFF) | end;
+            if (stop != 0) return i + firstLane(stop);
+            i += kLanes;
+        } else {
+            for (const std::size_t next = i + kLanes; i < next; ++i)
+                if (a[i] != b[i] || a[i] == 0) return i;
+        }
+    }
+}
+
 // The first unit that is zero or equals `unit`.
 COREKIT_READS_WHOLE_BLOCKS const WCHAR* findUnitOrEnd(const WCHAR* text, WCHAR unit)
 {
@@ -89,8 +122,8 @@ std::size_t wcslen(const WCHAR* text) { return static_cast<std::size_t>(findUnit
 
 int wcscmp(const WCHAR* a, const WCHAR* b)
 {
-    while (*a == *b && *a != 0) ++a, ++b;
-    return (*a > *b) - (*a < *b);
+    const std::size_t place = equalPrefix(a, b);
+    return (a[place] > b[place]) - (a[place] < b[place]);
 }
 
 int wcsncmp(const WCHAR* a, const WCHAR* b, std::size_t count)

@@ -99,7 +99,9 @@ Converted TablePage::widen(std::string_view text, WCHAR* result, std::size_t siz
     if (m_isSingle) {
         Converted converted{text.size(), size >= text.size(), false};
         const std::size_t written = std::min(size, text.size());
-        for (std::size_t i = 0; i < written; ++i) result[i] = m_units[static_cast<BYTE>(text[i])];
+        Sink<WCHAR> front(result, written);
+        std::size_t i = m_hasAscii ? copyAscii(text, front) : 0;
+        for (; i < written; ++i) result[i] = m_units[static_cast<BYTE>(text[i])];
         converted.hasUnknown = m_hasHoles && std::ranges::any_of(text, [this](char c) {
                                    return m_units[static_cast<BYTE>(c)] == kUnknown;
                                });
@@ -130,7 +132,8 @@ Converted TablePage::narrowSingle(std::u16string_view text, char* result, std::s
         converted.hasUnknown =
             std::ranges::any_of(text, [this](WCHAR unit) { return unit != 0 && codeOf(unit) == 0; });
     text = text.substr(0, size);
-    for (std::size_t i = 0; i < text.size(); ++i) {
+    Sink<char> front(result, size);
+    for (std::size_t i = m_hasAscii ? copyAscii(text, front) : 0; i < text.size(); ++i) {
         const WORD code = codeOf(text[i]);
         const bool isUnknown = code == 0 && text[i] != 0;
         converted.hasUnknown |= isUnknown;
