@@ -16,13 +16,9 @@
 using HKEY = struct HKEY__*;
 struct _SECURITY_ATTRIBUTES;
 
-namespace corekit::detail {
-inline HKEY Hive(LONG number) { return reinterpret_cast<HKEY>(static_cast<LONG_PTR>(number)); }
-} // namespace corekit::detail
-
 // Always open, whether or not anything is kept in them.
-inline const HKEY HKEY_CURRENT_USER = corekit::detail::Hive(static_cast<LONG>(0x80000001));
-inline const HKEY HKEY_LOCAL_MACHINE = corekit::detail::Hive(static_cast<LONG>(0x80000002));
+inline HKEY const HKEY_CURRENT_USER = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(-0x7FFFFFFF));
+inline HKEY const HKEY_LOCAL_MACHINE = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(-0x7FFFFFFE));
 
 inline constexpr DWORD REG_NONE = 0;
 inline constexpr DWORD REG_SZ = 1;

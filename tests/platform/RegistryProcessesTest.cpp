@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <functional>
+#include <sqlite3.h>
 #include <string>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -163,4 +164,33 @@ TEST_F(RegistryProcesses, UserWhoMayOnlyReadIsRefusedWritingAndStillReads)
     const pid_t other = Start([&] { return asReader(look); });
     EXPECT_EQ(ResultOf(other), 0) << "with no writer about";
     chmod(m_home.Path().c_str(), 0755);
+}
+
+TEST_F(RegistryProcesses, VolatileKeysGoWithTheMachinesRestart)
+{
+    const HKEY top = Create("Software");
+    HKEY key = nullptr;
+    ASSERT_EQ(
+        RegCreateKeyExA(top, "Passing", 0, nullptr, REG_OPTION_VOLATILE, kReadWrite, nullptr, &key, nullptr),
+        0);
+    RegCloseKey(Create("Software\\Passing\\Below"));
+    ASSERT_TRUE(Set(key, "v", 1));
+    const auto look = [&] {
+        HKEY opened = nullptr;
+        return RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\\Passing\\Below", 0, KEY_READ, &opened) == 0 ? 1
+                                                                                                        : 2;
+    };
+    EXPECT_EQ(ResultOf(Start(look)), 1);
+
+    sqlite3* file = nullptr;
+    ASSERT_EQ(sqlite3_open((m_home / "registry.db").c_str(), &file), SQLITE_OK);
+    EXPECT_EQ(Get(key, "v"), 1u);
+    const auto run = [&](const char* sql) { return sqlite3_exec(file, sql, nullptr, nullptr, nullptr); };
+    EXPECT_EQ(run("UPDATE items SET data = x'02000000'"), SQLITE_OK);
+    EXPECT_EQ(Get(key, "v"), 2u) << "a change by another program is seen too";
+    EXPECT_EQ(run("UPDATE keys SET boot = 'earlier' WHERE boot IS NOT NULL"), SQLITE_OK);
+    sqlite3_close(file);
+    EXPECT_EQ(ResultOf(Start(look)), 2);
+    RegCloseKey(key);
+    RegCloseKey(top);
 }

@@ -163,17 +163,6 @@ TEST_F(RegistryTest, OpeningMakesNoFileAndRemoteMachinesAreOutOfReach)
     RegCloseKey(key);
 }
 
-TEST_F(RegistryTest, VolatileKeysGoWithTheMachinesRestartOnly)
-{
-    HKEY key = nullptr;
-    ASSERT_EQ(RegCreateKeyExA(m_key, "Kept for now", 0, nullptr, REG_OPTION_VOLATILE, kReadWrite, nullptr,
-                              &key, nullptr),
-              0);
-    EXPECT_EQ(Set(key, "v", "1"), 0);
-    EXPECT_EQ(Get(key, "v"), "1");
-    RegCloseKey(key);
-}
-
 TEST_F(RegistryTest, DamagedFileIsReportedAndLeftAsItIs)
 {
     const TempFolder other;

@@ -1,5 +1,7 @@
 #include "corekit/platform/posix/RegistryText.h"
 
+#include "corekit/platform/CodePages.h"
+
 #include <algorithm>
 #include <unicode/uchar.h>
 #include <unicode/ustring.h>
@@ -11,18 +13,21 @@ bool IsAscii(std::string_view text)
     return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-// Bytes are taken as the first 256 code points.
 std::u16string Widen(std::string_view narrow)
 {
-    std::u16string wide;
-    for (const char c : narrow) wide += static_cast<unsigned char>(c);
+    const int size = static_cast<int>(narrow.size());
+    const int length = MultiByteToWideChar(CP_ACP, 0, narrow.data(), size, nullptr, 0);
+    std::u16string wide(static_cast<std::size_t>(length), u'\0');
+    MultiByteToWideChar(CP_ACP, 0, narrow.data(), size, wide.data(), length);
     return wide;
 }
 
 std::string Narrow(const std::u16string& wide)
 {
-    std::string narrow;
-    for (const char16_t c : wide) narrow += c < 0x100 ? static_cast<char>(c) : '?';
+    const int size = static_cast<int>(wide.size());
+    const int length = WideCharToMultiByte(CP_ACP, 0, wide.data(), size, nullptr, 0, nullptr, nullptr);
+    std::string narrow(static_cast<std::size_t>(length), '\0');
+    WideCharToMultiByte(CP_ACP, 0, wide.data(), size, narrow.data(), length, nullptr, nullptr);
     return narrow;
 }
 } // namespace

@@ -1,0 +1,58 @@
+#include "corekit/platform/SystemNames.h"
+
+#include "corekit/platform/Errors.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <pwd.h>
+#include <string>
+#include <string_view>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+std::string UserName()
+{
+    std::vector<char> store(16384);
+    passwd user{};
+    passwd* found = nullptr;
+    if (getpwuid_r(geteuid(), &user, store.data(), store.size(), &found) == 0 && found) return user.pw_name;
+    return std::to_string(geteuid());
+}
+
+bool Copy(std::string_view text, char* buffer, DWORD size)
+{
+    if (!buffer || text.size() >= size) return false;
+    buffer[text.copy(buffer, text.size())] = 0;
+    return true;
+}
+
+BOOL CopyName(std::string_view name, char* buffer, DWORD* size, DWORD counted)
+{
+    const bool copied = Copy(name, buffer, *size);
+    *size = static_cast<DWORD>(name.size()) + (copied ? counted : 1);
+    if (!copied) SetLastError(ERROR_INSUFFICIENT_BUFFER);
+    return copied;
+}
+} // namespace
+
+BOOL GetUserNameA(char* buffer, DWORD* size) { return CopyName(UserName(), buffer, size, 1); }
+
+BOOL GetComputerNameA(char* buffer, DWORD* size)
+{
+    char host[256] = "";
+    gethostname(host, sizeof host - 1);
+    const std::string_view name(host);
+    return CopyName(name.substr(0, name.find('.')), buffer, size, 0);
+}
+
+DWORD GetEnvironmentVariableA(const char* name, char* buffer, DWORD size)
+{
+    const char* value = name ? std::getenv(name) : nullptr;
+    if (!value) {
+        SetLastError(ERROR_ENVVAR_NOT_FOUND);
+        return 0;
+    }
+    const auto length = static_cast<DWORD>(std::strlen(value));
+    return Copy(value, buffer, size) ? length : length + 1;
+}
