@@ -6,6 +6,10 @@
 
 namespace {
 constexpr ResourceString table[] = {
+    {4090, "[Variable Length Record File] Seek Failed"},
+    {4092, "[Variable Length Record File] Write failed."},
+    {4094, "[Variable Length Record File] Read Failed"},
+    {4096, "[Variable Length Record File] Set File Length failed."},
     {4099, "FATAL: Operating system failed to provide timezone information.  Unable to continue."},
     {4101, "[FileStream] Set End Of File failed"},
     {4102, "Invalid object version found.  Object=[%1], version found=%2, max supported version=%3"},

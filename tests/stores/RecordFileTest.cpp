@@ -1,0 +1,304 @@
+#include "RecordFiles.h"
+
+#include "corekit/stores/MemoryStream.h"
+
+#include <algorithm>
+#include <random>
+
+using namespace records;
+
+namespace {
+
+constexpr DWORD sector = 512;
+
+// The rule of placement as it is told, with a scan and a sort for everything.
+class Model {
+public:
+    explicit Model(DWORD sectors) : size(sectors * sector), map{{17 * sector, (sectors - 17) * sector}} {}
+
+    DWORD Take(DWORD bytes)
+    {
+        const DWORD want = Whole(bytes);
+        auto entry = std::ranges::find(map, want, &VLRExtent::nSize);
+        if (entry == map.end())
+            entry = std::ranges::find_if(map, [want](auto& e) { return e.nSize >= want; });
+        if (entry == map.end()) {
+            const DWORD chunk = std::max(want, 64 * sector);
+            size += chunk;
+            Free({size - chunk, chunk});
+            return Take(bytes);
+        }
+        const DWORD offset = entry->nOffset;
+        if (entry->nSize <= want)
+            map.erase(entry);
+        else
+            *entry = {offset + want, entry->nSize - want};
+        return offset;
+    }
+    void Free(VLRExtent extent)
+    {
+        map.push_back(extent);
+        std::ranges::sort(map, {}, &VLRExtent::nOffset);
+        for (std::size_t i = 0; i + 1 < map.size();) {
+            if (map[i].nOffset + map[i].nSize != map[i + 1].nOffset) {
+                ++i;
+                continue;
+            }
+            map[i].nSize += map[i + 1].nSize;
+            map.erase(map.begin() + static_cast<std::ptrdiff_t>(i) + 1);
+        }
+    }
+    void Store(std::size_t record, DWORD bytes)
+    {
+        if (record >= index.size()) index.resize(record + 1);
+        VLRExtent& entry = index[record];
+        const DWORD old = Whole(entry.nSize), want = Whole(bytes);
+        if (want > old) {
+            if (entry.nSize) Free({entry.nOffset, old});
+            entry.nOffset = Take(bytes);
+        } else if (want < old) {
+            Free({entry.nOffset + want, old - want});
+        }
+        entry.nSize = bytes;
+    }
+    std::size_t Add(DWORD bytes)
+    {
+        const auto slot = std::ranges::find(index, 0u, &VLRExtent::nSize);
+        const auto record = static_cast<std::size_t>(slot - index.begin());
+        if (slot == index.end()) index.push_back({});
+        index[record] = {Take(bytes), bytes};
+        return record;
+    }
+    void Delete(std::size_t record)
+    {
+        if (record >= index.size() || !index[record].nSize) return;
+        Free({index[record].nOffset, Whole(index[record].nSize)});
+        index[record] = {};
+    }
+    void Flush()
+    {
+        if (const DWORD bytes = 8 * static_cast<DWORD>(index.size()); bytes > indexArea.nSize) {
+            Free(indexArea);
+            indexArea = {Take(bytes), Whole(bytes)};
+        }
+        if (map.empty()) Free({Take(64 * sector), 64 * sector});
+        if (8 * map.size() > mapArea.nSize) {
+            Free(mapArea);
+            const DWORD bytes = Whole(8 * static_cast<DWORD>(map.size()));
+            mapArea = {Take(bytes), bytes};
+        }
+    }
+    static DWORD Whole(DWORD bytes) { return (bytes + sector - 1) / sector * sector; }
+
+    DWORD size;
+    Extents map, index;
+    VLRExtent indexArea{sector, 8 * sector}, mapArea{9 * sector, 8 * sector};
+};
+
+void ExpectOnDisk(const std::string& name, const Model& model)
+{
+    const Bytes file = ReadAll(name);
+    const Header h = HeaderOf(file);
+    EXPECT_EQ(h.fileSize, model.size);
+    EXPECT_EQ(file.size(), model.size);
+    EXPECT_EQ((VLRExtent{h.indexOffset, h.indexSectors * sector}), model.indexArea);
+    EXPECT_EQ((VLRExtent{h.mapOffset, h.mapSectors * sector}), model.mapArea);
+    EXPECT_EQ(IndexOf(file), model.index);
+    EXPECT_EQ(MapOf(file), model.map);
+}
+
+} // namespace
+
+TEST_F(RecordFileTest, NewFileDiffersFromItsLayoutByHand)
+{
+    Make({});
+    Bytes expected(32 * 512, 0);
+    const unsigned char head[48] = {0xC0, 0xE5, 0x4F, 0x11, 0xD7, 0xA3, 0xD1, 0x11, 0xBD, 0x7B, 0xFF, 0xFF,
+                                    0xFF, 0xFF, 0xFF, 0xFF, 0,    0x40, 0,    0,    0,    2,    0,    0,
+                                    0,    2,    0,    0,    8,    0,    0,    0,    0,    0,    0,    0,
+                                    0,    0x12, 0,    0,    8,    0,    0,    0,    1,    0,    0,    0};
+    const unsigned char map[8] = {0, 0x22, 0, 0, 0, 0x1E, 0, 0};
+    std::memcpy(expected.data(), head, sizeof head);
+    std::memcpy(expected.data() + 9 * 512, map, sizeof map);
+    EXPECT_TRUE(ReadAll(name) == expected);
+}
+
+TEST_F(RecordFileTest, RandomOperationsLeaveTheToldPlacement)
+{
+    for (const unsigned seed : {1u, 2u, 3u, 4u}) {
+        std::mt19937 random(seed);
+        const auto below = [&random](unsigned n) { return random() % n; };
+        std::filesystem::remove(name);
+        Model model(20 + seed * 30);
+        CVariableLengthRecordFile file;
+        ASSERT_EQ(file.CreateFileA(name.c_str(), sector, model.size), 1);
+        std::vector<Bytes> held;
+        const unsigned most = seed % 2 ? 300 : 3000; // many of few sectors, or fewer of many
+        for (int step = 0; step < 4000; ++step) {
+            const Bytes bytes = Content(step, below(8) ? 1 + below(6 * sector) : 1 + below(80 * sector));
+            const auto size = static_cast<DWORD>(bytes.size());
+            const unsigned record = below(most);
+            if (const unsigned act = below(10); act < 4) {
+                const std::size_t added = model.Add(size);
+                ASSERT_EQ(static_cast<int>(added), Add(file, bytes));
+                held.resize(std::max(held.size(), added + 1));
+                held[added] = bytes;
+            } else if (act < 6 && record < held.size()) {
+                model.Store(record, size);
+                file.ReplaceRecord(static_cast<int>(record), bytes.data(), size, 0);
+                held[record] = bytes;
+            } else if (act == 6 && record < held.size() + 20) {
+                model.Store(record, size);
+                Set(file, static_cast<int>(record), bytes);
+                held.resize(std::max<std::size_t>(held.size(), record + 1));
+                held[record] = bytes;
+            } else {
+                model.Delete(record);
+                file.DeleteRecord(static_cast<int>(record), 0);
+                if (record < held.size()) held[record].clear();
+            }
+            if (step % 400 != 399) continue;
+            model.Flush();
+            file.Flush();
+            ExpectOnDisk(name, model);
+            if (step % 800 == 799) {
+                file.Close(0);
+                ASSERT_EQ(file.OpenFile(name.c_str()), 1);
+            }
+            for (std::size_t i = 0; i < held.size(); ++i)
+                ASSERT_EQ(Get(file, static_cast<int>(i)), held[i]) << i;
+        }
+        file.Close(1);
+        EXPECT_EQ(CVariableLengthRecordFile().CheckFile(name.c_str(), 0, 0, 0), 1);
+    }
+}
+
+TEST_F(RecordFileTest, ExactFitIsMissedOrFrontOfTheLowestLongerEntryIsNotTaken)
+{
+    // Records of those sectors, the odd ones deleted; one more of `want` sectors must land at sector 17 +
+    // `at`.
+    const struct {
+        std::vector<std::size_t> sectors;
+        std::size_t want, at;
+    } cases[] = {
+        {{1, 3, 1, 2, 1, 2, 1}, 2, 5}, {{1, 3, 1, 5, 1}, 4, 5},   {{1, 3, 1, 5, 1}, 3, 1},
+        {{1, 3, 1, 5, 1}, 6, 11},      {{1, 3, 1, 5, 1}, 65, 11}, // grows, and joins what was free at the end
+    };
+    for (const auto& c : cases) {
+        std::filesystem::remove(name);
+        std::vector<std::size_t> sizes;
+        for (const std::size_t s : c.sectors) sizes.push_back(s * sector);
+        Make(sizes, 40);
+        CVariableLengthRecordFile file;
+        ASSERT_EQ(file.OpenFile(name.c_str()), 1);
+        for (std::size_t i = 1; i < sizes.size(); i += 2) file.DeleteRecord(static_cast<int>(i), 0);
+        EXPECT_EQ(Add(file, Bytes(c.want * sector, 'x')), 1);
+        file.Close(1);
+        EXPECT_EQ(IndexOf(ReadAll(name))[1].nOffset, (17 + c.at) * sector);
+    }
+}
+
+TEST_F(RecordFileTest, NumbersAreNotReusedOrMiscounted)
+{
+    CVariableLengthRecordFile file;
+    ASSERT_EQ(file.CreateFileA(name.c_str(), sector, 32 * sector), 1);
+    EXPECT_TRUE(file.IsFileEmpty());
+    Set(file, 10, "eleventh");
+    EXPECT_EQ(file.GetRecordCount(), 11);
+    EXPECT_EQ(file.GetInUseRecordCount(), 1);
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(Add(file, "x"), i);
+    EXPECT_EQ(Add(file, "x"), 11);
+    file.DeleteRecord(2, 0);
+    file.DeleteRecord(2, 0);
+    file.DeleteRecord(99, 0);
+    file.DeleteRecord(-1, 0);
+    EXPECT_EQ(Add(file, ""), 2);
+    EXPECT_EQ(Add(file, "again"), 2) << "a record of size 0 is a free number";
+    EXPECT_EQ(Get(file, 2), "again");
+    EXPECT_EQ(Get(file, 99), "");
+    EXPECT_EQ(file.GetRecordSize(-1), 0u);
+    CMemoryStream stream;
+    file.GetRecord(10, stream);
+    EXPECT_EQ(Bytes(static_cast<const char*>(stream.GetMemoryBufferPointer()), stream.GetSize()), "eleventh");
+}
+
+TEST_F(RecordFileTest, WrongNumbersAndArgumentsAreTaken)
+{
+    CVariableLengthRecordFile file;
+    for (const auto& [size, initial] :
+         {std::pair{0u, 65536u}, {500u, 65536u}, {32u, 65536u}, {512u, 16u * 512}})
+        EXPECT_EQ(file.CreateFileA(name.c_str(), size, initial), 0) << size;
+    EXPECT_FALSE(std::filesystem::exists(name));
+    ASSERT_EQ(file.CreateFileA(name.c_str(), sector, 17 * sector), 1);
+    CVariableLengthRecordFile second;
+    EXPECT_EQ(second.CreateFileA(name.c_str(), sector, 32 * sector), 0);
+    EXPECT_EQ(second.OpenFile(name.c_str()), 0) << "open already";
+    EXPECT_EQ(second.OpenFile((folder + "/none").c_str()), 0);
+    for (const int record : {-1, 1}) EXPECT_NE(Thrown([&] { file.ReplaceRecord(record, "x", 1, 0); }), "");
+    for (const int record : {-1, 0x1FFFFFFF})
+        EXPECT_NE(Thrown([&] { file.SetRecord(record, "x", 1, 0); }), "");
+    EXPECT_EQ(file.GetRecordCount(), 0);
+}
+
+TEST_F(RecordFileTest, HeadersThatCannotBeTrueAreOpened)
+{
+    Make({100, 2000});
+    const struct {
+        std::size_t at;
+        DWORD value;
+    } cases[] = {{0, 1},         {12, 0},          {16, 0},          {16, 33 * 512}, {20, 0},
+                 {20, 513},      {20, 32},         {20, 1u << 31},   {24, 0},        {24, 513},
+                 {24, 32 * 512}, {28, 0},          {28, 9},          {28, 1u << 23}, {28, 0xFFFFFFFF},
+                 {32, 513},      {32, 0x20000002}, {36, 0xFFFFFE00}, {36, 8 * 512},  {40, 0},
+                 {40, 24},       {44, 0xFFFFFFFF}};
+    const Bytes good = ReadAll(name);
+    for (const auto& [at, value] : cases) {
+        Patch(name, 0, good.data(), good.size());
+        Patch(name, at, value);
+        EXPECT_EQ(CVariableLengthRecordFile().OpenFile(name.c_str()), 0) << at << ' ' << value;
+    }
+    Patch(name, 0, good.data(), good.size());
+    for (const std::size_t length : {0, 63, 64, 511, 31 * 512}) {
+        std::filesystem::resize_file(name, length);
+        EXPECT_EQ(CVariableLengthRecordFile().OpenFile(name.c_str()), 0) << length;
+    }
+    std::ofstream(name, std::ios::binary)
+        << good << "what a crash left behind the size that the header knows";
+    EXPECT_EQ(CVariableLengthRecordFile().OpenFile(name.c_str()), 1);
+}
+
+TEST_F(RecordFileTest, DamagedEntriesReachOutsideOfTheFile)
+{
+    Make({100, 100, 100});
+    Patch(name, 512 + 4, 0x7FFFFFFF);
+    Patch(name, 512 + 8, 0xFFFFFE00);
+    const VLRExtent free{0x10000000, 0x20000000};
+    Patch(name, 9 * 512, &free, sizeof free);
+    CVariableLengthRecordFile file;
+    ASSERT_EQ(file.OpenFile(name.c_str()), 1);
+    const std::string read = "[Variable Length Record File] Read Failed\n";
+    EXPECT_TRUE(Thrown([&] { Get(file, 0); }).starts_with(read));
+    EXPECT_TRUE(Thrown([&] { Get(file, 1); }).starts_with(read));
+    EXPECT_EQ(Get(file, 2), Content(2, 100));
+    EXPECT_TRUE(Thrown([&] { Add(file, "x"); }).starts_with("[Variable Length Record File] Write failed.\n"));
+    file.Close(0);
+    EXPECT_EQ(std::filesystem::file_size(name), 32u * 512);
+}
+
+TEST_F(RecordFileTest, ReplaceThatFindsNoRoomLosesTheRecord)
+{
+    Make({300, 500});
+    constexpr DWORD full = 0xFFFFFE00; // no growth by 64 sectors is possible
+    std::filesystem::resize_file(name, full);
+    Patch(name, 16, full);
+    const VLRExtent free{20 * 512, 512};
+    Patch(name, 9 * 512, &free, sizeof free);
+    CVariableLengthRecordFile file;
+    ASSERT_EQ(file.OpenFile(name.c_str()), 1);
+    EXPECT_TRUE(Thrown([&] {
+                    Set(file, 0, Bytes(5000, 'x'));
+                }).starts_with("[Variable Length Record File] Set File Length failed."));
+    EXPECT_EQ(Get(file, 0), Content(0, 300));
+    EXPECT_EQ(Add(file, "into the free sector"), 2);
+    EXPECT_EQ(Get(file, 0), Content(0, 300));
+}
