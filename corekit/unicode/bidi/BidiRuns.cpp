@@ -2,6 +2,9 @@
 
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 
+#include <algorithm>
+#include <climits>
+
 namespace corekit::detail {
 
 using namespace corekit::bidi;
@@ -10,150 +13,200 @@ namespace {
 
 constexpr int none = -1; // for a direction: no strong character so far
 
-// Appends runs, joining those that do not differ.
-class RunWriter {
-public:
-    explicit RunWriter(BidiRun* runs) : m_runs(runs) {}
+bool IsStrong(int type) { return (type & ~1) == 0; } // L or R
+bool IsNeutral(int type) { return type >= WS; }      // or ON, the last
 
-    void Put(int end, int type, int level = 0)
+// Takes the runs of a line in order, their numbers settled, and settles the neutrals among them. Neutrals
+// wait for the next character that has a direction, and all that wait for the same one become the same.
+class NeutralResolver {
+public:
+    NeutralResolver(LevelRun* out, bool rightToLeft)
+        : m_out(out), m_levelOf(levels[rightToLeft] + 1), m_base(rightToLeft ? R : L)
     {
-        if (m_count == 0 || m_runs[m_count - 1].type != type || m_runs[m_count - 1].level != level) {
-            m_runs[m_count++] = {end, static_cast<short>(type), static_cast<short>(level)};
-        } else {
-            m_runs[m_count - 1].end = end;
-        }
     }
-    int Count() const { return m_count; }
-    int LastType() const { return m_count ? m_runs[m_count - 1].type : int{NoRow}; }
-    int LastEnd() const { return m_count ? m_runs[m_count - 1].end : 0; }
+
+    // A neutral run that becomes what the strong run behind it is needs no record: that run begins earlier.
+    void Strong(int end, int type)
+    {
+        const int settled = Settled(type);
+        if (m_patchFrom < m_count) Patch(settled);
+        if (m_waiting && settled != type) Put(m_waiting, settled);
+        m_waiting = 0;
+        m_direction = m_strong = type;
+        Put(end, type);
+    }
+    void Neutral(int end) { m_waiting = end; }
+    void ArabicNumber(int end)
+    {
+        Settle(R);
+        m_direction = R;
+        Put(end, AN);
+    }
+    void EuropeanNumber(int start, int end)
+    {
+        Settle(m_strong);
+        // Behind a left character the first digit belongs to it.
+        if (m_base == L && m_count > 0 && m_out[m_count - 1].type == L) Put(++start, EN, 0);
+        if (start < end) Put(end, EN);
+    }
+    // A type that is neither neutral nor gives a direction. Neutrals before it wait on, in records that are
+    // patched later.
+    void Inert(int end, int type)
+    {
+        const int from = m_patchFrom < m_count || m_waiting ? std::min(m_patchFrom, m_count) : INT_MAX;
+        if (m_waiting) Put(m_waiting, ON);
+        m_waiting = 0;
+        Put(end, type);
+        m_patchFrom = from;
+    }
+    int Finish()
+    {
+        Settle(none);
+        return m_count;
+    }
 
 private:
-    BidiRun* m_runs;
+    // Levels by type, from NoRow on, on an even and on an odd base.
+    static constexpr short levels[2][12] = {{0, 0, 1, 2, 0, 0, 2, 0, 0, 0, 0, 0},
+                                            {1, 2, 1, 2, 1, 1, 2, 1, 1, 1, 1, 1}};
+
+    void Put(int end, int type) { Put(end, type, m_levelOf[type]); }
+    void Put(int end, int type, short level) { m_out[m_count++] = {end, static_cast<short>(type), level}; }
+
+    int Settled(int next) const { return m_direction == next && next != none ? next : m_base; }
+
+    void Settle(int next)
+    {
+        const int settled = Settled(next);
+        const bool patched = m_patchFrom < m_count;
+        if (patched) Patch(settled);
+        if (m_waiting) Put(m_waiting, settled);
+        if (m_waiting || patched) m_direction = m_strong = settled;
+        m_waiting = 0;
+    }
+
+    void Patch(int settled)
+    {
+        for (int k = m_patchFrom; k < m_count; ++k)
+            if (m_out[k].type == ON)
+                m_out[k] = {m_out[k].end, static_cast<short>(settled), m_levelOf[settled]};
+        m_patchFrom = INT_MAX;
+    }
+
+    LevelRun* m_out;
+    const short* m_levelOf;
+    int m_base;
     int m_count = 0;
+    int m_waiting = 0;         // end of the neutrals that wait, 0 if there are none
+    int m_patchFrom = INT_MAX; // the first record that waits
+    int m_direction = none;    // of the nearest strong character or Arabic number before
+    int m_strong = none;       // the nearest strong character before
 };
 
-// Of several separators in a row, each but the first and the last stands between two of its kind.
-void PutSeparators(RunWriter& out, int start, int end, int type, int before, int after)
+// A run of separators or terminators, as what its characters become: the outer ones may differ.
+struct Pieces {
+    int first, middle, last;
+};
+
+Pieces SettleNumberSigns(int type, bool single, int before, int after)
 {
-    if (end - start == 1) {
-        out.Put(end, before == after && before != NoRow ? before : ON);
-        return;
+    if (type == ET) {
+        const int first = before == EN || (single && after == EN) ? EN : ON;
+        return {first, ON, after == EN ? EN : ON};
     }
-    out.Put(start + 1, ON);
-    if (end - start > 2) out.Put(end - 1, type);
-    out.Put(end, ON);
+    // Of several separators in a row, each but the first and the last stands between two of its kind.
+    return {single && before == after && before != NoRow ? before : ON, type, ON};
 }
 
-// Of several terminators in a row, only the outer ones can touch a number.
-void PutTerminators(RunWriter& out, int start, int end, int before, int after)
-{
-    if (end - start == 1) {
-        out.Put(end, before == EN || after == EN ? EN : ON);
-        return;
+// The runs of a line with their numbers settled, handed on one by one.
+class NumberResolver {
+public:
+    NumberResolver(LevelRun* out, bool rightToLeft) : m_strong(rightToLeft ? R : L), m_next(out, rightToLeft)
+    {
     }
-    if (before == EN) out.Put(start + 1, EN);
-    if (after != EN) return out.Put(end, ON);
-    if (end - 1 > out.LastEnd()) out.Put(end - 1, ON);
-    out.Put(end, EN);
-}
 
-bool IsNeutral(int type) { return type == WS || type == ON; }
+    void Take(int start, int end, int type, int before, int after)
+    {
+        if (IsStrong(type) || IsNeutral(type)) {
+            Give(start, end, type);
+        } else if (type == EN) {
+            Give(start, end, m_strong == R ? AN : EN);
+        } else if (type == ES || type == CS || type == ET) {
+            const Pieces p = SettleNumberSigns(type, end - start == 1, before, after);
+            Give(start, start + 1, p.first);
+            if (end - start > 2) Give(start + 1, end - 1, p.middle);
+            if (end - start > 1) Give(end - 1, end, p.last);
+        } else {
+            Give(start, end, type);
+        }
+    }
+    int Finish() { return m_next.Finish(); }
+
+private:
+    void Give(int start, int end, int type)
+    {
+        if (IsStrong(type)) {
+            m_strong = type; // a separator between two strong characters counts, too
+            m_next.Strong(end, type);
+        } else if (IsNeutral(type)) {
+            m_next.Neutral(end);
+        } else if (type == EN) {
+            m_next.EuropeanNumber(start, end);
+        } else if (type == AN) {
+            m_next.ArabicNumber(end);
+        } else {
+            m_next.Inert(end, type);
+        }
+    }
+
+    int m_strong; // the last one before; at the start, numbers follow the base
+    NeutralResolver m_next;
+};
 
 } // namespace
 
-int SplitByType(const WCHAR* text, int length, BidiRun* runs)
+int SplitByType(const WCHAR* text, int length, TypeRun* runs)
 {
-    int last = -1, previous = 127;
+    TypeRun* last = runs;
+    int previous = CUnicodeCharTypes::GetBiDirectionalType(text[0]);
     for (int i = 0; i < length; ++i) {
         const int type = CUnicodeCharTypes::GetBiDirectionalType(text[i]);
         last += type != previous;
-        runs[last] = {i + 1, static_cast<short>(type), 0};
+        *last = {i + 1, type};
         previous = type;
     }
-    return last + 1;
+    return static_cast<int>(last - runs) + 1;
 }
 
-int ResolveNumbers(const BidiRun* runs, int count, int length, bool rightToLeft, BidiRun* resolved)
+// Without branches: which words have one direction, nobody can predict.
+int JoinWords(TypeRun* runs, int count)
 {
-    RunWriter out(resolved);
-    int strong = rightToLeft ? R : L; // the last one before; at the start, numbers follow the base
-    for (int k = 0, start = 0; k < count; start = runs[k++].end) {
-        const int end = runs[k].end, type = runs[k].type;
-        const int before = k > 0 ? runs[k - 1].type : int{NoRow};
-        const int after = end < length ? runs[k + 1].type : int{NoRow};
-        switch (type) {
-        case EN:
-            out.Put(end, strong == R ? AN : EN);
-            break;
-        case ES:
-        case CS:
-            PutSeparators(out, start, end, type, before, after);
-            break;
-        case ET:
-            PutTerminators(out, start, end, before, after);
-            break;
-        default:
-            out.Put(end, type);
-        }
-        // A separator between two strong characters is one of them.
-        if (out.LastType() == L || out.LastType() == R) strong = out.LastType();
-    }
-    return out.Count();
-}
-
-int ResolveNeutrals(const BidiRun* resolved, int count, bool rightToLeft, BidiRun* runs)
-{
-    // Levels by type, from NoRow on.
-    static constexpr short levels[2][12] = {{0, 0, 1, 2, 0, 0, 2, 0, 0, 0, 0, 0}, {1, 2, 1, 2, 1, 1, 2, 1, 1, 1, 1, 1}};
-    const short* const levelOf = levels[rightToLeft] + 1;
-    const int base = rightToLeft ? R : L;
-    RunWriter out(runs);
-
-    int direction = none; // of the nearest strong character or Arabic number before
-    int strong = none;    // the nearest strong character before
-    int waiting = 0;      // the first run that is not written yet
-    bool neutrals = false;
-
-    const auto flush = [&](int until, int next) {
-        const int settled = direction != none && direction == next ? direction : base;
-        for (; waiting < until; ++waiting) {
-            const BidiRun& run = resolved[waiting];
-            const int type = IsNeutral(run.type) ? settled : run.type;
-            out.Put(run.end, type, levelOf[type]);
-        }
-        if (neutrals) direction = strong = settled;
-        neutrals = false;
-    };
-
+    int out = 0;
+    int word = NoRow; // the direction of the last word, if nothing but neutrals stands behind it
+    int behind = 1;   // it, and the runs behind it
     for (int k = 0; k < count; ++k) {
-        const int end = resolved[k].end, type = resolved[k].type;
-        switch (type) {
-        case WS:
-        case ON:
-            neutrals = true;
-            break;
-        case L:
-        case R:
-            flush(k, type);
-            direction = strong = type;
-            break;
-        case AN:
-            flush(k, R);
-            direction = R;
-            break;
-        case EN:
-            flush(k, strong);
-            // Behind a left character the first digit belongs to it.
-            if (!rightToLeft && out.LastType() == L) out.Put(out.LastEnd() + 1, EN, 0);
-            if (out.LastEnd() < end) out.Put(end, EN, levelOf[EN]);
-            waiting = k + 1;
-            break;
-        default:
-            break;
-        }
+        const int end = runs[k].end, type = runs[k].type;
+        const bool strong = IsStrong(type), joins = strong & (type == word);
+        out -= behind & -static_cast<int>(joins);
+        runs[out].end = end;
+        runs[out++].type = type;
+        behind = (behind & (static_cast<int>(strong) - 1)) + 1;
+        word = (strong | !IsNeutral(type)) ? strong ? type : int{NoRow} : word;
     }
-    flush(count, none);
-    return out.Count();
+    return out;
+}
+
+int ResolveRuns(const TypeRun* runs, int count, int length, bool rightToLeft, LevelRun* out)
+{
+    NumberResolver resolver(out, rightToLeft);
+    int start = 0, before = NoRow;
+    for (int k = 0; k < count; ++k) {
+        const TypeRun run = runs[k];
+        resolver.Take(start, run.end, run.type, before, run.end < length ? runs[k + 1].type : int{NoRow});
+        start = run.end;
+        before = run.type;
+    }
+    return resolver.Finish();
 }
 
 } // namespace corekit::detail

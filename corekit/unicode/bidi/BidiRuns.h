@@ -6,21 +6,28 @@
 
 namespace corekit::detail {
 
-// Characters up to `end`, from the end of the run before. The level counts from the even level at or below
-// the base level: 0 stays, 1 is turned round, 2 is turned round twice.
-struct BidiRun {
+// Characters up to `end`, from the end of the run before.
+struct TypeRun {
+    int end;
+    int type;
+};
+
+// The level counts from the even level at or below the base level: 0 stays, 1 is turned round, 2 is turned
+// round twice.
+struct LevelRun {
     int end;
     short type;
     short level;
 };
 
-// The runs of equal table type of a text. Both arrays of runs below hold at most one run per character.
-int SplitByType(const WCHAR* text, int length, BidiRun* runs);
+// The runs of equal table type of a text, at most one per character; returns how many.
+int SplitByType(const WCHAR* text, int length, TypeRun* runs);
 
-// Settles numbers, separators and terminators, which look at what stands beside and before them.
-int ResolveNumbers(const BidiRun* runs, int count, int length, bool rightToLeft, BidiRun* resolved);
+// Joins words of one direction with the neutrals between them, which always take that direction. Changes no
+// result, and leaves few runs to the rules.
+int JoinWords(TypeRun* runs, int count);
 
-// Settles the neutrals between them, and sets the levels.
-int ResolveNeutrals(const BidiRun* resolved, int count, bool rightToLeft, BidiRun* runs);
+// Settles numbers, separators and neutrals, and sets the levels; again at most one run per character.
+int ResolveRuns(const TypeRun* runs, int count, int length, bool rightToLeft, LevelRun* out);
 
 } // namespace corekit::detail

@@ -1,115 +1,149 @@
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 
 #include "corekit/unicode/bidi/BidiRuns.h"
+#include "corekit/unicode/bidi/TextVector.h"
 #include "corekit/unicode/ScratchBuffer.h"
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
-#include <numeric>
 
 using namespace corekit::bidi;
-using corekit::detail::BidiRun;
+using namespace corekit::detail;
 
 namespace {
 
 constexpr int ordinaryLine = 256;
-constexpr WCHAR firstRightToLeft = 0x0591;
 
 int TypeOf(WCHAR c) { return CUnicodeCharTypes::GetBiDirectionalType(c); }
-
-bool MayHoldRightToLeft(const WCHAR* text, int length)
-{
-    WCHAR found = 0;
-    for (int i = 0; i < length; ++i) found |= static_cast<WCHAR>(text[i] >= firstRightToLeft);
-    return found != 0;
-}
 
 // --- lines in which nothing runs from right to left: every neutral becomes left, nothing moves
 
 int LeftToRightType(const WCHAR* text, int length, int i)
 {
     int type = TypeOf(text[i]);
-    const int before = i > 0 ? TypeOf(text[i - 1]) : int{NoRow};
-    const int after = i + 1 < length ? TypeOf(text[i + 1]) : int{NoRow};
-    if (type == ES || type == CS) {
-        type = before == after && before != NoRow ? before : ON;
-    } else if (type == ET) {
-        type = before == EN || after == EN ? EN : ON;
+    if (type == ES || type == CS || type == ET) {
+        const int before = i > 0 ? TypeOf(text[i - 1]) : int{NoRow};
+        const int after = i + 1 < length ? TypeOf(text[i + 1]) : int{NoRow};
+        if (type == ET) {
+            type = before == EN || after == EN ? EN : ON;
+        } else {
+            type = before == after && before != NoRow ? before : ON;
+        }
     }
     return type == WS || type == ON ? L : type;
 }
 
-// Whether a character needs a look: all but those ASCII characters that are left or neutral. What remains
-// are the two stretches #$% and +,-./0123456789: and what is not ASCII.
-constexpr bool NeedsLook(WCHAR c)
+// Of ASCII, all is left or neutral but the digits and the signs that may belong to a number. Those signs, and
+// what is not ASCII, need a look.
+Units AreDigits(Units c) { return std::bit_cast<Units>(c - u'0' < 10); }
+Units NeedLook(Units c)
 {
-    return static_cast<WCHAR>(c - u'#') < 3 || static_cast<WCHAR>(c - u'+') < 16 || c >= 0x80;
+    return std::bit_cast<Units>((c - u'#' < 3) | (c - u'+' < 5) | (c == u':') | (c >= 0x80));
 }
 
-void ResolveLeftToRight(const WCHAR* text, int length, int* types)
+// Marks all that may run from right to left: Hebrew and Arabic, the mark, and what lies above the surrogates.
+auto MayRunRightToLeft(Units c) { return (c - 0x0590 < 0x0170) | (c == 0x200F) | (c >= 0xE000); }
+
+// Whether any character from `from` on may run from right to left. The text has eight at least.
+bool HoldsRightToLeft(const WCHAR* text, int length, int from)
 {
-    constexpr int step = 8;
-    std::fill_n(types, length, int{L});
-    int i = 0;
-    for (; i + step <= length; i += step) {
-        unsigned char flags[step];
-        for (int j = 0; j < step; ++j) flags[j] = NeedsLook(text[i + j]);
-        for (auto look = std::bit_cast<std::uint64_t>(flags); look; look &= look - 1) {
-            const int at = i + std::countr_zero(look) / 8;
-            types[at] = LeftToRightType(text, length, at);
-        }
+    Units found{};
+    for (int i = from; i < length; i += unitsAtOnce) {
+        const Units units = LoadUnits(text + std::min(i, length - unitsAtOnce));
+        found |= std::bit_cast<Units>(MayRunRightToLeft(units));
     }
-    for (; i < length; ++i)
-        if (NeedsLook(text[i])) types[i] = LeftToRightType(text, length, i);
+    return AnyMarked(found);
+}
+
+// False if a character may run from right to left; then the arrays hold nothing of use.
+bool ReorderLeftToRight(const WCHAR* text, int length, int* order, int* types)
+{
+    if (length < unitsAtOnce) {
+        for (int i = 0; i < length; ++i) {
+            order[i] = i;
+            types[i] = LeftToRightType(text, length, i);
+            if (types[i] == R || types[i] == AN) return false;
+        }
+        return true;
+    }
+    bool searched = false;
+    for (int i = 0; i < length; i += unitsAtOnce) {
+        const int at = std::min(i, length - unitsAtOnce); // the last step may overlap the one before
+        const Units units = LoadUnits(text + at);
+        StoreSeries(order + at, at, 1);
+        StoreWide(types + at, AreDigits(units) & std::uint16_t{EN});
+        const Units marks = NeedLook(units);
+        if (!AnyMarked(marks)) [[likely]]
+            continue;
+        if (!searched && AnyMarked(std::bit_cast<Units>(units >= 0x80))) {
+            if (HoldsRightToLeft(text, length, at)) return false;
+            searched = true;
+        }
+        ForEachMarked(marks, [&](int k) { types[at + k] = LeftToRightType(text, length, at + k); });
+    }
+    return true;
 }
 
 // --- lines that are turned round, in part or wholly
 
+// Writes runs in display order, in steps of eight: what a step writes behind its run, the next run writes
+// anew, and only at the end of the line characters go one by one.
 class VisualWriter {
 public:
-    VisualWriter(const WCHAR* logical, WCHAR* text, int* order, int* types)
-        : m_logical(logical), m_text(text), m_order(order), m_types(types)
+    // Keeps a copy of the text, which is then written over.
+    VisualWriter(WCHAR* text, int length, int* order, int* types)
+        : m_logical(static_cast<std::size_t>(length) + 2 * unitsAtOnce), m_text(text), m_order(order),
+          m_types(types), m_length(length)
     {
+        std::copy_n(text, length, Logical());
     }
 
     // The characters of a run, in logical order.
     void Forward(int start, int end, int type)
     {
-        const int count = end - start;
-        std::copy_n(m_logical + start, count, m_text + m_at);
-        std::iota(m_order + m_at, m_order + m_at + count, start);
-        Advance(count, type);
+        Write(end - start, type, start, 1, [&](int i) { return LoadUnits(Logical() + start + i); });
     }
     // The characters of a run, last to first.
     void Backward(int start, int end, int type)
     {
-        const int count = end - start;
-        for (int i = 0; i < count; ++i) {
-            m_text[m_at + i] = m_logical[end - 1 - i];
-            m_order[m_at + i] = end - 1 - i;
-        }
-        Advance(count, type);
+        Write(end - start, type, end - 1, -1,
+              [&](int i) { return Reversed(LoadUnits(Logical() + end - i - unitsAtOnce)); });
     }
 
 private:
-    void Advance(int count, int type)
+    // With room for a step on both sides.
+    WCHAR* Logical() { return m_logical.Get() + unitsAtOnce; }
+
+    template <class Load>
+    void Write(int count, int type, int first, int direction, Load load)
     {
-        std::fill_n(m_types + m_at, count, type);
-        m_at += count;
+        const int end = m_at + count;
+        for (; m_at < end && m_at <= m_length - unitsAtOnce;
+             m_at += unitsAtOnce, first += direction * unitsAtOnce) {
+            Store(m_text + m_at, load(count - (end - m_at)));
+            StoreSeries(m_order + m_at, first, direction);
+            StoreSeries(m_types + m_at, type, 0);
+        }
+        for (; m_at < end; ++m_at, first += direction) {
+            m_text[m_at] = Logical()[first];
+            m_order[m_at] = first;
+            m_types[m_at] = type;
+        }
+        m_at = end;
     }
 
-    const WCHAR* m_logical;
+    ScratchBuffer<WCHAR, ordinaryLine> m_logical;
     WCHAR* m_text;
     int* m_order;
     int* m_types;
+    int m_length;
     int m_at = 0;
 };
 
 // A stretch of runs of level 1 and above comes last run first. Within it, runs of level 2 that stand
 // together have been turned twice and keep their order.
-void WriteVisual(const BidiRun* runs, int count, VisualWriter& out)
+void WriteVisual(const LevelRun* runs, int count, VisualWriter& out)
 {
     const auto start = [&](int k) { return k > 0 ? runs[k - 1].end : 0; };
     for (int k = 0; k < count;) {
@@ -134,9 +168,18 @@ void WriteVisual(const BidiRun* runs, int count, VisualWriter& out)
     }
 }
 
-bool HasRightToLeft(const BidiRun* runs, int count)
+void ReorderBothWays(StringW& text, int* order, int* types, bool rightToLeft)
 {
-    return std::any_of(runs, runs + count, [](const BidiRun& r) { return r.type == R || r.type == AN; });
+    const int length = text.GetLength();
+    const auto room = static_cast<std::size_t>(length);
+    ScratchBuffer<TypeRun, ordinaryLine> byType(room);
+    ScratchBuffer<LevelRun, ordinaryLine> runs(room);
+    int count = SplitByType(text, length, byType.Get());
+    count = JoinWords(byType.Get(), count);
+    count = ResolveRuns(byType.Get(), count, length, rightToLeft, runs.Get());
+
+    VisualWriter out(text.GetBuffer(length), length, order, types);
+    WriteVisual(runs.Get(), count, out);
 }
 
 } // namespace
@@ -147,27 +190,10 @@ void ReorderToVisual(StringW& text, CArray<int, int>& order, CArray<int, int>& t
     if (length == 0) return;
     order.SetSize(length);
     types.SetSize(length);
-
     const bool rightToLeft = (baseLevel & 1) != 0;
-    if (rightToLeft || MayHoldRightToLeft(text, length)) {
-        using Runs = corekit::detail::ScratchBuffer<BidiRun, ordinaryLine>;
-        Runs runs(static_cast<std::size_t>(length));
-        int count = corekit::detail::SplitByType(text, length, runs.Get());
-        if (rightToLeft || HasRightToLeft(runs.Get(), count)) {
-            Runs resolved(static_cast<std::size_t>(length));
-            count = corekit::detail::ResolveNumbers(runs.Get(), count, length, rightToLeft, resolved.Get());
-            count = corekit::detail::ResolveNeutrals(resolved.Get(), count, rightToLeft, runs.Get());
-
-            corekit::detail::ScratchBuffer<WCHAR, ordinaryLine> logical(static_cast<std::size_t>(length));
-            WCHAR* visual = text.GetBuffer(length);
-            std::copy_n(visual, length, logical.Get());
-            VisualWriter out(logical.Get(), visual, order.GetData(), types.GetData());
-            WriteVisual(runs.Get(), count, out);
-            return;
-        }
+    if (rightToLeft || !ReorderLeftToRight(text, length, order.GetData(), types.GetData())) {
+        ReorderBothWays(text, order.GetData(), types.GetData(), rightToLeft);
     }
-    ResolveLeftToRight(text, length, types.GetData());
-    std::iota(order.GetData(), order.GetData() + length, 0);
 }
 
 int GetBaseLevel(const WCHAR* text, int count)

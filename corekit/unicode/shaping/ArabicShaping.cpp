@@ -16,13 +16,15 @@ constexpr WCHAR noNeighbour = 0xFFFF;
 constexpr int largestRow = 3; // glyphs of a word row
 
 // What a character is to itself and to its neighbours, in one word:
-//   bits 0 to 2    how it joins
-//   bits 16 to 31  the word rows' names for it as a neighbour: low byte as the next, high byte as the
+//   bits 0 to 4    how it joins, and which neighbours change its form
+//   bits 8 to 19   the word rows' names for it as a neighbour: the lower six as the next, the upper six as
+//   the
 //                  previous one
-//   bits 32 to 47  the neighbours that a word row for it begins to look at, by the same names
-using Traits = std::uint64_t;
-constexpr Traits joinCausing = 1, leftJoinCausing = 2, transparent = 4;
-constexpr Traits asNext = 0x00FF0000, asPrevious = 0xFF000000;
+//   bits 20 to 31  the neighbours that a word row for it begins to look at, by the same names
+using Traits = std::uint32_t;
+constexpr Traits joinCausing = 1, leftJoinCausing = 2, transparent = 4, takesRight = 8, takesLeft = 16;
+constexpr Traits asNext = 0x00003F00, asPrevious = 0x000FC000;
+constexpr int nextShift = 8, previousShift = 14, wantedShift = 12;
 
 // Distinct neighbours get distinct bits.
 class NeighbourNames {
@@ -36,57 +38,70 @@ public:
     }
 
 private:
-    WCHAR m_known[8] = {};
+    WCHAR m_known[6] = {};
     int m_count = 0;
 };
 
+// The Arabic block and all that lies below it, so that spaces and digits between words are nothing special.
+constexpr WCHAR tableEnd = 0x0700, blockStart = 0x0600;
+
 struct ArabicTable {
-    Traits traits[256];
-    WCHAR forms[256][4]; // by leftJoinCausing(next) + 2 * joinCausing(previous)
+    Traits traits[tableEnd];
+    WCHAR nominal[tableEnd];
 };
 
-constexpr void AddForms(WCHAR (&forms)[4], const JoiningEntry& row, WCHAR c)
+constexpr Traits JoiningTraits(const JoiningEntry& row)
 {
-    const WCHAR nominal = row.baseForm == 0 ? c : row.baseForm;
-    const bool right = row.joiningType == joining::Right || row.joiningType == joining::Dual;
-    const bool left = row.joiningType == joining::Dual;
-    for (int k = 0; k < 4; ++k) {
-        const int shift = (right && (k & 1) ? 1 : 0) + (left && (k & 2) ? 2 : 0);
-        forms[k] = static_cast<WCHAR>(row.baseForm == 0 ? nominal : nominal + shift);
-    }
+    const bool causing = row.joiningType >= joining::Right && row.joiningType <= joining::Causing;
+    const bool hasForms = row.baseForm != 0;
+    Traits traits = row.joiningType == joining::Transparent ? transparent : 0;
+    if (causing) traits |= joinCausing;
+    if (causing && row.joiningType != joining::Right) traits |= leftJoinCausing;
+    if (hasForms && (row.joiningType == joining::Right || row.joiningType == joining::Dual))
+        traits |= takesRight;
+    if (hasForms && row.joiningType == joining::Dual) traits |= takesLeft;
+    return traits;
 }
 
 constexpr ArabicTable MakeArabicTable()
 {
-    constexpr WORD block = 0x0600;
-    const JoiningTable joins = MakeJoiningTable(block);
+    const JoiningTable joins = MakeJoiningTable(blockStart);
     ArabicTable table{};
-    for (int c = 0; c < 256; ++c) {
-        const JoiningEntry& row = joins.rows[c];
-        const bool causing = row.joiningType >= joining::Right && row.joiningType <= joining::Causing;
-        if (causing) table.traits[c] |= joinCausing;
-        if (causing && row.joiningType != joining::Right) table.traits[c] |= leftJoinCausing;
-        if (row.joiningType == joining::Transparent) table.traits[c] |= transparent;
-        AddForms(table.forms[c], row, static_cast<WCHAR>(block + c));
+    for (int c = 0; c < tableEnd; ++c) {
+        table.nominal[c] = static_cast<WCHAR>(c);
+        if (c < blockStart) continue;
+        const JoiningEntry& row = joins.rows[c - blockStart];
+        table.traits[c] = JoiningTraits(row);
+        if (row.baseForm != 0) table.nominal[c] = row.baseForm;
     }
+    table.traits[u'~'] = transparent;
+
     NeighbourNames next, previous;
     for (const ArabicWordRow& row : arabicWordRows) {
         const WCHAR neighbour = row.next ? row.next : row.prev;
-        const Traits bit = row.next ? next.Bit(neighbour) << 16 : previous.Bit(neighbour) << 24;
-        table.traits[neighbour & 0xFF] |= bit;
-        table.traits[row.cur & 0xFF] |= bit << 16;
+        const Traits bit =
+            row.next ? next.Bit(neighbour) << nextShift : previous.Bit(neighbour) << previousShift;
+        table.traits[neighbour] |= bit;
+        table.traits[row.cur] |= bit << wantedShift;
     }
     return table;
 }
 
 constexpr ArabicTable arabic = MakeArabicTable();
 
-bool IsArabic(WCHAR c) { return (c & 0xFF00) == 0x0600; }
-
 Traits TraitsOf(WCHAR c)
 {
-    if (IsArabic(c)) return arabic.traits[c & 0xFF];
-    return c == u'~' ? transparent : c == 0x200D ? joinCausing | leftJoinCausing : 0;
+    if (c < tableEnd) [[likely]]
+        return arabic.traits[c];
+    return c == 0x200D ? joinCausing | leftJoinCausing : 0;
+}
+
+// The form that connects to the neighbours it takes: one on for the right, two on for the left.
+WCHAR FormOf(WCHAR c, Traits own, Traits next, Traits previous)
+{
+    static_assert(takesRight == leftJoinCausing << 2 && takesLeft == joinCausing << 4);
+    const Traits right = next << 2 & own & takesRight, left = previous << 4 & own & takesLeft;
+    return static_cast<WCHAR>(arabic.nominal[c] + right / takesRight + left / takesLeft * 2);
 }
 
 // A text as its neighbours see it. Nothing stands at or behind `end`.
@@ -146,22 +161,16 @@ int ShapeArabicRun(GlyphSink& sink, const WCHAR* text, int end, int index, int l
     const int stop = behindEnd ? limit : std::min(limit, end);
     WCHAR* out = sink.Room(stop - index + largestRow);
 
-    // Marks come first, so that none of them looks for a neighbour: a long run of them costs its length.
+    Traits previous = TraitsOf(around.Before(index - 1));
     int i = index;
-    for (; i < stop && (TraitsOf(text[i]) & transparent) && IsArabic(text[i]); ++i) *out++ = text[i];
-    Traits previous = i < stop && IsArabic(text[i]) ? TraitsOf(around.Before(i - 1)) : 0;
-    while (i < stop && IsArabic(text[i])) {
+    while (i < stop && text[i] < tableEnd) {
         const WCHAR cur = text[i];
-        const Traits own = arabic.traits[cur & 0xFF];
-        if (own & transparent) {
-            *out++ = cur;
-            ++i;
-            continue;
-        }
+        const Traits own = arabic.traits[cur];
         Traits next = behindEnd ? 0 : TraitsOf(text[i + 1]);
-        if (next & transparent) next = TraitsOf(around.Behind(i + 2));
+        // Marks themselves do not look on, so that a long run of them costs no more than its length.
+        if (next & ~own & transparent) next = TraitsOf(around.Behind(i + 2));
 
-        if (((next & asNext) | (previous & asPrevious)) & (own >> 16)) {
+        if (((next & asNext) | (previous & asPrevious)) & (own >> wantedShift)) [[unlikely]] {
             if (const ArabicWordRow* row = FindWordRow(around, cur, i)) {
                 out = PutWordRow(out, *row, (next & leftJoinCausing) != 0);
                 i += row->advance;
@@ -169,8 +178,8 @@ int ShapeArabicRun(GlyphSink& sink, const WCHAR* text, int end, int index, int l
                 continue;
             }
         }
-        *out++ = arabic.forms[cur & 0xFF][(next & leftJoinCausing) / 2 + (previous & joinCausing) * 2];
-        previous = own;
+        *out++ = FormOf(cur, own, next, previous);
+        previous = own & transparent ? previous : own;
         ++i;
     }
     sink.Commit(out);
@@ -190,7 +199,7 @@ void ConvertArabicGlyphs(StringW& out, const WCHAR* text, int& index)
     StringW keeper;
     text = GlyphSink::KeepApart(text, out, keeper);
     GlyphSink sink(out);
-    if (IsArabic(text[index])) {
+    if (text[index] < tableEnd) {
         index = ShapeArabicRun(sink, text, end, index, index + 1);
     } else {
         sink.Append(text[index++]);
