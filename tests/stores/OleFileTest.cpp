@@ -1,0 +1,209 @@
+#include "corekit/stores/OleFile.h"
+
+#include "corekit/foundation/ChainedException.h"
+#include "corekit/platform/Errors.h"
+#include "corekit/platform/Storage.h"
+#include "corekit/stores/OleStream.h"
+#include "tests/TempFolder.h"
+
+#include <cstdio>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace {
+constexpr UINT kReadWrite = 0x12;
+
+std::string Output(const std::string& command)
+{
+    std::string text;
+    std::FILE* pipe = popen((command + " 2>&1").c_str(), "r");
+    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) text += static_cast<char>(c);
+    pclose(pipe);
+    return text;
+}
+
+class OleFile : public testing::Test {
+protected:
+    void Put(COleFile& file, const WCHAR* name, const std::string& bytes)
+    {
+        const std::unique_ptr<COleStream> stream(file.CreateStream(name));
+        stream->Write(bytes.data(), static_cast<DWORD>(bytes.size()));
+        stream->Flush();
+    }
+    std::string Get(COleFile& file, const WCHAR* name)
+    {
+        const std::unique_ptr<COleStream> stream(file.OpenStream(name));
+        std::string bytes(stream->GetSize(), ' ');
+        stream->Read(bytes.data(), stream->GetSize());
+        return bytes;
+    }
+    template <class Call>
+    std::string MessageOf(Call call)
+    {
+        try {
+            call();
+        } catch (CChainedException* e) {
+            const std::string text = e->BuildMessageString().GetString();
+            e->Delete();
+            return text.substr(0, text.find_first_of("\r\n"));
+        }
+        return "";
+    }
+
+    TempFolder m_folder;
+    std::string m_path = m_folder / "file.cmp";
+    const std::string m_large = std::string(70'000, 'L') + "end";
+};
+} // namespace
+
+TEST_F(OleFile, OnlyWhatWasCommittedIsThereOnReopening)
+{
+    const _GUID id = {0x11223344, 0x5566, 0x7788, {1, 2, 3, 4, 5, 6, 7, 8}};
+    COleFile file;
+    file.Create(m_path.c_str(), 0);
+    Put(file, u"Small", "abc");
+    Put(file, u"Large", m_large);
+    file.SetClassID(id);
+    file.Commit();
+    Put(file, u"Late", "lost");
+    Put(file, u"SMALL", "changed");
+    file.Close();
+
+    ASSERT_EQ(file.Open(m_path.c_str(), kReadWrite), 1);
+    EXPECT_EQ(Get(file, u"sMALL"), "abc");
+    EXPECT_EQ(Get(file, u"Large"), m_large);
+    EXPECT_EQ(MessageOf([&] { file.OpenStream(u"Late"); }), "[OLE File] Open stream failed, name=Late");
+    _GUID back{};
+    EXPECT_EQ(file.GetClassID(back), 1);
+    EXPECT_EQ(back, id);
+
+    Put(file, u"Small", "changed");
+    file.Commit();
+    EXPECT_EQ(Get(file, u"Small"), "changed") << "after its source was replaced";
+    EXPECT_EQ(Get(file, u"Large"), m_large);
+    {
+        const std::unique_ptr<COleStream> stream(file.OpenStream(u"Large"));
+        stream->SeekToPos(65'530);
+        stream->Write("across the page", 15);
+        stream->Flush();
+        file.Commit();
+        stream->SeekToPos(5);
+        stream->SetEndOfStream();
+    }
+    file.Commit();
+    file.Close();
+    ASSERT_EQ(file.Open(m_path.c_str(), 0x40), 1);
+    EXPECT_EQ(Get(file, u"Large"), "LLLLL");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.Path()), {}), 1)
+        << "nothing is left lying";
+}
+
+TEST_F(OleFile, CreateSparesExistingFilesUntilCommit)
+{
+    COleFile file;
+    file.Create(m_path.c_str(), 0);
+    Put(file, u"One", "1");
+    file.Commit();
+    file.Close();
+    EXPECT_EQ(MessageOf([&] { file.Create(m_path.c_str(), 0); }),
+              "[OLE File] Cannot create the file, name=" + m_path);
+    file.Create(m_path.c_str(), 1);
+    EXPECT_NE(MessageOf([&] { file.OpenStream(u"One"); }), "");
+    file.Close();
+    ASSERT_EQ(file.Open(m_path.c_str(), kReadWrite), 1);
+    EXPECT_EQ(Get(file, u"One"), "1");
+    EXPECT_NE(MessageOf([&] { file.Create((m_folder / "no/such").c_str(), 1); }), "");
+    EXPECT_EQ(Get(file, u"One"), "1") << "a failed create keeps what is open";
+}
+
+TEST_F(OleFile, SharingNamesAndEndsAreGuarded)
+{
+    COleFile file, other;
+    file.Create(m_path.c_str(), 0);
+    EXPECT_EQ(other.Open(m_path.c_str(), kReadWrite), 0);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(STG_E_SHAREVIOLATION));
+    const std::u16string longest(31, u'n'), tooLong(32, u'n');
+    Put(file, longest.c_str(), "x");
+    for (const WCHAR* name : {u"", u"a/b", u"a:b", u"\xD800", tooLong.c_str()})
+        EXPECT_NE(MessageOf([&] { file.CreateStream(name); }), "");
+    const std::unique_ptr<COleStream> stream(file.OpenStream(longest.c_str()));
+    EXPECT_NE(MessageOf([&] { file.OpenStream(longest.c_str()); }), "") << "it is open";
+    char byte;
+    EXPECT_EQ(MessageOf([&] { stream->Read(&byte, 2); }),
+              "[OLE Stream] Read request would pass beyond the end of the file.");
+    EXPECT_EQ(MessageOf([&] { stream->SeekToPos(2); }),
+              "[OLE Stream] Seek position is beyond the end of the stream.");
+    EXPECT_EQ(MessageOf([&] { stream->Skip(-1); }),
+              "[OLE Stream] Skip request would pass beyond the end of the file.");
+    file.Commit();
+    file.Close();
+    stream->Read(&byte, 1);
+    EXPECT_EQ(byte, 'x') << "a stream outlives its file";
+
+    ASSERT_EQ(file.Open(m_path.c_str(), 0x20), 1);
+    ASSERT_EQ(other.Open(m_path.c_str(), 0x20), 1) << "readers share";
+    const std::unique_ptr<COleStream> reader(file.OpenStream(longest.c_str()));
+    reader->Write("y", 1);
+    EXPECT_EQ(MessageOf([&] { reader->Flush(); }), "[OLE Stream] Write to stream failed.");
+    EXPECT_EQ(MessageOf([&] { file.Commit(); }), "[OLE File] Commit() failed");
+    WriteWhole(m_path, "plain text");
+    EXPECT_FALSE(COleFile::IsOleFile(m_path.c_str()));
+    EXPECT_FALSE(COleFile::IsOleFile((m_folder / "missing").c_str()));
+}
+
+TEST_F(OleFile, OtherProgramsReadOurs)
+{
+    COleFile file;
+    file.Create(m_path.c_str(), 0);
+    Put(file, u"Script", "Good evening");
+    Put(file, u"Gro\u00DF \u05D0", m_large);
+    for (char16_t name = u'a'; name <= u'z'; ++name) Put(file, std::u16string(3, name).c_str(), "letter");
+    file.Commit();
+    EXPECT_TRUE(COleFile::IsOleFile(m_path.c_str()));
+    EXPECT_EQ(Output("gsf cat " + m_path + " Script"), "Good evening");
+    EXPECT_EQ(Output("7z e -so " + m_path + " Script"), "Good evening");
+    EXPECT_EQ(Output("7z e -so " + m_path + " 'Gro\u00DF \u05D0'"), m_large);
+    const std::string listing = Output("7z t " + m_path);
+    EXPECT_NE(listing.find("Everything is Ok"), std::string::npos) << listing;
+    EXPECT_NE(listing.find("Files: 28"), std::string::npos) << listing;
+}
+
+TEST_F(OleFile, WeReadWhatAnotherProgramWrote)
+{
+    WriteWhole(m_folder / "one", "first");
+    WriteWhole(m_folder / "two", m_large);
+    Output("cd " + m_folder.Path() + " && gsf createole file.cmp one two");
+    COleFile file;
+    ASSERT_EQ(file.Open(m_path.c_str(), kReadWrite), 1);
+    EXPECT_EQ(Get(file, u"ONE"), "first");
+    EXPECT_EQ(Get(file, u"two"), m_large);
+    Put(file, u"three", "added");
+    file.Commit();
+    EXPECT_EQ(Output("gsf cat " + m_path + " three"), "added");
+    EXPECT_EQ(Output("gsf cat " + m_path + " two"), m_large);
+}
+
+TEST_F(OleFile, NoChangedByteOfAFileDoesHarm)
+{
+    {
+        COleFile file;
+        file.Create(m_path.c_str(), 0);
+        Put(file, u"Small", "abc");
+        Put(file, u"Large", m_large);
+        file.Commit();
+    }
+    const std::string sound = ReadWhole(m_path);
+    std::vector<std::size_t> places;
+    for (std::size_t at = 0; at < 600; ++at) places.push_back(at);
+    for (std::size_t at = sound.size() - 3000; at < sound.size(); at += 3) places.push_back(at);
+    for (const std::size_t place : places) {
+        std::string damaged = sound;
+        damaged[place] = static_cast<char>(damaged[place] == '\xFF' ? 1 : '\xFF');
+        WriteWhole(m_path, damaged);
+        COleFile file;
+        if (!file.Open(m_path.c_str(), 0x20)) continue;
+        for (const WCHAR* name : {u"Small", u"Large"})
+            MessageOf([&] { EXPECT_LE(Get(file, name).size(), sound.size()); });
+    }
+}
