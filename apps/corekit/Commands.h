@@ -1,0 +1,10 @@
+// The subcommands. Each adds itself to the tool's command line; its work runs when the line names it.
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+void AddDrawCommand(CLI::App& app);
+void AddShapeCommand(CLI::App& app);
+void AddCharCommand(CLI::App& app);

@@ -1,0 +1,190 @@
+// corekit draw: text files as pictures of prompter lines.
+#include "Commands.h"
+#include "Terminal.h"
+#include "TextFile.h"
+
+#include "corekit/framework/Geometry.h"
+#include "corekit/platform/Gdi.h"
+#include "corekit/platform/Toolkit.h"
+#include "corekit/unicode/bidi/ReorderToVisual.h"
+#include "corekit/unicode/ui/UnicodeManager.h"
+#include "corekit/unicode/ui/UniRender.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+
+namespace {
+
+struct DrawOptions {
+    std::vector<std::string> files;
+    std::string folder;
+    std::vector<std::string> fonts;
+    int size = 48;
+    int width = 0; // pixels; 0 is as wide as the widest line
+    bool bidi = false;
+    bool complex = false;
+};
+
+// Tried in this order when no font is named; those that the machine lacks are passed over.
+constexpr const char* usualFonts[] = {
+    "Noto Sans", "Noto Sans Hebrew", "Noto Sans Arabic", "DejaVu Sans", "Noto Sans Devanagari", "Noto Sans Bengali", "Noto Sans Tamil",
+};
+
+constexpr int margin = 24;
+constexpr int widest = 16384, tallest = 32768; // pixels of one picture
+constexpr COLORREF paper = RGB(0, 0, 0), ink = RGB(255, 255, 255);
+
+struct Surface {
+    HDC dc = CreateCompatibleDC(nullptr);
+    HBITMAP bitmap;
+    HGDIOBJ before;
+
+    Surface(int width, int height) : bitmap(CreateCompatibleBitmap(dc, width, height)), before(SelectObject(dc, bitmap))
+    {
+        if (bitmap == nullptr) throw std::runtime_error("no memory for a picture of " + std::to_string(width) + " by " + std::to_string(height));
+    }
+    ~Surface()
+    {
+        SelectObject(dc, before);
+        DeleteObject(bitmap);
+        DeleteDC(dc);
+    }
+    Surface(const Surface&) = delete;
+    Surface& operator=(const Surface&) = delete;
+};
+
+struct Line {
+    StringW text;
+    int width = 0;
+    bool rightToLeft = false;
+};
+
+class Artist {
+public:
+    explicit Artist(const DrawOptions& options) : m_options(options)
+    {
+        for (const std::string& face : options.fonts) m_render.AddFont(face.c_str());
+        if (options.fonts.empty()) AddUsualFonts();
+        m_render.Create(options.size, 0, 0, 0);
+    }
+
+    // Draws every line of the file below the other; gives the picture's path.
+    std::string Draw(const std::string& file)
+    {
+        std::vector<Line> lines = Measure(ReadLines(file));
+        int width = m_options.width;
+        for (const Line& line : lines)
+            if (m_options.width == 0) width = std::max(width, line.width + 2 * margin);
+        const int height = m_render.GetHeight(), pitch = height + height / 4;
+        const auto tall = static_cast<long long>(pitch) * std::max<long long>(1, static_cast<long long>(lines.size())) + 2 * margin;
+        if (width > widest || tall > tallest) throw std::runtime_error(file + " is too large for one picture; draw it in parts or smaller");
+        Surface surface(std::max(width, 2 * margin), static_cast<int>(tall));
+        Paint(surface, lines, pitch, width);
+        return Save(surface, file);
+    }
+
+    std::size_t LinesDrawn() const { return m_linesDrawn; }
+
+private:
+    void AddUsualFonts()
+    {
+        for (const char* face : usualFonts)
+            if (CUnicodeManager::GetObjectA()->IsFontValid(face)) m_render.AddFont(face);
+    }
+
+    std::vector<Line> Measure(const std::vector<std::u16string>& texts)
+    {
+        Surface scratch(1, 1);
+        m_render.AttachDC(scratch.dc);
+        std::vector<Line> lines;
+        for (const std::u16string& text : texts) {
+            Line line{StringW(text.data(), static_cast<int>(text.size()))};
+            line.width = m_render.CalcLogicalStringSize(line.text, -1, 0).cx;
+            line.rightToLeft = BaseLevel(line.text, line.text.GetLength()) == 1;
+            lines.push_back(std::move(line));
+        }
+        m_render.DetachDC();
+        return lines;
+    }
+
+    void Paint(Surface& surface, const std::vector<Line>& lines, int pitch, int width)
+    {
+        SetTextColor(surface.dc, ink);
+        SetBkColor(surface.dc, paper);
+        SetTextAlign(surface.dc, TA_LEFT | TA_BASELINE);
+        const CRect all(0, 0, width, static_cast<int>(lines.size()) * pitch + 2 * margin);
+        ExtTextOutW(surface.dc, 0, 0, ETO_OPAQUE, &all, nullptr, 0, nullptr);
+        SetBkMode(surface.dc, TRANSPARENT);
+        m_render.AttachDC(surface.dc);
+        int baseline = margin + m_render.GetHeight() * 4 / 5;
+        for (const Line& line : lines) {
+            const int x = line.rightToLeft ? width - margin - line.width : margin;
+            m_render.DrawLogicalString(x, baseline, 0, all, line.text, -1, 0);
+            baseline += pitch;
+            ++m_linesDrawn;
+        }
+        m_render.DetachDC();
+    }
+
+    std::string Save(const Surface& surface, const std::string& file)
+    {
+        const auto path = std::filesystem::path(m_options.folder) / (std::filesystem::path(file).stem().string() + ".png");
+        if (!SaveBitmapAsPng(surface.bitmap, path.c_str())) throw std::runtime_error("cannot write " + path.string());
+        return path.string();
+    }
+
+    const DrawOptions& m_options;
+    CUniRender m_render;
+    std::size_t m_linesDrawn = 0;
+};
+
+void Draw(const DrawOptions& options)
+{
+    if (!StartToolkit()) throw std::runtime_error("the window toolkit does not start");
+    CUnicodeManager* manager = CUnicodeManager::Initialise(FALSE);
+    manager->SetBIDIEnabled(options.bidi);
+    manager->SetWindowsComplexLanguageHandling(options.complex);
+    std::error_code error;
+    std::filesystem::create_directories(options.folder, error);
+    if (error) throw std::runtime_error("cannot make the folder " + options.folder + ": " + error.message());
+
+    const auto started = std::chrono::steady_clock::now();
+    Artist artist(options);
+    std::vector<std::string> pictures;
+    {
+        ProgressBar bar("drawing", options.files.size());
+        for (const std::string& file : options.files) {
+            pictures.push_back(artist.Draw(file));
+            bar.Advance();
+        }
+    }
+    const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - started;
+    for (const std::string& picture : pictures) std::puts(picture.c_str());
+    std::printf("%zu lines in %zu pictures, %.0f ms. Look into %s\n", artist.LinesDrawn(), pictures.size(), took.count(),
+                std::filesystem::absolute(options.folder).c_str());
+}
+
+} // namespace
+
+void AddDrawCommand(CLI::App& app)
+{
+    auto* command = app.add_subcommand("draw", "Draw the lines of text files into PNG pictures");
+    auto options = std::make_shared<DrawOptions>();
+    command->add_option("FILE", options->files, "Text files, UTF-8 or UTF-16; each becomes DIR/<name>.png")->required();
+    command->add_option("-o,--output", options->folder, "The folder for the pictures, made if it is missing")->required()->type_name("DIR");
+    command->add_option("--font", options->fonts, "A font face, up to sixteen, in order of preference")->expected(1)->type_name("FACE")
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    command->add_option("--size", options->size, "Height of the fonts in pixels")->check(CLI::Range(4, 1000))->capture_default_str();
+    command->add_option("--width", options->width, "Width of the pictures in pixels; without it, that of the widest line")
+        ->check(CLI::Range(1, widest));
+    command->add_flag("--bidi", options->bidi, "Order right-to-left text ourselves");
+    command->add_flag("--complex", options->complex, "Leave all shaping to the platform (Devanagari, Bengali, Tamil)");
+    command->footer("Example: corekit draw script.txt -o pictures --bidi --font 'Noto Sans' --font 'Noto Sans Arabic'");
+    command->callback([options] { Draw(*options); });
+}

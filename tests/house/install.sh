@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# install.sh BUILD SOURCE: the installed tree serves a program that finds it by find_package and by pkg-config.
+set -eu
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+cmake --install "$1" --prefix "$scratch/prefix" >/dev/null
+cp -r "$2/examples/first" "$scratch/first"
+cmake -S "$scratch/first" -B "$scratch/build" -DCMAKE_PREFIX_PATH="$scratch/prefix" >/dev/null
+cmake --build "$scratch/build" >/dev/null
+"$scratch/build/first" >"$scratch/said"
+grep -q . "$scratch/said"
+
+export PKG_CONFIG_PATH=$(dirname "$(find "$scratch/prefix" -name corekit.pc)")
+g++ $(pkg-config --cflags corekit) "$scratch/first/first.cpp" -o "$scratch/by-pkg-config" $(pkg-config --libs corekit)
+LD_LIBRARY_PATH=$(pkg-config --variable=libdir corekit) "$scratch/by-pkg-config" | cmp - "$scratch/said"

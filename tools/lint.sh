@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# The house rules that a machine can see. Prints each breach with its place; exit code 1 when there is one.
+set -u
+cd "$(dirname "$0")/.."
+breaches=0
+
+# complain TITLE ROWS: a group of breaches, if there are any.
+complain() {
+    [ -n "$2" ] || return 0
+    printf '%s\n%s\n\n' "$1" "$2"
+    breaches=1
+}
+
+sources() { find corekit apps tests benchmarks fuzz -name '*.h' -o -name '*.cpp' | sort; }
+
+complain "Headers of the machine or the toolkit outside corekit/platform:" "$(
+    grep -nE '#include *<(Q[A-Z]|Qt|xcb|sqlite3|unicode/|gsf|systemd/|sys/|unistd|fcntl|poll|termios|pthread|iconv|dlfcn)' -r corekit apps |
+        grep -v '^corekit/platform/\(posix\|qt\)/')"
+complain "Toolkit module headers (include the class's own):" "$(grep -rnE '#include *<Qt[A-Z][A-Za-z]*>' corekit apps)"
+
+layers="platform framework foundation stores unicode logging net hosts devices graphics commands windows"
+complain "Includes that point upward:" "$(
+    grep -rnE '#include *"corekit/[a-z]+/' corekit | awk -v layers="$layers" '
+        BEGIN { n = split(layers, name, " "); for (i = 1; i <= n; ++i) rank[name[i]] = i }
+        {
+            split($0, part, ":"); split(part[1], from, "/")
+            match($0, /"corekit\/[^"]*"/); to_path = substr($0, RSTART + 1, RLENGTH - 2); split(to_path, to, "/")
+            if (to_path ~ /^corekit\/unicode\/tables\// || part[1] ~ /\/ui\//) next
+            if (from[2] in rank && to[2] in rank && rank[to[2]] > rank[from[2]]) print part[1] " -> " to_path
+        }')"
+complain "The tables of characters include more than StringW.h and basic types:" "$(
+    grep -nE '#include *"corekit/' -r corekit/unicode/tables | grep -vE '"corekit/(unicode/tables/|foundation/StringW.h|platform/(Types|Export)\.h)')"
+complain "Platform conditionals outside corekit/platform:" "$(
+    grep -nE '^ *#(if|ifdef|ifndef) .*(__linux__|_WIN32|__unix__|__x86_64__)' -r corekit apps | grep -v '^corekit/platform/')"
+complain "Unfinished marks:" "$(grep -nE '\b(TODO|FIXME|XXX|not implemented|placeholder)\b' -r corekit apps)"
+complain "Tests that are switched off or cannot fail:" "$(grep -nE 'DISABLED_|GTEST_SKIP|EXPECT_TRUE\(true\)|SUCCEED\(\)' -r tests)"
+complain "Public headers over 250 lines:" "$(find corekit -name '*.h' -exec wc -l {} + | awk '$2 != "total" && $1 > 250')"
+complain "Sources over 700 lines:" "$(sources | xargs wc -l | awk '$2 != "total" && $1 > 700')"
+complain "Headers without #pragma once:" "$(find corekit -name '*.h' | xargs grep -L '^#pragma once')"
+
+[ "$breaches" -eq 0 ] && echo "The house is in order."
+exit "$breaches"
