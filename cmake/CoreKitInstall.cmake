@@ -24,3 +24,7 @@ foreach(library ${installed_targets})
   configure_file(${PROJECT_SOURCE_DIR}/cmake/corekit.pc.in ${PROJECT_BINARY_DIR}/${COREKIT_PC_LIBRARY}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${COREKIT_PC_LIBRARY}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endforeach()
+
+set(CPACK_GENERATOR TGZ)
+set(CPACK_PACKAGE_VENDOR CoreKit)
+include(CPack)
