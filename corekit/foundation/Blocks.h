@@ -1,0 +1,24 @@
+// Small helpers for blocks of bytes.
+#pragma once
+
+#include "corekit/foundation/StringW.h"
+#include "corekit/framework/Array.h"
+#include "corekit/platform/Export.h"
+#include "corekit/platform/Types.h"
+
+// Appends the text without its terminator, or `size` bytes.
+COREKIT_API void AppendStringToBuffer(CByteArray& buffer, const char* text);
+COREKIT_API void AppendDataToBuffer(CByteArray& buffer, const void* data, unsigned long size);
+
+// Swaps the two bytes of each 16-bit unit in place.
+COREKIT_API void SwapByteOrder(unsigned short* data, int count);
+COREKIT_API void SwapByteOrderInString(StringW& text);
+
+// Appends four bytes, little-endian.
+COREKIT_API void AddToBLOB(CByteArray& blob, unsigned long value);
+// Four bytes a value, in order; bytes behind the last whole value are left out.
+COREKIT_API void ConvertToBLOB(const CDWordArray& values, CByteArray& blob);
+COREKIT_API void ConvertFromBLOB(const CByteArray& blob, CDWordArray& values);
+
+// The Adler-32 checksum of RFC 1950; 1 for a null pointer or no bytes.
+COREKIT_API unsigned long Adler32Checksum(unsigned char* data, unsigned int size);

@@ -1,0 +1,102 @@
+#include "corekit/foundation/DelimitedText.h"
+
+#include "corekit/platform/Runtime.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+namespace {
+
+// Calls `add` for each item in front of a delimiter; gives what follows the last one.
+template <class Ch, class Add>
+std::basic_string_view<Ch> Split(std::basic_string_view<Ch> text, Ch delimiter, Add add)
+{
+    for (std::size_t end; (end = text.find(delimiter)) != text.npos; text.remove_prefix(end + 1)) add(text.substr(0, end));
+    return text;
+}
+
+int Length(std::size_t units) { return static_cast<int>(units); }
+
+CString LowBytes(std::u16string_view units)
+{
+    CString item;
+    char* to = item.GetBuffer(Length(units.size()));
+    std::transform(units.begin(), units.end(), to, [](WCHAR c) { return static_cast<char>(c); });
+    item.ReleaseBuffer(Length(units.size()));
+    return item;
+}
+
+template <class Text, class Ch>
+void SplitInto(CArray<Text, const Ch*>& items, const Ch* text, std::size_t length, Ch delimiter, Ch stand)
+{
+    items.RemoveAll();
+    const auto add = [&](std::basic_string_view<Ch> item) {
+        const int index = items.GetSize();
+        items.SetSize(index + 1);
+        Text& added = items[index];
+        added = Text(item.data(), Length(item.size()));
+        if (stand == delimiter) return;
+        for (std::size_t i = item.find(stand); i != item.npos; i = item.find(stand, i + 1)) added.SetAt(Length(i), delimiter);
+    };
+    const auto rest = Split(std::basic_string_view<Ch>(text, length), delimiter, add);
+    if (!rest.empty()) add(rest);
+}
+
+template <class Add>
+void SplitLines(std::string_view text, bool skipEmpty, Add add)
+{
+    while (!text.empty()) {
+        const std::size_t end = text.find_first_of("\r\n");
+        const std::string_view line = text.substr(0, end);
+        if (!line.empty() || (!skipEmpty && end != text.npos)) add(line);
+        if (end == text.npos) return;
+        text.remove_prefix(end + (text.compare(end, 2, "\r\n") == 0 ? 2 : 1));
+    }
+}
+
+} // namespace
+
+void ConvertDelimitedStringToArray(const char* text, CStringArray& items, char delimiter)
+{
+    items.RemoveAll();
+    const auto add = [&](std::string_view item) { items.Add(CString(item.data(), Length(item.size()))); };
+    add(Split(std::string_view(text), delimiter, add));
+}
+
+void ConvertDelimitedStringToArray(const WCHAR* text, CStringArray& items, WCHAR delimiter)
+{
+    items.RemoveAll();
+    const auto add = [&](std::u16string_view item) { items.Add(LowBytes(item)); };
+    add(Split(std::u16string_view(text, crt16::wcslen(text)), delimiter, add));
+}
+
+void ConvertDelimitedStringToArray(const char* text, CArray<StringA, const char*>& items, char delimiter)
+{
+    SplitInto(items, text, std::strlen(text), delimiter, delimiter);
+}
+
+void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHAR*>& items, WCHAR delimiter)
+{
+    SplitInto(items, text, crt16::wcslen(text), delimiter, delimiter);
+}
+
+void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHAR*>& items, WCHAR delimiter, WCHAR stand)
+{
+    SplitInto(items, text, crt16::wcslen(text), delimiter, stand);
+}
+
+void ConvertBufferIntoLines(const char* text, CStringArray& lines, int skipEmpty)
+{
+    lines.RemoveAll();
+    SplitLines(text, skipEmpty != 0, [&](std::string_view line) { lines.Add(CString(line.data(), Length(line.size()))); });
+}
+
+void ConvertBufferIntoLines(const char* text, CArray<StringA, const char*>& lines, int skipEmpty)
+{
+    lines.RemoveAll();
+    SplitLines(text, skipEmpty != 0, [&](std::string_view line) {
+        lines.SetSize(lines.GetSize() + 1);
+        lines[lines.GetUpperBound()] = StringA(line.data(), Length(line.size()));
+    });
+}
