@@ -106,7 +106,7 @@ private:
         for (const std::u16string& text : texts) {
             Line line{StringW(text.data(), static_cast<int>(text.size()))};
             line.width = m_render.CalcLogicalStringSize(line.text, -1, 0).cx;
-            line.rightToLeft = BaseLevel(line.text, line.text.GetLength()) == 1;
+            line.rightToLeft = GetBaseLevel(line.text, line.text.GetLength()) == 1;
             lines.push_back(std::move(line));
         }
         m_render.DetachDC();

@@ -30,7 +30,7 @@ std::string GlyphList(const StringW& glyphs, int from, int to)
 StringW GlyphsOfPrefix(const StringW& visual, int count)
 {
     StringW glyphs;
-    if (count > 0) ConvertToGlyphs(visual, count, false, glyphs);
+    if (count > 0) ConvertToGlyphs(visual, count, glyphs, false);
     return glyphs;
 }
 
@@ -39,7 +39,7 @@ void ShowShape(const std::string& utf8)
     const std::u16string text = Utf16(utf8);
     StringW visual(text.data(), static_cast<int>(text.size()));
     CArray<int, int> order, types;
-    const int level = BaseLevel(visual, visual.GetLength());
+    const int level = GetBaseLevel(visual, visual.GetLength());
     ReorderToVisual(visual, order, types, level);
 
     std::vector<std::vector<std::string>> rows = {{"place", "was", "code", "char", "direction", "general type", "glyph codes"}};

@@ -4,7 +4,7 @@
 int main()
 {
     StringW word(u"\u0645\u0627\u0644\u0633"), glyphs; // in display order, left to right
-    ConvertToGlyphs(word, -1, false, glyphs);
+    ConvertToGlyphs(word, -1, glyphs, false);
     for (int i = 0; i < glyphs.GetLength(); ++i) std::printf("U+%04X ", static_cast<unsigned>(glyphs[i]));
 
     CMemoryStream stream(0, 4096);
