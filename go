@@ -126,6 +126,8 @@ demo)
         exit 1
     fi
     build/release/bin/corekit draw examples/scripts/*.txt -o "${1:-out}" --bidi
+    # These scripts are shaped by the platform.
+    build/release/bin/corekit draw examples/scripts/complex/*.txt -o "${1:-out}/complex" --complex
     ;;
 test)
     need build test

@@ -31,9 +31,10 @@ struct DrawOptions {
     bool complex = false;
 };
 
-// Tried in this order when no font is named; those that the machine lacks are passed over.
+// Taken in this order when no font is named, those that the machine lacks passed over. The first has Latin and the
+// forms of every Arabic letter, Urdu's among them, which few faces that also claim Latin have.
 constexpr const char* usualFonts[] = {
-    "Noto Sans", "Noto Sans Hebrew", "Noto Sans Arabic", "DejaVu Sans", "Noto Sans Devanagari", "Noto Sans Bengali", "Noto Sans Tamil",
+    "Amiri", "Noto Serif Hebrew", "Noto Serif Devanagari", "Noto Serif Bengali", "Noto Serif Tamil", "DejaVu Sans",
 };
 
 constexpr int margin = 24;
@@ -71,7 +72,7 @@ public:
     {
         for (const std::string& face : options.fonts) m_render.AddFont(face.c_str());
         if (options.fonts.empty()) AddUsualFonts();
-        m_render.Create(options.size, 0, 0, 0);
+        m_render.Create(-options.size, 0, 0, 0); // the height of the letters, the same in every face
     }
 
     // Draws every line of the file below the other; gives the picture's path.
@@ -81,7 +82,7 @@ public:
         int width = m_options.width;
         for (const Line& line : lines)
             if (m_options.width == 0) width = std::max(width, line.width + 2 * margin);
-        const int height = m_render.GetHeight(), pitch = height + height / 4;
+        const int pitch = m_options.size * 7 / 4;
         const auto tall = static_cast<long long>(pitch) * std::max<long long>(1, static_cast<long long>(lines.size())) + 2 * margin;
         if (width > widest || tall > tallest) throw std::runtime_error(file + " is too large for one picture; draw it in parts or smaller");
         Surface surface(std::max(width, 2 * margin), static_cast<int>(tall));
@@ -105,12 +106,23 @@ private:
         std::vector<Line> lines;
         for (const std::u16string& text : texts) {
             Line line{StringW(text.data(), static_cast<int>(text.size()))};
-            line.width = m_render.CalcLogicalStringSize(line.text, -1, 0).cx;
+            line.width = DrawnWidth(line.text);
             line.rightToLeft = GetBaseLevel(line.text, line.text.GetLength()) == 1;
             lines.push_back(std::move(line));
         }
         m_render.DetachDC();
         return lines;
+    }
+
+    // Arabic letters take their forms from their neighbours on the screen, so the width is that of display order.
+    int DrawnWidth(StringW text)
+    {
+        const CUnicodeManager* manager = CUnicodeManager::GetObjectA();
+        CArray<int, int> order, types;
+        if (manager->IsBIDIEnabled(TRUE)) ReorderToVisual(text, order, types, GetBaseLevel(text, text.GetLength()));
+        StringW glyphs;
+        manager->ConvertToGlyphs(text, text.GetLength(), glyphs);
+        return m_render.CalcGlyphStringSize(glyphs, glyphs.GetLength(), 0).cx;
     }
 
     void Paint(Surface& surface, const std::vector<Line>& lines, int pitch, int width)
@@ -122,7 +134,7 @@ private:
         ExtTextOutW(surface.dc, 0, 0, ETO_OPAQUE, &all, nullptr, 0, nullptr);
         SetBkMode(surface.dc, TRANSPARENT);
         m_render.AttachDC(surface.dc);
-        int baseline = margin + m_render.GetHeight() * 4 / 5;
+        int baseline = margin + m_options.size * 5 / 4;
         for (const Line& line : lines) {
             const int x = line.rightToLeft ? width - margin - line.width : margin;
             m_render.DrawLogicalString(x, baseline, 0, all, line.text, -1, 0);
@@ -146,7 +158,7 @@ private:
 
 void Draw(const DrawOptions& options)
 {
-    if (!StartToolkit()) throw std::runtime_error("the window toolkit does not start");
+    if (!StartToolkit(ToolkitDisplay::offscreen)) throw std::runtime_error("the window toolkit does not start");
     CUnicodeManager* manager = CUnicodeManager::Initialise(FALSE);
     manager->SetBIDIEnabled(options.bidi);
     manager->SetWindowsComplexLanguageHandling(options.complex);

@@ -1,9 +1,9 @@
 #include "TextFile.h"
 
+#include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <system_error>
 
@@ -86,9 +86,11 @@ std::string Utf8(std::u16string_view utf16)
 std::vector<std::u16string> ReadLines(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    if (!file.is_open() || file.bad())
-        throw std::runtime_error("cannot read " + path + ": " + std::generic_category().message(errno));
+    std::ostringstream whole;
+    if (!file.is_open()) throw std::runtime_error("cannot read " + path + ": " + std::generic_category().message(errno));
+    if (file.peek() != std::ifstream::traits_type::eof()) whole << file.rdbuf();
+    if (file.bad()) throw std::runtime_error("cannot read " + path + ": it is a folder or cannot be read to its end");
+    const std::string bytes = whole.str();
     const std::u16string text = DecodeFile(bytes);
 
     std::vector<std::u16string> lines;

@@ -1,6 +1,6 @@
 #include "corekit/unicode/ui/UnicodeManager.h"
 
-#include "corekit/foundation/StringIntArray.h"
+#include "corekit/foundation/KeyedArrays.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
 
 #include <gtest/gtest.h>

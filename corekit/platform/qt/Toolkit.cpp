@@ -20,6 +20,15 @@ QByteArray platformFor(ToolkitDisplay display)
     return QByteArray(wayland ? "wayland;" : "") + (x11 ? "xcb;" : "") + "offscreen";
 }
 
+// Outside of a session the toolkit complains that there is no folder for run-time files, which nothing here uses.
+// Its other messages go where they always go.
+QtMessageHandler elsewhere = nullptr;
+
+void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (!message.startsWith(QLatin1String("QStandardPaths: "))) elsewhere(type, context, message);
+}
+
 } // namespace
 
 bool ToolkitIsRunning() { return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr; }
@@ -29,6 +38,8 @@ bool StartToolkit(ToolkitDisplay display)
     if (QCoreApplication::instance()) return ToolkitIsRunning();
     if (display == ToolkitDisplay::offscreen || qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", platformFor(display));
+    elsewhere = qInstallMessageHandler(PassOnMessage);
     static corekit::detail::NeverDestroyed<QApplication> application(argumentCount, arguments);
+    qInstallMessageHandler(elsewhere);
     return ToolkitIsRunning();
 }

@@ -1,6 +1,6 @@
 #include "corekit/unicode/ui/UnicodeManager.h"
 
-#include "corekit/foundation/StringIntArray.h"
+#include "corekit/foundation/KeyedArrays.h"
 #include "corekit/framework/Exception.h"
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/Locale.h"
