@@ -36,12 +36,7 @@ complain "Unfinished marks:" "$(grep -nE '\b(TODO|FIXME|XXX|not implemented|plac
 complain "Tests that are switched off or cannot fail:" "$(grep -nE 'DISABLED_|GTEST_SKIP|EXPECT_TRUE\(true\)|SUCCEED\(\)' -r tests)"
 complain "Public headers over 250 lines:" "$(find corekit -name '*.h' -not -name '*Impl.h' -exec wc -l {} + | awk '$2 != "total" && $1 > 250')"
 complain "Sources over 700 lines:" "$(sources | xargs wc -l | awk '$2 != "total" && $1 > 700')"
-complain "Public headers that no umbrella header includes:" "$(
-    find corekit -name '*.h' | grep -vE 'corekit/CoreKit(UI)?\.h$|/(qt|posix)/' | sort | while read -r header; do
-        grep -q 'COREKIT_API\|^using \|^template\|^enum\|^struct' "$header" || continue
-        grep -q "namespace corekit::detail" "$header" && continue
-        grep -qF "\"$header\"" corekit/CoreKit.h corekit/CoreKitUI.h 2>/dev/null || echo "$header"
-    done)"
+complain "Umbrella headers:" "$(tools/make_umbrella.sh --check)"
 complain "Headers without #pragma once:" "$(find corekit -name '*.h' | xargs grep -L '^#pragma once')"
 
 [ "$breaches" -eq 0 ] && echo "The house is in order."

@@ -84,8 +84,9 @@ TEST(ByteText, EscapesGoBothWays)
     const WCHAR raw[] = u"a\tb\n\r\\\x01\x7Fא";
     EXPECT_EQ(ExpandBackslashSequences(raw), u"a\\tb\\n\\r\\\\\\x01\\x7Fא");
     EXPECT_EQ(CompactBackslashSequences(ExpandBackslashSequences(raw)), raw);
-    EXPECT_EQ(CompactBackslashSequences(u"\\q\\x4\\"), u"q\x04\\");
+    EXPECT_EQ(CompactBackslashSequences(u"\\q\\x4\\"), u"q\x04");
     EXPECT_EQ(CompactBackslashSequences(u"\\x"), u"x");
+    EXPECT_EQ(CompactBackslashSequences(u"end\\"), u"end\\");
 }
 
 TEST(DelimitedText, TheEndOfTheTextIsTreatedByTheKindOfArray)

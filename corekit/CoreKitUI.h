@@ -1,0 +1,16 @@
+// Everything that both libraries offer. A program that minds its
+// build time includes what it uses instead. Made by tools/make_umbrella.sh.
+#pragma once
+
+#include "corekit/CoreKit.h"
+#include "corekit/framework/ui/DC.h"
+#include "corekit/platform/Gdi.h"
+#include "corekit/platform/Toolkit.h"
+#include "corekit/unicode/ui/FontDescriptor.h"
+#include "corekit/unicode/ui/FontMapInfo.h"
+#include "corekit/unicode/ui/FontSignature.h"
+#include "corekit/unicode/ui/GlyphRuns.h"
+#include "corekit/unicode/ui/UniRender.h"
+#include "corekit/unicode/ui/UnicodeManager.h"
+#include "corekit/unicode/ui/UsbRanges.h"
+#include "corekit/unicode/ui/XPCConfigNode.h"

@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Writes corekit/CoreKit.h and corekit/CoreKitUI.h, which include every public header of a library. With --check it
+# writes nothing and fails when they are not up to date.
+set -eu
+cd "$(dirname "$0")/.."
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+# Public is what other code may call; insides of headers and sources are not.
+public() {
+    find corekit -mindepth 2 -name '*.h' -not -name '*Impl.h' -not -path '*/qt/*' -not -path '*/posix/*' | LC_ALL=C sort |
+        while read -r header; do
+            if grep -q COREKIT_API "$header" || ! grep -q 'namespace corekit::detail' "$header"; then echo "$header"; fi
+        done
+    find corekit -maxdepth 1 -name '*.h' -not -name 'CoreKit*.h' | LC_ALL=C sort
+}
+
+# umbrella FILE INTRODUCTION: from the headers on standard input.
+umbrella() {
+    printf '// %s A program that minds its\n// build time includes what it uses instead. Made by tools/make_umbrella.sh.\n#pragma once\n\n' "$2" >"$1"
+    sed 's/.*/#include "&"/' >>"$1"
+}
+
+needs_toolkit='/ui/|platform/(Gdi|Toolkit)\.h'
+public | grep -vE "$needs_toolkit" | umbrella "$scratch/CoreKit.h" "Everything that the core library offers."
+{ echo corekit/CoreKit.h; public | grep -E "$needs_toolkit"; } |
+    umbrella "$scratch/CoreKitUI.h" "Everything that both libraries offer."
+
+for name in CoreKit.h CoreKitUI.h; do
+    cmp -s "$scratch/$name" "corekit/$name" && continue
+    if [ "${1:-}" = --check ]; then
+        echo "corekit/$name is not up to date; run tools/make_umbrella.sh"
+        exit 1
+    fi
+    cp "$scratch/$name" "corekit/$name"
+done
