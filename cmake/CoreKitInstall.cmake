@@ -15,6 +15,8 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/CoreKitConfigVersion.cmak
 install(FILES ${PROJECT_BINARY_DIR}/CoreKitConfig.cmake ${PROJECT_BINARY_DIR}/CoreKitConfigVersion.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/CoreKit)
 
+# The pkg-config files name the tree by where they lie in it, so that it can be moved.
+file(RELATIVE_PATH COREKIT_PC_TO_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 foreach(library ${installed_targets})
   get_target_property(COREKIT_PC_LIBRARY ${library} OUTPUT_NAME)
   set(COREKIT_PC_REQUIRES "")
