@@ -36,14 +36,18 @@ int LeftToRightType(const WCHAR* text, int length, int i)
 
 // Of ASCII, all is left or neutral but the digits and the signs that may belong to a number. Those signs, and
 // what is not ASCII, need a look.
-Units AreDigits(Units c) { return std::bit_cast<Units>(c - u'0' < 10); }
+Units AreDigits(Units c) { return InRange(c, u'0', u'9'); }
 Units NeedLook(Units c)
 {
-    return std::bit_cast<Units>((c - u'#' < 3) | (c - u'+' < 5) | (c == u':') | (c >= 0x80));
+    return InRange(c, u'#', u'%') | InRange(c, u'+', u'/') | InRange(c, u':', u':') |
+           InRange(c, 0x0080, 0xFFFF);
 }
 
 // Marks all that may run from right to left: Hebrew and Arabic, the mark, and what lies above the surrogates.
-auto MayRunRightToLeft(Units c) { return (c - 0x0590 < 0x0170) | (c == 0x200F) | (c >= 0xE000); }
+Units MayRunRightToLeft(Units c)
+{
+    return InRange(c, 0x0590, 0x06FF) | InRange(c, 0x200F, 0x200F) | InRange(c, 0xE000, 0xFFFF);
+}
 
 // Whether any character from `from` on may run from right to left. The text has eight at least.
 bool HoldsRightToLeft(const WCHAR* text, int length, int from)
@@ -51,7 +55,7 @@ bool HoldsRightToLeft(const WCHAR* text, int length, int from)
     Units found{};
     for (int i = from; i < length; i += unitsAtOnce) {
         const Units units = LoadUnits(text + std::min(i, length - unitsAtOnce));
-        found |= std::bit_cast<Units>(MayRunRightToLeft(units));
+        found |= MayRunRightToLeft(units);
     }
     return AnyMarked(found);
 }
@@ -76,7 +80,7 @@ bool ReorderLeftToRight(const WCHAR* text, int length, int* order, int* types)
         const Units marks = NeedLook(units);
         if (!AnyMarked(marks)) [[likely]]
             continue;
-        if (!searched && AnyMarked(std::bit_cast<Units>(units >= 0x80))) {
+        if (!searched && AnyMarked(InRange(units, 0x0080, 0xFFFF))) {
             if (HoldsRightToLeft(text, length, at)) return false;
             searched = true;
         }

@@ -34,6 +34,12 @@ static_assert(std::endian::native == std::endian::little); // the first unit is 
 // Marks are units of all ones.
 using MarkHalves [[gnu::vector_size(16)]] = std::uint64_t;
 
+inline Units InRange(Units units, WCHAR first, WCHAR last)
+{
+    const std::uint16_t low = first, width = static_cast<std::uint16_t>(last - first);
+    return std::bit_cast<Units>(units - low <= width);
+}
+
 inline bool AnyMarked(Units marks)
 {
     const auto halves = std::bit_cast<MarkHalves>(marks);

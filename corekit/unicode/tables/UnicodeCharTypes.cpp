@@ -12,20 +12,23 @@ using namespace corekit::general;
 using enum corekit::bidi::Code;
 using Entry = CUnicodeCharTypes::__charEntry;
 
-struct Span {
+// Facts of the code points first, first + step, ... last.
+struct TypeRun {
     int first, last, step;
-};
-struct TypeRun : Span {
     corekit::general::Code general;
     corekit::bidi::Code bidi;
 };
-struct CaseRun : Span {
+struct CaseRun {
+    int first, last, step;
     WORD upper, lower, title;
 };
-struct NumberRun : Span {
+struct NumberRun {
+    int first, last, step;
     int decimal, numeric;
 };
-struct MirrorRun : Span {};
+struct MirrorRun {
+    int first, last, step;
+};
 
 constexpr WORD None = 0xFFFF;
 
