@@ -8,3 +8,6 @@ class App;
 void AddDrawCommand(CLI::App& app);
 void AddShapeCommand(CLI::App& app);
 void AddCharCommand(CLI::App& app);
+void AddRegistryCommand(CLI::App& app);
+void AddIniCommand(CLI::App& app);
+void AddOleCommand(CLI::App& app);

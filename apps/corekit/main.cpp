@@ -45,7 +45,7 @@ int Run(CLI::App& app, int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    CLI::App app{"Text, shapes and pictures from the command line.", "corekit"};
+    CLI::App app{"Text, pictures, settings and stores from the command line.", "corekit"};
     app.set_version_flag("--version", CoreKitVersion());
     app.require_subcommand(1);
 #ifdef COREKIT_WITH_UI
@@ -53,5 +53,8 @@ int main(int argc, char** argv)
 #endif
     AddShapeCommand(app);
     AddCharCommand(app);
+    AddRegistryCommand(app);
+    AddIniCommand(app);
+    AddOleCommand(app);
     return Run(app, argc, argv);
 }

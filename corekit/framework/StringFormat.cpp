@@ -10,7 +10,7 @@ void CString::FormatV(const char* format, va_list args)
     char small[256];
     va_list again;
     va_copy(again, args);
-    const int length = std::vsnprintf(small, sizeof small, format ? format : "", args);
+    const int length = format ? std::vsnprintf(small, sizeof small, format, args) : 0;
     if (length > 0 && static_cast<std::size_t>(length) < sizeof small) {
         result = CString(small, length);
     } else if (length > 0) {

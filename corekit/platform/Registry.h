@@ -5,7 +5,7 @@
 // what a killed process had finished stays. Narrow text is in the active code page. All functions return a
 // result code, 0 for success: 2 no such key or value, 5 no access, 6 no open key, 87 a bad argument, 170
 // another process kept the registry busy, 234 the buffer is too small (the size is told), 259 no more items,
-// 1015 the file is damaged (see `corekit registry repair`), 1016 it cannot be read or written, 1018 the key
+// 1015 the file is damaged and was left as it is, 1016 it cannot be read or written, 1018 the key
 // has been deleted meanwhile. Any thread.
 #pragma once
 

@@ -2,6 +2,7 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/Guid.h"
+#include "corekit/stores/RegistryText.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -20,29 +21,6 @@ constexpr int kGuidBuffer = 39;
 void Check(LONG code, UINT messageId)
 {
     if (code != 0) ThrowChainedException(GetLastErrorException(static_cast<DWORD>(code)), messageId);
-}
-
-std::vector<std::string> ValueNames(HKEY key)
-{
-    std::vector<std::string> names;
-    std::vector<char> name(16384);
-    for (DWORD index = 0;; ++index) {
-        auto size = static_cast<DWORD>(name.size());
-        if (RegEnumValueA(key, index, name.data(), &size, nullptr, nullptr, nullptr, nullptr) != 0)
-            return names;
-        names.emplace_back(name.data(), size);
-    }
-}
-
-std::vector<std::string> KeyNames(HKEY key)
-{
-    std::vector<std::string> names;
-    char name[256];
-    for (DWORD index = 0;; ++index) {
-        DWORD size = sizeof name;
-        if (RegEnumKeyExA(key, index, name, &size, nullptr, nullptr, nullptr, nullptr) != 0) return names;
-        names.emplace_back(name, size);
-    }
 }
 } // namespace
 
@@ -285,13 +263,13 @@ void CRegistryKey::DeleteKey(const char* name) { RegDeleteKeyA(m_hKey, name); }
 
 void CRegistryKey::DeleteContents()
 {
-    for (const std::string& name : ValueNames(m_hKey)) RegDeleteValueA(m_hKey, name.c_str());
+    for (const std::string& name : RegistryValueNames(m_hKey)) RegDeleteValueA(m_hKey, name.c_str());
     DeleteSubKeys();
 }
 
 void CRegistryKey::DeleteSubKeys()
 {
-    for (const std::string& name : KeyNames(m_hKey)) {
+    for (const std::string& name : RegistryKeyNames(m_hKey)) {
         CRegistryKey child;
         if (child.Open(m_hKey, name.c_str(), kReadWrite)) {
             child.DeleteContents();

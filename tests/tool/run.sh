@@ -43,6 +43,60 @@ says 'direction' shape --help
 says '^base direction: right-to-left' shape 'שלום abc'
 says '^0 +2 .*U\+0643.* U\+FEDA' shape 'ملك'
 
+# is EXPECTED ARGUMENTS...: exit code 0 and exactly this on standard output.
+is() {
+    local expected=$1
+    shift
+    "$tool" "$@" >"$scratch/out" 2>"$scratch/err" || fail "corekit $*: $(cat "$scratch/err")"
+    [ "$(cat "$scratch/out")" = "$expected" ] || fail "corekit $*: $(cat "$scratch/out")"
+}
+
+export COREKIT_HOME=$scratch/home
+refused registry
+refused registry get 'Software\Test' Name
+refused registry set 'Software\Test' Name 'number many'
+is '' registry set 'HKLM\Software\Test\Below' 'A "name"' 'text "two\nlines"'
+is '' registry set 'Software\Test' Mode 'number 0x10'
+is 'number 16' registry get 'SOFTWARE\test' mode
+is $'[Below]\n"Mode" = number 16' registry list 'Software\Test'
+is '' registry export Software -o "$scratch/settings"
+refused registry delete 'Software\Test'
+is '' registry delete 'Software\Test' Mode
+is '' registry delete Software --key
+refused registry list Software
+is '2 values set' registry import "$scratch/settings"
+is "$(cat "$scratch/settings")" registry export Software
+printf '[A]\n"b" = number\n' >"$scratch/bad"
+refused registry import "$scratch/bad"
+refused registry import "$scratch/missing"
+
+printf '; mine\n[A]\n  b = 1\n' >"$scratch/x.ini"
+is 1 ini get "$scratch/x.ini" a B
+is '' ini set "$scratch/x.ini" A b 'two words'
+[ "$(cat "$scratch/x.ini")" = $'; mine\n[A]\n  b = two words' ] || fail "ini set: $(cat "$scratch/x.ini")"
+refused ini get "$scratch/x.ini" A c
+refused ini get "$scratch/missing.ini" A b
+refused ini set "$scratch/x.ini" A b=c 1
+
+seq 1 20000 >"$scratch/numbers"
+printf 'hello' >"$scratch/hello"
+is '' ole add "$scratch/x.ole" "$scratch/numbers"
+is '' ole add "$scratch/x.ole" "$scratch/hello" --name Greeting
+says '^stream +5 +Greeting' ole list "$scratch/x.ole"
+says '^2 streams' ole extract "$scratch/x.ole" -o "$scratch/parts"
+cmp -s "$scratch/numbers" "$scratch/parts/numbers" || fail "ole extract: other bytes"
+refused ole list "$scratch/numbers"
+refused ole extract "$scratch/x.ole" Missing -o "$scratch/parts"
+refused ole add "$scratch/x.ole" "$scratch/missing"
+ln -sf "$scratch/outside" "$scratch/parts/Greeting"
+refused ole extract "$scratch/x.ole" -o "$scratch/parts"
+[ ! -e "$scratch/outside" ] || fail "ole extract: went through a link"
+# A name that another program wrote.
+LC_ALL=C sed 's/G\x00r\x00e\x00e\x00t\x00i\x00n\x00g\x00/.\x00.\x00\/\x00.\x00.\x00\/\x00u\x00p\x00/' "$scratch/x.ole" >"$scratch/evil.ole"
+says '[.][.]%2F[.][.]%2Fup' ole list "$scratch/evil.ole"
+says '^2 streams' ole extract "$scratch/evil.ole" -o "$scratch/evil/parts"
+[ -f "$scratch/evil/parts/..%2F..%2Fup" ] || fail "ole extract: $(find "$scratch" -name '*up')"
+
 if "$tool" draw --help >/dev/null 2>&1; then
     printf 'one\r\n\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d 12\n\xff broken \xe2\x82\n' >"$scratch/utf8.txt"
     printf '\xff\xfeA\0B\0\n\0' >"$scratch/utf16.txt"

@@ -67,11 +67,14 @@ std::string PathOf(const WCHAR* name)
     return path.c_str();
 }
 
-std::optional<std::string> ElementName(const WCHAR* name)
+enum class NameUse { find, make };
+
+// A file of others may hold names that nobody may make.
+std::optional<std::string> ElementName(const WCHAR* name, NameUse use = NameUse::find)
 {
     const std::u16string_view wide(name);
-    if (wide.empty() || wide.size() > kLongestName || wide.find_first_of(u"/\\:!") != wide.npos)
-        return std::nullopt;
+    if (wide.empty() || wide.size() > kLongestName) return std::nullopt;
+    if (use == NameUse::make && wide.find_first_of(u"/\\:!") != wide.npos) return std::nullopt;
     char utf8[3 * kLongestName + 1];
     int32_t length = 0;
     UErrorCode error = U_ZERO_ERROR;
@@ -217,7 +220,7 @@ public:
     HRESULT CreateStream(const WCHAR* name, DWORD mode, DWORD, DWORD, IStream** stream) override
     {
         return Guarded([&] {
-            const auto element = ElementName(name);
+            const auto element = ElementName(name, NameUse::make);
             if (!element) return STG_E_INVALIDNAME;
             if (!m_document->mayWrite) return STG_E_ACCESSDENIED;
             auto node = m_node->Find(*element);
