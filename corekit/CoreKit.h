@@ -66,6 +66,7 @@
 #include "corekit/stores/OleStream.h"
 #include "corekit/stores/RecordFileSalvage.h"
 #include "corekit/stores/RegistryKey.h"
+#include "corekit/stores/RegistryText.h"
 #include "corekit/stores/VariableLengthRecordFile.h"
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 #include "corekit/unicode/shaping/ArabicShaping.h"
