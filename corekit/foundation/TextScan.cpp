@@ -18,6 +18,14 @@ inline DWORD ZerosInLine(const WCHAR* p)
     const auto at = [p, zero](int i) { return _mm_cmpeq_epi16(Load(p + 8 * i), zero); };
     return Mask(_mm_packs_epi16(at(0), at(1))) | Mask(_mm_packs_epi16(at(2), at(3))) << 16;
 }
+
+// The place of the first zero among 64 units, or 64.
+inline std::size_t LengthUpTo64(const WCHAR* p)
+{
+    const DWORDLONG zeros = ZerosInLine(p) | DWORDLONG{ZerosInLine(p + 32)} << 32;
+    return static_cast<std::size_t>(std::countr_zero(zeros));
+}
+
 __m128i Splat(WCHAR ch) { return _mm_set1_epi16(static_cast<short>(ch)); }
 #endif
 
@@ -79,9 +87,8 @@ std::size_t TextLength(const WCHAR* p)
     const auto address = reinterpret_cast<std::uintptr_t>(p);
     std::size_t n = 0;
     if ((address & 4095) <= 4096 - 128) {
-        const DWORDLONG zeros = ZerosInLine(p) | DWORDLONG{ZerosInLine(p + 32)} << 32;
-        if (zeros) return static_cast<std::size_t>(std::countr_zero(zeros));
-        n = 64;
+        n = LengthUpTo64(p);
+        if (n < 64) return n;
     }
     while (((address + 2 * n) & 63) > 1) {
         if (!p[n]) return n;

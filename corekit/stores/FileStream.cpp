@@ -4,7 +4,6 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
 #include "corekit/platform/Handles.h"
-#include "corekit/stores/MemoryWindow.h"
 
 #include <algorithm>
 #include <climits>
@@ -63,22 +62,12 @@ void CFileStream::Close()
 
 HANDLE CFileStream::DetachHandle() { return std::exchange(m_file, INVALID_HANDLE_VALUE); }
 
-void CFileStream::InternalRead(void* buffer, DWORD count)
+void CFileStream::ReadPages(BYTE* to, DWORD count)
 {
     if (count > m_size - m_position) ThrowChainedException(nullptr, readPastEnd);
-    if (IsInsidePage(count) && !m_isDirty) [[likely]] {
-        corekit::detail::CopyBytes(buffer, m_page.get() + (m_position - m_base), count);
-        m_position += count;
-    } else {
-        ReadPages(static_cast<BYTE*>(buffer), count);
-    }
-}
-
-[[gnu::noinline]] void CFileStream::ReadPages(BYTE* to, DWORD count)
-{
     do {
         UpdateCache();
-        const DWORD offset = m_position - m_base;
+        const DWORD offset = m_position & (pageSize - 1);
         const DWORD n = std::min(count, pageSize - offset);
         std::copy_n(m_page.get() + offset, n, to);
         to += n;
@@ -89,27 +78,14 @@ void CFileStream::InternalRead(void* buffer, DWORD count)
     } while (count);
 }
 
-void CFileStream::InternalWrite(const void* buffer, DWORD count)
-{
-    if (IsInsidePage(count)) [[likely]] {
-        if (!count) return;
-        corekit::detail::CopyBytes(m_page.get() + (m_position - m_base), buffer, count);
-        m_isDirty = TRUE;
-        m_position += count;
-        if (m_position > m_size) m_size = m_position;
-    } else {
-        WritePages(static_cast<const BYTE*>(buffer), count);
-    }
-}
-
-[[gnu::noinline]] void CFileStream::WritePages(const BYTE* from, DWORD count)
+void CFileStream::WritePages(const BYTE* from, DWORD count)
 {
     if (count > UINT_MAX - m_position) {
         ThrowChainedException(GetLastErrorException(ERROR_FILE_TOO_LARGE), writeFailed);
     }
     while (count) {
         UpdateCache();
-        const DWORD offset = m_position - m_base;
+        const DWORD offset = m_position & (pageSize - 1);
         const DWORD n = std::min(count, pageSize - offset);
         std::copy_n(from, n, m_page.get() + offset);
         from += n;
@@ -160,14 +136,13 @@ void CFileStream::UpdateCache()
         SetLastError(ERROR_INVALID_HANDLE);
         ThrowLastError(setPositionFailed);
     }
-    m_base = noPage; // until the page is whole
+    m_base = noPage; // until the page is whole; what lies behind the end of the file is never looked at
     const DWORD n = std::min(m_size - base, pageSize);
     if (n) {
         MoveFilePointer(base);
         DWORD moved = 0;
         if (!ReadFile(m_file, m_page.get(), n, &moved, nullptr) || moved != n) ThrowLastError(readFailed);
     }
-    std::fill_n(m_page.get() + n, pageSize - n, BYTE{0});
     m_base = base;
 }
 
@@ -175,8 +150,9 @@ void CFileStream::FlushCache()
 {
     if (!m_isDirty) return;
     // Of a page that the end of the stream was moved in front of, nothing is left to write.
-    if (const DWORD n = m_base < m_size ? std::min(m_size - m_base, pageSize) : 0) {
-        MoveFilePointer(m_base);
+    const DWORD base = static_cast<DWORD>(m_base);
+    if (const DWORD n = base < m_size ? std::min(m_size - base, pageSize) : 0) {
+        MoveFilePointer(base);
         DWORD moved = 0;
         if (!WriteFile(m_file, m_page.get(), n, &moved, nullptr) || moved != n) ThrowLastError(writeFailed);
     }

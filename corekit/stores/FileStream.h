@@ -11,6 +11,7 @@
 #pragma once
 
 #include "corekit/foundation/Stream.h"
+#include "corekit/stores/MemoryWindow.h"
 
 #include <memory>
 
@@ -41,19 +42,36 @@ public:
     void SetEndOfStream() override;
 
 protected:
-    void InternalRead(void* buffer, DWORD count) override;
-    void InternalWrite(const void* buffer, DWORD count) override;
+    void InternalRead(void* buffer, DWORD count) override
+    {
+        if (IsInsidePage(count) && count <= m_size - m_position && !m_isDirty) [[likely]] {
+            const BYTE* from = m_page.get() + (m_position - m_base);
+            m_position += count;
+            corekit::detail::CopyBytes(buffer, from, count);
+        } else {
+            ReadPages(static_cast<BYTE*>(buffer), count);
+        }
+    }
+    void InternalWrite(const void* buffer, DWORD count) override
+    {
+        if (IsInsidePage(count) && count) [[likely]] {
+            BYTE* to = m_page.get() + (m_position - m_base);
+            m_isDirty = TRUE;
+            m_position += count;
+            if (m_position > m_size) m_size = m_position;
+            corekit::detail::CopyBytes(to, buffer, count);
+        } else {
+            WritePages(static_cast<const BYTE*>(buffer), count);
+        }
+    }
 
 private:
     static constexpr DWORD pageSize = 65536;
-    static constexpr DWORD noPage = 1; // a base that no page has
+    static constexpr DWORDLONG noPage = DWORDLONG{1} << 63; // a base that no position is near
 
     static constexpr DWORD BaseOf(DWORD position) { return position & ~(pageSize - 1); }
-    // Whether the loaded page holds count bytes at the position and goes on behind them.
-    bool IsInsidePage(DWORD count) const
-    {
-        return m_base == BaseOf(m_position) && count < pageSize - (m_position - m_base);
-    }
+    // Whether the loaded page holds the position and count bytes there, and goes on behind them.
+    bool IsInsidePage(DWORD count) const { return m_position - m_base + count < pageSize; }
     void ReadPages(BYTE* to, DWORD count);
     void WritePages(const BYTE* from, DWORD count);
     void UpdateCache();
@@ -62,7 +80,7 @@ private:
 
     HANDLE m_file = INVALID_HANDLE_VALUE;
     std::unique_ptr<BYTE[]> m_page;
-    DWORD m_base = noPage;
+    DWORDLONG m_base = noPage;
     DWORD m_position = 0;
     DWORD m_size = 0;
     BOOL m_isDirty = FALSE;

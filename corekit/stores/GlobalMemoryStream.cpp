@@ -56,23 +56,20 @@ void CGlobalMemoryStream::Empty()
 
 void CGlobalMemoryStream::InternalRead(void* buffer, DWORD count)
 {
-    if (!m_window.CanRead(count)) [[unlikely]] {
-        if (count) m_window.ThrowReadPastEnd();
-    } else {
+    if (m_window.CanRead(count)) [[likely]]
         m_window.Take(buffer, count);
-    }
+    else if (count)
+        m_window.ThrowReadPastEnd();
 }
 
 void CGlobalMemoryStream::InternalWrite(const void* buffer, DWORD count)
 {
-    if (!m_window.CanWrite(count)) [[unlikely]] {
-        if (!count) return;
+    if (!m_window.CanWrite(count)) [[unlikely]]
         Grow(count);
-    }
     m_window.Put(buffer, count);
 }
 
-[[gnu::noinline, gnu::cold]] void CGlobalMemoryStream::Grow(DWORD count)
+void CGlobalMemoryStream::Grow(DWORD count)
 {
     if (!m_handle) m_window.ThrowMayNotGrow();
     const DWORDLONG room = m_window.GrownRoom(count);

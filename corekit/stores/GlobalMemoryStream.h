@@ -39,7 +39,7 @@ protected:
 
 private:
     void Drop();
-    void Grow(DWORD count);
+    [[gnu::cold]] void Grow(DWORD count);
 
     HGLOBAL m_handle = nullptr;
     BOOL m_autoDelete = FALSE;

@@ -40,25 +40,7 @@ void CMemoryStream::Free()
 
 void CMemoryStream::Reset() { m_window.size = m_window.position = 0; }
 
-void CMemoryStream::InternalRead(void* buffer, DWORD count)
-{
-    if (!m_window.CanRead(count)) [[unlikely]] {
-        if (count) m_window.ThrowReadPastEnd();
-    } else {
-        m_window.Take(buffer, count);
-    }
-}
-
-void CMemoryStream::InternalWrite(const void* buffer, DWORD count)
-{
-    if (!m_window.CanWrite(count)) [[unlikely]] {
-        if (!count) return;
-        Grow(count);
-    }
-    m_window.Put(buffer, count);
-}
-
-[[gnu::noinline, gnu::cold]] void CMemoryStream::Grow(DWORD count)
+void CMemoryStream::Grow(DWORD count)
 {
     if (!m_window.bytes) m_window.ThrowMayNotGrow();
     const DWORDLONG room = m_window.GrownRoom(count);

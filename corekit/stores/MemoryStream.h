@@ -40,11 +40,22 @@ public:
     void SetEndOfStream() override;
 
 protected:
-    void InternalRead(void* buffer, DWORD count) override;
-    void InternalWrite(const void* buffer, DWORD count) override;
+    void InternalRead(void* buffer, DWORD count) override
+    {
+        if (m_window.CanRead(count)) [[likely]]
+            m_window.Take(buffer, count);
+        else if (count)
+            m_window.ThrowReadPastEnd();
+    }
+    void InternalWrite(const void* buffer, DWORD count) override
+    {
+        if (!m_window.CanWrite(count)) [[unlikely]]
+            Grow(count);
+        m_window.Put(buffer, count);
+    }
 
 private:
-    void Grow(DWORD count);
+    [[gnu::cold]] void Grow(DWORD count);
 
     BOOL m_ownsBuffer = FALSE;
     corekit::detail::MemoryWindow m_window;

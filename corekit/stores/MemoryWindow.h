@@ -1,6 +1,7 @@
 // The part that both memory streams share: a block of bytes with a size, room to grow in and a position.
 #pragma once
 
+#include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
 
 #include <cstring>
@@ -21,6 +22,7 @@ namespace corekit::detail {
         DWORDLONG halves[2];
     };
     const DWORD last = count - sizeof(Block);
+#pragma GCC unroll 8
     for (DWORD at = 0; at < 128; at += sizeof(Block)) {
         const DWORD offset = at < last ? at : last;
         Block block;
@@ -44,7 +46,7 @@ inline void CopyBytes(void* to, const void* from, DWORD count)
         CopyLong(to, from, count);
 }
 
-struct MemoryWindow {
+struct COREKIT_API MemoryWindow {
     BYTE* bytes = nullptr;
     DWORD size = 0;
     DWORD room = 0;
@@ -53,7 +55,7 @@ struct MemoryWindow {
 
     // A window that gave its block away keeps size and position; it has no room and reads nothing.
     bool CanRead(DWORD count) const { return count <= size - position && bytes; }
-    bool CanWrite(DWORD count) const { return DWORDLONG{position} + count <= room; }
+    bool CanWrite(DWORD count) const { return position + DWORDLONG{count} <= room || !count; }
 
     BYTE* GiveAway()
     {
@@ -68,6 +70,7 @@ struct MemoryWindow {
     }
     void Put(const void* buffer, DWORD count)
     {
+        if (!count) return;
         BYTE* to = bytes + position;
         position += count;
         if (position > size) size = position;
