@@ -9,31 +9,24 @@
 
 namespace corekit::detail {
 
-// Texts of the typed layer mostly have 16 to 128 bytes: those are moved in eight blocks that overlap as the
-// length demands, since a jump by the length costs more than the bytes. Out of line, to keep the small copies
-// free of it.
-[[gnu::noinline]] inline void CopyLong(void* to, const void* from, DWORD count)
+// Out of line, to keep the small copies short.
+COREKIT_API void CopyLong(void* to, const void* from, DWORD count);
+
+// Forgets what the compiler knows of a block. Where a copy is inlined on a block of known size, it warns of
+// the moves that the count, which it does not know, rules out.
+inline const void* Plain(const void* p)
 {
-    if (count < 16 || count > 128) {
-        std::memcpy(to, from, count);
-        return;
-    }
-    struct Block {
-        DWORDLONG halves[2];
-    };
-    const DWORD last = count - sizeof(Block);
-#pragma GCC unroll 8
-    for (DWORD at = 0; at < 128; at += sizeof(Block)) {
-        const DWORD offset = at < last ? at : last;
-        Block block;
-        std::memcpy(&block, static_cast<const BYTE*>(from) + offset, sizeof block);
-        std::memcpy(static_cast<BYTE*>(to) + offset, &block, sizeof block);
-    }
+    __asm__("" : "+r"(p));
+    return p;
 }
 
 // Values of the typed layer have 1, 2, 4 or 8 bytes, which are worth a move of their own.
 inline void CopyBytes(void* to, const void* from, DWORD count)
 {
+    if (!__builtin_constant_p(count)) {
+        from = Plain(from);
+        to = const_cast<void*>(Plain(to));
+    }
     if (count == 4)
         std::memcpy(to, from, 4);
     else if (count == 2)
