@@ -62,6 +62,7 @@
 #include "corekit/stores/GlobalMemoryStream.h"
 #include "corekit/stores/IniFile.h"
 #include "corekit/stores/MemoryStream.h"
+#include "corekit/stores/MemoryWindow.h"
 #include "corekit/stores/OleFile.h"
 #include "corekit/stores/OleStream.h"
 #include "corekit/stores/RecordFileSalvage.h"
