@@ -15,6 +15,7 @@ FreeSpaceIndex::FreeSpaceIndex(std::span<const VLRExtent> entries)
 {
     std::vector<std::uint64_t> keys(entries.size());
     std::ranges::transform(entries, keys.begin(), PlaceKey);
+    if (!std::ranges::is_sorted(keys)) std::ranges::sort(keys); // several at one offset, in a damaged map
     m_byPlace.Assign(keys);
     std::ranges::transform(entries, keys.begin(), LengthKey);
     std::ranges::sort(keys);
@@ -43,14 +44,7 @@ void FreeSpaceIndex::TakeFront(VLRExtent entry, DWORD length)
 {
     if (entry.nSize <= length) return Remove(entry);
     const VLRExtent rest{entry.nOffset + length, entry.nSize - length};
-    const auto place = m_byPlace.LowerBound(PlaceKey(entry));
-    const auto next = m_byPlace.Next(place);
-    if (m_byPlace.IsEnd(next) || PlaceKey(rest) <= m_byPlace.At(next)) {
-        m_byPlace.Replace(place, PlaceKey(rest));
-    } else { // only where entries overlap
-        m_byPlace.Erase(place);
-        m_byPlace.Insert(PlaceKey(rest));
-    }
+    m_byPlace.Replace(m_byPlace.LowerBound(PlaceKey(entry)), PlaceKey(rest));
     m_byLength.Erase(m_byLength.LowerBound(LengthKey(entry)));
     m_byLength.Insert(LengthKey(rest));
 }
@@ -81,9 +75,11 @@ void FreeSpaceIndex::Add(VLRExtent entry)
     VLRExtent joined = entry;
     if (joinsBefore) joined = {before.nOffset, before.nSize + joined.nSize};
     if (joinsBehind) joined.nSize += behind.nSize;
-    if (joinsBefore) {
+    if (joinsBefore && joinsBehind) {
+        m_byPlace.Erase(after);
+        m_byPlace.Replace(m_byPlace.LowerBound(PlaceKey(before)), PlaceKey(joined));
+    } else if (joinsBefore) {
         m_byPlace.Replace(previous, PlaceKey(joined));
-        if (joinsBehind) m_byPlace.Erase(after);
     } else if (joinsBehind) {
         m_byPlace.Replace(after, PlaceKey(joined));
     } else {

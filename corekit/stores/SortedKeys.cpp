@@ -114,6 +114,12 @@ void SortedKeys::Erase(Place place)
 
 void SortedKeys::Replace(Place place, std::uint64_t key)
 {
+    const Place next = Next(place);
+    const bool inOrder = (IsBegin(place) || At(Previous(place)) <= key) && (IsEnd(next) || key <= At(next));
+    if (!inOrder) {
+        Erase(place);
+        return Insert(key);
+    }
     std::uint64_t& held = m_blocks[place.block]->keys[place.index];
     const std::uint32_t low = LowOf(held);
     held = key;

@@ -35,7 +35,7 @@ public:
 
     void Insert(std::uint64_t key);
     void Erase(Place place);
-    // The new key must keep the order.
+    // Puts another key in; a move only where the order asks for it.
     void Replace(Place place, std::uint64_t key);
 
 private:
