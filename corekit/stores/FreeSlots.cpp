@@ -12,7 +12,9 @@ void FreeSlots::Add(std::size_t number)
 {
     for (auto& words : m_words) {
         if (words.size() <= number / 64) words.resize(std::max(number / 64 + 1, words.size() * 2));
+        const bool known = words[number / 64] != 0;
         words[number / 64] |= Bit(number);
+        if (known) return;
         number /= 64;
     }
 }

@@ -8,6 +8,8 @@ std::uint64_t Key(DWORD upper, DWORD lower) { return static_cast<std::uint64_t>(
 std::uint64_t PlaceKey(VLRExtent entry) { return Key(entry.nOffset, entry.nSize); }
 std::uint64_t LengthKey(VLRExtent entry) { return Key(entry.nSize, entry.nOffset); }
 VLRExtent FromPlaceKey(std::uint64_t key) { return {static_cast<DWORD>(key >> 32), static_cast<DWORD>(key)}; }
+constexpr std::size_t fewKeys = 8;  // not worth asking whether their entries are still there
+constexpr std::size_t slack = 1024; // keys of entries that are gone, before they are cleared away
 DWORD EndOf(VLRExtent entry) { return entry.nOffset + entry.nSize; }
 } // namespace
 
@@ -17,9 +19,7 @@ FreeSpaceIndex::FreeSpaceIndex(std::span<const VLRExtent> entries)
     std::ranges::transform(entries, keys.begin(), PlaceKey);
     if (!std::ranges::is_sorted(keys)) std::ranges::sort(keys); // several at one offset, in a damaged map
     m_byPlace.Assign(keys);
-    std::ranges::transform(entries, keys.begin(), LengthKey);
-    std::ranges::sort(keys);
-    m_byLength.Assign(keys);
+    SortLengths();
 }
 
 std::vector<VLRExtent> FreeSpaceIndex::Entries() const
@@ -31,22 +31,30 @@ std::vector<VLRExtent> FreeSpaceIndex::Entries() const
     return entries;
 }
 
-std::optional<VLRExtent> FreeSpaceIndex::Find(DWORD length) const
+std::optional<VLRExtent> FreeSpaceIndex::Find(DWORD length)
 {
-    const auto exact = m_byLength.LowerBound(Key(length, 0));
-    if (m_byLength.IsEnd(exact)) return std::nullopt; // and so none is longer
-    const std::uint64_t key = m_byLength.At(exact);
-    if (static_cast<DWORD>(key >> 32) == length) return VLRExtent{static_cast<DWORD>(key), length};
-    return FromPlaceKey(m_byPlace.At(m_byPlace.FirstWithLow(length)));
+    SettleLengths();
+    for (;;) {
+        const auto exact = m_byLength.LowerBound(Key(length, 0));
+        if (m_byLength.IsEnd(exact)) break;
+        const std::uint64_t key = m_byLength.At(exact);
+        if (static_cast<DWORD>(key >> 32) != length) break;
+        const VLRExtent entry{static_cast<DWORD>(key), length};
+        if (Holds(entry)) return entry;
+        m_byLength.Erase(exact);
+    }
+    const auto lowest = m_byPlace.FirstWithLow(length);
+    if (m_byPlace.IsEnd(lowest)) return std::nullopt;
+    return FromPlaceKey(m_byPlace.At(lowest));
 }
 
 void FreeSpaceIndex::TakeFront(VLRExtent entry, DWORD length)
 {
-    if (entry.nSize <= length) return Remove(entry);
+    const auto place = m_byPlace.LowerBound(PlaceKey(entry));
+    if (entry.nSize <= length) return m_byPlace.Erase(place);
     const VLRExtent rest{entry.nOffset + length, entry.nSize - length};
-    m_byPlace.Replace(m_byPlace.LowerBound(PlaceKey(entry)), PlaceKey(rest));
-    m_byLength.Erase(m_byLength.LowerBound(LengthKey(entry)));
-    m_byLength.Insert(LengthKey(rest));
+    m_byPlace.Replace(place, PlaceKey(rest));
+    NoteLength(rest);
 }
 
 void FreeSpaceIndex::TakeOut(VLRExtent stretch)
@@ -55,7 +63,7 @@ void FreeSpaceIndex::TakeOut(VLRExtent stretch)
     if (m_byPlace.IsBegin(after)) return;
     const VLRExtent around = FromPlaceKey(m_byPlace.At(m_byPlace.Previous(after)));
     if (EndOf(around) < EndOf(stretch)) return;
-    Remove(around);
+    m_byPlace.Erase(m_byPlace.LowerBound(PlaceKey(around)));
     const VLRExtent before{around.nOffset, stretch.nOffset - around.nOffset};
     const VLRExtent behind{EndOf(stretch), EndOf(around) - EndOf(stretch)};
     if (before.nSize) Add(before);
@@ -85,16 +93,39 @@ void FreeSpaceIndex::Add(VLRExtent entry)
     } else {
         m_byPlace.Insert(PlaceKey(joined));
     }
-
-    if (joinsBefore) m_byLength.Erase(m_byLength.LowerBound(LengthKey(before)));
-    if (joinsBehind) m_byLength.Erase(m_byLength.LowerBound(LengthKey(behind)));
-    m_byLength.Insert(LengthKey(joined));
+    NoteLength(joined);
 }
 
-void FreeSpaceIndex::Remove(VLRExtent entry)
+bool FreeSpaceIndex::Holds(VLRExtent entry) const
 {
-    m_byPlace.Erase(m_byPlace.LowerBound(PlaceKey(entry)));
-    m_byLength.Erase(m_byLength.LowerBound(LengthKey(entry)));
+    const auto place = m_byPlace.LowerBound(PlaceKey(entry));
+    return !m_byPlace.IsEnd(place) && m_byPlace.At(place) == PlaceKey(entry);
+}
+
+void FreeSpaceIndex::NoteLength(VLRExtent entry)
+{
+    m_newLengths.push_back(LengthKey(entry));
+    if (m_newLengths.size() > 2 * m_byPlace.Count() + slack) SettleLengths();
+}
+
+void FreeSpaceIndex::SettleLengths()
+{
+    if (m_byLength.Count() + m_newLengths.size() > 4 * m_byPlace.Count() + slack) return SortLengths();
+    const bool many = m_newLengths.size() > fewKeys;
+    for (const std::uint64_t key : m_newLengths)
+        if (!many || Holds({static_cast<DWORD>(key), static_cast<DWORD>(key >> 32)})) m_byLength.Insert(key);
+    m_newLengths.clear();
+}
+
+// Lengths of what is there, and of nothing else.
+void FreeSpaceIndex::SortLengths()
+{
+    std::vector<std::uint64_t> keys;
+    keys.reserve(Count());
+    for (const VLRExtent& entry : Entries()) keys.push_back(LengthKey(entry));
+    std::ranges::sort(keys);
+    m_byLength.Assign(keys);
+    m_newLengths.clear();
 }
 
 } // namespace corekit::detail

@@ -24,7 +24,7 @@ public:
     std::vector<VLRExtent> Entries() const;
 
     // The entry that the rule takes for `length` bytes, if there is any.
-    std::optional<VLRExtent> Find(DWORD length) const;
+    std::optional<VLRExtent> Find(DWORD length);
     // Cuts `length` bytes from the front of an entry that Find has given; all of it if it is not longer.
     void TakeFront(VLRExtent entry, DWORD length);
     // Cuts a stretch out of the one entry that it lies in; nothing happens if there is none.
@@ -33,10 +33,17 @@ public:
     void Add(VLRExtent entry);
 
 private:
-    void Remove(VLRExtent entry);
+    bool Holds(VLRExtent entry) const;
+    void NoteLength(VLRExtent entry);
+    void SettleLengths();
+    void SortLengths();
 
-    SortedKeys m_byPlace;  // offset above length
-    SortedKeys m_byLength; // length above offset
+    // Offset above length: the truth.
+    SortedKeys m_byPlace;
+    // Length above offset, to look an exact fit up. Entries that are gone stay until somebody comes upon
+    // them, and new ones wait until somebody looks, so that giving space back costs next to nothing.
+    SortedKeys m_byLength;
+    std::vector<std::uint64_t> m_newLengths;
 };
 
 } // namespace corekit::detail
