@@ -11,3 +11,4 @@ void AddCharCommand(CLI::App& app);
 void AddRegistryCommand(CLI::App& app);
 void AddIniCommand(CLI::App& app);
 void AddOleCommand(CLI::App& app);
+void AddRecordsCommand(CLI::App& app);

@@ -30,6 +30,8 @@ int Run(CLI::App& app, int argc, char** argv)
         return 0;
     } catch (const CLI::Success& request) { // --version and the like
         return app.exit(request);
+    } catch (const CLI::RuntimeError& told) { // the command has said all and chosen its exit code
+        return told.get_exit_code();
     } catch (const CLI::ParseError& error) {
         return Complain(std::string(error.what()) + " (see --help)");
     } catch (CException* error) {
@@ -56,5 +58,6 @@ int main(int argc, char** argv)
     AddRegistryCommand(app);
     AddIniCommand(app);
     AddOleCommand(app);
+    AddRecordsCommand(app);
     return Run(app, argc, argv);
 }

@@ -97,6 +97,30 @@ says '[.][.]%2F[.][.]%2Fup' ole list "$scratch/evil.ole"
 says '^2 streams' ole extract "$scratch/evil.ole" -o "$scratch/evil/parts"
 [ -f "$scratch/evil/parts/..%2F..%2Fup" ] || fail "ole extract: $(find "$scratch" -name '*up')"
 
+records=$scratch/x.vlr
+is '' records create "$records"
+is $'0\n1' records add "$records" "$scratch/numbers" "$scratch/hello"
+printf 'piped' | "$tool" records add "$records" - >/dev/null || fail "records add -"
+is 'piped' records get "$records" 2
+is '' records replace "$records" 1 "$scratch/numbers"
+is '' records delete "$records" 2
+says '^1 +108894$' records list "$records"
+says '^2 records, 3 numbers$' records list "$records"
+says '^Checks completed.$' records check "$records"
+is '2 sound, 0 doubtful, 0 lost' records salvage "$records" "$scratch/salvaged.vlr"
+is '' records get "$scratch/salvaged.vlr" 0 -o "$scratch/back"
+cmp -s "$scratch/numbers" "$scratch/back" || fail "records: other bytes"
+refused records create "$records"
+refused records create "$scratch/y.vlr" --sector-size 500
+refused records get "$records" 2
+refused records delete "$records" 0 2
+refused records add "$records" "$scratch/missing"
+refused records list "$scratch/numbers"
+refused records salvage "$scratch/numbers" "$scratch/y.vlr"
+printf '\1' | dd of="$records" bs=1 seek=521 conv=notrunc status=none # record 1 where record 0 is
+"$tool" records check "$records" >"$scratch/out"
+[ $? -eq 1 ] && grep -q '^This V.L.R. File is busted.$' "$scratch/out" || fail "records check: $(cat "$scratch/out")"
+
 if "$tool" draw --help >/dev/null 2>&1; then
     printf 'one\r\n\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d 12\n\xff broken \xe2\x82\n' >"$scratch/utf8.txt"
     printf '\xff\xfeA\0B\0\n\0' >"$scratch/utf16.txt"
