@@ -25,6 +25,8 @@ target_compile_options(corekit_options INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   target_compile_options(corekit_options INTERFACE -Wno-restrict)
 endif()
+# Large tables are made at compile time.
+target_compile_options(corekit_options INTERFACE $<$<CXX_COMPILER_ID:Clang>:-fconstexpr-steps=33554432>)
 target_include_directories(corekit_options INTERFACE ${PROJECT_SOURCE_DIR})
 if(COREKIT_SANITIZE)
   # Fences are right but unseen by the thread sanitizer, of which g++ warns.
@@ -33,4 +35,7 @@ if(COREKIT_SANITIZE)
   endif()
   target_compile_options(corekit_options INTERFACE -fsanitize=${COREKIT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(corekit_options INTERFACE -fsanitize=${COREKIT_SANITIZE})
+endif()
+if(COREKIT_FUZZ) # what is told to the fuzzer about the road an input took
+  target_compile_options(corekit_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
