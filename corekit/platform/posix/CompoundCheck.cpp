@@ -118,12 +118,14 @@ private:
         };
         std::vector<bool> seen(m_entries.size());
         std::vector<Step> open = {{0, 0}};
+        std::uint32_t elements = 0;
         while (!open.empty()) {
             const Step step = open.back();
             open.pop_back();
             if (step.entry == kNone) continue;
             Require(step.entry < m_entries.size() && !seen[step.entry]);
             Require(step.depth < corekit::detail::kLongestCompoundChain);
+            Require(++elements <= corekit::detail::kMostCompoundElements);
             seen[step.entry] = true;
             const Entry& entry = m_entries[step.entry];
             open.push_back({entry.previous, step.depth + 1});

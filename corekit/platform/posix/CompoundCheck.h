@@ -9,6 +9,8 @@ enum class CompoundState { sound, damaged, other, unreadable };
 
 // The most elements that may hang together in a chain; the reader goes down such a chain by recursion.
 inline constexpr std::uint32_t kLongestCompoundChain = 8192;
+// The most elements of a file; each takes memory out of proportion to its entry.
+inline constexpr std::uint32_t kMostCompoundElements = 16384;
 
 // Whether the file begins as a compound file does.
 bool HasCompoundHeader(int descriptor);

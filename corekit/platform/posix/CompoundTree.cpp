@@ -139,12 +139,18 @@ const std::vector<std::shared_ptr<CompoundNode>>& CompoundNode::Children()
     return *m_children;
 }
 
+const std::string& CompoundNode::Folded()
+{
+    if (m_folded.empty()) m_folded = FoldName(m_name);
+    return m_folded;
+}
+
 std::shared_ptr<CompoundNode> CompoundNode::Find(const std::string& name)
 {
     const std::string folded = FoldName(name);
     const auto& children = Children();
     const auto found =
-        std::ranges::find_if(children, [&](const auto& child) { return FoldName(child->m_name) == folded; });
+        std::ranges::find_if(children, [&](const auto& child) { return child->Folded() == folded; });
     return found == children.end() ? nullptr : *found;
 }
 
@@ -177,6 +183,13 @@ std::string* CompoundNode::Change()
     std::string bytes(Size(), '\0');
     if (!Read(0, bytes.data(), bytes.size())) return nullptr;
     return &m_bytes.emplace(std::move(bytes));
+}
+
+void CompoundNode::Forget()
+{
+    if (!m_above || m_isStorage || isOpen) return;
+    m_resolved = false;
+    m_input.reset();
 }
 
 bool CompoundNode::Save(int descriptor)

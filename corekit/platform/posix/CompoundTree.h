@@ -32,6 +32,7 @@ public:
     bool IsStorage();
     // False for an element of a file that cannot be had or claims to be larger than the file.
     bool IsSound();
+    const std::string& Folded(); // the name by which it is found
 
     // Of a storage.
     CLSID classId{};
@@ -45,6 +46,8 @@ public:
     bool Read(std::uint64_t place, void* buffer, std::size_t count);
     std::string* Change();
     void Empty() { m_bytes.emplace(); }
+    // Gives back what looking at an element took.
+    void Forget();
 
     // Writes the tree below this root as a new file.
     bool Save(int descriptor);
@@ -54,7 +57,7 @@ public:
 private:
     void Resolve();
 
-    std::string m_name;
+    std::string m_name, m_folded;
     bool m_isStorage = false;
     std::shared_ptr<GsfInfile> m_above;
     int m_index = -1;

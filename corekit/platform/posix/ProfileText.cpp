@@ -113,7 +113,9 @@ void ProfileText::Set(std::string_view section, std::string_view key, std::strin
 {
     ProfileLine line;
     if (FindLine(section, key, line)) {
-        m_text.replace(line.valueBegin, line.valueEnd - line.valueBegin, value);
+        const std::size_t length = line.valueEnd - line.valueBegin;
+        m_isChanged = std::string_view(m_text).substr(line.valueBegin, length) != value;
+        m_text.replace(line.valueBegin, length, value);
         return;
     }
     const std::string end(LineEnd());
@@ -136,6 +138,7 @@ void ProfileText::Set(std::string_view section, std::string_view key, std::strin
     }
     if (place > 0 && m_text[place - 1] != '\n' && m_text != kMark) added = end + added;
     m_text.insert(place, added);
+    m_isChanged = true;
 }
 
 void ProfileText::DeleteKey(std::string_view section, std::string_view key)
@@ -148,6 +151,7 @@ void ProfileText::DeleteKey(std::string_view section, std::string_view key)
         if (inside && line.kind == Kind::key && SameProfileName(line.name, Trimmed(key))) continue;
         kept.append(m_text, line.begin, line.end - line.begin);
     }
+    m_isChanged = kept.size() != m_text.size();
     m_text = std::move(kept);
 }
 
@@ -167,6 +171,7 @@ void ProfileText::DeleteSection(std::string_view section)
         if (line.kind != Kind::other || line.blank) remarks = line.end;
         if (!inside) kept.append(m_text, line.begin, line.end - line.begin);
     }
+    m_isChanged = kept.size() != m_text.size();
     m_text = std::move(kept);
 }
 

@@ -33,6 +33,7 @@ class ProfileText {
 public:
     explicit ProfileText(std::string text) : m_text(std::move(text)) {}
     const std::string& Text() const { return m_text; }
+    bool IsChanged() const { return m_isChanged; }
 
     // Null data if there is none.
     std::string_view Find(std::string_view section, std::string_view key) const;
@@ -50,6 +51,7 @@ private:
     std::string_view LineEnd() const;
 
     std::string m_text;
+    bool m_isChanged = false;
 };
 
 bool SameProfileName(std::string_view a, std::string_view b);

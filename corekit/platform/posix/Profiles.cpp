@@ -106,7 +106,7 @@ DWORD Change(const std::string& path, const char* section, const char* key, cons
     if (!old && errno != ENOENT) return errorFromErrno(errno);
     if (!old && (!key || !value)) return NO_ERROR;
     if (old && access(path.c_str(), W_OK) != 0) return errorFromErrno(errno);
-    ProfileText text(old.value_or(""));
+    ProfileText text(old ? *std::move(old) : std::string());
     if (text.Text().starts_with("\xFF\xFE") || text.Text().starts_with("\xFE\xFF"))
         return ERROR_NO_UNICODE_TRANSLATION;
     if (!key)
@@ -115,7 +115,7 @@ DWORD Change(const std::string& path, const char* section, const char* key, cons
         text.DeleteKey(section, key);
     else
         text.Set(section, key, value);
-    if (old == text.Text()) return NO_ERROR;
+    if (!text.IsChanged()) return NO_ERROR;
     ReplacedFile file(path);
     return file && file.Write(text.Text()) && file.Commit() ? NO_ERROR : errorFromErrno(errno);
 }
@@ -129,8 +129,8 @@ DWORD GetPrivateProfileStringA(const char* section, const char* key, const char*
         return 0;
     }
     std::string_view value;
-    const std::optional<std::string> text = ReadFileText(nativePath(file));
-    const ProfileText profile(text.value_or(""));
+    std::optional<std::string> text = ReadFileText(nativePath(file));
+    const ProfileText profile(text ? *std::move(text) : std::string());
     if (!section || !key) {
         if (!text) SetLastError(ERROR_FILE_NOT_FOUND);
         return CopyNames(profile.Names(section, size), buffer, size);

@@ -151,7 +151,11 @@ public:
     {
         m_node->isOpen = true;
     }
-    ~Stream() override { m_node->isOpen = false; }
+    ~Stream() override
+    {
+        m_node->isOpen = false;
+        m_node->Forget();
+    }
 
     HRESULT Read(void* buffer, DWORD count, DWORD* done) override
     {
@@ -293,7 +297,9 @@ public:
             const auto& children = m_node->Children();
             if (index >= children.size()) return S_FALSE;
             Describe(*children[index], status);
-            return children[index]->IsSound() ? S_OK : STG_E_DOCFILECORRUPT;
+            const bool sound = children[index]->IsSound();
+            children[index]->Forget();
+            return sound ? S_OK : STG_E_DOCFILECORRUPT;
         });
     }
 
