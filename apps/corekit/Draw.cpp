@@ -132,11 +132,11 @@ private:
         SetTextAlign(surface.dc, TA_LEFT | TA_BASELINE);
         const CRect all(0, 0, width, static_cast<int>(lines.size()) * pitch + 2 * margin);
         ExtTextOutW(surface.dc, 0, 0, ETO_OPAQUE, &all, nullptr, 0, nullptr);
-        SetBkMode(surface.dc, TRANSPARENT);
         m_render.AttachDC(surface.dc);
         int baseline = margin + m_options.size * 5 / 4;
         for (const Line& line : lines) {
             const int x = line.rightToLeft ? width - margin - line.width : margin;
+            SetBkMode(surface.dc, TRANSPARENT); // a line with marks leaves it opaque
             m_render.DrawLogicalString(x, baseline, 0, all, line.text, -1, 0);
             baseline += pitch;
             ++m_linesDrawn;
