@@ -24,6 +24,9 @@ target_compile_options(corekit_options INTERFACE
 # g++ 12 sees overlaps in std::string concatenation where there are none.
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   target_compile_options(corekit_options INTERFACE -Wno-restrict)
+else()
+  # Large tables are built at compile time.
+  target_compile_options(corekit_options INTERFACE -fconstexpr-steps=100000000)
 endif()
 # Large tables are made at compile time.
 target_compile_options(corekit_options INTERFACE $<$<CXX_COMPILER_ID:Clang>:-fconstexpr-steps=33554432>)

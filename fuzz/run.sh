@@ -9,7 +9,7 @@ for target in "$binaries"/fuzz_*; do
     corpus=$(mktemp -d)
     mkdir -p "seeds/$name"
     echo "fuzz: $name, $seconds s"
-    "$target" "$corpus" "seeds/$name" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=512 -print_final_stats=0 \
+    "$target" "$corpus" "seeds/$name" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=1024 -print_final_stats=0 \
         -verbosity=0 -artifact_prefix="seeds/$name/"
     rm -rf "$corpus"
 done

@@ -17,7 +17,7 @@ using corekit::detail::Units;
 
 // Aligned blocks never cross into a page that the text does not touch, so reading one whole is safe although
 // it holds bytes beside the text; the checkers must not take offence.
-#define COREKIT_READS_WHOLE_BLOCKS __attribute__((no_sanitize("address", "thread")))
+#define COREKIT_READS_WHOLE_BLOCKS [[gnu::no_sanitize_address, gnu::no_sanitize_thread]]
 
 namespace {
 
