@@ -72,17 +72,20 @@ want_ui() {
     say "Without them only the core library is built and tested; corekit-ui, its tests and drawing are left out."
 }
 
-# configure PRESET: once; the build itself configures anew when a build file changes. A build tree made
-# before the toolkit was there is made again.
+# configure PRESET: once; the build itself configures anew when a build file changes. Where something that was missing
+# then is there now, it is done again.
 configure() {
     local dir=build/$1
-    if [ -f "$dir/build.ninja" ] && grep -q 'Qt6_DIR:PATH=Qt6_DIR-NOTFOUND' "$dir/CMakeCache.txt" && [ -z "$(missing ui)" ]; then
-        rm -f "$dir/CMakeCache.txt"
-    fi
-    [ -f "$dir/build.ninja" ] && [ -f "$dir/CMakeCache.txt" ] || cmake --preset "$1" -Wno-dev >"$dir.configure.log" 2>&1 || {
+    [ ! -f "$dir/build.ninja" ] || ! found_since "$dir" || rm "$dir/build.ninja"
+    [ -f "$dir/build.ninja" ] || cmake --preset "$1" -Wno-dev >"$dir.configure.log" 2>&1 || {
         cat "$dir.configure.log" >&2
         exit 1
     }
+}
+
+found_since() {
+    grep -q '^Qt6_DIR:PATH=.*NOTFOUND' "$1/CMakeCache.txt" && [ -z "$(missing ui)" ] && return 0
+    grep -q '^GTest_DIR:PATH=.*NOTFOUND' "$1/CMakeCache.txt" && [ -z "$(missing test)" ]
 }
 
 build() {
@@ -101,7 +104,7 @@ run_tests() {
 
 sanitized() {
     need build test
-    build "$1" -- >/dev/null 2>&1 || build "$1"
+    build "$1"
     run_tests "$@"
 }
 

@@ -32,6 +32,7 @@ endif()
 target_compile_options(corekit_options INTERFACE $<$<CXX_COMPILER_ID:Clang>:-fconstexpr-steps=33554432>)
 target_include_directories(corekit_options INTERFACE ${PROJECT_SOURCE_DIR})
 if(COREKIT_SANITIZE)
+  target_compile_definitions(corekit_options INTERFACE COREKIT_SANITIZED)
   # Fences are right but unseen by the thread sanitizer, of which g++ warns.
   if(COREKIT_SANITIZE MATCHES thread AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
     target_compile_options(corekit_options INTERFACE -Wno-tsan)

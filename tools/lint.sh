@@ -31,7 +31,7 @@ complain "Includes that point upward:" "$(
 complain "The tables of characters include more than StringW.h and basic types:" "$(
     grep -nE '#include *"corekit/' -r corekit/unicode/tables | grep -vE '"corekit/(unicode/tables/|foundation/StringW.h|platform/(Types|Export)\.h)')"
 complain "Platform conditionals outside corekit/platform:" "$(
-    grep -nE '^ *#(if|ifdef|ifndef) .*(__linux__|_WIN32|__unix__|__x86_64__)' -r corekit apps | grep -v '^corekit/platform/')"
+    grep -nE '^ *#(if|ifdef|ifndef) .*(__linux__|_WIN32|__unix__|__x86_64__|__SSE|__AVX)' -r corekit apps | grep -v '^corekit/platform/')"
 complain "Unfinished marks:" "$(grep -nE '\b(TODO|FIXME|XXX|not implemented|placeholder)\b' -r corekit apps)"
 complain "Tests that are switched off or cannot fail:" "$(grep -nE 'DISABLED_|GTEST_SKIP|EXPECT_TRUE\(true\)|SUCCEED\(\)' -r tests)"
 complain "Public headers over 250 lines:" "$(find corekit -name '*.h' -not -name '*Impl.h' -exec wc -l {} + | awk '$2 != "total" && $1 > 250')"

@@ -10,7 +10,7 @@
 // std::bad_alloc.
 #pragma once
 
-#include "corekit/foundation/TextScan.h"
+#include "corekit/platform/TextScan.h"
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Interlocked.h"
 #include "corekit/platform/Types.h"

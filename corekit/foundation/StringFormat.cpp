@@ -1,7 +1,7 @@
 #include "corekit/foundation/StringFormat.h"
 
 #include "corekit/foundation/TextConversion.h"
-#include "corekit/foundation/TextScan.h"
+#include "corekit/platform/TextScan.h"
 
 #include <algorithm>
 #include <cmath>

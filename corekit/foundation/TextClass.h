@@ -1,7 +1,7 @@
 // The runtime's character and text functions under one set of names for both widths.
 #pragma once
 
-#include "corekit/foundation/TextScan.h"
+#include "corekit/platform/TextScan.h"
 #include "corekit/platform/Runtime.h"
 
 #include <cctype>

@@ -1,6 +1,6 @@
 #include "corekit/foundation/TextConversion.h"
 
-#include "corekit/foundation/TextScan.h"
+#include "corekit/platform/TextScan.h"
 #include "corekit/platform/CodePages.h"
 
 #include <algorithm>

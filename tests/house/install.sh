@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# install.sh BUILD SOURCE: the installed tree serves a program that finds it by find_package and by pkg-config.
+# install.sh BUILD SOURCE GENERATOR: the installed tree serves a program that finds it by find_package and by pkg-config.
 set -eu
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cmake --install "$1" --prefix "$scratch/prefix" >/dev/null
 cp -r "$2/examples/first" "$scratch/first"
-cmake -S "$scratch/first" -B "$scratch/build" -DCMAKE_PREFIX_PATH="$scratch/prefix" >/dev/null
+cmake -S "$scratch/first" -B "$scratch/build" -G "$3" -DCMAKE_PREFIX_PATH="$scratch/prefix" >/dev/null
 cmake --build "$scratch/build" >/dev/null
 "$scratch/build/first" >"$scratch/said"
 grep -q . "$scratch/said"

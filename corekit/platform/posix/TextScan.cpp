@@ -1,4 +1,4 @@
-#include "corekit/foundation/TextScan.h"
+#include "corekit/platform/TextScan.h"
 
 #include <string>
 #include <string_view>
@@ -80,7 +80,7 @@ int FindUnits(const WCHAR* text, int n, const WCHAR* what, int m)
 
 std::size_t TextLength(const WCHAR* p)
 {
-#if defined(__SSE2__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#if defined(__SSE2__) && !defined(COREKIT_SANITIZED)
     // The first 64 units at once, since the end of a short text is hard to guess; then whole cache lines.
     // Neither crosses into a page that the text is not in. Sanitizers see the plain loop below, so that they
     // notice a text without an end.
