@@ -28,8 +28,6 @@ else()
   # Large tables are built at compile time.
   target_compile_options(corekit_options INTERFACE -fconstexpr-steps=100000000)
 endif()
-# Large tables are made at compile time.
-target_compile_options(corekit_options INTERFACE $<$<CXX_COMPILER_ID:Clang>:-fconstexpr-steps=33554432>)
 target_include_directories(corekit_options INTERFACE ${PROJECT_SOURCE_DIR})
 if(COREKIT_SANITIZE)
   target_compile_definitions(corekit_options INTERFACE COREKIT_SANITIZED)
