@@ -22,6 +22,7 @@ GOALS = {
     "draw/measure": 5, "draw/raster": 1.5,
     "registry/read": 2,
     "records/add": (1.3, "lmdb"), "records/delete": (5, "lmdb"), "records/get": 1, "records/replace": 1,
+    "packing/deflate": 0.97, "packing/inflate": 0.97,
 }
 
 

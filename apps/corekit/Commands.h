@@ -12,3 +12,4 @@ void AddRegistryCommand(CLI::App& app);
 void AddIniCommand(CLI::App& app);
 void AddOleCommand(CLI::App& app);
 void AddRecordsCommand(CLI::App& app);
+void AddPackingCommands(CLI::App& app);

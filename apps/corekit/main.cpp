@@ -59,5 +59,6 @@ int main(int argc, char** argv)
     AddIniCommand(app);
     AddOleCommand(app);
     AddRecordsCommand(app);
+    AddPackingCommands(app);
     return Run(app, argc, argv);
 }

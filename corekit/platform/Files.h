@@ -60,7 +60,8 @@ struct OVERLAPPED {
 // Security and template are not used. Returns INVALID_HANDLE_VALUE on failure, and then changed nothing.
 COREKIT_API HANDLE CreateFileA(const char* name, DWORD access, DWORD share, _SECURITY_ATTRIBUTES* security,
                                DWORD disposition, DWORD flags, HANDLE templateFile);
-// Fails with 32 while a handle of this process is open that does not share deletion.
+// Removes a file, or a link as such. Fails with 5 for a folder and for a file that nobody may write, with 32
+// while a handle of this process is open that does not share deletion.
 COREKIT_API BOOL DeleteFileA(const char* name);
 
 // Moves count bytes between buffer and file at the position and advances it. *moved (may be null when

@@ -121,6 +121,23 @@ printf '\1' | dd of="$records" bs=1 seek=521 conv=notrunc status=none # record 1
 "$tool" records check "$records" >"$scratch/out"
 [ $? -eq 1 ] && grep -q '^This V.L.R. File is busted.$' "$scratch/out" || fail "records check: $(cat "$scratch/out")"
 
+seq 20000 >"$scratch/plain"
+says '^[0-9]+ of 108894 bytes, checksum [0-9A-F]{8}$' deflate "$scratch/plain" "$scratch/plain.zz"
+says '^108894 bytes$' inflate "$scratch/plain.zz" "$scratch/again"
+cmp -s "$scratch/plain" "$scratch/again" || fail "inflate: other bytes"
+refused inflate "$scratch/plain" "$scratch/again"
+refused deflate "$scratch/missing" "$scratch/again"
+cmp -s "$scratch/plain" "$scratch/again" || fail "a refused run touched its output"
+(cd "$scratch" && zip -q x.zip plain again)
+says '^217788 bytes to ' unzip "$scratch/x.zip" -o "$scratch/unzipped"
+says '^2 files were there already' unzip "$scratch/x.zip" -o "$scratch/unzipped"
+cmp -s "$scratch/plain" "$scratch/unzipped/plain" || fail "unzip: other bytes"
+refused unzip "$scratch/plain"
+refused unzip "$scratch/x.zip" missing -o "$scratch/unzipped"
+(cd "$scratch" && zip -q -P word locked.zip plain)
+refused unzip "$scratch/locked.zip" --password sword -o "$scratch/unzipped" --overwrite
+says '^108894 bytes' unzip "$scratch/locked.zip" --password word -o "$scratch/unzipped" --overwrite
+
 if "$tool" --help | grep -q "^ *draw "; then
     printf 'one\r\n\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d 12\n\xff broken \xe2\x82\n' >"$scratch/utf8.txt"
     printf '\xff\xfeA\0B\0\n\0' >"$scratch/utf16.txt"

@@ -149,7 +149,8 @@ try {
     const std::string path = nativePath(name);
     struct stat facts;
     if (::lstat(path.c_str(), &facts) != 0) return fail(nameError(path)), FALSE;
-    if (S_ISDIR(facts.st_mode)) return fail(ERROR_ACCESS_DENIED), FALSE;
+    const bool isReadOnly = S_ISREG(facts.st_mode) && (facts.st_mode & 0222) == 0;
+    if (S_ISDIR(facts.st_mode) || isReadOnly) return fail(ERROR_ACCESS_DENIED), FALSE;
     if (!mayDeleteFile({facts.st_dev, facts.st_ino})) return fail(ERROR_SHARING_VIOLATION), FALSE;
     if (::unlink(path.c_str()) != 0) return fail(nameError(path)), FALSE;
     return TRUE;

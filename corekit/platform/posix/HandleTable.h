@@ -14,7 +14,7 @@
 
 namespace corekit::detail {
 
-enum class ObjectKind : std::uint8_t { file, fileMapping, event, mutex, thread };
+enum class ObjectKind : std::uint8_t { file, fileMapping, event, mutex, thread, search };
 
 // A kernel object; each kind derives its operations from here and names itself in kKind.
 class Object {

@@ -22,7 +22,8 @@ HandleSlot* openSlot(HANDLE handle)
 
 bool isWaitable(const HandleSlot& slot)
 {
-    return slot.kind.load(std::memory_order_acquire) != ObjectKind::file;
+    const ObjectKind kind = slot.kind.load(std::memory_order_acquire);
+    return kind == ObjectKind::event || kind == ObjectKind::mutex || kind == ObjectKind::thread;
 }
 
 template <typename T>

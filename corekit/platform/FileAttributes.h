@@ -1,0 +1,44 @@
+// What the system knows about a name: attributes, folders, free space.
+//
+// Names are bytes; `\` and `/` both separate. A link is told as itself and never followed: it carries
+// FILE_ATTRIBUTE_REPARSE_POINT and nothing of what it points to. A file that nobody may write is read-only.
+// Failures leave the last error: 2 no such name, 3 no such folder, 5 no access, 183 exists.
+#pragma once
+
+#include "corekit/platform/Export.h"
+#include "corekit/platform/Files.h"
+#include "corekit/platform/Types.h"
+
+inline constexpr DWORD INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
+inline constexpr DWORD FILE_ATTRIBUTE_HIDDEN = 0x00000002; // the name begins with a dot
+inline constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x00000010;
+inline constexpr DWORD FILE_ATTRIBUTE_DEVICE = 0x00000040; // no plain file: a pipe, a socket, a device
+inline constexpr DWORD FILE_ATTRIBUTE_REPARSE_POINT = 0x00000400;
+
+// The creation time is that of the volume, or the last change where the volume keeps none.
+struct _WIN32_FILE_ATTRIBUTE_DATA {
+    DWORD dwFileAttributes;
+    FILETIME ftCreationTime;
+    FILETIME ftLastAccessTime;
+    FILETIME ftLastWriteTime;
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+};
+using WIN32_FILE_ATTRIBUTE_DATA = _WIN32_FILE_ATTRIBUTE_DATA;
+static_assert(sizeof(WIN32_FILE_ATTRIBUTE_DATA) == 36);
+
+COREKIT_API DWORD GetFileAttributesA(const char* name);
+
+inline constexpr int _S_IREAD = 0x100;
+inline constexpr int _S_IWRITE = 0x80;
+// Lets the owner read and write, or read alone; 0 on success, else -1 with the last error. A link is refused.
+COREKIT_API int _chmod(const char* name, int mode);
+
+// One folder whose parent exists. Security is not used.
+COREKIT_API BOOL CreateDirectoryA(const char* name, _SECURITY_ATTRIBUTES* security);
+// An empty folder, or a link to a folder; fails with 145 when it is not empty.
+COREKIT_API BOOL RemoveDirectoryA(const char* name);
+
+// The volume that holds the name. Clusters above 32 bits are told as 0xFFFFFFFF. Results may be null.
+COREKIT_API BOOL GetDiskFreeSpaceA(const char* root, DWORD* sectorsPerCluster, DWORD* bytesPerSector,
+                                   DWORD* freeClusters, DWORD* clusters);

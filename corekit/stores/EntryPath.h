@@ -1,0 +1,27 @@
+// Where an entry of an archive goes, and that it stays there.
+#pragma once
+
+#include "corekit/platform/Types.h"
+
+#include <string>
+
+namespace corekit::detail {
+
+// Whether the name, from an archive, stays below the folder it is appended to: it is relative, has no drive
+// and no part "..", and its last part is not ".".
+bool IsInsideName(const std::string& name);
+
+// The folder and the name below it; the name alone for an empty folder.
+std::string PathBelow(const std::string& folder, const std::string& name);
+
+// Whether any part of `name` below the folder is a link on the disk.
+bool LeadsThroughLink(const std::string& folder, const std::string& name);
+
+// Makes the folder `name` below `folder` with all those above it. A part whose parent is not there is told by
+// message 4350, and then the result is false. A part that is there already is no failure.
+bool MakeFolders(const std::string& folder, const std::string& name);
+
+// Gives the file the entry's date.
+void ChangeFileDate(const std::string& path, DWORD dosDate);
+
+} // namespace corekit::detail
