@@ -152,7 +152,9 @@ fuzz)
     ;;
 format)
     need format
-    git ls-files '*.h' '*.cpp' | xargs clang-format ${1:+--dry-run -Werror} -i
+    how=-i
+    [ "${1:-}" != --check ] || how="--dry-run -Werror"
+    git ls-files '*.h' '*.cpp' | xargs clang-format $how
     ;;
 lint)
     need build test lint

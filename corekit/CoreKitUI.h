@@ -10,7 +10,7 @@
 #include "corekit/unicode/ui/FontMapInfo.h"
 #include "corekit/unicode/ui/FontSignature.h"
 #include "corekit/unicode/ui/GlyphRuns.h"
-#include "corekit/unicode/ui/UniRender.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
+#include "corekit/unicode/ui/UniRender.h"
 #include "corekit/unicode/ui/UsbRanges.h"
 #include "corekit/unicode/ui/XPCConfigNode.h"

@@ -8,11 +8,11 @@ trap 'rm -rf "$scratch"' EXIT
 
 # Public is what other code may call; insides of headers and sources are not.
 public() {
-    find corekit -mindepth 2 -name '*.h' -not -name '*Impl.h' -not -path '*/qt/*' -not -path '*/posix/*' | LC_ALL=C sort |
+    find corekit -mindepth 2 -name '*.h' -not -name '*Impl.h' -not -path '*/qt/*' -not -path '*/posix/*' | LC_ALL=C sort -f |
         while read -r header; do
             if grep -q COREKIT_API "$header" || ! grep -q 'namespace corekit::detail' "$header"; then echo "$header"; fi
         done
-    find corekit -maxdepth 1 -name '*.h' -not -name 'CoreKit*.h' | LC_ALL=C sort
+    find corekit -maxdepth 1 -name '*.h' -not -name 'CoreKit*.h' | LC_ALL=C sort -f
 }
 
 # umbrella FILE INTRODUCTION: from the headers on standard input.

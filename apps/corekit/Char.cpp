@@ -20,16 +20,22 @@ char16_t ParseCodePoint(const std::string& text)
 {
     const std::u16string wide = Utf16(text);
     if (wide.size() == 1) return wide[0];
-    const bool prefixed = text.starts_with("U+") || text.starts_with("u+") || text.starts_with("0x") || text.starts_with("0X");
+    const bool prefixed =
+        text.starts_with("U+") || text.starts_with("u+") || text.starts_with("0x") || text.starts_with("0X");
     const std::string digits = prefixed ? text.substr(2) : text;
-    if (digits.empty() || digits.size() > 6 || digits.find_first_not_of("0123456789abcdefABCDEF") != std::string::npos)
+    if (digits.empty() || digits.size() > 6 ||
+        digits.find_first_not_of("0123456789abcdefABCDEF") != std::string::npos)
         throw std::runtime_error("'" + text + "' is no code point; write U+0628, 628 or the character");
     const unsigned long value = std::stoul(digits, nullptr, 16);
-    if (value > 0xFFFF) throw std::runtime_error("U+" + digits + " lies above U+FFFF, where this library knows nothing");
+    if (value > 0xFFFF)
+        throw std::runtime_error("U+" + digits + " lies above U+FFFF, where this library knows nothing");
     return static_cast<char16_t>(value);
 }
 
-std::string Mapping(WORD target) { return target == 0xFFFF ? "-" : CodePoint(target) + " " + Visible(target); }
+std::string Mapping(WORD target)
+{
+    return target == 0xFFFF ? "-" : CodePoint(target) + " " + Visible(target);
+}
 std::string Numeric(int value) { return value < 0 ? "-" : std::to_string(value); }
 
 std::string JoiningForms(char16_t c)
@@ -39,8 +45,12 @@ std::string JoiningForms(char16_t c)
     const struct {
         const char* name;
         WORD form;
-    } all[] = {{"isolated", Joining::NominalForm(c)}, {"right", Joining::RightForm(c)}, {"left", Joining::LeftForm(c)}, {"medial", Joining::MedialForm(c)}};
-    for (const auto& [name, form] : all) forms += std::string(forms.empty() ? "" : ", ") + name + " " + CodePoint(form);
+    } all[] = {{"isolated", Joining::NominalForm(c)},
+               {"right", Joining::RightForm(c)},
+               {"left", Joining::LeftForm(c)},
+               {"medial", Joining::MedialForm(c)}};
+    for (const auto& [name, form] : all)
+        forms += std::string(forms.empty() ? "" : ", ") + name + " " + CodePoint(form);
     return forms;
 }
 
@@ -53,7 +63,8 @@ void ShowChar(const std::string& text)
         {"field", "value"},
         {"code point", CodePoint(c) + " " + Visible(c)},
         {"general type", std::to_string(row.generalType) + " " + GeneralTypeName(row.generalType)},
-        {"bidirectional type", std::to_string(row.biDirectionalType) + " " + BiDirectionalTypeName(row.biDirectionalType)},
+        {"bidirectional type",
+         std::to_string(row.biDirectionalType) + " " + BiDirectionalTypeName(row.biDirectionalType)},
         {"decimal value", Numeric(row.decimalValue)},
         {"digit value", Numeric(row.digitValue)},
         {"mirrored", row.mirrored ? "yes" : "no"},

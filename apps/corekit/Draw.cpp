@@ -31,10 +31,11 @@ struct DrawOptions {
     bool complex = false;
 };
 
-// Taken in this order when no font is named, those that the machine lacks passed over. The first has Latin and the
-// forms of every Arabic letter, Urdu's among them, which few faces that also claim Latin have.
+// Taken in this order when no font is named, those that the machine lacks passed over. The first has Latin
+// and the forms of every Arabic letter, Urdu's among them, which few faces that also claim Latin have.
 constexpr const char* usualFonts[] = {
-    "Amiri", "Noto Serif Hebrew", "Noto Serif Devanagari", "Noto Serif Bengali", "Noto Serif Tamil", "DejaVu Sans",
+    "Amiri",       "Noto Serif Hebrew", "Noto Serif Devanagari", "Noto Serif Bengali", "Noto Serif Tamil",
+    "DejaVu Sans",
 };
 
 constexpr int margin = 24;
@@ -46,9 +47,12 @@ struct Surface {
     HBITMAP bitmap;
     HGDIOBJ before;
 
-    Surface(int width, int height) : bitmap(CreateCompatibleBitmap(dc, width, height)), before(SelectObject(dc, bitmap))
+    Surface(int width, int height)
+        : bitmap(CreateCompatibleBitmap(dc, width, height)), before(SelectObject(dc, bitmap))
     {
-        if (bitmap == nullptr) throw std::runtime_error("no memory for a picture of " + std::to_string(width) + " by " + std::to_string(height));
+        if (bitmap == nullptr)
+            throw std::runtime_error("no memory for a picture of " + std::to_string(width) + " by " +
+                                     std::to_string(height));
     }
     ~Surface()
     {
@@ -83,8 +87,11 @@ public:
         for (const Line& line : lines)
             if (m_options.width == 0) width = std::max(width, line.width + 2 * margin);
         const int pitch = m_options.size * 7 / 4;
-        const auto tall = static_cast<long long>(pitch) * std::max<long long>(1, static_cast<long long>(lines.size())) + 2 * margin;
-        if (width > widest || tall > tallest) throw std::runtime_error(file + " is too large for one picture; draw it in parts or smaller");
+        const auto tall =
+            static_cast<long long>(pitch) * std::max<long long>(1, static_cast<long long>(lines.size())) +
+            2 * margin;
+        if (width > widest || tall > tallest)
+            throw std::runtime_error(file + " is too large for one picture; draw it in parts or smaller");
         Surface surface(std::max(width, 2 * margin), static_cast<int>(tall));
         Paint(surface, lines, pitch, width);
         return Save(surface, file);
@@ -114,12 +121,14 @@ private:
         return lines;
     }
 
-    // Arabic letters take their forms from their neighbours on the screen, so the width is that of display order.
+    // Arabic letters take their forms from their neighbours on the screen, so the width is that of display
+    // order.
     int DrawnWidth(StringW text)
     {
         const CUnicodeManager* manager = CUnicodeManager::GetObjectA();
         CArray<int, int> order, types;
-        if (manager->IsBIDIEnabled(TRUE)) ReorderToVisual(text, order, types, GetBaseLevel(text, text.GetLength()));
+        if (manager->IsBIDIEnabled(TRUE))
+            ReorderToVisual(text, order, types, GetBaseLevel(text, text.GetLength()));
         StringW glyphs;
         manager->ConvertToGlyphs(text, text.GetLength(), glyphs);
         return m_render.CalcGlyphStringSize(glyphs, glyphs.GetLength(), 0).cx;
@@ -146,8 +155,10 @@ private:
 
     std::string Save(const Surface& surface, const std::string& file)
     {
-        const auto path = std::filesystem::path(m_options.folder) / (std::filesystem::path(file).stem().string() + ".png");
-        if (!SaveBitmapAsPng(surface.bitmap, path.c_str())) throw std::runtime_error("cannot write " + path.string());
+        const auto path =
+            std::filesystem::path(m_options.folder) / (std::filesystem::path(file).stem().string() + ".png");
+        if (!SaveBitmapAsPng(surface.bitmap, path.c_str()))
+            throw std::runtime_error("cannot write " + path.string());
         return path.string();
     }
 
@@ -158,7 +169,8 @@ private:
 
 void Draw(const DrawOptions& options)
 {
-    if (!StartToolkit(ToolkitDisplay::offscreen)) throw std::runtime_error("the window toolkit does not start");
+    if (!StartToolkit(ToolkitDisplay::offscreen))
+        throw std::runtime_error("the window toolkit does not start");
     CUnicodeManager* manager = CUnicodeManager::Initialise(FALSE);
     manager->SetBIDIEnabled(options.bidi);
     manager->SetWindowsComplexLanguageHandling(options.complex);
@@ -178,8 +190,8 @@ void Draw(const DrawOptions& options)
     }
     const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - started;
     for (const std::string& picture : pictures) std::puts(picture.c_str());
-    std::printf("%zu lines in %zu pictures, %.0f ms. Look into %s\n", artist.LinesDrawn(), pictures.size(), took.count(),
-                std::filesystem::absolute(options.folder).c_str());
+    std::printf("%zu lines in %zu pictures, %.0f ms. Look into %s\n", artist.LinesDrawn(), pictures.size(),
+                took.count(), std::filesystem::absolute(options.folder).c_str());
 }
 
 } // namespace
@@ -188,15 +200,26 @@ void AddDrawCommand(CLI::App& app)
 {
     auto* command = app.add_subcommand("draw", "Draw the lines of text files into PNG pictures");
     auto options = std::make_shared<DrawOptions>();
-    command->add_option("FILE", options->files, "Text files, UTF-8 or UTF-16; each becomes DIR/<name>.png")->required();
-    command->add_option("-o,--output", options->folder, "The folder for the pictures, made if it is missing")->required()->type_name("DIR");
-    command->add_option("--font", options->fonts, "A font face, up to sixteen, in order of preference")->expected(1)->type_name("FACE")
+    command->add_option("FILE", options->files, "Text files, UTF-8 or UTF-16; each becomes DIR/<name>.png")
+        ->required();
+    command->add_option("-o,--output", options->folder, "The folder for the pictures, made if it is missing")
+        ->required()
+        ->type_name("DIR");
+    command->add_option("--font", options->fonts, "A font face, up to sixteen, in order of preference")
+        ->expected(1)
+        ->type_name("FACE")
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    command->add_option("--size", options->size, "Height of the fonts in pixels")->check(CLI::Range(4, 1000))->capture_default_str();
-    command->add_option("--width", options->width, "Width of the pictures in pixels; without it, that of the widest line")
+    command->add_option("--size", options->size, "Height of the fonts in pixels")
+        ->check(CLI::Range(4, 1000))
+        ->capture_default_str();
+    command
+        ->add_option("--width", options->width,
+                     "Width of the pictures in pixels; without it, that of the widest line")
         ->check(CLI::Range(1, widest));
     command->add_flag("--bidi", options->bidi, "Order right-to-left text ourselves");
-    command->add_flag("--complex", options->complex, "Leave all shaping to the platform (Devanagari, Bengali, Tamil)");
-    command->footer("Example: corekit draw script.txt -o pictures --bidi --font 'Noto Sans' --font 'Noto Sans Arabic'");
+    command->add_flag("--complex", options->complex,
+                      "Leave all shaping to the platform (Devanagari, Bengali, Tamil)");
+    command->footer(
+        "Example: corekit draw script.txt -o pictures --bidi --font 'Noto Sans' --font 'Noto Sans Arabic'");
     command->callback([options] { Draw(*options); });
 }

@@ -11,17 +11,18 @@
 namespace {
 
 constexpr const char* generalTypes[] = {
-    "non-spacing mark",     "spacing mark",          "decimal digit",        "other number",
-    "space separator",      "line separator",        "paragraph separator",  "control",
-    "private-use surrogate", "surrogate or private", "upper-case letter",    "lower-case letter",
-    "title-case letter",    "modifier letter",       "other letter",         "dash punctuation",
-    "opening punctuation",  "closing punctuation",   "other punctuation",    "mathematical symbol",
-    "currency symbol",      "other symbol",
+    "non-spacing mark",      "spacing mark",         "decimal digit",       "other number",
+    "space separator",       "line separator",       "paragraph separator", "control",
+    "private-use surrogate", "surrogate or private", "upper-case letter",   "lower-case letter",
+    "title-case letter",     "modifier letter",      "other letter",        "dash punctuation",
+    "opening punctuation",   "closing punctuation",  "other punctuation",   "mathematical symbol",
+    "currency symbol",       "other symbol",
 };
 
 constexpr const char* biDirectionalTypes[] = {
-    "left-to-right",    "right-to-left",    "European number",   "number separator", "number terminator", "Arabic number",
-    "common separator", "block separator",  "segment separator", "white space",      "other neutral",
+    "left-to-right",     "right-to-left", "European number",  "number separator",
+    "number terminator", "Arabic number", "common separator", "block separator",
+    "segment separator", "white space",   "other neutral",
 };
 
 constexpr const char* joiningTypes[] = {

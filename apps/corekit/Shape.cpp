@@ -42,7 +42,8 @@ void ShowShape(const std::string& utf8)
     const int level = GetBaseLevel(visual, visual.GetLength());
     ReorderToVisual(visual, order, types, level);
 
-    std::vector<std::vector<std::string>> rows = {{"place", "was", "code", "char", "direction", "general type", "glyph codes"}};
+    std::vector<std::vector<std::string>> rows = {
+        {"place", "was", "code", "char", "direction", "general type", "glyph codes"}};
     int shown = 0;
     for (int i = 0; i < visual.GetLength(); ++i) {
         const StringW glyphs = GlyphsOfPrefix(visual, i + 1);
@@ -63,7 +64,8 @@ void AddShapeCommand(CLI::App& app)
     auto* command = app.add_subcommand("shape", "Print visual order, types and glyph codes of a text");
     auto text = std::make_shared<std::string>();
     command->add_option("TEXT", *text, "One line of UTF-8 text, in the order it is spoken")->required();
-    command->footer("Each row is a place on the line, from the left; 'was' is its place in the text as it is spoken,\n"
-                    "'direction' its type after the bidirectional pass.");
+    command->footer(
+        "Each row is a place on the line, from the left; 'was' is its place in the text as it is spoken,\n"
+        "'direction' its type after the bidirectional pass.");
     command->callback([text] { ShowShape(*text); });
 }

@@ -19,14 +19,15 @@ constexpr std::size_t widestBar = 40;
 std::size_t Columns(const std::string& text)
 {
     const std::u16string wide = Utf16(text);
-    return static_cast<std::size_t>(
-        std::count_if(wide.begin(), wide.end(), [](char16_t c) { return CUnicodeCharTypes::GetGeneralType(c) != 0; }));
+    return static_cast<std::size_t>(std::count_if(
+        wide.begin(), wide.end(), [](char16_t c) { return CUnicodeCharTypes::GetGeneralType(c) != 0; }));
 }
 
 } // namespace
 
 ProgressBar::ProgressBar(std::string what, std::size_t total)
-    : m_what(std::move(what)), m_total(total), m_visible(total > 1 && TerminalColumns(StandardStream::Error) > 0)
+    : m_what(std::move(what)), m_total(total),
+      m_visible(total > 1 && TerminalColumns(StandardStream::Error) > 0)
 {
     if (m_visible) Show();
 }

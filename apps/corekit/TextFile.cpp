@@ -11,13 +11,17 @@ namespace {
 
 constexpr char32_t replacement = 0xFFFD;
 
-// Decodes the sequence at `at` and moves past it; a malformed one yields U+FFFD for each byte that starts nothing.
+// Decodes the sequence at `at` and moves past it; a malformed one yields U+FFFD for each byte that starts
+// nothing.
 char32_t Decode(std::string_view s, std::size_t& at)
 {
     static constexpr char32_t least[] = {0, 0x80, 0x800, 0x10000};
     const auto lead = static_cast<unsigned char>(s[at++]);
     if (lead < 0x80) return lead;
-    const int more = lead >= 0xF0 && lead < 0xF5 ? 3 : lead >= 0xE0 && lead < 0xF0 ? 2 : lead >= 0xC2 && lead < 0xE0 ? 1 : 0;
+    const int more = lead >= 0xF0 && lead < 0xF5   ? 3
+                     : lead >= 0xE0 && lead < 0xF0 ? 2
+                     : lead >= 0xC2 && lead < 0xE0 ? 1
+                                                   : 0;
     if (more == 0) return replacement;
     char32_t c = lead & (0x3F >> more);
     for (int i = 0; i < more; ++i) {
@@ -87,9 +91,11 @@ std::vector<std::u16string> ReadLines(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);
     std::ostringstream whole;
-    if (!file.is_open()) throw std::runtime_error("cannot read " + path + ": " + std::generic_category().message(errno));
+    if (!file.is_open())
+        throw std::runtime_error("cannot read " + path + ": " + std::generic_category().message(errno));
     if (file.peek() != std::ifstream::traits_type::eof()) whole << file.rdbuf();
-    if (file.bad()) throw std::runtime_error("cannot read " + path + ": it is a folder or cannot be read to its end");
+    if (file.bad())
+        throw std::runtime_error("cannot read " + path + ": it is a folder or cannot be read to its end");
     const std::string bytes = whole.str();
     const std::u16string text = DecodeFile(bytes);
 

@@ -50,7 +50,9 @@ void ConvertToBLOB(const CDWordArray& values, CByteArray& blob)
 void ConvertFromBLOB(const CByteArray& blob, CDWordArray& values)
 {
     values.SetSize(blob.GetSize() / static_cast<int>(sizeof(DWORD)));
-    if (values.GetSize() > 0) std::memcpy(values.GetData(), blob.GetData(), static_cast<std::size_t>(values.GetSize()) * sizeof(DWORD));
+    if (values.GetSize() > 0)
+        std::memcpy(values.GetData(), blob.GetData(),
+                    static_cast<std::size_t>(values.GetSize()) * sizeof(DWORD));
 }
 
 unsigned long Adler32Checksum(unsigned char* data, unsigned int size)

@@ -26,7 +26,10 @@ bool AddParsed(const std::string& digits, CByteArray& bytes)
     return true;
 }
 
-std::string_view View(const CString& text) { return {text.GetString(), static_cast<std::size_t>(text.GetLength())}; }
+std::string_view View(const CString& text)
+{
+    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
+}
 CString ToCString(const std::string& text) { return CString(text.data(), static_cast<int>(text.size())); }
 
 // The user string's escape: at most two characters of it are kept, all are counted.

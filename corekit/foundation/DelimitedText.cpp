@@ -12,7 +12,8 @@ namespace {
 template <class Ch, class Add>
 std::basic_string_view<Ch> Split(std::basic_string_view<Ch> text, Ch delimiter, Add add)
 {
-    for (std::size_t end; (end = text.find(delimiter)) != text.npos; text.remove_prefix(end + 1)) add(text.substr(0, end));
+    for (std::size_t end; (end = text.find(delimiter)) != text.npos; text.remove_prefix(end + 1))
+        add(text.substr(0, end));
     return text;
 }
 
@@ -37,7 +38,8 @@ void SplitInto(CArray<Text, const Ch*>& items, const Ch* text, std::size_t lengt
         Text& added = items[index];
         added = Text(item.data(), Length(item.size()));
         if (stand == delimiter) return;
-        for (std::size_t i = item.find(stand); i != item.npos; i = item.find(stand, i + 1)) added.SetAt(Length(i), delimiter);
+        for (std::size_t i = item.find(stand); i != item.npos; i = item.find(stand, i + 1))
+            added.SetAt(Length(i), delimiter);
     };
     const auto rest = Split(std::basic_string_view<Ch>(text, length), delimiter, add);
     if (!rest.empty()) add(rest);
@@ -81,7 +83,8 @@ void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHA
     SplitInto(items, text, crt16::wcslen(text), delimiter, delimiter);
 }
 
-void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHAR*>& items, WCHAR delimiter, WCHAR stand)
+void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHAR*>& items, WCHAR delimiter,
+                                   WCHAR stand)
 {
     SplitInto(items, text, crt16::wcslen(text), delimiter, stand);
 }
@@ -89,7 +92,8 @@ void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHA
 void ConvertBufferIntoLines(const char* text, CStringArray& lines, int skipEmpty)
 {
     lines.RemoveAll();
-    SplitLines(text, skipEmpty != 0, [&](std::string_view line) { lines.Add(CString(line.data(), Length(line.size()))); });
+    SplitLines(text, skipEmpty != 0,
+               [&](std::string_view line) { lines.Add(CString(line.data(), Length(line.size()))); });
 }
 
 void ConvertBufferIntoLines(const char* text, CArray<StringA, const char*>& lines, int skipEmpty)

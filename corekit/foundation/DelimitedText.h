@@ -6,18 +6,20 @@
 #include "corekit/framework/Array.h"
 #include "corekit/platform/Export.h"
 
-// Empties the array and fills it with what stands between the delimiters, empty items included. A CStringArray always
-// gets what follows the last delimiter, so an empty text gives one empty item; a CArray gets it only if it is not
-// empty. Wide text in a CStringArray keeps the low byte of each unit.
+// Empties the array and fills it with what stands between the delimiters, empty items included. A
+// CStringArray always gets what follows the last delimiter, so an empty text gives one empty item; a CArray
+// gets it only if it is not empty. Wide text in a CStringArray keeps the low byte of each unit.
 COREKIT_API void ConvertDelimitedStringToArray(const char* text, CStringArray& items, char delimiter);
 COREKIT_API void ConvertDelimitedStringToArray(const WCHAR* text, CStringArray& items, WCHAR delimiter);
-COREKIT_API void ConvertDelimitedStringToArray(const char* text, CArray<StringA, const char*>& items, char delimiter);
-COREKIT_API void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHAR*>& items, WCHAR delimiter);
+COREKIT_API void ConvertDelimitedStringToArray(const char* text, CArray<StringA, const char*>& items,
+                                               char delimiter);
+COREKIT_API void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHAR*>& items,
+                                               WCHAR delimiter);
 // With a stand-in: where `stand` is in the text, the item gets the delimiter itself.
-COREKIT_API void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHAR*>& items, WCHAR delimiter,
-                                               WCHAR stand);
+COREKIT_API void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHAR*>& items,
+                                               WCHAR delimiter, WCHAR stand);
 
-// Empties the array and fills it with the lines of the text, which CR, LF or CR LF end. An empty last line is not
-// added, and no empty line at all with `skipEmpty`.
+// Empties the array and fills it with the lines of the text, which CR, LF or CR LF end. An empty last line is
+// not added, and no empty line at all with `skipEmpty`.
 COREKIT_API void ConvertBufferIntoLines(const char* text, CStringArray& lines, int skipEmpty);
 COREKIT_API void ConvertBufferIntoLines(const char* text, CArray<StringA, const char*>& lines, int skipEmpty);

@@ -1,9 +1,9 @@
 // Short tables that tie a name or a number to a number or a class identifier.
 //
-// Adding costs no search and refuses no duplicate: searches run from the last pair to the first, so a later pair
-// shadows an earlier one. Searches are linear, which suits the dozens of rows these tables are for. Names
-// compare letter by letter, case included. A search answers 1 and writes the other half of the pair, or 0 and
-// leaves the output alone; an index outside the table reads as an empty pair. One thread at a time.
+// Adding costs no search and refuses no duplicate: searches run from the last pair to the first, so a later
+// pair shadows an earlier one. Searches are linear, which suits the dozens of rows these tables are for.
+// Names compare letter by letter, case included. A search answers 1 and writes the other half of the pair, or
+// 0 and leaves the output alone; an index outside the table reads as an empty pair. One thread at a time.
 #pragma once
 
 #include "corekit/foundation/StringA.h"
@@ -33,11 +33,13 @@ public:
     template <class Key>
     int FindFirst(const Key& key, Second& found) const
     {
-        return Find([&](const Pair& pair) { return pair.first == key; }, [&](const Pair& pair) { found = pair.second; });
+        return Find([&](const Pair& pair) { return pair.first == key; },
+                    [&](const Pair& pair) { found = pair.second; });
     }
     int FindSecond(const Second& key, First& found) const
     {
-        return Find([&](const Pair& pair) { return pair.second == key; }, [&](const Pair& pair) { found = pair.first; });
+        return Find([&](const Pair& pair) { return pair.second == key; },
+                    [&](const Pair& pair) { found = pair.first; });
     }
 
 private:

@@ -10,9 +10,9 @@
 // std::bad_alloc.
 #pragma once
 
-#include "corekit/platform/TextScan.h"
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Interlocked.h"
+#include "corekit/platform/TextScan.h"
 #include "corekit/platform/Types.h"
 
 #include <atomic>

@@ -114,7 +114,8 @@ int CompareByDifference(void*, const void* a, const void* b)
 
 } // namespace
 
-void QuickSort(void* base, unsigned count, unsigned width, void* context, int (*compare)(void*, const void*, const void*))
+void QuickSort(void* base, unsigned count, unsigned width, void* context,
+               int (*compare)(void*, const void*, const void*))
 {
     if (count < 2 || width == 0) return;
     auto* first = static_cast<std::byte*>(base);
@@ -125,7 +126,8 @@ void SortArray(CByteArray& array) { std::sort(array.GetData(), array.GetData() +
 
 void SortArray(CArray<int, int>& array)
 {
-    QuickSort(array.GetData(), static_cast<unsigned>(array.GetSize()), sizeof(int), nullptr, CompareByDifference);
+    QuickSort(array.GetData(), static_cast<unsigned>(array.GetSize()), sizeof(int), nullptr,
+              CompareByDifference);
 }
 
 void SortArray(CStringArray& array) { SortTexts(array); }

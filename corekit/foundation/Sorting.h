@@ -6,15 +6,15 @@
 #include "corekit/framework/Array.h"
 #include "corekit/platform/Export.h"
 
-// Sorts `count` elements of `width` bytes. `compare` is given the context and two elements, and answers below, equal
-// to or above 0. Not stable, but which of two equal elements comes first is always the same: a quicksort around
-// the middle element, with a selection sort for parts of eight elements or fewer. An inconsistent `compare` gives
-// some order and harms nothing.
+// Sorts `count` elements of `width` bytes. `compare` is given the context and two elements, and answers
+// below, equal to or above 0. Not stable, but which of two equal elements comes first is always the same: a
+// quicksort around the middle element, with a selection sort for parts of eight elements or fewer. An
+// inconsistent `compare` gives some order and harms nothing.
 COREKIT_API void QuickSort(void* base, unsigned count, unsigned width, void* context,
                            int (*compare)(void* context, const void* a, const void* b));
 
-// Ascending order. Integers compare by their 32-bit difference, so values more than 2^31 apart do not sort rightly;
-// texts compare without regard to case.
+// Ascending order. Integers compare by their 32-bit difference, so values more than 2^31 apart do not sort
+// rightly; texts compare without regard to case.
 COREKIT_API void SortArray(CByteArray& array);
 COREKIT_API void SortArray(CArray<int, int>& array);
 COREKIT_API void SortArray(CStringArray& array);

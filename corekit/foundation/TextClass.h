@@ -1,8 +1,8 @@
 // The runtime's character and text functions under one set of names for both widths.
 #pragma once
 
-#include "corekit/platform/TextScan.h"
 #include "corekit/platform/Runtime.h"
+#include "corekit/platform/TextScan.h"
 
 #include <cctype>
 #include <cstring>

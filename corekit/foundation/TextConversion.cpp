@@ -1,7 +1,7 @@
 #include "corekit/foundation/TextConversion.h"
 
-#include "corekit/platform/TextScan.h"
 #include "corekit/platform/CodePages.h"
+#include "corekit/platform/TextScan.h"
 
 #include <algorithm>
 

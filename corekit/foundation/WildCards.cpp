@@ -73,14 +73,17 @@ int FindStarredWord(View text, View word)
     return FindWord(text, word, freeBefore, freeBehind);
 }
 
-// One part of a pattern that holds question marks. Each takes itself out of the pattern and one unit out of the
-// text, and the rest is searched for; the units that are out are kept as a list, and the text is put together
-// only to be searched.
+// One part of a pattern that holds question marks. Each takes itself out of the pattern and one unit out of
+// the text, and the rest is searched for; the units that are out are kept as a list, and the text is put
+// together only to be searched.
 class QuestionSearch {
 public:
     using Finder = int (*)(View text, View part);
 
-    QuestionSearch(View text, View part, Finder find) : m_text(text), m_part(part), m_find(find), m_joined(text.size()) {}
+    QuestionSearch(View text, View part, Finder find)
+        : m_text(text), m_part(part), m_find(find), m_joined(text.size())
+    {
+    }
 
     int Run()
     {
@@ -129,7 +132,8 @@ private:
         std::size_t from = 0, length = 0;
         for (std::size_t i = 0; i <= m_out.size(); ++i) {
             const std::size_t to = i < m_out.size() ? m_out[i] : m_text.size();
-            std::copy(m_text.begin() + static_cast<std::ptrdiff_t>(from), m_text.begin() + static_cast<std::ptrdiff_t>(to), m_joined.Data() + length);
+            std::copy(m_text.begin() + static_cast<std::ptrdiff_t>(from),
+                      m_text.begin() + static_cast<std::ptrdiff_t>(to), m_joined.Data() + length);
             length += to - from;
             from = to + 1;
         }
@@ -180,8 +184,9 @@ int FindWholeWord(View text, View word, bool starBefore, bool starBehind)
     if (starBefore) starred.Append(u'*');
     starred.Append(word);
     if (starBehind) starred.Append(u'*');
-    return starred.Text().find(u'?') == View::npos ? FindStarredWord(text, starred.Text())
-                                                   : QuestionSearch(text, starred.Text(), FindStarredWord).Run();
+    return starred.Text().find(u'?') == View::npos
+               ? FindStarredWord(text, starred.Text())
+               : QuestionSearch(text, starred.Text(), FindStarredWord).Run();
 }
 
 // Finds a pattern part by part. `wholeWords` tells how a part between stars is searched for.
@@ -192,7 +197,8 @@ int Match(View text, View pattern, bool wholeWords)
         const auto result = [&](int found) { return found < 0 || isFirst ? found : first; };
         std::size_t star = pattern.find(u'*');
         if (star == View::npos)
-            return result(wholeWords ? FindWholeWord(text, pattern, false, false) : FindWithQuestion(text, pattern));
+            return result(wholeWords ? FindWholeWord(text, pattern, false, false)
+                                     : FindWithQuestion(text, pattern));
         int found;
         if (star > 0) {
             found = FindWholeWord(text, pattern.substr(0, star), false, true);
@@ -201,7 +207,8 @@ int Match(View text, View pattern, bool wholeWords)
             if (pattern.empty()) return result(1);
             star = pattern.find(u'*');
             const View part = pattern.substr(0, star);
-            found = wholeWords ? FindWholeWord(text, part, true, star != View::npos) : FindWithQuestion(text, part);
+            found = wholeWords ? FindWholeWord(text, part, true, star != View::npos)
+                               : FindWithQuestion(text, part);
             if (star == View::npos) return result(found);
         }
         if (found < 0) return none;
@@ -234,12 +241,14 @@ int MatchText(View text, View pattern, bool caseSensitive, bool wholeWords)
 
 int MatchWildCardString(const WCHAR* text, const WCHAR* pattern, int caseSensitive)
 {
-    return MatchText({text, crt16::wcslen(text)}, {pattern, crt16::wcslen(pattern)}, caseSensitive != 0, false);
+    return MatchText({text, crt16::wcslen(text)}, {pattern, crt16::wcslen(pattern)}, caseSensitive != 0,
+                     false);
 }
 
 int MatchNonWildCardString(const WCHAR* text, const WCHAR* pattern, int caseSensitive)
 {
-    return MatchText({text, crt16::wcslen(text)}, {pattern, crt16::wcslen(pattern)}, caseSensitive != 0, true);
+    return MatchText({text, crt16::wcslen(text)}, {pattern, crt16::wcslen(pattern)}, caseSensitive != 0,
+                     true);
 }
 
 int IsWildCardString(const WCHAR* text) { return crt16::wcspbrk(text, u"*?") != nullptr; }

@@ -12,8 +12,9 @@
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
 
-// Finds the pattern's parts in their order anywhere in the text; only the head of a pattern that does not begin
-// with a star is bound to the beginning of a word when a star follows. "*" alone matches every text, with 1.
+// Finds the pattern's parts in their order anywhere in the text; only the head of a pattern that does not
+// begin with a star is bound to the beginning of a word when a star follows. "*" alone matches every text,
+// with 1.
 COREKIT_API int MatchWildCardString(const WCHAR* text, const WCHAR* pattern, int caseSensitive);
 
 // The same for whole words: the parts must stand between separators, and a star frees the side it stands on.

@@ -11,7 +11,8 @@ class ScratchBuffer {
 public:
     explicit ScratchBuffer(std::size_t count)
         : m_heap(count > Ordinary ? std::make_unique_for_overwrite<T[]>(count) : nullptr)
-    {}
+    {
+    }
     T* Get() { return m_heap ? m_heap.get() : m_local; }
 
 private:

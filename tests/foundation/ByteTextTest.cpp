@@ -1,5 +1,5 @@
-#include "corekit/foundation/Blocks.h"
 #include "corekit/foundation/ByteText.h"
+#include "corekit/foundation/Blocks.h"
 #include "corekit/foundation/DelimitedText.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "corekit/foundation/KeyedArrays.h"
 #include "corekit/foundation/Sorting.h"
+#include "corekit/foundation/KeyedArrays.h"
 
 #include <gtest/gtest.h>
 
@@ -35,9 +35,9 @@ TEST(Sorting, EqualElementsComeOutInTheOrderTheStepsGive)
     } cases[] = {
         {"", ""},
         {"a1", "a1"},
-        {"b1a1b2", "a1b2b1"},                             // short: the first greatest goes last
-        {"a1a2a3a4", "a2a3a4a1"},                         // short: an element is swapped with the end each time
-        {"c1c2c3c4c5c6c7c8c9", "c5c2c3c4c1c6c7c8c9"},     // nine: the middle one becomes the pivot
+        {"b1a1b2", "a1b2b1"},                         // short: the first greatest goes last
+        {"a1a2a3a4", "a2a3a4a1"},                     // short: an element is swapped with the end each time
+        {"c1c2c3c4c5c6c7c8c9", "c5c2c3c4c1c6c7c8c9"}, // nine: the middle one becomes the pivot
         {"b1a1b2a2b3a3b4a4b5a5", "a3a1a2a4a5b4b1b5b3b2"}, // a partition and two short parts
     };
     for (const auto& c : cases) EXPECT_EQ(SortedPairs(c.given), c.sorted) << c.given;
@@ -54,10 +54,12 @@ TEST(Sorting, EveryWidthAndShapeOfDataIsSorted)
         for (int shape = 0; shape < 3; ++shape) {
             if (shape == 1) std::sort(wide.begin(), wide.end());
             if (shape == 2) std::sort(wide.rbegin(), wide.rend());
-            QuickSort(wide.data(), static_cast<unsigned>(count), sizeof wide[0], nullptr, [](void*, const void* a, const void* b) {
-                const auto x = *static_cast<const std::uint64_t*>(a), y = *static_cast<const std::uint64_t*>(b);
-                return x < y ? -1 : x > y;
-            });
+            QuickSort(wide.data(), static_cast<unsigned>(count), sizeof wide[0], nullptr,
+                      [](void*, const void* a, const void* b) {
+                          const auto x = *static_cast<const std::uint64_t*>(a),
+                                     y = *static_cast<const std::uint64_t*>(b);
+                          return x < y ? -1 : x > y;
+                      });
             EXPECT_EQ(wide, expected);
         }
     }

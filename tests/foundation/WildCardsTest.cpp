@@ -74,7 +74,8 @@ int Match(Text text, Text pattern, bool words)
         if (pattern.empty()) return 1;
         const std::size_t next = pattern.find(u'*');
         const Text part = pattern.substr(0, next);
-        if (next == Text::npos) return words ? FindWholeWord(text, u'*' + part) : FindWithQuestion(text, part);
+        if (next == Text::npos)
+            return words ? FindWholeWord(text, u'*' + part) : FindWithQuestion(text, part);
         r = words ? FindWholeWord(text, u'*' + part + u'*') : FindWithQuestion(text, part);
         used = next;
     }
@@ -114,8 +115,10 @@ TEST(WildCards, WordsPartsStarsAndMarks)
         {u"one two three", u"*one*three", 0, 0},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(MatchWildCardString(c.text, c.pattern, 0), c.wild) << testing::PrintToString(Text(c.pattern));
-        EXPECT_EQ(MatchNonWildCardString(c.text, c.pattern, 0), c.whole) << testing::PrintToString(Text(c.pattern));
+        EXPECT_EQ(MatchWildCardString(c.text, c.pattern, 0), c.wild)
+            << testing::PrintToString(Text(c.pattern));
+        EXPECT_EQ(MatchNonWildCardString(c.text, c.pattern, 0), c.whole)
+            << testing::PrintToString(Text(c.pattern));
     }
     EXPECT_EQ(MatchWildCardString(u"CAT", u"cat", 1), -1);
     EXPECT_TRUE(IsWildCardString(u"a?") && !IsWildCardString(u"a."));

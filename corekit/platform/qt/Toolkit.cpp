@@ -20,8 +20,8 @@ QByteArray platformFor(ToolkitDisplay display)
     return QByteArray(wayland ? "wayland;" : "") + (x11 ? "xcb;" : "") + "offscreen";
 }
 
-// Outside of a session the toolkit complains that there is no folder for run-time files, which nothing here uses.
-// Its other messages go where they always go.
+// Outside of a session the toolkit complains that there is no folder for run-time files, which nothing here
+// uses. Its other messages go where they always go.
 QtMessageHandler elsewhere = nullptr;
 
 void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)

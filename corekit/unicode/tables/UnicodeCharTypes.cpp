@@ -5,7 +5,6 @@
 
 #include <utility>
 
-
 namespace {
 
 using namespace corekit::general;
@@ -101,7 +100,7 @@ struct Index {
 template <int... High>
 constexpr Index MakeIndex(std::integer_sequence<int, High...>)
 {
-    return {{page<HasRows(High) ? High : noPage>.rows...}};
+    return {{page < HasRows(High) ? High : noPage >.rows...}};
 }
 
 constexpr Index pageIndex = MakeIndex(std::make_integer_sequence<int, 256>());
@@ -138,8 +137,8 @@ PAGE(39) PAGE(48) PAGE(49) PAGE(50) PAGE(51) PAGE(78) PAGE(159) PAGE(172) PAGE(2
 PAGE(220) PAGE(223) PAGE(224) PAGE(227) PAGE(240) PAGE(241) PAGE(242) PAGE(243) PAGE(248) PAGE(249) PAGE(250)
 PAGE(251) PAGE(252) PAGE(253) PAGE(254) PAGE(255)
 #undef PAGE
-// clang-format on
-constinit const CUnicodeCharTypes::__page& CUnicodeCharTypes::m_tblUnknown = page<noPage>.rows;
+    // clang-format on
+    constinit const CUnicodeCharTypes::__page& CUnicodeCharTypes::m_tblUnknown = page<noPage>.rows;
 
 constinit const CUnicodeCharTypes::__charEntry* const (&CUnicodeCharTypes::m_tbl)[256] = pageIndex.pages;
 
@@ -147,8 +146,10 @@ constinit const CUnicodeCharTypes::Flat<signed char> CUnicodeCharTypes::m_genera
     FromTypes<Flat<signed char>>([](const TypeRun& r) { return r.general; });
 constinit const CUnicodeCharTypes::Flat<signed char> CUnicodeCharTypes::m_bidiTypes =
     FromTypes<Flat<signed char>>([](const TypeRun& r) { return r.bidi; });
-constinit const CUnicodeCharTypes::Flat<WORD> CUnicodeCharTypes::m_upper = FromCase<Flat<WORD>>(&CaseRun::upper);
-constinit const CUnicodeCharTypes::Flat<WORD> CUnicodeCharTypes::m_lower = FromCase<Flat<WORD>>(&CaseRun::lower);
+constinit const CUnicodeCharTypes::Flat<WORD> CUnicodeCharTypes::m_upper =
+    FromCase<Flat<WORD>>(&CaseRun::upper);
+constinit const CUnicodeCharTypes::Flat<WORD> CUnicodeCharTypes::m_lower =
+    FromCase<Flat<WORD>>(&CaseRun::lower);
 
 void CUnicodeCharTypes::MakeUpper(StringW& text)
 {

@@ -46,7 +46,8 @@ public:
     static bool IsAlphanumeric(WORD c)
     {
         using namespace corekit::general;
-        constexpr unsigned wanted = 1u << Nd | 1u << No | 1u << Lu | 1u << Ll | 1u << Lt | 1u << Lm | 1u << Lo;
+        constexpr unsigned wanted =
+            1u << Nd | 1u << No | 1u << Lu | 1u << Ll | 1u << Lt | 1u << Lm | 1u << Lo;
         return (wanted >> (GetGeneralType(c) & 31) & 1) != 0; // -1 becomes bit 31
     }
 
@@ -62,12 +63,12 @@ public:
     // none is null.
     static const __charEntry* const (&m_tbl)[256];
 
-    static const __page &m_tbl0, &m_tbl1, &m_tbl2, &m_tbl3, &m_tbl4, &m_tbl5, &m_tbl6, &m_tbl9, &m_tbl10, &m_tbl11,
-        &m_tbl12, &m_tbl13, &m_tbl14, &m_tbl15, &m_tbl16, &m_tbl17, &m_tbl30, &m_tbl31, &m_tbl32, &m_tbl33,
-        &m_tbl34, &m_tbl35, &m_tbl36, &m_tbl37, &m_tbl38, &m_tbl39, &m_tbl48, &m_tbl49, &m_tbl50, &m_tbl51,
-        &m_tbl78, &m_tbl159, &m_tbl172, &m_tbl215, &m_tbl216, &m_tbl219, &m_tbl220, &m_tbl223, &m_tbl224,
-        &m_tbl227, &m_tbl240, &m_tbl241, &m_tbl242, &m_tbl243, &m_tbl248, &m_tbl249, &m_tbl250, &m_tbl251,
-        &m_tbl252, &m_tbl253, &m_tbl254, &m_tbl255, &m_tblUnknown;
+    static const __page &m_tbl0, &m_tbl1, &m_tbl2, &m_tbl3, &m_tbl4, &m_tbl5, &m_tbl6, &m_tbl9, &m_tbl10,
+        &m_tbl11, &m_tbl12, &m_tbl13, &m_tbl14, &m_tbl15, &m_tbl16, &m_tbl17, &m_tbl30, &m_tbl31, &m_tbl32,
+        &m_tbl33, &m_tbl34, &m_tbl35, &m_tbl36, &m_tbl37, &m_tbl38, &m_tbl39, &m_tbl48, &m_tbl49, &m_tbl50,
+        &m_tbl51, &m_tbl78, &m_tbl159, &m_tbl172, &m_tbl215, &m_tbl216, &m_tbl219, &m_tbl220, &m_tbl223,
+        &m_tbl224, &m_tbl227, &m_tbl240, &m_tbl241, &m_tbl242, &m_tbl243, &m_tbl248, &m_tbl249, &m_tbl250,
+        &m_tbl251, &m_tbl252, &m_tbl253, &m_tbl254, &m_tbl255, &m_tblUnknown;
 
 private:
     // The same facts with one load a lookup.
