@@ -124,7 +124,7 @@ demo)
     need build
     want_ui
     build release corekit_tool >&2
-    if ! build/release/bin/corekit --help | grep -q "^ *draw "; then
+    if ! build/release/bin/corekit --help | grep "^ *draw " >/dev/null; then
         say "This build has no drawing, because the toolkit is missing."
         exit 1
     fi

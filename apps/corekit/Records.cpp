@@ -124,11 +124,9 @@ void Delete(const Options& o)
 void List(const Options& o)
 {
     Records records(o.file);
-    std::vector<std::vector<std::string>> rows = {{"number", "bytes"}};
+    std::printf("%10s  %10s\n", "number", "bytes"); // at once: there can be millions
     for (int i = 0; i < records->GetRecordCount(); ++i)
-        if (const DWORD size = records->GetRecordSize(i))
-            rows.push_back({std::to_string(i), std::to_string(size)});
-    PrintTable(rows);
+        if (const DWORD size = records->GetRecordSize(i)) std::printf("%10d  %10u\n", i, size);
     std::printf("%d records, %d numbers\n", records->GetInUseRecordCount(), records->GetRecordCount());
 }
 

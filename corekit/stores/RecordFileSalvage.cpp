@@ -2,12 +2,10 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/Files.h"
-#include "corekit/stores/FileView.h"
 #include "corekit/stores/RecordFileFormat.h"
 #include "corekit/stores/VariableLengthRecordFile.h"
 
 #include <algorithm>
-#include <cstring>
 #include <memory>
 
 namespace {
@@ -35,9 +33,8 @@ public:
         DWORD high = 0;
         const DWORD low = GetFileSize(m_file, &high);
         m_size = high ? 0xFFFFFFFF : low; // nothing of a record file lies beyond 32 bits
-        const BYTE* const header = Has(0, sizeof m_header) ? At(0, sizeof m_header) : nullptr;
-        if (header) std::memcpy(&m_header, header, sizeof m_header);
-        if (!header || !m_header.HasMagic() || !m_header.HasUsableSectors()) {
+        const bool hasHeader = Has(0, sizeof m_header) && TryRead(0, &m_header, sizeof m_header);
+        if (!hasHeader || !m_header.HasMagic() || !m_header.HasUsableSectors()) {
             CloseHandle(m_file);
             ThrowChainedException(nullptr, (CString(name) + " is not a V.L.R. file").GetString());
         }
@@ -55,32 +52,45 @@ public:
         const DWORD room = (m_size - m_header.indexOffset) / static_cast<DWORD>(sizeof(VLRExtent));
         return static_cast<int>(std::min(room, m_header.indexEntries));
     }
+    // Numbers come in order.
     VLRExtent Entry(int record)
     {
-        const DWORD place = m_header.indexOffset + static_cast<DWORD>(record) * DWORD{sizeof(VLRExtent)};
-        VLRExtent entry;
-        std::memcpy(&entry, At(place, sizeof entry), sizeof entry);
-        return entry;
+        const auto at = static_cast<std::size_t>(record) % entriesAtOnce;
+        if (at == 0) {
+            m_entries.resize(std::min(entriesAtOnce, static_cast<std::size_t>(EntryCount() - record)));
+            Read(m_header.indexOffset + static_cast<DWORD>(record) * DWORD{sizeof(VLRExtent)},
+                 m_entries.data(), static_cast<DWORD>(m_entries.size() * sizeof(VLRExtent)));
+        }
+        return m_entries[at];
     }
     // The bytes at that place, which the file has; good until the next call.
     const BYTE* At(DWORD offset, DWORD size)
     {
-        if (const BYTE* const seen = m_view.Find(m_file, m_size, offset, size)) return seen;
-        m_read.resize(size);
-        OVERLAPPED place;
-        place.Offset = offset;
-        DWORD moved = 0;
-        if (!ReadFile(m_file, m_read.data(), size, &moved, &place) || moved != size)
-            ThrowChainedException(GetLastErrorException(), readFailed);
-        return m_read.data();
+        m_bytes.resize(size);
+        Read(offset, m_bytes.data(), size);
+        return m_bytes.data();
     }
 
 private:
+    static constexpr std::size_t entriesAtOnce = 4096;
+
+    bool TryRead(DWORD offset, void* to, DWORD size)
+    {
+        OVERLAPPED place;
+        place.Offset = offset;
+        DWORD moved = 0;
+        return ReadFile(m_file, to, size, &moved, &place) && moved == size;
+    }
+    void Read(DWORD offset, void* to, DWORD size)
+    {
+        if (!TryRead(offset, to, size)) ThrowChainedException(GetLastErrorException(), readFailed);
+    }
+
     HANDLE m_file;
     DWORD m_size;
     RecordFileHeader m_header{};
-    FileView m_view;
-    std::vector<BYTE> m_read;
+    std::vector<VLRExtent> m_entries; // of the index, some
+    std::vector<BYTE> m_bytes;        // of one record
 };
 
 // Which sectors have an owner.

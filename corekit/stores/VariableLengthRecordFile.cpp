@@ -271,7 +271,7 @@ void CVariableLengthRecordFile::ReadEntries(CArray<VLRExtent>& to, DWORD offset,
     const std::uint64_t bytes = std::uint64_t{count} * sizeof(VLRExtent);
     if (offset + bytes > m_bytesOnDisk) ThrowWithError(ERROR_HANDLE_EOF, readFailed);
     to.SetSize(static_cast<int>(count));
-    ReadBlock(offset, to.GetData(), static_cast<DWORD>(bytes));
+    ReadBytes(offset, to.GetData(), static_cast<DWORD>(bytes)); // a view would hold them a second time
 }
 
 void CVariableLengthRecordFile::ReadBlock(DWORD offset, void* data, DWORD size)
@@ -283,6 +283,12 @@ void CVariableLengthRecordFile::ReadBlock(DWORD offset, void* data, DWORD size)
         std::memcpy(data, from, size);
         return;
     }
+    ReadBytes(offset, data, size);
+}
+
+void CVariableLengthRecordFile::ReadBytes(DWORD offset, void* data, DWORD size)
+{
+    if (size == 0) return;
     OVERLAPPED place;
     place.Offset = offset;
     DWORD moved = 0;

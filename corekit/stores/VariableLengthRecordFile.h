@@ -112,6 +112,7 @@ private:
     void ReadHeader();
     void ReadIndexAndMap();
     void ReadEntries(CArray<VLRExtent>& to, DWORD offset, DWORD count);
+    void ReadBytes(DWORD offset, void* data, DWORD size);
     void MakeFile(DWORD sectorSize, DWORD initialSize);
 
     corekit::detail::FreeSpaceIndex& FreeSpace();

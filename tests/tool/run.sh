@@ -104,7 +104,7 @@ printf 'piped' | "$tool" records add "$records" - >/dev/null || fail "records ad
 is 'piped' records get "$records" 2
 is '' records replace "$records" 1 "$scratch/numbers"
 is '' records delete "$records" 2
-says '^1 +108894$' records list "$records"
+says '^ +1 +108894$' records list "$records"
 says '^2 records, 3 numbers$' records list "$records"
 says '^Checks completed.$' records check "$records"
 is '2 sound, 0 doubtful, 0 lost' records salvage "$records" "$scratch/salvaged.vlr"
