@@ -44,6 +44,22 @@ Views& views()
     return all;
 }
 
+// A hole that finds the volume full when somebody writes to it ends the process, so the room is taken now
+// where the file system can do so.
+bool extend(int fd, std::uint64_t from, std::uint64_t to)
+{
+    if (to > INT64_MAX) return fail(ERROR_INVALID_PARAMETER, false);
+    if (::fallocate(fd, 0, static_cast<off_t>(from), static_cast<off_t>(to - from)) == 0) return true;
+    const int reason = errno;
+    if (reason == EOPNOTSUPP || reason == ENOSYS) {
+        if (::ftruncate(fd, static_cast<off_t>(to)) == 0) return true;
+        return fail(errorFromErrno(errno), false);
+    }
+    // What was reserved before the volume was full.
+    if (::ftruncate(fd, static_cast<off_t>(from)) != 0) return fail(errorFromErrno(errno), false);
+    return fail(errorFromErrno(reason), false);
+}
+
 // The size that a mapping gets, after the file was extended if that is asked for; 0 on failure.
 std::uint64_t sizeToMap(int fd, std::uint64_t asked, bool writable)
 {
@@ -53,9 +69,7 @@ std::uint64_t sizeToMap(int fd, std::uint64_t asked, bool writable)
     if (asked == 0 && present == 0) return fail(ERROR_FILE_INVALID, std::uint64_t{0});
     if (asked == 0 || asked <= present) return asked == 0 ? present : asked;
     if (!writable) return fail(ERROR_NOT_ENOUGH_MEMORY, std::uint64_t{0});
-    if (asked > INT64_MAX || ::ftruncate(fd, static_cast<off_t>(asked)) != 0)
-        return fail(asked > INT64_MAX ? ERROR_INVALID_PARAMETER : errorFromErrno(errno), std::uint64_t{0});
-    return asked;
+    return extend(fd, present, asked) ? asked : 0;
 }
 
 } // namespace
@@ -119,4 +133,20 @@ BOOL UnmapViewOfFile(const void* view)
     ::munmap(reinterpret_cast<void*>(address), found->second);
     views().sizes.erase(found);
     return TRUE;
+}
+
+BOOL FlushViewOfFile(const void* address, std::size_t bytes)
+{
+    const auto first = reinterpret_cast<std::uintptr_t>(address);
+    std::uintptr_t end = 0;
+    {
+        const std::lock_guard lock(views().mutex);
+        const auto behind = views().sizes.upper_bound(first);
+        if (behind != views().sizes.begin()) end = std::prev(behind)->first + std::prev(behind)->second;
+    }
+    if (first >= end || bytes > end - first) return fail(ERROR_INVALID_ADDRESS, FALSE);
+    const std::uintptr_t last = bytes == 0 ? end : first + bytes;
+    const std::uintptr_t page = first - first % static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+    if (::msync(reinterpret_cast<void*>(page), last - page, MS_SYNC) == 0) return TRUE;
+    return fail(errorFromErrno(errno), FALSE);
 }

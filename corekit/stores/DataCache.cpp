@@ -1,0 +1,10 @@
+#include "corekit/stores/DataCache.h"
+
+#include "corekit/foundation/SafeAlloc.h"
+
+void CDataCache::DeleteAllObjects()
+{
+    for (int i = m_elements.GetUpperBound(); i >= 0; --i) safe_free(m_elements[i].block);
+    m_elements.RemoveAll();
+    m_currentSize = 0;
+}

@@ -1,0 +1,102 @@
+// CWordListFile: a sorted dictionary in a file, from words to 32-bit identifiers.
+//
+// Words are kept in upper case without white space around them, and have at most 29 units; longer ones are
+// neither stored nor found. An identifier is the caller's own number and not 0. The bytes are told in
+// docs/formats/word-list.md.
+//
+// An object belongs to one thread at a time, and an open file to one object: nobody else can open it
+// meanwhile. After the first searches a table of the words is kept in memory, a third of the file's size or
+// less, so that finding a word takes one look. Words are in the file at once and reach the device with Flush
+// or Close. A full disk throws CNotSupportedException and leaves the list as it was.
+#pragma once
+
+#include "corekit/framework/Array.h"
+#include "corekit/stores/BlockMappedFile.h"
+
+#include <memory>
+
+class StringW;
+
+namespace corekit::detail {
+class NormalWord;
+class WordIndex;
+class WordSignatures;
+struct WordEntry;
+struct WordLeaf;
+struct WordListHeader;
+} // namespace corekit::detail
+
+class COREKIT_API CWordListFile : public CObject {
+    DECLARE_DYNAMIC(CWordListFile)
+
+public:
+    CWordListFile();
+    ~CWordListFile() override; // flushes and closes
+
+    int Create(const char* name); // 0 if the file exists or cannot be made
+    int Open(const char* name);   // 0 if it cannot be opened, is no word list or is damaged
+    void Close();
+    bool IsOpen() const { return m_blocks.IsOpen(); }
+    int Flush() { return m_blocks.Flush(); } // not 0 when all is on the device
+
+    // The identifier under which the word is kept: the one given, or an older one, which stays. 0 for a word that is
+    // too long, and for an identifier of 0, which stores nothing.
+    DWORD AddWord(const WCHAR* word, DWORD id);
+    DWORD FindWord(const WCHAR* word); // 0 if it is not there
+
+    // The identifiers of words that match by MatchWildCardString, in order of the words; 1 if there are any. A
+    // pattern that begins with "*" or "?" looks at all words. Any other starts at the part in front of its
+    // first wildcard, at a leaf boundary: it looks at some words that begin otherwise, and may begin behind
+    // words that would have matched.
+    int FindPattern(const WCHAR* pattern, CDWordArray& ids);
+
+    // The runs of letters, digits and "/" in a text, with bWildcards of "*" and "?" as well, as they stand.
+    static void ConvertStringToWords(const WCHAR* text, CArray<StringW, const WCHAR*>& words, int bWildcards);
+
+private:
+    using Leaf = corekit::detail::WordLeaf;
+    using Header = corekit::detail::WordListHeader;
+    using Word = corekit::detail::NormalWord;
+
+    struct Place {
+        DWORD leaf;  // by its number in the master index
+        DWORD at;    // the entry that has the word, or the one in front of which it belongs
+        bool found;
+    };
+
+    bool IsIndexSound() const;
+    void StoreHeader();
+    DWORD* MasterIndex() const;
+    Leaf& LeafAt(DWORD leaf) const;
+    const Leaf* Blocks() const;
+    DWORD TakeBlock();
+
+    Place FindPlace(const Word& word) const;
+    DWORD FindInOrder(const Word& word, bool moved);
+    void AddFirstWord(const Word& word, DWORD id);
+    void AddAt(Place place, const Word& word, DWORD id);
+    void SplitLeaf(Place& place);
+    void CheckMasterIndexSpace();
+    void PutWord(Place place, const Word& word, DWORD id, DWORD used);
+    void Learn();
+
+    DWORD FirstLeafOf(const WCHAR* prefix) const;
+    void FindPatternNormalList(const StringW& prefix, const StringW& pattern, CDWordArray& ids);
+    void LinearSearchNormalList(const StringW& pattern, CDWordArray& ids);
+    bool LinearSearchEntireList(const StringW& pattern, CDWordArray& ids);
+    void MatchLeaf(DWORD leaf, const WCHAR* pattern, std::uint64_t wanted, CDWordArray& ids);
+    static void CombineResults(CDWordArray& target, const CDWordArray& source);
+
+    // The block that is set aside for long words is not used.
+    DWORD AddLongWord(const Word&, DWORD) { return 0; }
+    DWORD FindLongWord(const Word&) { return 0; }
+    void FindPatternLongList(const StringW&, CDWordArray&) {}
+    void LinearSearchLongList(const StringW&, CDWordArray&) {}
+
+    CBlockMappedFile m_blocks;
+    std::unique_ptr<Header> m_header; // as in block 0, but out of reach of what is written there
+    std::unique_ptr<corekit::detail::WordIndex> m_index;
+    std::unique_ptr<corekit::detail::WordSignatures> m_signatures;
+    DWORD m_searches = 0; // made without the index
+    bool m_mayIndex = true;
+};

@@ -1,0 +1,123 @@
+// The searches by pattern of CWordListFile, and its way of taking a text apart.
+#include "corekit/foundation/StringW.h"
+#include "corekit/foundation/WildCards.h"
+#include "corekit/stores/WordListFile.h"
+#include "corekit/stores/WordSignatures.h"
+#include "corekit/unicode/tables/UnicodeCharTypes.h"
+
+#include <algorithm>
+
+using namespace corekit::detail;
+
+namespace {
+
+std::u16string_view View(const StringW& text) { return {text, static_cast<std::size_t>(text.GetLength())}; }
+
+} // namespace
+
+int CWordListFile::FindPattern(const WCHAR* text, CDWordArray& ids)
+{
+    StringW pattern(text); // before ids may go
+    ids.RemoveAll();
+    pattern.MakeUpper();
+    pattern.TrimLeft();
+    pattern.TrimRight();
+    if (!IsOpen() || pattern.IsEmpty()) return 0;
+    if (IsWildCardString(pattern.Left(1))) return LinearSearchEntireList(pattern, ids);
+
+    const std::size_t wildcard = View(pattern).find_first_of(u"*?");
+    const std::size_t allButLast = View(pattern).size() - 1;
+    FindPatternNormalList(pattern.Left(static_cast<int>(std::min(wildcard, allButLast))), pattern, ids);
+    CDWordArray longIds;
+    FindPatternLongList(pattern, longIds);
+    CombineResults(ids, longIds);
+    return !ids.IsEmpty();
+}
+
+// Not the search for a word: the scan for the last entry runs over entries in use instead of those that are
+// not, so that a prefix inside a leaf leads behind that leaf. Callers know the results of this one.
+DWORD CWordListFile::FirstLeafOf(const WCHAR* prefix) const
+{
+    DWORD low = 0, high = m_header->masterCount - 1;
+    while (low < high) {
+        const DWORD middle = (low + high) / 2;
+        const Leaf& leaf = LeafAt(middle);
+        const int order = CompareWords(prefix, leaf[0]);
+        if (order == 0) return middle;
+        if (order < 0) {
+            high = middle;
+            continue;
+        }
+        DWORD last = wordsOfLeaf - 1;
+        while (last > 0 && leaf[last].id) --last;
+        if (last > 0 && CompareWords(prefix, leaf[last]) <= 0) return middle;
+        low = middle + 1;
+    }
+    return low;
+}
+
+void CWordListFile::FindPatternNormalList(const StringW& prefix, const StringW& pattern, CDWordArray& ids)
+{
+    if (m_header->masterCount == 0) return;
+    const DWORD first = FirstLeafOf(prefix);
+    const WordSignature wanted = SignatureOfPattern(View(pattern));
+    for (DWORD leaf = first; leaf < m_header->masterCount; ++leaf) {
+        if (leaf != first && !LeafAt(leaf)[0].Text().starts_with(View(prefix))) break;
+        MatchLeaf(leaf, pattern, wanted, ids);
+    }
+}
+
+bool CWordListFile::LinearSearchEntireList(const StringW& pattern, CDWordArray& ids)
+{
+    LinearSearchNormalList(pattern, ids);
+    CDWordArray longIds;
+    LinearSearchLongList(pattern, longIds);
+    CombineResults(ids, longIds);
+    return !ids.IsEmpty();
+}
+
+void CWordListFile::LinearSearchNormalList(const StringW& pattern, CDWordArray& ids)
+{
+    ids.RemoveAll();
+    const WordSignature wanted = SignatureOfPattern(View(pattern));
+    for (DWORD leaf = 0; leaf < m_header->masterCount; ++leaf) MatchLeaf(leaf, pattern, wanted, ids);
+}
+
+void CWordListFile::MatchLeaf(DWORD number, const WCHAR* pattern, WordSignature wanted, CDWordArray& ids)
+{
+    const Leaf& leaf = LeafAt(number);
+    const auto signatures = m_signatures->Of(MasterIndex()[number], leaf);
+    for (DWORD at = 0; at < signatures.used; ++at) {
+        if ((signatures.words[at] & wanted) != wanted) continue;
+        WCHAR word[wordUnits + 1] = {};
+        leaf[at].Text().copy(word, wordUnits);
+        if (MatchWildCardString(word, pattern, 1) >= 0) ids.Add(leaf[at].id);
+    }
+}
+
+void CWordListFile::CombineResults(CDWordArray& target, const CDWordArray& source)
+{
+    for (int i = 0; i < source.GetSize(); ++i) {
+        int known = target.GetUpperBound();
+        while (known >= 0 && target[known] != source[i]) --known;
+        if (known < 0) target.Add(source[i]);
+    }
+}
+
+void CWordListFile::ConvertStringToWords(const WCHAR* text, CArray<StringW, const WCHAR*>& words, int bWildcards)
+{
+    const auto belongs = [bWildcards](WCHAR c) {
+        return CUnicodeCharTypes::IsAlphanumeric(c) || c == u'/' || (bWildcards && (c == u'*' || c == u'?'));
+    };
+    words.RemoveAll();
+    if (!text) return;
+    while (*text) {
+        const WCHAR* end = text;
+        while (*end && belongs(*end)) ++end;
+        if (end != text) {
+            words.SetSize(words.GetSize() + 1);
+            words[words.GetUpperBound()] = StringW(text, static_cast<int>(end - text));
+        }
+        text = *end ? end + 1 : end;
+    }
+}

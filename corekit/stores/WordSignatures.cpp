@@ -1,0 +1,62 @@
+#include "corekit/stores/WordSignatures.h"
+
+#include <string>
+
+namespace corekit::detail {
+
+namespace {
+
+constexpr WordSignature UnitBit(WCHAR c) { return WordSignature{1} << (c & 31); }
+constexpr WordSignature PairBit(WCHAR a, WCHAR b)
+{
+    return WordSignature{1} << (32 + ((a * 0x9E3779B1u + b * 0x85EBCA77u) >> 27));
+}
+
+constexpr WordSignature SignatureOf(std::u16string_view word)
+{
+    WordSignature signature = 0;
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        signature |= UnitBit(word[i]);
+        if (i > 0) signature |= PairBit(word[i - 1], word[i]);
+    }
+    return signature;
+}
+
+} // namespace
+
+// The parts between the stars are looked for one by one. A question mark puts units together that are not
+// neighbours in the word, so that a part with one says nothing of pairs.
+WordSignature SignatureOfPattern(std::u16string_view pattern)
+{
+    constexpr WordSignature units = 0xFFFFFFFF;
+    std::u16string part;
+    WordSignature wanted = 0;
+    for (std::size_t i = 0; i <= pattern.size(); ++i) {
+        if (i < pattern.size() && pattern[i] != u'*') {
+            if (pattern[i] != u'"') part += pattern[i];
+            continue;
+        }
+        const bool hasQuestion = part.find(u'?') != part.npos;
+        std::erase(part, u'?');
+        wanted |= SignatureOf(part) & (hasQuestion ? units : ~WordSignature{0});
+        part.clear();
+    }
+    return wanted;
+}
+
+WordSignatures::OfLeaf WordSignatures::Of(DWORD block, const WordLeaf& leaf)
+{
+    if (block >= m_used.size()) {
+        m_used.resize(block + 1, unknown);
+        m_words.resize((std::size_t{block} + 1) * wordsOfLeaf);
+    }
+    WordSignature* const words = m_words.data() + std::size_t{block} * wordsOfLeaf;
+    if (m_used[block] == unknown) {
+        DWORD used = 0;
+        for (; used < wordsOfLeaf && leaf[used].id; ++used) words[used] = SignatureOf(leaf[used].Text());
+        m_used[block] = static_cast<BYTE>(used);
+    }
+    return {m_used[block], words};
+}
+
+} // namespace corekit::detail
