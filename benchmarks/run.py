@@ -21,6 +21,7 @@ GOALS = {
     "strings/copy": 1, "strings/find_units": 1, "strings/make": (1, "qt6_qstring"), "strings/equal": (1, "qt6_qstring"),
     "draw/measure": 5, "draw/raster": 1.5,
     "registry/read": 2,
+    "words/lookup_hit": (3, "lmdb"), "words/lookup_miss": (3, "lmdb"), "words/wildcard_queries": (3, "sorted_fnmatch"),
     "records/add": (1.3, "lmdb"), "records/delete": (5, "lmdb"), "records/get": 1, "records/replace": 1,
     "packing/deflate": 0.97, "packing/inflate": 0.97,
 }

@@ -13,3 +13,4 @@ void AddIniCommand(CLI::App& app);
 void AddOleCommand(CLI::App& app);
 void AddRecordsCommand(CLI::App& app);
 void AddPackingCommands(CLI::App& app);
+void AddWordsCommand(CLI::App& app);

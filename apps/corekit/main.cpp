@@ -60,5 +60,6 @@ int main(int argc, char** argv)
     AddOleCommand(app);
     AddRecordsCommand(app);
     AddPackingCommands(app);
+    AddWordsCommand(app);
     return Run(app, argc, argv);
 }

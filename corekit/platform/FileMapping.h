@@ -19,9 +19,9 @@ inline constexpr DWORD FILE_MAP_WRITE = 0x02;
 inline constexpr DWORD FILE_MAP_READ = 0x04;
 
 // A mapping of the first bytes of the file, all of them for a size of 0. PAGE_READWRITE needs a file open for
-// reading and writing and extends it to the size, with zeros, for which the room on the volume is taken at once
-// (112 when there is not enough); with PAGE_READONLY a size beyond the file's fails with 8. A file without a
-// byte fails with 1006. Only mappings without a name are to be had (120). Null on failure.
+// reading and writing and extends it to the size, with zeros, for which the room on the volume is taken at
+// once (112 when there is not enough); with PAGE_READONLY a size beyond the file's fails with 8. A file
+// without a byte fails with 1006. Only mappings without a name are to be had (120). Null on failure.
 COREKIT_API HANDLE CreateFileMappingA(HANDLE file, _SECURITY_ATTRIBUTES* security, DWORD protection,
                                       DWORD sizeHigh, DWORD sizeLow, const char* name);
 
@@ -31,6 +31,6 @@ COREKIT_API void* MapViewOfFile(HANDLE mapping, DWORD access, DWORD offsetHigh, 
                                 std::size_t bytes);
 // The address is the one that MapViewOfFile gave; any other is refused with 487.
 COREKIT_API BOOL UnmapViewOfFile(const void* view);
-// Returns when what was written to this many bytes of a view is on the device, up to the view's end for 0. The
-// address lies in a view.
+// Returns when what was written to this many bytes of a view is on the device, up to the view's end for 0.
+// The address lies in a view.
 COREKIT_API BOOL FlushViewOfFile(const void* address, std::size_t bytes);

@@ -16,7 +16,10 @@ namespace {
 constexpr DWORD growth = 64;
 constexpr std::uint64_t largestFile = std::numeric_limits<DWORD>::max();
 
-std::uint64_t FileBytes(std::uint64_t blocks, DWORD blockSize) { return blockFileHeaderPage + blocks * blockSize; }
+std::uint64_t FileBytes(std::uint64_t blocks, DWORD blockSize)
+{
+    return blockFileHeaderPage + blocks * blockSize;
+}
 
 bool IsShapeTrue(const BlockFileHeader& header, DWORD fileSize)
 {
@@ -36,7 +39,13 @@ int CBlockMappedFile::CreateFileA(const char* name, int blockSize, int blockShif
     if (!m_file.CreateFileA(name, static_cast<DWORD>(FileBytes(count, size)))) return 0;
     m_writable = true;
     m_firstFree = 0;
-    m_header = {{}, blockFileVersion, size, static_cast<DWORD>(blockShift), count, {}, firstMapPages,
+    m_header = {{},
+                blockFileVersion,
+                size,
+                static_cast<DWORD>(blockShift),
+                count,
+                {},
+                firstMapPages,
                 {mapPageBytes, 2 * mapPageBytes, 3 * mapPageBytes}};
     std::copy_n(blockFileMagic, sizeof blockFileMagic, m_header.magic);
     try {
@@ -88,7 +97,8 @@ bool CBlockMappedFile::IsMapSound() const
     const auto end = std::copy_n(m_header.mapOffsets, m_header.mapPages, pages);
     const std::uint64_t dataEnd = FileBytes(m_header.blockCount, m_header.blockSize);
     for (auto page = pages; page != end; ++page)
-        if (*page < mapPageBytes || *page + std::uint64_t{mapPageBytes} > std::max<std::uint64_t>(dataEnd, blockFileHeaderPage))
+        if (*page < mapPageBytes ||
+            *page + std::uint64_t{mapPageBytes} > std::max<std::uint64_t>(dataEnd, blockFileHeaderPage))
             return false;
     for (auto page = pages; page != end; ++page) {
         if (*page + mapPageBytes <= blockFileHeaderPage) continue;
@@ -198,7 +208,8 @@ DWORD CBlockMappedFile::AllocateContiguousBlocks(DWORD count, bool bExpand)
         if (first != NoBlock) return TakeBlocks(first, count);
         if (!bExpand) return NoBlock;
         // What can never fit does not first fill the disk.
-        if (FileBytes(std::uint64_t{count} + 5, m_header.blockSize) > largestFile) AfxThrowNotSupportedException();
+        if (FileBytes(std::uint64_t{count} + 5, m_header.blockSize) > largestFile)
+            AfxThrowNotSupportedException();
         ExpandFile();
     }
 }

@@ -22,8 +22,8 @@ public:
 
     CBlockMappedFile() = default;
 
-    // A new file of so many free blocks. The size is a power of two, the shift its logarithm. 0 if the file exists,
-    // cannot be made, or an argument is not allowed.
+    // A new file of so many free blocks. The size is a power of two, the shift its logarithm. 0 if the file
+    // exists, cannot be made, or an argument is not allowed.
     int CreateFileA(const char* name, int blockSize, int blockShift, int blockCount);
     // 0 if the file cannot be opened, is of another kind or is damaged.
     int OpenFile(const char* name, int bWrite);
@@ -47,8 +47,8 @@ public:
     void* DataBlockPtr(DWORD block) const { return IsBlockLegal(block) ? BlockAt(block) : nullptr; }
     DWORD GetRequiredBlockCount(DWORD bytes) const; // at least 1
 
-    // The lowest free block, or the first of the lowest free run, zeroed. NoBlock where the file may not grow.
-    // The search for a run needs more than 4 blocks beside it in the file.
+    // The lowest free block, or the first of the lowest free run, zeroed. NoBlock where the file may not
+    // grow. The search for a run needs more than 4 blocks beside it in the file.
     DWORD AllocateSingleBlock(bool bExpand);
     DWORD AllocateContiguousBlocks(DWORD count, bool bExpand);
     DWORD AllocateContiguousBytes(DWORD bytes, bool bExpand)
@@ -99,6 +99,6 @@ private:
     CMappedFile m_file;
     CString m_name;
     bool m_writable = false;
-    Header m_header{};       // as in the file, but out of reach of what is written to blocks
-    DWORD m_firstFree = 0;   // no block below it is free
+    Header m_header{};     // as in the file, but out of reach of what is written to blocks
+    DWORD m_firstFree = 0; // no block below it is free
 };

@@ -89,7 +89,8 @@ void* CDataBuffer::GetBufferOffset(DWORD offset) const
 
 bool CDataBuffer::IsEqual(const void* data, DWORD size) const
 {
-    return size == m_size && (size == 0 || data == m_data || (data && m_data && std::memcmp(data, m_data, size) == 0));
+    return size == m_size &&
+           (size == 0 || data == m_data || (data && m_data && std::memcmp(data, m_data, size) == 0));
 }
 
 CDataBuffer* CDataBuffer::AllocateCopy(const void* data, DWORD size)

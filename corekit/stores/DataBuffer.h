@@ -25,9 +25,9 @@ public:
     void AttachCopy(const void* data, DWORD size); // of nothing: a null buffer
     void AttachCopy(const CDataBuffer& other) { AttachCopy(other.m_data, other.m_size); }
     void AttachMerged(const void* a, DWORD sizeA, const void* b, DWORD sizeB);
-    void Create(DWORD size);                          // the bytes are not cleared
-    void TakeoverFromStream(CMemoryStream& stream);   // the stream has lost its own block then
-    void TakeoverBuffer(CDataBuffer& other);          // with its ownership; the other one is empty then
+    void Create(DWORD size);                        // the bytes are not cleared
+    void TakeoverFromStream(CMemoryStream& stream); // the stream has lost its own block then
+    void TakeoverBuffer(CDataBuffer& other);        // with its ownership; the other one is empty then
     void Free();
 
     // The block goes to the caller, who frees an owned one with safe_free.
@@ -46,8 +46,8 @@ public:
     static CDataBuffer* AllocateCopy(const void* data, DWORD size);
     static CDataBuffer* AllocateMerged(const void* a, DWORD sizeA, const void* b, DWORD sizeB);
 
-    // A moveable, shared, unlocked global block with the bytes, for the caller; null for a null buffer and when
-    // there is no memory.
+    // A moveable, shared, unlocked global block with the bytes, for the caller; null for a null buffer and
+    // when there is no memory.
     HGLOBAL AllocateGlobalMemoryCopy() const;
 
 private:

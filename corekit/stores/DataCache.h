@@ -1,5 +1,5 @@
-// CDataCache: the frame of a cache of blocks. What goes in, and when, is for the class that derives from it; the
-// cache owns the blocks, which are freed with safe_free. One thread at a time.
+// CDataCache: the frame of a cache of blocks. What goes in, and when, is for the class that derives from it;
+// the cache owns the blocks, which are freed with safe_free. One thread at a time.
 #pragma once
 
 #include "corekit/framework/Array.h"

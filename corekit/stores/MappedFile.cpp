@@ -39,8 +39,8 @@ int CMappedFile::CreateFileA(const char* name, DWORD size)
 {
     EnsureClosed();
     m_writable = true;
-    const HANDLE file =
-        ::CreateFileA(name, GENERIC_READ | GENERIC_WRITE, alone, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE file = ::CreateFileA(name, GENERIC_READ | GENERIC_WRITE, alone, nullptr, CREATE_NEW,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return 0;
     if (!MakeView(file, true, size)) {
         CloseKeepingError(file);

@@ -22,7 +22,8 @@ public:
     // by a failure.
     int CreateFileA(const char* name, DWORD size);
     int OpenFile(const char* name, int bWrite);
-    // Takes over an open file, which after a failure is still the caller's. The object is expected to be closed.
+    // Takes over an open file, which after a failure is still the caller's. The object is expected to be
+    // closed.
     int AttachOpenFile(HANDLE file, int bWrite);
 
     void Close(); // with a Flush

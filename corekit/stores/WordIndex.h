@@ -1,5 +1,5 @@
-// A table beside a word list that finds a word without a search: for each word, part of its hash and the place
-// where it was last seen.
+// A table beside a word list that finds a word without a search: for each word, part of its hash and the
+// place where it was last seen.
 //
 // The table knows of every word that is there. Places are hints: the words that an insertion moves are not
 // followed, and what is no longer at its place is to be searched for and learnt anew.
@@ -16,8 +16,8 @@ class WordIndex {
 public:
     enum class Answer { Found, Absent, Moved };
 
-    // From the blocks of the leaves, in their order. False if the list is out of order or too long; then it is
-    // to be searched, and the index stays away.
+    // From the blocks of the leaves, in their order. False if the list is out of order or too long; then it
+    // is to be searched, and the index stays away.
     bool Build(std::span<const DWORD> leaves, const WordLeaf* blocks);
     void Forget() { *this = WordIndex(); }
     bool IsReady() const { return !m_slots.empty(); }

@@ -70,58 +70,84 @@ public:
     {
         if (!text) text = u"";
         while (IsSpace(*text)) ++text;
-        std::size_t length = crt16::wcslen(text);
-        while (length && IsSpace(text[length - 1])) --length;
-        m_length = length;
-        if (IsLong()) return;
-        std::memcpy(m_units, text, length * sizeof(WCHAR));
-        MakeUpper();
+        if (!TakeAscii(text)) TakeAny(text);
     }
 
     bool IsLong() const { return m_length >= wordUnits; }
     const WCHAR* Text() const { return m_units; }
+    std::uint64_t Hash() const { return m_hash; }
 
     bool Is(const WordEntry& entry) const
     {
         return std::memcmp(m_units, entry.word, (m_length + 1) * sizeof(WCHAR)) == 0;
     }
-    std::uint64_t Hash() const { return Hash({m_units, m_length}); }
-    static std::uint64_t HashOf(const WordEntry& entry) { return Hash(entry.Text()); }
     void PutInto(WordEntry& entry) const { std::memcpy(entry.word, m_units, sizeof entry.word); }
 
-private:
-    static std::uint64_t Hash(std::u16string_view word)
+    static std::uint64_t HashOf(const WordEntry& entry)
     {
-        constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;
-        std::uint64_t hash = word.size();
-        const auto mix = [&hash](std::uint64_t four) {
-            hash = (hash ^ four) * odd;
-            hash ^= hash >> 29;
-        };
-        std::uint64_t four = 0;
-        for (; word.size() >= 4; word.remove_prefix(4)) {
-            std::memcpy(&four, word.data(), sizeof four);
-            mix(four);
+        std::uint64_t hash = 0, four = 0;
+        DWORD length = 0;
+        for (const WCHAR c : entry.Text()) {
+            four |= std::uint64_t{c} << length % 4 * 16;
+            if (++length % 4) continue;
+            Mix(hash, four);
+            four = 0;
         }
-        four = 0;
-        for (const WCHAR c : word) four = four << 16 | c;
-        mix(four);
-        return hash * odd;
+        return Finish(hash, four);
     }
+
+private:
     static bool IsSpace(WCHAR c) { return (c <= 0x20 || c >= 0x7F) && crt16::iswspace(c); }
 
-    void MakeUpper()
+    static void Mix(std::uint64_t& hash, std::uint64_t four)
     {
+        hash = (hash ^ four) * 0x9E3779B97F4A7C15;
+        hash ^= hash >> 29;
+    }
+    static std::uint64_t Finish(std::uint64_t hash, std::uint64_t four)
+    {
+        Mix(hash, four);
+        return hash * 0x9E3779B97F4A7C15;
+    }
+
+    // The common case in one pass, four units a step; false for any other.
+    bool TakeAscii(const WCHAR* text)
+    {
+        std::uint64_t hash = 0, four = 0;
         unsigned all = 0;
-        for (WCHAR& c : m_units) {
+        DWORD length = 0;
+        for (; WCHAR c = text[length];) {
+            if (length == wordUnits) return false;
             all |= c;
-            if (c >= u'a' && c <= u'z') c = static_cast<WCHAR>(c - 0x20);
+            if (static_cast<unsigned>(c - u'a') < 26) c = static_cast<WCHAR>(c - 0x20);
+            four |= std::uint64_t{c} << length % 4 * 16;
+            if (++length % 4) continue;
+            std::memcpy(m_units + length - 4, &four, sizeof four);
+            Mix(hash, four);
+            four = 0;
         }
-        if (all > 0x7F) crt16::_wcsupr(m_units);
+        if (all > 0x7F || (length && IsSpace(text[length - 1]))) return false;
+        std::memcpy(m_units + length / 4 * 4, &four, sizeof four);
+        m_length = length;
+        m_hash = Finish(hash, four);
+        return true;
+    }
+
+    void TakeAny(const WCHAR* text)
+    {
+        m_length = crt16::wcslen(text);
+        while (m_length && IsSpace(text[m_length - 1])) --m_length;
+        if (IsLong()) return;
+        WordEntry entry{};
+        std::memcpy(entry.word, text, m_length * sizeof(WCHAR));
+        crt16::_wcsupr(entry.word);
+        std::memcpy(m_units, entry.word, sizeof entry.word);
+        m_hash = HashOf(entry);
     }
 
     WCHAR m_units[wordUnits + 2] = {}; // zeros behind the word
     std::size_t m_length;
+    std::uint64_t m_hash = 0;
 };
 
 } // namespace corekit::detail

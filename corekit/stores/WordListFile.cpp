@@ -71,7 +71,8 @@ bool CWordListFile::IsIndexSound() const
 {
     const Header& header = *m_header;
     const DWORD blocks = m_blocks.GetBlockCount();
-    if (header.masterBlocks == 0 || header.masterBlock > blocks || header.masterBlocks > blocks - header.masterBlock ||
+    if (header.masterBlocks == 0 || header.masterBlock > blocks ||
+        header.masterBlocks > blocks - header.masterBlock ||
         header.masterCount > std::uint64_t{header.masterBlocks} * leavesOfBlock)
         return false;
     std::vector<bool> seen(blocks);
@@ -87,11 +88,20 @@ bool CWordListFile::IsIndexSound() const
     return std::all_of(leaves, leaves + header.masterCount, isNewBlock);
 }
 
-void CWordListFile::StoreHeader() { std::memcpy(m_blocks.DataBlockPtr(headerBlock), m_header.get(), sizeof *m_header); }
+void CWordListFile::StoreHeader()
+{
+    std::memcpy(m_blocks.DataBlockPtr(headerBlock), m_header.get(), sizeof *m_header);
+}
 
-DWORD* CWordListFile::MasterIndex() const { return static_cast<DWORD*>(m_blocks.DataBlockPtr(m_header->masterBlock)); }
+DWORD* CWordListFile::MasterIndex() const
+{
+    return static_cast<DWORD*>(m_blocks.DataBlockPtr(m_header->masterBlock));
+}
 
-const WordLeaf* CWordListFile::Blocks() const { return static_cast<const Leaf*>(m_blocks.DataBlockPtr(headerBlock)); }
+const WordLeaf* CWordListFile::Blocks() const
+{
+    return static_cast<const Leaf*>(m_blocks.DataBlockPtr(headerBlock));
+}
 
 // Checked again although Open did: the view shows what others write.
 WordLeaf& CWordListFile::LeafAt(DWORD leaf) const
@@ -234,7 +244,8 @@ void CWordListFile::SplitLeaf(Place& place)
     std::fill_n(&lower[half], half, WordEntry{});
 
     DWORD* const leaves = MasterIndex();
-    std::copy_backward(leaves + place.leaf + 1, leaves + m_header->masterCount, leaves + m_header->masterCount + 1);
+    std::copy_backward(leaves + place.leaf + 1, leaves + m_header->masterCount,
+                       leaves + m_header->masterCount + 1);
     leaves[place.leaf + 1] = block;
     ++m_header->masterCount;
     StoreHeader();
@@ -245,8 +256,8 @@ void CWordListFile::SplitLeaf(Place& place)
     place.at -= half;
 }
 
-// A full master index moves to a run of one block more, with the block behind the old run, which the published
-// layout has in the tail of the new one.
+// A full master index moves to a run of one block more, with the block behind the old run, which the
+// published layout has in the tail of the new one.
 void CWordListFile::CheckMasterIndexSpace()
 {
     const DWORD oldBlock = m_header->masterBlock, oldBlocks = m_header->masterBlocks;
@@ -254,7 +265,8 @@ void CWordListFile::CheckMasterIndexSpace()
     const DWORD block = m_blocks.AllocateContiguousBlocks(oldBlocks + 1, true);
     if (block == CBlockMappedFile::NoBlock) AfxThrowNotSupportedException();
     const DWORD copied = std::min(oldBlocks + 1, m_blocks.GetBlockCount() - oldBlock);
-    std::memmove(m_blocks.DataBlockPtr(block), m_blocks.DataBlockPtr(oldBlock), std::size_t{copied} * blockSize);
+    std::memmove(m_blocks.DataBlockPtr(block), m_blocks.DataBlockPtr(oldBlock),
+                 std::size_t{copied} * blockSize);
     m_blocks.FreeContiguousBlocks(oldBlock, oldBlocks);
     m_header->masterBlock = block;
     m_header->masterBlocks = oldBlocks + 1;

@@ -39,13 +39,13 @@ public:
     bool IsOpen() const { return m_blocks.IsOpen(); }
     int Flush() { return m_blocks.Flush(); } // not 0 when all is on the device
 
-    // The identifier under which the word is kept: the one given, or an older one, which stays. 0 for a word that is
-    // too long, and for an identifier of 0, which stores nothing.
+    // The identifier under which the word is kept: the one given, or an older one, which stays. 0 for a word
+    // that is too long, and for an identifier of 0, which stores nothing.
     DWORD AddWord(const WCHAR* word, DWORD id);
     DWORD FindWord(const WCHAR* word); // 0 if it is not there
 
-    // The identifiers of words that match by MatchWildCardString, in order of the words; 1 if there are any. A
-    // pattern that begins with "*" or "?" looks at all words. Any other starts at the part in front of its
+    // The identifiers of words that match by MatchWildCardString, in order of the words; 1 if there are any.
+    // A pattern that begins with "*" or "?" looks at all words. Any other starts at the part in front of its
     // first wildcard, at a leaf boundary: it looks at some words that begin otherwise, and may begin behind
     // words that would have matched.
     int FindPattern(const WCHAR* pattern, CDWordArray& ids);
@@ -59,8 +59,8 @@ private:
     using Word = corekit::detail::NormalWord;
 
     struct Place {
-        DWORD leaf;  // by its number in the master index
-        DWORD at;    // the entry that has the word, or the one in front of which it belongs
+        DWORD leaf; // by its number in the master index
+        DWORD at;   // the entry that has the word, or the one in front of which it belongs
         bool found;
     };
 

@@ -104,7 +104,8 @@ void CWordListFile::CombineResults(CDWordArray& target, const CDWordArray& sourc
     }
 }
 
-void CWordListFile::ConvertStringToWords(const WCHAR* text, CArray<StringW, const WCHAR*>& words, int bWildcards)
+void CWordListFile::ConvertStringToWords(const WCHAR* text, CArray<StringW, const WCHAR*>& words,
+                                         int bWildcards)
 {
     const auto belongs = [bWildcards](WCHAR c) {
         return CUnicodeCharTypes::IsAlphanumeric(c) || c == u'/' || (bWildcards && (c == u'*' || c == u'?'));

@@ -36,9 +36,15 @@ TEST(FileMapping, ViewLosesTheFileOrMissesWhatIsWritten)
     EXPECT_EQ(std::memcmp(tail + 4, "here", 4), 0);
     all[65536] = 'w';
     EXPECT_EQ(tail[0], 'w');
+    EXPECT_TRUE(FlushViewOfFile(all, 0));
+    EXPECT_TRUE(FlushViewOfFile(all + 69999, 1));
+    EXPECT_FALSE(FlushViewOfFile(all + 69999, 2));
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_ADDRESS);
+    EXPECT_FALSE(FlushViewOfFile(&moved, 4));
     EXPECT_TRUE(UnmapViewOfFile(all));
     EXPECT_TRUE(UnmapViewOfFile(tail));
     EXPECT_FALSE(UnmapViewOfFile(tail));
+    EXPECT_FALSE(FlushViewOfFile(tail, 0));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_ADDRESS);
 }
 

@@ -98,12 +98,15 @@ TEST_F(BlockFileTest, BytesOfANewFileAreOthers)
     EXPECT_TRUE(file.GetFileName().IsEmpty());
 
     std::string expected(4096 + 100 * 512, '\0');
-    const unsigned char head[] = {
-        0x40, 0xFC, 0x58, 0x07, 0x3F, 0x9C, 0xD1, 0x11, 0xBD, 0x7B, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, // magic
-        0x00, 0x01, 0x00, 0x00,                                                                         // version
-        0x00, 0x02, 0x00, 0x00, 9,    0,    0,    0,    100,  0,    0,    0,                            // blocks
-        0x44, 0x33, 0x22, 0x11, 0x66, 0x55, 0x88, 0x77, 1,    2,    3,    4,    5,    6,    7,    8,    // class
-        3,    0,    0,    0,    0x00, 0x04, 0x00, 0x00, 0x00, 0x08, 0x00, 0x00, 0x00, 0x0C, 0x00, 0x00};
+    const unsigned char head[] = {0x40, 0xFC, 0x58, 0x07, 0x3F, 0x9C, 0xD1, 0x11,
+                                  0xBD, 0x7B, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, // magic
+                                  0x00, 0x01, 0x00, 0x00,                         // version
+                                  0x00, 0x02, 0x00, 0x00, 9,    0,    0,    0,
+                                  100,  0,    0,    0, // blocks
+                                  0x44, 0x33, 0x22, 0x11, 0x66, 0x55, 0x88, 0x77,
+                                  1,    2,    3,    4,    5,    6,    7,    8, // class
+                                  3,    0,    0,    0,    0x00, 0x04, 0x00, 0x00,
+                                  0x00, 0x08, 0x00, 0x00, 0x00, 0x0C, 0x00, 0x00};
     std::memcpy(expected.data(), head, sizeof head);
     expected[1024] = 0b1101;
     expected.replace(4096 + 3 * 512, 7, "block 3");
@@ -122,10 +125,21 @@ TEST_F(BlockFileTest, HeaderThatCannotBeTrueIsFollowed)
         std::size_t at;
         DWORD value;
     } cases[] = {
-        {"magic", 4, 0},           {"version", 16, 257},         {"block size", 20, 1000},     {"shift", 24, 11},
-        {"huge shift", 24, 33},    {"block count", 28, 11},      {"huge count", 28, ~0u},      {"no map", 48, 0},
-        {"map too long", 48, 244}, {"map outside", 52, 14000},   {"map on the header", 52, 0}, {"map twice", 52, 2048},
-        {"map wraps", 52, ~0u},    {"map across block 0", 60, 3500}, {"map in a free block", 60, 4096 + 5 * 1024},
+        {"magic", 4, 0},
+        {"version", 16, 257},
+        {"block size", 20, 1000},
+        {"shift", 24, 11},
+        {"huge shift", 24, 33},
+        {"block count", 28, 11},
+        {"huge count", 28, ~0u},
+        {"no map", 48, 0},
+        {"map too long", 48, 244},
+        {"map outside", 52, 14000},
+        {"map on the header", 52, 0},
+        {"map twice", 52, 2048},
+        {"map wraps", 52, ~0u},
+        {"map across block 0", 60, 3500},
+        {"map in a free block", 60, 4096 + 5 * 1024},
     };
     for (const auto& c : cases) {
         std::string bad = sound;
@@ -151,13 +165,15 @@ TEST_F(BlockFileTest, ArgumentsThatMakeNoFileMakeOne)
     EXPECT_FALSE(file.CreateFileA(name.c_str(), 1 << 30, 31, 1));
     EXPECT_FALSE(std::filesystem::exists(name));
     // 244 pages of map are one too many.
-    EXPECT_EQ(ThrownBy([&] { file.CreateFileA(name.c_str(), 16, 4, 243 * 8192 + 1); }), RUNTIME_CLASS(CMemoryException));
+    EXPECT_EQ(ThrownBy([&] { file.CreateFileA(name.c_str(), 16, 4, 243 * 8192 + 1); }),
+              RUNTIME_CLASS(CMemoryException));
     EXPECT_FALSE(std::filesystem::exists(name));
     ASSERT_TRUE(file.CreateFileA(name.c_str(), 4096, 12, 3));
     EXPECT_EQ(file.GetRequiredBlockCount(0), 1u);
     EXPECT_EQ(file.GetRequiredBlockCount(4097), 2u);
     EXPECT_EQ(file.GetRequiredBlockCount(~0u), 0x100000u);
-    EXPECT_EQ(ThrownBy([&] { file.AllocateContiguousBlocks(~0u, true); }), RUNTIME_CLASS(CNotSupportedException));
+    EXPECT_EQ(ThrownBy([&] { file.AllocateContiguousBlocks(~0u, true); }),
+              RUNTIME_CLASS(CNotSupportedException));
     EXPECT_EQ(file.GetBlockCount(), 3u);
 }
 

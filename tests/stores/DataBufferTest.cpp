@@ -1,7 +1,7 @@
+#include "corekit/stores/DataBuffer.h"
 #include "corekit/foundation/SafeAlloc.h"
 #include "corekit/framework/Exception.h"
 #include "corekit/platform/Memory.h"
-#include "corekit/stores/DataBuffer.h"
 #include "corekit/stores/DataCache.h"
 #include "corekit/stores/MemoryStream.h"
 

@@ -102,7 +102,8 @@ protected:
     {
         CWordListFile made;
         ASSERT_TRUE(made.Create(name.c_str()));
-        for (std::size_t i = 0; i < words.size(); ++i) made.AddWord(words[i].c_str(), static_cast<DWORD>(i + 1));
+        for (std::size_t i = 0; i < words.size(); ++i)
+            made.AddWord(words[i].c_str(), static_cast<DWORD>(i + 1));
     }
 
     TempFolder folder;
@@ -116,12 +117,25 @@ TEST_F(WordListTest, BytesOfASmallListAreOthers)
 {
     Make({u"beta", u" Alpha\t", u"\u00e9"});
     std::string expected(4096 + 64 * 4096, '\0');
-    const auto put = [&](std::size_t at, const std::string& bytes) { expected.replace(at, bytes.size(), bytes); };
+    const auto put = [&](std::size_t at, const std::string& bytes) {
+        expected.replace(at, bytes.size(), bytes);
+    };
     using namespace std::string_literals;
-    put(0, "\x40\xFC\x58\x07\x3F\x9C\xD1\x11\xBD\x7B\xFF\xFF\xFF\xFF\xFF\xFF"s "\0\1\0\0"s "\0\x10\0\0"s "\x0C\0\0\0"s "\x40\0\0\0"s);
-    put(48, "\3\0\0\0"s "\0\4\0\0"s "\0\x08\0\0"s "\0\x0C\0\0"s);
+    put(0, "\x40\xFC\x58\x07\x3F\x9C\xD1\x11\xBD\x7B\xFF\xFF\xFF\xFF\xFF\xFF"s
+           "\0\1\0\0"s
+           "\0\x10\0\0"s
+           "\x0C\0\0\0"s
+           "\x40\0\0\0"s);
+    put(48, "\3\0\0\0"s
+            "\0\4\0\0"s
+            "\0\x08\0\0"s
+            "\0\x0C\0\0"s);
     put(1024, "\x7F"s);
-    put(4096, "\1\0\0\0"s "\4\0\0\0"s "\1\0\0\0"s "\5\0\0\0"s "\1\0\0\0"s);
+    put(4096, "\1\0\0\0"s
+              "\4\0\0\0"s
+              "\1\0\0\0"s
+              "\5\0\0\0"s
+              "\1\0\0\0"s);
     put(4096 + 4096, "\6\0\0\0"s);
     const std::size_t leaf = 4096 + 6 * 4096;
     put(leaf, "\2\0\0\0A\0L\0P\0H\0A\0\0\0"s);
@@ -158,7 +172,8 @@ TEST_F(WordListTest, WordsAreKeptAsTheyWereGiven)
 
 TEST_F(WordListTest, FullLeafIsSplitElsewhere)
 {
-    for (const auto& [extra, lower, upper] : {std::tuple(129, 32, 33), std::tuple(65, 32, 33), std::tuple(63, 33, 32), std::tuple(0, 33, 32)}) {
+    for (const auto& [extra, lower, upper] :
+         {std::tuple(129, 32, 33), std::tuple(65, 32, 33), std::tuple(63, 33, 32), std::tuple(0, 33, 32)}) {
         std::filesystem::remove(name);
         std::vector<Text> words;
         for (int i = 1; i <= 64; ++i) words.push_back(Number(i * 2));
@@ -204,7 +219,8 @@ TEST_F(WordListTest, FullMasterIndexMovesAndLosesLeaves)
 {
     ASSERT_TRUE(list.Create(name.c_str()));
     const int count = 4096 * 32 + 65; // one split beyond leaf 4097
-    for (int i = 1; i <= count; ++i) ASSERT_EQ(list.AddWord(Number(i).c_str(), static_cast<DWORD>(i)), static_cast<DWORD>(i));
+    for (int i = 1; i <= count; ++i)
+        ASSERT_EQ(list.AddWord(Number(i).c_str(), static_cast<DWORD>(i)), static_cast<DWORD>(i));
     for (int i = 1; i <= count; ++i) ASSERT_EQ(list.FindWord(Number(i).c_str()), static_cast<DWORD>(i));
     EXPECT_EQ(list.FindWord(Number(count + 1).c_str()), 0u);
     list.Close();
@@ -235,9 +251,11 @@ TEST_F(WordListTest, PatternFindsOtherThanTheWalk)
         } else {
             for (const auto& leaf : leaves)
                 for (const Entry& entry : leaf)
-                    if (MatchWildCardString(entry.word.c_str(), pattern.c_str(), 1) >= 0) expected.push_back(entry.id);
+                    if (MatchWildCardString(entry.word.c_str(), pattern.c_str(), 1) >= 0)
+                        expected.push_back(entry.id);
         }
-        ASSERT_EQ(Found(list, pattern), expected) << StringW(pattern.c_str()).GetLength() << " round " << round;
+        ASSERT_EQ(Found(list, pattern), expected)
+            << StringW(pattern.c_str()).GetLength() << " round " << round;
         notEmpty += !expected.empty();
         if (round % 100 == 50) list.AddWord(words[0].c_str(), 1); // known: changes nothing
     }
@@ -310,7 +328,8 @@ TEST_F(WordListTest, DisorderInALeafEndsBadly)
     for (int round = 0; round < 60; ++round) {
         std::string bad = sound;
         const std::size_t leaves = 4096 + 6 * 4096;
-        for (int i = 0; i < 40; ++i) bad[leaves + random() % (9 * 4096)] = static_cast<char>(random() % 4 ? 0 : random());
+        for (int i = 0; i < 40; ++i)
+            bad[leaves + random() % (9 * 4096)] = static_cast<char>(random() % 4 ? 0 : random());
         std::fill_n(bad.begin() + static_cast<std::ptrdiff_t>(leaves + 4), 60, 'Z'); // no terminator
         WriteWhole(name, bad);
         ASSERT_TRUE(list.Open(name.c_str()));
@@ -340,6 +359,7 @@ TEST_F(WordListTest, TextFallsIntoOtherWords)
     for (const auto& c : cases) {
         CWordListFile::ConvertStringToWords(c.text, words, c.wildcards);
         ASSERT_EQ(static_cast<std::size_t>(words.GetSize()), c.words.size());
-        for (std::size_t i = 0; i < c.words.size(); ++i) EXPECT_TRUE(words[static_cast<int>(i)] == c.words[i].c_str());
+        for (std::size_t i = 0; i < c.words.size(); ++i)
+            EXPECT_TRUE(words[static_cast<int>(i)] == c.words[i].c_str());
     }
 }

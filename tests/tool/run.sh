@@ -138,6 +138,22 @@ refused unzip "$scratch/x.zip" missing -o "$scratch/unzipped"
 refused unzip "$scratch/locked.zip" --password sword -o "$scratch/unzipped" --overwrite
 says '^108894 bytes' unzip "$scratch/locked.zip" --password word -o "$scratch/unzipped" --overwrite
 
+words=$scratch/x.wl
+printf 'The first line\nthe second \xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d line\n%s\n' "$(printf 'x%.0s' {1..30})" >"$scratch/words.txt"
+is '' words create "$words"
+is '5 words added, 2 found again, 1 too long' words index "$words" "$scratch/words.txt"
+is '2' words find "$words" שלום
+is '1' words add "$words" LINE 9
+is '4294967295' words add "$words" 'line/up' 4294967295
+is $'1\n4294967295' words match "$words" '*LiNe*'
+is '' words match "$words" '*z'
+refused words create "$words"
+refused words add "$words" word 0
+refused words add "$words" xxxxxxxxxxxxxxxxxxxxxxxxxxxxxx 1
+refused words find "$words" missing
+refused words index "$words" "$scratch/missing"
+refused words find "$scratch/words.txt" line
+
 if "$tool" --help | grep -q "^ *draw "; then
     printf 'one\r\n\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d 12\n\xff broken \xe2\x82\n' >"$scratch/utf8.txt"
     printf '\xff\xfeA\0B\0\n\0' >"$scratch/utf16.txt"

@@ -49,7 +49,10 @@ Views& views()
 bool extend(int fd, std::uint64_t from, std::uint64_t to)
 {
     if (to > INT64_MAX) return fail(ERROR_INVALID_PARAMETER, false);
-    if (::fallocate(fd, 0, static_cast<off_t>(from), static_cast<off_t>(to - from)) == 0) return true;
+    int done;
+    do done = ::fallocate(fd, 0, static_cast<off_t>(from), static_cast<off_t>(to - from));
+    while (done != 0 && errno == EINTR);
+    if (done == 0) return true;
     const int reason = errno;
     if (reason == EOPNOTSUPP || reason == ENOSYS) {
         if (::ftruncate(fd, static_cast<off_t>(to)) == 0) return true;
