@@ -324,7 +324,7 @@ int main(int argc, char** argv)
     add("sqlite_one_transaction", false, [] { return std::make_unique<Sqlite>(); });
     add("berkeley", false, [] { return std::make_unique<Bdb>(); });
     add("kyoto", false, [] { return std::make_unique<Kyoto>(); });
-    add("limit_lmdb_one_transaction", false, [] { return std::make_unique<Lmdb>(true); });
+    add("lmdb_one_transaction", false, [] { return std::make_unique<Lmdb>(true); });
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }
