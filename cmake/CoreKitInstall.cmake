@@ -12,7 +12,7 @@ install(EXPORT CoreKitTargets NAMESPACE CoreKit:: DESTINATION ${CMAKE_INSTALL_LI
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/CoreKitConfig.cmake.in
   ${PROJECT_BINARY_DIR}/CoreKitConfig.cmake INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/CoreKit)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/CoreKitConfigVersion.cmake COMPATIBILITY SameMinorVersion)
-install(FILES ${PROJECT_BINARY_DIR}/CoreKitConfig.cmake ${PROJECT_BINARY_DIR}/CoreKitConfigVersion.cmake
+install(FILES ${PROJECT_SOURCE_DIR}/cmake/CoreKitVersionRecord.cmake ${PROJECT_BINARY_DIR}/CoreKitConfig.cmake ${PROJECT_BINARY_DIR}/CoreKitConfigVersion.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/CoreKit)
 
 # The pkg-config files name the tree by where they lie in it, so that it can be moved.

@@ -50,7 +50,8 @@ constinit FreeSlots freeSlots;
 
 void freeSlot(HandleSlot& slot)
 {
-    delete std::exchange(slot.object, nullptr);
+    Object* const object = std::exchange(slot.object, nullptr);
+    if (object->dropHandle()) delete object;
     freeSlots.giveBack(slot);
 }
 
@@ -70,16 +71,33 @@ void HandleSlot::leave()
     if (state.fetch_sub(2, std::memory_order_acq_rel) == 2) freeSlot(*this);
 }
 
-HANDLE openHandle(std::unique_ptr<Object> object)
+namespace {
+HandleSlot* openSlotFor(Object& object)
 {
     HandleSlot* const slot = freeSlots.take();
     if (slot == nullptr) {
         SetLastError(ERROR_TOO_MANY_OPEN_FILES);
         return nullptr;
     }
-    slot->object = object.release();
-    slot->kind.store(slot->object->kind(), std::memory_order_release);
+    slot->object = &object;
+    slot->kind.store(object.kind(), std::memory_order_release);
     slot->state.store(HandleSlot::kOpen, std::memory_order_release);
+    return slot;
+}
+} // namespace
+
+HANDLE openHandle(std::unique_ptr<Object> object)
+{
+    HandleSlot* const slot = openSlotFor(*object);
+    if (slot != nullptr) static_cast<void>(object.release());
+    return slot;
+}
+
+HANDLE openAnother(Object& object)
+{
+    object.addHandle();
+    HandleSlot* const slot = openSlotFor(object);
+    if (slot == nullptr) object.dropHandle(); // the handle that the caller uses keeps it
     return slot;
 }
 
@@ -94,6 +112,24 @@ HandleSlot* slotOf(HANDLE handle)
 } // namespace corekit::detail
 
 using corekit::detail::HandleSlot;
+
+BOOL DuplicateHandle(HANDLE sourceProcess, HANDLE source, HANDLE targetProcess, HANDLE* target, DWORD access,
+                     BOOL, DWORD options)
+{
+    const bool isHere = sourceProcess == GetCurrentProcess() && targetProcess == GetCurrentProcess();
+    if (!isHere || target == nullptr || access != 0 || options != DUPLICATE_SAME_ACCESS) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    HandleSlot* const slot = corekit::detail::slotOf(source);
+    if (slot == nullptr || !slot->enter()) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return FALSE;
+    }
+    *target = corekit::detail::openAnother(*slot->object);
+    slot->leave();
+    return *target != nullptr;
+}
 
 BOOL CloseHandle(HANDLE handle)
 {

@@ -30,8 +30,13 @@ public:
     // lock without counting as users; null for all others.
     virtual std::mutex* closingLock() { return nullptr; }
 
+    // How many handles stand for the object; the last one that goes takes it along.
+    void addHandle() { m_handles.fetch_add(1, std::memory_order_relaxed); }
+    bool dropHandle() { return m_handles.fetch_sub(1, std::memory_order_acq_rel) == 1; }
+
 private:
     const ObjectKind m_kind;
+    std::atomic<std::uint32_t> m_handles{1};
 };
 
 struct alignas(32) HandleSlot {
@@ -55,6 +60,10 @@ struct alignas(32) HandleSlot {
 
 // A new handle that owns the object; null with error 4 when the table is full.
 HANDLE openHandle(std::unique_ptr<Object> object);
+
+// One handle more for an object that the caller uses through another; null with error 4 when the table is
+// full.
+HANDLE openAnother(Object& object);
 
 // The slot of a handle, open or not; null for a value that is none.
 HandleSlot* slotOf(HANDLE handle);

@@ -1,0 +1,67 @@
+// What machine and system this process runs on.
+#pragma once
+
+#include "corekit/platform/Export.h"
+#include "corekit/platform/Types.h"
+
+inline constexpr WORD PROCESSOR_ARCHITECTURE_INTEL = 0, PROCESSOR_ARCHITECTURE_AMD64 = 9,
+                      PROCESSOR_ARCHITECTURE_ARM64 = 12, PROCESSOR_ARCHITECTURE_UNKNOWN = 0xFFFF;
+
+struct SYSTEM_INFO {
+    WORD wProcessorArchitecture;
+    WORD wReserved;
+    DWORD dwPageSize;
+    void* lpMinimumApplicationAddress;
+    void* lpMaximumApplicationAddress;
+    DWORD_PTR dwActiveProcessorMask; // of the first 64
+    DWORD dwNumberOfProcessors;      // those that this process may use
+    DWORD dwProcessorType;
+    DWORD dwAllocationGranularity;
+    WORD wProcessorLevel;
+    WORD wProcessorRevision;
+};
+
+COREKIT_API void GetSystemInfo(SYSTEM_INFO* info);
+
+inline constexpr DWORD VER_PLATFORM_WIN32s = 0, VER_PLATFORM_WIN32_WINDOWS = 1, VER_PLATFORM_WIN32_NT = 2;
+inline constexpr WORD VER_SUITE_TERMINAL = 0x10;
+
+// The first 148 bytes are the plain form, which stops before wServicePackMajor.
+struct OSVERSIONINFOEX {
+    DWORD dwOSVersionInfoSize; // 148 or 156, set by the caller
+    DWORD dwMajorVersion;
+    DWORD dwMinorVersion;
+    DWORD dwBuildNumber;
+    DWORD dwPlatformId;
+    char szCSDVersion[128];
+    WORD wServicePackMajor;
+    WORD wServicePackMinor;
+    WORD wSuiteMask;
+    BYTE wProductType;
+    BYTE wReserved;
+};
+static_assert(sizeof(OSVERSIONINFOEX) == 156);
+
+// Platform 2; major, minor and build are the three numbers of the kernel's release, there are no service
+// packs and no suites. 0 with error 122 for any other size.
+COREKIT_API BOOL GetVersionExA(OSVERSIONINFOEX* info);
+
+// /etc, where the machine's settings lie, and /usr/lib. Both return the length without the terminator, or the
+// size that the buffer needs.
+COREKIT_API UINT GetWindowsDirectoryA(char* buffer, UINT size);
+COREKIT_API UINT GetSystemDirectoryA(char* buffer, UINT size);
+// $TMPDIR, or /tmp, with a separator at the end; told as above.
+COREKIT_API DWORD GetTempPathA(DWORD size, char* buffer);
+
+// Whether the process has the rights of the superuser.
+COREKIT_API BOOL IsUserAnAdmin();
+
+inline constexpr UINT SPI_GETWORKAREA = 0x30;
+// SPI_GETWORKAREA alone: the part of the main screen that bars leave free, a RECT. 0 while no window library
+// with an application is there to ask.
+COREKIT_API BOOL SystemParametersInfoA(UINT action, UINT parameter, void* data, UINT notify);
+
+namespace corekit::detail {
+// How the window library tells the work area; null takes it away.
+COREKIT_API void SetWorkAreaSource(bool (*source)(RECT& area));
+} // namespace corekit::detail

@@ -1,0 +1,222 @@
+// Names, facts, deletion and creation against a real tree.
+#include "corekit/foundation/ChainedException.h"
+#include "corekit/foundation/FileDeletion.h"
+#include "corekit/foundation/FileNames.h"
+#include "corekit/foundation/FileState.h"
+#include "corekit/platform/FindFile.h"
+#include "tests/TempFolder.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+
+namespace {
+namespace fs = std::filesystem;
+
+template <class Call>
+std::string MessageOf(Call call)
+{
+    try {
+        call();
+    } catch (CChainedException* e) {
+        const std::string text = e->BuildMessageString().GetString();
+        e->Delete();
+        return text.substr(0, text.find_first_of("\r\n"));
+    }
+    return "";
+}
+
+class FileHelpers : public testing::Test {
+protected:
+    std::string Make(const std::string& name)
+    {
+        const std::string path = m_folder / name;
+        fs::create_directories(fs::path(path).parent_path());
+        WriteWhole(path, "x");
+        return path;
+    }
+    void Age(const std::string& path, std::chrono::seconds age)
+    {
+        fs::last_write_time(path, fs::file_time_type::clock::now() - age);
+    }
+    bool Exists(const std::string& name)
+    {
+        return fs::symlink_status(m_folder / name).type() != fs::file_type::not_found;
+    }
+
+    TempFolder m_folder;
+};
+constexpr std::chrono::hours day(24);
+} // namespace
+
+TEST_F(FileHelpers, PartsOfAPathAreThoseOfItsText)
+{
+    const struct {
+        const char *path, *name, *bare, *extension, *folder;
+    } cases[] = {
+        {"C:\\shows\\a.b.txt", "a.b.txt", "a.b", "txt", "C:\\shows"},
+        {"plain", "plain", "plain", "plain", "plain"},
+        {".log", ".log", ".log", ".log", ".log"},
+        {"d\\.log", ".log", ".log", "log", "d"},
+        {"v1.2\\file", "file", "file", "2\\file", "v1.2"},
+        {"\\root", "root", "root", "\\root", "\\root"},
+        {"d\\", "", "", "d\\", "d"},
+        {"a/b.txt", "a/b.txt", "a/b", "txt", "a/b.txt"}, // this slash is no separator of texts
+        {"d\\Z\xFC\x8F.\xE4", "Z\xFC\x8F.\xE4", "Z\xFC\x8F", "\xE4", "d"},
+        {"", "", "", "", ""},
+        {nullptr, "", "", "", ""},
+    };
+    for (const auto& c : cases) {
+        EXPECT_STREQ(File_GetNameAndExt(c.path), c.name);
+        EXPECT_STREQ(File_GetNameOnly(c.path), c.bare);
+        EXPECT_STREQ(File_GetExtension(c.path), c.extension);
+        EXPECT_STREQ(File_GetDirectory(c.path), c.folder);
+    }
+    EXPECT_STREQ(File_GetDisplayName((Make("d/show.txt")).c_str()), "show.txt");
+    EXPECT_STREQ(File_GetDisplayName("no\\such"), "no\\such");
+}
+
+TEST_F(FileHelpers, SizesAndTimesAreThoseOfTheFile)
+{
+    const std::string path = Make("file");
+    fs::resize_file(path, (5ull << 32) + 7);
+    EXPECT_EQ(File_GetSize(path.c_str()), 7u);
+    EXPECT_EQ(File_GetSize((m_folder / "none").c_str()), 0xFFFFFFFFu);
+    struct timespec times[2] = {{0, UTIME_OMIT}, {1'000'000'000, 123'456'700}};
+    utimensat(AT_FDCWD, path.c_str(), times, 0);
+    _WIN32_FILE_ATTRIBUTE_DATA data{};
+    EXPECT_EQ(GetFileInformation(path.c_str(), data), 1);
+    EXPECT_EQ(data.nFileSizeHigh, 5u);
+    EXPECT_EQ(data.dwFileAttributes, FILE_ATTRIBUTE_NORMAL);
+    FILETIME time;
+    EXPECT_EQ(File_GetLastModifyTime(path.c_str(), time), 1);
+    EXPECT_EQ(DWORDLONG{time.dwHighDateTime} << 32 | time.dwLowDateTime, 126'444'736'001'234'567u);
+    EXPECT_EQ(GetFileInformation((m_folder / "none").c_str(), data), 1); // a missing file is not told
+    EXPECT_EQ(data.dwFileAttributes, 0u);
+}
+
+TEST_F(FileHelpers, FreeBytesAreCountedInClusters)
+{
+    struct statvfs volume;
+    ASSERT_EQ(statvfs(m_folder.Path().c_str(), &volume), 0);
+    const double expected = static_cast<double>(std::min<fsblkcnt_t>(volume.f_bavail, 0xFFFFFFFF)) *
+                            static_cast<double>(volume.f_frsize);
+    EXPECT_NEAR(static_cast<double>(GetFreeBytesOnDisk(m_folder.Path().c_str())), expected,
+                expected / 4 + 1e8);
+    EXPECT_EQ(GetFreeBytesOnDisk("C:\\anything"), 0u);
+    EXPECT_EQ(GetFreeBytesOnDisk((m_folder / "none").c_str()), 0u);
+}
+
+TEST_F(FileHelpers, ReadOnlyFilesGoOnlyByForce)
+{
+    const std::string path = Make("file");
+    chmod(path.c_str(), 0444);
+    EXPECT_EQ(MessageOf([&] { File_DeleteFile(path.c_str(), 0); }), "Delete file failed, file=" + path);
+    EXPECT_TRUE(Exists("file"));
+    File_DeleteFile(path.c_str(), 1);
+    EXPECT_FALSE(Exists("file"));
+    EXPECT_EQ(MessageOf([&] { File_DeleteFile(path.c_str(), 0); }), "");
+    EXPECT_EQ(MessageOf([&] { File_DeleteFile(m_folder.Path().c_str(), 1); }),
+              "Delete file failed, file=" + m_folder.Path());
+}
+
+TEST_F(FileHelpers, PatternsTakeFilesAloneAndEitherSeparator)
+{
+    for (const char* name : {"logs/a.log", "logs/b.log", "logs/c.txt", "logs/noext", "logs/sub.log/inside"})
+        Make(name);
+    File_DeleteFilesMatchingPattern((m_folder / "logs\\?.log").c_str(), 0);
+    EXPECT_FALSE(Exists("logs/a.log") || Exists("logs/b.log"));
+    EXPECT_TRUE(Exists("logs/c.txt") && Exists("logs/sub.log/inside"));
+    File_DeleteFilesMatchingPattern((m_folder / "logs/*.*").c_str(), 0);
+    EXPECT_FALSE(Exists("logs/c.txt") || Exists("logs/noext"));
+    EXPECT_TRUE(Exists("logs/sub.log/inside"));
+    File_DeleteFilesMatchingPattern((m_folder / "none/*").c_str(), 0);
+}
+
+TEST_F(FileHelpers, AgeCountsWholeDays)
+{
+    const std::chrono::seconds minute(60);
+    Age(Make("young"), day - minute);
+    Age(Make("day"), day + minute);
+    Age(Make("exact"), 2 * day + minute);
+    Age(Make("old"), 3 * day + minute);
+    Age(Make("future"), -100 * day);
+    File_DeleteFilesOlderThan((m_folder / "*").c_str(), 2, 0);
+    EXPECT_TRUE(Exists("young") && Exists("day") && Exists("exact") && Exists("future"));
+    EXPECT_FALSE(Exists("old"));
+    File_DeleteFilesOlderThan((m_folder / "*").c_str(), 0, 0);
+    EXPECT_TRUE(Exists("young") && Exists("future"));
+    EXPECT_FALSE(Exists("day") || Exists("exact"));
+}
+
+TEST_F(FileHelpers, DeletingATreeFollowsNoLink)
+{
+    const std::string kept = Make("outside/kept");
+    for (const char* name : {"tree/a", "tree/b/c", "tree/.hidden", "tree/\xFC\x81/d"}) Make(name);
+    fs::create_directory_symlink(m_folder / "outside", m_folder / "tree/out");
+    fs::create_directory_symlink(".", m_folder / "tree/b/loop");
+    fs::create_symlink("nowhere", m_folder / "tree/broken");
+    fs::create_directory_symlink(m_folder / "tree", m_folder / "alias");
+    chmod((m_folder / "tree/a").c_str(), 0444);
+    const std::string tree = m_folder / "tree";
+    EXPECT_EQ(MessageOf([&] { File_DeleteDirectoryAndContents(tree.c_str(), 0); }),
+              "Delete file failed, file=" + tree + "\\a");
+    File_DeleteDirectoryAndContents((m_folder / "alias").c_str(), 1);
+    EXPECT_FALSE(Exists("alias"));
+    EXPECT_TRUE(Exists("tree/a"));
+    File_DeleteDirectoryAndContents(tree.c_str(), 1);
+    EXPECT_FALSE(Exists("tree"));
+    EXPECT_TRUE(fs::exists(kept));
+    EXPECT_EQ(MessageOf([&] { File_DeleteDirectoryAndContents(tree.c_str(), 1); }),
+              "Delete directory failed, directory=" + tree);
+}
+
+TEST_F(FileHelpers, ATreeDeeperThanAPathEndsWithAMessage)
+{
+    const fs::path before = fs::current_path();
+    fs::create_directory(m_folder / "deep");
+    fs::current_path(m_folder / "deep");
+    for (int i = 0; i < 5000; ++i) {
+        fs::create_directory("d");
+        fs::current_path("d");
+    }
+    fs::current_path(before);
+    const std::string message =
+        MessageOf([&] { File_DeleteDirectoryAndContents((m_folder / "deep").c_str(), 1); });
+    EXPECT_EQ(message.rfind("Delete directory failed, directory=", 0), 0u) << message;
+    std::system(("rm -rf " + m_folder.Path() + "/deep").c_str());
+}
+
+TEST_F(FileHelpers, FoldersAreMadeWithTheirParents)
+{
+    CreateDirectoryAndParents((m_folder / "a\\b/c\\d\\").c_str());
+    EXPECT_TRUE(fs::is_directory(m_folder / "a/b/c/d"));
+    CreateDirectoryAndParents((m_folder / "a/b").c_str());
+    const std::string failed = "Failed creating a directory.";
+    Make("file");
+    EXPECT_EQ(MessageOf([&] { CreateDirectoryAndParents((m_folder / "file/x/y").c_str()); }), failed);
+    EXPECT_EQ(MessageOf([] { CreateDirectoryAndParents(""); }), failed);
+    EXPECT_EQ(MessageOf([] { CreateDirectoryAndParents(nullptr); }), failed);
+    EXPECT_EQ(MessageOf([&] { CreateDirectoryAndParents((m_folder / std::string(300, 'n')).c_str()); }),
+              failed);
+    EXPECT_EQ(MessageOf([&] {
+                  CreateDirectoryAndParents(
+                      std::string(100'000, '/').append("a/b").append(5000, 'c').c_str());
+              }),
+              failed);
+}
+
+TEST_F(FileHelpers, ASearchOutlivesItsMatchesAndIsNothingToWaitFor)
+{
+    for (int i = 0; i < 50; ++i) Make("many/f" + std::to_string(i));
+    WIN32_FIND_DATAA data;
+    const HANDLE search = FindFirstFileA((m_folder / "many/*").c_str(), &data);
+    ASSERT_NE(search, INVALID_HANDLE_VALUE);
+    fs::remove_all(m_folder / "many");
+    while (FindNextFileA(search, &data)) EXPECT_EQ(data.cFileName[0], '.');
+    EXPECT_EQ(FindNextFileA(search, &data), 0);
+    EXPECT_TRUE(FindClose(search));
+    EXPECT_FALSE(FindClose(search));
+    EXPECT_FALSE(FindNextFileA(search, &data));
+}
