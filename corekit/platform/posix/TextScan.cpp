@@ -20,7 +20,7 @@ inline DWORD ZerosInLine(const WCHAR* p)
 }
 
 // The place of the first zero among 64 units, or 64.
-inline std::size_t LengthUpTo64(const WCHAR* p)
+[[maybe_unused]] inline std::size_t LengthUpTo64(const WCHAR* p)
 {
     const DWORDLONG zeros = ZerosInLine(p) | DWORDLONG{ZerosInLine(p + 32)} << 32;
     return static_cast<std::size_t>(std::countr_zero(zeros));
