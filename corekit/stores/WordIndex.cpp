@@ -8,8 +8,8 @@ namespace corekit::detail {
 namespace {
 
 constexpr std::size_t leastSlots = 1024;
-constexpr std::size_t mostSlots = std::size_t{1} << 21; // 16 MiB
-constexpr std::size_t longestChain = 512;
+constexpr std::size_t mostSlots = std::size_t{1} << 21; // 12 MiB
+constexpr std::size_t longestChain = 4096;              // also of what a hostile file may put in one
 
 DWORD PlaceOf(DWORD block, DWORD at) { return block * wordsOfLeaf + at; }
 
@@ -38,10 +38,11 @@ bool WordIndex::Build(std::span<const DWORD> leaves, const WordLeaf* blocks)
 {
     Forget();
     const std::size_t count = CountSoundWords(leaves, blocks);
-    const std::size_t slots = std::max(leastSlots, std::bit_ceil(count * 2));
+    const std::size_t slots = std::max(leastSlots, std::bit_ceil(count + count / 2));
     if (count == 0 || slots > mostSlots) return false;
-    m_slots.resize(slots + longestChain);
-    m_mostWords = slots / 10 * 7;
+    m_tags.resize(slots + longestChain);
+    m_places.resize(slots + longestChain);
+    m_mostWords = slots / 20 * 17;
     m_shift = 64 - std::countr_zero(slots);
     for (const DWORD block : leaves) {
         const DWORD last = blocks[block].LastUsed();
@@ -56,35 +57,43 @@ bool WordIndex::Build(std::span<const DWORD> leaves, const WordLeaf* blocks)
 
 bool WordIndex::Insert(std::uint64_t hash, DWORD place)
 {
-    Slot* slot = Chain(hash);
-    const Slot* const end = slot + longestChain;
-    while (slot != end && slot->place) ++slot;
+    std::size_t slot = hash >> m_shift;
+    const std::size_t end = slot + longestChain;
+    while (slot != end && m_tags[slot]) ++slot;
     if (slot == end) return false;
-    *slot = {static_cast<DWORD>(hash), place};
+    m_tags[slot] = TagOf(hash);
+    m_places[slot] = place;
     ++m_count;
     return true;
 }
 
 WordIndex::Answer WordIndex::Find(const NormalWord& word, const WordLeaf* blocks, DWORD& id) const
 {
-    const std::uint64_t hash = word.Hash();
-    const Slot* slot = m_slots.data() + (hash >> m_shift);
-    for (const Slot* const end = slot + longestChain; slot != end && slot->place; ++slot) {
-        if (slot->tag != static_cast<DWORD>(hash)) continue;
-        const WordEntry& entry = blocks[slot->place / wordsOfLeaf][slot->place % wordsOfLeaf];
-        if (entry.id == 0 || !word.Is(entry)) return Answer::Moved;
-        id = entry.id;
-        return Answer::Found;
+    const Tag tag = TagOf(word.Hash());
+    bool moved = false;
+    std::size_t slot = word.Hash() >> m_shift;
+    for (const std::size_t end = slot + longestChain; slot != end && m_tags[slot]; ++slot) {
+        if (m_tags[slot] != tag) continue;
+        const DWORD place = m_places[slot];
+        const WordEntry& entry = blocks[place / wordsOfLeaf][place % wordsOfLeaf];
+        if (entry.id && word.Is(entry)) {
+            id = entry.id;
+            return Answer::Found;
+        }
+        moved = true; // or another word with this tag
     }
-    return Answer::Absent;
+    return moved ? Answer::Moved : Answer::Absent;
 }
 
-void WordIndex::Learn(const NormalWord& word, DWORD block, DWORD at)
+void WordIndex::Learn(const NormalWord& word, DWORD block, DWORD at, const WordLeaf* blocks)
 {
-    const std::uint64_t hash = word.Hash();
-    for (Slot* slot = Chain(hash); slot->place; ++slot) {
-        if (slot->tag != static_cast<DWORD>(hash)) continue;
-        slot->place = PlaceOf(block, at);
+    const Tag tag = TagOf(word.Hash());
+    for (std::size_t slot = word.Hash() >> m_shift; m_tags[slot]; ++slot) {
+        if (m_tags[slot] != tag) continue;
+        // A slot that still leads to a word with this tag is that word's.
+        const WordEntry& entry = blocks[m_places[slot] / wordsOfLeaf][m_places[slot] % wordsOfLeaf];
+        if (entry.id && TagOf(NormalWord::HashOf(entry)) == tag) continue;
+        m_places[slot] = PlaceOf(block, at);
         return;
     }
 }

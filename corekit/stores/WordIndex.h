@@ -20,24 +20,24 @@ public:
     // is to be searched, and the index stays away.
     bool Build(std::span<const DWORD> leaves, const WordLeaf* blocks);
     void Forget() { *this = WordIndex(); }
-    bool IsReady() const { return !m_slots.empty(); }
+    bool IsReady() const { return !m_tags.empty(); }
 
     Answer Find(const NormalWord& word, const WordLeaf* blocks, DWORD& id) const;
     // The place of a word that was Moved.
-    void Learn(const NormalWord& word, DWORD block, DWORD at);
+    void Learn(const NormalWord& word, DWORD block, DWORD at, const WordLeaf* blocks);
     // Of a word that is new. When the table has become too small it forgets everything.
     void Add(const NormalWord& word, DWORD block, DWORD at);
 
 private:
-    struct Slot {
-        DWORD tag;
-        DWORD place; // block * 64 + entry; 0: free, as no leaf is in block 0
-    };
+    using Tag = WORD; // of a hash; 0: a free slot
 
-    Slot* Chain(std::uint64_t hash) { return m_slots.data() + (hash >> m_shift); }
+    static Tag TagOf(std::uint64_t hash) { return static_cast<Tag>(hash >> 24 | 1); }
     bool Insert(std::uint64_t hash, DWORD place);
 
-    std::vector<Slot> m_slots; // a chain may run on into the tail behind the table proper
+    // Slot by slot; apart, so that the tags stay in the processor's cache. A chain may run on into the tail
+    // behind the table proper.
+    std::vector<Tag> m_tags;
+    std::vector<DWORD> m_places; // block * 64 + entry
     std::size_t m_count = 0;
     std::size_t m_mostWords = 0;
     int m_shift = 0;

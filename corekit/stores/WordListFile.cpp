@@ -163,7 +163,7 @@ DWORD CWordListFile::FindInOrder(const Word& word, bool moved)
 {
     const Place place = FindPlace(word);
     if (!place.found) return 0;
-    if (moved) m_index->Learn(word, MasterIndex()[place.leaf], place.at);
+    if (moved) m_index->Learn(word, MasterIndex()[place.leaf], place.at, Blocks());
     return LeafAt(place.leaf)[place.at].id;
 }
 

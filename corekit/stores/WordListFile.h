@@ -5,7 +5,7 @@
 // docs/formats/word-list.md.
 //
 // An object belongs to one thread at a time, and an open file to one object: nobody else can open it
-// meanwhile. After the first searches a table of the words is kept in memory, a third of the file's size or
+// meanwhile. After the first searches a table of the words is kept in memory, half of the file's size or
 // less, so that finding a word takes one look. Words are in the file at once and reach the device with Flush
 // or Close. A full disk throws CNotSupportedException and leaves the list as it was.
 #pragma once
