@@ -1,8 +1,10 @@
 #include "corekit/platform/CriticalSection.h"
 
+#include "corekit/platform/OnlyThread.h"
 #include "corekit/platform/posix/ThreadId.h"
 
 using corekit::detail::currentThreadId;
+using corekit::detail::OnlyThread;
 
 namespace {
 
@@ -15,6 +17,10 @@ bool isInside(const CRITICAL_SECTION& section, DWORD thread)
 bool tryLock(std::atomic<int>& state)
 {
     int expected = 0;
+    if (OnlyThread() && state.load(std::memory_order_relaxed) == expected) {
+        state.store(1, std::memory_order_relaxed);
+        return true;
+    }
     return state.compare_exchange_strong(expected, 1, std::memory_order_acquire, std::memory_order_relaxed);
 }
 
@@ -29,6 +35,7 @@ bool tryLock(std::atomic<int>& state)
 
 void unlock(std::atomic<int>& state)
 {
+    if (OnlyThread()) return state.store(0, std::memory_order_relaxed);
     if (state.exchange(0, std::memory_order_release) == 2) wakeOne(state);
 }
 
@@ -53,8 +60,8 @@ void InitializeCriticalSection(CRITICAL_SECTION* section)
 {
     section->LockCount = -1;
     section->RecursionCount = 0;
-    section->OwningThread = 0;
-    section->LockState = 0;
+    section->OwningThread.store(0, std::memory_order_relaxed);
+    section->LockState.store(0, std::memory_order_relaxed);
 }
 
 void DeleteCriticalSection(CRITICAL_SECTION*) {}

@@ -1,0 +1,415 @@
+#include "Thrown.h"
+
+#include "corekit/framework/Geometry.h"
+#include "corekit/platform/Runtime.h"
+#include "corekit/stores/MemoryStream.h"
+#include "corekit/stores/PropertyStore.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <random>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+constexpr GUID someGuid = {0x12345678, 0x9ABC, 0xDEF0, {1, 2, 3, 4, 5, 6, 7, 8}};
+
+std::string Written(CPropertyStore& store)
+{
+    CMemoryStream stream(64, 64);
+    store.WriteStream(stream);
+    return {static_cast<const char*>(stream.GetMemoryBufferPointer()), stream.GetSize()};
+}
+
+std::string ReadFrom(CPropertyStore& store, const std::string& bytes)
+{
+    CMemoryStream stream(bytes.data(), static_cast<int>(bytes.size()));
+    return Thrown([&] { store.ReadStream(stream); });
+}
+
+template <std::size_t n>
+std::string Bytes(const char (&text)[n])
+{
+    return {text, n - 1};
+}
+
+int Int(CPropertyStore& store, const std::string& name)
+{
+    int value = -1;
+    return store.GetValue(name.c_str(), value) ? value : -1;
+}
+
+// A store with one value of every kind and a nested one, and its bytes laid out by hand.
+void FillSample(CPropertyStore& store)
+{
+    CPropertyStore nested;
+    nested.SetValue("N", 0x01020304);
+    store.SetPropertyStore("In", nested);
+    store.SetValue("T", u"Hi\u05D0");
+    store.SetValue("G", someGuid);
+    store.SetBinaryValue("B", "\xFF\x00\x7F", 3);
+    store.SetBinaryValue("E", nullptr, 0);
+}
+
+const std::string sampleBytes = Bytes("\0\1\0\0"
+                                      "\1\0\0\0"
+                                      "\2\0I\0n\0"
+                                      "\0\1\0\0"
+                                      "\0\0\0\0"
+                                      "\1\0\0\0"
+                                      "\1\0N\0"
+                                      "\1\0\0\0"
+                                      "\4\0\0\0"
+                                      "\4\3\2\1"
+                                      "\4\0\0\0"
+                                      "\1\0T\0"
+                                      "\0\0\0\0"
+                                      "\6\0\0\0"
+                                      "H\0i\0\xD0\5"
+                                      "\1\0G\0"
+                                      "\2\0\0\0"
+                                      "\x10\0\0\0"
+                                      "\x78\x56\x34\x12\xBC\x9A\xF0\xDE\1\2\3\4\5\6\7\x8"
+                                      "\1\0B\0"
+                                      "\3\0\0\0"
+                                      "\3\0\0\0"
+                                      "\xFF\0\x7F"
+                                      "\1\0E\0"
+                                      "\3\0\0\0"
+                                      "\0\0\0\0");
+
+std::string Value(const char* name, const std::string& data)
+{
+    std::string bytes = Bytes("\1\0");
+    bytes += *name;
+    return bytes + Bytes("\0\1\0\0\0") + static_cast<char>(data.size()) + Bytes("\0\0\0") + data;
+}
+
+} // namespace
+
+TEST(PropertyStore, StreamFormIsTheOneLaidOutByHand)
+{
+    CPropertyStore empty, store, back;
+    EXPECT_EQ(Written(empty), Bytes("\0\1\0\0\0\0\0\0\0\0\0\0"));
+    FillSample(store);
+    EXPECT_EQ(Written(store), sampleBytes);
+    EXPECT_EQ(ReadFrom(back, sampleBytes), "nothing");
+    EXPECT_EQ(Written(back), sampleBytes);
+    CPropertyStore nested = back.GetPropertyStore("IN");
+    EXPECT_EQ(Int(nested, "n"), 0x01020304);
+}
+
+TEST(PropertyStore, NamesAndTextPassThroughTheCodePage)
+{
+    CPropertyStore store;
+    store.SetValue("caf\xE9", "\x80uro");
+    EXPECT_EQ(Written(store).substr(12), Bytes("\4\0c\0a\0f\0\xE9\0"
+                                               "\0\0\0\0"
+                                               "\x8\0\0\0"
+                                               "\xAC\x20u\0r\0o\0"))
+        << "code page 1252";
+    CPropertyStore back;
+    ASSERT_EQ(ReadFrom(back, Written(store)), "nothing");
+    StringA narrow;
+    CString text;
+    StringW wide;
+    ASSERT_TRUE(back.GetValue("CAF\xE9", narrow) && back.GetValue("caf\xE9", text) &&
+                back.GetValue("caf\xE9", wide));
+    EXPECT_STREQ(narrow, "\x80uro");
+    EXPECT_STREQ(text, "\x80uro");
+    EXPECT_TRUE(wide == u"\u20ACuro");
+}
+
+TEST(PropertyStore, ReadingStopsExactlyBehindTheStore)
+{
+    const std::string bytes = "before" + sampleBytes + std::string(50000, 'x');
+    CMemoryStream stream(bytes.data(), static_cast<int>(bytes.size()));
+    stream.SeekToPos(6);
+    CPropertyStore store;
+    store.ReadStream(stream);
+    EXPECT_EQ(stream.GetCurrentPos(), 6 + sampleBytes.size());
+}
+
+TEST(PropertyStore, SetKeepsTheTypeAndSizeThatAreThere)
+{
+    CPropertyStore store;
+    store.SetValue("A", u"long text");
+    store.SetValue("a", 0x00420041);
+    StringW text;
+    ASSERT_TRUE(store.GetValue("A", text));
+    EXPECT_TRUE(text == u"ABng text");
+    EXPECT_EQ(store.GetPropertyStoreValueType("A"), ePSString);
+    store.SetValue("A", DWORDLONG{7});
+    EXPECT_EQ(store.GetPropertyStoreValueType("A"), ePSString);
+    EXPECT_EQ(store.GetPropertyStoreValueCount(), 1);
+    store.SetBinaryValue("A", "xy", 2); // too short for what follows
+    store.SetValue("A", -1);
+    store.SetValue("A", someGuid);
+    CByteArray bytes;
+    ASSERT_TRUE(store.GetValue("A", bytes));
+    ASSERT_EQ(bytes.GetSize(), 2);
+    EXPECT_EQ(bytes[0], 0x78);
+    EXPECT_EQ(Int(store, "A"), 0x5678);
+}
+
+TEST(PropertyStore, MissesLeaveTheOutputUntouched)
+{
+    CPropertyStore store;
+    store.SetBinaryValue("three", "abc", 3);
+    int number = 5;
+    long wideNumber = 6;
+    StringW text = u"kept";
+    CByteArray bytes;
+    bytes.Add(9);
+    RECT rect = {1, 2, 3, 4};
+    char four[5] = "keep";
+    EXPECT_EQ(store.GetValue("none", number), 0);
+    EXPECT_EQ(store.GetValue("none", wideNumber), 0);
+    EXPECT_EQ(store.GetValue("none", text), 0);
+    EXPECT_EQ(store.GetValue("none", bytes), 0);
+    EXPECT_EQ(store.GetValue("three", rect), 0);
+    EXPECT_EQ(store.GetBinaryValue("three", four, 4), 0);
+    EXPECT_EQ(store.GetBinaryValue("three", four, 2), 0);
+    EXPECT_TRUE(number == 5 && wideNumber == 6 && text == u"kept" && bytes.GetSize() == 1 &&
+                rect.bottom == 4);
+    EXPECT_STREQ(four, "keep");
+    EXPECT_EQ(store.GetPropertyStoreValueType("none"), ePSNone);
+    EXPECT_EQ(store.GetPropertyStoreValueType(1), ePSNone);
+    EXPECT_TRUE(store.GetPropertyStoreName(-1).IsEmpty());
+    ASSERT_EQ(store.GetValue("three", text), 1);
+    EXPECT_TRUE(text == StringW(u"\u6261")) << "the odd byte is left out";
+}
+
+TEST(PropertyStore, EveryKindComesBackAsItWasSet)
+{
+    CPropertyStore store;
+    store.SetValue("long", -5L);
+    store.SetValue("ulong", 0xFFFFFFFEUL);
+    store.SetValue("uint", 4000000000U);
+    store.SetValue("big", DWORDLONG{1} << 40);
+    store.SetValue("point", POINT{1, -2});
+    store.SetValue("size", SIZE{3, 4});
+    store.SetValue("rect", RECT{1, 2, 3, -4});
+    long l = 0;
+    unsigned long ul = 0;
+    unsigned u = 0;
+    DWORDLONG big = 0;
+    CPoint point;
+    CSize size;
+    CRect rect;
+    EXPECT_TRUE(store.GetValue("long", l) && store.GetValue("ulong", ul) && store.GetValue("uint", u) &&
+                store.GetValue("big", big));
+    EXPECT_TRUE(l == -5 && ul == 0xFFFFFFFE && u == 4000000000U && big == DWORDLONG{1} << 40);
+    EXPECT_TRUE(store.GetValue("point", point) && store.GetValue("size", size) &&
+                store.GetValue("rect", rect));
+    EXPECT_TRUE(point == CPoint(1, -2) && size == CSize(3, 4) && rect == CRect(1, 2, 3, -4));
+    EXPECT_EQ(store.GetPropertyStoreValueType("long"), ePSInteger);
+    EXPECT_EQ(store.GetPropertyStoreValueType("rect"), ePSBinary);
+}
+
+// Against a plain list searched from its end, across the sizes at which the search changes its method.
+TEST(PropertyStore, LookUpsAgreeWithAListThroughSetsDeletesAndReads)
+{
+    std::mt19937 random(7);
+    CPropertyStore store;
+    std::vector<std::pair<int, int>> list; // name, value
+    const auto last = [&](int name) {
+        for (std::size_t i = list.size(); i-- > 0;)
+            if (list[i].first == name) return static_cast<int>(i);
+        return -1;
+    };
+    const auto text = [&](int name) {
+        std::string s = "Name" + std::string(static_cast<std::size_t>(name % 20), 'x') + std::to_string(name);
+        for (char& c : s) c = random() % 2 ? static_cast<char>(std::toupper(c)) : c;
+        return s;
+    };
+    for (int step = 0; step < 4000; ++step) {
+        const int name = static_cast<int>(random() % 60), at = last(name);
+        const auto what = random() % 100;
+        if (what < 45) {
+            store.SetValue(text(name).c_str(), step);
+            if (at >= 0)
+                list[static_cast<std::size_t>(at)].second = step;
+            else
+                list.push_back({name, step});
+        } else if (what < 75) {
+            store.DeleteValue(text(name).c_str());
+            if (at >= 0) list.erase(list.begin() + at);
+        } else if (what < 77 && list.size() < 100) {
+            ASSERT_EQ(ReadFrom(store, Written(store)), "nothing");
+            list.insert(list.end(), list.begin(), list.begin() + static_cast<std::ptrdiff_t>(list.size()));
+        }
+        const int asked = static_cast<int>(random() % 60), found = last(asked);
+        ASSERT_EQ(Int(store, text(asked)), found < 0 ? -1 : list[static_cast<std::size_t>(found)].second)
+            << step;
+        ASSERT_EQ(store.GetPropertyStoreValueCount(), static_cast<int>(list.size()));
+    }
+}
+
+TEST(PropertyStore, NamesDifferOnlyByTheLettersAToZ)
+{
+    for (const char* name : {"@", "[", "`", "{", "\xC0", "abcdefg@", "abcdefghi[", "12345678`", "A", "z"}) {
+        for (int flip : {0x20, 0x80, 0x01}) {
+            CPropertyStore store;
+            std::string other = name;
+            other.back() = static_cast<char>(other.back() ^ flip);
+            store.SetValue(name, 1);
+            EXPECT_EQ(Int(store, other) == 1, _stricmp(name, other.c_str()) == 0) << name << " " << other;
+        }
+    }
+}
+
+TEST(PropertyStore, CopiesAreDeepAndIndependent)
+{
+    CPropertyStore inner, store;
+    inner.SetValue("x", 1);
+    store.SetPropertyStore("in", inner);
+    store.SetPropertyStore("also", inner);
+    CPropertyStore copy(store);
+    inner.SetValue("x", 2);
+    copy.SetPropertyStore("IN", inner);
+    copy.SetValue("new", 1);
+    copy.DeletePropertyStore(1);
+    CPropertyStore first = store.GetPropertyStore("in"), second = store.GetPropertyStore(1),
+                   changed = copy.GetPropertyStore(0);
+    EXPECT_EQ(Int(first, "x"), 1);
+    EXPECT_EQ(Int(second, "x"), 1);
+    EXPECT_EQ(Int(changed, "x"), 2);
+    EXPECT_EQ(store.GetPropertyStoreValueCount(), 0);
+    EXPECT_EQ(store.GetPropertyStoreCount(), 2);
+    EXPECT_EQ(copy.GetPropertyStoreCount(), 1);
+    EXPECT_STREQ(copy.GetPropertyStoreName(0), "in");
+    store.SetPropertyStore("itself", store);
+    store.SetPropertyStore("itself", store); // the held one is replaced by a copy of its holder
+    EXPECT_EQ(store.GetPropertyStore("itself").GetPropertyStore("itself").GetPropertyStoreCount(), 2);
+    CPropertyStore& self = store;
+    store = self;
+    EXPECT_EQ(Written(store).size(), 12u) << "assigned to itself";
+}
+
+TEST(PropertyStore, NestedStoresAndListsOfNames)
+{
+    CPropertyStore store, nested;
+    CArray<StringA, const char*> names;
+    names.Add("there before");
+    store.SetPropertyStore("b", nested);
+    store.SetPropertyStore("a", nested);
+    store.SetValue("v", 1);
+    store.GetPropertyStoreNames(names);
+    store.GetPropertyStoreValueNames(names);
+    ASSERT_EQ(names.GetSize(), 4);
+    EXPECT_TRUE(names[1] == "b" && names[2] == "a" && names[3] == "v");
+    EXPECT_EQ(store.PropertyStoreExists("A"), 1);
+    EXPECT_EQ(store.PropertyStoreExists("v"), 0);
+    store.DeletePropertyStore("nobody");
+    store.DeletePropertyStore(7);
+    store.DeletePropertyStore("B");
+    EXPECT_EQ(store.PropertyStoreExists("b"), 0);
+    EXPECT_STREQ(store.GetPropertyStoreName(0), "a");
+    EXPECT_EQ(store.GetPropertyStore("gone").GetPropertyStoreCount(), 0);
+    store.Empty();
+    EXPECT_EQ(store.GetPropertyStoreCount() + store.GetPropertyStoreValueCount(), 0);
+}
+
+TEST(PropertyStore, TruncationThrowsTheStreamsFailureAndKeepsWhatWasRead)
+{
+    const std::string pastEnd = "[Memory Stream] Read past end of buffer";
+    for (std::size_t size = 0; size < sampleBytes.size(); ++size) {
+        CPropertyStore store;
+        ASSERT_EQ(ReadFrom(store, sampleBytes.substr(0, size)), pastEnd) << size;
+        int whole = 0;
+        for (const std::size_t end : {42, 64, 92, 107, 119}) whole += end <= size; // the five elements
+        EXPECT_EQ(store.GetPropertyStoreCount() + store.GetPropertyStoreValueCount(), whole) << size;
+    }
+}
+
+TEST(PropertyStore, DamagedStreamsAreRefused)
+{
+    const std::string head = Bytes("\0\1\0\0"), none = Bytes("\0\0\0\0"), huge = Bytes("\xFF\xFF\xFF\xFF");
+    const std::string pastEnd = "[Memory Stream] Read past end of buffer";
+    std::string deep;
+    for (int level = 0; level < 100000; ++level) deep += head + Bytes("\1\0\0\0\0\0");
+    const struct {
+        const char* what;
+        std::string bytes, message;
+        int values;
+    } cases[] = {
+        {"a later version", Bytes("\1\1\0\0"),
+         "Invalid object version found.  Object=[CPropertyStore], version found=1.01, max supported "
+         "version=1.00",
+         0},
+        {"a nested version", head + Bytes("\1\0\0\0\0\0\0\2\0\0"),
+         "Invalid object version found.  Object=[CPropertyStore], version found=2.00, max supported "
+         "version=1.00",
+         0},
+        {"a count of stores", head + huge, pastEnd, 0},
+        {"a count of values", head + none + huge + Value("a", "1234") + Value("b", "5678"), pastEnd, 2},
+        {"a size of data",
+         head + none + Bytes("\2\0\0\0") + Value("a", "1234") + Bytes("\1\0b\0\1\0\0\0") + huge + "12",
+         pastEnd, 1},
+        {"bottomless nesting", deep, "Data is corrupt.", 0},
+    };
+    for (const auto& c : cases) {
+        CPropertyStore store;
+        EXPECT_EQ(ReadFrom(store, c.bytes), c.message) << c.what;
+        EXPECT_EQ(store.GetPropertyStoreValueCount(), c.values) << c.what;
+    }
+}
+
+TEST(PropertyStore, ReadingAppendsAndTheLastOfEqualNamesIsFound)
+{
+    const std::string head = Bytes("\0\1\0\0\0\0\0\0\2\0\0\0");
+    CPropertyStore store;
+    store.SetValue("a", 1);
+    ASSERT_EQ(ReadFrom(store, head + Value("A", Bytes("\2\0\0\0")) + Value("x", Bytes("\3\0\0\0"))),
+              "nothing");
+    EXPECT_EQ(store.GetPropertyStoreValueCount(), 3);
+    EXPECT_EQ(Int(store, "a"), 2);
+    store.DeleteValue("a");
+    EXPECT_EQ(Int(store, "a"), 1);
+    CPropertyStore odd; // a type that no table names
+    std::string bytes = Bytes("\0\1\0\0\0\0\0\0\1\0\0\0") + Value("a", "1234");
+    bytes[16] = 77;
+    ASSERT_EQ(ReadFrom(odd, bytes), "nothing");
+    EXPECT_EQ(static_cast<int>(odd.GetPropertyStoreValueType("a")), 77);
+    EXPECT_EQ(Written(odd), bytes);
+}
+
+TEST(PropertyStore, DepthIsBoundedOnlyByReading)
+{
+    CPropertyStore store;
+    for (int level = 0; level < 200000; ++level) {
+        CPropertyStore outer;
+        outer.SetPropertyStore("in", store);
+        store = outer;
+        if (level == CPropertyStore::deepestNesting - 1) {
+            CPropertyStore back;
+            EXPECT_EQ(ReadFrom(back, Written(store)), "nothing");
+        }
+    }
+    EXPECT_EQ(Written(store).size(), 200000u * 18 + 12);
+}
+
+TEST(PropertyStore, ThreadsMayShareAStoreAndItsCopies)
+{
+    CPropertyStore inner, store;
+    inner.SetValue("x", 1);
+    store.SetPropertyStore("in", inner);
+    const auto work = [&](int thread) {
+        for (int i = 0; i < 500; ++i) {
+            const std::string name = "t" + std::to_string(thread) + "." + std::to_string(i);
+            store.SetValue(name.c_str(), i);
+            EXPECT_EQ(Int(store, name), i);
+            CPropertyStore mine = store.GetPropertyStore("in");
+            mine.SetValue("x", i);
+            store.SetPropertyStore("in", mine);
+            EXPECT_EQ(Int(mine, "x"), i);
+            if (i % 3 == 0) store.DeleteValue(name.c_str());
+        }
+    };
+    std::thread threads[] = {std::thread(work, 0), std::thread(work, 1), std::thread(work, 2)};
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(store.GetPropertyStoreValueCount(), 3 * (500 - 167));
+}
