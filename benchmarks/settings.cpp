@@ -294,7 +294,7 @@ BENCHMARK(CoreKitWrite)->Name("settings/serialise/corekit");
 BENCHMARK(RapidWrite)->Name("settings/serialise/rapidjson");
 BENCHMARK(QtWrite)->Name("settings/serialise/qt6_cbor");
 BENCHMARK(CoreKitRead)->Name("settings/deserialise/corekit");
-BENCHMARK(RapidRead)->Name("settings/deserialise/limit_rapidjson_no_index");
+BENCHMARK(RapidRead)->Name("settings/deserialise/rapidjson");
 BENCHMARK(QtRead)->Name("settings/deserialise/qt6_cbor");
 BENCHMARK(CoreKitLookUp)->Name("settings/lookup/corekit");
 BENCHMARK(RapidLookUp)->Name("settings/lookup/rapidjson");

@@ -14,3 +14,4 @@ void AddOleCommand(CLI::App& app);
 void AddRecordsCommand(CLI::App& app);
 void AddPackingCommands(CLI::App& app);
 void AddWordsCommand(CLI::App& app);
+void AddSettingsCommand(CLI::App& app);

@@ -61,5 +61,6 @@ int main(int argc, char** argv)
     AddRecordsCommand(app);
     AddPackingCommands(app);
     AddWordsCommand(app);
+    AddSettingsCommand(app);
     return Run(app, argc, argv);
 }

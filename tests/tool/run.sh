@@ -78,6 +78,30 @@ refused ini get "$scratch/x.ini" A c
 refused ini get "$scratch/missing.ini" A b
 refused ini set "$scratch/x.ini" A b=c 1
 
+store=$scratch/options.ps
+is '' settings set "$store" Timing Lines 5 --type integer
+is '' settings set "$store" Title 'Été שלום'
+is '' settings set "$store" Timing Raw 00ffA0 --type binary
+is 5 settings get "$store" timing lines
+is 'Été שלום' settings get "$store" TITLE
+is 00ffa0 settings get "$store" Timing Raw
+is '' settings set "$store" Timing Lines many # of another type now
+says '^  Lines +string +many$' settings show "$store"
+says '^Timing/ +store' settings show "$store"
+cp "$store" "$scratch/before.ps"
+refused settings set "$store" Timing Lines 99999999999 --type integer
+refused settings set "$store" Timing Raw 0fz --type binary
+refused settings set "$store" Timing Raw 0f1 --type binary
+refused settings set "$store" alone
+refused settings get "$store" Nowhere Lines
+refused settings get "$store" Timing Nothing
+refused settings show "$scratch/missing.ps"
+cmp -s "$store" "$scratch/before.ps" || fail "a refused settings command changed its file"
+head -c 30 "$scratch/before.ps" >"$scratch/cut.ps"
+refused settings show "$scratch/cut.ps"
+refused settings set "$scratch/cut.ps" Title x
+[ "$(wc -c <"$scratch/cut.ps")" -eq 30 ] || fail "settings set wrote over a damaged file"
+
 seq 1 20000 >"$scratch/numbers"
 printf 'hello' >"$scratch/hello"
 is '' ole add "$scratch/x.ole" "$scratch/numbers"
