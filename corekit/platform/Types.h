@@ -62,6 +62,14 @@ struct RECT {
     LONG left, top, right, bottom;
 };
 
+// A key and the command that it stands for; Keyboard.h has the flags.
+struct tagACCEL {
+    BYTE fVirt;
+    WORD key;
+    WORD cmd;
+};
+using ACCEL = tagACCEL;
+
 // Laid out as it is stored and sent.
 struct _GUID {
     DWORD Data1;
