@@ -4,6 +4,8 @@
 // last one is found.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -24,17 +26,7 @@ public:
     template <class Same>
     int Find(std::uint32_t hash, Same same) const
     {
-        if (m_slots.empty()) {
-            std::uint32_t candidates =
-                0; // without a branch, which would be guessed wrong at every other name
-            for (std::size_t i = 0; i < m_hashes.size(); ++i)
-                candidates |= static_cast<std::uint32_t>(m_hashes[i] == hash) << i;
-            for (; candidates != 0; candidates ^= std::bit_floor(candidates)) {
-                const int i = std::bit_width(candidates) - 1;
-                if (same(static_cast<std::size_t>(i))) return i;
-            }
-            return -1;
-        }
+        if (m_slots.empty()) return FindAmongFew(hash, same);
         for (std::size_t slot = hash & Mask(); m_slots[slot].after != 0; slot = (slot + 1) & Mask()) {
             const std::size_t i = m_slots[slot].after - 1;
             if (m_slots[slot].hash == hash && same(i)) return static_cast<int>(i);
@@ -42,29 +34,51 @@ public:
         return -1;
     }
 
-    void Reserve(std::size_t count) { m_hashes.reserve(count); }
+    void Reserve(std::size_t count)
+    {
+        if (count > few) m_hashes.reserve(count);
+    }
 
     // A name came at the end of the list. `same` tells whether two positions have equal names.
     template <class Same>
     void Append(std::uint32_t hash, Same same)
     {
-        m_hashes.push_back(hash);
-        if (m_hashes.size() <= longestScan) return;
-        if (m_hashes.size() * 2 <= m_slots.size()) return Place(m_hashes.size() - 1, same);
-        try {
-            Rebuild(m_hashes.size() * 4, same);
-        } catch (...) {
-            m_hashes.pop_back();
-            throw;
+        if (m_count < few) {
+            m_few[m_count++] = hash;
+            return;
         }
+        if (m_slots.empty()) m_hashes.assign(m_few.begin(), m_few.end());
+        m_hashes.push_back(hash);
+        if (m_hashes.size() * 2 > m_slots.size()) {
+            try {
+                std::vector<Slot>(std::bit_ceil(m_hashes.size() * 4)).swap(m_slots);
+            } catch (...) {
+                m_hashes.pop_back();
+                throw;
+            }
+            ++m_count;
+            return PlaceAll(same);
+        }
+        Place(m_count++, same);
     }
 
     // A position was taken out of the list, and those behind it moved down.
     template <class Same>
     void Remove(std::size_t position, Same same)
     {
+        --m_count;
+        if (m_slots.empty()) {
+            std::copy(m_few.begin() + position + 1, m_few.begin() + m_count + 1, m_few.begin() + position);
+            return;
+        }
         m_hashes.erase(m_hashes.begin() + static_cast<std::ptrdiff_t>(position));
-        if (!m_slots.empty()) Rebuild(m_slots.size(), same);
+        if (m_count > few) {
+            std::fill(m_slots.begin(), m_slots.end(), Slot{});
+            return PlaceAll(same);
+        }
+        std::copy(m_hashes.begin(), m_hashes.end(), m_few.begin());
+        m_hashes.clear();
+        m_slots.clear();
     }
 
 private:
@@ -72,18 +86,28 @@ private:
         std::uint32_t hash;
         std::uint32_t after; // the position + 1, 0 for a free slot
     };
-    static constexpr std::size_t longestScan = 16; // up to here a scan of the hashes is faster than slots
+    static constexpr std::size_t few = 16; // up to here a look at each hash is faster than slots
+
+    // Compares all hashes without a branch, which would be guessed wrong for every other name.
+    template <class Same>
+    int FindAmongFew(std::uint32_t hash, Same same) const
+    {
+        std::uint32_t candidates = 0;
+        for (std::size_t i = 0; i < few; ++i) candidates |= static_cast<std::uint32_t>(m_few[i] == hash) << i;
+        candidates &= (std::uint32_t{1} << m_count) - 1;
+        for (; candidates != 0; candidates ^= std::bit_floor(candidates)) {
+            const int i = std::bit_width(candidates) - 1;
+            if (same(static_cast<std::size_t>(i))) return i;
+        }
+        return -1;
+    }
 
     std::size_t Mask() const { return m_slots.size() - 1; }
 
     template <class Same>
-    void Rebuild(std::size_t room, Same same)
+    void PlaceAll(Same same)
     {
-        std::size_t size = 64;
-        while (size < room) size *= 2;
-        std::vector<Slot> slots(size);
-        m_slots.swap(slots);
-        for (std::size_t i = 0; i < m_hashes.size(); ++i) Place(i, same);
+        for (std::size_t i = 0; i < m_count; ++i) Place(i, same);
     }
 
     // A later position takes the slot of an equal name.
@@ -97,8 +121,10 @@ private:
         m_slots[slot] = {hash, static_cast<std::uint32_t>(position + 1)};
     }
 
-    std::vector<std::uint32_t> m_hashes; // of every position
-    std::vector<Slot> m_slots;           // a power of two, empty while scans do
+    std::size_t m_count = 0;
+    std::array<std::uint32_t, few> m_few{}; // the hashes by position, while there are no slots
+    std::vector<std::uint32_t> m_hashes;    // the same while there are
+    std::vector<Slot> m_slots;              // a power of two, at most half of them taken
 };
 
 } // namespace corekit::detail
