@@ -168,7 +168,13 @@ void QSort(State& state)
     SortAll(state, [](std::vector<int>& n) { qsort(n.data(), n.size(), sizeof(int), ByValue); });
 }
 
-std::vector<std::string> Words() { return workload::words(10000); }
+std::vector<std::string> Words()
+{
+    const auto words = workload::words(10000);
+    std::vector<std::string> shuffled;
+    for (const std::uint32_t i : workload::permutation(words.size(), 0x7E27)) shuffled.push_back(words[i]);
+    return shuffled;
+}
 
 void CoreKitSortTexts(State& state)
 {

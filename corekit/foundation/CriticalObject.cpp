@@ -2,10 +2,4 @@
 
 IMPLEMENT_DYNAMIC(CCriticalObject, CObject)
 
-CCriticalObject::CCriticalObject() { InitializeCriticalSection(&m_section); }
-
 CCriticalObject::~CCriticalObject() { DeleteCriticalSection(&m_section); }
-
-void CCriticalObject::EnterLock() { EnterCriticalSection(&m_section); }
-
-void CCriticalObject::LeaveLock() { LeaveCriticalSection(&m_section); }

@@ -9,11 +9,11 @@
 class COREKIT_API CCriticalObject : public CObject {
     DECLARE_DYNAMIC(CCriticalObject)
 public:
-    CCriticalObject();
+    CCriticalObject() = default;
     ~CCriticalObject() override;
 
-    void EnterLock();
-    void LeaveLock();
+    void EnterLock() { EnterCriticalSection(&m_section); }
+    void LeaveLock() { LeaveCriticalSection(&m_section); }
 
 private:
     CRITICAL_SECTION m_section;

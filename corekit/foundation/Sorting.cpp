@@ -5,7 +5,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <tuple>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -99,12 +101,21 @@ private:
     int (*m_compare)(void*, const void*, const void*);
 };
 
-// Moves the strings, not their texts.
+// Sorts pointers to the strings, by few comparisons rather than few moves, then moves each string once.
 template <class Array>
 void SortTexts(Array& array)
 {
-    std::sort(array.GetData(), array.GetData() + array.GetSize(),
-              [](const auto& a, const auto& b) { return a.CompareNoCase(b) < 0; });
+    using Text = std::remove_reference_t<decltype(array[0])>;
+    Text* const texts = array.GetData();
+    std::vector<Text*> order;
+    order.reserve(static_cast<std::size_t>(array.GetSize()));
+    for (int i = 0; i < array.GetSize(); ++i) order.push_back(texts + i);
+    std::stable_sort(order.begin(), order.end(),
+                     [](const Text* a, const Text* b) { return a->CompareNoCase(*b) < 0; });
+    std::vector<Text> sorted;
+    sorted.reserve(order.size());
+    for (Text* text : order) sorted.push_back(std::move(*text));
+    std::move(sorted.begin(), sorted.end(), texts);
 }
 
 int CompareByDifference(void*, const void* a, const void* b)

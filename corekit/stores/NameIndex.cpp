@@ -14,13 +14,6 @@ std::uint64_t Load8(const char* p)
     return word;
 }
 
-std::uint64_t Load4(const char* p)
-{
-    std::uint32_t word;
-    std::memcpy(&word, p, sizeof word);
-    return word;
-}
-
 // Lower case for the eight characters in a word.
 std::uint64_t Folded(std::uint64_t word)
 {
@@ -31,22 +24,16 @@ std::uint64_t Folded(std::uint64_t word)
     return word | upper >> 2;
 }
 
-// Calls use with the name's characters, eight at a time, in words that may overlap at the end.
+// Equal for words that differ in the case of letters only, and for few others: enough for a hash.
+std::uint64_t RoughlyFolded(std::uint64_t word) { return word | 0x2020202020202020; }
+
+// Calls use with where the words of eight characters start that make up a longer name; the last two may
+// overlap.
 template <class Use>
 void ForEachWord(std::size_t size, Use use)
 {
-    for (std::size_t at = 0; at + 8 < size; at += 8)
-        if (!use(at)) return;
+    for (std::size_t at = 0; at + 8 < size; at += 8) use(at);
     use(size - 8);
-}
-
-// The characters of a name below eight, some of them twice.
-std::uint64_t ShortWord(const char* p, std::size_t size)
-{
-    if (size >= 4) return Load4(p) | Load4(p + size - 4) << 32;
-    if (size == 0) return 0;
-    const auto byte = [&](std::size_t i) { return std::uint64_t{static_cast<unsigned char>(p[i])}; };
-    return byte(0) | byte(size / 2) << 8 | byte(size - 1) << 16;
 }
 
 // Both halves of the product of two words.
@@ -73,30 +60,35 @@ const Seed& ProcessSeed()
 
 } // namespace
 
-bool SameName(std::string_view a, std::string_view b)
+bool SameShortName(ShortName a, ShortName b)
 {
-    if (a.size() != b.size()) return false;
-    if (a.size() < 8) return Folded(ShortWord(a.data(), a.size())) == Folded(ShortWord(b.data(), b.size()));
+    return Folded(a.first) == Folded(b.first) && Folded(a.last) == Folded(b.last);
+}
+
+bool SameLongName(std::string_view a, std::string_view b)
+{
     std::uint64_t difference = 0;
     ForEachWord(a.size(), [&](std::size_t at) {
         difference |= Folded(Load8(a.data() + at)) ^ Folded(Load8(b.data() + at));
-        return difference == 0;
     });
     return difference == 0;
 }
 
-std::uint32_t HashOfName(std::string_view name)
+std::uint32_t HashOfShortName(ShortName name, std::size_t size)
+{
+    const Seed& seed = ProcessSeed();
+    const std::uint64_t hash =
+        Mix(seed.start ^ size ^ RoughlyFolded(name.first), seed.factor ^ RoughlyFolded(name.last));
+    return static_cast<std::uint32_t>(hash ^ hash >> 32);
+}
+
+std::uint32_t HashOfLongName(std::string_view name)
 {
     const Seed& seed = ProcessSeed();
     std::uint64_t hash = seed.start ^ name.size();
-    if (name.size() < 8) {
-        hash = Mix(hash ^ Folded(ShortWord(name.data(), name.size())), seed.factor);
-    } else {
-        ForEachWord(name.size(), [&](std::size_t at) {
-            hash = Mix(hash ^ Folded(Load8(name.data() + at)), seed.factor);
-            return true;
-        });
-    }
+    ForEachWord(name.size(), [&](std::size_t at) {
+        hash = Mix(hash ^ RoughlyFolded(Load8(name.data() + at)), seed.factor);
+    });
     return static_cast<std::uint32_t>(hash ^ hash >> 32);
 }
 

@@ -9,16 +9,66 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 #include <vector>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace corekit::detail {
 
-// Equal as _stricmp sees it: the letters A to Z have no case.
-bool SameName(std::string_view a, std::string_view b);
+// All characters of a name of at most 16, some of them twice. From 4 on the same steps serve every length, so
+// that nothing has to be guessed from it.
+struct ShortName {
+    static constexpr std::size_t longest = 16;
+    std::uint64_t first = 0, last = 0;
+
+    explicit ShortName(std::string_view name)
+    {
+        const char* p = name.data();
+        const std::size_t size = name.size();
+        if (size >= 4) {
+            const std::size_t step = size / 8 * 4;
+            const char* end = p + size - 4;
+            first = Load(p) << 32 | Load(p + step);
+            last = Load(end) << 32 | Load(end - step);
+        } else if (size > 0) {
+            const auto byte = [&](std::size_t i) { return std::uint64_t{static_cast<unsigned char>(p[i])}; };
+            first = byte(0) | byte(size / 2) << 8 | byte(size - 1) << 16;
+        }
+    }
+    bool operator==(const ShortName&) const = default;
+
+private:
+    static std::uint64_t Load(const char* p)
+    {
+        std::uint32_t word;
+        std::memcpy(&word, p, sizeof word);
+        return word;
+    }
+};
+
+bool SameShortName(ShortName a, ShortName b);
+bool SameLongName(std::string_view a, std::string_view b); // of one size
+std::uint32_t HashOfShortName(ShortName name, std::size_t size);
+std::uint32_t HashOfLongName(std::string_view name);
+
+// Equal as _stricmp sees it: only the letters A to Z have case.
+inline bool SameName(std::string_view a, std::string_view b)
+{
+    if (a.size() != b.size()) return false;
+    if (a.size() > ShortName::longest) return SameLongName(a, b);
+    const ShortName x(a), y(b);
+    return x == y || SameShortName(x, y); // mostly the case is the same too
+}
 
 // The same for equal names, other ones in every process, so that no file can be made to fill one place.
-std::uint32_t HashOfName(std::string_view name);
+inline std::uint32_t HashOfName(std::string_view name)
+{
+    return name.size() > ShortName::longest ? HashOfLongName(name)
+                                            : HashOfShortName(ShortName(name), name.size());
+}
 
 class NameIndex {
 public:
@@ -92,14 +142,29 @@ private:
     template <class Same>
     int FindAmongFew(std::uint32_t hash, Same same) const
     {
-        std::uint32_t candidates = 0;
-        for (std::size_t i = 0; i < few; ++i) candidates |= static_cast<std::uint32_t>(m_few[i] == hash) << i;
-        candidates &= (std::uint32_t{1} << m_count) - 1;
+        std::uint32_t candidates = EqualAmongFew(hash) & ((std::uint32_t{1} << m_count) - 1);
         for (; candidates != 0; candidates ^= std::bit_floor(candidates)) {
             const int i = std::bit_width(candidates) - 1;
             if (same(static_cast<std::size_t>(i))) return i;
         }
         return -1;
+    }
+
+    // A bit for each of the first positions.
+    std::uint32_t EqualAmongFew(std::uint32_t hash) const
+    {
+#ifdef __SSE2__
+        const __m128i wanted = _mm_set1_epi32(static_cast<int>(hash));
+        const auto equal = [&](std::size_t i) {
+            return _mm_cmpeq_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(&m_few[i])), wanted);
+        };
+        const __m128i low = _mm_packs_epi32(equal(0), equal(4)), high = _mm_packs_epi32(equal(8), equal(12));
+        return static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_packs_epi16(low, high)));
+#else
+        std::uint32_t bits = 0;
+        for (std::size_t i = 0; i < few; ++i) bits |= static_cast<std::uint32_t>(m_few[i] == hash) << i;
+        return bits;
+#endif
     }
 
     std::size_t Mask() const { return m_slots.size() - 1; }

@@ -299,14 +299,14 @@ CPropertyStore CPropertyStore::GetPropertyStore(const char* name)
 {
     const Hold hold(*this);
     const PropertyStoreChild* child = m_body.Get() ? m_body->stores.FindElement(Name(name)) : nullptr;
-    return CPropertyStore(child ? child->store : PropertyStoreRef());
+    return child ? CPropertyStore(child->store) : CPropertyStore();
 }
 
 CPropertyStore CPropertyStore::GetPropertyStore(int index)
 {
     const Hold hold(*this);
     const PropertyStoreChild* child = m_body.Get() ? m_body->stores.At(index) : nullptr;
-    return CPropertyStore(child ? child->store : PropertyStoreRef());
+    return child ? CPropertyStore(child->store) : CPropertyStore();
 }
 
 int CPropertyStore::PropertyStoreExists(const char* name)
