@@ -4,6 +4,8 @@
 // last one is found.
 #pragma once
 
+#include "corekit/platform/Compare16.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -12,9 +14,6 @@
 #include <cstring>
 #include <string_view>
 #include <vector>
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
 
 namespace corekit::detail {
 
@@ -142,29 +141,12 @@ private:
     template <class Same>
     int FindAmongFew(std::uint32_t hash, Same same) const
     {
-        std::uint32_t candidates = EqualAmongFew(hash) & ((std::uint32_t{1} << m_count) - 1);
+        std::uint32_t candidates = EqualAmong16(m_few.data(), hash) & ((std::uint32_t{1} << m_count) - 1);
         for (; candidates != 0; candidates ^= std::bit_floor(candidates)) {
             const int i = std::bit_width(candidates) - 1;
             if (same(static_cast<std::size_t>(i))) return i;
         }
         return -1;
-    }
-
-    // A bit for each of the first positions.
-    std::uint32_t EqualAmongFew(std::uint32_t hash) const
-    {
-#ifdef __SSE2__
-        const __m128i wanted = _mm_set1_epi32(static_cast<int>(hash));
-        const auto equal = [&](std::size_t i) {
-            return _mm_cmpeq_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(&m_few[i])), wanted);
-        };
-        const __m128i low = _mm_packs_epi32(equal(0), equal(4)), high = _mm_packs_epi32(equal(8), equal(12));
-        return static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_packs_epi16(low, high)));
-#else
-        std::uint32_t bits = 0;
-        for (std::size_t i = 0; i < few; ++i) bits |= static_cast<std::uint32_t>(m_few[i] == hash) << i;
-        return bits;
-#endif
     }
 
     std::size_t Mask() const { return m_slots.size() - 1; }
