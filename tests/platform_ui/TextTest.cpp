@@ -34,6 +34,18 @@ TEST(TextOut, InkStaysInTheCell)
     }
 }
 
+// Some faces have ink for the joiners that stand within Persian words.
+TEST(TextOut, JoinersAndDirectionMarksShowNothingAndTakeNoRoom)
+{
+    for (const char* face : {"Amiri", latin}) {
+        Canvas c;
+        c.use(face, -40);
+        EXPECT_EQ(c.measure(u"\u200B\u200C\u200D\u200E\u200F\u202C\uFEFF", oneToOne).cx, 0) << face;
+        ASSERT_TRUE(c.draw(u"\u200B\u200C\u200D\u200E\u200F\u202C\uFEFF", 100, 20, oneToOne));
+        EXPECT_EQ(c.inkedPixels(), 0) << face;
+    }
+}
+
 struct Sample {
     const char* face;
     const char16_t* text;

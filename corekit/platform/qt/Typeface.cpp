@@ -61,6 +61,14 @@ std::shared_ptr<Typeface> Typeface::load(const QString& family, bool bold, bool 
     return face;
 }
 
+// Joiners, direction marks and the like, which show nothing and take no room whatever ink a face has for
+// them.
+static bool isUnseen(unsigned unit)
+{
+    return (unit >= 0x200B && unit <= 0x200F) || (unit >= 0x202A && unit <= 0x202E) ||
+           (unit >= 0x2060 && unit <= 0x206F) || unit == 0xFEFF;
+}
+
 void Typeface::lookUp(unsigned high, std::uint16_t (&glyphs)[256], double (&advances)[256]) const
 {
     QChar units[256];
@@ -71,9 +79,14 @@ void Typeface::lookUp(unsigned high, std::uint16_t (&glyphs)[256], double (&adva
     // A lone surrogate has no glyph, and pairs would shift the answers.
     if (high < 0xD8 || high > 0xDF) raw_.glyphIndexesForChars(units, 256, indexes, &count);
     raw_.advancesForGlyphIndexes(indexes, steps, 256);
+    const QChar blank(u' ');
+    quint32 blankGlyph = 0;
+    int blanks = 1;
+    raw_.glyphIndexesForChars(&blank, 1, &blankGlyph, &blanks);
     for (unsigned i = 0; i < 256; ++i) {
-        glyphs[i] = static_cast<std::uint16_t>(indexes[i]);
-        advances[i] = steps[i].x();
+        const bool unseen = isUnseen(high << 8 | i);
+        glyphs[i] = static_cast<std::uint16_t>(unseen ? blankGlyph : indexes[i]);
+        advances[i] = unseen ? 0 : steps[i].x();
     }
 }
 
