@@ -13,7 +13,6 @@ IMPLEMENT_DYNAMIC(CPropertyStore, CCriticalObject)
 
 namespace {
 
-using corekit::detail::PropertyStoreBody;
 using corekit::detail::PropertyStoreChild;
 using corekit::detail::PropertyStoreEntry;
 using corekit::detail::PropertyStoreRef;
