@@ -18,3 +18,17 @@ public:
 private:
     CRITICAL_SECTION m_section;
 };
+
+namespace corekit::detail {
+// Holds an object's lock for a scope.
+class Hold {
+public:
+    explicit Hold(CCriticalObject& object) : m_object(object) { m_object.EnterLock(); }
+    ~Hold() { m_object.LeaveLock(); }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+
+private:
+    CCriticalObject& m_object;
+};
+} // namespace corekit::detail

@@ -1,8 +1,10 @@
 #include "corekit/foundation/TimeFunctions.h"
 
+#include "corekit/foundation/TestClock.h"
 #include "corekit/framework/MessageBox.h"
 #include "corekit/platform/SystemTime.h"
 
+#include <atomic>
 #include <climits>
 #include <optional>
 #include <string>
@@ -12,6 +14,9 @@ constexpr UINT noTimeZone = 4099;
 constexpr long secondsPerDay = 86400;
 constexpr LONGLONG fileTimeOfEpoch = 116444736000000000;
 constexpr int room = 4096;
+
+constexpr long noTestClock = -1;
+constinit std::atomic<long> testTime = noTestClock;
 
 long AskBias()
 {
@@ -115,7 +120,8 @@ void FormatTime(Text& out, const Char* format, long t, int bToLocal)
 
 long time_GetCurrentTime(int bLocal)
 {
-    const long now = std::time(nullptr);
+    const long test = testTime.load(std::memory_order_relaxed);
+    const long now = test == noTestClock ? std::time(nullptr) : test;
     return bLocal ? time_UTCToLocal(now) : now;
 }
 
@@ -175,6 +181,21 @@ void time_FormatCurrentTime(StringW& out, const WCHAR* format, int bToLocal)
 {
     FormatTime(out, format, time_GetCurrentTime(0), bToLocal);
 }
+
+CTestClock::CTestClock(int year, int month, int day, int hour, int minute, int second)
+{
+    std::tm parts{};
+    parts.tm_year = year - 1900;
+    parts.tm_mon = month - 1;
+    parts.tm_mday = day;
+    parts.tm_hour = hour;
+    parts.tm_min = minute;
+    parts.tm_sec = second;
+    testTime = time_GetTimeValue(parts, 1);
+}
+
+CTestClock::~CTestClock() { testTime = noTestClock; }
+void CTestClock::Advance(long seconds) { testTime += seconds; }
 
 _FILETIME FileTimeFromUnixTime(const long& t)
 {

@@ -4,18 +4,7 @@
 
 IMPLEMENT_DYNAMIC(CUniqueIntList, CCriticalObject)
 
-namespace {
-class Hold {
-public:
-    explicit Hold(CCriticalObject& object) : m_object(object) { m_object.EnterLock(); }
-    ~Hold() { m_object.LeaveLock(); }
-    Hold(const Hold&) = delete;
-    Hold& operator=(const Hold&) = delete;
-
-private:
-    CCriticalObject& m_object;
-};
-} // namespace
+using corekit::detail::Hold;
 
 CUniqueIntList::CUniqueIntList() { m_room.SetSize(step); }
 

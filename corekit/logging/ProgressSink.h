@@ -1,14 +1,15 @@
 // Where a long operation tells how far it is, without knowing who looks on.
 //
 // The operation takes a CProgressSink*, which may be null for nobody. Every operation below may be called
-// through a null pointer: it then does nothing and gives 0. Code that is compiled with a check for null
-// objects uses the static form of the same name instead, which takes the pointer:
+// through a null pointer: it then does nothing and gives 0. From such a call on the compiler may take the
+// pointer for good, so whoever tests it does so before; and code that is compiled with a check for null
+// objects uses the static form of the same name, which takes the pointer:
 //
 //     sink->SetStatus("Sending");                  // null does no harm
 //     CProgressSink::SetStatus(sink, "Sending");   // the same, within the rules of the language
 //
-// Whoever looks on derives from it and supplies the Do... operations. The sink stays its owner's; it is called
-// on the operation's thread.
+// Whoever looks on derives from it and supplies the Do... operations. The sink stays its owner's; it is
+// called on the operation's thread.
 #pragma once
 
 #include "corekit/framework/Object.h"

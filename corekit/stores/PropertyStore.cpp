@@ -13,22 +13,12 @@ IMPLEMENT_DYNAMIC(CPropertyStore, CCriticalObject)
 
 namespace {
 
+using corekit::detail::Hold;
 using corekit::detail::PropertyStoreChild;
 using corekit::detail::PropertyStoreEntry;
 using corekit::detail::PropertyStoreRef;
 
 std::string_view Name(const char* name) { return name ? std::string_view(name) : std::string_view(); }
-
-class Hold {
-public:
-    explicit Hold(CCriticalObject& object) : m_object(object) { m_object.EnterLock(); }
-    ~Hold() { m_object.LeaveLock(); }
-    Hold(const Hold&) = delete;
-    Hold& operator=(const Hold&) = delete;
-
-private:
-    CCriticalObject& m_object;
-};
 
 // Runs an operation and tells exhausted memory as the framework does.
 template <class Operation>

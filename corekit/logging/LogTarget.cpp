@@ -1,0 +1,157 @@
+#include "corekit/logging/LogTarget.h"
+
+#include "corekit/foundation/ChainedException.h"
+#include "corekit/foundation/TimeFunctions.h"
+#include "corekit/platform/Errors.h"
+#include "corekit/platform/Files.h"
+#include "corekit/stores/RegistryKey.h"
+#include "corekit/Version.h"
+
+IMPLEMENT_DYNAMIC(CLogTarget, CCriticalObject)
+
+namespace {
+
+using corekit::detail::AppendFile;
+using corekit::detail::Hold;
+using corekit::detail::LogDay;
+using corekit::detail::LogFileNames;
+using corekit::detail::LogLevelName;
+
+constexpr std::size_t longestPiece = 1024;
+constexpr std::size_t levelColumns = 16;
+constexpr std::size_t keptRoom = 64 * 1024; // of the line buffer, from one message to the next
+
+std::string LastErrorText() { return GetLastErrorString().GetString(); }
+
+std::string LossText(DWORD count, DWORD error)
+{
+    CString why = GetSystemErrorString(error);
+    why.TrimRight();
+    return "Log entries lost: " + std::to_string(count) + ", " + why.GetString();
+}
+
+} // namespace
+
+CLogTarget::CLogTarget() = default;
+CLogTarget::~CLogTarget() { CloseLogFile(); }
+
+StringA CLogTarget::GetLevelName(unsigned long level)
+{
+    return StringA(LogLevelName(static_cast<DWORD>(level)).data());
+}
+
+std::string CLogTarget::PathAt(long now) const { return m_isDaily ? m_names.OfDay(now) : m_names.Single(); }
+
+int CLogTarget::CreateLogFile(const char* baseName, const char* directory, int daily)
+{
+    const Hold hold(*this);
+    if (m_file.IsOpen()) return 0;
+    const long now = time_GetCurrentTime(0);
+    m_names = LogFileNames(baseName ? baseName : "", directory ? directory : "");
+    m_isDaily = daily != 0;
+    m_fileDay = LogDay(now);
+    if (!m_file.Open(PathAt(now).c_str())) return 0;
+    m_lost = 0;
+    m_isOpen = true;
+    WriteLogEntry(now, logInformation, "Log file opened");
+    return 1;
+}
+
+void CLogTarget::CloseLogFile()
+{
+    const Hold hold(*this);
+    if (!m_file.IsOpen()) return;
+    WriteLogEntry(time_GetCurrentTime(0), logInformation, "Log file closed");
+    m_isOpen = false;
+    m_file.Close();
+}
+
+void CLogTarget::LogMessage(unsigned long level, unsigned int stringId)
+{
+    if (Takes(level)) WriteMessage(static_cast<DWORD>(level), LoadResourceString(stringId));
+}
+
+void CLogTarget::LogMessage(unsigned long level, const WCHAR* text)
+{
+    if (Takes(level)) WriteMessage(static_cast<DWORD>(level), StringA(text));
+}
+
+void CLogTarget::WriteMessage(DWORD level, const char* text)
+{
+    const Hold hold(*this);
+    if (!m_file.IsOpen()) return; // closed in the meantime
+    const long now = time_GetCurrentTime(0);
+    if (m_isDaily && (now == m_stampTime ? m_stampDay : LogDay(now)) != m_fileDay) RollOver(now);
+    WriteLogEntry(now, level, text ? text : "");
+}
+
+void CLogTarget::AppendLine(DWORD level, std::string_view text)
+{
+    const std::string_view name = LogLevelName(level);
+    m_lines.append(m_stamp)
+        .append(name)
+        .append(levelColumns + 2 - name.size(), ' ')
+        .append(text)
+        .push_back('\n');
+}
+
+void CLogTarget::WriteLogEntry(long now, DWORD level, std::string_view text)
+{
+    if (now != m_stampTime) {
+        CString stamp;
+        time_FormatString(stamp, "%d:%m:%Y %H:%M:%S  ", now, 1);
+        m_stamp = stamp;
+        m_stampDay = LogDay(now);
+        m_stampTime = now;
+    }
+    m_lines.clear();
+    if (m_lost) AppendLine(logMajorError, LossText(m_lost, m_lostError));
+    for (; text.size() > longestPiece; text.remove_prefix(longestPiece))
+        AppendLine(level, text.substr(0, longestPiece));
+    AppendLine(level, text);
+
+    if (m_file.Append(m_lines)) {
+        m_lost = 0;
+    } else {
+        ++m_lost;
+        m_lostError = GetLastError();
+    }
+    if (m_lines.capacity() > keptRoom) std::string().swap(m_lines);
+}
+
+void CLogTarget::RollOver(long now)
+{
+    AppendFile next;
+    if (next.Open(PathAt(now).c_str())) {
+        WriteLogEntry(now, logInformation, "Date rollover detected, log file closed.");
+        m_file = std::move(next);
+        m_fileDay = LogDay(now);
+        WriteLogEntry(now, logInformation, "Log file opened after date rollover");
+        LogInfoMsg(CoreKitVersionText());
+        NoteStart(now);
+    } else {
+        WriteLogEntry(now, logMajorError, "Open next day's log file failed, " + LastErrorText());
+    }
+    DeleteOldFiles(now);
+}
+
+// The value is a line for the log of the day after.
+void CLogTarget::NoteStart(long now)
+{
+    CRegistryKey key;
+    key.Create(HKEY_LOCAL_MACHINE, "Software\\Corvane\\Tavrix\\Network");
+    CString line;
+    if (key.GetValue("Last Start Time", line)) LogInfoMsg(line.GetString());
+    time_FormatString(line, "Last start: %d/%m/%Y\t%H:%M:%S", now, 1);
+    key.SetValue("Last Start Time", line);
+}
+
+void CLogTarget::DeleteOldFiles(long now)
+{
+    const std::vector<std::string> files = m_names.Existing();
+    const auto kept = static_cast<std::size_t>(m_oldDays.load(std::memory_order_relaxed)) + 1;
+    for (std::size_t i = 0; i + kept < files.size(); ++i)
+        if (!DeleteFileA(files[i].c_str()))
+            WriteLogEntry(now, logMajorError,
+                          "Delete old log file failed, " + LastErrorText() + ", " + files[i]);
+}
