@@ -19,7 +19,7 @@ GOALS = {
     "streams/memory_write": 1.2, "streams/memory_read": 1.5,
     "streams/file_write": 1.5, "streams/file_read": 1.2,
     "strings/copy": 1, "strings/find_units": 1, "strings/make": (1, "qt6_qstring"), "strings/equal": (1, "qt6_qstring"),
-    "draw/measure": 5, "draw/raster": 1.5,
+    "draw/measure": 5, "draw/raster": 1.5, "manager/start": 0.5,
     "registry/read": 2,
     "words/lookup_hit": (3, "lmdb"), "words/lookup_miss": (3, "lmdb"), "words/wildcard_queries": (3, "sorted_fnmatch"),
     "settings/serialise": (1, "rapidjson"), "settings/deserialise": (2, "qt6_cbor"), "settings/lookup": (1, "jansson"),
@@ -62,7 +62,7 @@ def main():
             print(os.path.basename(program), file=sys.stderr)
             for b in run(program, scratch):
                 if b.get("aggregate_name") == "median":
-                    subject, path, peer = b["run_name"].removesuffix("/real_time").split("/", 2)
+                    subject, path, peer = b["run_name"].removesuffix("/real_time").removesuffix("/manual_time").split("/", 2)
                     paths.setdefault(f"{subject}/{path}", {})[peer] = b.get("items_per_second", 0)
     short = 0
     print(f"{'path':36} {'CoreKit':>10} {'best peer':>28} {'ratio':>7} {'goal':>6}")

@@ -5,6 +5,7 @@
 #include "corekit/CoreKit.h"
 #include "corekit/framework/ui/DC.h"
 #include "corekit/platform/Gdi.h"
+#include "corekit/platform/KeyboardLayouts.h"
 #include "corekit/platform/Toolkit.h"
 #include "corekit/unicode/ui/FontDescriptor.h"
 #include "corekit/unicode/ui/FontMapInfo.h"

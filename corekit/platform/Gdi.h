@@ -160,9 +160,11 @@ COREKIT_API int GetTextFaceA(HDC dc, int size, char* face);
 COREKIT_API int GetTextCharsetInfo(HDC dc, FONTSIGNATURE* signature, DWORD flags);
 
 using FONTENUMPROCA = int (*)(const LOGFONTA*, const TEXTMETRICA*, DWORD type, LPARAM);
-// Calls back once for each face, by name, or for each style of the one named; type has TRUETYPE_FONTTYPE set
-// for every scalable face. Metrics are those at an em of 32 pixels. Ends when the callback answers 0, and
-// returns its last answer; 0 if there is nothing to tell or the toolkit is not running.
+// Calls back for each style of the face named, with its metrics at an em of 32 pixels; for a null or empty
+// name once for each face of the machine, which opens none of them: the metrics are all 0 then, and the font
+// has little more than its name. Only scalable faces are told, so type has TRUETYPE_FONTTYPE set. Ends when
+// the callback answers 0, and returns its last answer; 0 if there is nothing to tell or the toolkit is not
+// running.
 COREKIT_API int EnumFontsA(HDC dc, const char* face, FONTENUMPROCA callback, LPARAM parameter);
 
 // ---- Text -------------------------------------------------------------------------------------

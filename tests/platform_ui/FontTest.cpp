@@ -133,16 +133,29 @@ TEST(Fonts, EnumerationNamesEveryFaceOnceAndStopsWhenTold)
     std::map<std::string, int> seen;
     const auto collect = [](const LOGFONTA* font, const TEXTMETRICA* metrics, DWORD type, LPARAM to) {
         EXPECT_EQ(type, TRUETYPE_FONTTYPE);
-        EXPECT_GT(metrics->tmHeight, 0);
+        EXPECT_EQ(metrics->tmHeight, font->lfHeight); // 0 in a list of all
         ++(*reinterpret_cast<std::map<std::string, int>*>(to))[font->lfFaceName];
         return 7;
     };
     EXPECT_EQ(EnumFontsA(dc, nullptr, collect, reinterpret_cast<LPARAM>(&seen)), 7);
     for (const char* face : {latin, hebrew, arabic, devanagari}) EXPECT_EQ(seen[face], 1) << face;
     EXPECT_EQ(seen.count("Serif"), 0u) << "a generic name is no face";
+    for (const auto& [face, count] : seen) {
+        char real[64] = {};
+        const HFONT font = CreateFontA(20, 0, 0, 0, 400, 0, 0, 0, 1, 0, 0, 0, 0, face.c_str());
+        const HGDIOBJ before = SelectObject(dc, font);
+        GetTextFaceA(dc, sizeof real, real);
+        EXPECT_EQ(std::string(real).substr(0, face.size()), face) << "a face that cannot be loaded is told";
+        SelectObject(dc, before);
+        DeleteObject(font);
+    }
     seen.clear();
     EXPECT_EQ(EnumFontsA(dc, "dejavu sans", collect, reinterpret_cast<LPARAM>(&seen)), 7);
     EXPECT_EQ(seen["DejaVu Sans"], 4);
+    const auto measure = [](const LOGFONTA* font, const TEXTMETRICA* metrics, DWORD, LPARAM) {
+        return font->lfHeight > 32 && metrics->tmAscent > 16 ? 9 : 0;
+    };
+    EXPECT_EQ(EnumFontsA(dc, "DejaVu Sans", measure, 0), 9);
     int calls = 0;
     const auto stop = [](const LOGFONTA*, const TEXTMETRICA*, DWORD, LPARAM to) {
         return ++*reinterpret_cast<int*>(to) == 3 ? 0 : 1;

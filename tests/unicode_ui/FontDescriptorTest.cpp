@@ -2,7 +2,10 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/stores/MemoryStream.h"
+#include "corekit/stores/RegistryKey.h"
+#include "corekit/stores/RegistryText.h"
 #include "corekit/unicode/ui/XPCConfigNode.h"
+#include "tests/RegistryHome.h"
 
 #include <cstring>
 #include <gtest/gtest.h>
@@ -164,6 +167,57 @@ private:
         return true;
     }
 };
+
+class FontDescriptorRegistry : public RegistryHome {
+protected:
+    FontDescriptorRegistry() { parent.Create(HKEY_LOCAL_MACHINE, "Software\\Test"); }
+
+    CRegistryKey parent;
+};
+
+TEST_F(FontDescriptorRegistry, KeepsFacesInTheirOrderAndFewerOfThem)
+{
+    for (const char16_t* text : {u"12\n3\nArial\nTimes New Roman\n\n", u"-9\n1\nAmiri\n"}) {
+        const CFontDescriptor font(text);
+        font.SaveToRegistry(parent, "Controls Font");
+        CFontDescriptor read(u"7\n1\nformer\n");
+        EXPECT_EQ(read.LoadFromRegistry(parent, "Controls Font"), 1);
+        EXPECT_EQ(textOf(read), textOf(font));
+    }
+    CFontDescriptor().SaveToRegistry(parent, "Controls Font"); // no faces: nothing to load
+    EXPECT_EQ(CFontDescriptor().LoadFromRegistry(parent, "Controls Font"), 0);
+    CRegistryKey closed;
+    CFontDescriptor(u"9\n1\nAmiri\n").SaveToRegistry(closed, "Controls Font");
+    EXPECT_EQ(CFontDescriptor().LoadFromRegistry(closed, "Controls Font"), 0);
+}
+
+TEST_F(FontDescriptorRegistry, IncompleteOrForeignValuesAreRefused)
+{
+    const std::string whole = "\"Size\" = number 15\n\"Count\" = number 2\n\"Font 1\" = text \"One\"\n";
+    const struct {
+        const char* line; // the last of a value counts
+        int size;
+    } cases[] = {
+        {"", 15}, // no "Font 2"
+        {"\"Font 2\" = number 2", 15},
+        {"\"Font 2\" = binary 41 00", 15},
+        {"\"Count\" = number 0x7FFFFFFF", 15},
+        {"\"Count\" = number 0xFFFFFFFF", 15},
+        {"\"Count\" = number 0", 15},
+        {"\"Count\" = text \"1\"", 15},
+        {"\"Size\" = number 0", 0},
+        {"\"Size\" = binary 0F 00 00 00", 9}, // not read
+    };
+    for (const auto& c : cases) {
+        ImportRegistry("[HKLM\\Software\\Test\\Font]\n" + whole + c.line);
+        CFontDescriptor font(u"9\n1\nformer\n");
+        EXPECT_EQ(font.LoadFromRegistry(parent, "Font"), 0) << c.line;
+        EXPECT_EQ(font.GetCount(), 0) << c.line;
+        EXPECT_EQ(font.GetSize(), c.size) << c.line;
+    }
+    ImportRegistry("[HKLM\\Software\\Test\\Font]\n" + whole + "\"Font 2\" = text \"Two\"");
+    EXPECT_EQ(CFontDescriptor().LoadFromRegistry(parent, "Font"), 1);
+}
 
 TEST(FontDescriptor, ConfigurationNodeKeepsKeysAndSign)
 {

@@ -12,10 +12,17 @@ namespace {
 
 constexpr std::size_t keptFonts = 128; // sizes without a handle that stay ready
 constexpr const char* defaultFaces[] = {"Noto Sans", "DejaVu Sans"};
+// Names that the toolkit adds to the machine's; each stands for another face and cannot be loaded.
+constexpr const char* genericNames[] = {"Monospace", "Sans Serif", "Serif"};
 
 std::string folded(std::string_view name)
 {
     return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())).toCaseFolded().toStdString();
+}
+
+bool isGeneric(const QString& name)
+{
+    return std::ranges::any_of(genericNames, [&](const char* g) { return name == QLatin1String(g); });
 }
 
 } // namespace
@@ -37,13 +44,16 @@ FontList& FontList::instance()
 FontList::FontList()
 {
     for (const QString& name : QFontDatabase::families()) {
-        if (QFontDatabase::isPrivateFamily(name)) continue;
+        if (QFontDatabase::isPrivateFamily(name) || isGeneric(name)) continue;
         families_.push_back({name, QFontDatabase::isSmoothlyScalable(name)});
     }
     for (std::size_t i = 0; i < families_.size(); ++i)
         byName_.emplace(folded(families_[i].name.toStdString()), i);
-    for (std::size_t i = 0; i < families_.size(); ++i)
-        byName_.emplace(folded(cutFaceName(families_[i].name.toStdString())), i);
+    for (std::size_t i = 0; i < families_.size(); ++i) {
+        const std::string name = families_[i].name.toStdString();
+        if (const std::string cut = cutFaceName(name); cut.size() < name.size())
+            byName_.emplace(folded(cut), i);
+    }
 }
 
 const FontList::Family* FontList::find(std::string_view name) const

@@ -17,8 +17,7 @@ public:
         QString name;
         bool scalable = false;
     };
-    // All, sorted by name, with generic names such as "Serif" that stand for another face and cannot be
-    // loaded.
+    // All, sorted by name.
     const std::vector<Family>& families() const { return families_; }
     // By name without regard to case, or by a name cut to 31 bytes; null if there is none.
     const Family* find(std::string_view name) const;

@@ -73,6 +73,12 @@ bool sizeIsSound(int height, int width)
     return height >= -greatestEm && height <= greatestEm && width >= 0 && width <= greatestEm;
 }
 
+void setFaceName(LOGFONTA& log, const std::string& name)
+{
+    const std::string cut = cutFaceName(name);
+    std::memcpy(log.lfFaceName, cut.c_str(), cut.size() + 1);
+}
+
 // Tells the callback of one style; false when the enumeration is to end.
 bool tellStyle(const FontList::Family& family, bool bold, bool italic, FONTENUMPROCA callback,
                LPARAM parameter, int& answer)
@@ -91,8 +97,7 @@ bool tellStyle(const FontList::Family& family, bool bold, bool italic, FONTENUMP
     log.lfItalic = italic;
     log.lfCharSet = metrics.tmCharSet;
     log.lfPitchAndFamily = metrics.tmPitchAndFamily;
-    const std::string name = cutFaceName(face->name());
-    std::memcpy(log.lfFaceName, name.c_str(), name.size() + 1);
+    setFaceName(log, face->name());
     answer = callback(&log, &metrics, TRUETYPE_FONTTYPE, parameter);
     return answer != 0;
 }
@@ -180,7 +185,16 @@ int EnumFontsA(HDC dc, const char* face, FONTENUMPROCA callback, LPARAM paramete
             if (!tellStyle(*family, style & 1, style & 2, callback, parameter, answer)) break;
         return answer;
     }
-    for (const FontList::Family& family : list.families())
-        if (family.scalable && !tellStyle(family, false, false, callback, parameter, answer)) break;
+    const TEXTMETRICA noMetrics{};
+    for (const FontList::Family& family : list.families()) {
+        if (!family.scalable) continue;
+        LOGFONTA log{};
+        log.lfWeight = FW_NORMAL;
+        log.lfCharSet = static_cast<BYTE>(DEFAULT_CHARSET);
+        log.lfPitchAndFamily = familyOfEnumerated;
+        setFaceName(log, family.name.toStdString());
+        answer = callback(&log, &noMetrics, TRUETYPE_FONTTYPE, parameter);
+        if (!answer) break;
+    }
     return answer;
 }

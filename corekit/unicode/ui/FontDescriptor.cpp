@@ -3,6 +3,7 @@
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/foundation/Stream.h"
 #include "corekit/framework/Exception.h"
+#include "corekit/stores/RegistryKey.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
 #include "corekit/unicode/ui/FontSignature.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
@@ -50,6 +51,13 @@ CString keyOf(const char* prefix, const char* name)
     CString key;
     if (prefix && *prefix) key.Format("%s-", prefix);
     return key + name;
+}
+
+CString fontValueName(int number)
+{
+    CString name;
+    name.Format("Font %d", number);
+    return name;
 }
 
 CString fontKeyOf(const char* prefix, unsigned number)
@@ -162,6 +170,39 @@ CString CFontDescriptor::GetFontForLocale(WORD langId) const
         if (held.Contains(wanted)) return GetFont(i);
     }
     return GetFont(0);
+}
+
+int CFontDescriptor::LoadFromRegistry(CRegistryKey& parent, const char* keyName)
+{
+    m_fonts.RemoveAll();
+    CRegistryKey key;
+    int count = 0;
+    if (!key.Open(parent, keyName)) return 0;
+    if (!key.GetValue("Size", m_size) || m_size == 0) return 0;
+    if (!key.GetValue("Count", count) || count < 1) return 0;
+    for (int i = 1; i <= count; ++i) {
+        CString face;
+        if (!key.GetValue(fontValueName(i), face)) {
+            m_fonts.RemoveAll();
+            return 0;
+        }
+        m_fonts.Add(face);
+    }
+    UpdateCombinedString();
+    return 1;
+}
+
+void CFontDescriptor::SaveToRegistry(CRegistryKey& parent, const char* keyName) const
+{
+    try {
+        CRegistryKey key;
+        key.Create(parent, keyName);
+        key.SetValue("Size", m_size);
+        key.SetValue("Count", GetCount());
+        for (int i = 0; i < GetCount(); ++i) key.SetValue(fontValueName(i + 1), m_fonts.GetAt(i));
+    } catch (CException* e) {
+        e->Delete();
+    }
 }
 
 void CFontDescriptor::ReadStream(CStream& stream)

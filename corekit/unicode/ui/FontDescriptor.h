@@ -12,6 +12,7 @@
 #include "corekit/framework/String.h"
 #include "corekit/platform/Export.h"
 
+class CRegistryKey;
 class CStream;
 class IXPCConfigNode;
 
@@ -48,6 +49,12 @@ public:
     // The first face whose signature holds all of the language's; the primary face if none does or if a
     // face before it is unknown here.
     CString GetFontForLocale(WORD langId) const;
+
+    // A key below `parent` with the values "Size", "Count" and "Font 1" and on. A load returns 0, without
+    // faces, if one of them is missing or a number is not above 0 ("Size" may be below); a save reports
+    // nothing.
+    int LoadFromRegistry(CRegistryKey& parent, const char* keyName);
+    void SaveToRegistry(CRegistryKey& parent, const char* keyName) const;
 
     // Count, size, faces. Throw CChainedException; a failed read leaves no faces.
     void ReadStream(CStream& stream);

@@ -11,7 +11,7 @@ CFontMapInfo::~CFontMapInfo() = default;
 
 void CFontMapInfo::Load(CDC* dc)
 {
-    LoadFromPlatform(dc);
+    if (!LoadFromRegistry()) LoadFromPlatform(dc);
     m_loaded = TRUE;
 }
 

@@ -7,7 +7,12 @@
 #include "corekit/unicode/ui/FontSignature.h"
 
 class CDC;
+class CRegistryKey;
 
+// The signature of a face that the registry maps comes from there, with the rules of its private glyphs:
+// HKEY_LOCAL_MACHINE\Software\Corvane\Unicode Support\Font Mapping\<face name>, see
+// docs/unicode-manager.md. That of all others is what the face itself claims.
+//
 // Owned by CUnicodeManager; belongs to the user-interface thread.
 class COREKIT_API CFontMapInfo : public CObject {
     DECLARE_DYNAMIC(CFontMapInfo)
@@ -17,12 +22,15 @@ public:
 
     bool IsLoaded() const { return m_loaded != 0; }
     const CString& GetFaceName() const { return m_face; }
-    // Fills the signature. Never fails: where the face cannot be had, it is what the platform answers.
+    // Fills the signature from the registry, else from the face. Never fails: where the face cannot be had,
+    // it is what the platform answers.
     void Load(CDC* dc);
     void GetSignature(CFontSignature& out) const { out = m_signature; }
     const CFontSignature& GetSignature() const { return m_signature; }
 
 private:
+    bool LoadFromRegistry();
+    void LoadRules(const CRegistryKey& key);
     void LoadFromPlatform(CDC* dc);
 
     BOOL m_loaded = FALSE;
