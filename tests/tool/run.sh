@@ -42,6 +42,7 @@ says 'lower case +U\+0061' char A
 says 'direction' shape --help
 says '^base direction: right-to-left' shape 'שלום abc'
 says '^0 +2 .*U\+0643.* U\+FEDA' shape 'ملك'
+says '^0 +0 .*U\+0930.* U\+E0CC.* U\+E045.* U\+E0F2' shape 'र्कि'
 
 # is EXPECTED ARGUMENTS...: exit code 0 and exactly this on standard output.
 is() {

@@ -1,20 +1,16 @@
 #include "corekit/unicode/shaping/GlyphConversion.h"
+#include "ShapingSteps.h"
+#include "TabbedCases.h"
 
-#include "corekit/foundation/StringW.h"
-#include "corekit/unicode/shaping/ArabicShaping.h"
 #include "corekit/unicode/tables/ArabicJoiningClasses.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
 #include <random>
-#include <sstream>
 #include <string>
 
 namespace {
 
 using Classes = CArabicJoiningClasses;
-
-std::u16string Units(const StringW& s) { return {s, static_cast<std::size_t>(s.GetLength())}; }
 
 std::u16string Convert(const std::u16string& text, int length = -1)
 {
@@ -23,28 +19,11 @@ std::u16string Convert(const std::u16string& text, int length = -1)
     return Units(glyphs);
 }
 
-std::u16string FromHex(const std::string& field)
-{
-    std::istringstream in(field);
-    std::u16string text;
-    for (unsigned code = 0; in >> std::hex >> code;) text += static_cast<char16_t>(code);
-    return text;
-}
-
 TEST(GlyphConversion, CasesFromTheTable)
 {
-    std::ifstream file(TEST_DATA "/arabic_shaping.tsv");
-    int cases = 0;
-    for (std::string line; std::getline(file, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        std::istringstream fields(line);
-        std::string text, glyphs;
-        std::getline(fields, text, '\t');
-        std::getline(fields, glyphs, '\t');
-        EXPECT_EQ(Convert(FromHex(text)), FromHex(glyphs)) << line;
-        ++cases;
-    }
-    EXPECT_GT(cases, 30) << "the table was not read";
+    const auto cases = TabbedCases(TEST_DATA "/arabic_shaping.tsv");
+    EXPECT_GT(cases.size(), 30U) << "the table was not read";
+    for (const auto& fields : cases) EXPECT_EQ(Convert(FromHex(fields[0])), FromHex(fields[1])) << fields[0];
 }
 
 // The step as it is told, by the joining classes and with a fresh search for every neighbour.

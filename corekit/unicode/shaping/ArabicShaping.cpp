@@ -2,7 +2,7 @@
 
 #include "corekit/foundation/StringW.h"
 #include "corekit/unicode/shaping/ArabicWordRows.h"
-#include "corekit/unicode/shaping/GlyphSink.h"
+#include "corekit/unicode/shaping/ShapingStep.h"
 #include "corekit/unicode/tables/ArabicJoiningRows.h"
 
 #include <algorithm>
@@ -191,17 +191,9 @@ int ShapeArabicRun(GlyphSink& sink, const WCHAR* text, int end, int index, int l
 void ConvertArabicGlyphs(StringW& out, const WCHAR* text, int& index)
 {
     using namespace corekit::detail;
-    const int end = CountedLength(TextLength(text));
-    if (index < 0 || index >= end) {
-        ++index;
-        return;
-    }
-    StringW keeper;
-    text = GlyphSink::KeepApart(text, out, keeper);
-    GlyphSink sink(out);
-    if (text[index] < tableEnd) {
-        index = ShapeArabicRun(sink, text, end, index, index + 1);
-    } else {
-        sink.Append(text[index++]);
-    }
+    TakeStep(out, text, index, [](GlyphSink& sink, const WCHAR* from, int end, int i) {
+        if (from[i] < tableEnd) return ShapeArabicRun(sink, from, end, i, i + 1);
+        sink.Append(from[i]);
+        return i + 1;
+    });
 }

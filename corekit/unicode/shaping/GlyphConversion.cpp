@@ -2,7 +2,9 @@
 
 #include "corekit/foundation/StringW.h"
 #include "corekit/unicode/shaping/ArabicShaping.h"
+#include "corekit/unicode/shaping/DevanagariShaping.h"
 #include "corekit/unicode/shaping/GlyphSink.h"
+#include "corekit/unicode/shaping/TamilShaping.h"
 #include "corekit/unicode/shaping/UrduIndicText.h"
 
 #include <array>
@@ -13,7 +15,7 @@ namespace {
 using namespace corekit::detail;
 
 // Which step a character goes to. The blocks of all steps begin and end at multiples of 128.
-enum class Step : unsigned char { Copy, Arabic };
+enum class Step : unsigned char { Copy, Arabic, Devanagari, Tamil };
 
 constexpr int blockBits = 7;
 
@@ -29,6 +31,8 @@ struct StepTable {
 constexpr StepTable steps = [] {
     StepTable table;
     table.Give(0x0600, 0x06FF, Step::Arabic);
+    table.Give(0x0900, 0x097F, Step::Devanagari);
+    table.Give(0x0B80, 0x0BFF, Step::Tamil);
     return table;
 }();
 
@@ -69,6 +73,12 @@ void ConvertToGlyphs(const WCHAR* text, int length, StringW& glyphs, bool system
             break;
         case Step::Arabic:
             index = ShapeArabicRun(sink, text, end, index, length);
+            break;
+        case Step::Devanagari:
+            index = ShapeDevanagariRun(sink, text, end, index, length);
+            break;
+        case Step::Tamil:
+            index = ShapeTamilRun(sink, text, end, index, length);
             break;
         }
     }

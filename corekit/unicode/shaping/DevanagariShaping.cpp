@@ -1,0 +1,279 @@
+#include "corekit/unicode/shaping/DevanagariShaping.h"
+
+#include "corekit/unicode/shaping/DevanagariBlock.h"
+#include "corekit/unicode/shaping/ShapingStep.h"
+
+namespace corekit::detail {
+
+namespace {
+
+using namespace devanagari;
+
+constexpr WCHAR virama = 0x094D;
+constexpr int longestSyllable = 24; // glyphs, with what the last list spills
+
+// The place in the text. Behind the end it sees zeros, and it never goes there.
+class Reader {
+public:
+    Reader(const WCHAR* text, int end, int index) : m_text(text), m_end(end), m_index(index) {}
+
+    int Index() const { return m_index; }
+    WCHAR Peek() const { return m_index < m_end ? m_text[m_index] : u'\0'; }
+    void Advance()
+    {
+        if (Peek()) ++m_index;
+    }
+    bool Take(WCHAR c)
+    {
+        const bool found = Peek() == c;
+        m_index += found;
+        return found;
+    }
+
+private:
+    const WCHAR* m_text;
+    int m_end, m_index;
+};
+
+unsigned ReadConsonantMarks(Reader& text)
+{
+    unsigned flags = 0;
+    while (const unsigned mark = Of(text.Peek()).mark) {
+        flags |= mark;
+        text.Advance();
+    }
+    return flags;
+}
+
+struct Consonant {
+    WCHAR code;
+    unsigned flags;
+
+    const Letter& Forms() const
+    {
+        const Character& c = Of(code);
+        return block.letters[c.kind == Kind::Consonant ? c.row : 0];
+    }
+    bool IsRa() const { return code == devanagariRa; }
+    bool Has(unsigned flag) const { return (flags & flag) != 0; }
+};
+
+// Of the two marks one is written; the full form and the half one disagree on which.
+constexpr GlyphList markOnFull[] = {{}, {anusvaraGlyph}, {candrabinduGlyph}, {candrabinduGlyph}};
+constexpr GlyphList markOnHalf[] = {{}, {anusvaraGlyph}, {candrabinduGlyph}, {anusvaraGlyph}};
+static_assert(anusvara == 2 && candrabindu == 4);
+
+WCHAR* AppendForm(WCHAR* out, const GlyphList (&form)[2], const GlyphList (&marks)[4], unsigned flags)
+{
+    const GlyphList& glyphs = form[flags & nukta];
+    out = glyphs.Put(out);
+    return flags > nukta && glyphs.Count() ? marks[flags >> 1].Put(out) : out;
+}
+WCHAR* AppendFullConsonant(WCHAR* out, const Consonant& c, unsigned flags)
+{
+    return AppendForm(out, c.Forms().full, markOnFull, flags);
+}
+WCHAR* AppendHalfConsonant(WCHAR* out, const Consonant& c)
+{
+    return AppendForm(out, c.Forms().half, markOnHalf, c.flags);
+}
+WCHAR* AppendRakarConsonant(WCHAR* out, const Consonant& c, unsigned flags)
+{
+    return AppendForm(out, c.Forms().rakar, markOnFull, flags);
+}
+WCHAR* AppendConsonantTail(WCHAR* out, const Consonant& c) { return c.Forms().tail.Put(out); }
+
+WCHAR* AppendGlyph(WCHAR* out, WCHAR glyph)
+{
+    *out = glyph;
+    return out + (glyph != 0);
+}
+
+enum class Form : unsigned char { Full, Reph, Rakar };
+
+struct Cluster {
+    Consonant consonants[3];
+    int count;
+    bool dead; // ends in a virama
+};
+
+// The consonant that ends the cluster and carries its vowel sign: under a reph, over a rakar or as it is.
+struct Base {
+    int which;
+    Form form;
+};
+
+Cluster ReadCluster(Reader& text)
+{
+    Cluster cluster{};
+    for (;;) {
+        const WCHAR code = text.Peek();
+        text.Advance();
+        cluster.consonants[cluster.count++] = {code, ReadConsonantMarks(text)};
+        if (cluster.count == 3 || !text.Take(virama)) return cluster;
+        if (Of(text.Peek()).kind != Kind::Consonant) {
+            cluster.dead = true;
+            return cluster;
+        }
+    }
+}
+
+Base BaseOf(const Cluster& cluster)
+{
+    const auto& c = cluster.consonants;
+    const int last = cluster.count - 1;
+    if (last == 0) return {0, Form::Full};
+    if (c[0].IsRa() && !cluster.dead) return {last, Form::Reph};
+    if (c[last].IsRa() && !(last == 2 && c[1].IsRa())) return {last - 1, Form::Rakar};
+    return {last, Form::Full};
+}
+
+// All before the base.
+WCHAR* AppendLead(WCHAR* out, const Cluster& cluster, Base base)
+{
+    const auto& c = cluster.consonants;
+    if (cluster.count == 3 && base.form == Form::Full && c[1].IsRa())
+        return AppendConsonantTail(AppendRakarConsonant(out, c[0], c[0].flags), c[0]);
+    for (int i = base.form == Form::Reph; i < base.which; ++i) out = AppendHalfConsonant(out, c[i]);
+    return out;
+}
+
+WCHAR* AppendBase(WCHAR* out, const Consonant& c, Form form, bool dead)
+{
+    if (form == Form::Rakar) {
+        out = AppendRakarConsonant(out, c, c.flags);
+    } else if (form == Form::Reph) {
+        out = AppendFullConsonant(out, c, c.flags & ~anusvara);
+        out = AppendGlyph(out, c.Has(anusvara) ? rephAnusvara : reph);
+    } else {
+        out = AppendFullConsonant(out, c, c.flags);
+    }
+    if (dead) out = AppendGlyph(out, viramaGlyph);
+    return AppendConsonantTail(out, c);
+}
+
+SignOn ReadSignMarks(Reader& text, const Consonant& c, Form form)
+{
+    const unsigned follows = Of(text.Peek()).mark & (anusvara | candrabindu);
+    if (form != Form::Reph) {
+        if (follows) text.Advance();
+        return static_cast<SignOn>((c.flags | follows) >> 1);
+    }
+    if (!c.Has(anusvara) && follows != anusvara) return SignOn::Reph;
+    // Where the consonant had the anusvara before its sign, this is whatever comes behind the sign.
+    text.Advance();
+    return SignOn::RephAnusvara;
+}
+static_assert(static_cast<unsigned>(SignOn::Anusvara) == anusvara >> 1 &&
+              static_cast<unsigned>(SignOn::Candrabindu) == candrabindu >> 1);
+
+WCHAR* AppendLowSign(WCHAR* out, const DevanagariLowSign& low, SignOn on, const Consonant& c, Form form)
+{
+    const GlyphList& beside = devanagariBesideLowSign[static_cast<int>(on)];
+    const unsigned nuktaOnly = c.flags & nukta;
+    if (form != Form::Rakar && c.IsRa()) {
+        out = beside.Put(AppendGlyph(out, low.onRa));
+        return AppendGlyph(out, on < SignOn::Reph ? low.raTail : low.raTailBehindReph);
+    }
+    if (form != Form::Rakar) {
+        out = AppendFullConsonant(out, c, 0);
+        out = AppendGlyph(out, nuktaOnly ? low.withNukta : low.glyph);
+    } else if (c.code == devanagariTta || c.code == devanagariDda) {
+        out = AppendGlyph(AppendFullConsonant(out, c, nuktaOnly), low.withRakar);
+    } else {
+        out = AppendGlyph(AppendRakarConsonant(out, c, nuktaOnly), low.glyph);
+    }
+    return AppendConsonantTail(beside.Put(out), c);
+}
+
+// The base with its vowel sign, which the text is at. `start` is where the syllable begins; room for a sign
+// that goes there has been left.
+WCHAR* AppendMatra(WCHAR* out, WCHAR* start, Reader& text, const Consonant& c, Form form)
+{
+    const int which = text.Peek() - firstSign;
+    text.Advance();
+    const SignOn on = ReadSignMarks(text, c, form);
+    const DevanagariSign* sign = block.signs[which];
+    if (!sign) return AppendLowSign(out, devanagariLowSigns[which - (firstLowSign - firstSign)], on, c, form);
+
+    const GlyphList& glyphs = sign->glyphs[static_cast<int>(on)];
+    const unsigned nuktaOnly = c.flags & nukta;
+    out = form == Form::Rakar ? AppendRakarConsonant(out, c, nuktaOnly)
+                              : AppendFullConsonant(out, c, nuktaOnly);
+    if (sign->place == SignPlace::BeforeTail) return AppendConsonantTail(glyphs.Put(out), c);
+    out = AppendConsonantTail(out, c);
+    if (sign->place == SignPlace::BehindTail) return glyphs.Put(out);
+    *start = glyphs[0];
+    return out;
+}
+
+constexpr WCHAR signFirst = 0x093F;
+
+WCHAR* AppendCluster(WCHAR* out, Reader& text)
+{
+    const Cluster cluster = ReadCluster(text);
+    const Base base = BaseOf(cluster);
+    const Consonant& c = cluster.consonants[base.which];
+    const WCHAR sign = text.Peek();
+    if (cluster.dead || !IsDevanagariMatra(sign))
+        return AppendBase(AppendLead(out, cluster, base), c, base.form, cluster.dead);
+    WCHAR* const start = out;
+    if (sign == signFirst) ++out;
+    return AppendMatra(AppendLead(out, cluster, base), start, text, c, base.form);
+}
+
+WCHAR* AppendVowel(WCHAR* out, Reader& text, const DevanagariVowel& vowel)
+{
+    text.Advance();
+    if (text.Take(0x0901)) return vowel.withCandrabindu.Put(out);
+    if (text.Take(0x0902)) return vowel.withAnusvara.Put(out);
+    return vowel.plain.Put(out);
+}
+
+// `end` is where the text can be read no further.
+int ShapeSyllable(GlyphSink& sink, const WCHAR* text, int end, int index)
+{
+    Reader reader(text, end, index);
+    WCHAR* out = sink.Room(longestSyllable);
+    const Character& first = Of(reader.Peek());
+    if (first.kind == Kind::Single) {
+        reader.Advance();
+        sink.Commit(AppendGlyph(out, devanagariSingles[first.row].glyph));
+    } else if (first.kind == Kind::Vowel) {
+        sink.Commit(AppendVowel(out, reader, devanagariVowels[first.row]));
+    } else {
+        sink.Commit(AppendCluster(out, reader));
+    }
+    return reader.Index();
+}
+
+} // namespace
+
+int ShapeDevanagariRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit)
+{
+    // Behind a zero within the text only the limit is known.
+    const int readable = index < end ? end : limit;
+    do {
+        index = ShapeSyllable(sink, text, readable, index);
+    } while (index < limit && text[index] - blockStart < blockSize);
+    return index;
+}
+
+} // namespace corekit::detail
+
+void ConvertDevanagariSyllable(StringW& out, const WCHAR* text, int& index)
+{
+    corekit::detail::TakeStep(out, text, index, corekit::detail::ShapeSyllable);
+}
+
+bool IsDevanagariConsonant(WCHAR c)
+{
+    using namespace corekit::detail::devanagari;
+    return Of(c).kind == Kind::Consonant;
+}
+
+bool IsDevanagariMatra(WCHAR c)
+{
+    using namespace corekit::detail::devanagari;
+    return c >= firstSign && c <= lastSign;
+}

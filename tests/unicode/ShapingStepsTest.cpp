@@ -1,0 +1,152 @@
+#include "ShapingSteps.h"
+#include "corekit/unicode/shaping/GlyphConversion.h"
+#include "TabbedCases.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+
+std::u16string Convert(const std::u16string& text, int length = -1)
+{
+    StringW glyphs;
+    ConvertToGlyphs(text.c_str(), length, glyphs, false);
+    return Units(glyphs);
+}
+
+class StepsFromTheTable : public testing::TestWithParam<const char*> {};
+
+// A step takes exactly the characters of its piece of the line, and one conversion gives all pieces.
+TEST_P(StepsFromTheTable, TakeAndGive)
+{
+    const auto cases = TabbedCases(std::string(TEST_DATA "/") + GetParam());
+    ASSERT_GT(cases.size(), 50U) << "the table was not read";
+    for (const auto& fields : cases) {
+        ASSERT_GE(fields.size(), 2U);
+        const auto pieces = Split(fields[0], '/'), given = Split(fields[1], '/');
+        ASSERT_EQ(pieces.size(), given.size()) << fields[0];
+        std::u16string text, glyphs;
+        for (const std::string& piece : pieces) text += FromHex(piece);
+        int index = 0, taken = 0;
+        for (std::size_t i = 0; i < pieces.size(); ++i) {
+            const std::u16string expected = FromHex(given[i]);
+            EXPECT_EQ(TakeShapingStep(text.c_str(), index), expected) << fields[0] << ", piece " << i + 1;
+            EXPECT_EQ(index, taken += static_cast<int>(FromHex(pieces[i]).size())) << fields[0];
+            glyphs += expected;
+        }
+        EXPECT_EQ(Convert(text), glyphs) << fields[0];
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Indic, StepsFromTheTable,
+                         testing::Values("devanagari_shaping.tsv", "tamil_shaping.tsv"));
+
+// Letters, joiners and marks of all blocks crowd together, with what belongs to none among them.
+std::u16string RandomText(std::mt19937& random)
+{
+    constexpr char16_t often[] = {0x094D, 0x0930, 0x0902, 0x093C, 0x093F, 0x0915, 0x0BCD, 0x0B95,
+                                  0x0BB7, 0x0BB0, 0x0BC0, 0x0BBE, 0x09CD, 0x09B0, 0x0644, 0x0627,
+                                  u' ',   0xD800, 0xDC00, 0xFFFF, 0xE2FF, 0xE045};
+    std::u16string text;
+    for (unsigned length = random() % 20; text.size() < length;) {
+        const ShapingStep& block = shapingSteps[random() % std::size(shapingSteps)];
+        text += random() % 2
+                    ? often[random() % std::size(often)]
+                    : static_cast<char16_t>(block.first + random() % (block.last - block.first + 1U));
+    }
+    return text;
+}
+
+TEST(ShapingSteps, OneCallGivesTheSameAsAllSteps)
+{
+    std::mt19937 random(77);
+    for (int round = 0; round < 50000; ++round) {
+        const std::u16string text = RandomText(random);
+        const int length = static_cast<int>(text.size()), half = length / 2;
+        std::u16string whole, prefix;
+        for (int index = 0; index < length;) {
+            const int from = index;
+            const std::u16string glyphs = TakeShapingStep(text.c_str(), index);
+            ASSERT_GT(index, from) << testing::PrintToString(text);
+            whole += glyphs;
+            if (from < half) prefix += glyphs;
+        }
+        ASSERT_EQ(Convert(text), whole) << testing::PrintToString(text);
+        ASSERT_EQ(Convert(text, half), prefix) << testing::PrintToString(text);
+    }
+}
+
+TEST(ShapingSteps, AnIndexOutsideTheTextGivesNothing)
+{
+    const std::u16string text = u"\u0915\u0BBE";
+    for (const ShapingStep& step : shapingSteps)
+        for (int index : {-1, 2, 3}) {
+            StringW out(u"x");
+            const int from = index;
+            step.take(out, text.c_str(), index);
+            EXPECT_EQ(index, from + 1);
+            EXPECT_EQ(Units(out), u"x");
+        }
+}
+
+// Behind a zero within the length the text ends where the length does: nothing follows to shape by.
+TEST(ShapingSteps, TextBehindAZeroEndsWithTheLength)
+{
+    const char16_t text[] = {u'a', 0, 0x0915, 0x094D, 0x0937, 0x0BA8, 0x0B82};
+    StringW glyphs;
+    ConvertToGlyphs(text, 4, glyphs, false);
+    EXPECT_EQ(Units(glyphs), std::u16string(u"a\0\uE045\uE0C2\uE0F2", 5));
+    ConvertToGlyphs(text + 1, 6, glyphs = StringW(), false);
+    EXPECT_EQ(Units(glyphs), std::u16string(u"\0\uE043\uE0B9\uE0C9\uE2EF\u0020\u0020", 7))
+        << "Tamil signs are looked for up to the zero only";
+}
+
+TEST(ShapingSteps, CostsAreLinearOnHostileTexts)
+{
+    for (const std::u16string pattern :
+         {u"\u0902", u"\u0915\u0902", u"\u0915\u094D", u"\u094D", u"\u0930\u094D\u0915\u0902\u093F",
+          u"\u0BBE", u"\u0B95\u0BCD\u0BB7\u0BCB", u"\u0934\u0949"}) {
+        std::u16string text;
+        while (text.size() < 500'000) text += pattern;
+        EXPECT_LE(Convert(text).size(), 3 * text.size());
+    }
+}
+
+TEST(TamilGlyphs, ColumnsAndSigns)
+{
+    EXPECT_EQ(TamilBaseGlyph(0x0020), 0x0020);
+    EXPECT_EQ(TamilBaseGlyph(0x0B96), 0);
+    EXPECT_EQ(TamilSignIGlyph(0x0B95), 0xE241);
+    EXPECT_EQ(TamilSignIIGlyph(0x0BB9), 0xE271);
+    EXPECT_EQ(TamilSignUGlyph(0x0B9C), 0);
+    EXPECT_EQ(TamilSignUUGlyph(0x0BA9), 0xE2DB);
+    EXPECT_EQ(TamilViramaGlyph(0x0BB1), 0xE29F);
+    EXPECT_EQ(TamilAnusvaraGlyph(0x0BAF), 0xE2D0);
+
+    StringW out;
+    int index = 5;
+    EXPECT_FALSE(ConvertTamilConsonantSign(0x0B95, 0x0B95, 0, 0, out, index));
+    EXPECT_FALSE(ConvertTamilConsonantSign(0x0B96, 0x0BBE, 0, 0, out, index));
+    EXPECT_FALSE(ConvertTamilConsonantSign(0x0B95, 0, 0x0BBE, 0, out, index));
+    EXPECT_EQ(index, 5);
+    EXPECT_TRUE(ConvertTamilConsonantSign(0x0020, 0x0BCC, 0, 0, out, index));
+    EXPECT_EQ(index, 7);
+    EXPECT_EQ(Units(out), u"\uE2AA \uE2F7");
+    ConvertTamilKssaSign(0x0B82, out = StringW(), index);
+    EXPECT_EQ(index, 10);
+    ConvertTamilKssaSign(0x0BCA, out, index);
+    EXPECT_EQ(index, 14);
+    EXPECT_EQ(Units(out), u"\uE2FE\uE2AA\uE2FE\uE2A3");
+}
+
+TEST(DevanagariClasses, EndsOfTheRanges)
+{
+    for (const WCHAR c : {0x0915, 0x0939, 0x0958, 0x095F, 0x097C, 0x097F})
+        EXPECT_TRUE(IsDevanagariConsonant(c)) << std::hex << int{c};
+    for (const WCHAR c : {0x0914, 0x093A, 0x0957, 0x0960, 0x097B, 0x0980, 0x0015})
+        EXPECT_FALSE(IsDevanagariConsonant(c)) << std::hex << int{c};
+    for (const WCHAR c : {0x093E, 0x0945, 0x094C}) EXPECT_TRUE(IsDevanagariMatra(c)) << std::hex << int{c};
+    for (const WCHAR c : {0x093D, 0x094D}) EXPECT_FALSE(IsDevanagariMatra(c)) << std::hex << int{c};
+}
+
+} // namespace
