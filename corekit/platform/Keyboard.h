@@ -1,8 +1,43 @@
-// Keys by number and by name, on the United States layout.
+// The keyboard: keys by number and by name on the United States layout, and which of them are down.
+//
+// What is down is told to each thread separately: the thread that receives the keys keeps its own record.
 #pragma once
 
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
+
+// A keyboard layout of the platform; the low word of its value is its language.
+using HKL = struct HKL__*;
+
+// ---- Virtual keys. Letters and digits are their ASCII capitals and digits.
+inline constexpr int VK_BACK = 0x08;
+inline constexpr int VK_RETURN = 0x0D;
+inline constexpr int VK_SHIFT = 0x10;
+inline constexpr int VK_CONTROL = 0x11;
+inline constexpr int VK_MENU = 0x12; // Alt
+inline constexpr int VK_CAPITAL = 0x14;
+inline constexpr int VK_SPACE = 0x20;
+inline constexpr int VK_LEFT = 0x25;
+inline constexpr int VK_RIGHT = 0x27;
+inline constexpr int VK_NUMPAD0 = 0x60; // to 0x69
+inline constexpr int VK_LSHIFT = 0xA0;
+inline constexpr int VK_RSHIFT = 0xA1;
+inline constexpr int VK_LCONTROL = 0xA2;
+inline constexpr int VK_RCONTROL = 0xA3;
+inline constexpr int VK_LMENU = 0xA4;
+inline constexpr int VK_RMENU = 0xA5;      // right Alt
+inline constexpr int VK_OEM_1 = 0xBA;      // ;
+inline constexpr int VK_OEM_PLUS = 0xBB;   // =
+inline constexpr int VK_OEM_COMMA = 0xBC;  // ,
+inline constexpr int VK_OEM_MINUS = 0xBD;  // -
+inline constexpr int VK_OEM_PERIOD = 0xBE; // .
+inline constexpr int VK_OEM_2 = 0xBF;      // /
+inline constexpr int VK_OEM_3 = 0xC0;      // `, the apostrophe on the British layout
+inline constexpr int VK_OEM_4 = 0xDB;      // [
+inline constexpr int VK_OEM_5 = 0xDC;      // backslash
+inline constexpr int VK_OEM_6 = 0xDD;      // ]
+inline constexpr int VK_OEM_7 = 0xDE;      // ', the number sign on the British layout
+inline constexpr int VK_OEM_8 = 0xDF;      // ` on the British layout
 
 // What ACCEL::fVirt says.
 inline constexpr BYTE FVIRTKEY = 1; // the key is a virtual key, else a character
@@ -18,3 +53,23 @@ COREKIT_API UINT MapVirtualKeyA(UINT code, UINT type);
 // The name of the key whose scan code is in bits 16 to 23, of the extended one where bit 24 is set and there
 // is one. At most size - 1 characters and a terminator; how many, 0 for a key without a name.
 COREKIT_API int GetKeyNameTextA(LONG param, char* buffer, int size);
+
+// ---- Key state, 256 bytes for the virtual keys: the top bit is set while a key is down, the lowest one
+// changes with each press.
+
+// The byte of one key, its top bit moved to the result's; 0 for a number outside 0 to 255.
+COREKIT_API SHORT GetKeyState(int virtualKey);
+// All of them; false with ERROR_INVALID_PARAMETER for a null pointer.
+COREKIT_API BOOL GetKeyboardState(BYTE* state);
+COREKIT_API BOOL SetKeyboardState(const BYTE* state);
+
+enum class KeyMotion { up, down };
+// Brings the state up to date with one motion of a key, as whoever receives the keys does. The keys Shift,
+// Ctrl and Alt follow their left and right ones. A number outside 0 to 255 is disregarded.
+COREKIT_API void RecordKeyMotion(int virtualKey, KeyMotion motion);
+
+// What a key types on the United States layout in the given state. Stores up to `size` units without a
+// terminator and returns how many; 0 for a key that types nothing, and for a null pointer. `scanCode` and
+// `flags` have no meaning here.
+COREKIT_API int ToUnicode(UINT virtualKey, UINT scanCode, const BYTE* state, WCHAR* text, int size,
+                          UINT flags);
