@@ -1,0 +1,16 @@
+// "Welsh (Internal)": the letters with a circumflex and two with a diaeresis on right Alt, or Ctrl and Alt. All
+// else is left to the platform, which is asked to stay on English (U.K.).
+#pragma once
+
+#include "corekit/unicode/ui/keyboards/KBLayout.h"
+
+class COREKIT_API KBT_Welsh : public CKBLayout {
+    DECLARE_DYNAMIC(KBT_Welsh)
+    KBT_Welsh();
+
+    void Activate() override;
+    void Deactivate() override {}
+    // Capitals with Shift, but not while the Caps Lock key is held down.
+    int TranslateKey(MSG* message) override;
+    HKL GetLayoutHandle() const override { return nullptr; }
+};
