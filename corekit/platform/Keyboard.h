@@ -67,9 +67,3 @@ enum class KeyMotion { up, down };
 // Brings the state up to date with one motion of a key, as whoever receives the keys does. The keys Shift,
 // Ctrl and Alt follow their left and right ones. A number outside 0 to 255 is disregarded.
 COREKIT_API void RecordKeyMotion(int virtualKey, KeyMotion motion);
-
-// What a key types on the United States layout in the given state. Stores up to `size` units without a
-// terminator and returns how many; 0 for a key that types nothing, and for a null pointer. `scanCode` and
-// `flags` have no meaning here.
-COREKIT_API int ToUnicode(UINT virtualKey, UINT scanCode, const BYTE* state, WCHAR* text, int size,
-                          UINT flags);

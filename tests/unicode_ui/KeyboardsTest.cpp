@@ -1,0 +1,209 @@
+// What keyboards type, from a table of cases: keyboards.tsv.
+#include "corekit/platform/Keyboard.h"
+#include "corekit/platform/Messages.h"
+#include "corekit/unicode/ui/keyboards/KBT_Devanagari.h"
+#include "corekit/unicode/ui/keyboards/KBT_Welsh.h"
+#include "corekit/unicode/ui/keyboards/SystemKeyboard.h"
+#include "corekit/unicode/ui/keyboards/TableKeyboard.h"
+#include "corekit/unicode/ui/keyboards/Typist.h"
+
+#include <array>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <map>
+#include <memory>
+#include <sstream>
+#include <vector>
+
+namespace {
+
+HKL Layout(UINT_PTR value) { return reinterpret_cast<HKL>(value); }
+
+std::vector<std::unique_ptr<CKBLayout>> AllKeyboards()
+{
+    std::vector<std::unique_ptr<CKBLayout>> all;
+    all.push_back(std::make_unique<KBT_Devanagari>(0));
+    all.push_back(std::make_unique<KBT_Devanagari>(1));
+    all.push_back(std::make_unique<KBT_Bengali>());
+    all.push_back(std::make_unique<KBT_Persian>());
+    all.push_back(std::make_unique<KBT_Arabic>());
+    all.push_back(std::make_unique<KBT_Urdu>());
+    all.push_back(std::make_unique<KBT_UrduIndian>());
+    all.push_back(std::make_unique<KBT_Hebrew>());
+    all.push_back(std::make_unique<KBT_Welsh>());
+    all.push_back(std::make_unique<KBT_Tamil>());
+    all.push_back(std::make_unique<KBT_BengaliInscript>());
+    all.push_back(std::make_unique<KBT_Assamme>());
+    all.push_back(std::make_unique<KBT_ThaiExtension>(Layout(0x041E041E)));
+    all.push_back(std::make_unique<KBT_PortugueseExtension>(Layout(0x0416)));
+    all.push_back(std::make_unique<CSystemKeyboard>(Layout(0x0409)));
+    return all;
+}
+
+std::vector<std::string> Split(const std::string& text, char separator)
+{
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, separator);) parts.push_back(part);
+    return parts;
+}
+
+KeyStroke Stroke(const std::string& text)
+{
+    KeyStroke stroke;
+    for (const std::string& part : Split(text, '+')) {
+        if (part == "shift")
+            stroke.shift = true;
+        else if (part == "ctrl")
+            stroke.ctrl = true;
+        else if (part == "alt")
+            stroke.alt = true;
+        else if (part == "altgr")
+            stroke.rightAlt = true;
+        else
+            stroke.key = part.size() == 1 ? part[0] : std::stoi(part, nullptr, 16);
+    }
+    return stroke;
+}
+
+std::string Told(const Typist::Typed& typed)
+{
+    if (!typed.consumed) return typed.characters.empty() ? "pass" : "types, but passes";
+    std::string told;
+    for (const char16_t c : typed.characters) {
+        char code[8];
+        std::snprintf(code, sizeof code, "%04X", static_cast<unsigned>(c));
+        told += (told.empty() ? "" : "+") + std::string(code);
+    }
+    return told.empty() ? "-" : told;
+}
+
+TEST(Keyboards, TypeWhatTheTableSays)
+{
+    std::map<std::string, std::unique_ptr<CKBLayout>> keyboards;
+    for (auto& keyboard : AllKeyboards()) {
+        const std::string name = keyboard->GetName().GetString();
+        EXPECT_TRUE(keyboards.emplace(name, std::move(keyboard)).second) << name;
+    }
+    std::ifstream file(TEST_DATA "/keyboards.tsv");
+    int rows = 0;
+    for (std::string line; std::getline(file, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        const auto cells = Split(line, '\t');
+        ASSERT_EQ(cells.size(), 3u) << line;
+        ASSERT_TRUE(keyboards.contains(cells[0])) << line;
+        Typist(*keyboards["Devanagari - Std (Internal)"]).Press({.key = VK_SPACE}); // a word's start
+        Typist typist(*keyboards[cells[0]]);
+        std::string typed;
+        for (const std::string& stroke : Split(cells[1], ' '))
+            typed += (typed.empty() ? "" : " ") + Told(typist.Press(Stroke(stroke)));
+        EXPECT_EQ(typed, cells[2]) << line;
+        ++rows;
+    }
+    EXPECT_GT(rows, 60);
+}
+
+TEST(Keyboards, DevanagariRemembersTheConsonantForBothInstances)
+{
+    KBT_Devanagari standard(0), alternate(1);
+    Typist(standard).Press({.key = 'K'});
+    EXPECT_EQ(Typist(alternate).Press({.key = 'E'}).characters, u"\u093E");
+    EXPECT_EQ(Typist(standard).Press({.key = 'E'}).characters, u"\u0906");
+}
+
+TEST(Keyboards, HeldCapsLockMakesWelshLettersSmall)
+{
+    KBT_Welsh welsh;
+    Typist typist(welsh);
+    RecordKeyMotion(VK_CAPITAL, KeyMotion::down);
+    EXPECT_EQ(typist.Press({.key = 'W', .shift = true, .rightAlt = true}).characters, u"\u0175");
+    RecordKeyMotion(VK_CAPITAL, KeyMotion::up); // on, but not held
+    EXPECT_EQ(typist.Press({.key = 'W', .shift = true, .rightAlt = true}).characters, u"\u0174");
+    EXPECT_EQ(typist.Press({.key = 'W', .rightAlt = true}).characters, u"\u0175");
+}
+
+TEST(Keyboards, TellWhatTheyAre)
+{
+    struct {
+        const char* name;
+        WORD locale;
+        int codePage;
+        CRuntimeClass* record;
+    } const facts[] = {
+        {"Devanagari - Std (Internal)", 513, 0, RUNTIME_CLASS(KBT_Devanagari)},
+        {"Devanagari - Alt 1 (Internal)", 513, 0, RUNTIME_CLASS(KBT_Devanagari)},
+        {"Bengali (Internal)", 514, 0, RUNTIME_CLASS(KBT_Bengali)},
+        {"Persian (Internal)", 516, 0, RUNTIME_CLASS(KBT_Persian)},
+        {"Arabic (Internal)", 1025, 1256, RUNTIME_CLASS(KBT_Arabic)},
+        {"Urdu (Internal)", 1056, 0, RUNTIME_CLASS(KBT_Urdu)},
+        {"Indic Urdu", 1056, 0, RUNTIME_CLASS(KBT_UrduIndian)},
+        {"Hebrew (Internal)", 1037, 0, RUNTIME_CLASS(KBT_Hebrew)},
+        {"Welsh (Internal)", 515, 1252, RUNTIME_CLASS(KBT_Welsh)},
+        {"Tamil", 517, 0, RUNTIME_CLASS(KBT_Tamil)},
+        {"Bengali Inscript", 514, 0, RUNTIME_CLASS(KBT_BengaliInscript)},
+        {"Assamese", 514, 0, RUNTIME_CLASS(KBT_Assamme)},
+        {"Thai", 0x041E, 874, RUNTIME_CLASS(KBT_ThaiExtension)},
+        {"Portuguese", 0x0416, 1252, RUNTIME_CLASS(KBT_PortugueseExtension)},
+        {"English", 0x0409, 1252, RUNTIME_CLASS(CSystemKeyboard)},
+    };
+    const auto all = AllKeyboards();
+    ASSERT_EQ(all.size(), std::size(facts));
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const CKBLayout& keyboard = *all[i];
+        EXPECT_STREQ(keyboard.GetName(), facts[i].name);
+        EXPECT_EQ(keyboard.GetLocale(), facts[i].locale) << facts[i].name;
+        EXPECT_EQ(keyboard.GetCodePage(), facts[i].codePage) << facts[i].name;
+        EXPECT_TRUE(keyboard.IsEnabled());
+        EXPECT_EQ(keyboard.GetRuntimeClass(), facts[i].record) << facts[i].name;
+        EXPECT_TRUE(keyboard.IsKindOf(RUNTIME_CLASS(CKBLayout)));
+    }
+    EXPECT_EQ(all[12]->GetLayoutHandle(), Layout(0x041E041E));
+    EXPECT_EQ(all[0]->GetLayoutHandle(), nullptr);
+    all[0]->SetEnabled(FALSE);
+    EXPECT_FALSE(all[0]->IsEnabled());
+
+    const CSystemKeyboard unknown(Layout(0x03FF));
+    EXPECT_STREQ(unknown.GetName(), "");
+    EXPECT_EQ(unknown.GetCodePage(), 0);
+}
+
+// Every key and many that are none, in every state: a message that is not consumed is not touched, and each
+// character that is sent is final and within 16 bits.
+TEST(Keyboards, AnyMessageIsSafe)
+{
+    int sent = 0;
+    const MessageWindow window([&sent](const MSG& message) -> LRESULT {
+        EXPECT_EQ(message.message, WM_CHAR);
+        EXPECT_EQ(message.wParam & ~WPARAM{0xFFFF}, finalCharacterMark);
+        EXPECT_NE(LOWORD(message.wParam), 0);
+        ++sent;
+        return 0;
+    });
+    std::vector<WPARAM> keys{~WPARAM{0}, WPARAM{1} << 63, 0x80000041, 0x100000041, 0x10041};
+    for (WPARAM key = 0; key < 0x200; ++key) keys.push_back(key);
+    const auto all = AllKeyboards();
+    for (int held = 0; held < 16; ++held) {
+        std::array<BYTE, 256> state{};
+        state[VK_SHIFT] = held & 1 ? 0x80 : 0;
+        state[VK_CONTROL] = held & 2 ? 0x80 : 0;
+        state[VK_MENU] = held & 4 ? 0x80 : 0;
+        state[VK_RMENU] = held & 8 ? 0x80 : 0;
+        ASSERT_TRUE(SetKeyboardState(state.data()));
+        for (const auto& keyboard : all)
+            for (const WPARAM key : keys)
+                for (const LPARAM lParam : {LPARAM{0}, LPARAM{-1}}) {
+                    MSG message{window.GetSafeHwnd(), WM_KEYDOWN, key, lParam, 0, {}};
+                    if (keyboard->TranslateKey(&message) > 0) {
+                        ASSERT_LT(key, 0xE0u);
+                    } else {
+                        ASSERT_TRUE(message.message == WM_KEYDOWN && message.wParam == key);
+                    }
+                    ASSERT_EQ(message.lParam, lParam);
+                }
+    }
+    for (const auto& keyboard : all) EXPECT_EQ(keyboard->TranslateKey(nullptr), 0);
+    EXPECT_GT(sent, 1000);
+    SetKeyboardState(std::array<BYTE, 256>{}.data());
+}
+
+} // namespace
