@@ -68,6 +68,7 @@
 #include "corekit/platform/Libraries.h"
 #include "corekit/platform/Locale.h"
 #include "corekit/platform/Memory.h"
+#include "corekit/platform/Messages.h"
 #include "corekit/platform/Overlapped.h"
 #include "corekit/platform/Profiles.h"
 #include "corekit/platform/Registry.h"

@@ -4,8 +4,8 @@
 
 #include "corekit/unicode/ui/keyboards/KBLayout.h"
 
-// "Devanagari - Std (Internal)" or, with `alternate` not 0, "Devanagari - Alt 1 (Internal)", where Y keeps to its two
-// letters and the keys 0xC0 and 0xDE change places.
+// "Devanagari - Std (Internal)" or, with `alternate` not 0, "Devanagari - Alt 1 (Internal)", where Y keeps to
+// its two letters and the keys 0xC0 and 0xDE change places.
 //
 // Whether the last key left a consonant that can take a sign is remembered once for the process, whichever
 // of the keyboards was used, and nothing but keys changes it.

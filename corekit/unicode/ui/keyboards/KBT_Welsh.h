@@ -1,5 +1,5 @@
-// "Welsh (Internal)": the letters with a circumflex and two with a diaeresis on right Alt, or Ctrl and Alt. All
-// else is left to the platform, which is asked to stay on English (U.K.).
+// "Welsh (Internal)": the letters with a circumflex and two with a diaeresis on right Alt, or Ctrl and Alt.
+// All else is left to the platform, which is asked to stay on English (U.K.).
 #pragma once
 
 #include "corekit/unicode/ui/keyboards/KBLayout.h"

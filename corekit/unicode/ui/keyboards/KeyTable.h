@@ -1,7 +1,7 @@
 // A keyboard's table of keys, made at compile time from text that is laid out like the keyboard.
 //
-// The text is a list of rows. A row begins with the line `key` and the virtual keys, a letter or digit as such
-// and any other in two hexadecimal digits; lines for the states follow, one cell below each key:
+// The text is a list of rows. A row begins with the line `key` and the virtual keys, a letter or digit as
+// such and any other in two hexadecimal digits; lines for the states follow, one cell below each key:
 //
 //     key    Q     W     E
 //     plain  0636  0635  062B
@@ -14,7 +14,9 @@
 
 #include "corekit/platform/Types.h"
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <stdexcept>
 #include <string_view>

@@ -35,7 +35,8 @@ class COREKIT_API KBT_PortugueseExtension : public corekit::detail::PlatformKeyb
     explicit KBT_PortugueseExtension(HKL layout) : PlatformKeyboard(layout) {}
 };
 
-// Thai, 0x41E: Ctrl and the space bar type the control code U+F103 of the text, Shift and the space bar U+F105.
+// Thai, 0x41E: Ctrl and the space bar type the control code U+F103 of the text, Shift and the space bar
+// U+F105.
 class COREKIT_API KBT_ThaiExtension : public corekit::detail::PlatformKeyboard {
     DECLARE_DYNAMIC(KBT_ThaiExtension)
     explicit KBT_ThaiExtension(HKL layout) : PlatformKeyboard(layout) {}

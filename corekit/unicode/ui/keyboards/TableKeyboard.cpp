@@ -31,8 +31,7 @@ KBT_Hebrew::KBT_Hebrew() : TableKeyboard("Hebrew (Internal)", 1037, 0, hebrew) {
 KBT_Persian::KBT_Persian() : TableKeyboard("Persian (Internal)", 516, 0, persian) {}
 KBT_Tamil::KBT_Tamil() : TableKeyboard("Tamil", 517, 0, tamil) {}
 KBT_Urdu::KBT_Urdu() : TableKeyboard("Urdu (Internal)", 1056, 0, urdu, CtrlRule::typesWithShift) {}
-KBT_UrduIndian::KBT_UrduIndian()
-    : TableKeyboard("Indic Urdu", 1056, 0, urduIndian, CtrlRule::typesWithShift)
+KBT_UrduIndian::KBT_UrduIndian() : TableKeyboard("Indic Urdu", 1056, 0, urduIndian, CtrlRule::typesWithShift)
 {
 }
 

@@ -47,8 +47,9 @@ Typist::Typed Typist::Press(const KeyStroke& stroke)
     message.hwnd = m_window.GetSafeHwnd();
     message.message = WM_KEYDOWN;
     message.wParam = static_cast<WPARAM>(stroke.key);
-    message.lParam = once | static_cast<LPARAM>(MapVirtualKeyA(static_cast<UINT>(stroke.key), MAPVK_VK_TO_VSC))
-                                << scanCodePlace;
+    message.lParam =
+        once | static_cast<LPARAM>(MapVirtualKeyA(static_cast<UINT>(stroke.key), MAPVK_VK_TO_VSC))
+                   << scanCodePlace;
     m_arrived.clear();
     const bool consumed = m_keyboard.TranslateKey(&message) > 0;
     return {consumed, std::exchange(m_arrived, {})};

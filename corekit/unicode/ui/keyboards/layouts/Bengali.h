@@ -1,7 +1,7 @@
 // Bengali as typists in Bangladesh have it: G links consonants, and with a vowel sign makes the vowel.
 //
-// Signs before a consonant are typed before it. The space bar is the separator U+09FF; a candrabindu is U+09FA
-// and a danda U+09F7, which are what the shaping shows as such.
+// Signs before a consonant are typed before it. The space bar is the separator U+09FF; a candrabindu is
+// U+09FA and a danda U+09F7, which are what the shaping shows as such.
 #pragma once
 
 #include "corekit/unicode/ui/keyboards/KeyTable.h"

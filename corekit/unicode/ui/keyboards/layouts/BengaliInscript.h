@@ -1,8 +1,8 @@
 // Bengali by the Indian standard (INSCRIPT), on a British keyboard.
 //
-// The signs e and ai, the letter ba that joins below, the vowel r, candrabindu, danda and the conjuncts of the
-// digit row have the private codes that the shaping knows them by. Keys of letters that Bengali lacks type
-// nothing.
+// The signs e and ai, the letter ba that joins below, the vowel r, candrabindu, danda and the conjuncts of
+// the digit row have the private codes that the shaping knows them by. Keys of letters that Bengali lacks
+// type nothing.
 #pragma once
 
 #include "corekit/unicode/ui/keyboards/KeyTable.h"

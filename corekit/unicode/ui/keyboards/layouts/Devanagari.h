@@ -1,5 +1,5 @@
-// Devanagari by the Indian standard (INSCRIPT), on a British keyboard, with European digits and conjuncts above
-// them.
+// Devanagari by the Indian standard (INSCRIPT), on a British keyboard, with European digits and conjuncts
+// above them.
 //
 // The second table has the keys that type something else after a consonant: the signs in place of the vowels.
 #pragma once

@@ -1,4 +1,5 @@
-// Tamil by the Indian standard (INSCRIPT), on a British keyboard, with European digits and conjuncts above them.
+// Tamil by the Indian standard (INSCRIPT), on a British keyboard, with European digits and conjuncts above
+// them.
 //
 // Keys of letters that Tamil lacks type nothing.
 #pragma once
