@@ -8,6 +8,7 @@
 #include "corekit/unicode/ui/AvailableLocales.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
 #include "corekit/unicode/ui/FontSignature.h"
+#include "corekit/unicode/ui/keyboards/KBLayout.h"
 
 #include <algorithm>
 #include <cstring>
@@ -19,8 +20,6 @@ IMPLEMENT_DYNAMIC(CUnicodeManager, CObject)
 namespace {
 
 constexpr int mapBlockSize = 10;
-constexpr int defaultControlsSize = 15;
-constexpr const char* defaultControlsFace = "Arial";
 
 CString keyOf(const char* face)
 {
@@ -41,6 +40,7 @@ CUnicodeManager::~CUnicodeManager()
         m_fonts.GetNextAssoc(at, key, info);
         delete info;
     }
+    for (int i = 0; i < m_keyboards.GetSize(); ++i) delete m_keyboards.GetAt(i);
 }
 
 CUnicodeManager* CUnicodeManager::GetObjectA()
@@ -62,7 +62,8 @@ void CUnicodeManager::InternalInit()
     m_dc.Attach(CreateCompatibleDC(nullptr));
     if (!EnumFontsA(m_dc.GetSafeHdc(), nullptr, &EnumFontsCallbackHelper, reinterpret_cast<LPARAM>(this)))
         AfxThrowMemoryException();
-    SetDefaultControlsFont();
+    InitKeyboards();
+    LoadRegistryConfig();
 }
 
 int CUnicodeManager::EnumFontsCallbackHelper(const LOGFONTA* font, const TEXTMETRICA*, DWORD type,
@@ -106,21 +107,6 @@ CString CUnicodeManager::GetNextFont(POSITION& position) const
     CObject* info = nullptr;
     m_fonts.GetNextAssoc(position, key, info);
     return static_cast<CFontMapInfo*>(info)->GetFaceName();
-}
-
-void CUnicodeManager::SetDefaultControlsFont()
-{
-    m_controlsFont.Empty();
-    m_controlsFont.SetSize(defaultControlsSize);
-    m_controlsFont.AddFont(defaultControlsFace);
-}
-
-void CUnicodeManager::SetControlsFontDescriptor(const CFontDescriptor& font) { m_controlsFont = font; }
-
-void CUnicodeManager::GetControlsFontDescriptor(CFontDescriptor& font)
-{
-    if (m_controlsFont.GetCount() == 0) SetDefaultControlsFont();
-    font = m_controlsFont;
 }
 
 void CUnicodeManager::GetLocaleFontSignature(WORD locale, CFontSignature& signature) const
@@ -178,22 +164,17 @@ bool CUnicodeManager::IsCharInComplexScript(WORD c)
 
 void CUnicodeManager::ConvertToGlyphs(const WCHAR* text, int length, StringW& glyphs) const
 {
-    ::ConvertToGlyphs(text, length, glyphs, m_windowsComplexLanguage != FALSE);
+    ::ConvertToGlyphs(text, length, glyphs, m_settings.complexLanguage != FALSE);
 }
 
 WORD CUnicodeManager::OldDumbMapSpecialGlyph(WORD glyph) { return ::OldDumbMapSpecialGlyph(glyph); }
-
-BOOL CUnicodeManager::IsBIDIEnabled(BOOL forGlyphs) const
-{
-    return forGlyphs && m_windowsComplexLanguage ? FALSE : m_biDiEnabled;
-}
 
 bool CUnicodeManager::RTLSystemLocale() const { return IsLocaleRTL(LOWORD(GetSystemDefaultLCID())); }
 
 bool CUnicodeManager::IsLocaleRTL(WORD locale) const
 {
     using corekit::detail::rightToLeftLocales;
-    if (m_windowsComplexLanguage) return false;
+    if (m_settings.complexLanguage) return false;
     return std::find(std::begin(rightToLeftLocales), std::end(rightToLeftLocales), locale) !=
            std::end(rightToLeftLocales);
 }

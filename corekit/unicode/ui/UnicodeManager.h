@@ -1,21 +1,28 @@
-// The process-wide service of Unicode text: the fonts of the machine with their coverage, the settings of
-// text handling, the ranges of code points, the languages, and the road from text to glyph codes.
+// The process-wide service of Unicode text: the fonts of the machine with their coverage, the keyboards and the
+// characters that keys become, the settings of text handling, the ranges of code points, the languages, and
+// the road from text to glyph codes.
 //
 // There is one object, and it belongs to the user-interface thread; nothing here is locked. Initialise must
-// come before any other use, and the toolkit must be running by then.
+// come before any other use, and the toolkit must be running by then. The registry key
+// HKEY_LOCAL_MACHINE\Software\Corvane\Unicode Support keeps the settings, see docs/unicode-manager.md.
 #pragma once
 
 #include "corekit/foundation/StringW.h"
+#include "corekit/framework/Array.h"
 #include "corekit/framework/Map.h"
 #include "corekit/framework/Object.h"
 #include "corekit/framework/String.h"
 #include "corekit/framework/ui/DC.h"
 #include "corekit/platform/Export.h"
+#include "corekit/platform/Keyboard.h"
+#include "corekit/platform/Messages.h"
 #include "corekit/unicode/ui/FontDescriptor.h"
 #include "corekit/unicode/ui/UsbRanges.h"
 
 class CFontMapInfo;
 class CFontSignature;
+class CKBLayout;
+class CRegistryKey;
 class CStringIntArray;
 struct LOGFONTA;
 struct TEXTMETRICA;
@@ -26,8 +33,8 @@ public:
     CUnicodeManager();
     ~CUnicodeManager() override;
 
-    // The object. The first call lists the fonts and takes the default settings; the argument has no
-    // meaning. Throws CMemoryException if the fonts cannot be listed.
+    // The object. The first call lists the fonts, makes the keyboards and reads the settings; the argument has
+    // no meaning. Throws CMemoryException if the fonts cannot be listed.
     static CUnicodeManager* Initialise(BOOL unused);
     // The object, initialised or not; never null.
     static CUnicodeManager* GetObjectA();
@@ -39,7 +46,7 @@ public:
     // Walks all faces, in no order. Null when there is none or no more.
     POSITION GetFirstFontPosition() const;
     CString GetNextFont(POSITION& position) const;
-    // The font of controls; size 15 of "Arial" until one is set.
+    // The font of controls, kept in the registry; size 15 of "Arial" where none is.
     void SetControlsFontDescriptor(const CFontDescriptor& font);
     void GetControlsFontDescriptor(CFontDescriptor& font);
     // What a language needs of a font. A private language (bit 0x200) needs one range of private glyphs.
@@ -68,16 +75,78 @@ public:
     // The code point that selects a private glyph in an 8-bit font.
     static WORD OldDumbMapSpecialGlyph(WORD glyph);
 
-    // ---- Settings.
+    // ---- Messages. A host passes each message here before it translates it, or the keyboards are dead.
+    // True: the message is consumed and goes no further. Ctrl, Alt and an arrow key to the left or right switch
+    // keyboards; other keys go to the active one. Characters of two bytes in the active code page are put
+    // together and sent on with the final-character mark.
+    bool TranslateMessageHook(MSG* message);
+    bool TMH_KeyDown(MSG* message);
+    bool TMH_Char(MSG* message);
+    bool TMH_IMEChar(MSG* message);
+    // The character of a character message's wParam: the low word of a final one, else the low byte by the
+    // active code page.
+    WORD ConvertCharMessage(UINT wParam) const;
+    // For the platform's notice that the user has changed its layout: makes the keyboard of that layout the
+    // active one, unless the manager itself caused the change. Always 1.
+    BOOL HandleInputLangChange(UINT charSet, HKL layout);
+    // Whether there is a keyboard for the layout.
+    bool AllowInputLangChangeRequest(HKL layout, BOOL unused) const;
+
+    // ---- Keyboards, by index: first those of the platform's layouts in its order, then those of this library.
+    int GetKeyboardCount() const { return m_keyboards.GetSize(); }
+    CKBLayout* GetKeyboard(int index) const; // null outside the list
+    // Leaves both alone outside the list.
+    void GetKeyboardInfo(int index, CString& name, WORD& locale) const;
+    int GetActiveKeyboard() const { return m_activeKeyboard; }
+    CString GetActiveKeyboardName() const;
+    WORD GetCurrentKeyboardLocale() const;
+
+    // Off at first, and while it is off the operations below answer true and do nothing: switched on once a
+    // window is ready for keys.
+    void EnableKeyboardSwitching(BOOL enabled) { m_keyboardSwitching = enabled; }
+    // The keyboard at the index or, with `useDefault`, the default one. False if it is not enabled or there is
+    // none.
+    bool ActivateKeyboard(int index, BOOL useDefault);
+    // The next or previous enabled one, round the end; true also if there is no other.
+    bool ActivateNextKeyboard();
+    bool ActivatePrevKeyboard();
+    // The first enabled keyboard of the language, else of one of its varieties; false if there is none.
+    bool SetKeyboardFromLocale(WORD locale, BOOL useDefault);
+    // The first enabled keyboard of the language or a variety becomes the default; without one there is none.
+    void SetDefaultKeyboard(DWORD locale);
+    // The part of activating that tells both keyboards and takes the new one's code page.
+    bool ActivateLayoutCore(int index);
+    // For a keyboard of our own that becomes active: puts the platform on its layout of that language, if it
+    // has one; 0 is any language, and leaves the platform as it is.
+    void ActivateHelperKeyboard(DWORD locale);
+    static CString GetKeyboardLanguageName(HKL layout); // in English; empty for an unknown language
+    static int GetLayoutCodePage(HKL layout);           // that of the layout's language; 0 for an unknown one
+
+    // ---- Settings. Each setter writes to the registry at once; if that fails it throws CChainedException
+    // 4129 or 4131, and the setting holds for this process only.
     // With `forGlyphs`, false also while the platform handles complex languages.
     BOOL IsBIDIEnabled(BOOL forGlyphs) const;
-    void SetBIDIEnabled(BOOL enabled) { m_biDiEnabled = enabled; }
-    BOOL WindowsComplexLanguageHandlingEnabled() const { return m_windowsComplexLanguage; }
-    void SetWindowsComplexLanguageHandling(BOOL enabled) { m_windowsComplexLanguage = enabled; }
-    BOOL ExtraLineHeight() const { return m_extraLineHeight; }
-    void SetExtraLineHeight(BOOL enabled) { m_extraLineHeight = enabled; }
-    BOOL IsUnderlineSelectEnabled() const { return m_underlineSelect; }
-    void SetUnderlineSelectEnabled(BOOL enabled) { m_underlineSelect = enabled; }
+    void SetBIDIEnabled(BOOL enabled);
+    BOOL WindowsComplexLanguageHandlingEnabled() const { return m_settings.complexLanguage; }
+    void SetWindowsComplexLanguageHandling(BOOL enabled);
+    BOOL ExtraLineHeight() const { return m_settings.extraLineHeight; }
+    void SetExtraLineHeight(BOOL enabled);
+    BOOL IsUnderlineSelectEnabled() const { return m_settings.underlineSelect; }
+    void SetUnderlineSelectEnabled(BOOL enabled);
+    // Writes which keyboards are enabled, in place of all that stood there. Throws as the setters do.
+    void SaveEnabledKeyboardsConfig() const;
+    // Takes everything from the registry anew: font, settings, enabled keyboards, default keyboard. What is
+    // missing there, or of another type, gets its default; an enabled keyboard then stays so.
+    void LoadRegistryConfig();
+
+    struct Settings {
+        BOOL biDi = FALSE;
+        BOOL complexLanguage = FALSE; // the platform handles complex languages
+        BOOL extraLineHeight = FALSE;
+        BOOL underlineSelect = FALSE;
+    };
+    // Puts settings in force in this process alone; the registry keeps its own.
+    void OverrideSettings(const Settings& settings) { m_settings = settings; }
 
     // ---- Languages. No language is right to left while the platform handles complex languages.
     bool RTLSystemLocale() const;
@@ -88,7 +157,13 @@ public:
 
 private:
     void InternalInit();
-    void SetDefaultControlsFont();
+    void InitKeyboards();
+    void InitSystemKB(HKL layout);
+    int FindLayout(HKL layout) const;
+    bool SwitchTo(int index);
+    bool StepKeyboard(int step);
+    bool SendConverted(MSG& message, BYTE first, BYTE second) const;
+    void LoadControlsFont(CRegistryKey& key);
     static int EnumFontsCallbackHelper(const LOGFONTA* font, const TEXTMETRICA* metrics, DWORD type,
                                        LPARAM manager);
     int EnumFontsCallback(const LOGFONTA* font, DWORD type);
@@ -97,8 +172,12 @@ private:
     BOOL m_initialised = FALSE;
     CDC m_dc; // a memory context, to read font data
     CFontDescriptor m_controlsFont;
-    BOOL m_biDiEnabled = FALSE;
-    BOOL m_windowsComplexLanguage = FALSE;
-    BOOL m_extraLineHeight = FALSE;
-    BOOL m_underlineSelect = FALSE;
+    Settings m_settings;
+    UINT m_pendingLeadByte = 0; // the first half of a character, 0 if none
+    int m_defaultKeyboard = 0;
+    int m_activeKeyboard = 0;
+    int m_activeCodePage = 0;
+    BOOL m_keyboardSwitching = FALSE;
+    BOOL m_changingKeyboard = FALSE;
+    CArray<CKBLayout*, CKBLayout*> m_keyboards; // owned
 };
