@@ -48,7 +48,7 @@ void report(benchmark::State& state, double pixels)
 // DejaVu Sans claims Latin, Hebrew, Arabic and the presentation forms, and has them.
 void prepare(CUniRender& render, int em)
 {
-    CUnicodeManager::Initialise(TRUE)->SetBIDIEnabled(TRUE);
+    CUnicodeManager::Initialise(TRUE)->OverrideSettings({.biDi = TRUE});
     for (const char* face : {"DejaVu Sans", "Noto Sans Devanagari", "Noto Sans Bengali", "Noto Sans Tamil"})
         render.AddFont(face);
     render.Create(-em, FALSE, FALSE, FALSE);

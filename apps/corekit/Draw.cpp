@@ -172,8 +172,8 @@ void Draw(const DrawOptions& options)
     if (!StartToolkit(ToolkitDisplay::offscreen))
         throw std::runtime_error("the window toolkit does not start");
     CUnicodeManager* manager = CUnicodeManager::Initialise(FALSE);
-    manager->SetBIDIEnabled(options.bidi);
-    manager->SetWindowsComplexLanguageHandling(options.complex);
+    // A picture changes no settings of the machine.
+    manager->OverrideSettings({.biDi = options.bidi, .complexLanguage = options.complex});
     std::error_code error;
     std::filesystem::create_directories(options.folder, error);
     if (error) throw std::runtime_error("cannot make the folder " + options.folder + ": " + error.message());

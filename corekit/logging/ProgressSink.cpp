@@ -17,7 +17,10 @@ void CProgressSink::SetRange(int lower, int upper) { SetRange(this, lower, upper
 void CProgressSink::SetPos(int position) { SetPos(this, position); }
 void CProgressSink::SetStep(int step) { SetStep(this, step); }
 void CProgressSink::StepIt() { StepIt(this); }
-int CProgressSink::MessageBoxA(const char* text, unsigned int flags) { return MessageBoxA(this, text, flags); }
+int CProgressSink::MessageBoxA(const char* text, unsigned int flags)
+{
+    return MessageBoxA(this, text, flags);
+}
 int CProgressSink::MessageBoxA(unsigned int stringId, unsigned int flags)
 {
     return MessageBoxA(this, stringId, flags);

@@ -1,14 +1,13 @@
 // The keyboard layouts that the user has set up, and which of them is in force.
 //
 // On an X display they are the groups of its keyboard, at most four, which all its windows share. Where the
-// program's windows are on no X display there is one, that of the process's language. User-interface thread.
+// program's windows are on no X display there is one, that of the process's language. The low word of a
+// handle is its language, the high word tells layouts of one language apart. User-interface thread.
 #pragma once
 
 #include "corekit/platform/Export.h"
+#include "corekit/platform/Keyboard.h"
 #include "corekit/platform/Types.h"
-
-// The language in the low word; the high word tells layouts of one language apart. Not to be freed.
-using HKL = struct HKL__*;
 
 inline constexpr DWORD ERROR_INVALID_KEYBOARD_HANDLE = 1457;
 

@@ -194,6 +194,8 @@ if "$tool" --help | grep -q "^ *draw "; then
     for picture in utf8 utf16 empty; do
         head -c 8 "$scratch/pictures/$picture.png" | cmp -s - <(printf '\x89PNG\r\n\x1a\n') || fail "$picture.png is no PNG"
     done
+    # Its options are no settings of the machine.
+    is '[Enabled Keyboards]' registry list 'HKLM\Software\Corvane\Unicode Support'
 fi
 [ $failures -eq 0 ] && echo "the tool behaves"
 exit $((failures > 0))

@@ -15,8 +15,8 @@ class FontMapping : public RegistryHome {
 protected:
     void Map(const std::string& values)
     {
-        ImportRegistry("[HKLM\\Software\\Corvane\\Unicode Support\\Font Mapping\\" + std::string(face) + "]\n" +
-                       values);
+        ImportRegistry("[HKLM\\Software\\Corvane\\Unicode Support\\Font Mapping\\" + std::string(face) +
+                       "]\n" + values);
     }
     CFontSignature Loaded()
     {
@@ -49,11 +49,11 @@ TEST_F(FontMapping, UsualRulesFollowTheCustomSignature)
         DWORD custom;
         WCHAR from, to;
     } cases[] = {
-        {1, 0xE000, 0x00},     {1, 0xE0FF, 0xFF},     {1, 0xE100, 0xE100},   {2, 0xE141, 0x41},
-        {4, 0xE241, 0x41},     {4, 0xE280, 0x80},     {4, 0xE282, 0x201A},   {4, 0xE28C, 0x0152},
-        {4, 0xE28D, 0x8D},     {4, 0xE295, 0x95},     {4, 0xE296, 0x2013},   {4, 0xE29E, 0x9E},
-        {4, 0xE29F, 0x0178},   {4, 0xE2A0, 0xA0},     {8, 0xE301, 0x01},     {8, 0xE282, 0xE282},
-        {3, 0xE041, 0xE041},   {0, 0xE041, 0xE041},   {16, 0xE041, 0xE041},  {5, 0xE282, 0xE282},
+        {1, 0xE000, 0x00},   {1, 0xE0FF, 0xFF},   {1, 0xE100, 0xE100},  {2, 0xE141, 0x41},
+        {4, 0xE241, 0x41},   {4, 0xE280, 0x80},   {4, 0xE282, 0x201A},  {4, 0xE28C, 0x0152},
+        {4, 0xE28D, 0x8D},   {4, 0xE295, 0x95},   {4, 0xE296, 0x2013},  {4, 0xE29E, 0x9E},
+        {4, 0xE29F, 0x0178}, {4, 0xE2A0, 0xA0},   {8, 0xE301, 0x01},    {8, 0xE282, 0xE282},
+        {3, 0xE041, 0xE041}, {0, 0xE041, 0xE041}, {16, 0xE041, 0xE041}, {5, 0xE282, 0xE282},
     };
     for (const auto& c : cases) {
         Map(usb + "\"Custom Signature\" = number " + std::to_string(c.custom));
@@ -95,15 +95,15 @@ TEST_F(FontMapping, DetailedRulesReplaceTheUsualOnes)
 )");
     const CFontSignature signature = Loaded();
     const std::pair<WCHAR, std::u16string> cases[] = {
-        {0xE041, u"\uE041"},                  // no usual rule
-        {0x0101, u"\u0001"},                  // a zone
-        {0x0155, u"\u0145"},                  // the later of two, whatever the case of its name
-        {0x0300, u"\u0300"},                  // a zone without its offset
-        {0x0400, u"\u0400"},                  // one beyond the count
-        {0x0160, u"B"},                       // a mapping, the later of two within the count
-        {0x0170, u"\u0070"},                  // a number is not written with a zero ahead
-        {0x0161, u"ab"},                      // a string ends before the first gap
-        {0x0162, u"\u0062"},                  // one without characters leaves the zone
+        {0xE041, u"\uE041"},                // no usual rule
+        {0x0101, u"\u0001"},                // a zone
+        {0x0155, u"\u0145"},                // the later of two, whatever the case of its name
+        {0x0300, u"\u0300"},                // a zone without its offset
+        {0x0400, u"\u0400"},                // one beyond the count
+        {0x0160, u"B"},                     // a mapping, the later of two within the count
+        {0x0170, u"\u0070"},                // a number is not written with a zero ahead
+        {0x0161, u"ab"},                    // a string ends before the first gap
+        {0x0162, u"\u0062"},                // one without characters leaves the zone
         {0x0000, std::u16string(1, u'\0')}, // one without its source
     };
     for (const auto& [from, to] : cases) EXPECT_EQ(converted(signature, from), to) << std::hex << int{from};

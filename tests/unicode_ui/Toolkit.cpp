@@ -1,4 +1,5 @@
-// Fonts need the toolkit: it runs, offscreen, before any test here. The registry is not the machine's own.
+// Fonts need the toolkit: it runs, offscreen, before any test here. Registry and language are not the
+// machine's own.
 #include "corekit/platform/Toolkit.h"
 
 #include "tests/TempFolder.h"
@@ -13,6 +14,7 @@ class Offscreen : public testing::Environment {
     {
         m_home.emplace();
         setenv("COREKIT_HOME", m_home->Path().c_str(), 1);
+        setenv("LC_ALL", "C", 1);
         ASSERT_TRUE(StartToolkit(ToolkitDisplay::offscreen));
     }
     void TearDown() override { m_home.reset(); }

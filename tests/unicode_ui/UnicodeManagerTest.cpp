@@ -13,11 +13,7 @@ class UnicodeManager : public testing::Test {
 protected:
     CUnicodeManager& manager = *CUnicodeManager::Initialise(TRUE);
 
-    void TearDown() override
-    {
-        manager.SetBIDIEnabled(FALSE);
-        manager.SetWindowsComplexLanguageHandling(FALSE);
-    }
+    void TearDown() override { manager.OverrideSettings({}); }
 };
 
 // The table of ranges, searched row by row, is the rule; the flat table only makes it fast.
@@ -151,18 +147,6 @@ TEST_F(UnicodeManager, SignaturesAreWhatTheFacesClaim)
         for (const int range : f.missing)
             EXPECT_FALSE(info->GetSignature().CoversRange(range)) << f.face << range;
     }
-}
-
-TEST_F(UnicodeManager, ControlsFontIsNeverWithoutAFace)
-{
-    CFontDescriptor font;
-    manager.SetControlsFontDescriptor(CFontDescriptor());
-    manager.GetControlsFontDescriptor(font);
-    EXPECT_STREQ(font.GetCombinedString(), "15\n1\nArial\n");
-    manager.SetControlsFontDescriptor(CFontDescriptor(u"9\n1\nDejaVu Sans\n"));
-    manager.GetControlsFontDescriptor(font);
-    EXPECT_STREQ(font.GetCombinedString(), "9\n1\nDejaVu Sans\n");
-    manager.SetControlsFontDescriptor(CFontDescriptor());
 }
 
 TEST_F(UnicodeManager, PrivateLanguagesNeedTheirGlyphs)

@@ -20,8 +20,8 @@ public:
         posix_spawn_file_actions_init(&files);
         posix_spawn_file_actions_adddup2(&files, ready[1], 3);
         posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", 1, 0);
-        const char* const arguments[] = {"Xvfb",       "-displayfd", "3",   "-screen", "0",
-                                         "320x240x24", "-nolisten", "tcp", "-noreset", nullptr};
+        const char* const arguments[] = {"Xvfb",       "-displayfd", "3",   "-screen",  "0",
+                                         "320x240x24", "-nolisten",  "tcp", "-noreset", nullptr};
         if (posix_spawnp(&m_process, arguments[0], &files, nullptr, const_cast<char* const*>(arguments),
                          environ) != 0)
             m_process = 0;

@@ -41,8 +41,7 @@ bool hasGroups(xcb_connection_t* connection)
 {
     const xcb_query_extension_reply_t* extension = xcb_get_extension_data(connection, &xcb_xkb_id);
     if (!extension || !extension->present) return false; // asking it for more would end the connection
-    const auto asked =
-        xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION);
+    const auto asked = xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION);
     const Reply<xcb_xkb_use_extension_reply_t> answer(
         xcb_xkb_use_extension_reply(connection, asked, nullptr));
     return answer && answer->supported;
@@ -82,8 +81,7 @@ std::vector<XKeyboard::Group> XKeyboard::groups() const
 {
     const auto asked =
         xcb_get_property(connection_.get(), 0, root_, rulesAtom_, XCB_ATOM_STRING, 0, longestRules);
-    const Reply<xcb_get_property_reply_t> answer(
-        xcb_get_property_reply(connection_.get(), asked, nullptr));
+    const Reply<xcb_get_property_reply_t> answer(xcb_get_property_reply(connection_.get(), asked, nullptr));
     if (!answer || answer->format != 8) return {};
     const std::string_view all(static_cast<const char*>(xcb_get_property_value(answer.get())),
                                static_cast<std::size_t>(xcb_get_property_value_length(answer.get())));
@@ -100,8 +98,7 @@ std::vector<XKeyboard::Group> XKeyboard::groups() const
 unsigned XKeyboard::activeGroup() const
 {
     const auto asked = xcb_xkb_get_state(connection_.get(), XCB_XKB_ID_USE_CORE_KBD);
-    const Reply<xcb_xkb_get_state_reply_t> answer(
-        xcb_xkb_get_state_reply(connection_.get(), asked, nullptr));
+    const Reply<xcb_xkb_get_state_reply_t> answer(xcb_xkb_get_state_reply(connection_.get(), asked, nullptr));
     return answer ? answer->group : 0;
 }
 

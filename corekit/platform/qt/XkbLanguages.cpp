@@ -133,8 +133,7 @@ LANGID languageOfGroup(const XKeyboard::Group& group)
     layout = layout.substr(0, layout.find(':')); // "us:2": taken from the layout's second group
     // The older way to name a variant: "in(ben)".
     if (const std::size_t bracket = layout.find('('); bracket != layout.npos) {
-        if (variant.empty())
-            variant = layout.substr(bracket + 1, layout.find(')', bracket) - bracket - 1);
+        if (variant.empty()) variant = layout.substr(bracket + 1, layout.find(')', bracket) - bracket - 1);
         layout = layout.substr(0, bracket);
     }
     const auto* const found = std::ranges::find_if(xkbLanguages, [&](const XkbLanguage& row) {

@@ -35,8 +35,7 @@ void addUsualRules(CFontSignature& signature)
     signature.AddZone(found->first, found->last, found->first);
     if (signature.GetCustomSignature() != tamilSignature) return;
     for (WORD glyph = 0xE280; glyph <= 0xE29F; ++glyph)
-        if (const WORD code = OldDumbMapSpecialGlyph(glyph); code != glyph)
-            signature.AddMapping(glyph, code);
+        if (const WORD code = OldDumbMapSpecialGlyph(glyph); code != glyph) signature.AddMapping(glyph, code);
 }
 
 bool readWord(const CRegistryKey& key, const std::string& name, WORD& value)

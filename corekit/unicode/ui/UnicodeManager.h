@@ -1,6 +1,6 @@
-// The process-wide service of Unicode text: the fonts of the machine with their coverage, the keyboards and the
-// characters that keys become, the settings of text handling, the ranges of code points, the languages, and
-// the road from text to glyph codes.
+// The process-wide service of Unicode text: the fonts of the machine with their coverage, the keyboards and
+// the characters that keys become, the settings of text handling, the ranges of code points, the languages,
+// and the road from text to glyph codes.
 //
 // There is one object, and it belongs to the user-interface thread; nothing here is locked. Initialise must
 // come before any other use, and the toolkit must be running by then. The registry key
@@ -33,8 +33,8 @@ public:
     CUnicodeManager();
     ~CUnicodeManager() override;
 
-    // The object. The first call lists the fonts, makes the keyboards and reads the settings; the argument has
-    // no meaning. Throws CMemoryException if the fonts cannot be listed.
+    // The object. The first call lists the fonts, makes the keyboards and reads the settings; the argument
+    // has no meaning. Throws CMemoryException if the fonts cannot be listed.
     static CUnicodeManager* Initialise(BOOL unused);
     // The object, initialised or not; never null.
     static CUnicodeManager* GetObjectA();
@@ -76,9 +76,9 @@ public:
     static WORD OldDumbMapSpecialGlyph(WORD glyph);
 
     // ---- Messages. A host passes each message here before it translates it, or the keyboards are dead.
-    // True: the message is consumed and goes no further. Ctrl, Alt and an arrow key to the left or right switch
-    // keyboards; other keys go to the active one. Characters of two bytes in the active code page are put
-    // together and sent on with the final-character mark.
+    // True: the message is consumed and goes no further. Ctrl, Alt and an arrow key to the left or right
+    // switch keyboards; other keys go to the active one. Characters of two bytes in the active code page are
+    // put together and sent on with the final-character mark.
     bool TranslateMessageHook(MSG* message);
     bool TMH_KeyDown(MSG* message);
     bool TMH_Char(MSG* message);
@@ -92,7 +92,8 @@ public:
     // Whether there is a keyboard for the layout.
     bool AllowInputLangChangeRequest(HKL layout, BOOL unused) const;
 
-    // ---- Keyboards, by index: first those of the platform's layouts in its order, then those of this library.
+    // ---- Keyboards, by index: first those of the platform's layouts in its order, then those of this
+    // library.
     int GetKeyboardCount() const { return m_keyboards.GetSize(); }
     CKBLayout* GetKeyboard(int index) const; // null outside the list
     // Leaves both alone outside the list.
@@ -104,8 +105,8 @@ public:
     // Off at first, and while it is off the operations below answer true and do nothing: switched on once a
     // window is ready for keys.
     void EnableKeyboardSwitching(BOOL enabled) { m_keyboardSwitching = enabled; }
-    // The keyboard at the index or, with `useDefault`, the default one. False if it is not enabled or there is
-    // none.
+    // The keyboard at the index or, with `useDefault`, the default one. False if it is not enabled or there
+    // is none.
     bool ActivateKeyboard(int index, BOOL useDefault);
     // The next or previous enabled one, round the end; true also if there is no other.
     bool ActivateNextKeyboard();

@@ -1,11 +1,9 @@
 #include "corekit/unicode/ui/keyboards/KBLayout.h"
 
-#include "corekit/platform/KeyboardLayouts.h"
 #include "corekit/platform/Locale.h"
+#include "corekit/unicode/ui/UnicodeManager.h"
 
-#include <algorithm>
 #include <cstdlib>
-#include <vector>
 
 IMPLEMENT_DYNAMIC(CKBLayout, CObject)
 
@@ -36,13 +34,7 @@ CKBLayout::CKBLayout(HKL layout)
 
 void CKBLayout::ActivateHelper(DWORD locale)
 {
-    constexpr int most = 1024;
-    std::vector<HKL> layouts(most);
-    const int count = locale == 0 ? 0 : GetKeyboardLayoutList(most, layouts.data());
-    const auto end = layouts.begin() + count;
-    const auto found =
-        std::find_if(layouts.begin(), end, [locale](HKL layout) { return LanguageOf(layout) == locale; });
-    ActivateKeyboardLayout(found == end ? nullptr : *found, 0);
+    CUnicodeManager::GetObjectA()->ActivateHelperKeyboard(locale);
 }
 
 void CKBLayout::SendCharacter(MSG& message, WCHAR character)

@@ -1,0 +1,205 @@
+#include "corekit/platform/KeyboardLayouts.h"
+#include "corekit/platform/Messages.h"
+#include "corekit/unicode/ui/keyboards/KBLayout.h"
+#include "corekit/unicode/ui/UnicodeManager.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+// Index 0 is the one layout that there is without a display.
+enum Index { own, devanagari, alternate, bengali, persian, arabic, urdu, indicUrdu, hebrew, welsh, tamil, inscript, assamese, count };
+
+class ManagerKeyboards : public testing::Test {
+protected:
+    ManagerKeyboards()
+    {
+        manager.EnableKeyboardSwitching(TRUE);
+        manager.ActivateKeyboard(own, FALSE);
+    }
+    ~ManagerKeyboards() override
+    {
+        for (int i = 0; i < count; ++i) Enable(i, TRUE);
+        manager.ActivateKeyboard(own, FALSE);
+        manager.EnableKeyboardSwitching(FALSE);
+    }
+
+    void Enable(int index, BOOL enabled) { manager.GetKeyboard(index)->SetEnabled(enabled); }
+    // What the hook makes of a message, and what then arrives at its window, as hexadecimal numbers.
+    bool Pass(UINT message, WPARAM wParam)
+    {
+        MSG msg{};
+        msg.hwnd = window.GetSafeHwnd();
+        msg.message = message;
+        msg.wParam = wParam;
+        arrived.clear();
+        return manager.TranslateMessageHook(&msg);
+    }
+
+    CUnicodeManager& manager = *CUnicodeManager::Initialise(TRUE);
+    std::u16string arrived;
+    MessageWindow window{[this](const MSG& m) -> LRESULT {
+        EXPECT_EQ(m.message, WM_CHAR);
+        EXPECT_TRUE(m.wParam & finalCharacterMark);
+        arrived += static_cast<WCHAR>(manager.ConvertCharMessage(static_cast<UINT>(m.wParam)));
+        return 0;
+    }};
+};
+
+TEST_F(ManagerKeyboards, ThoseOfThePlatformComeFirst)
+{
+    const std::pair<const char*, WORD> expected[] = {
+        {"English", 0x0409},
+        {"Devanagari - Std (Internal)", 513},
+        {"Devanagari - Alt 1 (Internal)", 513},
+        {"Bengali (Internal)", 514},
+        {"Persian (Internal)", 516},
+        {"Arabic (Internal)", 1025},
+        {"Urdu (Internal)", 1056},
+        {"Indic Urdu", 1056},
+        {"Hebrew (Internal)", 1037},
+        {"Welsh (Internal)", 515},
+        {"Tamil", 517},
+        {"Bengali Inscript", 514},
+        {"Assamese", 514},
+    };
+    ASSERT_EQ(manager.GetKeyboardCount(), static_cast<int>(std::size(expected)));
+    for (int i = 0; i < count; ++i) {
+        CString name;
+        WORD locale = 0;
+        manager.GetKeyboardInfo(i, name, locale);
+        EXPECT_STREQ(name, expected[i].first);
+        EXPECT_EQ(locale, expected[i].second) << i;
+    }
+    EXPECT_EQ(manager.GetActiveKeyboard(), own);
+    EXPECT_EQ(manager.GetKeyboard(-1), nullptr);
+    EXPECT_EQ(manager.GetKeyboard(count), nullptr);
+    EXPECT_STREQ(CUnicodeManager::GetKeyboardLanguageName(GetKeyboardLayout(0)), "English");
+    EXPECT_EQ(CUnicodeManager::GetLayoutCodePage(reinterpret_cast<HKL>(0x041F)), 1254);
+    EXPECT_EQ(CUnicodeManager::GetLayoutCodePage(reinterpret_cast<HKL>(0x03FF)), 0);
+}
+
+TEST_F(ManagerKeyboards, NothingChangesWhileSwitchingIsOff)
+{
+    manager.EnableKeyboardSwitching(FALSE);
+    EXPECT_TRUE(manager.ActivateKeyboard(arabic, FALSE));
+    EXPECT_TRUE(manager.ActivateKeyboard(-5, FALSE));
+    EXPECT_TRUE(manager.ActivateNextKeyboard());
+    EXPECT_TRUE(manager.ActivatePrevKeyboard());
+    EXPECT_TRUE(manager.SetKeyboardFromLocale(0x0401, FALSE));
+    EXPECT_EQ(manager.GetActiveKeyboard(), own);
+}
+
+TEST_F(ManagerKeyboards, SteppingGoesRoundPastThoseThatAreOff)
+{
+    Enable(devanagari, FALSE);
+    Enable(assamese, FALSE);
+    EXPECT_TRUE(manager.ActivateNextKeyboard());
+    EXPECT_EQ(manager.GetActiveKeyboard(), alternate);
+    EXPECT_TRUE(manager.ActivatePrevKeyboard());
+    EXPECT_EQ(manager.GetActiveKeyboard(), own);
+    EXPECT_TRUE(manager.ActivatePrevKeyboard());
+    EXPECT_EQ(manager.GetActiveKeyboard(), inscript);
+    EXPECT_TRUE(manager.ActivateNextKeyboard());
+    EXPECT_EQ(manager.GetActiveKeyboard(), own);
+    for (int i = 0; i < count; ++i) Enable(i, FALSE); // the active one, too
+    EXPECT_TRUE(manager.ActivateNextKeyboard());
+    EXPECT_TRUE(manager.ActivatePrevKeyboard());
+    EXPECT_EQ(manager.GetActiveKeyboard(), own);
+}
+
+TEST_F(ManagerKeyboards, OneThatIsOffOrMissingIsRefused)
+{
+    Enable(hebrew, FALSE);
+    for (const int index : {-1, int{count}, int{hebrew}}) EXPECT_FALSE(manager.ActivateKeyboard(index, FALSE)) << index;
+    EXPECT_FALSE(manager.ActivateLayoutCore(count));
+    EXPECT_EQ(manager.GetActiveKeyboard(), own);
+
+    manager.SetDefaultKeyboard(0x0401);
+    EXPECT_TRUE(manager.ActivateKeyboard(-1, TRUE));
+    EXPECT_EQ(manager.GetActiveKeyboard(), arabic);
+    EXPECT_EQ(manager.GetCurrentKeyboardLocale(), 0x0401);
+    manager.SetDefaultKeyboard(0x040D); // its only keyboard is off
+    EXPECT_FALSE(manager.ActivateKeyboard(tamil, TRUE));
+    EXPECT_EQ(manager.GetActiveKeyboard(), arabic);
+    manager.SetDefaultKeyboard(0x0809);
+    EXPECT_TRUE(manager.ActivateKeyboard(-1, TRUE));
+    EXPECT_EQ(manager.GetActiveKeyboard(), own);
+}
+
+TEST_F(ManagerKeyboards, LanguageMeansTheVeryOneThenAVariety)
+{
+    const struct {
+        WORD locale;
+        int off, found;
+    } cases[] = {
+        {0x0420, -1, urdu}, {0x0820, -1, urdu},   {0x0420, urdu, indicUrdu}, {514, -1, bengali},
+        {0x2202, -1, bengali}, {514, bengali, inscript}, {0x0C01, -1, arabic},  {0x0429, -1, urdu},
+        {0x0809, -1, own},
+    };
+    for (const auto& c : cases) {
+        manager.ActivateKeyboard(urdu, FALSE);
+        if (c.off >= 0) Enable(c.off, FALSE);
+        EXPECT_EQ(manager.SetKeyboardFromLocale(c.locale, FALSE), c.locale != 0x0429) << c.locale;
+        EXPECT_EQ(manager.GetActiveKeyboard(), c.found) << c.locale;
+        if (c.off >= 0) Enable(c.off, TRUE);
+    }
+}
+
+TEST_F(ManagerKeyboards, PlatformsChangeOfLayoutIsFollowed)
+{
+    const HKL layout = GetKeyboardLayout(0), foreign = reinterpret_cast<HKL>(0x04190419);
+    manager.ActivateKeyboard(arabic, FALSE);
+    EXPECT_EQ(manager.ConvertCharMessage(0xC8), 0x0628); // its code page is 1256
+    EXPECT_TRUE(manager.HandleInputLangChange(0, foreign));
+    EXPECT_EQ(manager.GetActiveKeyboard(), arabic);
+    EXPECT_TRUE(manager.HandleInputLangChange(0, layout));
+    EXPECT_EQ(manager.GetActiveKeyboard(), own);
+    EXPECT_EQ(manager.ConvertCharMessage(0xC8), 0x00C8); // 1252
+    EXPECT_TRUE(manager.AllowInputLangChangeRequest(layout, FALSE));
+    EXPECT_FALSE(manager.AllowInputLangChangeRequest(foreign, FALSE));
+}
+
+TEST_F(ManagerKeyboards, HookGivesKeysToTheActiveKeyboardOnly)
+{
+    EXPECT_FALSE(Pass(WM_KEYDOWN, 'H')); // the platform translates
+    EXPECT_EQ(arrived, u"");
+    manager.ActivateKeyboard(arabic, FALSE);
+    EXPECT_TRUE(Pass(WM_KEYDOWN, 'H'));
+    EXPECT_EQ(arrived, u"\u0627");
+    EXPECT_TRUE(Pass(WM_KEYDOWN, 'B'));
+    EXPECT_EQ(arrived, u"\u0644\u0627");
+    EXPECT_FALSE(Pass(WM_KEYDOWN, VK_RETURN));
+    EXPECT_FALSE(Pass(WM_KEYDOWN + 1, 'H'));
+    EXPECT_FALSE(manager.TranslateMessageHook(nullptr));
+}
+
+TEST_F(ManagerKeyboards, CtrlAltAndArrowsSwitch)
+{
+    RecordKeyMotion(VK_LCONTROL, KeyMotion::down);
+    EXPECT_FALSE(Pass(WM_KEYDOWN, VK_RIGHT));
+    RecordKeyMotion(VK_LMENU, KeyMotion::down);
+    EXPECT_TRUE(Pass(WM_KEYDOWN, VK_RIGHT));
+    EXPECT_EQ(manager.GetActiveKeyboard(), devanagari);
+    EXPECT_TRUE(Pass(WM_KEYDOWN, VK_LEFT));
+    EXPECT_TRUE(Pass(WM_KEYDOWN, VK_LEFT));
+    EXPECT_EQ(manager.GetActiveKeyboard(), assamese);
+    EXPECT_FALSE(Pass(WM_KEYDOWN, 'K'));
+    RecordKeyMotion(VK_LMENU, KeyMotion::up);
+    RecordKeyMotion(VK_LCONTROL, KeyMotion::up);
+    EXPECT_EQ(arrived, u"");
+}
+
+TEST_F(ManagerKeyboards, CharactersOfOneBytePassAndFinalOnesAreUnicode)
+{
+    for (const WPARAM character : {WPARAM{'a'}, WPARAM{0x82}, WPARAM{0xFF}, finalCharacterMark | 0x0905})
+        EXPECT_FALSE(Pass(WM_CHAR, character)) << character;
+    EXPECT_EQ(arrived, u"");
+    EXPECT_EQ(manager.ConvertCharMessage(0x80000905), 0x0905);
+    EXPECT_EQ(manager.ConvertCharMessage(0x80), 0x20AC);
+    EXPECT_EQ(manager.ConvertCharMessage(0x12341), 0x41); // the low byte
+}
+
+} // namespace
