@@ -10,7 +10,22 @@
 namespace {
 
 // Index 0 is the one layout that there is without a display.
-enum Index { own, devanagari, alternate, bengali, persian, arabic, urdu, indicUrdu, hebrew, welsh, tamil, inscript, assamese, count };
+enum Index {
+    own,
+    devanagari,
+    alternate,
+    bengali,
+    persian,
+    arabic,
+    urdu,
+    indicUrdu,
+    hebrew,
+    welsh,
+    tamil,
+    inscript,
+    assamese,
+    count
+};
 
 class ManagerKeyboards : public testing::Test {
 protected:
@@ -113,7 +128,8 @@ TEST_F(ManagerKeyboards, SteppingGoesRoundPastThoseThatAreOff)
 TEST_F(ManagerKeyboards, OneThatIsOffOrMissingIsRefused)
 {
     Enable(hebrew, FALSE);
-    for (const int index : {-1, int{count}, int{hebrew}}) EXPECT_FALSE(manager.ActivateKeyboard(index, FALSE)) << index;
+    for (const int index : {-1, int{count}, int{hebrew}})
+        EXPECT_FALSE(manager.ActivateKeyboard(index, FALSE)) << index;
     EXPECT_FALSE(manager.ActivateLayoutCore(count));
     EXPECT_EQ(manager.GetActiveKeyboard(), own);
 
@@ -135,9 +151,9 @@ TEST_F(ManagerKeyboards, LanguageMeansTheVeryOneThenAVariety)
         WORD locale;
         int off, found;
     } cases[] = {
-        {0x0420, -1, urdu}, {0x0820, -1, urdu},   {0x0420, urdu, indicUrdu}, {514, -1, bengali},
-        {0x2202, -1, bengali}, {514, bengali, inscript}, {0x0C01, -1, arabic},  {0x0429, -1, urdu},
-        {0x0809, -1, own},
+        {0x0420, -1, urdu},   {0x0820, -1, urdu},    {0x0420, urdu, indicUrdu},
+        {514, -1, bengali},   {0x2202, -1, bengali}, {514, bengali, inscript},
+        {0x0C01, -1, arabic}, {0x0429, -1, urdu},    {0x0809, -1, own},
     };
     for (const auto& c : cases) {
         manager.ActivateKeyboard(urdu, FALSE);

@@ -64,7 +64,8 @@ TEST_F(ManagerSettings, EachIsWrittenAtOnceUnderItsName)
     for (const auto& s : settings) {
         EXPECT_FALSE(s.get(manager)) << s.name;
         (manager.*s.set)(TRUE);
-        EXPECT_NE(ExportRegistry(supportKey).find('"' + std::string(s.name) + "\" = number 1"), std::string::npos)
+        EXPECT_NE(ExportRegistry(supportKey).find('"' + std::string(s.name) + "\" = number 1"),
+                  std::string::npos)
             << s.name;
         manager.OverrideSettings({});
         EXPECT_FALSE(s.get(manager)) << s.name;
@@ -126,9 +127,11 @@ TEST_F(ManagerSettings, EnabledKeyboardsAreKeptByName)
 
 TEST_F(ManagerSettings, OnlyTheExactNameAndANumberDisable)
 {
-    ImportRegistry("[" + supportKey + "\\Enabled Keyboards]\n\"tamil\" = number 0\n\"Assamese\" = text \"0\"\n"
-                   "\"Hebrew (Internal)\" = binary 00 00 00 00\n\"Welsh (Internal)\" = number 0\n\"\" = number 0\n\"" +
-                   std::string(250, 'x') + "\" = number 0\n");
+    ImportRegistry(
+        "[" + supportKey +
+        "\\Enabled Keyboards]\n\"tamil\" = number 0\n\"Assamese\" = text \"0\"\n"
+        "\"Hebrew (Internal)\" = binary 00 00 00 00\n\"Welsh (Internal)\" = number 0\n\"\" = number 0\n\"" +
+        std::string(250, 'x') + "\" = number 0\n");
     manager.LoadRegistryConfig();
     for (const char* name : {"Tamil", "Assamese", "Hebrew (Internal)"}) EXPECT_TRUE(IsEnabled(name)) << name;
     EXPECT_FALSE(IsEnabled("Welsh (Internal)"));

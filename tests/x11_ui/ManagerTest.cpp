@@ -13,7 +13,10 @@ namespace {
 // The manager starts once in a process, so one test tells all; its server lives as long as the toolkit.
 class ManagerOnX : public RegistryHome {
 protected:
-    static HKL LayoutOf(int index) { return CUnicodeManager::GetObjectA()->GetKeyboard(index)->GetLayoutHandle(); }
+    static HKL LayoutOf(int index)
+    {
+        return CUnicodeManager::GetObjectA()->GetKeyboard(index)->GetLayoutHandle();
+    }
 
     void StartOnX(const char* layouts)
     {
