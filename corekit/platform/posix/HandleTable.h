@@ -14,7 +14,16 @@
 
 namespace corekit::detail {
 
-enum class ObjectKind : std::uint8_t { file, fileMapping, event, mutex, thread, search };
+enum class ObjectKind : std::uint8_t {
+    file,
+    fileMapping,
+    event,
+    mutex,
+    thread,
+    search,
+    socket,
+    completionPort
+};
 
 // A kernel object; each kind derives its operations from here and names itself in kKind.
 class Object {
