@@ -108,8 +108,8 @@ HANDLE openFile(const std::string& path, const FileUse& use, DWORD disposition, 
     if (S_ISDIR(facts.st_mode)) return fail(ERROR_ACCESS_DENIED);
     const FileId id{facts.st_dev, facts.st_ino};
     if (use.access != 0 && !claimFile(id, use)) return fail(ERROR_SHARING_VIOLATION);
-    const bool hasPosition = S_ISREG(facts.st_mode) || S_ISBLK(facts.st_mode);
-    auto file = std::make_unique<File>(std::move(opened.descriptor), id, use, hasPosition);
+    const Flow flow = S_ISREG(facts.st_mode) || S_ISBLK(facts.st_mode) ? Flow::placed : Flow::stream;
+    auto file = std::make_unique<File>(std::move(opened.descriptor), id, use, flow);
 
     const bool empties = opened.existed && (disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING);
     if (use.access != 0) {

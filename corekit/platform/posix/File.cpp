@@ -13,13 +13,8 @@ std::string nativePath(const char* name)
     return path;
 }
 
-Descriptor::~Descriptor()
-{
-    if (m_fd >= 0) ::close(m_fd);
-}
-
-File::File(Descriptor descriptor, const FileId& id, const FileUse& use, bool hasPosition)
-    : Object(kKind), m_descriptor(std::move(descriptor)), m_id(id), m_use(use), m_hasPosition(hasPosition)
+File::File(Descriptor descriptor, const FileId& id, const FileUse& use, Flow flow)
+    : IoObject(kKind, std::move(descriptor), flow, use.access), m_id(id), m_use(use)
 {
 }
 

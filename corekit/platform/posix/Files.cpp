@@ -7,7 +7,7 @@
 #include "corekit/platform/Waits.h"
 
 #include <cerrno>
-#include <limits>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,81 +16,20 @@ namespace {
 using namespace corekit::detail;
 using FileUser = HandleUser<File>;
 
-struct Transfer {
-    DWORD moved = 0;
-    DWORD error = NO_ERROR;
-};
-
-enum class Stop { atFirstPart, whenAllMoved };
-
-// Repeats one system call until all is moved, nothing more comes, or it fails; step(done, rest) moves a part.
-template <typename Step>
-Transfer moveAll(DWORD count, Stop stop, Step step)
+// The transfer is done when this returns.
+BOOL moveAtOnce(IoObject& object, Direction direction, Buffer buffer, DWORD* moved, OVERLAPPED* overlapped)
 {
     Transfer transfer;
-    while (transfer.moved < count) {
-        const ssize_t part = step(transfer.moved, count - transfer.moved);
-        if (part < 0 && errno == EINTR) continue;
-        if (part < 0) transfer.error = errorFromErrno(errno);
-        if (part <= 0) break;
-        transfer.moved += static_cast<DWORD>(part);
-        if (stop == Stop::atFirstPart) break;
-    }
-    return transfer;
-}
-
-Transfer readAt(const File& file, char* buffer, DWORD count, std::int64_t place)
-{
-    return moveAll(count, Stop::whenAllMoved, [&](DWORD done, DWORD rest) {
-        return ::pread(file.descriptor(), buffer + done, rest, place + done);
-    });
-}
-
-Transfer writeAt(const File& file, const char* buffer, DWORD count, std::int64_t place)
-{
-    Transfer transfer = moveAll(count, Stop::whenAllMoved, [&](DWORD done, DWORD rest) {
-        return ::pwrite(file.descriptor(), buffer + done, rest, place + done);
-    });
-    if (transfer.error == NO_ERROR && transfer.moved < count) transfer.error = ERROR_WRITE_FAULT;
-    return transfer;
-}
-
-Transfer readNext(const File& file, char* buffer, DWORD count)
-{
-    return moveAll(count, Stop::atFirstPart,
-                   [&](DWORD, DWORD rest) { return ::read(file.descriptor(), buffer, rest); });
-}
-
-Transfer writeNext(const File& file, const char* buffer, DWORD count)
-{
-    return moveAll(count, Stop::whenAllMoved,
-                   [&](DWORD done, DWORD rest) { return ::write(file.descriptor(), buffer + done, rest); });
-}
-
-std::int64_t placeOf(const OVERLAPPED& overlapped)
-{
-    return static_cast<std::int64_t>(static_cast<std::uint64_t>(overlapped.OffsetHigh) << 32 |
-                                     overlapped.Offset);
-}
-
-// Runs a transfer at the right place: atPlace(place) for files that have places, next() for all others.
-template <typename AtPlace, typename Next>
-BOOL run(File& file, DWORD count, DWORD* moved, OVERLAPPED* overlapped, bool endIsFailure, AtPlace atPlace,
-         Next next)
-{
-    Transfer transfer;
-    if (!file.hasPosition()) {
-        transfer = next();
+    if (object.flow() != Flow::placed) {
+        transfer = moveNext(object.descriptor(), object.flow(), direction, buffer);
     } else {
+        File& file = static_cast<File&>(object);
         const std::lock_guard lock(file.mutex);
         const std::int64_t place = overlapped != nullptr ? placeOf(*overlapped) : file.position;
-        if (place < 0 || place > std::numeric_limits<std::int64_t>::max() - count)
-            return fail(ERROR_INVALID_PARAMETER, FALSE);
-        transfer = atPlace(place);
+        if (!isPlace(place, buffer.count)) return fail(ERROR_INVALID_PARAMETER, FALSE);
+        transfer =
+            (overlapped != nullptr ? moveOverlapped : moveAt)(file.descriptor(), direction, buffer, place);
         file.position = place + transfer.moved;
-        if (endIsFailure && overlapped != nullptr && count > 0 && transfer.moved == 0 &&
-            transfer.error == NO_ERROR)
-            transfer.error = ERROR_HANDLE_EOF;
     }
     if (moved != nullptr) *moved = transfer.moved;
     if (overlapped != nullptr) {
@@ -101,15 +40,27 @@ BOOL run(File& file, DWORD count, DWORD* moved, OVERLAPPED* overlapped, bool end
     return transfer.error == NO_ERROR ? TRUE : fail(transfer.error, FALSE);
 }
 
-// What keeps a transfer from starting, or NO_ERROR.
-DWORD objection(const FileUser& file, DWORD access, const void* buffer, DWORD count, const DWORD* moved,
-                const OVERLAPPED* overlapped)
+// The transfer is under way when this returns; always FALSE.
+BOOL begin(IoObject& object, Direction direction, Buffer buffer, OVERLAPPED& overlapped)
+try {
+    const DWORD error = object.openChannel().start({direction, buffer, &overlapped});
+    return fail(error != NO_ERROR ? error : ERROR_IO_PENDING, FALSE);
+} catch (const std::bad_alloc&) {
+    return fail(ERROR_NOT_ENOUGH_MEMORY, FALSE);
+}
+
+BOOL move(HANDLE handle, Direction direction, Buffer buffer, DWORD* moved, OVERLAPPED* overlapped)
 {
-    if (!file) return ERROR_INVALID_HANDLE;
-    if (!file->allows(access)) return ERROR_ACCESS_DENIED;
-    if ((buffer == nullptr && count > 0)) return ERROR_NOACCESS;
-    if (moved == nullptr && overlapped == nullptr) return ERROR_INVALID_PARAMETER;
-    return NO_ERROR;
+    const HandleUser<IoObject> object(handle);
+    if (moved != nullptr) *moved = 0;
+    if (!object) return fail(ERROR_INVALID_HANDLE, FALSE);
+    if (!object->allows(direction == Direction::read ? GENERIC_READ : GENERIC_WRITE))
+        return fail(ERROR_ACCESS_DENIED, FALSE);
+    if (buffer.bytes == nullptr && buffer.count > 0) return fail(ERROR_NOACCESS, FALSE);
+    if (moved == nullptr && overlapped == nullptr) return fail(ERROR_INVALID_PARAMETER, FALSE);
+    const bool isBackground = object->channel() != nullptr || object->flow() == Flow::socket;
+    if (overlapped != nullptr && isBackground) return begin(*object, direction, buffer, *overlapped);
+    return moveAtOnce(*object, direction, buffer, moved, overlapped);
 }
 
 bool sizeOf(const File& file, std::int64_t& size)
@@ -138,28 +89,13 @@ DWORD splitResult(std::int64_t value, DWORD* high)
 
 BOOL ReadFile(HANDLE handle, void* buffer, DWORD count, DWORD* moved, OVERLAPPED* overlapped)
 {
-    const FileUser file(handle);
-    if (moved != nullptr) *moved = 0;
-    if (const DWORD no = objection(file, GENERIC_READ, buffer, count, moved, overlapped); no != NO_ERROR)
-        return fail(no, FALSE);
-    char* const to = static_cast<char*>(buffer);
-    return run(
-        *file, count, moved, overlapped, true,
-        [&](std::int64_t place) { return readAt(*file, to, count, place); },
-        [&] { return readNext(*file, to, count); });
+    return move(handle, Direction::read, {static_cast<char*>(buffer), count}, moved, overlapped);
 }
 
 BOOL WriteFile(HANDLE handle, const void* buffer, DWORD count, DWORD* moved, OVERLAPPED* overlapped)
 {
-    const FileUser file(handle);
-    if (moved != nullptr) *moved = 0;
-    if (const DWORD no = objection(file, GENERIC_WRITE, buffer, count, moved, overlapped); no != NO_ERROR)
-        return fail(no, FALSE);
-    const char* const from = static_cast<const char*>(buffer);
-    return run(
-        *file, count, moved, overlapped, false,
-        [&](std::int64_t place) { return writeAt(*file, from, count, place); },
-        [&] { return writeNext(*file, from, count); });
+    char* const bytes = const_cast<char*>(static_cast<const char*>(buffer)); // only read
+    return move(handle, Direction::write, {bytes, count}, moved, overlapped);
 }
 
 DWORD SetFilePointer(HANDLE handle, LONG distance, LONG* high, DWORD method)

@@ -77,7 +77,14 @@ HANDLE openAnother(Object& object);
 // The slot of a handle, open or not; null for a value that is none.
 HandleSlot* slotOf(HANDLE handle);
 
-// A user of the object behind a handle, if it is of kind T.
+// Whether objects of this kind are T. A class that several kinds derive from says it for itself.
+template <typename T>
+constexpr bool isOfKind(ObjectKind kind)
+{
+    return kind == T::kKind;
+}
+
+// A user of the object behind a handle, if it is a T.
 template <typename T>
 class HandleUser {
 public:
@@ -85,7 +92,7 @@ public:
     {
         if (m_slot == nullptr || !m_slot->enter()) {
             m_slot = nullptr;
-        } else if (m_slot->object->kind() == T::kKind) {
+        } else if (isOfKind<T>(m_slot->object->kind())) {
             m_object = static_cast<T*>(m_slot->object);
         }
     }
