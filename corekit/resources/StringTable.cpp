@@ -18,6 +18,7 @@ constexpr ResourceString table[] = {
     {4105, "[File Stream] Unable to write to file"},
     {4106, "[Memory Stream] seek position invalid."},
     {4111, "Error: OLE Control cannot be registered - module \"%1\" is missing or invalid."},
+    {4112, "[IOCP Manager] Create I/O Completion Port failed."},
     {4113, "[Memory Stream] Read past end of buffer"},
     {4114, "[Memory Stream] Write requires extension, but extension is disabled."},
     {4115, "[Memory Stream] Unable to allocate additional memory to extend buffer."},

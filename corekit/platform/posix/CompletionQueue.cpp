@@ -18,6 +18,7 @@ using Clock = std::chrono::steady_clock;
 constexpr std::size_t kFirstPlaces = 64;
 constexpr int kLockTries = 100;
 constexpr auto kSpinTime = 30us; // about what falling asleep and being woken cost together
+constexpr int kMostSpinFailures = 8;
 constexpr auto kWatchTime = 4ms; // a thread without processor time for so long is blocked
 
 DWORD processors()
@@ -216,7 +217,7 @@ CompletionQueue::Taken CompletionQueue::take(Completion& completion, DWORD milli
 void CompletionQueue::waitForWork(Lock& lock, Deadline deadline)
 {
     if (m_count == 0) {
-        if (!m_hasSpinner && processors() > 1) spin(lock);
+        if (!m_hasSpinner && worthSpinning()) spin(lock);
         if (m_count == 0 && !m_isClosed) sleep(lock, deadline);
     } else if (m_hasWatch) {
         sleep(lock, deadline);
@@ -231,16 +232,29 @@ void CompletionQueue::waitForWork(Lock& lock, Deadline deadline)
     }
 }
 
+// Where every processor has other work, whoever is to bring the next completion gets on only when this
+// thread sleeps. So a spin that was in vain is followed by ever longer pauses, one that was not by none.
+bool CompletionQueue::worthSpinning()
+{
+    if (processors() == 1) return false;
+    if (m_spinPause == 0) return true;
+    --m_spinPause;
+    return false;
+}
+
 void CompletionQueue::spin(Lock& lock)
 {
     m_hasSpinner = true;
     lock.unlock();
     const auto until = Clock::now() + kSpinTime;
+    const auto isFilled = [this] { return m_count.load(std::memory_order_relaxed) != 0; };
     do
-        for (int i = 0; i < 20 && m_count.load(std::memory_order_relaxed) == 0; ++i) cpuRelax();
-    while (m_count.load(std::memory_order_relaxed) == 0 && Clock::now() < until);
+        for (int i = 0; i < 20 && !isFilled(); ++i) cpuRelax();
+    while (!isFilled() && Clock::now() < until);
     lock = quickLock(m_lock);
     m_hasSpinner = false;
+    m_spinFailures = m_count != 0 ? 0 : std::min(m_spinFailures + 1, kMostSpinFailures);
+    m_spinPause = m_spinFailures == 0 ? 0 : (1 << m_spinFailures) - 1;
 }
 
 void CompletionQueue::sleep(Lock& lock, Deadline deadline)

@@ -72,6 +72,7 @@ private:
     Completion removeFirst();
     void wakeAndUnlock(Lock& lock);
     void waitForWork(Lock& lock, Deadline deadline);
+    bool worthSpinning();
     void spin(Lock& lock);
     void sleep(Lock& lock, Deadline deadline);
     void beginWork(Worker& worker);
@@ -92,6 +93,8 @@ private:
     Sleeper* m_asleep = nullptr;                      // the last to fall asleep
     DWORD m_waking = 0;                               // woken, but not here again yet
     bool m_hasSpinner = false;
+    int m_spinFailures = 0; // in a row
+    int m_spinPause = 0;    // so many times not to spin
     bool m_hasWatch = false;
 
     DWORD m_atWork = 0;

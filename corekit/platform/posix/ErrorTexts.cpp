@@ -1,5 +1,6 @@
 // Short texts for the error numbers that this platform layer reports. Numbers that merely stand for an
 // errno value are left to the machine's own text.
+#include "corekit/platform/CompletionPort.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/posix/Errno.h"
 
@@ -48,6 +49,7 @@ constexpr TextRow kTexts[] = {
     {ERROR_NO_MORE_ITEMS, "There are no more items."},
     {ERROR_NOT_OWNER, "The calling thread does not own the mutex."},
     {ERROR_INVALID_ADDRESS, "The address is not that of a mapped view."},
+    {ERROR_ABANDONED_WAIT_0, "What was waited for was closed."},
     {ERROR_OPERATION_ABORTED, "The operation was broken off."},
     {ERROR_IO_PENDING, "The operation is still under way."},
     {ERROR_NOACCESS, "The memory cannot be accessed."},
@@ -59,6 +61,7 @@ constexpr TextRow kTexts[] = {
     {ERROR_IO_DEVICE, "The device reported an input or output error."},
     {ERROR_POSSIBLE_DEADLOCK, "The request would wait for itself."},
     {ERROR_MAPPED_ALIGNMENT, "The offset is not a multiple of the mapping granularity."},
+    {ERROR_NOT_FOUND, "There is no such operation under way."},
     {ERROR_TIMEOUT, "The time allowed for the operation ran out."},
     {ERROR_CANT_RESOLVE_FILENAME, "The name leads through too many links."},
 };
