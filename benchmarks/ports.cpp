@@ -1,27 +1,32 @@
 // Completions through a port with two workers, beside executors and loops that a user would pick instead: a
-// batch of 10,000 jobs whose results come back to the thread that posted them, and one job there and back.
+// batch of 10,000 jobs that one thread posts and waits for, and one job whose result comes back to it.
 #include "corekit/net/IOCPManager.h"
+#include "corekit/platform/Waits.h"
 
-#include <QThreadPool>
 #include <asio.hpp>
+#include <atomic>
 #include <benchmark/benchmark.h>
 #include <condition_variable>
 #include <cstdlib>
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <numeric>
+#include <QThreadPool>
 #include <thread>
 #include <uv.h>
 #include <vector>
 
 namespace {
 
-constexpr std::int64_t kJobs = 10000;
+enum class Kind { batch, roundTrip };
+
+constexpr std::size_t kJobs = 10000;
 constexpr int kWorkers = 2;
 
 std::uint64_t work(std::uint64_t x) { return x * 6364136223846793005u + 1442695040888963407u; }
 
-// What everyone would write first; also how the executors below hand their results back.
+// What everyone would write first.
 template <class T>
 class MutexQueue {
 public:
@@ -48,61 +53,116 @@ private:
     std::deque<T> m_items;
 };
 
-// Submits `jobs` at a time and waits for their results.
+std::uint64_t sumOf(const std::vector<std::uint64_t>& values)
+{
+    return std::accumulate(values.begin(), values.end(), std::uint64_t{0});
+}
+
+// Each job leaves its result in its place; the last one tells.
 template <class Submit>
-void measure(benchmark::State& state, std::int64_t jobs, Submit submit)
+void batch(benchmark::State& state, Submit submit)
+{
+    std::vector<std::uint64_t> values(kJobs);
+    std::mutex lock;
+    std::condition_variable told;
+    bool isDone = false;
+    std::atomic<std::size_t> left = 0;
+    for (auto _ : state) {
+        left = kJobs;
+        isDone = false;
+        for (std::size_t i = 0; i < kJobs; ++i)
+            submit([&, i] {
+                values[i] = work(i);
+                if (--left > 0) return;
+                const std::lock_guard guard(lock);
+                isDone = true;
+                told.notify_one();
+            });
+        std::unique_lock guard(lock);
+        told.wait(guard, [&] { return isDone; });
+        benchmark::DoNotOptimize(sumOf(values));
+    }
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(kJobs));
+}
+
+template <class Submit>
+void roundTrip(benchmark::State& state, Submit submit)
 {
     MutexQueue<std::uint64_t> results;
     for (auto _ : state) {
-        for (std::int64_t i = 0; i < jobs; ++i)
-            submit([&results, i] { results.push(work(static_cast<std::uint64_t>(i))); });
-        std::uint64_t sum = 0;
-        for (std::int64_t i = 0; i < jobs; ++i) sum += results.pop();
-        benchmark::DoNotOptimize(sum);
+        submit([&] { results.push(work(1)); });
+        benchmark::DoNotOptimize(results.pop());
     }
-    state.SetItemsProcessed(state.iterations() * jobs);
+    state.SetItemsProcessed(state.iterations());
 }
 
-struct Job : CompletionRecord {
-    std::uint64_t value = 0;
-    HANDLE results = nullptr;
-};
-
-void corekit(benchmark::State& state, std::int64_t jobs)
+template <class Submit>
+void measure(benchmark::State& state, Kind kind, Submit submit)
 {
-    const HANDLE results = CreateIoCompletionPort(INVALID_HANDLE_VALUE, nullptr, 0, 0);
-    std::vector<Job> records(static_cast<std::size_t>(jobs));
-    for (Job& job : records) {
-        job.results = results;
+    if (kind == Kind::batch)
+        batch(state, submit);
+    else
+        roundTrip(state, submit);
+}
+
+void corekitBatch(benchmark::State& state, CIOCPManager& manager)
+{
+    struct Job : CompletionRecord {
+        std::uint64_t value = 0;
+    };
+    static std::atomic<std::size_t> left;
+    static const HANDLE told = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+    std::vector<Job> jobs(kJobs);
+    for (Job& job : jobs)
         job.OnComplete = [](CompletionRecord* record, DWORD) {
-            Job& done = *static_cast<Job*>(record);
-            done.value = work(done.value);
-            PostQueuedCompletionStatus(done.results, 0, 1, record);
+            Job& own = *static_cast<Job*>(record);
+            own.value = work(own.value);
+            if (--left == 0) SetEvent(told);
         };
+    for (auto _ : state) {
+        left = kJobs;
+        for (std::size_t i = 0; i < kJobs; ++i) {
+            jobs[i].value = i;
+            PostQueuedCompletionStatus(manager.GetPort(), 0, 1, &jobs[i]);
+        }
+        WaitForSingleObject(told, INFINITE);
+        std::uint64_t sum = 0;
+        for (const Job& job : jobs) sum += job.value;
+        benchmark::DoNotOptimize(sum);
     }
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(kJobs));
+}
+
+// The result comes back through a second port.
+void corekitRoundTrip(benchmark::State& state, CIOCPManager& manager)
+{
+    static HANDLE results;
+    results = CreateIoCompletionPort(INVALID_HANDLE_VALUE, nullptr, 0, 0);
+    CompletionRecord job;
+    job.OnComplete = [](CompletionRecord* record, DWORD value) {
+        PostQueuedCompletionStatus(results, static_cast<DWORD>(work(value)), 1, record);
+    };
+    for (auto _ : state) {
+        DWORD value;
+        ULONG_PTR key;
+        OVERLAPPED* record;
+        PostQueuedCompletionStatus(manager.GetPort(), 1, 1, &job);
+        GetQueuedCompletionStatus(results, &value, &key, &record, INFINITE);
+        benchmark::DoNotOptimize(value);
+    }
+    CloseHandle(results);
+    state.SetItemsProcessed(state.iterations());
+}
+
+void corekit(benchmark::State& state, Kind kind)
+{
     CIOCPManager manager;
     manager.Initialise(kWorkers, kWorkers);
-    for (auto _ : state) {
-        std::uint64_t sum = 0;
-        for (Job& job : records) {
-            job.value = static_cast<std::uint64_t>(&job - records.data());
-            PostQueuedCompletionStatus(manager.GetPort(), 0, 1, &job);
-        }
-        for (std::int64_t i = 0; i < jobs; ++i) {
-            DWORD moved;
-            ULONG_PTR key;
-            OVERLAPPED* done;
-            GetQueuedCompletionStatus(results, &moved, &key, &done, INFINITE);
-            sum += static_cast<Job*>(done)->value;
-        }
-        benchmark::DoNotOptimize(sum);
-    }
+    (kind == Kind::batch ? corekitBatch : corekitRoundTrip)(state, manager);
     manager.Shutdown();
-    CloseHandle(results);
-    state.SetItemsProcessed(state.iterations() * jobs);
 }
 
-void mutexQueue(benchmark::State& state, std::int64_t jobs)
+void mutexQueue(benchmark::State& state, Kind kind)
 {
     MutexQueue<std::function<void()>> queue;
     std::vector<std::thread> workers;
@@ -110,27 +170,27 @@ void mutexQueue(benchmark::State& state, std::int64_t jobs)
         workers.emplace_back([&] {
             while (auto job = queue.pop()) job();
         });
-    measure(state, jobs, [&](auto job) { queue.push(std::move(job)); });
+    measure(state, kind, [&](auto job) { queue.push(std::move(job)); });
     for (int i = 0; i < kWorkers; ++i) queue.push(nullptr);
     for (std::thread& worker : workers) worker.join();
 }
 
-void asioPool(benchmark::State& state, std::int64_t jobs)
+void asioPool(benchmark::State& state, Kind kind)
 {
     asio::thread_pool pool(kWorkers);
-    measure(state, jobs, [&](auto job) { asio::post(pool, std::move(job)); });
+    measure(state, kind, [&](auto job) { asio::post(pool, std::move(job)); });
     pool.join();
 }
 
-void qtPool(benchmark::State& state, std::int64_t jobs)
+void qtPool(benchmark::State& state, Kind kind)
 {
     QThreadPool pool;
     pool.setMaxThreadCount(kWorkers);
-    measure(state, jobs, [&](auto job) { pool.start(std::function<void()>(std::move(job))); });
+    measure(state, kind, [&](auto job) { pool.start(std::function<void()>(std::move(job))); });
     pool.waitForDone();
 }
 
-void uvQueue(benchmark::State& state, std::int64_t jobs)
+void uvQueue(benchmark::State& state, Kind kind)
 {
     struct Request {
         uv_work_t work;
@@ -139,7 +199,7 @@ void uvQueue(benchmark::State& state, std::int64_t jobs)
     };
     uv_loop_t loop;
     uv_loop_init(&loop);
-    std::vector<Request> requests(static_cast<std::size_t>(jobs));
+    std::vector<Request> requests(kind == Kind::batch ? kJobs : 1);
     for (auto _ : state) {
         std::uint64_t sum = 0;
         for (Request& request : requests) {
@@ -160,12 +220,12 @@ void uvQueue(benchmark::State& state, std::int64_t jobs)
         benchmark::DoNotOptimize(sum);
     }
     uv_loop_close(&loop);
-    state.SetItemsProcessed(state.iterations() * jobs);
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(requests.size()));
 }
 
 #define BOTH(function, peer)                                                                                 \
-    BENCHMARK_CAPTURE(function, batch, kJobs)->Name("ports/batch_of_10000/" peer)->UseRealTime();            \
-    BENCHMARK_CAPTURE(function, single, 1)->Name("ports/round_trip/" peer)->UseRealTime()
+    BENCHMARK_CAPTURE(function, batch, Kind::batch)->Name("ports/batch_of_10000/" peer)->UseRealTime();      \
+    BENCHMARK_CAPTURE(function, single, Kind::roundTrip)->Name("ports/round_trip/" peer)->UseRealTime()
 
 BOTH(corekit, "corekit");
 BOTH(uvQueue, "libuv");

@@ -13,7 +13,8 @@
 //     CIOCPManager manager;
 //     manager.Initialise(2, 0);
 //     manager.AssociateHandle(file);
-//     if (!ReadFile(file, reading->bytes, 4096, nullptr, reading) && GetLastError() != 997) ... // never began
+//     if (!ReadFile(file, reading->bytes, 4096, nullptr, reading) && GetLastError() != 997) ... // never
+//     began
 //
 // From a call that began a transfer until one of its functions is called, the record and the buffer belong to
 // the system. What corekit/platform/CompletionPort.h says of transfers holds here.
@@ -47,7 +48,8 @@ public:
     // Makes the port and starts so many threads, 64 at the most and none for 0 or less; `concurrency` of them
     // work at once (0: as many as there are processors). Throws message 4112 when there is no port to be had,
     // and the system's reason when a thread cannot start; those that did run until Shutdown.
-    // A second call replaces the port: the threads turn to the new one, handles of the old one report nowhere.
+    // A second call replaces the port: the threads turn to the new one, handles of the old one report
+    // nowhere.
     void Initialise(int threadCount, int concurrency);
 
     // Lets every thread end after what was queued before, waits for them and closes the port. Transfers that

@@ -158,7 +158,8 @@ TEST(CompletionPort, LimitsHowManyWorkAtOnce)
         threads.emplace_back([&] {
             while (port.Take().key != 0) {
                 const int now = ++inside;
-                for (int seen = most; now > seen && !most.compare_exchange_weak(seen, now);) {}
+                for (int seen = most; now > seen && !most.compare_exchange_weak(seen, now);) {
+                }
                 for (int spin = 0; spin < 2000; ++spin) std::atomic_signal_fence(std::memory_order_seq_cst);
                 --inside;
                 ++done;
@@ -285,8 +286,8 @@ TEST_F(PortFiles, ManyTransfersOfOneFileByManyThreads)
     }
     takeAll();
     for (DWORD i = 0; i < kBlocks; ++i)
-        ASSERT_TRUE(std::ranges::all_of(blocks[i].bytes,
-                                        [&](char c) { return c == static_cast<char>(i % 251); }));
+        ASSERT_TRUE(
+            std::ranges::all_of(blocks[i].bytes, [&](char c) { return c == static_cast<char>(i % 251); }));
     CloseHandle(file);
 }
 

@@ -25,6 +25,30 @@ public:
 
 using PortUser = HandleUser<CompletionPort>;
 
+// The queue that a thread used last: finding it again writes to nothing that other threads look at. Waiting
+// for it, a thread is no user of the handle, so that closing that ends the wait.
+class LastQueue {
+public:
+    // Null for what is no open port.
+    CompletionQueue* find(HANDLE port)
+    {
+        HandleSlot* const slot = slotOf(port);
+        if (slot != nullptr && slot == m_slot && slot->isOpen() &&
+            slot->turn.load(std::memory_order_relaxed) == m_turn)
+            return m_queue.get();
+        const PortUser user(port);
+        m_slot = user ? slot : nullptr;
+        m_queue = user ? user->queue : nullptr;
+        if (m_slot != nullptr) m_turn = m_slot->turn.load(std::memory_order_relaxed);
+        return m_queue.get();
+    }
+
+private:
+    HandleSlot* m_slot = nullptr;
+    std::uint32_t m_turn = 0;
+    std::shared_ptr<CompletionQueue> m_queue;
+};
+
 HANDLE openPort(DWORD concurrency) { return openHandle(std::make_unique<CompletionPort>(concurrency)); }
 
 } // namespace
@@ -47,9 +71,10 @@ try {
 
 BOOL PostQueuedCompletionStatus(HANDLE port, DWORD moved, ULONG_PTR key, OVERLAPPED* overlapped)
 {
-    const PortUser user(port);
-    if (!user) return fail(ERROR_INVALID_HANDLE, FALSE);
-    return user->queue->post({key, overlapped, moved}) ? TRUE : fail(ERROR_NOT_ENOUGH_MEMORY, FALSE);
+    static thread_local LastQueue last;
+    CompletionQueue* const queue = last.find(port);
+    if (queue == nullptr) return fail(ERROR_INVALID_HANDLE, FALSE);
+    return queue->post({key, overlapped, moved}) ? TRUE : fail(ERROR_NOT_ENOUGH_MEMORY, FALSE);
 }
 
 BOOL GetQueuedCompletionStatus(HANDLE port, DWORD* moved, ULONG_PTR* key, OVERLAPPED** overlapped,
@@ -58,9 +83,8 @@ try {
     if (moved == nullptr || key == nullptr || overlapped == nullptr)
         return fail(ERROR_INVALID_PARAMETER, FALSE);
     *overlapped = nullptr;
-    // Not a user while it waits: closing the handle must end the wait.
-    std::shared_ptr<CompletionQueue> queue;
-    if (const PortUser user(port); user) queue = user->queue;
+    static thread_local LastQueue last;
+    CompletionQueue* const queue = last.find(port);
     if (queue == nullptr) return fail(ERROR_INVALID_HANDLE, FALSE);
     Completion completion;
     switch (queue->take(completion, milliseconds)) {

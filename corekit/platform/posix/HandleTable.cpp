@@ -81,6 +81,7 @@ HandleSlot* openSlotFor(Object& object)
     }
     slot->object = &object;
     slot->kind.store(object.kind(), std::memory_order_release);
+    slot->turn.store(slot->turn.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
     slot->state.store(HandleSlot::kOpen, std::memory_order_release);
     return slot;
 }

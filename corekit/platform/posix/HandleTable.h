@@ -57,6 +57,8 @@ struct alignas(32) HandleSlot {
     // A copy of the object's, for those who look without being users: the object of another kind may go
     // meanwhile.
     std::atomic<ObjectKind> kind{};
+    // How often the slot was opened: tells an open handle from an earlier one with the same value.
+    std::atomic<std::uint32_t> turn{0};
 
     bool isOpen() const { return (state.load(std::memory_order_acquire) & kOpen) != 0; }
     bool enter(); // becomes a user; false when closed
