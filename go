@@ -102,6 +102,21 @@ run_tests() {
     ctest --test-dir "build/$preset" -j "$jobs" --output-on-failure --no-tests=error ${1:+-R "$1"}
 }
 
+# Draws everything. What is registered for it goes into a registry of its own.
+draw_demo() {
+    local out=$1 corekit=build/release/bin/corekit script
+    mkdir -p "$out"
+    "$corekit" draw examples/scripts/*.txt -o "$out" --bidi
+    COREKIT_HOME=$(cd "$out" && pwd)/registry
+    export COREKIT_HOME
+    for script in Devanagari Bengali Tamil; do
+        "$corekit" fonts build --script "$script" --from "Noto Sans $script" -o "$out/fonts" --register
+    done
+    "$corekit" draw examples/scripts/indic/*.txt -o "$out/indic" --fonts "$out/fonts"
+    # The same lines shaped by the platform, to compare.
+    "$corekit" draw examples/scripts/indic/*.txt -o "$out/indic-platform" --complex
+}
+
 sanitized() {
     need build test
     build "$1"
@@ -110,6 +125,7 @@ sanitized() {
 
 command=${1:-help}
 [ $# -eq 0 ] || shift
+
 case $command in
 setup)
     need ${*:-build test}
@@ -128,9 +144,7 @@ demo)
         say "This build has no drawing, because the toolkit is missing."
         exit 1
     fi
-    build/release/bin/corekit draw examples/scripts/*.txt -o "${1:-out}" --bidi
-    # These scripts are shaped by the platform.
-    build/release/bin/corekit draw examples/scripts/complex/*.txt -o "${1:-out}/complex" --complex
+    draw_demo "${1:-out}"
     ;;
 test)
     need build test

@@ -75,6 +75,7 @@
 #include "corekit/platform/Profiles.h"
 #include "corekit/platform/Registry.h"
 #include "corekit/platform/Runtime.h"
+#include "corekit/platform/ShapingFace.h"
 #include "corekit/platform/ShellFolders.h"
 #include "corekit/platform/Storage.h"
 #include "corekit/platform/SystemInfo.h"

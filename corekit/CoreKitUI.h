@@ -9,6 +9,7 @@
 #include "corekit/platform/Toolkit.h"
 #include "corekit/unicode/ui/FontDescriptor.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
+#include "corekit/unicode/ui/fonts/GlyphFont.h"
 #include "corekit/unicode/ui/FontSignature.h"
 #include "corekit/unicode/ui/GlyphRuns.h"
 #include "corekit/unicode/ui/keyboards/KBLayout.h"

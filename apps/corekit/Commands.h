@@ -6,6 +6,7 @@ class App;
 }
 
 void AddDrawCommand(CLI::App& app);
+void AddFontsCommand(CLI::App& app);
 void AddShapeCommand(CLI::App& app);
 void AddCharCommand(CLI::App& app);
 void AddRegistryCommand(CLI::App& app);

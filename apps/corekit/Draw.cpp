@@ -1,5 +1,7 @@
 // corekit draw: text files as pictures of prompter lines.
 #include "Commands.h"
+#include "IndicText.h"
+#include "Raster.h"
 #include "Terminal.h"
 #include "TextFile.h"
 
@@ -25,6 +27,7 @@ struct DrawOptions {
     std::vector<std::string> files;
     std::string folder;
     std::vector<std::string> fonts;
+    std::string fontFolder;
     int size = 48;
     int width = 0; // pixels; 0 is as wide as the widest line
     bool bidi = false;
@@ -33,36 +36,16 @@ struct DrawOptions {
 
 // Taken in this order when no font is named, those that the machine lacks passed over. The first has Latin
 // and the forms of every Arabic letter, Urdu's among them, which few faces that also claim Latin have.
+// Fonts of glyph codes, as `corekit fonts build` names them, count where they are registered.
 constexpr const char* usualFonts[] = {
-    "Amiri",       "Noto Serif Hebrew", "Noto Serif Devanagari", "Noto Serif Bengali", "Noto Serif Tamil",
+    "Amiri",         "Noto Serif Hebrew",    "CoreKit Devanagari", "CoreKit Bengali",
+    "CoreKit Tamil", "Noto Sans Devanagari", "Noto Sans Bengali",  "Noto Sans Tamil",
     "DejaVu Sans",
 };
 
 constexpr int margin = 24;
 constexpr int widest = 16384, tallest = 32768; // pixels of one picture
 constexpr COLORREF paper = RGB(0, 0, 0), ink = RGB(255, 255, 255);
-
-struct Surface {
-    HDC dc = CreateCompatibleDC(nullptr);
-    HBITMAP bitmap;
-    HGDIOBJ before;
-
-    Surface(int width, int height)
-        : bitmap(CreateCompatibleBitmap(dc, width, height)), before(SelectObject(dc, bitmap))
-    {
-        if (bitmap == nullptr)
-            throw std::runtime_error("no memory for a picture of " + std::to_string(width) + " by " +
-                                     std::to_string(height));
-    }
-    ~Surface()
-    {
-        SelectObject(dc, before);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
-    }
-    Surface(const Surface&) = delete;
-    Surface& operator=(const Surface&) = delete;
-};
 
 struct Line {
     StringW text;
@@ -92,7 +75,7 @@ public:
             2 * margin;
         if (width > widest || tall > tallest)
             throw std::runtime_error(file + " is too large for one picture; draw it in parts or smaller");
-        Surface surface(std::max(width, 2 * margin), static_cast<int>(tall));
+        const Raster surface(std::max(width, 2 * margin), static_cast<int>(tall));
         Paint(surface, lines, pitch, width);
         return Save(surface, file);
     }
@@ -108,11 +91,12 @@ private:
 
     std::vector<Line> Measure(const std::vector<std::u16string>& texts)
     {
-        Surface scratch(1, 1);
-        m_render.AttachDC(scratch.dc);
+        const Raster scratch(1, 1);
+        m_render.AttachDC(scratch.Context());
         std::vector<Line> lines;
         for (const std::u16string& text : texts) {
-            Line line{StringW(text.data(), static_cast<int>(text.size()))};
+            const std::u16string stored = m_options.complex ? text : StoredIndic(text);
+            Line line{StringW(stored.data(), static_cast<int>(stored.size()))};
             line.width = DrawnWidth(line.text);
             line.rightToLeft = GetBaseLevel(line.text, line.text.GetLength()) == 1;
             lines.push_back(std::move(line));
@@ -134,18 +118,18 @@ private:
         return m_render.CalcGlyphStringSize(glyphs, glyphs.GetLength(), 0).cx;
     }
 
-    void Paint(Surface& surface, const std::vector<Line>& lines, int pitch, int width)
+    void Paint(const Raster& surface, const std::vector<Line>& lines, int pitch, int width)
     {
-        SetTextColor(surface.dc, ink);
-        SetBkColor(surface.dc, paper);
-        SetTextAlign(surface.dc, TA_LEFT | TA_BASELINE);
+        SetTextColor(surface.Context(), ink);
+        SetBkColor(surface.Context(), paper);
+        SetTextAlign(surface.Context(), TA_LEFT | TA_BASELINE);
         const CRect all(0, 0, width, static_cast<int>(lines.size()) * pitch + 2 * margin);
-        ExtTextOutW(surface.dc, 0, 0, ETO_OPAQUE, &all, nullptr, 0, nullptr);
-        m_render.AttachDC(surface.dc);
+        ExtTextOutW(surface.Context(), 0, 0, ETO_OPAQUE, &all, nullptr, 0, nullptr);
+        m_render.AttachDC(surface.Context());
         int baseline = margin + m_options.size * 5 / 4;
         for (const Line& line : lines) {
             const int x = line.rightToLeft ? width - margin - line.width : margin;
-            SetBkMode(surface.dc, TRANSPARENT); // a line with marks leaves it opaque
+            SetBkMode(surface.Context(), TRANSPARENT); // a line with marks leaves it opaque
             m_render.DrawLogicalString(x, baseline, 0, all, line.text, -1, 0);
             baseline += pitch;
             ++m_linesDrawn;
@@ -153,11 +137,11 @@ private:
         m_render.DetachDC();
     }
 
-    std::string Save(const Surface& surface, const std::string& file)
+    std::string Save(const Raster& surface, const std::string& file)
     {
         const auto path =
             std::filesystem::path(m_options.folder) / (std::filesystem::path(file).stem().string() + ".png");
-        if (!SaveBitmapAsPng(surface.bitmap, path.c_str()))
+        if (!SaveBitmapAsPng(surface.Bitmap(), path.c_str()))
             throw std::runtime_error("cannot write " + path.string());
         return path.string();
     }
@@ -167,10 +151,23 @@ private:
     std::size_t m_linesDrawn = 0;
 };
 
+void AddFontFiles(const std::string& folder)
+{
+    std::error_code error;
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error))
+        if (entry.path().extension() == ".ttf") files.push_back(entry.path());
+    if (error) throw std::runtime_error("cannot read the folder " + folder + ": " + error.message());
+    for (const auto& file : files)
+        if (AddFontResourceA(file.c_str()) == 0)
+            throw std::runtime_error("cannot read the font " + file.string());
+}
+
 void Draw(const DrawOptions& options)
 {
     if (!StartToolkit(ToolkitDisplay::offscreen))
         throw std::runtime_error("the window toolkit does not start");
+    if (!options.fontFolder.empty()) AddFontFiles(options.fontFolder);
     CUnicodeManager* manager = CUnicodeManager::Initialise(FALSE);
     // A picture changes no settings of the machine.
     manager->OverrideSettings({.biDi = options.bidi, .complexLanguage = options.complex});
@@ -209,6 +206,10 @@ void AddDrawCommand(CLI::App& app)
         ->expected(1)
         ->type_name("FACE")
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    command
+        ->add_option("--fonts", options->fontFolder,
+                     "A folder of .ttf fonts to draw with beside those installed")
+        ->type_name("DIR");
     command->add_option("--size", options->size, "Height of the fonts in pixels")
         ->check(CLI::Range(4, 1000))
         ->capture_default_str();

@@ -52,6 +52,7 @@ int main(int argc, char** argv)
     app.require_subcommand(1);
 #ifdef COREKIT_WITH_UI
     AddDrawCommand(app);
+    AddFontsCommand(app);
 #endif
     AddShapeCommand(app);
     AddCharCommand(app);

@@ -159,6 +159,11 @@ COREKIT_API int GetTextFaceA(HDC dc, int size, char* face);
 // it names none or on failure; the signature then is all 0. `flags` must be 0.
 COREKIT_API int GetTextCharsetInfo(HDC dc, FONTSIGNATURE* signature, DWORD flags);
 
+// Makes the faces of a font file known to this process, as if they were installed, until it ends; the
+// file itself may go. Returns the number of faces that are new; 0 with a last error if the file is no font or
+// the toolkit is not running.
+COREKIT_API int AddFontResourceA(const char* path);
+
 using FONTENUMPROCA = int (*)(const LOGFONTA*, const TEXTMETRICA*, DWORD type, LPARAM);
 // Calls back for each style of the face named, with its metrics at an em of 32 pixels; for a null or empty
 // name once for each face of the machine, which opens none of them: the metrics are all 0 then, and the font

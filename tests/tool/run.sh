@@ -196,6 +196,28 @@ if "$tool" --help | grep -q "^ *draw "; then
     done
     # Its options are no settings of the machine.
     is '[Enabled Keyboards]' registry list 'HKLM\Software\Corvane\Unicode Support'
+
+    # Glyph fonts: what our own shaping writes with them, word for word over the platform's drawing.
+    scripts=$(dirname "$0")/../../examples/scripts/indic
+    export COREKIT_HOME="$scratch/home"
+    refused fonts build --script klingon --from 'Noto Sans Devanagari' -o "$scratch/fonts"
+    refused fonts build --script tamil --from 'No Such Face' -o "$scratch/fonts"
+    refused fonts compare "$scripts/tamil.txt" --font-file "$scratch/utf8.txt" --font X --with 'Noto Sans Tamil'
+    for script in Devanagari Bengali Tamil; do
+        says "CoreKit-$script.ttf: [0-9]+ glyph codes" fonts build --script $script --from "Noto Sans $script" -o "$scratch/fonts" --register
+    done
+    # likeness LANGUAGE SCRIPT PERCENT: at least so many of its words are alike
+    likeness() {
+        says 'words overlap by at least 70 %' fonts compare "$scripts/$1.txt" --font-file "$scratch/fonts/CoreKit-$2.ttf" \
+            --font "CoreKit $2" --with "Noto Sans $2" --at-least "$3"
+    }
+    likeness hindi Devanagari 95
+    likeness marathi Devanagari 90
+    likeness nepali Devanagari 90
+    likeness tamil Tamil 95
+    "$tool" fonts compare "$scripts/tamil.txt" --font-file "$scratch/fonts/CoreKit-Tamil.ttf" --font 'CoreKit Tamil' \
+        --with 'Noto Sans Tamil' --at-least 100 >"$scratch/out" 2>&1 && fail "a share that is not reached is no failure"
+    says '[0-9]+ lines in 6 pictures' draw "$scripts"/*.txt -o "$scratch/pictures" --fonts "$scratch/fonts"
 fi
 [ $failures -eq 0 ] && echo "the tool behaves"
 exit $((failures > 0))

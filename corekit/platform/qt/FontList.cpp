@@ -47,19 +47,38 @@ FontList::FontList()
         if (QFontDatabase::isPrivateFamily(name) || isGeneric(name)) continue;
         families_.push_back({name, QFontDatabase::isSmoothlyScalable(name)});
     }
-    for (std::size_t i = 0; i < families_.size(); ++i)
-        byName_.emplace(folded(families_[i].name.toStdString()), i);
-    for (std::size_t i = 0; i < families_.size(); ++i) {
-        const std::string name = families_[i].name.toStdString();
+    enterNames();
+}
+
+void FontList::enterNames()
+{
+    for (const Family& f : families_) byName_.emplace(folded(f.name.toStdString()), &f);
+    for (const Family& f : families_) {
+        const std::string name = f.name.toStdString();
         if (const std::string cut = cutFaceName(name); cut.size() < name.size())
-            byName_.emplace(folded(cut), i);
+            byName_.emplace(folded(cut), &f);
     }
+}
+
+int FontList::addFont(const QByteArray& file)
+{
+    int added = 0;
+    const int font = QFontDatabase::addApplicationFontFromData(file);
+    for (const QString& name : QFontDatabase::applicationFontFamilies(font)) {
+        const auto place = std::find_if(families_.begin(), families_.end(),
+                                        [&](const Family& f) { return f.name.compare(name) >= 0; });
+        if (place != families_.end() && place->name == name) continue;
+        families_.insert(place, {name, QFontDatabase::isSmoothlyScalable(name)});
+        ++added;
+    }
+    enterNames();
+    return added;
 }
 
 const FontList::Family* FontList::find(std::string_view name) const
 {
     const auto found = byName_.find(folded(name));
-    return found == byName_.end() ? nullptr : &families_[found->second];
+    return found == byName_.end() ? nullptr : found->second;
 }
 
 std::shared_ptr<Typeface> FontList::typeface(const Family& family, bool bold, bool italic)

@@ -18,9 +18,12 @@ public:
         bool scalable = false;
     };
     // All, sorted by name.
-    const std::vector<Family>& families() const { return families_; }
+    const std::list<Family>& families() const { return families_; }
     // By name without regard to case, or by a name cut to 31 bytes; null if there is none.
     const Family* find(std::string_view name) const;
+
+    // Takes in the faces of a font file; the number of those that are new.
+    int addFont(const QByteArray& file);
 
     // The style of a family; null if it cannot be loaded.
     std::shared_ptr<Typeface> typeface(const Family& family, bool bold, bool italic);
@@ -37,8 +40,10 @@ private:
         std::shared_ptr<SizedFont> font;
     };
 
-    std::vector<Family> families_;
-    std::map<std::string, std::size_t, std::less<>> byName_; // folded, whole and cut
+    void enterNames();
+
+    std::list<Family> families_;
+    std::map<std::string, const Family*, std::less<>> byName_; // folded, whole and cut
     std::map<std::tuple<const Family*, bool, bool>, std::shared_ptr<Typeface>> typefaces_;
     std::list<Made> made_; // last used first
 };

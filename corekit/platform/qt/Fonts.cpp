@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <QFile>
 
 using namespace corekit::detail;
 
@@ -170,6 +171,17 @@ int GetTextCharsetInfo(HDC dc, FONTSIGNATURE* signature, DWORD flags)
         std::copy(tables.codePages.begin(), tables.codePages.end(), signature->fsCsb);
     }
     return charSetOf(tables);
+}
+
+int AddFontResourceA(const char* path)
+{
+    if (path == nullptr) return refuse(ERROR_INVALID_PARAMETER);
+    if (!ToolkitIsRunning()) return refuse(ERROR_DEV_NOT_EXIST);
+    QFile file(QFile::decodeName(path));
+    if (!file.open(QIODevice::ReadOnly)) return refuse(ERROR_FILE_NOT_FOUND);
+    const int added = FontList::instance().addFont(file.readAll());
+    if (added == 0) SetLastError(ERROR_INVALID_PARAMETER);
+    return added;
 }
 
 int EnumFontsA(HDC dc, const char* face, FONTENUMPROCA callback, LPARAM parameter)

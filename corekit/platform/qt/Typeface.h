@@ -33,7 +33,8 @@ public:
 
     const std::string& name() const { return name_; }
     const FontTables& tables() const { return tables_; }
-    double designPixels() const { return designPixels_; } // per em
+    QByteArray table(const char* tag) const { return raw_.fontTable(tag); } // as it stands in the font file
+    double designPixels() const { return designPixels_; }                   // per em
 
     // Glyphs and advances (in design pixels) of the 256 code units high * 256 ...
     void lookUp(unsigned high, std::uint16_t (&glyphs)[256], double (&advances)[256]) const;

@@ -1,0 +1,144 @@
+#include "FontComparison.h"
+
+#include "IndicText.h"
+#include "Raster.h"
+
+#include "corekit/framework/Geometry.h"
+#include "corekit/unicode/ui/UniRender.h"
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+constexpr int emPixels = 64, margin = 32, wordWidth = 1024, wordHeight = 160, baseline = 104;
+constexpr int inkFrom = 128; // coverage that counts as ink
+
+// Draws a word as the prompter does: shaped by us, with the glyph font first.
+class OurHand {
+public:
+    OurHand(const std::string& glyphFont, const std::string& baseFont)
+    {
+        m_render.AddFont(glyphFont.c_str());
+        m_render.AddFont(baseFont.c_str());
+        m_render.Create(-emPixels, 0, 0, 0);
+    }
+    void Write(const Raster& raster, int x, int y, const std::u16string& word)
+    {
+        const std::u16string stored = StoredIndic(word);
+        m_render.AttachDC(raster.Context());
+        m_render.DrawLogicalString(x, y, 0, CRect(0, 0, raster.Width(), raster.Height()), stored.c_str(),
+                                   static_cast<int>(stored.size()), 0);
+        m_render.DetachDC();
+    }
+
+private:
+    CUniRender m_render;
+};
+
+class PlatformsHand {
+public:
+    explicit PlatformsHand(const std::string& face)
+        : m_font(
+              CreateFontA(-emPixels, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, face.c_str()))
+    {
+    }
+    ~PlatformsHand() { DeleteObject(m_font); }
+    PlatformsHand(const PlatformsHand&) = delete;
+    PlatformsHand& operator=(const PlatformsHand&) = delete;
+
+    void Write(const Raster& raster, int x, int y, const std::u16string& word)
+    {
+        const HGDIOBJ before = SelectObject(raster.Context(), m_font);
+        ExtTextOutW(raster.Context(), x, y, 0, nullptr, word.c_str(), static_cast<UINT>(word.size()));
+        SelectObject(raster.Context(), before);
+    }
+
+private:
+    HFONT m_font;
+};
+
+void MakeReady(const Raster& raster)
+{
+    SetTextColor(raster.Context(), RGB(255, 255, 255));
+    SetBkMode(raster.Context(), TRANSPARENT);
+    SetTextAlign(raster.Context(), TA_LEFT | TA_BASELINE);
+}
+
+double OverlapOf(const Raster& a, const Raster& b)
+{
+    long long inA = 0, inB = 0, inBoth = 0;
+    for (int i = 0; i < a.Width() * a.Height(); ++i) {
+        const bool first = (a.Pixels()[i] & 0xFF) >= inkFrom, second = (b.Pixels()[i] & 0xFF) >= inkFrom;
+        inA += first;
+        inB += second;
+        inBoth += first && second;
+    }
+    const long long more = std::max(inA, inB);
+    return more == 0 ? 0 : static_cast<double>(inBoth) / static_cast<double>(more);
+}
+
+bool BelongsToWord(char16_t c)
+{
+    const bool isDanda = c == 0x0964 || c == 0x0965, isJoiner = c == 0x200C || c == 0x200D;
+    return isJoiner || (c >= 0x0900 && c < 0x0C00 && !isDanda);
+}
+
+std::set<std::u16string> WordsOf(const std::vector<std::u16string>& texts)
+{
+    std::set<std::u16string> words;
+    for (const std::u16string& text : texts) {
+        std::u16string word;
+        for (const char16_t c : text + u' ') {
+            if (BelongsToWord(c)) {
+                word += c;
+            } else if (!word.empty()) {
+                words.insert(std::move(word));
+                word.clear();
+            }
+        }
+    }
+    return words;
+}
+
+} // namespace
+
+std::vector<WordLikeness> CompareWords(const std::vector<std::u16string>& texts, const std::string& glyphFont,
+                                       const std::string& baseFont)
+{
+    OurHand ours(glyphFont, baseFont);
+    PlatformsHand platforms(baseFont);
+    std::vector<WordLikeness> compared;
+    for (const std::u16string& word : WordsOf(texts)) {
+        const Raster a(wordWidth, wordHeight), b(wordWidth, wordHeight);
+        MakeReady(a);
+        MakeReady(b);
+        ours.Write(a, margin, baseline, word);
+        platforms.Write(b, margin, baseline, word);
+        compared.push_back({word, OverlapOf(a, b)});
+    }
+    std::stable_sort(compared.begin(), compared.end(),
+                     [](const auto& a, const auto& b) { return a.overlap < b.overlap; });
+    return compared;
+}
+
+void SaveWordPairs(const std::vector<WordLikeness>& words, const std::string& glyphFont,
+                   const std::string& baseFont, const std::string& path)
+{
+    constexpr std::size_t most = 120; // rows of one picture
+    OurHand ours(glyphFont, baseFont);
+    PlatformsHand platforms(baseFont);
+    const int rows = static_cast<int>(std::min(words.size(), most));
+    const Raster sheet(2 * wordWidth, std::max(1, rows) * wordHeight);
+    MakeReady(sheet);
+    const RECT all{0, 0, sheet.Width(), sheet.Height()};
+    SetBkColor(sheet.Context(), RGB(0, 0, 0));
+    ExtTextOutW(sheet.Context(), 0, 0, ETO_OPAQUE, &all, nullptr, 0);
+    for (int i = 0; i < rows; ++i) {
+        const std::u16string& word = words[static_cast<std::size_t>(i)].word;
+        SetBkMode(sheet.Context(), TRANSPARENT);
+        ours.Write(sheet, margin, i * wordHeight + baseline, word);
+        platforms.Write(sheet, wordWidth + margin, i * wordHeight + baseline, word);
+    }
+    if (!SaveBitmapAsPng(sheet.Bitmap(), path.c_str())) throw std::runtime_error("cannot write " + path);
+}

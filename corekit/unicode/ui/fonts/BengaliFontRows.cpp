@@ -1,0 +1,140 @@
+// The glyph codes U+E100 to U+E1FF. The filler is blank: the letters have their whole width.
+#include "corekit/unicode/ui/fonts/GlyphFontRows.h"
+
+namespace corekit::detail {
+
+namespace {
+
+// clang-format off
+constexpr GlyphFontRow rows[] = {
+    Small(0xE101, u"\u09A8"),                                     // virama na, below
+    After(0xE102, u"\u09B2", u"\u09B2\u09D7"),                    // au length mark
+    Whole(0xE103, u"\u09A8\u09CD\u200D"),                         // na virama
+    Beyond(0xE104, u"\u09B8\u09CD\u200D", u"\u09B8\u09CD\u09B0"), // ra below half sa
+    Before(0xE105, u"\u09B2", u"\u09B2\u09C8"),                   // sign ai
+    Before(0xE109, u"\u09B2", u"\u09B2\u09C7"),                   // sign e
+    Before(0xE110, u"\u09B2\u09B2", u"\u09B2\u09B2\u09C7"),       // sign e, within a word
+    After(0xE112, u"\u09B2", u"\u09B2\u09C3"),                    // sign vocalic r
+    Before(0xE113, u"\u09B2\u09B2", u"\u09B2\u09B2\u09C8"),       // sign ai, within a word
+    Whole(0xE115, u"\u09A8\u09CD\u200D"),                         // na virama
+    After(0xE117, u"\u09B2", u"\u09B2\u09C2"),                    // sign uu
+    Whole(0xE119, u"\u0995\u09CD\u09B0"),                         // ka virama ra
+    After(0xE126, u"\u09B2", u"\u09B2\u09CD"),                    // virama
+    Whole(0xE130, u"\u09E6"),                                     // zero
+    Whole(0xE131, u"\u09E7"),                                     // one
+    Whole(0xE132, u"\u09E8"),                                     // two
+    Whole(0xE133, u"\u09E9"),                                     // three
+    Whole(0xE134, u"\u09EA"),                                     // four
+    Whole(0xE135, u"\u09EB"),                                     // five
+    Whole(0xE136, u"\u09EC"),                                     // six
+    Whole(0xE137, u"\u09ED"),                                     // seven
+    Whole(0xE138, u"\u09EE"),                                     // eight
+    Whole(0xE139, u"\u09EF"),                                     // nine
+    Whole(0xE141, u"\u0985"),                                     // a
+    Whole(0xE142, u"\u0987"),                                     // i
+    Whole(0xE143, u"\u0988"),                                     // ii
+    Whole(0xE144, u"\u0989"),                                     // u
+    Whole(0xE145, u"\u098A"),                                     // uu
+    Whole(0xE146, u"\u098B"),                                     // vocalic r
+    Whole(0xE147, u"\u098F"),                                     // e
+    Whole(0xE148, u"\u0990"),                                     // ai
+    Whole(0xE149, u"\u0993"),                                     // o
+    Whole(0xE14A, u"\u0994"),                                     // au
+    Whole(0xE14B, u"\u0995"),                                     // ka
+    Whole(0xE14C, u"\u0996"),                                     // kha
+    Whole(0xE14D, u"\u0997"),                                     // ga
+    Whole(0xE14E, u"\u0998"),                                     // gha
+    Whole(0xE14F, u"\u0999"),                                     // nga
+    Whole(0xE150, u"\u099A"),                                     // ca
+    Whole(0xE151, u"\u099B"),                                     // cha
+    Whole(0xE152, u"\u099C"),                                     // ja
+    Whole(0xE153, u"\u099D"),                                     // jha
+    Whole(0xE154, u"\u099E"),                                     // nya
+    Whole(0xE155, u"\u099F"),                                     // tta
+    Whole(0xE156, u"\u09A0"),                                     // ttha
+    Whole(0xE157, u"\u09A1"),                                     // dda
+    Whole(0xE158, u"\u09A2"),                                     // ddha
+    Whole(0xE159, u"\u09A3"),                                     // nna
+    Whole(0xE15A, u"\u09A4"),                                     // ta
+    Whole(0xE15C, u"\u09F1"),                                     // ra with lower diagonal
+    Beyond(0xE15E, u"\u09A8\u09CD\u200D", u"\u09A8\u09CD\u09AC"), // ba below half na
+    Whole(0xE15F, u"\u09A5"),                                     // tha
+    Whole(0xE160, u"\u09A6"),                                     // da
+    Whole(0xE161, u"\u09A7"),                                     // dha
+    Whole(0xE162, u"\u09A8"),                                     // na
+    Whole(0xE163, u"\u09AA"),                                     // pa
+    Whole(0xE164, u"\u09AB"),                                     // pha
+    Whole(0xE165, u"\u09AC"),                                     // ba
+    Whole(0xE166, u"\u09AD"),                                     // bha
+    Whole(0xE167, u"\u09AE"),                                     // ma
+    Whole(0xE168, u"\u09AF"),                                     // ya
+    Whole(0xE169, u"\u09B0"),                                     // ra
+    Whole(0xE16A, u"\u09B2"),                                     // la
+    Whole(0xE16B, u"\u09B6"),                                     // sha
+    Whole(0xE16C, u"\u09B7"),                                     // ssa
+    Whole(0xE16D, u"\u09B8"),                                     // sa
+    Whole(0xE16E, u"\u09B9"),                                     // ha
+    Whole(0xE16F, u"\u09DC"),                                     // rra
+    Whole(0xE170, u"\u09DD"),                                     // rha
+    Whole(0xE171, u"\u09DF"),                                     // yya
+    Whole(0xE172, u"\u09CE"),                                     // khanda ta
+    Whole(0xE173, u"\u0982"),                                     // anusvara
+    Whole(0xE174, u"\u0983"),                                     // visarga
+    After(0xE175, u"\u09B2", u"\u09B2\u0981"),                    // candrabindu
+    After(0xE176, u"\u09B2", u"\u09B2\u09BE"),                    // sign aa
+    Before(0xE177, u"\u09B2", u"\u09B2\u09BF"),                   // sign i
+    After(0xE178, u"\u09B2", u"\u09B2\u09C0"),                    // sign ii
+    After(0xE179, u"\u09B2", u"\u09B2\u09C1"),                    // sign u
+    Whole(0xE17C, u"\u0964"),                                     // danda
+    After(0xE180, u"\u09B2", u"\u09B2\u09C1"),                    // sign u
+    After(0xE181, u"\u09B2", u"\u09B2\u09C2"),                    // sign uu
+    Whole(0xE184, u"\u0995\u09CD\u09B2"),                         // ka virama la
+    Blank(0xE185),                                                // filler
+    Whole(0xE18C, u"\u0997\u09CD\u200D"),                         // ga virama
+    Whole(0xE18D, u"\u0995\u09CD\u200D"),                         // ka virama
+    Whole(0xE190, u"\u09A4\u09CD\u09B0"),                         // ta virama ra below half sa
+    After(0xE193, u"\u09B2", u"\u09B2\u09CD\u09AF"),              // virama ya
+    Whole(0xE196, u"\u09A8\u09CD\u09A8"),                         // na virama na
+    Blank(0xE19A),                                                // filler
+    Small(0xE19D, u"\u09A8"),                                     // virama na, below
+    After(0xE19F, u"\u09B2", u"\u09B2\u09BC"),                    // nukta
+    Whole(0xE1A0, u"\u09F0"),                                     // ra with middle diagonal
+    After(0xE1A1, u"\u0996", u"\u0996\u09CD\u09AC"),              // virama ba
+    Whole(0xE1A4, u"\u09AE\u09CD\u200D"),                         // ma virama
+    After(0xE1A6, u"\u0996", u"\u0996\u09CD\u09AC"),              // virama ba
+    After(0xE1A8, u"\u09B2", u"\u09B2\u09CD\u09AF"),              // virama ya
+    After(0xE1A9, u"\u09B2", u"\u09B0\u09CD\u09B2"),              // ra virama
+    After(0xE1AA, u"\u099E", u"\u099E\u09CD\u09B0"),              // virama ra
+    After(0xE1AB, u"\u099E", u"\u099E\u09CD\u09B0"),              // virama ra
+    Small(0xE1AD, u"\u09B2"),                                     // virama la, below
+    Whole(0xE1AE, u"\u09B7\u09CD\u200D"),                         // ssa virama
+    Whole(0xE1AF, u"\u09B8\u09CD\u200D"),                         // sa virama
+    Whole(0xE1B0, u"\u0995\u09CD\u0995"),                         // ka virama ka
+    Whole(0xE1B2, u"\u0995\u09CD\u09B7\u09CD\u09AE"),             // ka virama ssa virama ma
+    Whole(0xE1B3, u"\u0995\u09CD\u09A4"),                         // ka virama ta
+    Whole(0xE1B5, u"\u0995\u09CD\u09B0"),                         // ka virama ra
+    Whole(0xE1B6, u"\u0995\u09CD\u09B7"),                         // ka virama ssa
+    Whole(0xE1B8, u"\u0997\u09C1"),                               // ga sign u
+    Whole(0xE1C1, u"\u099C\u09CD\u099E"),                         // ja virama nya
+    Whole(0xE1C5, u"\u099E\u09CD\u099D"),                         // nya virama jha
+    Whole(0xE1C6, u"\u099F\u09CD\u099F"),                         // tta virama tta
+    Whole(0xE1CE, u"\u09A4\u09CD\u09B0"),                         // ta virama ra
+    After(0xE1D0, u"\u099E", u"\u099E\u09CD\u09B0"),              // virama ra
+    Whole(0xE1D1, u"\u09FB"),                                     // ganda mark
+    Above(0xE1D6, u"\u09A2", u"\u099F"),                          // the hook of tta and i
+    Whole(0xE1D8, u"\u09A6\u09CD\u09AC"),                         // da virama ba
+    Whole(0xE1E5, u"\u09AD\u09CD\u09B0"),                         // bha virama ra
+    Whole(0xE1E6, u"\u09AE\u09CD\u09A8"),                         // ma virama na
+    Blank(0xE1EC),                                                // filler
+    Whole(0xE1EF, u"\u09B6\u09C1"),                               // sha sign u
+    Whole(0xE1FB, u"\u09B9\u09C1"),                               // ha sign u
+    Whole(0xE1FC, u"\u09B9\u09C3"),                               // ha sign vocalic r
+    Whole(0xE1FE, u"\u09B9\u09CD\u09AE"),                         // ha virama ma
+};
+// clang-format on
+
+} // namespace
+
+std::span<const GlyphFontRow> BengaliFontRows() { return rows; }
+
+} // namespace corekit::detail

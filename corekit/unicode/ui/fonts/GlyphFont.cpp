@@ -1,0 +1,92 @@
+#include "corekit/unicode/ui/fonts/GlyphFont.h"
+
+#include "corekit/stores/RegistryKey.h"
+#include "corekit/unicode/ui/fonts/GlyphPieces.h"
+#include "corekit/unicode/ui/fonts/TrueTypeFile.h"
+
+namespace {
+
+using namespace corekit::detail;
+
+struct Script {
+    const char* name;
+    DWORD customSignature;
+    GlyphFontRules rules;
+};
+
+Script ScriptOf(GlyphScript script)
+{
+    switch (script) {
+    case GlyphScript::Bengali:
+        return {"Bengali", 2, {BengaliFontRows(), u"\u09B2", u"\u09B2\u09C1", u"\u09B2\u09BE"}};
+    case GlyphScript::Tamil:
+        return {"Tamil", 4, {TamilFontRows(), u"\u0B95", u"\u0B95\u0BCD", u"\u0B95\u0BBE"}};
+    default:
+        return {"Devanagari", 1, {DevanagariFontRows(), u"\u092A", u"\u092A\u0902", u"\u092A\u093E"}};
+    }
+}
+
+// Where the drawing looks for a position: at the code of its number and, as some mappings go by the western
+// code page, at the character that has this number there.
+std::vector<TrueTypeCode> CodesOf(int position, WORD glyph)
+{
+    static constexpr WORD western[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                         0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                         0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                         0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+    std::vector<TrueTypeCode> codes{{static_cast<WORD>(position), glyph}};
+    if (position >= 0x80 && position < 0xA0 && western[position - 0x80] != 0)
+        codes.push_back({western[position - 0x80], glyph});
+    return codes;
+}
+
+constexpr int blankPosition = 0x20, lastPosition = 0xFF;
+
+} // namespace
+
+const char* NameOf(GlyphScript script) { return ScriptOf(script).name; }
+
+BuiltGlyphFont BuildGlyphFont(GlyphScript script, const ShapingFace& base, const std::string& faceName)
+{
+    GlyphPieces pieces(base, ScriptOf(script).rules);
+    BuiltGlyphFont built;
+    TrueTypeFile file;
+    file.unitsPerEm = base.UnitsPerEm();
+    file.ascent = base.CellAscent();
+    file.descent = base.CellDescent();
+    file.family = faceName;
+    file.copyright = base.Name(0);
+    file.licence = base.Name(13);
+    file.licenceAddress = base.Name(14);
+    file.glyphs.push_back({{}, file.unitsPerEm / 2}); // what stands for a missing glyph
+    file.glyphs.push_back({{}, static_cast<int>(base.Shape(u" ").advance)});
+    file.codes = CodesOf(blankPosition, 1);
+    for (int position = 1; position <= lastPosition; ++position) {
+        if (position == blankPosition) continue;
+        GlyphPieceShape shape;
+        switch (pieces.Make(static_cast<BYTE>(position), shape)) {
+        case GlyphPieceState::none:
+            continue;
+        case GlyphPieceState::inseparable:
+            built.withoutPart.push_back(static_cast<WORD>(position));
+            continue;
+        case GlyphPieceState::made:
+            break;
+        }
+        for (const TrueTypeCode& code : CodesOf(position, static_cast<WORD>(file.glyphs.size())))
+            file.codes.push_back(code);
+        file.glyphs.push_back({std::move(shape.outline), static_cast<int>(shape.advance)});
+        ++built.pieces;
+    }
+    built.file = file.Write();
+    return built;
+}
+
+void RegisterGlyphFont(GlyphScript script, const std::string& faceName)
+{
+    constexpr BYTE noUnicodeRange[16] = {};
+    CRegistryKey key;
+    key.Create(HKEY_LOCAL_MACHINE, ("Software\\Corvane\\Unicode Support\\Font Mapping\\" + faceName).c_str());
+    key.SetValue("USB Signature", noUnicodeRange, sizeof(noUnicodeRange));
+    key.SetValue("Custom Signature", static_cast<unsigned>(ScriptOf(script).customSignature));
+}

@@ -1,0 +1,220 @@
+#include "corekit/unicode/ui/fonts/GlyphPieces.h"
+
+#include "corekit/unicode/ui/fonts/OutlineCut.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace corekit::detail {
+
+namespace {
+
+struct Extent {
+    double left = std::numeric_limits<double>::max(), top = std::numeric_limits<double>::lowest();
+};
+
+Extent ExtentOf(const GlyphOutline& outline, double below = std::numeric_limits<double>::max())
+{
+    Extent e;
+    for (const OutlineContour& contour : outline)
+        for (const OutlineCurve& side : contour) {
+            if (side.start.y < below) e.left = std::min(e.left, side.start.x);
+            e.top = std::max(e.top, side.start.y);
+        }
+    return e;
+}
+
+void AddTo(GlyphOutline& all, GlyphOutline&& more)
+{
+    all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
+bool LacksGlyphs(const ShapedPieces& shaped)
+{
+    return std::any_of(shaped.glyphs.begin(), shaped.glyphs.end(),
+                       [](const ShapedPiece& p) { return p.glyph == 0; });
+}
+
+constexpr double near = 1.5; // units, by which equal contours may differ
+
+bool AreAlike(const OutlineContour& a, const OutlineContour& b)
+{
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(), [](const auto& s, const auto& t) {
+               return std::abs(s.start.x - t.start.x) < near && std::abs(s.start.y - t.start.y) < near;
+           });
+}
+
+// False if one of them is not there.
+bool RemoveContours(GlyphOutline& from, const GlyphOutline& contours)
+{
+    for (const OutlineContour& contour : contours) {
+        const auto same =
+            std::find_if(from.begin(), from.end(), [&](const auto& c) { return AreAlike(c, contour); });
+        if (same == from.end()) return false;
+        from.erase(same);
+    }
+    return true;
+}
+
+} // namespace
+
+GlyphPieces::GlyphPieces(const ShapingFace& face, const GlyphFontRules& rules) : m_face(face), m_rules(rules)
+{
+    const double letter = face.Shape(rules.letter).advance;
+    GlyphOutline ink;
+    if (Remainder(GlyphPiece::after, rules.stemmed, rules.letter, ink)) {
+        m_stemWidth = face.Shape(rules.stemmed).advance - letter;
+        m_stemInk = ExtentOf(ink, ExtentOf(ink).top / 2).left - letter; // below the headline
+    }
+    GlyphOutline mark;
+    if (Remainder(GlyphPiece::after, rules.marked, rules.letter, mark))
+        m_markDistance = letter - ExtentOf(mark).left;
+}
+
+const GlyphFontRow* GlyphPieces::RowOf(WORD code) const
+{
+    const auto found = std::find_if(m_rules.rows.begin(), m_rules.rows.end(),
+                                    [code](const GlyphFontRow& row) { return row.code == code; });
+    return found == m_rules.rows.end() ? nullptr : &*found;
+}
+
+GlyphPieceState GlyphPieces::Make(BYTE position, GlyphPieceShape& shape) const
+{
+    const GlyphFontRow* const row = RowOf(static_cast<WORD>((m_rules.rows.front().code & 0xFF00) | position));
+    if (row == nullptr) return GlyphPieceState::none;
+    GlyphPieceState state = GlyphPieceState::made;
+    switch (row->piece) {
+    case GlyphPiece::whole:
+        state = Whole(*row, shape);
+        break;
+    case GlyphPiece::stemless:
+        state = Stemless(*row, shape);
+        break;
+    case GlyphPiece::after:
+    case GlyphPiece::before:
+        state = Beside(*row, shape);
+        break;
+    case GlyphPiece::beyond:
+        Beyond(*row, shape);
+        break;
+    case GlyphPiece::above:
+        Above(*row, shape);
+        break;
+    case GlyphPiece::small:
+        shape.outline = Small(row->text);
+        break;
+    case GlyphPiece::blank:
+        break;
+    case GlyphPiece::tail:
+        shape.advance = TailWidth(row->code);
+        break;
+    }
+    shape.advance = std::round(shape.advance);
+    return state;
+}
+
+GlyphPieceState GlyphPieces::Whole(const GlyphFontRow& row, GlyphPieceShape& shape) const
+{
+    const ShapedPieces shaped = m_face.Shape(row.text);
+    if (LacksGlyphs(shaped)) return GlyphPieceState::inseparable;
+    shape.outline = Ink(shaped);
+    shape.advance = shaped.advance - (row.tail ? TailWidth(row.tail) : 0);
+    return GlyphPieceState::made;
+}
+
+GlyphPieceState GlyphPieces::Stemless(const GlyphFontRow& row, GlyphPieceShape& shape) const
+{
+    const GlyphPieceState state = Whole(row, shape);
+    shape.advance -= m_stemWidth;
+    shape.outline = PartOf(shape.outline, CutSide::left, shape.advance + m_stemInk);
+    return state;
+}
+
+GlyphPieceState GlyphPieces::Beside(const GlyphFontRow& row, GlyphPieceShape& shape) const
+{
+    if (!Remainder(row.piece, row.text, row.context, shape.outline)) return GlyphPieceState::inseparable;
+    if (row.piece == GlyphPiece::after)
+        MoveOutline(shape.outline, MarkReach(row.context) - m_face.Shape(row.context).advance, 0);
+    shape.advance = m_face.Shape(row.text).advance - m_face.Shape(row.context).advance;
+    return GlyphPieceState::made;
+}
+
+void GlyphPieces::Beyond(const GlyphFontRow& row, GlyphPieceShape& shape) const
+{
+    const ShapedPieces all = m_face.Shape(row.text);
+    const double edge = m_face.Shape(row.context).advance;
+    shape.outline = PartOf(Ink(all), CutSide::right, edge);
+    MoveOutline(shape.outline, -edge, 0);
+    shape.advance = std::max(0.0, all.advance - edge);
+}
+
+void GlyphPieces::Above(const GlyphFontRow& row, GlyphPieceShape& shape) const
+{
+    const ShapedPieces all = m_face.Shape(row.text);
+    shape.outline = PartOf(Ink(all), CutSide::above, ExtentOf(Ink(m_face.Shape(row.context))).top);
+    MoveOutline(shape.outline, -all.advance, 0);
+}
+
+// The small letter's head line touches the base line, where the strokes of the letter above end.
+GlyphOutline GlyphPieces::Small(std::u16string_view text) const
+{
+    constexpr double scale = 0.5;
+    const ShapedPieces letter = m_face.Shape(text);
+    GlyphOutline ink = Ink(letter);
+    ScaleOutline(ink, scale);
+    MoveOutline(ink, -letter.advance * scale, -ExtentOf(ink).top);
+    return ink;
+}
+
+GlyphOutline GlyphPieces::Ink(const ShapedPieces& text) const
+{
+    GlyphOutline ink;
+    for (const ShapedPiece& piece : text.glyphs) {
+        GlyphOutline one = m_face.Outline(piece.glyph);
+        MoveOutline(one, piece.x, piece.y);
+        AddTo(ink, std::move(one));
+    }
+    return ink;
+}
+
+// What `text` shows more than `context`: glyphs that are not the context's or, where the face has one glyph
+// for both, the contours that are not. A sign in front of its context is given from where it begins.
+bool GlyphPieces::Remainder(GlyphPiece side, std::u16string_view text, std::u16string_view context,
+                            GlyphOutline& ink) const
+{
+    const ShapedPieces all = m_face.Shape(text), known = m_face.Shape(context);
+    if (LacksGlyphs(all)) return false;
+    ShapedPieces more = all;
+    bool isApart = true;
+    for (const ShapedPiece& piece : known.glyphs) {
+        const auto same = std::find_if(more.glyphs.begin(), more.glyphs.end(),
+                                       [&](const ShapedPiece& p) { return p.glyph == piece.glyph; });
+        isApart &= same != more.glyphs.end();
+        if (same != more.glyphs.end()) more.glyphs.erase(same);
+    }
+    if (!isApart && side == GlyphPiece::before) return false;
+    ink = isApart ? Ink(more) : Ink(all);
+    if (!isApart && !RemoveContours(ink, Ink(known))) return false;
+    if (side == GlyphPiece::before && !more.glyphs.empty()) MoveOutline(ink, -more.glyphs.front().x, 0);
+    return !ink.empty();
+}
+
+double GlyphPieces::TailWidth(WORD code) const
+{
+    const GlyphFontRow* const row = RowOf(code);
+    return row == nullptr || row->piece != GlyphPiece::tail ? 0 : MarkReach(row->text);
+}
+
+// How far a letter reaches beyond the place where marks after plain letters find theirs. 0 where it takes the
+// mark into its own shape.
+double GlyphPieces::MarkReach(std::u16string_view letter) const
+{
+    GlyphOutline mark;
+    const std::u16string marked = std::u16string(letter).append(m_rules.marked.substr(m_rules.letter.size()));
+    if (!Remainder(GlyphPiece::after, marked, letter, mark)) return 0;
+    return m_face.Shape(letter).advance - ExtentOf(mark).left - m_markDistance;
+}
+
+} // namespace corekit::detail

@@ -1,0 +1,17 @@
+// Straight work on outlines: moving and scaling them, and cutting them along a line.
+#pragma once
+
+#include "corekit/platform/ShapingFace.h"
+
+namespace corekit::detail {
+
+void MoveOutline(GlyphOutline& outline, double x, double y);
+void ScaleOutline(GlyphOutline& outline, double scale);
+
+enum class CutSide { left, right, above };
+
+// What of the outline lies on this side of an upright line (left, right) or a level one (above) at `place`,
+// closed along it. Filled without regard to overlaps (non-zero winding), it is the exact part of the shape.
+GlyphOutline PartOf(const GlyphOutline& outline, CutSide side, double place);
+
+} // namespace corekit::detail
