@@ -21,6 +21,7 @@ struct Path {
 
 const Path paths[] = {
     {"devanagari", {Script::Devanagari}},
+    {"bengali", {Script::Bengali}},
     {"tamil", {Script::Tamil}},
     {"mixed", {Script::MixedLtr, Script::MixedRtl}},
 };

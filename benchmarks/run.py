@@ -16,7 +16,7 @@ GOALS = {
     "chardata/to_upper_random_bmp": 4, "chardata/to_upper_text": 4,
     "bidi/latin": 8, "bidi/mixed_ltr": 5, "bidi/mixed_rtl": 5,
     "shaping/arabic": 3,
-    "indic/devanagari": 20, "indic/tamil": 20, "indic/mixed": 20,
+    "indic/devanagari": 20, "indic/bengali": 20, "indic/tamil": 20, "indic/mixed": 20,
     "streams/memory_write": 1.2, "streams/memory_read": 1.5,
     "streams/file_write": 1.5, "streams/file_read": 1.2,
     "strings/copy": 1, "strings/find_units": 1, "strings/make": (1, "qt6_qstring"), "strings/equal": (1, "qt6_qstring"),

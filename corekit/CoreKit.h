@@ -109,6 +109,7 @@
 #include "corekit/stores/WordListFile.h"
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 #include "corekit/unicode/shaping/ArabicShaping.h"
+#include "corekit/unicode/shaping/BengaliShaping.h"
 #include "corekit/unicode/shaping/DevanagariShaping.h"
 #include "corekit/unicode/shaping/GlyphConversion.h"
 #include "corekit/unicode/shaping/TamilShaping.h"

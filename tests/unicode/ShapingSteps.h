@@ -3,6 +3,7 @@
 
 #include "corekit/foundation/StringW.h"
 #include "corekit/unicode/shaping/ArabicShaping.h"
+#include "corekit/unicode/shaping/BengaliShaping.h"
 #include "corekit/unicode/shaping/DevanagariShaping.h"
 #include "corekit/unicode/shaping/TamilShaping.h"
 
@@ -16,6 +17,7 @@ struct ShapingStep {
 inline constexpr ShapingStep shapingSteps[] = {
     {0x0600, 0x06FF, ConvertArabicGlyphs},
     {0x0900, 0x097F, ConvertDevanagariSyllable},
+    {0x0980, 0x09FF, ConvertBengaliSyllable},
     {0x0B80, 0x0BFF, ConvertTamilSyllable},
 };
 

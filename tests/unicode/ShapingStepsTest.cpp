@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <random>
+#include <vector>
 
 namespace {
 
@@ -39,14 +40,15 @@ TEST_P(StepsFromTheTable, TakeAndGive)
 }
 
 INSTANTIATE_TEST_SUITE_P(Indic, StepsFromTheTable,
-                         testing::Values("devanagari_shaping.tsv", "tamil_shaping.tsv"));
+                         testing::Values("bengali_shaping.tsv", "devanagari_shaping.tsv",
+                                         "tamil_shaping.tsv"));
 
 // Letters, joiners and marks of all blocks crowd together, with what belongs to none among them.
 std::u16string RandomText(std::mt19937& random)
 {
-    constexpr char16_t often[] = {0x094D, 0x0930, 0x0902, 0x093C, 0x093F, 0x0915, 0x0BCD, 0x0B95,
-                                  0x0BB7, 0x0BB0, 0x0BC0, 0x0BBE, 0x09CD, 0x09B0, 0x0644, 0x0627,
-                                  u' ',   0xD800, 0xDC00, 0xFFFF, 0xE2FF, 0xE045};
+    constexpr char16_t often[] = {0x094D, 0x0930, 0x0902, 0x093C, 0x093F, 0x0915, 0x0BCD, 0x0B95, 0x0BB7,
+                                  0x0BB0, 0x0BC0, 0x0BBE, 0x09CD, 0x09B0, 0x09A9, 0x09AF, 0x09D5, 0x099B,
+                                  0x0644, 0x0627, u' ',   0xD800, 0xDC00, 0xFFFF, 0xE2FF, 0xE045};
     std::u16string text;
     for (unsigned length = random() % 20; text.size() < length;) {
         const ShapingStep& block = shapingSteps[random() % std::size(shapingSteps)];
@@ -105,10 +107,11 @@ TEST(ShapingSteps, CostsAreLinearOnHostileTexts)
 {
     for (const std::u16string pattern :
          {u"\u0902", u"\u0915\u0902", u"\u0915\u094D", u"\u094D", u"\u0930\u094D\u0915\u0902\u093F",
-          u"\u0BBE", u"\u0B95\u0BCD\u0BB7\u0BCB", u"\u0934\u0949"}) {
+          u"\u0BBE", u"\u0B95\u0BCD\u0BB7\u0BCB", u"\u0934\u0949", u"\u099F", u"\u0980\u09CC",
+          u"\u0995\u09CD\u09B7\u09CD", u"\u099B\u09CD"}) {
         std::u16string text;
         while (text.size() < 500'000) text += pattern;
-        EXPECT_LE(Convert(text).size(), 3 * text.size());
+        EXPECT_LE(Convert(text).size(), 4 * text.size());
     }
 }
 
@@ -147,6 +150,47 @@ TEST(DevanagariClasses, EndsOfTheRanges)
         EXPECT_FALSE(IsDevanagariConsonant(c)) << std::hex << int{c};
     for (const WCHAR c : {0x093E, 0x0945, 0x094C}) EXPECT_TRUE(IsDevanagariMatra(c)) << std::hex << int{c};
     for (const WCHAR c : {0x093D, 0x094D}) EXPECT_FALSE(IsDevanagariMatra(c)) << std::hex << int{c};
+}
+
+TEST(BengaliCluster, LeavesSignsAndLowerLettersToTheSyllable)
+{
+    const auto cluster = [](const char16_t* text, int index, int next) {
+        StringW out;
+        ConvertBengaliCluster(out, text, index);
+        EXPECT_EQ(index, next);
+        return Units(out);
+    };
+    EXPECT_EQ(cluster(u"\u0995\u09CB", 0, 1), u"\uE14B\uE19A");
+    EXPECT_EQ(cluster(u"\u0995\u09CB", 1, 2), u"\uE109\uE176") << "always as at a word's start";
+    EXPECT_EQ(cluster(u"\u09A0\u09CD\u09AF", 0, 1), u"\uE156");
+    EXPECT_EQ(cluster(u"\u0995\u09CD\u0995\u09BF", 0, 3), u"\uE1B0");
+    EXPECT_EQ(cluster(u"A", 0, 1), u"");
+}
+
+// The letter that cha and virama take may be the end of the text, behind which nothing is to be read.
+TEST(BengaliCluster, ChaAndViramaTakeTheEndToo)
+{
+    const std::vector<char16_t> text = {0x099B, 0x09CD, 0};
+    StringW out;
+    int index = 0;
+    ConvertBengaliSyllable(out, text.data(), index);
+    EXPECT_EQ(index, 3);
+    EXPECT_EQ(Units(out), u"\uE151\uE126\uE19A");
+    EXPECT_EQ(Convert(u"\u099B\u09CD"), u"\uE151\uE126\uE19A");
+
+    const char16_t behindZero[] = {0x099B, 0x09CD, 0, 0x09BF, 0x0995};
+    ConvertToGlyphs(behindZero, 5, out = StringW(), false);
+    EXPECT_EQ(Units(out), u"\uE151\uE126\uE19A\uE177\uE14B\uE19A") << "what comes behind a zero is its own";
+}
+
+TEST(BengaliClasses, EndsOfTheRanges)
+{
+    for (const WORD c : {0x0980, 0x0984, 0x098D, 0x0995, 0x09A9, 0x09B0, 0x09B2, 0x09B6, 0x09B9, 0x09D3,
+                         0x09D4, 0x09DF, 0x09F4})
+        EXPECT_TRUE(IsBengaliConsonant(c)) << std::hex << c;
+    for (const WORD c : {0x0094, 0x097F, 0x0981, 0x0994, 0x09B1, 0x09B3, 0x09B5, 0x09BA, 0x09CD, 0x09D2,
+                         0x09DC, 0x09F0, 0x0A15})
+        EXPECT_FALSE(IsBengaliConsonant(c)) << std::hex << c;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "corekit/foundation/StringW.h"
 #include "corekit/unicode/shaping/ArabicShaping.h"
+#include "corekit/unicode/shaping/BengaliShaping.h"
 #include "corekit/unicode/shaping/DevanagariShaping.h"
 #include "corekit/unicode/shaping/GlyphSink.h"
 #include "corekit/unicode/shaping/TamilShaping.h"
@@ -15,7 +16,7 @@ namespace {
 using namespace corekit::detail;
 
 // Which step a character goes to. The blocks of all steps begin and end at multiples of 128.
-enum class Step : unsigned char { Copy, Arabic, Devanagari, Tamil };
+enum class Step : unsigned char { Copy, Arabic, Devanagari, Bengali, Tamil };
 
 constexpr int blockBits = 7;
 
@@ -32,6 +33,7 @@ constexpr StepTable steps = [] {
     StepTable table;
     table.Give(0x0600, 0x06FF, Step::Arabic);
     table.Give(0x0900, 0x097F, Step::Devanagari);
+    table.Give(0x0980, 0x09FF, Step::Bengali);
     table.Give(0x0B80, 0x0BFF, Step::Tamil);
     return table;
 }();
@@ -76,6 +78,9 @@ void ConvertToGlyphs(const WCHAR* text, int length, StringW& glyphs, bool system
             break;
         case Step::Devanagari:
             index = ShapeDevanagariRun(sink, text, end, index, length);
+            break;
+        case Step::Bengali:
+            index = ShapeBengaliRun(sink, text, end, index, length);
             break;
         case Step::Tamil:
             index = ShapeTamilRun(sink, text, end, index, length);
