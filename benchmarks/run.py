@@ -28,6 +28,9 @@ GOALS = {
     "conversion/quicksort": 0.9, "conversion/sort_integers": 0.9, "conversion/sort_texts": 0.9,
     "records/add": (1.3, "lmdb"), "records/delete": (5, "lmdb"), "records/get": 1, "records/replace": 1,
     "ports/batch_of_10000": (1, "libuv"), "ports/round_trip": 1,
+    "codepages/read_utf8": (1, "icu"), "codepages/write_utf8": (1, "icu"),
+    "codepages/read_65001": (1, "icu"), "codepages/write_65001": (1, "icu"),
+    "codepages/read_1256": 0.9, "codepages/write_1256": 0.9, "codepages/read_932": 0.9, "codepages/write_932": 0.9,
     "packing/deflate": 0.97, "packing/inflate": 0.97,
 }
 

@@ -108,6 +108,8 @@
 #include "corekit/stores/VariableLengthRecordFile.h"
 #include "corekit/stores/WordListFile.h"
 #include "corekit/unicode/bidi/ReorderToVisual.h"
+#include "corekit/unicode/codepages/CodePageConversion.h"
+#include "corekit/unicode/codepages/CodePageNames.h"
 #include "corekit/unicode/shaping/ArabicShaping.h"
 #include "corekit/unicode/shaping/BengaliShaping.h"
 #include "corekit/unicode/shaping/DevanagariShaping.h"

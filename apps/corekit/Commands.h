@@ -16,3 +16,4 @@ void AddRecordsCommand(CLI::App& app);
 void AddPackingCommands(CLI::App& app);
 void AddWordsCommand(CLI::App& app);
 void AddSettingsCommand(CLI::App& app);
+void AddConvertCommand(CLI::App& app);

@@ -63,5 +63,6 @@ int main(int argc, char** argv)
     AddPackingCommands(app);
     AddWordsCommand(app);
     AddSettingsCommand(app);
+    AddConvertCommand(app);
     return Run(app, argc, argv);
 }

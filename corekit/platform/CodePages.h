@@ -1,11 +1,14 @@
 // Conversion between narrow text in a code page and UTF-16.
 //
-// Every page that the machine has a converter for can be used. Lengths are in bytes on the narrow and in
-// 16-bit units on the wide side; -1 means up to and including the terminator. Any thread.
+// Every page that the machine has a converter for can be used: EnumSystemCodePagesA tells which. Lengths are
+// in bytes on the narrow and in 16-bit units on the wide side; -1 means up to and including the terminator.
+// Any thread.
 #pragma once
 
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
+
+#include <cstddef>
 
 inline constexpr UINT CP_ACP = 0;   // what GetACP tells
 inline constexpr UINT CP_OEMCP = 1; // what GetOEMCP tells
@@ -38,3 +41,25 @@ COREKIT_API int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* tex
 
 // Whether the byte starts a two-byte character in the page.
 COREKIT_API BOOL IsDBCSLeadByteEx(UINT codePage, BYTE byte);
+
+inline constexpr std::size_t MAX_DEFAULTCHAR = 2;
+inline constexpr std::size_t MAX_LEADBYTES = 12;
+
+struct CPINFO {
+    UINT MaxCharSize;                  // the most bytes of one character, those that change a state included
+    BYTE DefaultChar[MAX_DEFAULTCHAR]; // what stands for a character that the page lacks
+    BYTE LeadByte[MAX_LEADBYTES];      // first and last of each range of lead bytes, up to a pair of zeros
+};
+
+// 0 and last error 87 for an unknown page.
+COREKIT_API BOOL GetCPInfo(UINT codePage, CPINFO* info);
+
+inline constexpr DWORD CP_INSTALLED = 1; // the pages that the machine has converters for
+inline constexpr DWORD CP_SUPPORTED = 2; // here the same
+
+// Takes a page's number in decimal digits; 0 ends the enumeration.
+using CODEPAGE_ENUMPROCA = BOOL (*)(char* codePage);
+
+// Tells every page that the conversions know, by ascending number. 0 and last error 1004 for other flags, 87
+// without a procedure.
+COREKIT_API BOOL EnumSystemCodePagesA(CODEPAGE_ENUMPROCA proc, DWORD flags);

@@ -2,7 +2,9 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Locale.h"
 
+#include <algorithm>
 #include <atomic>
+#include <cstdlib>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <random>
@@ -52,6 +54,24 @@ TEST(CodePages, BothWaysGiveTheWrittenText)
         {437, "\x1A\x1C\x7F\x80", u"\u001A\u001C\u007FÇ"},
         {28591, "\xE9\xFF", u"éÿ"},
         {54936, "\x81\x30\x81\x30", u"\u0080"},
+        {37, "\xC1\x25\x15", u"A\n\u0085"},
+        {709, "GH", u"ا\u0628"},
+        {1361, "\xD0\x65", u"한"},
+        {10001, "\x93\xFA\x5C\x80", u"日¥\\"},
+        {10003, "\xC7\xD1\x81", u"한₩"},
+        {10004, "\xD3\xE4\xC7\xE5 \xB1", u"سلام \u0661"},
+        {10005, "\xF9\xEC\xE5\xED\x81", u"שלום\uFB1F"},
+        {10008, "\xD6\xD0\xFE", u"中™"},
+        {10010, "\xAF\xDE", u"ȘȚ"},
+        {10017, "\xA2\xDF", u"Ґя"},
+        {10079, "\xDC\xDF", u"Ðþ"},
+        {10082, "\xA9\xD9\xC6", u"Š©Ć"},
+        {20105, "$~", u"¤\u203E"},
+        {20261, "\xC8u\xC2 ", u"ü´"},
+        {20269, "\xC8u", u"ü"},
+        {20423, "\xC1\x41", u"AΑ"},
+        {20833, "\x42\xC1", u"\uFFA0A"},
+        {21027, "\x42\xC1", u"｡A"},
         {CP_UTF8, "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80", u"aé€😀"},
         {CP_UTF7, "A+4jw-", u"A\uE23C"},
     };
@@ -75,6 +95,52 @@ TEST(CodePages, EverySingleByteThatHasACharacterComesBack)
             EXPECT_TRUE(unit == u"\uFFFD" || narrow(page, unit) == text) << page << ": " << byte;
         }
     }
+}
+
+std::vector<UINT> listed;
+
+BOOL enlist(char* page)
+{
+    listed.push_back(static_cast<UINT>(std::atoi(page)));
+    return listed.size() < 1000;
+}
+
+BOOL stopAtOnce(char*) { return listed.push_back(0), FALSE; }
+
+TEST(CodePages, EveryPageListedConvertsAndNoOther)
+{
+    listed.clear();
+    EXPECT_TRUE(EnumSystemCodePagesA(enlist, CP_INSTALLED));
+    EXPECT_TRUE(std::ranges::is_sorted(listed));
+    for (const UINT page : listed) EXPECT_EQ(widen(page, narrow(page, u"47")), u"47") << page;
+    WCHAR unit;
+    for (int page = 4; page < 70000; ++page) {
+        const bool isListed = std::ranges::binary_search(listed, static_cast<UINT>(page));
+        const bool converts = MultiByteToWideChar(static_cast<UINT>(page), 0, "\xC1", 1, &unit, 1) == 1;
+        if (isListed != converts) ADD_FAILURE() << page;
+    }
+    EXPECT_TRUE(
+        std::ranges::includes(listed, std::vector<UINT>{37, 437, 874, 932, 1256, 10004, 20269, 65001}));
+    EXPECT_FALSE(std::ranges::binary_search(listed, 710u)); // no converter anywhere
+
+    listed.clear();
+    EXPECT_TRUE(EnumSystemCodePagesA(stopAtOnce, CP_SUPPORTED));
+    EXPECT_EQ(listed.size(), 1u);
+    EXPECT_FALSE(EnumSystemCodePagesA(enlist, 0));
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_FLAGS);
+    EXPECT_FALSE(EnumSystemCodePagesA(nullptr, CP_INSTALLED));
+}
+
+TEST(CodePages, LeadBytesAreToldAsRanges)
+{
+    CPINFO info;
+    ASSERT_TRUE(GetCPInfo(932, &info));
+    EXPECT_EQ(info.MaxCharSize, 2u);
+    EXPECT_EQ(std::vector<BYTE>(info.LeadByte, info.LeadByte + 6),
+              (std::vector<BYTE>{0x81, 0x9F, 0xE0, 0xFC, 0, 0}));
+    ASSERT_TRUE(GetCPInfo(1256, &info));
+    EXPECT_TRUE(info.MaxCharSize == 1 && info.LeadByte[0] == 0);
+    EXPECT_FALSE(GetCPInfo(710, &info));
 }
 
 TEST(CodePages, TextThatStandsForNothingIsReplacedOrRefused)
@@ -106,6 +172,30 @@ TEST(CodePages, TextThatStandsForNothingIsReplacedOrRefused)
     EXPECT_TRUE(used && result[1] == '#');
     EXPECT_EQ(WideCharToMultiByte(1252, 0, u"ae", 2, result, 4, nullptr, &used), 2);
     EXPECT_FALSE(used);
+}
+
+// Runs of every length before, between and after what is not plain, against one character at a time.
+TEST(CodePages, Utf8OfAnyLengthIsThatOfItsCharacters)
+{
+    const std::u16string_view kinds[] = {u"a", u"é", u"ش", u"क", u"😀", u"\xD800", u"\xDC00", u"\uFFFF"};
+    std::mt19937 random(3);
+    for (int turn = 0; turn < 2000; ++turn) {
+        std::u16string text, back;
+        std::string bytes;
+        for (unsigned runs = random() % 6; runs-- > 0;) {
+            const std::u16string_view kind = kinds[random() % std::size(kinds)];
+            const std::string one = narrow(CP_UTF8, kind);
+            if (kind == u"\xDC00" && text.ends_with(u'\xD800')) text += u'-', back += u'-', bytes += '-';
+            for (unsigned n = random() % 20; n-- > 0;) {
+                text += kind;
+                bytes += one;
+                back += kind[0] >= 0xD800 && kind.size() == 1 && kind[0] < 0xE000 ? u"\uFFFD" : kind;
+            }
+        }
+        if (text.empty()) continue;
+        ASSERT_EQ(narrow(CP_UTF8, text), bytes);
+        ASSERT_EQ(widen(CP_UTF8, bytes), back);
+    }
 }
 
 TEST(CodePages, ShortBufferFailsButKeepsWhatFits)

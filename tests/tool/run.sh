@@ -179,6 +179,38 @@ refused words find "$words" missing
 refused words index "$words" "$scratch/missing"
 refused words find "$scratch/words.txt" line
 
+printf 'caf\xe9\n\xd4\n' >"$scratch/cp1252.txt"
+is $'café\nÔ' convert --from windows-1252 --to utf-8 "$scratch/cp1252.txt"
+is $'cafi\nش' convert --from 1256 --to 65001 <(printf 'cafi\n\xd4\n')
+[ "$(printf '日本' | "$tool" convert --from utf-8 --to Shift_JIS | od -An -tx1)" = ' 93 fa 96 7b' ] || fail "convert from a pipe"
+is 'a?' convert --from utf-8 --to 'Arabic Codepage (1256)' --replace <(printf 'aक')
+refused convert --from utf-8 --to 1256 <(printf 'ab\nक')
+grep -q 'line 2 has U+0915' "$scratch/err" || fail "convert: $(cat "$scratch/err")"
+refused convert --from utf-8 --to 1252 <(printf 'a\n\xff')
+refused convert --from cesu-8 --to 1252 --replace <(printf 'a\xff')
+refused convert --from 1252
+refused convert --from 710 --to utf-8 "$scratch/cp1252.txt"
+refused convert --from klingon --to utf-8 "$scratch/cp1252.txt"
+refused convert --from utf-8 --to iscii "$scratch/cp1252.txt"
+refused convert --from 1252 --to utf-8 "$scratch/missing"
+refused convert --from utf-8 --to 1252 "$scratch/cp1252.txt" -o "$scratch/converted"
+[ -z "$(find "$scratch" -name 'converted*')" ] || fail "convert left a part of a file"
+says '^1252 +windows-1252 +both ways +Windows US .ANSI. Codepage .1252.$' convert --list
+says '^710 +- +no +Arabic' convert --list
+says '^65537 +iscii-89 +from +ISCII-89' convert --list
+# Characters lie across every cut of a long text, and a long line has none.
+for i in $(seq 4000); do printf 'ذa日本語 ق%s' "$i"; [ $((i % 1900)) -ne 0 ] || echo; done >"$scratch/long.txt"
+iconv -f utf-8 -t gb18030 "$scratch/long.txt" >"$scratch/long.gb"
+for page in gb18030 utf-16le cesu-8 utf-7; do
+    "$tool" convert --from utf-8 --to $page "$scratch/long.txt" -o "$scratch/there" &&
+        "$tool" convert --from $page --to utf-8 "$scratch/there" | cmp - "$scratch/long.txt" || fail "convert --to $page"
+    [ $page != gb18030 ] || cmp "$scratch/there" "$scratch/long.gb" || fail "convert: not what iconv gives"
+done
+tr -d 'ذق' <"$scratch/long.txt" >"$scratch/kanji.txt"
+for page in 932 euc-jp iso-2022-jp; do
+    "$tool" convert --from utf-8 --to $page "$scratch/kanji.txt" | "$tool" convert --from $page --to utf-8 | cmp - "$scratch/kanji.txt" || fail "convert --to $page"
+done
+
 if "$tool" --help | grep -q "^ *draw "; then
     printf 'one\r\n\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d 12\n\xff broken \xe2\x82\n' >"$scratch/utf8.txt"
     printf '\xff\xfeA\0B\0\n\0' >"$scratch/utf16.txt"

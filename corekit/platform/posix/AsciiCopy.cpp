@@ -1,48 +1,33 @@
 #include "corekit/platform/posix/CodePage.h"
-#include "corekit/platform/posix/Vector16.h"
+#include "corekit/platform/Utf8Runs.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace corekit::detail {
 namespace {
 
-constexpr std::size_t kBlock = 8;
-using Bytes8 = std::uint8_t __attribute__((vector_size(8)));
+template <typename From, typename To, typename Block>
+std::size_t copyWhileAscii(std::basic_string_view<From> text, Sink<To>& sink, Block copyBlock)
+{
+    const std::size_t count = std::min(text.size(), sink.room());
+    To* const to = sink.place();
+    std::size_t i = 0, run = kRunUnits;
+    for (; i + kRunUnits <= count && run == kRunUnits; i += run) run = copyBlock(text.data() + i, to + i);
+    for (; run == kRunUnits && i < count && (text[i] & ~0x7F) == 0; ++i) to[i] = static_cast<To>(text[i]);
+    sink.advance(i);
+    return i;
+}
 
 } // namespace
 
 std::size_t copyAscii(std::string_view text, Sink<WCHAR>& sink)
 {
-    const std::size_t count = std::min(text.size(), sink.room());
-    WCHAR* const to = sink.place();
-    std::size_t i = 0;
-    for (; i + kBlock <= count; i += kBlock) {
-        std::uint64_t word;
-        std::memcpy(&word, text.data() + i, kBlock);
-        if ((word & 0x8080808080808080u) != 0) break;
-        const Units units = __builtin_convertvector(std::bit_cast<Bytes8>(word), Units);
-        std::memcpy(to + i, &units, sizeof units);
-    }
-    for (; i < count && static_cast<unsigned char>(text[i]) < 0x80; ++i) to[i] = static_cast<WCHAR>(text[i]);
-    sink.advance(i);
-    return i;
+    return copyWhileAscii(text, sink, widenAscii);
 }
 
 std::size_t copyAscii(std::u16string_view text, Sink<char>& sink)
 {
-    const std::size_t count = std::min(text.size(), sink.room());
-    char* const to = sink.place();
-    std::size_t i = 0;
-    for (; i + kBlock <= count; i += kBlock) {
-        const Units units = loadUnits(text.data() + i);
-        if (laneBits(equalLanes(units & spreadUnit(0xFF80), Units{})) != 0xFFFF) break;
-        const Bytes8 bytes = __builtin_convertvector(units, Bytes8);
-        std::memcpy(to + i, &bytes, sizeof bytes);
-    }
-    for (; i < count && text[i] < 0x80; ++i) to[i] = static_cast<char>(text[i]);
-    sink.advance(i);
-    return i;
+    return copyWhileAscii(text, sink, narrowAscii);
 }
 
 } // namespace corekit::detail

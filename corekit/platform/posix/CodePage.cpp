@@ -1,32 +1,38 @@
 #include "corekit/platform/posix/CodePage.h"
 
-#include "corekit/platform/CodePages.h"
-#include "corekit/platform/posix/CodePageNames.h"
-
 #include <algorithm>
 #include <atomic>
 #include <mutex>
-#include <string>
+#include <vector>
 
 namespace corekit::detail {
 namespace {
 
-// Numbers under which converters by number would give UTF-16 and UTF-32, which are no narrow text.
-bool isWideForm(UINT number)
-{
-    return number == 1200 || number == 1201 || number == 12000 || number == 12001;
-}
-
 std::unique_ptr<const CodePage> makePage(UINT number)
 {
-    if (number == CP_UTF8) return makeUtf8Page();
     const auto names = codePageNames();
     const auto row = std::ranges::lower_bound(names, number, {}, &CodePageName::number);
-    if (row != names.end() && row->number == number)
-        return row->kind == ConverterKind::iconv ? makeIconvPage(row->name) : makeIcuPage(row->name);
-    if (isWideForm(number) || number < 37 || number > 9999) return nullptr;
-    auto page = makeIcuPage(("windows-" + std::to_string(number)).c_str());
-    return page ? std::move(page) : makeIcuPage(("ibm-" + std::to_string(number)).c_str());
+    if (row == names.end() || row->number != number) return nullptr;
+    switch (row->kind) {
+    case ConverterKind::own:
+        return makeUtf8Page();
+    case ConverterKind::iconv:
+        return makeIconvPage(*row);
+    default:
+        return makeIcuPage(*row);
+    }
+}
+
+bool isThere(const CodePageName& row)
+{
+    switch (row.kind) {
+    case ConverterKind::own:
+        return true;
+    case ConverterKind::iconv:
+        return hasIconvConverter(row.name);
+    default:
+        return hasIcuConverter(row.name);
+    }
 }
 
 // Pages once asked for; entries are only ever added, so that looking needs no lock.
@@ -60,6 +66,17 @@ const CodePage* findCodePage(UINT number)
         std::make_unique<Entry>(Entry{number, std::move(page), firstEntry.load(std::memory_order_relaxed)});
     firstEntry.store(entry.release(), std::memory_order_release);
     return found;
+}
+
+std::span<const UINT> codePageNumbers()
+{
+    static const std::vector<UINT> numbers = [] {
+        std::vector<UINT> there;
+        for (const CodePageName& row : codePageNames())
+            if (isThere(row)) there.push_back(row.number);
+        return there;
+    }();
+    return numbers;
 }
 
 } // namespace corekit::detail

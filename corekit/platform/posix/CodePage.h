@@ -1,10 +1,12 @@
 // One code page as a converter, and the finding of it by number.
 #pragma once
 
+#include "corekit/platform/posix/CodePageNames.h"
 #include "corekit/platform/Types.h"
 
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <string_view>
 
 namespace corekit::detail {
@@ -22,20 +24,27 @@ public:
     virtual ~CodePage() = default;
 
     // Both write no more than size; a character that no longer fits as a whole, and what follows, is counted
-    // only. With size 0 nothing is written.
+    // only. With size 0 nothing is written. An empty replacement is the page's question mark.
     virtual Converted widen(std::string_view text, WCHAR* result, std::size_t size) const = 0;
     virtual Converted narrow(std::u16string_view text, char* result, std::size_t size,
                              std::string_view replacement) const = 0;
     virtual bool isLeadByte(BYTE) const { return false; }
+    // The most bytes that one unit may take, those that change a state included.
+    virtual std::size_t longest() const = 0;
+    virtual BYTE questionMark() const { return '?'; }
 };
 
 // Made at first use and kept; null for a page that nobody knows. The number is a real one, not CP_ACP.
 const CodePage* findCodePage(UINT number);
+// The numbers of all pages that can be found, ascending.
+std::span<const UINT> codePageNumbers();
 
 std::unique_ptr<const CodePage> makeUtf8Page();
 // By its converter's name in ICU or, where that has none that fits, in iconv; null if that is missing.
-std::unique_ptr<const CodePage> makeIcuPage(const char* name);
-std::unique_ptr<const CodePage> makeIconvPage(const char* name);
+std::unique_ptr<const CodePage> makeIcuPage(const CodePageName& name);
+std::unique_ptr<const CodePage> makeIconvPage(const CodePageName& name);
+bool hasIcuConverter(const char* name);
+bool hasIconvConverter(const char* name);
 
 // A place for a result, with a length that keeps counting.
 template <typename Unit>

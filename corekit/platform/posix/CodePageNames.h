@@ -4,10 +4,16 @@
 #include "corekit/platform/Types.h"
 
 #include <span>
+#include <string_view>
 
 namespace corekit::detail {
 
-enum class ConverterKind : BYTE { icu, iconv };
+enum class ConverterKind : BYTE {
+    icu,
+    icuSingle, // the one-byte part of an ICU converter that shifts between one byte and two
+    iconv,
+    own
+};
 
 struct CodePageName {
     UINT number;
@@ -15,7 +21,16 @@ struct CodePageName {
     const char* name;
 };
 
-// The pages whose converter is not simply named after the number.
+// Every page that there may be, by ascending number. Whether it is there depends on the machine's converters.
 std::span<const CodePageName> codePageNames();
+
+// Bytes from `first` on that stand for other units than the converter says.
+struct CodePagePatch {
+    UINT page;
+    BYTE first;
+    std::u16string_view units;
+};
+
+std::span<const CodePagePatch> codePagePatches(UINT page);
 
 } // namespace corekit::detail

@@ -100,7 +100,8 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* text, int lengt
     const DWORD allowed = number == CP_UTF8 ? WC_ERR_INVALID_CHARS : isUnicode ? 0 : WC_NO_BEST_FIT_CHARS;
     if ((flags & ~allowed) != 0) return fail(ERROR_INVALID_FLAGS, 0);
     const std::size_t count = length < 0 ? crt16::wcslen(text) + 1 : static_cast<std::size_t>(length);
-    const std::string_view replacement = defaultChar != nullptr ? std::string_view(defaultChar) : "?";
+    const std::string_view replacement =
+        defaultChar != nullptr ? std::string_view(defaultChar) : std::string_view();
     const Converted converted =
         page->narrow({text, count}, result, static_cast<std::size_t>(size), replacement);
     if (usedDefault != nullptr) *usedDefault = converted.hasUnknown;
@@ -113,4 +114,32 @@ BOOL IsDBCSLeadByteEx(UINT codePage, BYTE byte)
 {
     const CodePage* const page = pageOf(codePage);
     return page != nullptr && page->isLeadByte(byte);
+}
+
+BOOL GetCPInfo(UINT codePage, CPINFO* info)
+{
+    const CodePage* const page = pageOf(codePage);
+    if (page == nullptr || info == nullptr) return fail(ERROR_INVALID_PARAMETER, FALSE);
+    *info = {static_cast<UINT>(page->longest()), {page->questionMark(), 0}, {}};
+    std::size_t next = 0;
+    for (unsigned byte = 0; byte < 256; ++byte) {
+        if (!page->isLeadByte(static_cast<BYTE>(byte))) continue;
+        const bool goesOn = next > 0 && info->LeadByte[next - 1] == byte - 1;
+        if (!goesOn && next + 2 > MAX_LEADBYTES - 2) break; // the list ends with a pair of zeros
+        if (!goesOn) info->LeadByte[next] = static_cast<BYTE>(byte), next += 2;
+        info->LeadByte[next - 1] = static_cast<BYTE>(byte);
+    }
+    return TRUE;
+}
+
+BOOL EnumSystemCodePagesA(CODEPAGE_ENUMPROCA proc, DWORD flags)
+{
+    if (proc == nullptr) return fail(ERROR_INVALID_PARAMETER, FALSE);
+    if (flags != CP_INSTALLED && flags != CP_SUPPORTED) return fail(ERROR_INVALID_FLAGS, FALSE);
+    for (const UINT number : codePageNumbers()) {
+        char text[12] = {};
+        std::to_chars(text, text + sizeof text - 1, number);
+        if (!proc(text)) break;
+    }
+    return TRUE;
 }

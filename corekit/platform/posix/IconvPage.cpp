@@ -70,10 +70,12 @@ private:
 
 } // namespace
 
-std::unique_ptr<const CodePage> makeIconvPage(const char* name)
+std::unique_ptr<const CodePage> makeIconvPage(const CodePageName& name)
 {
-    IconvSource source(name);
-    return source.isUsable() ? std::make_unique<TablePage>(source) : nullptr;
+    IconvSource source(name.name);
+    return source.isUsable() ? std::make_unique<TablePage>(source, codePagePatches(name.number)) : nullptr;
 }
+
+bool hasIconvConverter(const char* name) { return IconvSource(name).isUsable(); }
 
 } // namespace corekit::detail

@@ -63,7 +63,8 @@ private:
 // Pages with longer characters, or with states.
 class ConverterPage final : public CodePage {
 public:
-    ConverterPage(std::string name, Converter first) : m_name(std::move(name))
+    ConverterPage(std::string name, Converter first)
+        : m_name(std::move(name)), m_longest(static_cast<std::size_t>(ucnv_getMaxCharSize(first.get())))
     {
         m_pool.push_back(std::move(first));
     }
@@ -100,20 +101,20 @@ public:
         ucnv_resetFromUnicode(converter.get());
         const UChar* from = text.data();
         const UChar* const end = from + text.size();
-        std::array<char, 512> part;
-        for (bool more = true; more;) {
-            char* to = part.data();
-            UErrorCode error = U_ZERO_ERROR;
-            ucnv_fromUnicode(converter.get(), &to, part.data() + part.size(), &from, end, nullptr, true,
-                             &error);
-            putPart(part.data(), to, sink);
-            more = U_FAILURE(error);
-            if (!more || error == U_BUFFER_OVERFLOW_ERROR) continue;
+        while (!convertKnown(*converter.get(), from, end, true, sink)) {
             sink.markUnknown();
-            sink.put(replacement.data(), replacement.size());
+            if (replacement.empty()) { // through the converter, which may have to change its state for it
+                const UChar questionMark[] = {u'?'};
+                const UChar* mark = questionMark;
+                convertKnown(*converter.get(), mark, mark + 1, false, sink);
+            } else {
+                sink.put(replacement.data(), replacement.size());
+            }
         }
         return sink.converted();
     }
+
+    std::size_t longest() const override { return m_longest; }
 
 private:
     // A converter of the pool for one conversion; another one is opened when all are in use.
@@ -143,6 +144,20 @@ private:
         Converter m_converter;
     };
 
+    // Converts up to the end, or up to and with what cannot be: false. The last part ends in the first state.
+    static bool convertKnown(UConverter& converter, const UChar*& from, const UChar* end, bool isLast,
+                             Sink<char>& sink)
+    {
+        std::array<char, 512> part;
+        for (;;) {
+            char* to = part.data();
+            UErrorCode error = U_ZERO_ERROR;
+            ucnv_fromUnicode(&converter, &to, part.data() + part.size(), &from, end, nullptr, isLast, &error);
+            putPart(part.data(), to, sink);
+            if (error != U_BUFFER_OVERFLOW_ERROR) return U_SUCCESS(error);
+        }
+    }
+
     template <typename Unit, typename Part>
     static void putPart(const Part* begin, const Part* end, Sink<Unit>& sink)
     {
@@ -150,6 +165,7 @@ private:
     }
 
     const std::string m_name;
+    const std::size_t m_longest;
     mutable std::mutex m_mutex;
     mutable std::vector<Converter> m_pool;
 };
@@ -170,13 +186,16 @@ bool fitsTables(const UConverter& converter)
 
 } // namespace
 
-std::unique_ptr<const CodePage> makeIcuPage(const char* name)
+std::unique_ptr<const CodePage> makeIcuPage(const CodePageName& name)
 {
-    Converter converter = openConverter(name);
+    Converter converter = openConverter(name.name);
     if (!converter) return nullptr;
-    if (!fitsTables(*converter)) return std::make_unique<ConverterPage>(name, std::move(converter));
+    if (name.kind != ConverterKind::icuSingle && !fitsTables(*converter))
+        return std::make_unique<ConverterPage>(name.name, std::move(converter));
     IcuSource source(*converter);
-    return std::make_unique<TablePage>(source);
+    return std::make_unique<TablePage>(source, codePagePatches(name.number));
 }
+
+bool hasIcuConverter(const char* name) { return openConverter(name) != nullptr; }
 
 } // namespace corekit::detail

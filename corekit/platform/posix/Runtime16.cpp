@@ -1,6 +1,6 @@
 #include "corekit/platform/posix/CaseTables.h"
-#include "corekit/platform/posix/Vector16.h"
 #include "corekit/platform/Runtime.h"
+#include "corekit/platform/Vector16.h"
 
 #include <algorithm>
 #include <climits>

@@ -6,6 +6,7 @@ namespace corekit::detail {
 namespace {
 
 constexpr WCHAR kUnknown = 0xFFFD;
+constexpr std::array<WORD, 256> kNoCodes{};
 
 // Converters made for the mainframe's habits swap three control characters.
 bool isSwappedControl(BYTE byte, WCHAR unit)
@@ -14,25 +15,37 @@ bool isSwappedControl(BYTE byte, WCHAR unit)
     return isOne(byte) && isOne(unit);
 }
 
+WCHAR patchOf(std::span<const CodePagePatch> patches, BYTE byte)
+{
+    for (const CodePagePatch& patch : patches)
+        if (byte >= patch.first && byte - patch.first < static_cast<int>(patch.units.size()))
+            return patch.units[static_cast<std::size_t>(byte - patch.first)];
+    return 0;
+}
+
 } // namespace
 
-TablePage::TablePage(PageSource& source)
+TablePage::TablePage(PageSource& source, std::span<const CodePagePatch> patches)
 {
-    readSingleBytes(source);
-    for (unsigned byte = 0; byte < 128; ++byte) m_hasAscii = m_hasAscii && m_units[byte] == byte;
+    m_codes.fill(&kNoCodes);
+    readSingleBytes(source, patches);
+    if (const WORD code = codeOf(u'?'); code > 0 && code < 0x100) m_questionMark = static_cast<BYTE>(code);
     m_hasHoles = std::ranges::find(m_units, kUnknown) != m_units.end();
     m_isSingle = std::ranges::all_of(m_trails, [](const auto& trails) { return trails == nullptr; });
 }
 
-void TablePage::readSingleBytes(PageSource& source)
+void TablePage::readSingleBytes(PageSource& source, std::span<const CodePagePatch> patches)
 {
     for (unsigned value = 0; value < 256; ++value) {
         const auto byte = static_cast<BYTE>(value);
         const char text = static_cast<char>(byte);
-        WCHAR unit = kUnknown;
-        const auto answer = source.decode({&text, 1}, unit);
-        if (answer == PageSource::Answer::nothing) unit = byte >= 0x80 && byte < 0xA0 ? byte : kUnknown;
+        WCHAR unit = patchOf(patches, byte);
+        const auto answer = unit != 0 ? PageSource::Answer::unit : source.decode({&text, 1}, unit);
+        // What an extension of ASCII leaves open there are control characters.
+        if (answer == PageSource::Answer::nothing)
+            unit = m_hasAscii && byte >= 0x80 && byte < 0xA0 ? byte : kUnknown;
         if (isSwappedControl(byte, unit)) unit = byte;
+        if (byte < 0x80) m_hasAscii = m_hasAscii && unit == byte;
         m_units[byte] = answer == PageSource::Answer::leadByte ? kUnknown : unit;
         if (answer == PageSource::Answer::leadByte)
             readTrails(source, byte);
@@ -45,7 +58,7 @@ void TablePage::readTrails(PageSource& source, BYTE lead)
 {
     auto trails = std::make_unique<Trails>();
     trails->fill(kUnknown);
-    for (unsigned trail = 0x21; trail < 0x100; ++trail) {
+    for (unsigned trail = 0x20; trail < 0x100; ++trail) {
         const char text[] = {static_cast<char>(lead), static_cast<char>(trail)};
         WCHAR unit = kUnknown;
         if (source.decode({text, 2}, unit) != PageSource::Answer::unit || unit == kUnknown) continue;
@@ -58,8 +71,11 @@ void TablePage::readTrails(PageSource& source, BYTE lead)
 // Where several codes stand for one unit, the converter says which one is meant for the way back.
 void TablePage::enter(PageSource& source, WCHAR unit, WORD code)
 {
-    auto& codes = m_codes[unit >> 8];
-    if (!codes) codes = std::make_unique<Codes>();
+    auto& codes = m_ownCodes[unit >> 8];
+    if (!codes) {
+        codes = std::make_unique<Codes>();
+        m_codes[unit >> 8] = codes.get();
+    }
     WORD& place = (*codes)[unit & 0xFF];
     if (place == 0) {
         place = code;
@@ -67,14 +83,8 @@ void TablePage::enter(PageSource& source, WCHAR unit, WORD code)
     }
     const std::string preferred = source.encode(unit);
     const auto byte = [&](std::size_t i) { return static_cast<BYTE>(preferred[i]); };
-    if (preferred.size() == 1) place = byte(0);
+    if (preferred.size() == 1 && m_units[byte(0)] == unit) place = byte(0);
     if (preferred.size() == 2) place = static_cast<WORD>(byte(0) << 8 | byte(1));
-}
-
-WORD TablePage::codeOf(WCHAR unit) const
-{
-    const auto& codes = m_codes[unit >> 8];
-    return codes ? (*codes)[unit & 0xFF] : WORD{0};
 }
 
 // One character that may have two bytes; returns how many it had. ASCII behind a lead byte that it does not
@@ -115,13 +125,21 @@ Converted TablePage::widen(std::string_view text, WCHAR* result, std::size_t siz
     return sink.converted();
 }
 
-void TablePage::putCode(WORD code, Sink<char>& sink) const
+// Units at the front that the page has, with room for two bytes each; the others are left.
+std::size_t TablePage::narrowKnown(std::u16string_view text, Sink<char>& sink) const
 {
-    const char bytes[] = {static_cast<char>(code >> 8), static_cast<char>(code & 0xFF)};
-    if (code > 0xFF)
-        sink.put(bytes, 2);
-    else
-        sink.put(bytes[1]);
+    char* to = sink.place();
+    const std::size_t count = std::min(text.size(), sink.room() / 2);
+    std::size_t i = 0;
+    for (; i < count; ++i) {
+        const WORD code = codeOf(text[i]);
+        if (code == 0 && text[i] != 0) break;
+        *to = static_cast<char>(code >> 8);
+        to += code > 0xFF;
+        *to++ = static_cast<char>(code & 0xFF);
+    }
+    sink.advance(static_cast<std::size_t>(to - sink.place()));
+    return i;
 }
 
 Converted TablePage::narrowSingle(std::u16string_view text, char* result, std::size_t size,
@@ -145,20 +163,23 @@ Converted TablePage::narrowSingle(std::u16string_view text, char* result, std::s
 Converted TablePage::narrow(std::u16string_view text, char* result, std::size_t size,
                             std::string_view replacement) const
 {
+    const char questionMark = static_cast<char>(m_questionMark);
+    if (replacement.empty()) replacement = {&questionMark, 1};
     if (m_isSingle && replacement.size() == 1) return narrowSingle(text, result, size, replacement[0]);
     Sink<char> sink(result, size);
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (m_hasAscii && text[i] < 0x80) {
-            i += copyAscii(text.substr(i), sink);
-            if (i == text.size()) break;
+    while (!text.empty()) {
+        if (m_hasAscii && text[0] < 0x80) text.remove_prefix(copyAscii(text, sink));
+        text.remove_prefix(narrowKnown(text, sink));
+        if (text.empty()) break;
+        const WORD code = codeOf(text[0]);
+        const char bytes[] = {static_cast<char>(code >> 8), static_cast<char>(code & 0xFF)};
+        if (code == 0 && text[0] != 0) {
+            sink.markUnknown();
+            sink.put(replacement.data(), replacement.size());
+        } else {
+            sink.put(code > 0xFF ? bytes : bytes + 1, code > 0xFF ? 2 : 1);
         }
-        const WORD code = codeOf(text[i]);
-        if (code != 0 || text[i] == 0) {
-            putCode(code, sink);
-            continue;
-        }
-        sink.markUnknown();
-        sink.put(replacement.data(), replacement.size());
+        text.remove_prefix(1);
     }
     return sink.converted();
 }

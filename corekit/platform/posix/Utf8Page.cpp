@@ -1,4 +1,7 @@
 #include "corekit/platform/posix/CodePage.h"
+#include "corekit/platform/Utf8Runs.h"
+
+#include <algorithm>
 
 namespace corekit::detail {
 namespace {
@@ -33,31 +36,121 @@ Decoded decode(std::string_view text)
     return {point, length};
 }
 
+template <typename Unit>
+std::size_t left(const Unit* at, const Unit* end)
+{
+    return static_cast<std::size_t>(end - at);
+}
+
+void encode(char32_t point, Sink<char>& sink)
+{
+    const auto tail = [&](unsigned shift) { return static_cast<char>(0x80 | (point >> shift & 0x3F)); };
+    if (point < 0x80) {
+        sink.put(static_cast<char>(point));
+    } else if (point < 0x800) {
+        const char bytes[] = {static_cast<char>(0xC0 | point >> 6), tail(0)};
+        sink.put(bytes, 2);
+    } else if (point < 0x10000) {
+        const char bytes[] = {static_cast<char>(0xE0 | point >> 12), tail(6), tail(0)};
+        sink.put(bytes, 3);
+    } else {
+        const char bytes[] = {static_cast<char>(0xF0 | point >> 18), tail(12), tail(6), tail(0)};
+        sink.put(bytes, 4);
+    }
+}
+
+// Characters at the front of the text that are short, or plain ones of three bytes, with room for a block;
+// the others are left.
+std::size_t widenRuns(std::string_view text, Sink<WCHAR>& sink)
+{
+    const char* from = text.data();
+    WCHAR* to = sink.place();
+    const char* const fromEnd = from + text.size();
+    const WCHAR* const end = to + sink.room();
+    while (left(from, fromEnd) >= kRunBytes && left(to, end) >= kRunUnits) {
+        const auto lead = static_cast<unsigned char>(*from);
+        if (lead < 0xE0) {
+            const bool isAscii = lead < 0x80;
+            const std::size_t run = isAscii ? widenAscii(from, to) : widenPairs<Overlong::refused>(from, to);
+            if (run == 0) break;
+            from += isAscii ? run : 2 * run;
+            to += run;
+        } else {
+            const unsigned second = static_cast<unsigned char>(from[1]) ^ 0x80u;
+            const unsigned third = static_cast<unsigned char>(from[2]) ^ 0x80u;
+            const auto unit = static_cast<WCHAR>(lead << 12 | second << 6 | third);
+            if (lead > 0xEF || (second | third) > 0x3F || unit < 0x800 || (unit & 0xF800) == 0xD800) break;
+            *to++ = unit;
+            from += 3;
+        }
+    }
+    sink.advance(static_cast<std::size_t>(to - sink.place()));
+    return static_cast<std::size_t>(from - text.data());
+}
+
+std::size_t narrowRuns(std::u16string_view text, Sink<char>& sink)
+{
+    const WCHAR* from = text.data();
+    char* to = sink.place();
+    const WCHAR* const fromEnd = from + text.size();
+    const char* const end = to + sink.room();
+    while (left(from, fromEnd) >= kRunUnits && left(to, end) >= kRunBytes) {
+        const WCHAR unit = *from;
+        if (unit < 0x800) {
+            const bool isAscii = unit < 0x80;
+            const std::size_t run = isAscii ? narrowAscii(from, to) : narrowPairs(from, to);
+            from += run;
+            to += isAscii ? run : 2 * run;
+        } else {
+            if ((unit & 0xF800) == 0xD800) break;
+            to[0] = static_cast<char>(0xE0 | unit >> 12);
+            to[1] = static_cast<char>(0x80 | (unit >> 6 & 0x3F));
+            to[2] = static_cast<char>(0x80 | (unit & 0x3F));
+            to += 3;
+            ++from;
+        }
+    }
+    sink.advance(static_cast<std::size_t>(to - sink.place()));
+    return static_cast<std::size_t>(from - text.data());
+}
+
+// The same for a text that is shorter than a block, with something behind it at which every run stops.
+std::size_t widenRest(std::string_view text, Sink<WCHAR>& sink)
+{
+    char rest[2 * kRunBytes] = {};
+    *std::ranges::copy(text, rest).out = '\xFF';
+    return widenRuns({rest, text.size() + kRunBytes}, sink);
+}
+
+std::size_t narrowRest(std::u16string_view text, Sink<char>& sink)
+{
+    WCHAR rest[2 * kRunUnits] = {};
+    *std::ranges::copy(text, rest).out = 0xDFFF;
+    return narrowRuns({rest, text.size() + kRunUnits}, sink);
+}
+
 class Utf8Page final : public CodePage {
 public:
     Converted widen(std::string_view text, WCHAR* result, std::size_t size) const override
     {
         Sink<WCHAR> sink(result, size);
         while (!text.empty()) {
-            text.remove_prefix(copyAscii(text, sink));
+            const bool isShort = text.size() < kRunBytes;
+            text.remove_prefix(isShort ? widenRest(text, sink) : widenRuns(text, sink));
             if (text.empty()) break;
-            if (static_cast<unsigned char>(text[0]) < 0x80) { // no room is left, only counting
-                sink.put(static_cast<WCHAR>(text[0]));
-                text.remove_prefix(1);
-                continue;
-            }
-            const Decoded character = decode(text);
+            const auto lead = static_cast<unsigned char>(text[0]);
+            const Decoded character = lead < 0x80 ? Decoded{lead, 1} : decode(text);
             text.remove_prefix(character.length);
-            if (character.point == 0) {
-                sink.markUnknown();
-                sink.put(kReplacement);
-            } else if (character.point < 0x10000) {
-                sink.put(static_cast<WCHAR>(character.point));
-            } else {
+            if (character.point > 0xFFFF) {
                 const char32_t above = character.point - 0x10000;
                 const WCHAR pair[] = {static_cast<WCHAR>(0xD800 + (above >> 10)),
                                       static_cast<WCHAR>(0xDC00 + (above & 0x3FF))};
                 sink.put(pair, 2);
+            } else if (character.point == 0 && lead != 0) {
+                sink.markUnknown();
+                sink.put(kReplacement);
+            } else {
+                sink.put(static_cast<WCHAR>(character.point));
             }
         }
         return sink.converted();
@@ -68,7 +161,8 @@ public:
     {
         Sink<char> sink(result, size);
         while (!text.empty()) {
-            text.remove_prefix(copyAscii(text, sink));
+            const bool isShort = text.size() < kRunUnits;
+            text.remove_prefix(isShort ? narrowRest(text, sink) : narrowRuns(text, sink));
             if (text.empty()) break;
             char32_t point = text[0];
             std::size_t units = 1;
@@ -87,23 +181,7 @@ public:
         return sink.converted();
     }
 
-private:
-    static void encode(char32_t point, Sink<char>& sink)
-    {
-        const auto tail = [&](unsigned shift) { return static_cast<char>(0x80 | (point >> shift & 0x3F)); };
-        if (point < 0x80) {
-            sink.put(static_cast<char>(point));
-        } else if (point < 0x800) {
-            const char bytes[] = {static_cast<char>(0xC0 | point >> 6), tail(0)};
-            sink.put(bytes, 2);
-        } else if (point < 0x10000) {
-            const char bytes[] = {static_cast<char>(0xE0 | point >> 12), tail(6), tail(0)};
-            sink.put(bytes, 3);
-        } else {
-            const char bytes[] = {static_cast<char>(0xF0 | point >> 18), tail(12), tail(6), tail(0)};
-            sink.put(bytes, 4);
-        }
-    }
+    std::size_t longest() const override { return 3; } // four bytes are two units
 };
 
 } // namespace
