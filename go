@@ -161,6 +161,7 @@ bench)
     ;;
 fuzz)
     need build fuzz
+    want_ui
     build fuzz
     fuzz/run.sh build/fuzz/bin "${1:-60}"
     ;;

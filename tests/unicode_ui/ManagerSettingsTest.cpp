@@ -49,21 +49,22 @@ TEST_F(ManagerSettings, EachIsWrittenAtOnceUnderItsName)
 {
     const struct {
         const char* name;
-        void (CUnicodeManager::*set)(BOOL);
+        void (*set)(CUnicodeManager&);
         BOOL (*get)(const CUnicodeManager&);
     } settings[] = {
-        {"BI-DI Supported", &CUnicodeManager::SetBIDIEnabled,
+        {"BI-DI Supported", [](CUnicodeManager& m) { m.SetBIDIEnabled(TRUE); },
          [](const CUnicodeManager& m) { return m.IsBIDIEnabled(FALSE); }},
-        {"Windows Complex Language Enabled", &CUnicodeManager::SetWindowsComplexLanguageHandling,
+        {"Windows Complex Language Enabled",
+         [](CUnicodeManager& m) { m.SetWindowsComplexLanguageHandling(TRUE); },
          [](const CUnicodeManager& m) { return m.WindowsComplexLanguageHandlingEnabled(); }},
-        {"Extra Line Height", &CUnicodeManager::SetExtraLineHeight,
+        {"Extra Line Height", [](CUnicodeManager& m) { m.SetExtraLineHeight(TRUE); },
          [](const CUnicodeManager& m) { return m.ExtraLineHeight(); }},
-        {"Underline Select", &CUnicodeManager::SetUnderlineSelectEnabled,
+        {"Underline Select", [](CUnicodeManager& m) { m.SetUnderlineSelectEnabled(TRUE); },
          [](const CUnicodeManager& m) { return m.IsUnderlineSelectEnabled(); }},
     };
     for (const auto& s : settings) {
         EXPECT_FALSE(s.get(manager)) << s.name;
-        (manager.*s.set)(TRUE);
+        s.set(manager);
         EXPECT_NE(ExportRegistry(supportKey).find('"' + std::string(s.name) + "\" = number 1"),
                   std::string::npos)
             << s.name;

@@ -17,9 +17,11 @@ struct Narrow {
     using Coverage = std::uint32_t;
     [[gnu::always_inline]] static void spread(Pixels& out, Coverage coverage)
     {
-        constexpr Bytes16 twice{0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7};
         const Bytes16 once = reinterpret_cast<Bytes16>(Pixels{coverage});
-        out = reinterpret_cast<Pixels>(__builtin_shuffle(__builtin_shuffle(once, twice), twice));
+        const Bytes16 twice =
+            __builtin_shufflevector(once, once, 0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7);
+        out = reinterpret_cast<Pixels>(
+            __builtin_shufflevector(twice, twice, 0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7));
     }
 };
 
@@ -31,10 +33,11 @@ struct Wide {
     {
         using Bytes [[gnu::vector_size(32)]] = std::uint8_t;
         using Repeated [[gnu::vector_size(32)]] = std::uint64_t;
-        constexpr Bytes places{0,  0,  0,  0,  1,  1,  1,  1,  2,  2,  2,  2,  3,  3,  3,  3,
-                               20, 20, 20, 20, 21, 21, 21, 21, 22, 22, 22, 22, 23, 23, 23, 23};
         const Repeated repeated = Repeated{} + coverage;
-        out = reinterpret_cast<Pixels>(__builtin_shuffle(reinterpret_cast<Bytes>(repeated), places));
+        const Bytes bytes = reinterpret_cast<Bytes>(repeated);
+        out = reinterpret_cast<Pixels>(
+            __builtin_shufflevector(bytes, bytes, 0, 0, 0, 0, 1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3, //
+                                    20, 20, 20, 20, 21, 21, 21, 21, 22, 22, 22, 22, 23, 23, 23, 23));
     }
 };
 

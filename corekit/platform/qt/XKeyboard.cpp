@@ -1,12 +1,9 @@
 #include "corekit/platform/qt/XKeyboard.h"
 
+#include "corekit/platform/qt/XcbXkb.h"
+
 #include <cstdlib>
 #include <string_view>
-#include <xcb/xcb.h>
-// It names a member by a word of this language.
-#define explicit explicit_
-#include <xcb/xkb.h>
-#undef explicit
 
 namespace corekit::detail {
 namespace {

@@ -15,7 +15,7 @@ WORD LanguageOf(HKL layout) { return LOWORD(reinterpret_cast<DWORD_PTR>(layout))
 template <int size>
 CString LocaleText(WORD locale, DWORD type)
 {
-    char text[size] = "";
+    char text[size] = {};
     return GetLocaleInfoA(locale, type, text, size) > 0 ? CString(text) : CString();
 }
 
