@@ -6,6 +6,7 @@
 #include "TextFile.h"
 
 #include "corekit/platform/Toolkit.h"
+#include "corekit/unicode/ui/FontMapInfo.h"
 #include "corekit/unicode/ui/fonts/GlyphFont.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
 
@@ -100,12 +101,21 @@ struct CompareOptions {
 
 constexpr double alike = 0.7; // overlap of two words that look the same to a reader
 
+void CheckThatCodesGoTo(const std::string& face)
+{
+    const CFontMapInfo* const info = CUnicodeManager::Initialise(FALSE)->GetFontMapInfo(face.c_str());
+    if (info == nullptr) throw std::runtime_error("this machine has no face " + face);
+    if (info->GetSignature().GetCustomSignature() == 0)
+        throw std::runtime_error(face +
+                                 " is not registered as a font of glyph codes (fonts build --register)");
+}
+
 void Compare(const CompareOptions& options)
 {
     NeedToolkit();
     if (AddFontResourceA(options.fontFile.c_str()) == 0)
         throw std::runtime_error("cannot read the font " + options.fontFile);
-    CUnicodeManager::Initialise(FALSE);
+    CheckThatCodesGoTo(options.glyphFont);
     std::vector<std::u16string> texts;
     for (const std::string& file : options.files)
         for (std::u16string& line : ReadLines(file)) texts.push_back(std::move(line));

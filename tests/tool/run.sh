@@ -238,6 +238,8 @@ if "$tool" --help | grep -q "^ *draw "; then
     for script in Devanagari Bengali Tamil; do
         says "CoreKit-$script.ttf: [0-9]+ glyph codes" fonts build --script $script --from "Noto Sans $script" -o "$scratch/fonts" --register
     done
+    COREKIT_HOME="$scratch/elsewhere" refused fonts compare "$scripts/tamil.txt" --font-file "$scratch/fonts/CoreKit-Tamil.ttf" \
+        --font 'CoreKit Tamil' --with 'Noto Sans Tamil'
     # likeness LANGUAGE SCRIPT PERCENT: at least so many of its words are alike
     likeness() {
         says 'words overlap by at least 70 %' fonts compare "$scripts/$1.txt" --font-file "$scratch/fonts/CoreKit-$2.ttf" \
@@ -246,6 +248,8 @@ if "$tool" --help | grep -q "^ *draw "; then
     likeness hindi Devanagari 95
     likeness marathi Devanagari 90
     likeness nepali Devanagari 90
+    likeness bengali Bengali 70
+    likeness assamese Bengali 75
     likeness tamil Tamil 95
     "$tool" fonts compare "$scripts/tamil.txt" --font-file "$scratch/fonts/CoreKit-Tamil.ttf" --font 'CoreKit Tamil' \
         --with 'Noto Sans Tamil' --at-least 100 >"$scratch/out" 2>&1 && fail "a share that is not reached is no failure"

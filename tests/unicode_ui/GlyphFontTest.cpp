@@ -1,6 +1,7 @@
 #include "corekit/unicode/ui/fonts/GlyphFont.h"
 #include "corekit/platform/Gdi.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
+#include "tests/platform_ui/Canvas.h"
 #include "tests/RegistryHome.h"
 
 #include <gtest/gtest.h>
@@ -81,6 +82,18 @@ TEST(GlyphFont, MarksTakeNoRoom)
         {GlyphScript::Bengali, u"\u0001\u0012\u0017\u0026\u0079\u0081\u009F\u00A1\u00A9\u00AA\u00AD\u00D6"},
     };
     for (const auto& c : cases) EXPECT_EQ(WidthOf(Font(c.script).name, c.positions, ETO_IGNORELANGUAGE), 0);
+}
+
+// Some positions are control characters, which a layout of text would swallow.
+TEST(GlyphFont, EveryPositionHasInk)
+{
+    Canvas canvas;
+    canvas.use(Font(GlyphScript::Bengali).name, -48);
+    for (const char16_t position : {u'\u0009', u'\u0012', u'\u008C', u'\u00AD'}) {
+        canvas.clear();
+        EXPECT_TRUE(canvas.draw({&position, 1}, 100, 40));
+        EXPECT_GT(canvas.inkedPixels(), 0) << static_cast<int>(position);
+    }
 }
 
 // The sum over all words of a font file is this number, which tells that every table is where its entry says.

@@ -72,6 +72,11 @@ Subpixels shapedWidth(const SizedFont& font, const ShapedText& shaped)
     return std::llround(shaped.advance * font.scaleX() * wholePixel);
 }
 
+bool isOneToOne(const SizedFont& font, const TextRun& run)
+{
+    return run.oneToOne || font.face().holdsPieces();
+}
+
 Subpixels sumOf(std::span<const int> distances)
 {
     Subpixels sum = 0;
@@ -98,7 +103,7 @@ Subpixels measureRun(SizedFont& font, const TextRun& run)
         classes |= table[c];
         width += font.page(c >> 8).advances[c & 0xFF];
     }
-    if (run.oneToOne) return width;
+    if (isOneToOne(font, run)) return width;
     const Road road = roadOf(run, classes);
     if (road == Road::shaped) return shapedWidth(font, font.face().shape(run.units, run.rightToLeft));
     if (road == Road::straight || !(classes & textMirrored)) return width;
@@ -111,14 +116,14 @@ void placeRun(SizedFont& font, const TextRun& run, PlacedRun& placed)
 {
     const unsigned classes = classesIn(run.units);
     placed.glyphs.clear();
-    placed.joins = (classes & textJoins) != 0 && run.distances.empty();
+    placed.joins = ((classes & textJoins) != 0 || font.face().holdsPieces()) && run.distances.empty();
     Subpixels pen = 0;
     const auto show = [&](char16_t c) {
         const SizedFont::Page& page = font.page(c >> 8);
         placed.glyphs.push_back({pen, 0, page.glyphs[c & 0xFF]});
         pen += page.advances[c & 0xFF];
     };
-    const bool single = run.oneToOne || !run.distances.empty();
+    const bool single = isOneToOne(font, run) || !run.distances.empty();
     const Road road = single ? Road::straight : roadOf(run, classes);
     if (!run.distances.empty()) {
         for (std::size_t i = 0; i < run.units.size(); ++i) {

@@ -58,6 +58,7 @@ std::shared_ptr<Typeface> Typeface::load(const QString& family, bool bold, bool 
     face->tables_.unitsPerEm = unitsPerEm;
     face->tables_.read(bytesOf(face->raw_.fontTable("OS/2")), bytesOf(face->raw_.fontTable("hhea")),
                        bytesOf(face->raw_.fontTable("post")));
+    face->holdsPieces_ = face->tables_.subsets == std::array<DWORD, 4>{};
     return face;
 }
 

@@ -34,7 +34,10 @@ public:
     const std::string& name() const { return name_; }
     const FontTables& tables() const { return tables_; }
     QByteArray table(const char* tag) const { return raw_.fontTable(tag); } // as it stands in the font file
-    double designPixels() const { return designPixels_; }                   // per em
+    // A face that claims no Unicode range has pieces of writing at its codes, not characters: each is drawn
+    // for itself and may touch the next.
+    bool holdsPieces() const { return holdsPieces_; }
+    double designPixels() const { return designPixels_; } // per em
 
     // Glyphs and advances (in design pixels) of the 256 code units high * 256 ...
     void lookUp(unsigned high, std::uint16_t (&glyphs)[256], double (&advances)[256]) const;
@@ -57,6 +60,7 @@ private:
     QFont font_;
     QRawFont raw_;
     FontTables tables_;
+    bool holdsPieces_ = false;
     double designPixels_ = 0;
     std::unordered_map<std::uint16_t, QPainterPath> outlines_;
     LayoutCache layouts_[2];
