@@ -23,3 +23,12 @@ CWinApp::~CWinApp()
 }
 
 CWinApp* AfxGetApp() { return application; }
+
+BOOL AfxWinInit(HINSTANCE instance, HINSTANCE, const char* commandLine, int)
+{
+    CWinApp* const app = AfxGetApp();
+    if (!app) return FALSE;
+    app->m_hInstance = instance;
+    app->m_lpCmdLine = commandLine ? commandLine : "";
+    return TRUE;
+}

@@ -18,3 +18,8 @@ public:
 
 // The application object, or null before it is made and after it is gone.
 COREKIT_API CWinApp* AfxGetApp();
+
+// Tells the application object what the process was started with: the module, null for the program itself,
+// and the command line without the program's name, which must outlive the object. The others are not used. 0
+// if there is no application object yet.
+COREKIT_API BOOL AfxWinInit(HINSTANCE instance, HINSTANCE previous, const char* commandLine, int show);

@@ -18,6 +18,7 @@ enum class ObjectKind : std::uint8_t {
     file,
     fileMapping,
     event,
+    eventSource,
     mutex,
     thread,
     search,
