@@ -22,6 +22,7 @@ GOALS = {
     "strings/copy": 1, "strings/find_units": 1, "strings/make": (1, "qt6_qstring"), "strings/equal": (1, "qt6_qstring"),
     "draw/measure": 5, "draw/raster": 1.5, "manager/start": 0.5,
     "registry/read": 2,
+    "logging/flushed_line": (1.4, "spdlog"), "logging/filtered_out": 2,
     "words/lookup_hit": (3, "lmdb"), "words/lookup_miss": (3, "lmdb"), "words/wildcard_queries": (3, "sorted_fnmatch"),
     "settings/serialise": (1, "rapidjson"), "settings/deserialise": (2, "qt6_cbor"), "settings/lookup": (1, "jansson"),
     "conversion/wildcards": (1, "fnmatch"), "conversion/adler32": 5,

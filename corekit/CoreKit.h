@@ -52,6 +52,7 @@
 #include "corekit/logging/AlertSink.h"
 #include "corekit/logging/AlertSinkConfig.h"
 #include "corekit/logging/LogFiles.h"
+#include "corekit/logging/LogFollower.h"
 #include "corekit/logging/LogLevel.h"
 #include "corekit/logging/LogTarget.h"
 #include "corekit/logging/ProgressSink.h"

@@ -11,6 +11,7 @@ void AddShapeCommand(CLI::App& app);
 void AddCharCommand(CLI::App& app);
 void AddRegistryCommand(CLI::App& app);
 void AddIniCommand(CLI::App& app);
+void AddLogCommand(CLI::App& app);
 void AddOleCommand(CLI::App& app);
 void AddRecordsCommand(CLI::App& app);
 void AddPackingCommands(CLI::App& app);

@@ -58,6 +58,7 @@ int main(int argc, char** argv)
     AddCharCommand(app);
     AddRegistryCommand(app);
     AddIniCommand(app);
+    AddLogCommand(app);
     AddOleCommand(app);
     AddRecordsCommand(app);
     AddPackingCommands(app);

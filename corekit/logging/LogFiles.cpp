@@ -12,6 +12,7 @@ namespace corekit::detail {
 namespace {
 
 constexpr std::size_t dateLength = 10;
+constexpr int firstDate = 19700101;
 constexpr long secondsPerDay = 86400;
 
 bool IsFile(const WIN32_FIND_DATAA& data)
@@ -51,10 +52,27 @@ std::vector<std::string> LogFileNames::Existing() const
     return paths;
 }
 
+std::vector<std::string> LogFileNames::Days() const
+{
+    std::vector<std::string> days = Existing();
+    std::erase_if(days, [this](const std::string& path) {
+        const std::string date = DateText(path);
+        const bool isWhole = date.size() == dateLength && date[4] == '-' && date[7] == '-' &&
+                             DateKey(path) >= firstDate && path.size() == m_stem.size() + dateLength + 5;
+        return !isWhole;
+    });
+    return days;
+}
+
+std::string LogFileNames::DateText(const std::string& path) const
+{
+    return path.substr(std::min(m_stem.size() + 1, path.size()), dateLength);
+}
+
 // The date as one number, 20261114; whatever number stands in its place, 0 for none.
 int LogFileNames::DateKey(const std::string& path) const
 {
-    std::string date = path.substr(std::min(m_stem.size() + 1, path.size()), dateLength);
+    std::string date = DateText(path);
     std::erase(date, '-');
     return static_cast<int>(std::clamp(std::strtol(date.c_str(), nullptr, 10), long{INT_MIN}, long{INT_MAX}));
 }

@@ -23,8 +23,11 @@ public:
     // The day files that are there, and whatever else is called "<base>.*.log", by their dates, the oldest
     // first. What has no date comes before them.
     std::vector<std::string> Existing() const;
+    // Those of them whose date is whole.
+    std::vector<std::string> Days() const;
 
 private:
+    std::string DateText(const std::string& path) const;
     int DateKey(const std::string& path) const;
 
     std::string m_stem; // directory, separator and base name

@@ -8,22 +8,33 @@
 
 namespace corekit::detail {
 namespace {
-// By number of the bit.
-constexpr std::string_view names[] = {"Debug",      "Trace",      "Information",  "Warning",
-                                      "MinorError", "MajorError", "CriticalError"};
+
+// By number of the bit; the last for all else.
+constexpr std::string_view fields[] = {
+    "Debug             ", "Trace             ", "Information       ", "Warning           ",
+    "MinorError        ", "MajorError        ", "CriticalError     ", "*Unknown*         ",
+};
+constexpr DWORD unknown = std::size(fields) - 1;
+
 } // namespace
+
+std::string_view LogLevelField(DWORD level)
+{
+    const bool isOneBit = (level & (level - 1)) == 0 && level < (DWORD{1} << unknown) && level != 0;
+    return fields[isOneBit ? static_cast<DWORD>(std::countr_zero(level)) : unknown];
+}
 
 std::string_view LogLevelName(DWORD level)
 {
-    const auto bit = static_cast<std::size_t>(std::countr_zero(level));
-    return std::has_single_bit(level) && bit < std::size(names) ? names[bit] : "*Unknown*";
+    const std::string_view field = LogLevelField(level);
+    return field.substr(0, field.find(' '));
 }
 
 DWORD LogLevelOfName(std::string_view name)
 {
     const std::string wanted(name);
-    for (DWORD bit = 0; bit < std::size(names); ++bit)
-        if (_stricmp(wanted.c_str(), std::string(names[bit]).c_str()) == 0) return DWORD{1} << bit;
+    for (DWORD level = 1; level < (DWORD{1} << unknown); level <<= 1)
+        if (_stricmp(wanted.c_str(), std::string(LogLevelName(level)).c_str()) == 0) return level;
     return 0;
 }
 

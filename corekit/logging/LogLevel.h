@@ -21,6 +21,8 @@ namespace corekit::detail {
 // "Debug", "Trace", "Information", "Warning", "MinorError", "MajorError" or "CriticalError"; "*Unknown*" for
 // what is not one level.
 COREKIT_API std::string_view LogLevelName(DWORD level);
+// The same with the blanks that follow it in a line: 16 columns and two more.
+COREKIT_API std::string_view LogLevelField(DWORD level);
 // The level of that name, case aside; 0 if there is none.
 COREKIT_API DWORD LogLevelOfName(std::string_view name);
 

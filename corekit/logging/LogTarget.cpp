@@ -7,6 +7,8 @@
 #include "corekit/stores/RegistryKey.h"
 #include "corekit/Version.h"
 
+#include <algorithm>
+
 IMPLEMENT_DYNAMIC(CLogTarget, CCriticalObject)
 
 namespace {
@@ -15,10 +17,10 @@ using corekit::detail::AppendFile;
 using corekit::detail::Hold;
 using corekit::detail::LogDay;
 using corekit::detail::LogFileNames;
+using corekit::detail::LogLevelField;
 using corekit::detail::LogLevelName;
 
 constexpr std::size_t longestPiece = 1024;
-constexpr std::size_t levelColumns = 16;
 constexpr std::size_t keptRoom = 64 * 1024; // of the line buffer, from one message to the next
 
 std::string LastErrorText() { return GetLastErrorString().GetString(); }
@@ -37,7 +39,8 @@ CLogTarget::~CLogTarget() { CloseLogFile(); }
 
 StringA CLogTarget::GetLevelName(unsigned long level)
 {
-    return StringA(LogLevelName(static_cast<DWORD>(level)).data());
+    const std::string_view name = LogLevelName(static_cast<DWORD>(level));
+    return {name.data(), static_cast<int>(name.size())};
 }
 
 std::string CLogTarget::PathAt(long now) const { return m_isDaily ? m_names.OfDay(now) : m_names.Single(); }
@@ -87,36 +90,42 @@ void CLogTarget::WriteMessage(DWORD level, const char* text)
 
 void CLogTarget::AppendLine(DWORD level, std::string_view text)
 {
-    const std::string_view name = LogLevelName(level);
-    m_lines.append(m_stamp)
-        .append(name)
-        .append(levelColumns + 2 - name.size(), ' ')
-        .append(text)
-        .push_back('\n');
+    const std::string_view field = LogLevelField(level);
+    const std::size_t size = m_stamp.size() + field.size() + text.size() + 1;
+    if (m_lines.size() < m_used + size) m_lines.resize(std::max(m_used + size, 2 * m_lines.size()));
+    char* to = m_lines.data() + m_used;
+    to = std::copy(m_stamp.begin(), m_stamp.end(), to);
+    to = std::copy(field.begin(), field.end(), to);
+    to = std::copy(text.begin(), text.end(), to);
+    *to = '\n';
+    m_used += size;
+}
+
+void CLogTarget::Stamp(long now)
+{
+    CString stamp;
+    time_FormatString(stamp, "%d:%m:%Y %H:%M:%S  ", now, 1);
+    m_stamp = stamp;
+    m_stampDay = LogDay(now);
+    m_stampTime = now;
 }
 
 void CLogTarget::WriteLogEntry(long now, DWORD level, std::string_view text)
 {
-    if (now != m_stampTime) {
-        CString stamp;
-        time_FormatString(stamp, "%d:%m:%Y %H:%M:%S  ", now, 1);
-        m_stamp = stamp;
-        m_stampDay = LogDay(now);
-        m_stampTime = now;
-    }
-    m_lines.clear();
+    if (now != m_stampTime) Stamp(now);
+    m_used = 0;
     if (m_lost) AppendLine(logMajorError, LossText(m_lost, m_lostError));
     for (; text.size() > longestPiece; text.remove_prefix(longestPiece))
         AppendLine(level, text.substr(0, longestPiece));
     AppendLine(level, text);
 
-    if (m_file.Append(m_lines)) {
+    if (m_file.Append({m_lines.data(), m_used})) {
         m_lost = 0;
     } else {
         ++m_lost;
         m_lostError = GetLastError();
     }
-    if (m_lines.capacity() > keptRoom) std::string().swap(m_lines);
+    if (m_lines.size() > keptRoom) std::vector<char>().swap(m_lines);
 }
 
 void CLogTarget::RollOver(long now)

@@ -30,6 +30,7 @@
 #include <atomic>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class COREKIT_API CLogTarget : public CCriticalObject {
     DECLARE_DYNAMIC(CLogTarget)
@@ -92,6 +93,7 @@ private:
     // The following hold the lock and work for the time `now`.
     void WriteLogEntry(long now, DWORD level, std::string_view text);
     void AppendLine(DWORD level, std::string_view text);
+    void Stamp(long now);
     void RollOver(long now);
     void NoteStart(long now);
     void DeleteOldFiles(long now);
@@ -107,7 +109,8 @@ private:
     long m_stampTime = -1; // what m_stamp tells
     long m_stampDay = 0;
     std::string m_stamp;
-    std::string m_lines; // what goes out in one write
-    DWORD m_lost = 0;    // messages that the file did not take, and why
+    std::vector<char> m_lines; // what goes out in one write, and how much of it there is
+    std::size_t m_used = 0;
+    DWORD m_lost = 0; // messages that the file did not take, and why
     DWORD m_lostError = 0;
 };

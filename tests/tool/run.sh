@@ -71,6 +71,31 @@ printf '[A]\n"b" = number\n' >"$scratch/bad"
 refused registry import "$scratch/bad"
 refused registry import "$scratch/missing"
 
+log=$scratch/logs/Server
+mkdir "$scratch/logs"
+is '' log write "$log" 'café' 'two' --level Warning
+is '' log write "$log" 'quiet' --level Trace
+printf 'three\nfour \033[31m\n' | "$tool" log write "$log" - --level majorerror || fail "log write -"
+is '' log write "$scratch/logs/Other" 'x' --single
+[ -f "$scratch/logs/Other.log" ] && [ -f "$(ls "$log".20??-??-??.log)" ] || fail "log files: $(ls "$scratch/logs")"
+says '^[0-9:]{10} [0-9:]{8}  Warning           café$' log follow "$log" --once -n 100
+is '' log follow "$log" --once --filter Nothing
+[ "$("$tool" log follow "$log" --once --level Warning -n 3 | cut -c22-)" = $'Warning           two\nMajorError        three\nMajorError        four ?[31m' ] ||
+    fail "log follow: $("$tool" log follow "$log" --once --level Warning -n 3)"
+refused log write "$log" x --level Loud
+refused log write "$scratch/missing/Server" x
+refused log follow "$scratch/logs/Missing" --once
+refused log follow
+"$tool" log follow "$log" --filter later >"$scratch/followed" &
+follower=$!
+for _ in $(seq 30); do
+    is '' log write "$log" 'later'
+    grep -q later "$scratch/followed" && break
+    sleep 0.1
+done
+kill $follower
+grep -q 'Information       later$' "$scratch/followed" || fail "log follow saw nothing"
+
 printf '; mine\n[A]\n  b = 1\n' >"$scratch/x.ini"
 is 1 ini get "$scratch/x.ini" a B
 is '' ini set "$scratch/x.ini" A b 'two words'
