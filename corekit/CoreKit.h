@@ -84,6 +84,7 @@
 #include "corekit/platform/Services.h"
 #include "corekit/platform/ShapingFace.h"
 #include "corekit/platform/ShellFolders.h"
+#include "corekit/platform/Sockets.h"
 #include "corekit/platform/Storage.h"
 #include "corekit/platform/SystemInfo.h"
 #include "corekit/platform/SystemNames.h"

@@ -13,7 +13,8 @@ inline constexpr DWORD ERROR_PROC_NOT_FOUND = 127;
 using FARPROC = LONG_PTR (*)();
 
 // Loads the library, or counts one use more of it. A name without a separator is looked for where the system
-// looks. Null with error 126 if it cannot be loaded.
+// looks; "WS2_32.DLL" is the functions of Sockets.h, which are always there. Null with error 126 if it cannot
+// be loaded.
 COREKIT_API HMODULE LoadLibraryA(const char* name);
 // Ends one use.
 COREKIT_API BOOL FreeLibrary(HMODULE module);

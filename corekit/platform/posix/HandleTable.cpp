@@ -104,10 +104,19 @@ HANDLE openAnother(Object& object)
 
 HandleSlot* slotOf(HANDLE handle)
 {
-    const auto offset =
-        reinterpret_cast<std::uintptr_t>(handle) - reinterpret_cast<std::uintptr_t>(slots.data());
+    const auto value = reinterpret_cast<std::uintptr_t>(handle);
+    if (value < kSlots) {
+        HandleSlot& slot = slots[value];
+        return slot.kind.load(std::memory_order_acquire) == ObjectKind::socket ? &slot : nullptr;
+    }
+    const auto offset = value - reinterpret_cast<std::uintptr_t>(slots.data());
     if (offset >= sizeof slots || offset % sizeof(HandleSlot) != 0) return nullptr;
     return &slots[offset / sizeof(HandleSlot)];
+}
+
+std::uint32_t slotNumber(HANDLE handle)
+{
+    return static_cast<std::uint32_t>(static_cast<HandleSlot*>(handle) - slots.data());
 }
 
 } // namespace corekit::detail

@@ -23,6 +23,7 @@ enum class ObjectKind : std::uint8_t {
     thread,
     search,
     socket,
+    nameLookup,
     completionPort
 };
 
@@ -79,6 +80,9 @@ HANDLE openAnother(Object& object);
 
 // The slot of a handle, open or not; null for a value that is none.
 HandleSlot* slotOf(HANDLE handle);
+
+// What a socket is known by. slotOf takes it as a handle while the slot holds a socket.
+std::uint32_t slotNumber(HANDLE handle);
 
 // Whether objects of this kind are T. A class that several kinds derive from says it for itself.
 template <typename T>

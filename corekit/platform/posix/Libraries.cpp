@@ -2,11 +2,13 @@
 
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/File.h"
+#include "corekit/platform/posix/SocketFunctions.h"
 
 #include <algorithm>
 #include <cstring>
 #include <dlfcn.h>
 #include <link.h>
+#include <strings.h>
 #include <unistd.h>
 
 namespace {
@@ -51,11 +53,19 @@ void* opened(HMODULE module)
     if (!name) return nullptr;
     return ::dlopen(*name ? name : nullptr, RTLD_LAZY | RTLD_NOLOAD);
 }
+
+// The module that this library has built in; its address lies in this library.
+HMODULE socketModule()
+{
+    static const char inside = 0;
+    return reinterpret_cast<HMODULE>(const_cast<char*>(&inside));
+}
 } // namespace
 
 HMODULE LoadLibraryA(const char* name)
 {
     if (!name || !*name) return fail<HMODULE>(ERROR_MOD_NOT_FOUND, nullptr);
+    if (::strcasecmp(name, kSocketLibrary.data()) == 0) return socketModule();
     void* const handle = ::dlopen(nativePath(name).c_str(), RTLD_LAZY | RTLD_LOCAL);
     link_map* map = nullptr;
     Dl_info info;
@@ -68,6 +78,7 @@ HMODULE LoadLibraryA(const char* name)
 
 BOOL FreeLibrary(HMODULE module)
 {
+    if (module == socketModule()) return TRUE;
     const Use use(module ? opened(module) : nullptr);
     if (!use.get()) return fail(ERROR_MOD_NOT_FOUND, FALSE);
     return ::dlclose(use.get()) == 0;
@@ -75,6 +86,8 @@ BOOL FreeLibrary(HMODULE module)
 
 FARPROC GetProcAddress(HMODULE module, const char* name)
 {
+    if (name && module == socketModule())
+        if (const FARPROC function = socketFunction(name)) return function;
     const Use use(name ? opened(module) : nullptr);
     void* const address = use.get() ? ::dlsym(use.get(), name) : nullptr;
     if (!address) return fail<FARPROC>(ERROR_PROC_NOT_FOUND, nullptr);
