@@ -43,6 +43,7 @@ inline constexpr DWORD WSAENOBUFS = 10055;
 inline constexpr DWORD WSAENOTCONN = 10057;
 inline constexpr DWORD WSAECONNREFUSED = 10061;
 inline constexpr DWORD WSAVERNOTSUPPORTED = 10092;
+inline constexpr DWORD WSANOTINITIALISED = 10093;
 inline constexpr DWORD WSASERVICE_NOT_FOUND = 10108;
 inline constexpr DWORD WSA_E_NO_MORE = 10110;
 inline constexpr DWORD WSAHOST_NOT_FOUND = 11001;

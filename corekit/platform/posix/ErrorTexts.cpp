@@ -3,6 +3,7 @@
 #include "corekit/platform/CompletionPort.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/posix/Errno.h"
+#include "corekit/platform/Sockets.h"
 
 #include <algorithm>
 
@@ -64,6 +65,17 @@ constexpr TextRow kTexts[] = {
     {ERROR_NOT_FOUND, "There is no such operation under way."},
     {ERROR_TIMEOUT, "The time allowed for the operation ran out."},
     {ERROR_CANT_RESOLVE_FILENAME, "The name leads through too many links."},
+    {WSAEINTR, "The call on the socket was broken off."},
+    {WSAEACCES, "The socket may not be used in this way."},
+    {WSAEFAULT, "The memory handed to a call on sockets is missing or too small."},
+    {WSAEINVAL, "The socket is not in a state for this call."},
+    {WSAEMFILE, "Too many sockets are open."},
+    {WSAEOPNOTSUPP, "The socket or the name space does not do this."},
+    {WSAVERNOTSUPPORTED, "This version of sockets is not offered."},
+    {WSANOTINITIALISED, "The sockets have not been initialised."},
+    {WSASERVICE_NOT_FOUND, "Names of this kind cannot be looked up."},
+    {WSA_E_NO_MORE, "There are no more records."},
+    {WSAHOST_NOT_FOUND, "No host has this name."},
 };
 static_assert(std::ranges::is_sorted(kTexts, {}, &TextRow::code));
 

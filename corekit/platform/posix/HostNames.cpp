@@ -18,6 +18,8 @@
 namespace {
 using namespace corekit::detail;
 
+constexpr std::size_t kMostAddresses = 24; // a record of them fits the 2 KB that callers are used to offer
+
 class NameLookup final : public Object {
 public:
     static constexpr ObjectKind kKind = ObjectKind::nameLookup;
@@ -82,7 +84,7 @@ std::vector<in_addr> addressesOf(const char* host)
     addrinfo* found = nullptr;
     std::vector<in_addr> addresses;
     if (::getaddrinfo(host, nullptr, &hints, &found) != 0) return fail(WSAHOST_NOT_FOUND, addresses);
-    for (const addrinfo* entry = found; entry; entry = entry->ai_next)
+    for (const addrinfo* entry = found; entry && addresses.size() < kMostAddresses; entry = entry->ai_next)
         addresses.push_back(reinterpret_cast<const sockaddr_in*>(entry->ai_addr)->sin_addr);
     ::freeaddrinfo(found);
     return addresses;

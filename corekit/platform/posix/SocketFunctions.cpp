@@ -4,6 +4,7 @@
 #include "corekit/platform/Sockets.h"
 
 #include <algorithm>
+#include <bit>
 #include <iterator>
 
 namespace {
@@ -15,7 +16,7 @@ struct Row {
 template <class Function>
 FARPROC untyped(Function* function)
 {
-    return reinterpret_cast<FARPROC>(function);
+    return std::bit_cast<FARPROC>(function);
 }
 
 const Row kFunctions[] = {

@@ -1,0 +1,164 @@
+// The accept thread of XSocketApi.
+#include "corekit/foundation/ChainedException.h"
+#include "corekit/foundation/SystemHelpers.h"
+#include "corekit/net/XListenSocket.h"
+#include "corekit/platform/Handles.h"
+#include "corekit/platform/Waits.h"
+
+#include <algorithm>
+#include <memory>
+#include <span>
+
+namespace {
+constexpr DWORD kRetryMs = 50; // until a connection that could not be taken is asked for again
+} // namespace
+
+constinit XSocketApi::AcceptEntry XSocketApi::m_acceptTable[kMostSockets] = {};
+constinit std::size_t XSocketApi::m_acceptCount = 0;
+constinit std::recursive_mutex XSocketApi::m_acceptCrit;
+constinit HANDLE XSocketApi::m_hAcceptThread = nullptr;
+constinit std::atomic<int> XSocketApi::m_bTerminateAccept = 0;
+constinit HANDLE XSocketApi::m_hAcceptEvent = nullptr;
+
+void XSocketApi::CreateAcceptThread()
+try {
+    if (m_hAcceptThread) return;
+    if (!m_hAcceptEvent) {
+        const HANDLE event = scCreateEvent(nullptr, 0, 0, nullptr);
+        const std::lock_guard lock(m_acceptCrit);
+        m_hAcceptEvent = event;
+    }
+    m_bTerminateAccept = 0;
+    m_hAcceptThread = scDuplicateHandle(scBeginThread(&AcceptThread, nullptr)->m_hThread);
+} catch (CException* e) {
+    ThrowChainedException(e, 4173u);
+}
+
+void XSocketApi::TerminateAcceptThread()
+{
+    if (!m_hAcceptThread) return;
+    m_bTerminateAccept = 1;
+    SetEvent(m_hAcceptEvent);
+    WaitForSingleObject(m_hAcceptThread, INFINITE);
+    CloseHandle(m_hAcceptThread);
+    m_hAcceptThread = nullptr;
+    const std::lock_guard lock(m_acceptCrit);
+    CloseHandle(m_hAcceptEvent);
+    m_hAcceptEvent = nullptr;
+}
+
+UINT XSocketApi::AcceptThread(void*)
+{
+    bool isShort = false; // a connection waits that could not be taken
+    for (;;) {
+        HANDLE events[MAXIMUM_WAIT_OBJECTS];
+        const DWORD count = CopyEvents(events);
+        const DWORD result = WaitForMultipleObjects(count, events, FALSE, isShort ? kRetryMs : INFINITE);
+        if (result == WAIT_OBJECT_0) {
+            if (m_bTerminateAccept) return 0;
+        } else if (result > WAIT_OBJECT_0 && result < WAIT_OBJECT_0 + count) {
+            if (!ServeSignalled(events[result - WAIT_OBJECT_0])) isShort = true;
+        } else if (result == WAIT_TIMEOUT) {
+            isShort = !ServeAll();
+        }
+    }
+}
+
+DWORD XSocketApi::CopyEvents(HANDLE* events)
+{
+    const std::lock_guard lock(m_acceptCrit);
+    DWORD count = 0;
+    events[count++] = m_hAcceptEvent;
+    for (const AcceptEntry& entry : std::span(m_acceptTable, m_acceptCount)) events[count++] = entry.event;
+    return count;
+}
+
+// False when a connection waits that could not be taken.
+bool XSocketApi::ServeSignalled(HANDLE event)
+{
+    const std::lock_guard lock(m_acceptCrit);
+    // By handle: the table may have changed during the wait.
+    const std::span table(m_acceptTable, m_acceptCount);
+    const auto entry = std::ranges::find(table, event, &AcceptEntry::event);
+    return entry == table.end() || DoAccept(entry->socket);
+}
+
+bool XSocketApi::ServeAll()
+{
+    const std::lock_guard lock(m_acceptCrit);
+    XListenSocket* listening[kMostSockets];
+    const std::size_t count = m_acceptCount;
+    for (std::size_t i = 0; i < count; ++i) listening[i] = m_acceptTable[i].socket;
+    bool isDone = true;
+    for (XListenSocket* socket : std::span(listening, count)) {
+        // An OnAccept before this one may have closed it.
+        if (FindEntry(socket) && !DoAccept(socket)) isDone = false;
+    }
+    return isDone;
+}
+
+XSocketApi::AcceptEntry* XSocketApi::FindEntry(const XListenSocket* socket)
+{
+    const std::span table(m_acceptTable, m_acceptCount);
+    const auto entry = std::ranges::find(table, socket, &AcceptEntry::socket);
+    return entry == table.end() ? nullptr : &*entry;
+}
+
+bool XSocketApi::DoAccept(XListenSocket* listener)
+try {
+    std::unique_ptr<XSocket> socket(listener->Accept());
+    if (!socket) return GetLastError() == WSAEWOULDBLOCK;
+    socket->WSAEventSelect(nullptr, 0);
+    DWORD never = 0, returned = 0;
+    socket->WSAIoctl(FIONBIO_CODE, &never, sizeof never, nullptr, 0, &returned, nullptr, nullptr);
+    listener->OnAccept(socket.release());
+    return true;
+} catch (CException* e) {
+    e->Delete();
+    return true;
+}
+
+void XSocketApi::RegisterListenSocket(XListenSocket* socket)
+{
+    const std::lock_guard lock(m_acceptCrit);
+    try {
+        Select(socket);
+    } catch (CException* e) {
+        ThrowChainedException(e, 4109u);
+    }
+}
+
+void XSocketApi::Select(XListenSocket* socket)
+{
+    if (m_acceptCount == kMostSockets) ThrowChainedException(nullptr, 4174u);
+    const HANDLE event = scCreateEvent(nullptr, 0, 0, nullptr);
+    try {
+        socket->WSAEventSelect(event, FD_ACCEPT);
+    } catch (CException*) {
+        CloseHandle(event);
+        throw;
+    }
+    m_acceptTable[m_acceptCount++] = {event, socket};
+    SetEvent(m_hAcceptEvent);
+}
+
+void XSocketApi::RevokeListenSocket(XListenSocket* socket)
+{
+    const std::lock_guard lock(m_acceptCrit);
+    try {
+        Forget(socket);
+    } catch (CException* e) {
+        ThrowChainedException(e, 4135u);
+    }
+}
+
+void XSocketApi::Forget(XListenSocket* socket)
+{
+    AcceptEntry* const entry = FindEntry(socket);
+    if (!entry) ThrowChainedException(nullptr, 4110u);
+    socket->WSAEventSelect(nullptr, 0);
+    CloseHandle(entry->event);
+    std::move(entry + 1, m_acceptTable + m_acceptCount, entry);
+    --m_acceptCount;
+    SetEvent(m_hAcceptEvent);
+}

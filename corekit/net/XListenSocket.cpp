@@ -1,0 +1,28 @@
+#include "corekit/net/XListenSocket.h"
+
+#include "corekit/foundation/ChainedException.h"
+
+IMPLEMENT_DYNAMIC(XListenSocket, XSocket)
+
+XListenSocket::~XListenSocket()
+{
+    if (m_isRegistered) XListenSocket::OnClose();
+}
+
+void XListenSocket::BindAndListen(sockaddr* address, int backlog)
+{
+    if (XSocketApi::bind(*this, address, sizeof *address) != 0)
+        ThrowChainedException(GetLastErrorException(), 4107u);
+    if (XSocketApi::listen(*this, backlog) != 0) ThrowChainedException(GetLastErrorException(), 4108u);
+    XSocketApi::RegisterListenSocket(this);
+    m_isRegistered = 1;
+}
+
+void XListenSocket::OnClose()
+{
+    if (m_isRegistered) {
+        XSocketApi::RevokeListenSocket(this);
+        m_isRegistered = 0;
+    }
+    XSocket::OnClose();
+}

@@ -1,0 +1,29 @@
+// XServiceQuery: a lookup of names. The one kind of name here is that of a host (SVCID_HOSTNAME), which the
+// system resolves to IPv4 addresses: its hosts file first, then the network.
+#pragma once
+
+#include "corekit/framework/Object.h"
+#include "corekit/net/XSocketApi.h"
+
+class COREKIT_API XServiceQuery : public CObject {
+    DECLARE_DYNAMIC(XServiceQuery)
+public:
+    XServiceQuery() = default;
+    ~XServiceQuery() override; // ends the lookup
+
+    // Starts a lookup: 1, or 0 with the reason as last error. Of the protocols only the first is looked at. A
+    // lookup that was open is ended.
+    int StartQuery(_WSAQuerySetA* query, unsigned long flags);
+    int StartQuery(const char* instanceName, const _GUID* classId, unsigned long nameSpace,
+                   const char* context, const char* queryString, _AFPROTOCOLS* protocols,
+                   unsigned long flags);
+    // The next record, which lies in this object until the next call; 0 when there is none.
+    int GetNextRecord(_WSAQuerySetA*& record);
+    void EndQuery();
+
+private:
+    static constexpr std::size_t kRoom = 2048; // bytes for what a record points to
+
+    HANDLE m_hLookup = INVALID_HANDLE_VALUE;
+    alignas(WSAQUERYSETA) char m_result[sizeof(WSAQUERYSETA) + kRoom];
+};

@@ -1,0 +1,107 @@
+// XSocketApi: the socket functions as this layer calls them, and the thread that accepts connections.
+//
+// A program calls InitSockets first. A server calls CreateAcceptThread before its first
+// XListenSocket::BindAndListen and TerminateAcceptThread after the last listen socket has closed; the library
+// calls neither.
+#pragma once
+
+#include "corekit/framework/Exception.h"
+#include "corekit/platform/Libraries.h"
+#include "corekit/platform/Sockets.h"
+
+#include <atomic>
+#include <cstddef>
+#include <mutex>
+
+class XListenSocket;
+
+class COREKIT_API XSocketApi {
+public:
+    // Binds the functions and starts the use of sockets. Null when that has been done, now or before; else
+    // the exception (messages 4170 to 4172), which the caller deletes.
+    static CException* InitSockets();
+    // Ends the use of sockets. The functions stay bound.
+    static void ShutdownSockets();
+    static int IsInitialised() { return m_bInitDone; }
+
+    // One thread accepts for all listen sockets of the process. Throws message 4173; does nothing when the
+    // thread is there.
+    static void CreateAcceptThread();
+    // Waits for the thread to end, so it is not for OnAccept to call. Sockets that are still registered stay
+    // so, and are served by the next thread.
+    static void TerminateAcceptThread();
+
+    // For XListenSocket: serves the socket from now on, or no longer. At most 63 at a time. Throw messages
+    // 4109 and 4135 over the reason, which is 4174 for the 64th socket and 4110 for one that is not served.
+    static void RegisterListenSocket(XListenSocket* socket);
+    static void RevokeListenSocket(XListenSocket* socket);
+
+    // The functions, null until InitSockets; platform/Sockets.h tells of each.
+    static decltype(sockets::accept)* accept;
+    static decltype(sockets::bind)* bind;
+    static decltype(sockets::closesocket)* closesocket;
+    static decltype(sockets::connect)* connect;
+    static decltype(sockets::getpeername)* getpeername;
+    static decltype(sockets::getsockname)* getsockname;
+    static decltype(sockets::htons)* htons;
+    static decltype(sockets::inet_addr)* inet_addr;
+    static decltype(sockets::listen)* listen;
+    static decltype(sockets::ntohs)* ntohs;
+    static decltype(sockets::recv)* recv;
+    static decltype(sockets::send)* send;
+    static decltype(sockets::setsockopt)* setsockopt;
+    static decltype(sockets::socket)* socket;
+    static decltype(::WSAConnect)* WSAConnect;
+    static decltype(::WSAEventSelect)* WSAEventSelect;
+    static decltype(::WSAGetLastError)* WSAGetLastError;
+    static decltype(::WSAHtons)* WSAHtons;
+    static decltype(::WSAHtonl)* WSAHtonl;
+    static decltype(::WSAIoctl)* WSAIoctl;
+    static decltype(::WSALookupServiceEnd)* WSALookupServiceEnd;
+    static decltype(::WSANtohs)* WSANtohs;
+    static decltype(::WSANtohl)* WSANtohl;
+    static decltype(::WSARemoveServiceClass)* WSARemoveServiceClass;
+    static decltype(::WSAEnumNetworkEvents)* WSAEnumNetworkEvents;
+    static decltype(::WSAWaitForMultipleEvents)* WSAWaitForMultipleEvents;
+    static decltype(::WSACreateEvent)* WSACreateEvent;
+    static decltype(::WSACloseEvent)* WSACloseEvent;
+    static decltype(::WSAAddressToStringA)* WSAAddressToStringA;
+    static decltype(::WSAEnumNameSpaceProvidersA)* WSAEnumNameSpaceProvidersA;
+    static decltype(::WSAEnumProtocolsA)* WSAEnumProtocolsA;
+    static decltype(::WSAInstallServiceClassA)* WSAInstallServiceClassA;
+    static decltype(::WSALookupServiceBeginA)* WSALookupServiceBeginA;
+    static decltype(::WSALookupServiceNextA)* WSALookupServiceNextA;
+    static decltype(::WSASetServiceA)* WSASetServiceA;
+    static decltype(::WSASocketA)* WSASocketA;
+    static decltype(::WSAStringToAddressA)* WSAStringToAddressA;
+
+private:
+    static decltype(::WSACleanup)* WSACleanup;
+    static decltype(::WSAStartup)* WSAStartup;
+
+    struct AcceptEntry {
+        HANDLE event; // auto-reset, signalled when a connection waits
+        XListenSocket* socket;
+    };
+
+    static constexpr std::size_t kMostSockets = 63; // one wait of 64 is for the control event
+
+    static FARPROC GetProc(HINSTANCE library, const char* name);
+    static void BindFunctions(HINSTANCE library);
+    static UINT AcceptThread(void*);
+    static DWORD CopyEvents(HANDLE* events);
+    static bool ServeSignalled(HANDLE event);
+    static bool ServeAll();
+    static bool DoAccept(XListenSocket* socket);
+    static AcceptEntry* FindEntry(const XListenSocket* socket);
+    static void Select(XListenSocket* socket);
+    static void Forget(XListenSocket* socket);
+
+    static std::atomic<int> m_bInitDone;
+    static AcceptEntry m_acceptTable[kMostSockets]; // the first m_acceptCount; guarded by m_acceptCrit
+    static std::size_t m_acceptCount;
+    static std::recursive_mutex m_acceptCrit; // held during OnAccept
+    static HANDLE m_hAcceptThread;
+    static std::atomic<int> m_bTerminateAccept;
+    static HANDLE m_hAcceptEvent; // auto-reset: the table has changed, or the thread is to end
+};
