@@ -13,6 +13,9 @@ static_assert(sizeof(SYSTEMTIME) == 16);
 // In UTC.
 COREKIT_API void GetSystemTime(SYSTEMTIME* time);
 
+// Milliseconds of a clock that only goes on, modulo 2^32: good for differences.
+COREKIT_API DWORD timeGetTime();
+
 // UTC is local time plus Bias plus the bias of the season, in minutes.
 struct TIME_ZONE_INFORMATION {
     LONG Bias;

@@ -107,6 +107,9 @@ int sockets::bind(SOCKET number, const sockaddr* address, int length)
 {
     const User socket(number);
     if (!socket) return SOCKET_ERROR;
+    // Old connections of the address are no hindrance; another listener still is one.
+    const int on = 1;
+    ::setsockopt(socket->descriptor(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
     return told(::bind(socket->descriptor(), address, static_cast<socklen_t>(length)));
 }
 

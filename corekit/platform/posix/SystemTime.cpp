@@ -15,6 +15,14 @@ void GetSystemTime(SYSTEMTIME* time)
              static_cast<WORD>(parts.tm_sec),         static_cast<WORD>(now.tv_nsec / 1000000)};
 }
 
+DWORD timeGetTime()
+{
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<DWORD>(static_cast<std::uint64_t>(now.tv_sec) * 1000 +
+                              static_cast<std::uint64_t>(now.tv_nsec) / 1000000);
+}
+
 DWORD GetTimeZoneInformation(TIME_ZONE_INFORMATION* zone)
 {
     constexpr LONG summer = -60;

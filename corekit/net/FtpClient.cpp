@@ -1,0 +1,243 @@
+// The control connection of CFtpClient. FtpTransfers.cpp has the rest.
+#include "corekit/net/FtpClient.h"
+
+#include "corekit/foundation/ChainedException.h"
+#include "corekit/framework/Module.h"
+#include "corekit/platform/SystemTime.h"
+
+#include <algorithm>
+
+IMPLEMENT_DYNAMIC(CFtpClient, CObject)
+
+namespace {
+using corekit::detail::FtpReader;
+
+// A whole reply may take as many times the limit of a line, so that no server can hold a caller by single
+// bytes.
+constexpr DWORD kReplyLimits = 10;
+
+std::string_view View(const CString& text)
+{
+    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
+}
+
+CString LastOf(const CStringArray& lines) { return lines.GetAt(lines.GetUpperBound()); }
+
+// Milliseconds left of a limit, at least 1; 0 when it is over.
+DWORD RestOf(DWORD limit, DWORD start)
+{
+    if (limit == INFINITE) return INFINITE;
+    const DWORD gone = timeGetTime() - start;
+    return gone == 0 ? limit : gone < limit ? limit - gone : 0;
+}
+} // namespace
+
+CFtpClient::CFtpClient(const CFtpClient& other) : CObject() { *this = other; }
+
+CFtpClient& CFtpClient::operator=(const CFtpClient& other)
+{
+    m_socket = other.m_socket;
+    m_mode = other.m_mode;
+    m_callback = other.m_callback;
+    m_timeout = other.m_timeout;
+    m_dataToControlHost = other.m_dataToControlHost;
+    return *this;
+}
+
+void CFtpClient::SetLoggingCallback(LoggingCallback callback, void* context)
+{
+    m_callback = callback;
+    m_context = context;
+}
+
+void CFtpClient::LogString(int kind, const char* text)
+{
+    if (m_callback) m_callback(m_context, kind, text);
+}
+
+void CFtpClient::SetLastError(UINT id)
+{
+    m_lastError = LoadResourceString(id);
+    m_lastMessage.Empty();
+    LogString(1, m_lastError);
+}
+
+void CFtpClient::SetLastError(UINT id, const CStringArray& lines)
+{
+    m_lastError = LoadResourceString(id);
+    m_lastMessage = LastOf(lines);
+    LogString(1, m_lastError);
+}
+
+int CFtpClient::Failed(UINT id)
+{
+    SetLastError(id);
+    return 0;
+}
+
+int CFtpClient::Failed(UINT id, const CStringArray& lines)
+{
+    SetLastError(id, lines);
+    return 0;
+}
+
+CException* CFtpClient::GetException() const
+{
+    CException* const inner =
+        m_lastMessage.IsEmpty() ? nullptr : new CChainedException(m_lastMessage, nullptr);
+    return new CChainedException(m_lastError, inner);
+}
+
+// --- bytes and lines
+
+int CFtpClient::WriteDataToSocket(XSocket& socket, const void* data, DWORD size)
+{
+    return socket.WriteSocket(data, size, static_cast<int>(m_timeout)) ? 1 : Failed(4095);
+}
+
+int CFtpClient::SendCommand(const char* command, const char* argument)
+{
+    CString line(command);
+    if (argument) {
+        line += ' ';
+        line += argument;
+    }
+    LogString(0, line);
+    line += "\r\n";
+    if (!m_socket) return Failed(4095);
+    return WriteDataToSocket(*m_socket, line.GetString(), static_cast<DWORD>(line.GetLength()));
+}
+
+int CFtpClient::GetMoreData(DWORD size, DWORD limit)
+{
+    DWORD received = 0;
+    if (!m_socket || !m_socket->ReadSocket(m_received.Room(size), size, received, static_cast<int>(limit)))
+        return Failed(4095);
+    if (received == 0) return Failed(4097);
+    m_received.Added(received);
+    return 1;
+}
+
+int CFtpClient::ReadOneLine(CString& line, DWORD limit)
+{
+    const DWORD start = timeGetTime();
+    while (!m_received.TakeLine(line)) {
+        const DWORD rest = RestOf(limit, start);
+        if (rest == 0 && limit != 0) return Failed(4095);
+        if (m_received.Bytes().size() > FtpReader::kMostReply) return BreakOff();
+        if (!GetMoreData(kControlRead, rest)) return 0;
+    }
+    return 1;
+}
+
+int CFtpClient::GetServerMessage(CStringArray& lines)
+{
+    lines.RemoveAll();
+    const DWORD start = timeGetTime();
+    const DWORD whole = m_timeout > INFINITE / kReplyLimits ? INFINITE : m_timeout * kReplyLimits;
+    for (std::size_t taken = 0; taken <= FtpReader::kMostReply;) {
+        CString line;
+        if (!ReadOneLine(line, std::min(m_timeout, RestOf(whole, start)))) return 0;
+        LogString(0, line);
+        lines.Add(line);
+        if (corekit::detail::IsLastLineOfReply(View(line))) return 1;
+        taken += static_cast<std::size_t>(line.GetLength()) + corekit::detail::FtpListingSplitter::kLineCost;
+    }
+    return BreakOff();
+}
+
+// What the server sends has no end: nothing of it is of use any more.
+int CFtpClient::BreakOff()
+{
+    m_received = {};
+    if (m_socket) m_socket->Close();
+    return Failed(4095);
+}
+
+int CFtpClient::GetResultClass(const CStringArray& lines) { return LastOf(lines).GetAt(0) - '0'; }
+
+// A transfer has failed and its last reply is still to come. Without it every later reply would be taken for
+// the answer to another command, so a server that does not send it is left.
+void CFtpClient::ReadOwedReply()
+{
+    const CString error = m_lastError, message = m_lastMessage;
+    CStringArray lines;
+    if (!GetServerMessage(lines) && m_socket) m_socket->Close();
+    m_lastError = error;
+    m_lastMessage = message;
+}
+
+int CFtpClient::Command(const char* command, const char* argument, UINT errorId)
+{
+    CStringArray lines;
+    if (!SendCommand(command, argument) || !GetServerMessage(lines)) return 0;
+    return GetResultClass(lines) == 2 ? 1 : Failed(errorId, lines);
+}
+
+// --- the connection
+
+int CFtpClient::Connect(const char* host, int port, const char* user, const char* password, int noDelay)
+{
+    if (CException* e = XSocketApi::InitSockets()) {
+        m_lastError = GetExceptionMsg(e);
+        e->Delete();
+        return 0;
+    }
+    CString text;
+    AfxFormatString1(text, 4181, host);
+    LogString(0, text);
+    m_socket = new XSocket;
+    m_socket->SetConnectTimeout(m_timeout);
+    if (!m_socket->ConnectTCPStream(host, port, WSA_FLAG_OVERLAPPED, noDelay))
+        m_lastError = LoadResourceString(4089);
+    else if (WaitForBanner() && LogonToSite(user, password))
+        return 1;
+    Disconnect();
+    return 0;
+}
+
+void CFtpClient::Disconnect()
+{
+    delete m_socket;
+    m_socket = nullptr;
+}
+
+int CFtpClient::WaitForBanner()
+{
+    CStringArray lines;
+    if (!GetServerMessage(lines)) return 0;
+    return GetResultClass(lines) == 2 ? 1 : Failed(4091, lines);
+}
+
+int CFtpClient::LogonToSite(const char* user, const char* password)
+{
+    CStringArray lines;
+    if (!SendCommand("USER", user) || !GetServerMessage(lines)) return 0;
+    if (GetResultClass(lines) == 2) return 1;
+    if (GetResultClass(lines) != 3) return Failed(4093, lines);
+    return Command("PASS", password, 4093);
+}
+
+int CFtpClient::SetIdleTimeout(int value)
+{
+    CString command;
+    command.Format("SITE IDLE=%d", value);
+    return SendCommand(command, nullptr);
+}
+
+int CFtpClient::SetConnectionMode(eFtpMode mode)
+{
+    if (mode == m_mode) return 1;
+    if (m_mode == ftpModeAvidFast) return Failed(4187);
+    if (mode < ftpModeNormal || mode > ftpModeAvidFast) return 0;
+    if (mode == ftpModeAvidFast && !Command("SITE FAST=4", nullptr, 4188)) return 0;
+    m_mode = mode;
+    return 1;
+}
+
+int CFtpClient::ChangeDirectory(const char* path) { return Command("CWD", path, 4176); }
+int CFtpClient::MakeDirectory(const char* path) { return Command("MKD", path, 4362); }
+int CFtpClient::RemoveDirectoryA(const char* path) { return Command("RMD", path, 4363); }
+int CFtpClient::DeleteFileA(const char* name) { return Command("DELE", name, 4364); }
+int CFtpClient::NoOp() { return Command("NOOP", nullptr, 4365); }
+int CFtpClient::set_transfer_mode(bool binary) { return Command("TYPE", binary ? "I" : "A", 4202); }

@@ -1,0 +1,127 @@
+// CFtpClient: moves files and listings to and from one FTP server (RFC 959), each call until it is done.
+//
+//     CFtpClient ftp;
+//     if (!ftp.Connect("server", 21, "user", "password", 1) || !ftp.UploadStream("a.txt", stream))
+//         report(ftp.GetException());
+//     ftp.Disconnect();
+//
+// Results are 1, or 0 with GetLastError (the library's text) and GetLastFtpMessage (the server's last line);
+// both stay until the next failure. What fails on a stream throws, after the transfer was ended with the
+// server. A server can cost the time limit at every read, and no more memory than a reply of 1 MiB or a
+// listing of 64 MiB. One thread at a time; nothing is locked.
+#pragma once
+
+#include "corekit/foundation/Stream.h"
+#include "corekit/net/FtpReader.h"
+#include "corekit/net/XSocket.h"
+
+#include <memory>
+
+enum eFtpMode : int {
+    ftpModeNormal = 0,   // the server connects back: there is none, every transfer fails
+    ftpModePassive = 1,  // a connection to the server for each transfer
+    ftpModeAvidFast = 2, // listings and files come on the control connection; uploads as in passive mode
+};
+
+class COREKIT_API CFtpClient : public CObject {
+    DECLARE_DYNAMIC(CFtpClient)
+public:
+    // kind 0: what is done and what goes to and fro, the password included; 1: errors.
+    using LoggingCallback = void (*)(void* context, int kind, const char* text);
+
+    CFtpClient() = default;
+    // A copy shares the connection, and takes the mode, the callback without its context, and the settings.
+    // Only one of the two may Disconnect, and they may not work at once.
+    CFtpClient(const CFtpClient& other);
+    CFtpClient& operator=(const CFtpClient& other);
+    ~CFtpClient() override = default; // closes nothing: see Disconnect
+
+    // Connects and logs on. A connection that stands is forgotten, not closed.
+    int Connect(const char* host, int port, const char* user, const char* password, int noDelay);
+    // Closes the connection, without a word to the server. What was received and not read is kept for the
+    // next one, and so is the mode.
+    void Disconnect();
+    int IsConnected() const { return m_socket != nullptr; } // also when the other side has gone
+    void SetLoggingCallback(LoggingCallback callback, void* context);
+
+    // Milliseconds that a connect, a read or a write may wait, 30,000 at first; reads of file data 20,000.
+    unsigned long GetTimeout() const { return m_timeout; }
+    void SetTimeout(unsigned long milliseconds) { m_timeout = static_cast<DWORD>(milliseconds); }
+    // Sends SITE IDLE and leaves the server's reply unread: the next command takes it for its own.
+    int SetIdleTimeout(int value);
+    // AvidFast is asked of the server (SITE FAST=4) and cannot be left; the others are not told to it.
+    int SetConnectionMode(eFtpMode mode);
+    // 1: data connections go to the host of the control connection, whatever address the server names. Off at
+    // first.
+    void SetDataToControlHost(int enable) { m_dataToControlHost = enable; }
+
+    CString GetLastError() const { return m_lastError; }
+    CString GetLastFtpMessage() const { return m_lastMessage; }
+    // Both texts as an exception for the caller to delete, the server's line inside.
+    CException* GetException() const;
+
+    // Names go to the server as they are.
+    int ChangeDirectory(const char* path);
+    int MakeDirectory(const char* path);
+    int RemoveDirectoryA(const char* path);
+    int DeleteFileA(const char* name);
+    int NoOp();
+    // The current folder, a line each. One without files may be an empty array.
+    int GetRawDirectoryListing(CStringArray& lines); // LIST
+    int GetNameList(CStringArray& lines);            // NLST
+    // Writes the file at the stream's position. In AvidFast mode a file ends at its first byte 4.
+    int GetFileToStream(const char* name, CStream& stream);
+    // Sends what lies between the stream's position and its end.
+    int UploadStream(const char* name, CStream& stream);
+    int UploadBuffer(const char* name, const void* data, unsigned int size);
+
+private:
+    using Socket = std::unique_ptr<XSocket>;
+
+    static constexpr DWORD kControlRead = 0x1000; // bytes of a reply or a listing that are read at once
+
+    int GetMoreData(DWORD size, DWORD limit);
+    int ReadOneLine(CString& line, DWORD limit);
+    int GetServerMessage(CStringArray& lines);
+    static int GetResultClass(const CStringArray& lines);
+    int WriteDataToSocket(XSocket& socket, const void* data, DWORD size);
+    int SendCommand(const char* command, const char* argument);
+    void SetLastError(UINT id);
+    void SetLastError(UINT id, const CStringArray& lines);
+    void LogString(int kind, const char* text);
+    int Failed(UINT id); // sets the error; 0
+    int Failed(UINT id, const CStringArray& lines);
+    int BreakOff();
+    void ReadOwedReply();
+
+    int WaitForBanner();
+    int LogonToSite(const char* user, const char* password);
+    int Command(const char* command, const char* argument, UINT errorId);
+    int set_transfer_mode(bool binary);
+    Socket SetupPassiveConnection();
+    void ReadSocketToArray(XSocket& socket, CStringArray& lines);
+    int ReadSocketToStream(XSocket& socket, CStream& stream);
+    int WriteStreamToSocket(XSocket& socket, CStream& stream);
+    int ReadFastModeData(CStringArray& lines);
+    int ReadFastModeData(CStream& stream);
+
+    int GetDirList(const char* command, CStringArray& lines);
+    int GetDirList_Normal();
+    int GetDirList_Passive(const char* command, CStringArray& lines);
+    int GetDirList_AvidFast(const char* command, CStringArray& lines);
+    int GetFile_Normal() { return 0; }
+    int GetFile_Passive(const char* name, CStream& stream);
+    int GetFile_AvidFast(const char* name, CStream& stream);
+    int Upload_Normal() { return 0; }
+    int Upload_Passive(const char* name, CStream& stream);
+
+    XSocket* m_socket = nullptr;
+    CString m_lastError;
+    CString m_lastMessage;
+    corekit::detail::FtpReader m_received; // control bytes that nobody has consumed
+    eFtpMode m_mode = ftpModePassive;
+    LoggingCallback m_callback = nullptr;
+    void* m_context = nullptr;
+    DWORD m_timeout = 30000;
+    int m_dataToControlHost = 0;
+};

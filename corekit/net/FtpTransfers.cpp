@@ -1,0 +1,276 @@
+// Listings and files of CFtpClient.
+#include "corekit/foundation/ChainedException.h"
+#include "corekit/net/FtpClient.h"
+#include "corekit/platform/MulDiv.h"
+#include "corekit/platform/SystemTime.h"
+#include "corekit/stores/MemoryStream.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace {
+using namespace corekit::detail;
+
+constexpr DWORD kBlock = 256 << 10; // bytes of file data that are moved at once
+constexpr int kFileReadLimit = 20000;
+
+std::unique_ptr<char[]> NewBlock(DWORD size = kBlock) { return std::make_unique_for_overwrite<char[]>(size); }
+
+CString LastOf(const CStringArray& lines) { return lines.GetAt(lines.GetUpperBound()); }
+
+// How much came and how fast, since the stream was at `position` and the clock at `start`.
+CString Summary(const char* what, CStream& stream, DWORD position, DWORD start)
+{
+    const int ms = static_cast<int>(timeGetTime() - start);
+    const int bytes = static_cast<int>(stream.GetCurrentPos() - position);
+    CString text;
+    text.Format("%s, received %d bytes in %d.%02d seconds (%d bytes/second)", what, bytes, ms / 1000,
+                ms % 1000 / 10, MulDiv(bytes, 1000, ms));
+    return text;
+}
+
+// The server is to learn that what it has is not all.
+void CutOff(XSocket& socket)
+{
+    const WORD atOnce[2] = {1, 0};
+    constexpr int socketLevel = 0xFFFF, lingerOption = 0x80;
+    XSocketApi::setsockopt(socket, socketLevel, lingerOption, reinterpret_cast<const char*>(atOnce),
+                           sizeof atOnce);
+}
+} // namespace
+
+// --- passive data connections
+
+CFtpClient::Socket CFtpClient::SetupPassiveConnection()
+{
+    CStringArray lines;
+    if (!SendCommand("PASV", nullptr) || !GetServerMessage(lines)) return nullptr;
+    const CString line = LastOf(lines);
+    if (line.Left(4) != "227 ") {
+        SetLastError(4179, lines);
+        return nullptr;
+    }
+    FtpPassiveAddress told = PassiveAddressIn({line.GetString(), static_cast<std::size_t>(line.GetLength())});
+    sockaddr_in address{};
+    if (m_dataToControlHost) {
+        int length = sizeof address;
+        XSocketApi::getpeername(*m_socket, reinterpret_cast<sockaddr*>(&address), &length);
+        const auto* bytes = reinterpret_cast<const unsigned char*>(&address.sin_addr);
+        std::copy_n(bytes, 4, told.host);
+    }
+    std::copy_n(told.host, 4, reinterpret_cast<unsigned char*>(&address.sin_addr));
+    address.sin_family = AF_INET;
+    address.sin_port = XSocketApi::htons(static_cast<WORD>(told.port));
+    CString text;
+    text.Format(4182u, told.host[0], told.host[1], told.host[2], told.host[3], told.port);
+    LogString(0, text);
+    auto socket = std::make_unique<XSocket>();
+    socket->SetConnectTimeout(m_timeout);
+    if (socket->ConnectTCPStream(address, WSA_FLAG_OVERLAPPED, 0)) return socket;
+    SetLastError(4180);
+    return nullptr;
+}
+
+// A read that fails ends the listing without a report and drops the line that it cuts: the server's second
+// reply tells the outcome.
+void CFtpClient::ReadSocketToArray(XSocket& socket, CStringArray& lines)
+{
+    constexpr DWORD size = 0x4000;
+    const auto block = NewBlock(size);
+    FtpListingSplitter splitter(lines);
+    DWORD received = 0;
+    while (socket.ReadSocket(block.get(), size, received, static_cast<int>(m_timeout))) {
+        if (received == 0) return splitter.End();
+        if (!splitter.Add({block.get(), received})) return CutOff(socket);
+    }
+}
+
+int CFtpClient::ReadSocketToStream(XSocket& socket, CStream& stream)
+{
+    const DWORD position = stream.GetCurrentPos(), start = timeGetTime();
+    const auto block = NewBlock();
+    for (DWORD received = 0;;) {
+        if (!socket.ReadSocket(block.get(), kBlock, received, kFileReadLimit)) return 0;
+        if (received == 0) break;
+        stream.Write(block.get(), received);
+    }
+    LogString(0, Summary("Connection closed", stream, position, start));
+    return 1;
+}
+
+int CFtpClient::WriteStreamToSocket(XSocket& socket, CStream& stream)
+{
+    const DWORD total = stream.GetSize();
+    const auto block = NewBlock();
+    for (DWORD position = stream.GetCurrentPos(); position < total;) {
+        const DWORD part = std::min(total - position, kBlock);
+        stream.Read(block.get(), part);
+        if (!WriteDataToSocket(socket, block.get(), part)) return 0;
+        position += part;
+    }
+    return 1;
+}
+
+// --- listings
+
+int CFtpClient::GetRawDirectoryListing(CStringArray& lines) { return GetDirList("LIST", lines); }
+int CFtpClient::GetNameList(CStringArray& lines) { return GetDirList("NLST", lines); }
+
+int CFtpClient::GetDirList(const char* command, CStringArray& lines)
+{
+    lines.RemoveAll();
+    switch (m_mode) {
+    case ftpModeNormal:
+        return GetDirList_Normal();
+    case ftpModePassive:
+        return GetDirList_Passive(command, lines);
+    case ftpModeAvidFast:
+        return GetDirList_AvidFast(command, lines);
+    }
+    return Failed(4177);
+}
+
+int CFtpClient::GetDirList_Normal() { return Failed(4177); }
+
+int CFtpClient::GetDirList_Passive(const char* command, CStringArray& lines)
+{
+    if (!set_transfer_mode(false)) return 0;
+    Socket data = SetupPassiveConnection();
+    CStringArray reply;
+    if (!data || !SendCommand(command, nullptr) || !GetServerMessage(reply)) return 0;
+    if (GetResultClass(reply) != 1) // a folder without files has no listing
+        return LastOf(reply).Left(3) == "450" ? 1 : Failed(4178, reply);
+    ReadSocketToArray(*data, lines);
+    data.reset();
+    if (!GetServerMessage(reply)) return 0;
+    return GetResultClass(reply) == 2 ? 1 : Failed(4178, reply);
+}
+
+int CFtpClient::GetDirList_AvidFast(const char* command, CStringArray& lines)
+{
+    CStringArray reply;
+    if (!SendCommand(command, nullptr) || !GetServerMessage(reply)) return 0;
+    if (GetResultClass(reply) != 1) return Failed(4178, reply);
+    if (!ReadFastModeData(lines) || !GetServerMessage(reply)) return 0;
+    return GetResultClass(reply) == 2 ? 1 : Failed(4178, reply);
+}
+
+// --- files to here
+
+int CFtpClient::GetFileToStream(const char* name, CStream& stream)
+{
+    switch (m_mode) {
+    case ftpModeNormal:
+        return GetFile_Normal();
+    case ftpModePassive:
+        return GetFile_Passive(name, stream);
+    case ftpModeAvidFast:
+        return GetFile_AvidFast(name, stream);
+    }
+    return Failed(4177);
+}
+
+int CFtpClient::GetFile_Passive(const char* name, CStream& stream)
+{
+    if (!set_transfer_mode(true)) return 0;
+    Socket data = SetupPassiveConnection();
+    CStringArray reply;
+    if (!data || !SendCommand("RETR", name) || !GetServerMessage(reply)) return 0;
+    if (GetResultClass(reply) != 1) return Failed(4186, reply);
+    int isWhole;
+    try {
+        isWhole = ReadSocketToStream(*data, stream);
+    } catch (CException*) {
+        data.reset();
+        ReadOwedReply();
+        throw;
+    }
+    data.reset();
+    if (!GetServerMessage(reply)) return 0;
+    return isWhole && GetResultClass(reply) == 2 ? 1 : Failed(4186, reply);
+}
+
+int CFtpClient::GetFile_AvidFast(const char* name, CStream& stream)
+{
+    CStringArray reply;
+    if (!SendCommand("RETR", name) || !GetServerMessage(reply)) return 0;
+    if (GetResultClass(reply) != 1) return Failed(4186, reply);
+    try {
+        if (!ReadFastModeData(stream)) return 0;
+    } catch (CException*) {
+        BreakOff(); // the rest of the file is on its way on this connection
+        throw;
+    }
+    if (!GetServerMessage(reply)) return 0;
+    return GetResultClass(reply) == 2 ? 1 : Failed(4186, reply);
+}
+
+int CFtpClient::ReadFastModeData(CStringArray& lines)
+{
+    lines.RemoveAll();
+    for (std::size_t taken = 0; taken <= FtpListingSplitter::kMost;) {
+        const std::size_t before = m_received.Bytes().size();
+        const int count = lines.GetSize();
+        const auto found = m_received.TakeFastLines(lines);
+        if (found == FtpReader::Fast::isWhole) return 1;
+        if (found == FtpReader::Fast::isTooLarge) break;
+        const auto added = static_cast<std::size_t>(lines.GetSize() - count);
+        taken += before - m_received.Bytes().size() + added * FtpListingSplitter::kLineCost;
+        if (!GetMoreData(kControlRead, m_timeout)) return 0;
+    }
+    return BreakOff();
+}
+
+int CFtpClient::ReadFastModeData(CStream& stream)
+{
+    const DWORD position = stream.GetCurrentPos(), start = timeGetTime();
+    while (m_received.TakeFastData(stream) != FtpReader::Fast::isWhole)
+        if (!GetMoreData(kBlock, m_timeout)) return 0;
+    LogString(0, Summary("Transfer complete", stream, position, start));
+    return 1;
+}
+
+// --- files to there
+
+int CFtpClient::UploadStream(const char* name, CStream& stream)
+{
+    switch (m_mode) {
+    case ftpModeNormal:
+        return Upload_Normal();
+    case ftpModePassive:
+    case ftpModeAvidFast:
+        return Upload_Passive(name, stream);
+    }
+    return Failed(4177);
+}
+
+int CFtpClient::UploadBuffer(const char* name, const void* data, unsigned int size)
+{
+    CMemoryStream stream(data, static_cast<int>(size));
+    return UploadStream(name, stream);
+}
+
+int CFtpClient::Upload_Passive(const char* name, CStream& stream)
+{
+    if (!set_transfer_mode(true)) return 0;
+    Socket data = SetupPassiveConnection();
+    CStringArray reply;
+    if (!data || !SendCommand("STOR", name) || !GetServerMessage(reply)) return 0;
+    if (GetResultClass(reply) != 1) return Failed(4201, reply);
+    try {
+        if (!WriteStreamToSocket(*data, stream)) {
+            data.reset();
+            ReadOwedReply();
+            return 0;
+        }
+    } catch (CException*) {
+        CutOff(*data);
+        data.reset();
+        ReadOwedReply();
+        throw;
+    }
+    data.reset(); // so the server learns of the end
+    if (!GetServerMessage(reply)) return 0;
+    return GetResultClass(reply) == 2 ? 1 : Failed(4201, reply);
+}

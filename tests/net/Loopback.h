@@ -1,0 +1,104 @@
+// The other side of a connection, made of the machine's own calls.
+#pragma once
+
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <string>
+#include <string_view>
+#include <sys/socket.h>
+#include <unistd.h>
+#include <utility>
+
+#undef htons
+#undef ntohs
+#undef htonl
+#undef ntohl
+
+namespace loopback {
+
+inline sockaddr_in address(int port = 0)
+{
+    sockaddr_in where{};
+    where.sin_family = AF_INET;
+    where.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    where.sin_port = htons(static_cast<in_port_t>(port));
+    return where;
+}
+
+// One end of a connection. Waits are bounded; what fails shows as less data.
+class End {
+public:
+    explicit End(int fd = -1) : m_fd(fd) {}
+    End(End&& other) noexcept : m_fd(std::exchange(other.m_fd, -1)) {}
+    End& operator=(End&& other) noexcept
+    {
+        std::swap(m_fd, other.m_fd);
+        return *this;
+    }
+    ~End() { close(); }
+
+    int fd() const { return m_fd; }
+    explicit operator bool() const { return m_fd >= 0; }
+    void close()
+    {
+        if (m_fd >= 0) ::close(std::exchange(m_fd, -1));
+    }
+    void reset() // the other side learns that the connection was cut
+    {
+        const linger now{1, 0};
+        ::setsockopt(m_fd, SOL_SOCKET, SO_LINGER, &now, sizeof now);
+        close();
+    }
+    bool isReady(int milliseconds = 10000) const
+    {
+        pollfd state{m_fd, POLLIN, 0};
+        return ::poll(&state, 1, milliseconds) > 0;
+    }
+    bool send(std::string_view data) const
+    {
+        while (!data.empty()) {
+            const ssize_t count = ::send(m_fd, data.data(), data.size(), MSG_NOSIGNAL);
+            if (count <= 0) return false;
+            data.remove_prefix(static_cast<std::size_t>(count));
+        }
+        return true;
+    }
+    // Up to `size` bytes, fewer at the end.
+    std::string receive(std::size_t size) const
+    {
+        std::string all;
+        char part[65536];
+        while (all.size() < size && isReady()) {
+            const ssize_t count = ::recv(m_fd, part, std::min(sizeof part, size - all.size()), 0);
+            if (count <= 0) break;
+            all.append(part, static_cast<std::size_t>(count));
+        }
+        return all;
+    }
+
+private:
+    int m_fd;
+};
+
+class Listener {
+public:
+    explicit Listener(int backlog = 16) : m_end(::socket(AF_INET, SOCK_STREAM, 0))
+    {
+        sockaddr_in where = address();
+        socklen_t size = sizeof where;
+        EXPECT_EQ(::bind(m_end.fd(), reinterpret_cast<sockaddr*>(&where), size), 0);
+        EXPECT_EQ(::listen(m_end.fd(), backlog), 0);
+        ::getsockname(m_end.fd(), reinterpret_cast<sockaddr*>(&where), &size);
+        m_port = ntohs(where.sin_port);
+    }
+    int port() const { return m_port; }
+    void close() { m_end.close(); }
+    End accept() const { return End(m_end.isReady() ? ::accept(m_end.fd(), nullptr, nullptr) : -1); }
+
+private:
+    End m_end;
+    int m_port = 0;
+};
+
+} // namespace loopback
