@@ -3,6 +3,7 @@
 
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
+#include <netinet/tcp.h>
 #include <poll.h>
 #include <string>
 #include <string_view>
@@ -94,7 +95,13 @@ public:
     }
     int port() const { return m_port; }
     void close() { m_end.close(); }
-    End accept() const { return End(m_end.isReady() ? ::accept(m_end.fd(), nullptr, nullptr) : -1); }
+    End accept() const
+    {
+        End end(m_end.isReady() ? ::accept(m_end.fd(), nullptr, nullptr) : -1);
+        const int on = 1;
+        ::setsockopt(end.fd(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+        return end;
+    }
 
 private:
     End m_end;

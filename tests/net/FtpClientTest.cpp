@@ -1,0 +1,508 @@
+#include "corekit/net/FtpClient.h"
+
+#include "corekit/foundation/ChainedException.h"
+#include "corekit/platform/SystemTime.h"
+#include "corekit/stores/MemoryStream.h"
+#include "tests/net/ScriptedFtp.h"
+
+#include <map>
+#include <vector>
+
+namespace {
+
+using Session = ScriptedFtp::Session;
+
+// A client whose limit is short, what it reported, and a script for the server.
+class Ftp : public testing::Test {
+protected:
+    ~Ftp() override { client.Disconnect(); }
+
+    void serve(std::function<void(Session&)> script)
+    {
+        server.emplace(std::move(script));
+        client.SetTimeout(5000);
+        client.SetLoggingCallback(
+            [](void* to, int kind, const char* text) {
+                static_cast<std::vector<std::string>*>(to)->push_back(std::to_string(kind) + " " + text);
+            },
+            &log);
+    }
+    bool connect() { return client.Connect("127.0.0.1", server->port(), "u", "p", 1) != 0; }
+    // Serves a session that begins with a logon.
+    void begin(std::function<void(Session&)> script)
+    {
+        serve([script = std::move(script)](Session& session) {
+            session.logon();
+            script(session);
+        });
+        ASSERT_TRUE(connect()) << error();
+    }
+    std::string error() const { return client.GetLastError().GetString(); }
+    std::string lastMessage() const { return client.GetLastFtpMessage().GetString(); }
+    bool logged(const std::string& line) const { return std::ranges::find(log, line) != log.end(); }
+
+    static std::vector<std::string> texts(const CStringArray& lines)
+    {
+        std::vector<std::string> all;
+        for (int i = 0; i < lines.GetSize(); ++i)
+            all.emplace_back(lines[i].GetString(), lines[i].GetLength());
+        return all;
+    }
+    using Texts = std::vector<std::string>;
+
+    std::optional<ScriptedFtp> server;
+    CFtpClient client;
+    std::vector<std::string> log;
+};
+
+std::string contents(CMemoryStream& stream)
+{
+    return {static_cast<const char*>(stream.GetMemoryBufferPointer()), stream.GetSize()};
+}
+
+TEST_F(Ftp, LogsOnAndReports)
+{
+    begin([](Session& session) { session.answer("NOOP", "200-a\r\nb\r\n200 c\r\n"); });
+    EXPECT_TRUE(client.NoOp());
+    const Texts expected{"0 Connecting to host \"127.0.0.1\"",
+                         "0 220 ready",
+                         "0 USER u",
+                         "0 331 who",
+                         "0 PASS p",
+                         "0 230 in",
+                         "0 NOOP",
+                         "0 200-a",
+                         "0 b",
+                         "0 200 c"};
+    EXPECT_EQ(log, expected);
+    EXPECT_TRUE(client.IsConnected());
+    client.Disconnect();
+    EXPECT_FALSE(client.IsConnected());
+    EXPECT_FALSE(client.NoOp());
+    EXPECT_EQ(error(), "[FTP] Socket I/O failed");
+}
+
+TEST_F(Ftp, NoPasswordIsSentWhereNoneIsAskedFor)
+{
+    serve([](Session& session) {
+        session.say("220-hello\r\n220 \r\n"); // a blank and nothing behind it ends a reply too
+        session.answer("USER u", "230 in\r\n");
+        session.answer("NOOP", "200 ok\r\n");
+    });
+    EXPECT_TRUE(connect());
+    EXPECT_TRUE(client.NoOp());
+}
+
+TEST_F(Ftp, FailedConnects)
+{
+    struct Case {
+        const char* banner;
+        const char* user;
+        const char* password;
+        const char* error;
+        const char* message;
+    };
+    for (const Case& one :
+         {Case{"421 full\r\n", nullptr, nullptr, "[FTP] Error received from server on connect.", "421 full"},
+          Case{"220 a\r\n", "530 no\r\n", nullptr, "[FTP] server login failed.", "530 no"},
+          Case{"220 a\r\n", "331 b\r\n", "530 wrong\r\n", "[FTP] server login failed.", "530 wrong"},
+          Case{"220 a\r\n", "331 b\r\n", "332 c\r\n", "[FTP] server login failed.", "332 c"},
+          Case{"220 a\r\n", nullptr, nullptr, "[FTP] Control connection has been closed by the remote server",
+               ""},
+          Case{"", nullptr, nullptr, "[FTP] Control connection has been closed by the remote server", ""}}) {
+        CFtpClient own;
+        ScriptedFtp peer([&](Session& session) {
+            session.say(one.banner);
+            if (one.user) session.answer("USER u", one.user);
+            if (one.password) session.answer("PASS p", one.password);
+        });
+        own.SetTimeout(5000);
+        EXPECT_FALSE(own.Connect("127.0.0.1", peer.port(), "u", "p", 0));
+        EXPECT_STREQ(own.GetLastError(), one.error) << one.banner;
+        EXPECT_STREQ(own.GetLastFtpMessage(), one.message);
+        EXPECT_FALSE(own.IsConnected());
+    }
+    loopback::Listener gone;
+    gone.close();
+    EXPECT_FALSE(client.Connect("127.0.0.1", gone.port(), "u", "p", 0));
+    EXPECT_EQ(error(), "[FTP] Unable to connect to server");
+}
+
+TEST_F(Ftp, SimpleCommandsAndTheirFailures)
+{
+    struct Case {
+        const char* line;
+        int (*run)(CFtpClient&);
+        const char* error;
+    };
+    const Case cases[] = {
+        {"CWD a b", [](CFtpClient& c) { return c.ChangeDirectory("a b"); }, "[FTP] CWD command failed."},
+        {"MKD d", [](CFtpClient& c) { return c.MakeDirectory("d"); },
+         "[FTP] Make Directory (MKD) command failed"},
+        {"RMD d", [](CFtpClient& c) { return c.RemoveDirectoryA("d"); },
+         "[FTP] Remove Directory (RMD) command failed"},
+        {"DELE f", [](CFtpClient& c) { return c.DeleteFileA("f"); },
+         "[FTP] Delete File (DELE) command failed"},
+        {"NOOP", [](CFtpClient& c) { return c.NoOp(); }, "[FTP] NOOP command failed"},
+        {"SITE FAST=4", [](CFtpClient& c) { return c.SetConnectionMode(ftpModeAvidFast); },
+         "[FTP] Set AvidFast mode failed."},
+    };
+    begin([&](Session& session) {
+        for (const Case& one : cases) {
+            session.answer(one.line, "550-no\r\n550 way\r\n");
+            session.answer(one.line, "250 ok\r\n");
+        }
+    });
+    for (const Case& one : cases) {
+        EXPECT_FALSE(one.run(client)) << one.line;
+        EXPECT_EQ(error(), one.error);
+        EXPECT_EQ(lastMessage(), "550 way");
+        EXPECT_TRUE(logged(std::string("1 ") + one.error));
+        CException* e = client.GetException();
+        EXPECT_STREQ(GetExceptionMsg(e), (std::string(one.error) + "\n550 way").c_str());
+        e->Delete();
+        EXPECT_TRUE(one.run(client)) << one.line;
+        EXPECT_EQ(error(), one.error); // stays until the next failure
+    }
+}
+
+TEST_F(Ftp, ModesAndTheirTransitions)
+{
+    begin([](Session& session) { session.answer("SITE FAST=4", "200 fast\r\n"); });
+    EXPECT_TRUE(client.SetConnectionMode(ftpModePassive));
+    EXPECT_FALSE(client.SetConnectionMode(static_cast<eFtpMode>(-1)));
+    EXPECT_FALSE(client.SetConnectionMode(static_cast<eFtpMode>(3)));
+    EXPECT_TRUE(client.SetConnectionMode(ftpModeNormal));
+    CMemoryStream stream(0, 4096);
+    CStringArray lines;
+    EXPECT_FALSE(client.GetFileToStream("f", stream));
+    EXPECT_FALSE(client.UploadStream("f", stream));
+    EXPECT_EQ(error(), "");
+    EXPECT_FALSE(client.GetNameList(lines));
+    EXPECT_EQ(error(), "[FTP] FTP subsystem detected an internal error.");
+    EXPECT_TRUE(client.SetConnectionMode(ftpModeAvidFast));
+    EXPECT_TRUE(client.SetConnectionMode(ftpModeAvidFast));
+    EXPECT_FALSE(client.SetConnectionMode(ftpModePassive));
+    EXPECT_EQ(error(), "[FTP] Once set, AvidFast mode cannot be deselected.");
+}
+
+TEST_F(Ftp, TheReplyToSiteIdleIsTakenForTheNextCommandsOwn)
+{
+    begin([](Session& session) {
+        session.answer("SITE IDLE=60", "500 what\r\n");
+        session.answer("NOOP", "200 noop\r\n");
+        session.answer("CWD x", "250 cwd\r\n");
+    });
+    EXPECT_TRUE(client.SetIdleTimeout(60));
+    EXPECT_FALSE(client.NoOp());
+    EXPECT_EQ(lastMessage(), "500 what");
+    EXPECT_TRUE(client.ChangeDirectory("x")); // with the reply to NOOP
+}
+
+TEST_F(Ftp, ListingsInPassiveMode)
+{
+    begin([](Session& session) {
+        session.passive("A");
+        session.answer("LIST", "150 here\r\n");
+        session.data().send("one\r\n\r\ntwo\nthree\r\rfour");
+        session.say("226 done\r\n");
+        session.passive("A");
+        session.answer("NLST", "450 none\r\n");
+        session.passive("A");
+        session.answer("NLST", "550 no\r\n");
+        session.passive("A");
+        session.answer("LIST", "150 here\r\n");
+        session.data().send("x\r\n");
+        session.say("426 cut\r\n");
+    });
+    CStringArray lines;
+    lines.Add("stale");
+    EXPECT_TRUE(client.GetRawDirectoryListing(lines));
+    EXPECT_EQ(texts(lines), (Texts{"one", "two", "three", "four"}));
+    EXPECT_TRUE(client.GetNameList(lines));
+    EXPECT_EQ(lines.GetSize(), 0);
+    EXPECT_FALSE(client.GetNameList(lines));
+    EXPECT_EQ(error(), "[FTP] LIST command failed.");
+    EXPECT_FALSE(client.GetRawDirectoryListing(lines));
+    EXPECT_EQ(lastMessage(), "426 cut");
+}
+
+TEST_F(Ftp, FilesInPassiveMode)
+{
+    begin([](Session& session) {
+        session.passive("I");
+        session.answer("RETR a", "150 here\r\n");
+        session.data().send(std::string("x\0\4\r\n", 5));
+        session.say("226 done\r\n");
+        session.passive("I");
+        session.answer("STOR b", "150 go\r\n");
+        EXPECT_EQ(session.data().receive(100), "tail");
+        session.say("226 got\r\n");
+        session.passive("I");
+        session.answer("RETR c", "550 no\r\n");
+        session.passive("I");
+        session.answer("STOR d", "553 no\r\n");
+        session.answer("TYPE I", "504 never\r\n");
+    });
+    CMemoryStream stream(0, 4096);
+    stream.Write("head", 4);
+    EXPECT_TRUE(client.GetFileToStream("a", stream));
+    EXPECT_EQ(contents(stream), std::string("headx\0\4\r\n", 9));
+    CMemoryStream source("some tail", 9);
+    source.SeekToPos(5);
+    EXPECT_TRUE(client.UploadStream("b", source));
+    EXPECT_FALSE(client.GetFileToStream("c", stream));
+    EXPECT_EQ(error(), "[FTP] File RETRIEVE command failed.");
+    EXPECT_FALSE(client.UploadBuffer("d", "x", 1));
+    EXPECT_EQ(error(), "[FTP] File STORE failed");
+    EXPECT_FALSE(client.UploadBuffer("d", "x", 1));
+    EXPECT_EQ(error(), "[FTP] Transfer mode (TYPE) command failed");
+    EXPECT_EQ(lastMessage(), "504 never");
+}
+
+TEST_F(Ftp, RepliesToPasv)
+{
+    loopback::Listener data, gone;
+    gone.close();
+    const std::string high = std::to_string(data.port() / 256), low = std::to_string(data.port() % 256);
+    struct Case {
+        std::string reply, error;
+    };
+    const Case cases[] = {
+        {"227 (127,0,0,1," + high + "," + low, ""},
+        {"227 ( 127, 0,0,+1 ," + high + "," + low + "x)(9)", ""},
+        {"227-", "cut"},
+        {"228 (127,0,0,1," + high + "," + low + ")", "[FTP] PASV command failed."},
+        {"500 no", "[FTP] PASV command failed."},
+        {Session::passiveReply(gone.port()).substr(0, 40), "[FTP] Connect to PASV socket failed."},
+        {"227 nonsense", "[FTP] Connect to PASV socket failed."},
+        {"227 (127,0,0,1," + high + ")", "[FTP] Connect to PASV socket failed."},
+        {"227 (,,,,,)", "[FTP] Connect to PASV socket failed."},
+        {"227 (127,0,0,1,99999999999999999999,-1)", "[FTP] Connect to PASV socket failed."},
+    };
+    begin([&](Session& session) {
+        for (const auto& [reply, failure] : cases) {
+            session.answer("TYPE A", "200 ok\r\n");
+            std::string line = reply.substr(0, reply.find("\r\n")) + "\r\n";
+            if (failure == "cut") line += "502 other\r\n";
+            session.answer("PASV", line);
+            if (!failure.empty()) continue;
+            const loopback::End connection = data.accept();
+            session.answer("LIST", "150 here\r\n226 done\r\n");
+        }
+    });
+    CStringArray lines;
+    for (const auto& [reply, failure] : cases) {
+        EXPECT_EQ(client.GetRawDirectoryListing(lines), failure.empty()) << reply;
+        const std::string told = failure == "cut" ? "[FTP] PASV command failed." : failure;
+        if (!failure.empty()) {
+            EXPECT_EQ(error(), told) << reply;
+        }
+    }
+    EXPECT_TRUE(
+        logged("0 Establishing passive mode connection to 127.0.0.1 port " + std::to_string(data.port())));
+}
+
+TEST_F(Ftp, DataMayBeKeptToTheControlHost)
+{
+    begin([](Session& session) {
+        session.answer("TYPE A", "200 ok\r\n");
+        const loopback::Listener data;
+        session.answer("PASV", Session::passiveReply(data.port(), "198,51,100,7"));
+        session.expect("NLST");
+        session.say("150 here\r\n");
+        data.accept().send("name\r\n");
+        session.say("226 done\r\n");
+    });
+    client.SetDataToControlHost(1);
+    CStringArray lines;
+    EXPECT_TRUE(client.GetNameList(lines));
+    EXPECT_EQ(texts(lines), Texts{"name"});
+}
+
+TEST_F(Ftp, AvidFastMode)
+{
+    begin([](Session& session) {
+        session.answer("SITE FAST=4", "200 fast\r\n");
+        session.answer("LIST", "150 here\r\none\r\n\r\ntwo\r\n\4"
+                               "226 done\r\n");
+        session.answer("NLST", "150 here\r\na\r\n226 no end byte\r\n");
+        session.answer("LIST", "550 no\r\n");
+        session.answer("RETR f", "150 here\r\nbytes\r\n\0012\3\4"
+                                 "226 done\r\n");
+        session.answer("RETR f", "150 here\r\n\4"
+                                 "426 cut\r\n");
+        session.passive("I");
+        session.answer("STOR g", "150 go\r\n");
+        EXPECT_EQ(session.data().receive(10), "up");
+        session.say("226 got\r\n");
+        session.answer("RETR h", "150 here\r\nhalf");
+    });
+    ASSERT_TRUE(client.SetConnectionMode(ftpModeAvidFast));
+    CStringArray lines;
+    EXPECT_TRUE(client.GetRawDirectoryListing(lines));
+    EXPECT_EQ(texts(lines), (Texts{"one", "", "two", ""}));
+    EXPECT_TRUE(client.GetNameList(lines));
+    EXPECT_EQ(texts(lines), Texts{"a"});
+    EXPECT_FALSE(client.GetRawDirectoryListing(lines));
+    EXPECT_EQ(error(), "[FTP] LIST command failed.");
+    CMemoryStream stream(0, 4096);
+    EXPECT_TRUE(client.GetFileToStream("f", stream));
+    EXPECT_EQ(contents(stream), "bytes\r\n\0012\3");
+    EXPECT_FALSE(client.GetFileToStream("f", stream));
+    EXPECT_EQ(error(), "[FTP] File RETRIEVE command failed.");
+    EXPECT_TRUE(client.UploadBuffer("g", "up", 2));
+    EXPECT_FALSE(client.GetFileToStream("h", stream));
+    EXPECT_EQ(error(), "[FTP] Control connection has been closed by the remote server");
+}
+
+// --- peers that mean no good
+
+TEST_F(Ftp, RepliesWithoutAnEndAreCutOff)
+{
+    for (const char* unit : {"x", "x\n", "\r\n", "220-more\r\n", "220 \n"}) {
+        std::size_t sent = 0;
+        CFtpClient own;
+        ScriptedFtp peer([&](Session& session) {
+            std::string block;
+            while (block.size() < 10000) block += unit;
+            while (sent < (8u << 20) && session.control().send(block)) sent += block.size();
+        });
+        own.SetTimeout(5000);
+        EXPECT_FALSE(own.Connect("127.0.0.1", peer.port(), "u", "p", 0));
+        EXPECT_STREQ(own.GetLastError(), "[FTP] Socket I/O failed");
+        EXPECT_FALSE(own.IsConnected());
+    }
+}
+
+TEST_F(Ftp, SilenceCostsTheLimit)
+{
+    struct Case {
+        const char* name;
+        std::function<void(Session&)> script;
+        const char* error;
+    };
+    const Case cases[] = {
+        {"no reply", [](Session&) {}, "[FTP] Socket I/O failed"},
+        {"half a line", [](Session& s) { s.say("200 o"); }, "[FTP] Socket I/O failed"},
+        {"no CR", [](Session& s) { s.say("200 ok\n"); }, "[FTP] Socket I/O failed"},
+        {"no last line", [](Session& s) { s.say("200-ok\r\n"); }, "[FTP] Socket I/O failed"},
+        {"silent data",
+         [](Session& s) {
+             s.say("200 ok\r\n");
+             const loopback::Listener data;
+             s.answer("PASV", Session::passiveReply(data.port()));
+             s.answer("LIST", "150 here\r\n");
+             const loopback::End connection = data.accept();
+             s.awaitEnd();
+         },
+         "[FTP] Socket I/O failed"},
+    };
+    for (const Case& one : cases) {
+        CFtpClient own;
+        ScriptedFtp peer([&](Session& session) {
+            session.logon();
+            session.expect("TYPE A");
+            one.script(session);
+            session.awaitEnd();
+        });
+        own.SetTimeout(5000);
+        ASSERT_TRUE(own.Connect("127.0.0.1", peer.port(), "u", "p", 0));
+        own.SetTimeout(20);
+        CStringArray lines;
+        EXPECT_FALSE(own.GetRawDirectoryListing(lines)) << one.name;
+        EXPECT_STREQ(own.GetLastError(), one.error) << one.name;
+        own.Disconnect();
+    }
+}
+
+TEST_F(Ftp, ADrippingReplyCostsTheLimitOfALine)
+{
+    begin([](Session& session) {
+        session.expect("NOOP");
+        while (session.control().send("2")) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    });
+    client.SetTimeout(50);
+    EXPECT_FALSE(client.NoOp());
+    EXPECT_EQ(error(), "[FTP] Socket I/O failed");
+    client.Disconnect();
+}
+
+TEST_F(Ftp, ACutTransferIsAFailureAndTheNextCommandHasItsOwnReply)
+{
+    begin([](Session& session) {
+        session.passive("I");
+        session.answer("RETR a", "150 here\r\n");
+        loopback::End half = session.data();
+        half.send("half");
+        half.reset();
+        session.say("226 so the server thinks\r\n");
+        session.passive("I");
+        session.answer("STOR b", "150 go\r\n");
+        session.data().reset();
+        session.say("426 cut\r\n");
+        session.answer("NOOP", "200 ok\r\n");
+    });
+    CMemoryStream stream(0, 4096);
+    EXPECT_FALSE(client.GetFileToStream("a", stream));
+    EXPECT_EQ(error(), "[FTP] File RETRIEVE command failed.");
+    const std::string large(8 << 20, 'u');
+    EXPECT_FALSE(client.UploadBuffer("b", large.data(), static_cast<unsigned>(large.size())));
+    EXPECT_EQ(error(), "[FTP] Socket I/O failed");
+    EXPECT_TRUE(client.NoOp());
+}
+
+// A stream that has had enough.
+class Full : public CMemoryStream {
+public:
+    Full() : CMemoryStream(0, 65536) {}
+
+protected:
+    void InternalRead(void*, DWORD) override { ThrowChainedException(nullptr, "enough"); }
+    void InternalWrite(const void*, DWORD) override { ThrowChainedException(nullptr, "enough"); }
+};
+
+TEST_F(Ftp, AStreamThatFailsEndsTheTransferWithTheServerToo)
+{
+    begin([](Session& session) {
+        session.passive("I");
+        session.answer("RETR a", "150 here\r\n");
+        session.data().send(std::string(100000, 'a'));
+        session.say("426 left\r\n");
+        session.answer("NOOP", "200 ok\r\n");
+        session.answer("SITE FAST=4", "200 fast\r\n");
+        session.answer("RETR b", "150 here\r\nbytes");
+        session.awaitEnd();
+    });
+    const auto isThrown = [&](const char* name) {
+        Full full;
+        try {
+            client.GetFileToStream(name, full);
+            return false;
+        } catch (CException* e) {
+            e->Delete();
+            return true;
+        }
+    };
+    EXPECT_TRUE(isThrown("a"));
+    EXPECT_TRUE(client.NoOp());
+    ASSERT_TRUE(client.SetConnectionMode(ftpModeAvidFast));
+    EXPECT_TRUE(isThrown("b"));
+    EXPECT_FALSE(client.NoOp());
+}
+
+TEST_F(Ftp, ACopySharesTheConnectionAndTheMode)
+{
+    begin([](Session& session) {
+        session.answer("SITE FAST=4", "200 fast\r\n");
+        session.answer("NOOP", "200 ok\r\n");
+    });
+    ASSERT_TRUE(client.SetConnectionMode(ftpModeAvidFast));
+    CFtpClient copy(client);
+    EXPECT_EQ(copy.GetTimeout(), 5000u);
+    copy.SetLoggingCallback(nullptr, nullptr);
+    EXPECT_TRUE(copy.NoOp());
+    EXPECT_TRUE(copy.SetConnectionMode(ftpModeAvidFast)); // without a word to the server
+}
+
+} // namespace
