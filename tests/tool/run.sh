@@ -43,6 +43,7 @@ says 'direction' shape --help
 says '^base direction: right-to-left' shape 'שלום abc'
 says '^0 +2 .*U\+0643.* U\+FEDA' shape 'ملك'
 says '^0 +0 .*U\+0930.* U\+E0CC.* U\+E045.* U\+E0F2' shape 'र्कि'
+says '^0 +0 .*U\+0995.* U\+E109.* U\+E1B6.* U\+E176' shape 'ক্ষো'
 
 # is EXPECTED ARGUMENTS...: exit code 0 and exactly this on standard output.
 is() {
