@@ -1,5 +1,7 @@
 #include "corekit/platform/TextScan.h"
 
+#include "corekit/platform/Runtime.h"
+
 #include <string>
 #include <string_view>
 
@@ -44,36 +46,6 @@ int FirstOrEnd(const WCHAR* text, int n, WCHAR ch)
 #endif
     while (i < n && text[i] != ch && text[i]) ++i;
     return i;
-}
-
-bool HasAt(const WCHAR* text, const WCHAR* what, int m)
-{
-    return std::memcmp(text, what, static_cast<std::size_t>(m) * sizeof(WCHAR)) == 0;
-}
-
-// Where what[0, m) stands in text[0, n), zeros of the text not looked at. The first and the last unit of what
-// is looked for are compared in eight places at once.
-int FindUnits(const WCHAR* text, int n, const WCHAR* what, int m)
-{
-    const int places = n - m + 1;
-    int i = 0;
-#ifdef __SSE2__
-    const __m128i first = Splat(what[0]);
-    const __m128i last = Splat(what[m - 1]);
-    for (; places - i >= 8; i += 8) {
-        const __m128i heads = _mm_cmpeq_epi16(Load(text + i), first);
-        const __m128i tails = _mm_cmpeq_epi16(Load(text + i + m - 1), last);
-        for (unsigned hit = Mask(_mm_and_si128(heads, tails)); hit;) {
-            const int at = FirstUnit(hit);
-            if (HasAt(text + i + at, what, m)) return i + at;
-            hit &= ~(3u << (2 * at));
-        }
-    }
-#endif
-    for (; i < places; ++i) {
-        if (text[i] == what[0] && HasAt(text + i, what, m)) return i;
-    }
-    return -1;
 }
 
 } // namespace
@@ -128,11 +100,10 @@ int FindInText(const char* text, int n, const char* what)
 
 int FindInText(const WCHAR* text, int n, const WCHAR* what)
 {
-    const std::size_t m = TextLength(what);
-    if (m == 0) return 0;
-    if (m > static_cast<std::size_t>(n)) return -1;
-    const int at = FindUnits(text, n, what, static_cast<int>(m));
-    return at < 0 || TextLength(text, at) < at ? -1 : at;
+    const std::size_t found = crt16::find({text, static_cast<std::size_t>(n)}, {what, TextLength(what)});
+    if (found == crt16::npos) return -1;
+    const int at = static_cast<int>(found);
+    return TextLength(text, at) < at ? -1 : at; // behind a zero there is nothing
 }
 
 int CompareText(const WCHAR* a, int lengthA, const WCHAR* b)
