@@ -146,7 +146,8 @@ Narrow NarrowLines(UINT page, const Wide& lines)
     Narrow all;
     for (const auto& line : lines) {
         char to[room];
-        const int length = WideCharToMultiByte(page, 0, line.data(), int(line.size()), to, room, nullptr, nullptr);
+        const int length =
+            WideCharToMultiByte(page, 0, line.data(), int(line.size()), to, room, nullptr, nullptr);
         all.emplace_back(to, std::size_t(length));
     }
     return all;
@@ -172,7 +173,8 @@ const Page& JapanesePage()
 {
     static const Page page = [] {
         Page p{932, "windows-932", "CP932", {}, {}};
-        static const char16_t kanji[] = u"日本語放送番組原稿時間天気予報東京大阪政府経済選挙会議発表今年国際交通事故警察学校病院地震情報";
+        static const char16_t kanji[] =
+            u"日本語放送番組原稿時間天気予報東京大阪政府経済選挙会議発表今年国際交通事故警察学校病院地震情報";
         workload::Rng random(0x932);
         for (const auto& latin : workload::lines(workload::Script::Latin)) {
             std::u16string line;
@@ -209,8 +211,8 @@ void CoreKitPageWrite(benchmark::State& state)
 {
     char to[room];
     Each(state, page().lines, page().lines, [&](const std::u16string& line) {
-        benchmark::DoNotOptimize(WideCharToMultiByte(page().number, 0, line.data(), int(line.size()), to, room,
-                                                     nullptr, nullptr));
+        benchmark::DoNotOptimize(
+            WideCharToMultiByte(page().number, 0, line.data(), int(line.size()), to, room, nullptr, nullptr));
         benchmark::ClobberMemory();
     });
 }

@@ -36,6 +36,7 @@
 #include "corekit/foundation/VersionData.h"
 #include "corekit/foundation/WildCards.h"
 #include "corekit/framework/Array.h"
+#include "corekit/framework/BinaryResource.h"
 #include "corekit/framework/CmdTarget.h"
 #include "corekit/framework/Exception.h"
 #include "corekit/framework/Map.h"

@@ -35,8 +35,8 @@ void CheckSizes(UINT page, const StringW& wide)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static const BOOL known =
-        EnumSystemCodePagesA([](char* page) { return Pages().push_back(std::atoi(page)), TRUE; }, CP_INSTALLED);
+    static const BOOL known = EnumSystemCodePagesA(
+        [](char* page) { return Pages().push_back(std::atoi(page)), TRUE; }, CP_INSTALLED);
     if (size < 2 || !known) return 0;
     const int page = Pages()[(data[0] | data[1] << 8) % Pages().size()];
     const std::vector<char> bytes(data + 2, data + size);

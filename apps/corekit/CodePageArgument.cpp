@@ -76,9 +76,11 @@ BOOL List(char* page) { return listed.try_emplace(*Number(page)), TRUE; }
 int CodePageFrom(std::string_view text)
 {
     const auto page = Find(text);
-    if (!page) throw std::runtime_error("no code page is called " + std::string(text) + " (see convert --list)");
+    if (!page)
+        throw std::runtime_error("no code page is called " + std::string(text) + " (see convert --list)");
     if (!CanConvert(*page))
-        throw std::runtime_error("code page " + std::to_string(*page) + " cannot be converted on this machine");
+        throw std::runtime_error("code page " + std::to_string(*page) +
+                                 " cannot be converted on this machine");
     return *page;
 }
 
@@ -93,7 +95,7 @@ void PrintCodePages()
     for (const auto& [page, text] : listed) {
         const bool converts = CanConvert(page);
         rows.push_back({std::to_string(page), converts ? ShownName(page) : "-",
-                        !converts             ? "no"
+                        !converts            ? "no"
                         : page == CP_ISCII89 ? "from"
                                              : "both ways",
                         text});

@@ -36,7 +36,11 @@ std::size_t WholeUtf8(std::string_view bytes)
 {
     for (std::size_t back = 1; back <= std::min<std::size_t>(3, bytes.size()); ++back) {
         const auto byte = static_cast<unsigned char>(bytes[bytes.size() - back]);
-        const std::size_t length = byte >= 0xF8 ? 1 : byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : byte >= 0xC0 ? 2 : 1;
+        const std::size_t length = byte >= 0xF8   ? 1
+                                   : byte >= 0xF0 ? 4
+                                   : byte >= 0xE0 ? 3
+                                   : byte >= 0xC0 ? 2
+                                                  : 1;
         if (length > back) return bytes.size() - back;
         if (length > 1 || byte < 0x80 || byte >= 0xF8) break;
     }
@@ -56,8 +60,8 @@ std::size_t WholeDouble(UINT page, std::string_view bytes)
     return std::min(at, bytes.size());
 }
 
-// How many bytes at the front can be converted without those that are still to come. A page that keeps a state
-// is back in its first one at the end of a line.
+// How many bytes at the front can be converted without those that are still to come. A page that keeps a
+// state is back in its first one at the end of a line.
 std::size_t WholeLength(int page, std::string_view bytes)
 {
     if (page == utf16Page) return bytes.size() & ~std::size_t{1};
@@ -97,7 +101,8 @@ bool CanHold(int page, const char16_t* units, int count)
     const auto number = static_cast<UINT>(page);
     if (number == CP_UTF7) return true;
     if (number == CP_UTF8)
-        return WideCharToMultiByte(number, WC_ERR_INVALID_CHARS, units, count, nullptr, 0, nullptr, nullptr) > 0;
+        return WideCharToMultiByte(number, WC_ERR_INVALID_CHARS, units, count, nullptr, 0, nullptr, nullptr) >
+               0;
     BOOL replaced = FALSE;
     WideCharToMultiByte(number, 0, units, count, nullptr, 0, nullptr, &replaced);
     return !replaced;
@@ -107,7 +112,8 @@ bool Write(int page, const StringW& units, StringA& bytes)
 {
     if (page == utf16Page) {
         const int length = units.GetLength() * 2;
-        std::memcpy(bytes.GetBufferSetLength(length), static_cast<const char16_t*>(units), std::size_t(length));
+        std::memcpy(bytes.GetBufferSetLength(length), static_cast<const char16_t*>(units),
+                    std::size_t(length));
         return true;
     }
     UnicodeToAnsi(page, bytes, units, units.GetLength());
@@ -145,7 +151,8 @@ public:
             bytes.resize(kept + count);
             isLast = count == 0;
             const std::size_t whole = isLast ? bytes.size() : WholeLength(m_from, bytes);
-            if (bytes.size() - whole > longestLine) Complain("is longer than a line may be in this code page");
+            if (bytes.size() - whole > longestLine)
+                Complain("is longer than a line may be in this code page");
             Part(bytes.substr(0, whole), isLast);
             bytes.erase(0, whole);
         }
@@ -200,7 +207,8 @@ private:
         CountLines(units, at);
         char point[12];
         const unsigned high = units[at], low = units[at + length - 1];
-        std::snprintf(point, sizeof point, "U+%04X", length == 1 ? high : 0x10000 + ((high - 0xD800) << 10) + low - 0xDC00);
+        std::snprintf(point, sizeof point, "U+%04X",
+                      length == 1 ? high : 0x10000 + ((high - 0xD800) << 10) + low - 0xDC00);
         Complain("has " + std::string(point) + ", which code page " + std::to_string(m_to) +
                  " lacks (--replace puts ? there)");
     }
@@ -249,9 +257,10 @@ void AddConvertCommand(CLI::App& app)
 {
     const auto wish = std::make_shared<Wish>();
     CLI::App* command = app.add_subcommand("convert", "Convert text from one code page to another");
-    command->footer("A code page is a number, a common name such as windows-1256 or shift_jis, or a text of the list.\n"
-                    "What cannot be converted ends the work with its line, unless --replace is given.\n\n"
-                    "  corekit convert --from 1256 --to utf-8 script.txt > script.utf8.txt");
+    command->footer(
+        "A code page is a number, a common name such as windows-1256 or shift_jis, or a text of the list.\n"
+        "What cannot be converted ends the work with its line, unless --replace is given.\n\n"
+        "  corekit convert --from 1256 --to utf-8 script.txt > script.utf8.txt");
     command->add_option("--from", wish->from, "The code page that the text is in");
     command->add_option("--to", wish->to, "The code page that it is wanted in");
     command->add_option("file", wish->file, "The file to read, by default standard input");

@@ -1,12 +1,15 @@
 #include "corekit/foundation/SystemHelpers.h"
 
 #include "corekit/foundation/ChainedException.h"
+#include "corekit/framework/Module.h"
 #include "corekit/platform/Guid.h"
 #include "corekit/platform/Handles.h"
 #include "corekit/platform/Overlapped.h"
 #include "corekit/platform/Waits.h"
 
+#include <climits>
 #include <cstdarg>
+#include <cstring>
 
 namespace {
 template <class T>
@@ -48,6 +51,18 @@ CWinThread* scBeginThread(CRuntimeClass* threadClass, int priority, UINT stackBy
 void* scCreateEvent(_SECURITY_ATTRIBUTES* security, int manualReset, int initialState, const char* name)
 {
     return OrThrow(CreateEventA(security, manualReset, initialState, name));
+}
+
+int scLoadResource(const char* name, const char* type, CByteArray& data)
+{
+    bool fits = false;
+    AfxUseResource(name, type, [&](std::span<const std::byte> bytes) {
+        fits = bytes.size() <= INT_MAX;
+        if (!fits) return;
+        data.SetSize(static_cast<int>(bytes.size()));
+        if (!bytes.empty()) std::memcpy(data.GetData(), bytes.data(), bytes.size());
+    });
+    return fits;
 }
 
 CString scGetClassName(CObject* object)

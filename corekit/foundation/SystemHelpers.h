@@ -3,6 +3,7 @@
 
 #include "corekit/foundation/StringA.h"
 #include "corekit/foundation/StringW.h"
+#include "corekit/framework/Array.h"
 #include "corekit/framework/String.h"
 #include "corekit/framework/WinThread.h"
 #include "corekit/platform/Files.h"
@@ -21,6 +22,10 @@ COREKIT_API CWinThread* scBeginThread(CRuntimeClass* threadClass, int priority =
 // CreateEventA; throws the system's reason.
 COREKIT_API void* scCreateEvent(_SECURITY_ATTRIBUTES* security, int manualReset, int initialState,
                                 const char* name);
+
+// Replaces `data` by the resource of a module, which a name and a type below 0x10000 give by number. 0, and
+// no change, if no module has it or it is too long for the array.
+COREKIT_API int scLoadResource(const char* name, const char* type, CByteArray& data);
 
 // The name of the object's class; empty for null.
 COREKIT_API CString scGetClassName(CObject* object);

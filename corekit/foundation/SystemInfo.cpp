@@ -48,6 +48,21 @@ WORD CSystemInfo::GetOSVersion() const
     return static_cast<WORD>(m_version.dwMajorVersion * 256 + m_version.dwMinorVersion);
 }
 
+// 0 where there is none.
+DWORD CSystemInfo::TerminalSession() const
+{
+    DWORD session = 0;
+    const bool isServer = (m_version.wSuiteMask & VER_SUITE_TERMINAL) != 0;
+    return isServer && ProcessIdToSessionId(GetCurrentProcessId(), &session) ? session : 0;
+}
+
+CString CSystemInfo::GetComputerNameA() const
+{
+    CString name = m_computer;
+    if (const DWORD session = TerminalSession()) name.Format("%s_%d", m_computer, static_cast<int>(session));
+    return name;
+}
+
 int CSystemInfo::HaveLocalAdminAccess() const { return !IsPlatformWindowsNT() || IsUserAnAdmin(); }
 
 int CSystemInfo::GetNTServicePackLevel() const

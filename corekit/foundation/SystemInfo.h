@@ -25,7 +25,8 @@ public:
     const char* GetSystem16BitDirectory() const { return m_system16; }
     const char* GetTempDirectory() const { return m_temp; } // without a separator at the end
     const char* GetUserNameA() const { return m_user; }
-    CString GetComputerNameA() const { return m_computer; }
+    // With "_" and the number of the session behind it, where IsTerminalServer.
+    CString GetComputerNameA() const;
     int GetProcessorCount() const { return static_cast<int>(m_info.dwNumberOfProcessors); }
 
     int HaveLocalAdminAccess() const;
@@ -36,13 +37,15 @@ public:
 
     // The free part of the main screen; 640 by 480 while no window library can tell.
     CSize GetWorkAreaSize() const;
-    bool IsTerminalServer() const { return m_version.wSuiteMask & VER_SUITE_TERMINAL; }
+    // Whether this process runs in a session of a remote desktop server.
+    bool IsTerminalServer() const { return TerminalSession() != 0; }
     bool IsPNPSupported() const;
     bool IsHIDSupported() const { return false; }
 
 private:
     void ReadVersion();
     void ReadNames();
+    DWORD TerminalSession() const;
 
     SYSTEM_INFO m_info{};
     OSVERSIONINFOEX m_version{};

@@ -2,10 +2,12 @@
 
 #include "corekit/framework/InsertText.h"
 #include "corekit/framework/String.h"
+#include "corekit/platform/Runtime.h"
 
 #include <algorithm>
 #include <cstring>
 #include <mutex>
+#include <string>
 #include <utility>
 
 IMPLEMENT_DYNAMIC(CDynLinkLibrary, CCmdTarget)
@@ -15,6 +17,7 @@ namespace {
 constinit std::mutex chainLock;
 constinit CDynLinkLibrary* chainHead = nullptr;
 constinit std::span<const ResourceString> programStrings;
+constinit std::span<const BinaryResource> programResources;
 
 bool Ascending(std::span<const ResourceString> strings)
 {
@@ -26,6 +29,13 @@ const char* FindIn(std::span<const ResourceString> strings, UINT id)
 {
     const auto row = std::ranges::lower_bound(strings, id, {}, &ResourceString::id);
     return row != strings.end() && row->id == id ? row->text : nullptr;
+}
+
+// A name as a module writes it; a pointer that is no pointer is a number.
+std::string ResourceName(const char* name)
+{
+    const auto number = reinterpret_cast<std::uintptr_t>(name);
+    return number < 0x10000 ? "#" + std::to_string(number) : name;
 }
 
 // Hands the text over while its module is held in place.
@@ -89,8 +99,34 @@ BOOL AfxSetResourceStrings(std::span<const ResourceString> strings)
     return TRUE;
 }
 
+void AfxSetResources(std::span<const BinaryResource> resources)
+{
+    const std::lock_guard guard(chainLock);
+    programResources = resources;
+}
+
+bool AfxUseResource(const char* name, const char* type,
+                    const std::function<void(std::span<const std::byte>)>& use)
+{
+    const std::string wantedName = ResourceName(name), wantedType = ResourceName(type);
+    const auto found = [&](std::span<const BinaryResource> resources) {
+        const auto row = std::ranges::find_if(resources, [&](const BinaryResource& resource) {
+            return _stricmp(resource.name, wantedName.c_str()) == 0 &&
+                   _stricmp(resource.type, wantedType.c_str()) == 0;
+        });
+        if (row != resources.end()) use(row->data);
+        return row != resources.end();
+    };
+    {
+        const std::lock_guard guard(chainLock);
+        if (found(programResources)) return true;
+    }
+    return CDynLinkLibrary::Visit([&](const CDynLinkLibrary& library) { return found(library.m_resources); });
+}
+
 CDynLinkLibrary::CDynLinkLibrary(const AFX_EXTENSION_MODULE& module, BOOL bSystem)
-    : m_hModule(module.hModule), m_hResource(module.hResource), m_bSystem(bSystem), m_strings(module.strings)
+    : m_hModule(module.hModule), m_hResource(module.hResource), m_bSystem(bSystem), m_strings(module.strings),
+      m_resources(module.resources)
 {
     const std::lock_guard guard(chainLock);
     m_pNextDLL = chainHead;

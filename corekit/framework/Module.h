@@ -1,4 +1,5 @@
-// Modules: the program and the shared libraries in it, and the texts that each brings along.
+// Modules: the program and the shared libraries in it, and the texts and binary resources that each brings
+// along.
 //
 // A library fills one static AFX_EXTENSION_MODULE with its string table when it is loaded, and puts a
 // CDynLinkLibrary on the chain, which makes the table visible to all:
@@ -16,6 +17,7 @@
 // first and then along the chain, the newest library first. Everything here may be called on any thread.
 #pragma once
 
+#include "corekit/framework/BinaryResource.h"
 #include "corekit/framework/CmdTarget.h"
 #include "corekit/framework/ResourceString.h"
 
@@ -28,7 +30,8 @@ struct AFX_EXTENSION_MODULE {
     BOOL bInitialized = FALSE;
     HMODULE hModule = nullptr;
     HMODULE hResource = nullptr;
-    std::span<const ResourceString> strings; // set before AfxInitExtensionModule
+    std::span<const ResourceString> strings;   // set before AfxInitExtensionModule
+    std::span<const BinaryResource> resources; // in any order
 };
 
 // A null instance stands for the record itself. 0 if the table's ids do not ascend, in which case the
@@ -40,6 +43,14 @@ COREKIT_API void AfxTermExtensionModule(AFX_EXTENSION_MODULE& module, BOOL bAll 
 // The program's own table, which must outlive its use; an empty one takes it back. 0, and no change, if its
 // ids do not ascend.
 COREKIT_API BOOL AfxSetResourceStrings(std::span<const ResourceString> strings);
+
+// The same for the program's binary resources.
+COREKIT_API void AfxSetResources(std::span<const BinaryResource> resources);
+
+// Hands the bytes of a resource to `use` while its module is held in place, from the program or else from the
+// newest library that has it; whether there was one. A name or a type below 0x10000 is a number.
+COREKIT_API bool AfxUseResource(const char* name, const char* type,
+                                const std::function<void(std::span<const std::byte>)>& use);
 
 // An entry of the chain. Made with new; AfxTermExtensionModule deletes it, or the owner does earlier.
 class COREKIT_API CDynLinkLibrary : public CCmdTarget {
@@ -56,6 +67,7 @@ public:
     HMODULE m_hResource;
     BOOL m_bSystem;
     std::span<const ResourceString> m_strings;
+    std::span<const BinaryResource> m_resources;
 
 private:
     CDynLinkLibrary* m_pNextDLL = nullptr;

@@ -8,5 +8,6 @@ inline constexpr UINT_PTR STATUS_PENDING = 0x103;
 inline constexpr DWORD ERROR_IO_INCOMPLETE = 996;
 
 // Whether the transfer succeeded; *moved gets its bytes. While it is under way, the call waits for its event
-// (without one, for the outcome) if asked to, else it fails with 996. A failed transfer leaves its error as last error.
+// (without one, for the outcome) if asked to, else it fails with 996. A failed transfer leaves its error as
+// last error.
 COREKIT_API BOOL GetOverlappedResult(HANDLE file, OVERLAPPED* overlapped, DWORD* moved, BOOL wait);

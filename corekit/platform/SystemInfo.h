@@ -43,7 +43,8 @@ struct OSVERSIONINFOEX {
 static_assert(sizeof(OSVERSIONINFOEX) == 156);
 
 // Platform 2; major, minor and build are the three numbers of the kernel's release, there are no service
-// packs and no suites. 0 with error 122 for any other size.
+// packs. The suite mask has VER_SUITE_TERMINAL in a session of a remote desktop server (XRDP_SESSION or
+// X2GO_SESSION in the environment). 0 with error 122 for any other size.
 COREKIT_API BOOL GetVersionExA(OSVERSIONINFOEX* info);
 
 // /etc, where the machine's settings lie, and /usr/lib. Both return the length without the terminator, or the
@@ -52,6 +53,12 @@ COREKIT_API UINT GetWindowsDirectoryA(char* buffer, UINT size);
 COREKIT_API UINT GetSystemDirectoryA(char* buffer, UINT size);
 // $TMPDIR, or /tmp, with a separator at the end; told as above.
 COREKIT_API DWORD GetTempPathA(DWORD size, char* buffer);
+
+COREKIT_API DWORD GetCurrentProcessId();
+
+// The number of the login session that the process runs in; 0 outside of any, as services do. 0 with error 87
+// for a process that is not there.
+COREKIT_API BOOL ProcessIdToSessionId(DWORD processId, DWORD* sessionId);
 
 // Whether the process has the rights of the superuser.
 COREKIT_API BOOL IsUserAnAdmin();

@@ -64,7 +64,8 @@ inline std::size_t narrowAscii(const WCHAR* from, char* to)
 inline std::size_t narrowPairs(const WCHAR* from, char* to)
 {
     const Units units = loadUnits(from);
-    const Units pairs = (units >> 6 | spreadUnit(0xC0)) | ((units & spreadUnit(0x3F)) | spreadUnit(0x80)) << 8;
+    const Units pairs = (units >> 6 | spreadUnit(0xC0)) | ((units & spreadUnit(0x3F)) | spreadUnit(0x80))
+                                                              << 8;
     std::memcpy(to, &pairs, sizeof pairs);
     const Units isShort = equalLanes(units & spreadUnit(0xF800), Units{});
     const Units isAscii = equalLanes(units & spreadUnit(0xFF80), Units{});

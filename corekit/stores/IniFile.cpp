@@ -1,6 +1,7 @@
 #include "corekit/stores/IniFile.h"
 
 #include "corekit/foundation/ChainedException.h"
+#include "corekit/foundation/SystemInfo.h"
 #include "corekit/platform/Files.h"
 #include "corekit/platform/Guid.h"
 #include "corekit/platform/Profiles.h"
@@ -48,17 +49,17 @@ std::optional<std::string> Expanded(std::string macro)
     const bool hasForm = mark != std::string::npos && mark > 0;
     const std::string form = hasForm ? macro.substr(mark + 1) : "";
     if (hasForm) macro.resize(mark);
-    char value[kVariableBuffer] = "";
-    DWORD size = sizeof value;
+    std::string text;
     if (_stricmp(macro.c_str(), "UserName") == 0) {
-        GetUserNameA(value, &size);
+        text = SysInfo().GetUserNameA();
     } else if (_stricmp(macro.c_str(), "ComputerName") == 0) {
-        GetComputerNameA(value, &size);
+        text = SysInfo().GetComputerNameA().GetString();
     } else {
-        const DWORD length = GetEnvironmentVariableA(macro.c_str(), value, size);
-        if (length == 0 || length >= size) return std::nullopt;
+        char value[kVariableBuffer] = "";
+        const DWORD length = GetEnvironmentVariableA(macro.c_str(), value, sizeof value);
+        if (length == 0 || length >= sizeof value) return std::nullopt;
+        text = value;
     }
-    std::string text = value;
     if (!hasForm) return text;
     if (form.empty() || (form[0] != 'T' && form[0] != 't')) return std::nullopt;
     const int length = std::atoi(form.c_str() + 1);

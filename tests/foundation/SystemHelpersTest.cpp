@@ -4,6 +4,7 @@
 #include "corekit/foundation/ShellHelpers.h"
 #include "corekit/foundation/SystemInfo.h"
 #include "corekit/foundation/VersionData.h"
+#include "corekit/framework/Module.h"
 #include "corekit/platform/Libraries.h"
 #include "corekit/platform/Overlapped.h"
 #include "tests/TempFolder.h"
@@ -103,6 +104,49 @@ TEST(SystemHelpers, FormatsAndIdentifiers)
     EXPECT_EQ(ClassIDFromString(nullptr), _GUID{});
     CVersionData object;
     EXPECT_STREQ(scGetClassName(&object), "CVersionData");
+}
+
+TEST(SystemHelpers, ResourcesComeFromTheProgramOrTheNewestModule)
+{
+    static constexpr std::byte first[] = {std::byte{1}, std::byte{2}, std::byte{3}},
+                               second[] = {std::byte{9}};
+    static constexpr BinaryResource ofLibrary[] = {{"WAVE", "Bell", first}, {"#10", "#101", second}};
+    static constexpr BinaryResource ofProgram[] = {{"wave", "BELL", second}, {"wave", "none", {}}};
+    AFX_EXTENSION_MODULE module;
+    module.resources = ofLibrary;
+    ASSERT_TRUE(AfxInitExtensionModule(module, nullptr));
+    new CDynLinkLibrary(module);
+    CByteArray data;
+    EXPECT_EQ(scLoadResource("bell", "Wave", data), 1);
+    EXPECT_EQ(data.GetSize(), 3);
+    EXPECT_EQ(data.GetAt(2), 3);
+    const auto number = [](std::uintptr_t id) { return reinterpret_cast<const char*>(id); };
+    EXPECT_EQ(scLoadResource(number(101), number(10), data), 1);
+    EXPECT_EQ(data.GetSize() * 10 + data.GetAt(0), 19);
+    EXPECT_EQ(scLoadResource("bell", "picture", data), 0);
+    EXPECT_EQ(data.GetSize(), 1);
+    AfxSetResources(ofProgram);
+    EXPECT_EQ(scLoadResource("Bell", "WAVE", data) * 10 + data.GetSize(), 11);
+    EXPECT_EQ(scLoadResource("none", "WAVE", data) * 10 + data.GetSize(), 10);
+    AfxSetResources({});
+    AfxTermExtensionModule(module);
+    EXPECT_EQ(scLoadResource("bell", "wave", data), 0);
+}
+
+TEST(SystemInfo, ARemoteSessionIsNamedBehindTheComputer)
+{
+    DWORD session = 99;
+    EXPECT_TRUE(ProcessIdToSessionId(GetCurrentProcessId(), &session));
+    EXPECT_FALSE(ProcessIdToSessionId(0x7FFFFFFF, &session));
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    const Variable here[] = {{"XRDP_SESSION", ""}, {"X2GO_SESSION", ""}};
+    const CString plain = CSystemInfo().GetComputerNameA();
+    EXPECT_FALSE(CSystemInfo().IsTerminalServer());
+    const Variable remote("XRDP_SESSION", "1");
+    const CSystemInfo info;
+    EXPECT_EQ(info.IsTerminalServer(), session != 0);
+    EXPECT_STREQ(info.GetComputerNameA(),
+                 session ? scFormatString("%s_%u", plain.GetString(), session) : plain);
 }
 
 TEST(ShellFolders, UserFoldersComeFromTheirFile)

@@ -59,7 +59,8 @@ TEST(CodePageConversion, NegativeLengthEndsAtTheTerminator)
 
 TEST(CodePageConversion, DevanagariBytesAreReadAndNeverWritten)
 {
-    EXPECT_EQ(Read(CP_ISCII89, "A\x7F\x92\x89\xB0\xB1\xEF\xFB\xFF"), u"A\u007F\u0915\u0089\u092C\u00B1\u090B\u0964\u00FF");
+    EXPECT_EQ(Read(CP_ISCII89, "A\x7F\x92\x89\xB0\xB1\xEF\xFB\xFF"),
+              u"A\u007F\u0915\u0089\u092C\u00B1\u090B\u0964\u00FF");
     EXPECT_EQ(Write(CP_ISCII89, u"क"), "before");
 }
 
@@ -87,21 +88,30 @@ TEST(CodePageConversion, OwnUtf8ReadsUpToTheFirstFault)
 {
     using namespace std::string_view_literals;
     const Utf8Case cases[] = {
-        {"\xC3\xA9", true, u"é"},          {"\xC3", false, u""},
-        {"A\xC3", false, u"A"},            {"A\xC3z", false, u"A"},
-        {"\xF0\x90\x80\x80", false, u""},  {"\xC0\x80", true, u"\0"sv},
-        {"\xE0\x81\x81", true, u"A"},      {"\xED\xA0\x80", true, u"\xD800"},
-        {"\xEF\xBF\xBF", true, u"\uFFFF"}, {"\xE2\x82", false, u""},
-        {"\xE2z\x82", false, u""},         {"\xE2\x82z", false, u""},
-        {"z\x80", false, u"z"},            {"z\xFF", false, u"z"},
-        {"\xC3\xA9\xC3", false, u"é"},     {"\xE2\x82\xAC\xE2", false, u"€"},
+        {"\xC3\xA9", true, u"é"},
+        {"\xC3", false, u""},
+        {"A\xC3", false, u"A"},
+        {"A\xC3z", false, u"A"},
+        {"\xF0\x90\x80\x80", false, u""},
+        {"\xC0\x80", true, u"\0"sv},
+        {"\xE0\x81\x81", true, u"A"},
+        {"\xED\xA0\x80", true, u"\xD800"},
+        {"\xEF\xBF\xBF", true, u"\uFFFF"},
+        {"\xE2\x82", false, u""},
+        {"\xE2z\x82", false, u""},
+        {"\xE2\x82z", false, u""},
+        {"z\x80", false, u"z"},
+        {"z\xFF", false, u"z"},
+        {"\xC3\xA9\xC3", false, u"é"},
+        {"\xE2\x82\xAC\xE2", false, u"€"},
     };
     // At the end of the text, and before and behind runs as long as the fast steps take.
     for (const std::size_t before : {0, 7, 8, 15, 300})
         for (const std::size_t after : {0, 1, 15, 16, 300})
             for (const Utf8Case& c : cases) {
                 const bool isCut = !c.isWhole && after > 0;
-                const std::string bytes = std::string(before, 'b') + std::string(c.bytes) + std::string(after, 'a');
+                const std::string bytes =
+                    std::string(before, 'b') + std::string(c.bytes) + std::string(after, 'a');
                 const std::u16string units = std::u16string(before, u'b') + std::u16string(c.units) +
                                              (isCut || !c.isWhole ? u"" : std::u16string(after, u'a'));
                 StringW text;
@@ -147,7 +157,8 @@ TEST(CodePageNames, NumbersHaveTheNamesOfTheTable)
 
 TEST(CodePageNames, CharacterSetsHaveTheirPages)
 {
-    const std::pair<UINT, UINT> cases[] = {{0, 1252}, {77, 10000}, {130, 1361}, {178, 1256}, {238, 1250}, {255, 850}};
+    const std::pair<UINT, UINT> cases[] = {{0, 1252},   {77, 10000}, {130, 1361},
+                                           {178, 1256}, {238, 1250}, {255, 850}};
     for (const auto& [charSet, page] : cases) EXPECT_EQ(ConvertCharSetToCodePage(charSet), page);
     EXPECT_EQ(ConvertCharSetToCodePage(1), GetACP());
     EXPECT_EQ(ConvertCharSetToCodePage(131), GetACP());

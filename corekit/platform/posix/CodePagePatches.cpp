@@ -1,7 +1,7 @@
-// Where the pages of another desktop system, the international alphabet and the one-byte parts of two mainframe
-// pages part from the converter that they are made with. The former after the mapping files for vendors' pages
-// that the Unicode Consortium publishes; what those map to private units or to more than one is left out, but
-// for the logo and for two Hebrew letters with a point.
+// Where the pages of another desktop system, the international alphabet and the one-byte parts of two
+// mainframe pages part from the converter that they are made with. The former after the mapping files for
+// vendors' pages that the Unicode Consortium publishes; what those map to private units or to more than one
+// is left out, but for the logo and for two Hebrew letters with a point.
 #include "corekit/platform/posix/CodePageNames.h"
 
 #include <algorithm>

@@ -6,7 +6,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
 #include <sched.h>
+#include <string>
 #include <sys/utsname.h>
 #include <unistd.h>
 
@@ -66,6 +68,7 @@ BOOL GetVersionExA(OSVERSIONINFOEX* info)
     OSVERSIONINFOEX result{};
     result.dwOSVersionInfoSize = size;
     result.dwPlatformId = VER_PLATFORM_WIN32_NT;
+    if (std::getenv("XRDP_SESSION") || std::getenv("X2GO_SESSION")) result.wSuiteMask = VER_SUITE_TERMINAL;
     static_cast<void>(std::sscanf(system.release, "%9u.%9u.%9u", &result.dwMajorVersion,
                                   &result.dwMinorVersion, &result.dwBuildNumber));
     std::memcpy(info, &result, size);
@@ -81,6 +84,19 @@ DWORD GetTempPathA(DWORD size, char* buffer)
     std::string path = set && *set == '/' ? set : "/tmp";
     if (path.back() != '/') path += '/';
     return copy(path.c_str(), buffer, size);
+}
+
+DWORD GetCurrentProcessId() { return static_cast<DWORD>(::getpid()); }
+
+BOOL ProcessIdToSessionId(DWORD processId, DWORD* sessionId)
+{
+    constexpr DWORD none = 0xFFFFFFFF; // as the kernel writes it
+    const std::string folder = "/proc/" + std::to_string(processId);
+    if (!sessionId || ::access(folder.c_str(), F_OK) != 0) return fail(ERROR_INVALID_PARAMETER, FALSE);
+    DWORD number = none; // a kernel without audit has no such file
+    std::ifstream(folder + "/sessionid") >> number;
+    *sessionId = number == none ? 0 : number;
+    return TRUE;
 }
 
 BOOL IsUserAnAdmin() { return ::geteuid() == 0; }

@@ -34,8 +34,8 @@ const OwnPage* OwnPageAt(int index)
 }
 
 // Takes what `convert` writes, which is given a place and its size and returns the length of the result or 0.
-// The room is what is likely enough; where it is not, the length is asked for. Most texts are short: these are
-// written aside, so that the string gets no more than it needs.
+// The room is what is likely enough; where it is not, the length is asked for. Most texts are short: these
+// are written aside, so that the string gets no more than it needs.
 template <class Char, class String, class Convert>
 void Fill(String& out, LONGLONG room, Convert convert)
 {
@@ -70,9 +70,8 @@ void WidenByMachine(UINT page, StringW& out, const char* text, int length)
 {
     out.Empty();
     if (length == 0) return;
-    Fill<WCHAR>(out, length, [&](WCHAR* to, int size) {
-        return MultiByteToWideChar(page, 0, text, length, to, size);
-    });
+    Fill<WCHAR>(out, length,
+                [&](WCHAR* to, int size) { return MultiByteToWideChar(page, 0, text, length, to, size); });
 }
 
 void WidenIscii(StringW& out, const char* text, int length)

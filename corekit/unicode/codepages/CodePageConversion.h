@@ -9,7 +9,7 @@
 #include "corekit/foundation/StringW.h"
 #include "corekit/framework/String.h"
 
-inline constexpr int CP_ISCII89 = 0x10001;   // an 8-bit Devanagari encoding, for reading only
+inline constexpr int CP_ISCII89 = 0x10001;  // an 8-bit Devanagari encoding, for reading only
 inline constexpr int CP_OWN_UTF8 = 0x10002; // UTF-8 of 16-bit units: each half of a surrogate pair by itself
 
 // The library's own pages: how many, and the number and the name in each row. 0 and no name outside.
@@ -24,6 +24,6 @@ COREKIT_API void AnsiToUnicode(int codePage, StringW& out, const char* text, int
 
 // One to three bytes a unit (RFC 3629 without its rules for surrogates).
 COREKIT_API void UnicodeToUTF8(const WCHAR* text, int length, StringA& out);
-// FALSE at the first character that has four bytes, is cut or is none; what was read before it stays in `out`.
-// Overlong forms stand for their value.
+// FALSE at the first character that has four bytes, is cut or is none; what was read before it stays in
+// `out`. Overlong forms stand for their value.
 COREKIT_API BOOL UTF8toUnicode(const char* text, int length, StringW& out);

@@ -9,7 +9,7 @@
 namespace corekit::detail {
 
 // What the places below must have behind the result; it is written to and means nothing.
-inline constexpr std::size_t kUtf8Slack = 16;  // bytes
+inline constexpr std::size_t kUtf8Slack = 16; // bytes
 inline constexpr std::size_t kUtf16Slack = 8; // units
 
 std::size_t Utf8Length(std::u16string_view text);
