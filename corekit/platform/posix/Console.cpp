@@ -34,6 +34,7 @@ int TerminalColumns(StandardStream stream)
 
 void WriteConsoleText(const char* text, WORD colour)
 {
+    if (text == nullptr) return;
     if (colour == 0 || !isatty(STDOUT_FILENO)) return writeOut(text);
     // A line end comes last, so that a colour never fills the line below.
     std::string body = text, end;

@@ -1,10 +1,12 @@
 #include "corekit/platform/posix/ControlSocket.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <charconv>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -21,7 +23,8 @@ std::string variable(const char* name)
 
 std::string folderBelow(const std::string& root, std::string serviceName)
 {
-    std::ranges::replace(serviceName, '/', '_');
+    const auto isPlain = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '-'; };
+    std::ranges::replace_if(serviceName, std::not_fn(isPlain), '_');
     return root + "/corekit/" + serviceName;
 }
 
