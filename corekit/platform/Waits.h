@@ -19,8 +19,10 @@ inline constexpr DWORD WAIT_ABANDONED_0 = 0x80;
 inline constexpr DWORD WAIT_FAILED = 0xFFFFFFFF;
 inline constexpr DWORD MAXIMUM_WAIT_OBJECTS = 64;
 
-// Both return null on failure. Objects have no names here: a name is refused with error 50. Security is not
-// used.
+// Both return null on failure. Security is not used. A name, if there is one, holds within the process, for
+// both kinds and with regard to case: where it is taken, the result is another handle of that object, the
+// state asked for is not set, and last error is 183; for an object of the other kind null with 6. A name that
+// was free leaves last error 0.
 COREKIT_API HANDLE CreateEventA(_SECURITY_ATTRIBUTES* security, BOOL manualReset, BOOL signalled,
                                 const char* name);
 COREKIT_API HANDLE CreateMutexA(_SECURITY_ATTRIBUTES* security, BOOL owned, const char* name);

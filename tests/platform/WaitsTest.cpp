@@ -210,8 +210,6 @@ TEST(Waits, WrongCallsAreRefused)
     EXPECT_EQ(WaitForMultipleObjects(2, twice, FALSE, 0), WAIT_OBJECT_0); // nothing was consumed so far
     EXPECT_FALSE(SetEvent(lock));
     EXPECT_FALSE(ReleaseMutex(event));
-    EXPECT_EQ(CreateEventA(nullptr, FALSE, FALSE, "name"), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_NOT_SUPPORTED);
 }
 
 TEST(Handles, ValuesThatAreNoHandlesAreTold)
@@ -282,6 +280,73 @@ TEST(Threads, HandleMayGoBeforeTheThread)
     };
     EXPECT_TRUE(CloseHandle(CreateThread(nullptr, 0, call, &body, 0, nullptr)));
     EXPECT_EQ(WaitForSingleObject(done, 20000), WAIT_OBJECT_0);
+}
+
+TEST(Names, LeadToTheSameObjectUntilItsLastHandleIsClosed)
+{
+    const HANDLE first = CreateEventA(nullptr, TRUE, FALSE, "Ready");
+    EXPECT_EQ(GetLastError(), NO_ERROR);
+    const HANDLE second = CreateEventA(nullptr, FALSE, TRUE, "Ready");
+    EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS);
+    const Handle otherCase(CreateEventA(nullptr, TRUE, FALSE, "ready"));
+    EXPECT_EQ(GetLastError(), NO_ERROR);
+    EXPECT_EQ(CreateMutexA(nullptr, FALSE, "Ready"), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(WaitForSingleObject(second, 0), WAIT_TIMEOUT);
+    SetEvent(first);
+    CloseHandle(first);
+    EXPECT_EQ(WaitForSingleObject(second, 0), WAIT_OBJECT_0);
+    CloseHandle(second);
+    const Handle anew(CreateMutexA(nullptr, TRUE, "Ready"));
+    EXPECT_EQ(GetLastError(), NO_ERROR);
+    EXPECT_TRUE(ReleaseMutex(anew));
+}
+
+TEST(Names, AreGivenAndForgottenByManyThreads)
+{
+    std::vector<std::thread> threads;
+    std::atomic<int> made = 0;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back([&] {
+            for (int turn = 0; turn < 500; ++turn) {
+                const Handle event(CreateEventA(nullptr, TRUE, TRUE, "shared"));
+                if (GetLastError() == NO_ERROR) ++made;
+                EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_OBJECT_0);
+            }
+        });
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_GE(made, 1);
+}
+
+TEST(Threads, DuplicateOfTheCurrentOneIsSignalledAtItsEnd)
+{
+    const auto duplicate = [] {
+        HANDLE copy = nullptr;
+        EXPECT_TRUE(DuplicateHandle(GetCurrentProcess(), GetCurrentThread(), GetCurrentProcess(), &copy, 0,
+                                    FALSE, DUPLICATE_SAME_ACCESS));
+        EXPECT_EQ(WaitForSingleObject(copy, 0), WAIT_TIMEOUT);
+        return copy;
+    };
+    HANDLE foreign = nullptr, own = nullptr;
+    onOtherThread([&] {
+        foreign = duplicate();
+        SetThreadPriority(foreign, THREAD_PRIORITY_LOWEST);
+        EXPECT_EQ(GetThreadPriority(GetCurrentThread()), THREAD_PRIORITY_LOWEST);
+    });
+    std::function<DWORD()> body = [&] {
+        own = duplicate();
+        return DWORD{7};
+    };
+    const Handle started(CreateThread(nullptr, 0, call, &body, 0, nullptr));
+    EXPECT_EQ(WaitForSingleObject(started, 20000), WAIT_OBJECT_0);
+    DWORD code = 0;
+    EXPECT_TRUE(GetExitCodeThread(own, &code));
+    EXPECT_EQ(code, 7u);
+    for (const HANDLE ended : {foreign, own}) {
+        EXPECT_EQ(WaitForSingleObject(ended, 20000), WAIT_OBJECT_0);
+        CloseHandle(ended);
+    }
+    CloseHandle(duplicate()); // of the main thread
 }
 
 } // namespace

@@ -1,11 +1,17 @@
 #include "corekit/platform/posix/Dispatcher.h"
 
+#include "corekit/platform/posix/ObjectNames.h"
 #include "corekit/platform/posix/Waiter.h"
 
 namespace corekit::detail {
 
 constinit std::mutex dispatcherLock;
 [[gnu::tls_model("initial-exec")]] constinit thread_local Owner currentOwner{};
+
+Waitable::~Waitable()
+{
+    if (m_isNamed) forgetName(*this);
+}
 
 void Waitable::addLink(WaitLink& link)
 {

@@ -26,6 +26,8 @@ struct Owner {
 
 // Abandons what the calling thread still owns; the dispatcher lock is held.
 void abandonOwned();
+// A new handle of the calling thread; null with the last error set on failure.
+HANDLE openCurrentThread();
 // Sees to it that this also happens at the end of a thread that was not started here.
 void abandonOwnedAtThreadEnd();
 
@@ -40,6 +42,7 @@ struct WaitLink {
 class Waitable : public Object {
 public:
     using Object::Object;
+    ~Waitable() override;
     std::mutex* closingLock() final { return &dispatcherLock; }
 
     virtual bool isReadyFor(const Owner& owner) const = 0;
@@ -50,8 +53,11 @@ public:
     void removeLink(WaitLink& link);
     // Gives the object to its waiters, oldest first, for as long as it is ready for them.
     void serveWaiters();
+    // It has a name from now on.
+    void setNamed() { m_isNamed = true; }
 
 private:
+    bool m_isNamed = false;
     WaitLink* m_first = nullptr;
     WaitLink* m_last = nullptr;
 };

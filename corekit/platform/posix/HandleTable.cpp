@@ -2,6 +2,7 @@
 
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Handles.h"
+#include "corekit/platform/posix/Dispatcher.h"
 #include "corekit/platform/Threads.h"
 
 #include <array>
@@ -97,8 +98,13 @@ HANDLE openHandle(std::unique_ptr<Object> object)
 HANDLE openAnother(Object& object)
 {
     object.addHandle();
+    return openCounted(object);
+}
+
+HANDLE openCounted(Object& object)
+{
     HandleSlot* const slot = openSlotFor(object);
-    if (slot == nullptr) object.dropHandle(); // the handle that the caller uses keeps it
+    if (slot == nullptr && object.dropHandle()) delete &object;
     return slot;
 }
 
@@ -130,6 +136,10 @@ BOOL DuplicateHandle(HANDLE sourceProcess, HANDLE source, HANDLE targetProcess, 
     if (!isHere || target == nullptr || access != 0 || options != DUPLICATE_SAME_ACCESS) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
+    }
+    if (source == GetCurrentThread()) {
+        *target = corekit::detail::openCurrentThread();
+        return *target != nullptr;
     }
     HandleSlot* const slot = corekit::detail::slotOf(source);
     if (slot == nullptr || !slot->enter()) {

@@ -43,6 +43,13 @@ public:
 
     // How many handles stand for the object; the last one that goes takes it along.
     void addHandle() { m_handles.fetch_add(1, std::memory_order_relaxed); }
+    bool addHandleIfAny() // false once the last one is gone
+    {
+        std::uint32_t seen = m_handles.load(std::memory_order_relaxed);
+        while (seen != 0 && !m_handles.compare_exchange_weak(seen, seen + 1, std::memory_order_relaxed)) {
+        }
+        return seen != 0;
+    }
     bool dropHandle() { return m_handles.fetch_sub(1, std::memory_order_acq_rel) == 1; }
 
 private:
@@ -77,6 +84,8 @@ HANDLE openHandle(std::unique_ptr<Object> object);
 // One handle more for an object that the caller uses through another; null with error 4 when the table is
 // full.
 HANDLE openAnother(Object& object);
+// The same where the handle is counted already; on failure it is given back.
+HANDLE openCounted(Object& object);
 
 // The slot of a handle, open or not; null for a value that is none.
 HandleSlot* slotOf(HANDLE handle);

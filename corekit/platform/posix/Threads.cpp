@@ -19,7 +19,13 @@ class Thread final : public Waitable {
 public:
     static constexpr ObjectKind kKind = ObjectKind::thread;
     Thread(LPTHREAD_START_ROUTINE routine, void* parameter, SIZE_T stackBytes)
-        : Waitable(kKind), m_routine(routine), m_parameter(parameter), m_stackBytes(stackBytes)
+        : Waitable(kKind), m_routine(routine), m_parameter(parameter), m_stackBytes(stackBytes),
+          m_id(nextThreadId())
+    {
+    }
+    // Stands for the calling thread, which was not started here.
+    explicit Thread(int priorityNow)
+        : Waitable(kKind), isStarted(true), priority(priorityNow), m_id(currentThreadId())
     {
     }
 
@@ -29,6 +35,8 @@ public:
     DWORD id() const { return m_id; }
     // Starts the routine; the thread counts as a user of the slot that holds this object. Returns an errno.
     int start(HandleSlot& slot);
+    // At the end of the calling thread.
+    void end(DWORD code);
 
     std::atomic<bool> isStarted = false;
     std::atomic<int> priority = THREAD_PRIORITY_NORMAL;
@@ -36,12 +44,11 @@ public:
 
 private:
     static void* run(void* slot);
-    void end(DWORD code);
 
-    const LPTHREAD_START_ROUTINE m_routine;
-    void* const m_parameter;
-    const SIZE_T m_stackBytes;
-    const DWORD m_id = nextThreadId();
+    const LPTHREAD_START_ROUTINE m_routine = nullptr;
+    void* const m_parameter = nullptr;
+    const SIZE_T m_stackBytes = 0;
+    const DWORD m_id;
     bool m_ended = false;
 };
 
@@ -88,6 +95,25 @@ void Thread::end(DWORD code)
     serveWaiters();
 }
 
+// Gives the calling thread an object, signalled when it ends; null when there is no room.
+Thread* adoptThread()
+{
+    struct Adopted {
+        HANDLE handle = nullptr;
+        ~Adopted()
+        {
+            if (handle == nullptr) return;
+            std::exchange(currentThread, nullptr)->end(0);
+            CloseHandle(handle);
+        }
+    };
+    static thread_local Adopted own;
+    auto object = std::make_unique<Thread>(ownPriority);
+    Thread* const thread = object.get();
+    own.handle = openHandle(std::move(object));
+    return own.handle != nullptr ? thread : nullptr;
+}
+
 // Looks at a thread's object by handle, or at the calling one's.
 class ThreadUser {
 public:
@@ -106,6 +132,15 @@ private:
 };
 
 } // namespace
+
+HANDLE openCurrentThread()
+try {
+    if (currentThread == nullptr) currentThread = adoptThread();
+    return currentThread != nullptr ? openAnother(*currentThread) : nullptr;
+} catch (const std::bad_alloc&) {
+    return fail<HANDLE>(ERROR_NOT_ENOUGH_MEMORY, nullptr);
+}
+
 } // namespace corekit::detail
 
 using namespace corekit::detail;

@@ -1,6 +1,7 @@
 #include "corekit/platform/Waits.h"
 
 #include "corekit/platform/posix/Errno.h"
+#include "corekit/platform/posix/ObjectNames.h"
 #include "corekit/platform/posix/Waiter.h"
 
 #include <algorithm>
@@ -34,11 +35,6 @@ T* openObject(HANDLE handle)
     return static_cast<T*>(slot->object);
 }
 
-HANDLE openUnnamed(std::unique_ptr<Waitable> object, const char* name)
-{
-    return name == nullptr ? openHandle(std::move(object)) : fail<HANDLE>(ERROR_NOT_SUPPORTED, nullptr);
-}
-
 // Waits with the lock held; a blocked wait leaves its marks as a user on the slots.
 DWORD waitFor(std::span<HandleSlot* const> slots, Waiter::For what, DWORD milliseconds)
 {
@@ -58,16 +54,16 @@ DWORD waitFor(std::span<HandleSlot* const> slots, Waiter::For what, DWORD millis
 
 HANDLE CreateEventA(_SECURITY_ATTRIBUTES*, BOOL manualReset, BOOL signalled, const char* name)
 try {
-    return openUnnamed(std::make_unique<Event>(manualReset != 0, signalled != 0), name);
+    return publishName(openHandle(std::make_unique<Event>(manualReset != 0, signalled != 0)), name);
 } catch (const std::bad_alloc&) {
     return fail<HANDLE>(ERROR_NOT_ENOUGH_MEMORY, nullptr);
 }
 
 HANDLE CreateMutexA(_SECURITY_ATTRIBUTES*, BOOL owned, const char* name)
 try {
-    const HANDLE mutex = openUnnamed(std::make_unique<Mutex>(), name);
+    const HANDLE mutex = openHandle(std::make_unique<Mutex>());
     if (mutex != nullptr && owned != 0) WaitForSingleObject(mutex, 0);
-    return mutex;
+    return publishName(mutex, name);
 } catch (const std::bad_alloc&) {
     return fail<HANDLE>(ERROR_NOT_ENOUGH_MEMORY, nullptr);
 }
