@@ -2,6 +2,7 @@
 
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/posix/Errno.h"
+#include "corekit/platform/posix/Socket.h"
 
 #include <cerrno>
 #include <csignal>
@@ -53,10 +54,10 @@ ssize_t move(int fd, Flow flow, Direction direction, Buffer buffer, int socketFl
     return ::write(fd, buffer.bytes, buffer.count);
 }
 
-// What errno says of a failed call: a peer that is gone is one thing, however the machine learned of it.
+// What errno says of a failed call.
 DWORD failureOf(Flow flow)
 {
-    return errorFromErrno(flow == Flow::socket && errno == EPIPE ? ECONNRESET : errno);
+    return flow == Flow::socket ? socketErrorFromErrno(errno) : errorFromErrno(errno);
 }
 
 bool isReady(int fd, Direction direction, int milliseconds)
