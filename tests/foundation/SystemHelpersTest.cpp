@@ -65,7 +65,9 @@ TEST(SystemHelpers, ADuplicateKeepsTheObjectAlive)
     for (void* wrong : {static_cast<void*>(nullptr), event})
         EXPECT_EQ(MessageOf([wrong] { scDuplicateHandle(wrong); }),
                   "Attempt to duplicate an operating system handle failed.");
-    EXPECT_NE(MessageOf([] { scCreateEvent(nullptr, 0, 0, "named"); }), "");
+    void* const mutex = CreateMutexA(nullptr, 0, "a mutex has this name");
+    EXPECT_NE(MessageOf([] { scCreateEvent(nullptr, 0, 0, "a mutex has this name"); }), "");
+    CloseHandle(mutex);
 }
 
 TEST(SystemHelpers, AnOverlappedTransferThatTakesTooLongTimesOut)
