@@ -24,7 +24,7 @@ GOALS = {
     "registry/read": 2,
     "logging/flushed_line": (1.4, "spdlog"), "logging/filtered_out": 2,
     "words/lookup_hit": (3, "lmdb"), "words/lookup_miss": (3, "lmdb"), "words/wildcard_queries": (3, "sorted_fnmatch"),
-    "settings/serialise": (1, "rapidjson"), "settings/deserialise": (2, "qt6_cbor"), "settings/lookup": (1, "jansson"),
+    "settings/serialise": (1, "rapidjson"), "settings/deserialise": (2, "qt6_cbor"), "settings/lookup": (1, "jansson"), "settings/lookup_second_thread": (1, "jansson"),
     "conversion/wildcards": (1, "fnmatch"), "conversion/adler32": 5,
     "conversion/quicksort": 0.9, "conversion/sort_integers": 0.9, "conversion/sort_texts": 0.9,
     "records/add": (1.3, "lmdb"), "records/delete": (5, "lmdb"), "records/get": 1, "records/replace": 1,

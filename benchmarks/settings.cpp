@@ -11,6 +11,8 @@
 #include <rapidjson/document.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
+#include <semaphore>
+#include <thread>
 
 namespace {
 
@@ -117,6 +119,17 @@ void CoreKitLookUp(State& state)
                    .GetPropertyStore(path.child.c_str())
                    .GetPropertyStoreValueType(path.name.c_str()) != ePSNone;
     });
+}
+
+// Runs a measure while the process has a second thread, so that locks and counts are meant for others, too.
+template <void (*measure)(State&)>
+void WithThread(State& state)
+{
+    std::binary_semaphore end(0);
+    std::thread other([&] { end.acquire(); });
+    measure(state);
+    end.release();
+    other.join();
 }
 
 // --- RapidJSON
@@ -301,4 +314,8 @@ BENCHMARK(RapidLookUp)->Name("settings/lookup/rapidjson");
 BENCHMARK(JanssonLookUp)->Name("settings/lookup/jansson");
 BENCHMARK(CoreKitGet)->Name("settings/lookup_flat/corekit");
 BENCHMARK(JanssonGet)->Name("settings/lookup_flat/jansson");
+// From here on the process has had more than one thread.
+BENCHMARK(WithThread<CoreKitLookUp>)->Name("settings/lookup_second_thread/corekit");
+BENCHMARK(WithThread<RapidLookUp>)->Name("settings/lookup_second_thread/rapidjson");
+BENCHMARK(WithThread<JanssonLookUp>)->Name("settings/lookup_second_thread/jansson");
 BENCHMARK_MAIN();

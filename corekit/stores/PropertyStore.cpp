@@ -14,6 +14,7 @@ IMPLEMENT_DYNAMIC(CPropertyStore, CCriticalObject)
 namespace {
 
 using corekit::detail::Hold;
+using corekit::detail::PropertyStoreBody;
 using corekit::detail::PropertyStoreChild;
 using corekit::detail::PropertyStoreEntry;
 using corekit::detail::PropertyStoreRef;
@@ -61,6 +62,7 @@ void Narrow(const std::string& data, Text& value)
 template <class Operation>
 auto CPropertyStore::Locked(Operation operation)
 {
+    if (m_isAlone) return MemoryTold(operation);
     const Hold hold(*this);
     return MemoryTold(operation);
 }
@@ -69,26 +71,43 @@ template <class Use>
 int CPropertyStore::WithValue(const char* name, Use use)
 {
     return Locked([&] {
-        const PropertyStoreEntry* entry = m_body.Get() ? m_body->values.FindElement(Name(name)) : nullptr;
+        const PropertyStoreEntry* entry = Body() ? Body()->values.FindElement(Name(name)) : nullptr;
         return entry ? use(entry->data) : 0;
     });
 }
 
 CPropertyStore::CPropertyStore() = default;
-CPropertyStore::CPropertyStore(const CPropertyStore& source) : CCriticalObject(), m_body(source.m_body) {}
+CPropertyStore::CPropertyStore(const CPropertyStore& source) : CCriticalObject(), m_body(source.Share()) {}
 CPropertyStore::CPropertyStore(const PropertyStoreRef& body) : m_body(body) {}
 CPropertyStore::~CPropertyStore() = default;
+
+PropertyStoreRef CPropertyStore::Share() const
+{
+    return m_inner ? PropertyStoreRef::ShareOf(*m_inner) : m_body;
+}
+
+PropertyStoreBody& CPropertyStore::Own()
+{
+    if (m_inner) {
+        m_body = Share();
+        m_inner = nullptr;
+    }
+    return m_body.Own();
+}
 
 CPropertyStore& CPropertyStore::operator=(const CPropertyStore& source)
 {
     Empty();
-    m_body = source.m_body;
+    m_body = source.Share();
     return *this;
 }
 
 void CPropertyStore::Empty()
 {
-    Locked([&] { m_body = PropertyStoreRef(); });
+    Locked([&] {
+        m_body = PropertyStoreRef();
+        m_inner = nullptr;
+    });
 }
 
 // --- reading values
@@ -104,11 +123,11 @@ int CPropertyStore::GetFirstBytes(const char* name, Value& value)
     });
 }
 
-int CPropertyStore::GetValue(const char* name, int& value) { return GetFirstBytes(name, value); }
-int CPropertyStore::GetValue(const char* name, unsigned int& value) { return GetFirstBytes(name, value); }
-int CPropertyStore::GetValue(const char* name, _GUID& value) { return GetFirstBytes(name, value); }
+int CPropertyStore::GetValue(const char* name, int& value) & { return GetFirstBytes(name, value); }
+int CPropertyStore::GetValue(const char* name, unsigned int& value) & { return GetFirstBytes(name, value); }
+int CPropertyStore::GetValue(const char* name, _GUID& value) & { return GetFirstBytes(name, value); }
 
-int CPropertyStore::GetValue(const char* name, long& value)
+int CPropertyStore::GetValue(const char* name, long& value) &
 {
     int low = 0;
     if (!GetFirstBytes(name, low)) return 0;
@@ -116,7 +135,7 @@ int CPropertyStore::GetValue(const char* name, long& value)
     return 1;
 }
 
-int CPropertyStore::GetValue(const char* name, unsigned long& value)
+int CPropertyStore::GetValue(const char* name, unsigned long& value) &
 {
     unsigned low = 0;
     if (!GetFirstBytes(name, low)) return 0;
@@ -124,7 +143,7 @@ int CPropertyStore::GetValue(const char* name, unsigned long& value)
     return 1;
 }
 
-int CPropertyStore::GetValue(const char* name, StringW& value)
+int CPropertyStore::GetValue(const char* name, StringW& value) &
 {
     return WithValue(name, [&](const std::string& data) {
         const auto units = corekit::detail::CountedLength(data.size() / sizeof(WCHAR));
@@ -138,7 +157,7 @@ int CPropertyStore::GetValue(const char* name, StringW& value)
     });
 }
 
-int CPropertyStore::GetValue(const char* name, StringA& value)
+int CPropertyStore::GetValue(const char* name, StringA& value) &
 {
     return WithValue(name, [&](const std::string& data) {
         Narrow(data, value);
@@ -146,7 +165,7 @@ int CPropertyStore::GetValue(const char* name, StringA& value)
     });
 }
 
-int CPropertyStore::GetValue(const char* name, CString& value)
+int CPropertyStore::GetValue(const char* name, CString& value) &
 {
     return WithValue(name, [&](const std::string& data) {
         Narrow(data, value);
@@ -154,7 +173,7 @@ int CPropertyStore::GetValue(const char* name, CString& value)
     });
 }
 
-int CPropertyStore::GetValue(const char* name, CByteArray& value)
+int CPropertyStore::GetValue(const char* name, CByteArray& value) &
 {
     return WithValue(name, [&](const std::string& data) {
         value.SetSize(corekit::detail::CountedLength(data.size()));
@@ -163,7 +182,7 @@ int CPropertyStore::GetValue(const char* name, CByteArray& value)
     });
 }
 
-int CPropertyStore::GetBinaryValue(const char* name, void* buffer, DWORD size)
+int CPropertyStore::GetBinaryValue(const char* name, void* buffer, DWORD size) &
 {
     return WithValue(name, [&](const std::string& data) {
         if (data.size() != size) return 0;
@@ -177,7 +196,7 @@ int CPropertyStore::GetBinaryValue(const char* name, void* buffer, DWORD size)
 void CPropertyStore::SetFirstBytes(const char* name, ePSEntryType type, const void* data, std::size_t size)
 {
     Locked([&] {
-        auto& values = m_body.Own().values;
+        auto& values = Own().values;
         if (PropertyStoreEntry* entry = values.FindElement(Name(name)))
             std::memcpy(entry->data.data(), data, std::min(size, entry->data.size()));
         else
@@ -189,7 +208,7 @@ void CPropertyStore::SetBytes(const char* name, ePSEntryType type, const void* d
 {
     Locked([&] {
         const std::string_view bytes(static_cast<const char*>(data), data ? size : 0);
-        auto& values = m_body.Own().values;
+        auto& values = Own().values;
         if (PropertyStoreEntry* entry = values.FindElement(Name(name)))
             entry->data = bytes;
         else
@@ -231,8 +250,8 @@ void CPropertyStore::SetValue(const char* name, const CByteArray& value)
 void CPropertyStore::DeleteValue(const char* name)
 {
     Locked([&] {
-        const int index = m_body.Get() ? m_body->values.Find(Name(name)) : -1;
-        if (index >= 0) m_body.Own().values.Remove(index);
+        const int index = Body() ? Body()->values.Find(Name(name)) : -1;
+        if (index >= 0) Own().values.Remove(index);
     });
 }
 
@@ -240,26 +259,26 @@ void CPropertyStore::DeleteValue(const char* name)
 
 int CPropertyStore::GetPropertyStoreValueCount()
 {
-    return Locked([&] { return m_body.Get() ? m_body->values.Count() : 0; });
+    return Locked([&] { return Body() ? Body()->values.Count() : 0; });
 }
 
 StringA CPropertyStore::GetPropertyStoreValueName(int index)
 {
-    return Locked([&] { return m_body.Get() ? NameOf(m_body->values.At(index)) : StringA(); });
+    return Locked([&] { return Body() ? NameOf(Body()->values.At(index)) : StringA(); });
 }
 
 ePSEntryType CPropertyStore::GetPropertyStoreValueType(int index)
 {
     return Locked([&] {
-        const PropertyStoreEntry* entry = m_body.Get() ? m_body->values.At(index) : nullptr;
+        const PropertyStoreEntry* entry = Body() ? Body()->values.At(index) : nullptr;
         return entry ? entry->type : ePSNone;
     });
 }
 
-ePSEntryType CPropertyStore::GetPropertyStoreValueType(const char* name)
+ePSEntryType CPropertyStore::GetPropertyStoreValueType(const char* name) &
 {
     return Locked([&] {
-        const PropertyStoreEntry* entry = m_body.Get() ? m_body->values.FindElement(Name(name)) : nullptr;
+        const PropertyStoreEntry* entry = Body() ? Body()->values.FindElement(Name(name)) : nullptr;
         return entry ? entry->type : ePSNone;
     });
 }
@@ -267,16 +286,16 @@ ePSEntryType CPropertyStore::GetPropertyStoreValueType(const char* name)
 void CPropertyStore::GetPropertyStoreValueNames(CArray<StringA, const char*>& names)
 {
     if (const int count = GetPropertyStoreValueCount(); count > 0)
-        MemoryTold([&] { AppendNames(m_body->values, count, names); });
+        MemoryTold([&] { AppendNames(Body()->values, count, names); });
 }
 
 // --- nested stores
 
 void CPropertyStore::SetPropertyStore(const char* name, const CPropertyStore& store)
 {
-    PropertyStoreRef content = store.m_body; // a share of its own, for the store may be this one
+    PropertyStoreRef content = store.Share(); // a share of its own, for the store may be this one
     Locked([&] {
-        auto& stores = m_body.Own().stores;
+        auto& stores = Own().stores;
         if (PropertyStoreChild* child = stores.FindElement(Name(name)))
             child->store = std::move(content);
         else
@@ -284,52 +303,72 @@ void CPropertyStore::SetPropertyStore(const char* name, const CPropertyStore& st
     });
 }
 
-CPropertyStore CPropertyStore::GetPropertyStore(const char* name)
+CPropertyStore CPropertyStore::GetPropertyStore(const char* name) &
 {
     const Hold hold(*this);
-    const PropertyStoreChild* child = m_body.Get() ? m_body->stores.FindElement(Name(name)) : nullptr;
+    const PropertyStoreChild* child = Body() ? Body()->stores.FindElement(Name(name)) : nullptr;
     return child ? CPropertyStore(child->store) : CPropertyStore();
 }
 
-CPropertyStore CPropertyStore::GetPropertyStore(int index)
+CPropertyStore CPropertyStore::GetPropertyStore(int index) &
 {
     const Hold hold(*this);
-    const PropertyStoreChild* child = m_body.Get() ? m_body->stores.At(index) : nullptr;
+    const PropertyStoreChild* child = Body() ? Body()->stores.At(index) : nullptr;
     return child ? CPropertyStore(child->store) : CPropertyStore();
 }
 
-int CPropertyStore::PropertyStoreExists(const char* name)
+CPropertyStore CPropertyStore::GetPropertyStore(const char* name) &&
 {
-    return Locked([&] { return m_body.Get() && m_body->stores.Find(Name(name)) >= 0 ? 1 : 0; });
+    return TakeNested(Body() ? Body()->stores.FindElement(Name(name)) : nullptr);
+}
+
+CPropertyStore CPropertyStore::GetPropertyStore(int index) &&
+{
+    return TakeNested(Body() ? Body()->stores.At(index) : nullptr);
+}
+
+CPropertyStore CPropertyStore::TakeNested(const PropertyStoreChild* child)
+{
+    CPropertyStore nested;
+    if (!child || !child->store.Get()) return nested;
+    nested.m_inner = child->store.Get();
+    nested.m_body = std::move(m_body);
+    m_inner = nullptr;
+    return nested;
+}
+
+int CPropertyStore::PropertyStoreExists(const char* name) &
+{
+    return Locked([&] { return Body() && Body()->stores.Find(Name(name)) >= 0 ? 1 : 0; });
 }
 
 int CPropertyStore::GetPropertyStoreCount()
 {
-    return Locked([&] { return m_body.Get() ? m_body->stores.Count() : 0; });
+    return Locked([&] { return Body() ? Body()->stores.Count() : 0; });
 }
 
 StringA CPropertyStore::GetPropertyStoreName(int index)
 {
-    return Locked([&] { return m_body.Get() ? NameOf(m_body->stores.At(index)) : StringA(); });
+    return Locked([&] { return Body() ? NameOf(Body()->stores.At(index)) : StringA(); });
 }
 
 void CPropertyStore::GetPropertyStoreNames(CArray<StringA, const char*>& names)
 {
     if (const int count = GetPropertyStoreCount(); count > 0)
-        MemoryTold([&] { AppendNames(m_body->stores, count, names); });
+        MemoryTold([&] { AppendNames(Body()->stores, count, names); });
 }
 
 void CPropertyStore::DeletePropertyStore(const char* name)
 {
     Locked([&] {
-        const int index = m_body.Get() ? m_body->stores.Find(Name(name)) : -1;
-        if (index >= 0) m_body.Own().stores.Remove(index);
+        const int index = Body() ? Body()->stores.Find(Name(name)) : -1;
+        if (index >= 0) Own().stores.Remove(index);
     });
 }
 
 void CPropertyStore::DeletePropertyStore(int index)
 {
     Locked([&] {
-        if (m_body.Get() && m_body->stores.At(index)) m_body.Own().stores.Remove(index);
+        if (Body() && Body()->stores.At(index)) Own().stores.Remove(index);
     });
 }

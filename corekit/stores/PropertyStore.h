@@ -36,6 +36,7 @@ enum ePSEntryType : DWORD {
 
 namespace corekit::detail {
 class PropertyStoreBody;
+struct PropertyStoreChild;
 
 // Shares a body with other stores and frees it after the last of them. No body is an empty one.
 class PropertyStoreRef {
@@ -61,6 +62,8 @@ public:
         m_body = nullptr;
         return body;
     }
+    // One share more of a body that somebody holds.
+    static PropertyStoreRef ShareOf(PropertyStoreBody& body) noexcept;
     // A body that nobody else sees, made or copied if need be.
     PropertyStoreBody& Own();
 
@@ -82,23 +85,23 @@ public:
     // --- reading values: 1, or 0 for a missing name, with the output untouched
 
     // The first bytes of the value, whatever its type; bytes that it lacks read as 0.
-    int GetValue(const char* name, int& value);
-    int GetValue(const char* name, long& value); // 4 bytes, extended
-    int GetValue(const char* name, unsigned int& value);
-    int GetValue(const char* name, unsigned long& value); // 4 bytes, extended
-    int GetValue(const char* name, _GUID& value);
+    int GetValue(const char* name, int& value) &;
+    int GetValue(const char* name, long& value) &; // 4 bytes, extended
+    int GetValue(const char* name, unsigned int& value) &;
+    int GetValue(const char* name, unsigned long& value) &; // 4 bytes, extended
+    int GetValue(const char* name, _GUID& value) &;
     // The bytes as text, an odd last one left out.
-    int GetValue(const char* name, StringW& value);
-    int GetValue(const char* name, StringA& value); // narrowed by the active code page
-    int GetValue(const char* name, CString& value);
+    int GetValue(const char* name, StringW& value) &;
+    int GetValue(const char* name, StringA& value) &; // narrowed by the active code page
+    int GetValue(const char* name, CString& value) &;
     // All bytes of the value.
-    int GetValue(const char* name, CByteArray& value);
+    int GetValue(const char* name, CByteArray& value) &;
     // These find only a value of exactly their own size in bytes.
-    int GetBinaryValue(const char* name, void* buffer, DWORD size);
-    int GetValue(const char* name, POINT& value) { return GetBinaryValue(name, &value, sizeof value); }
-    int GetValue(const char* name, SIZE& value) { return GetBinaryValue(name, &value, sizeof value); }
-    int GetValue(const char* name, RECT& value) { return GetBinaryValue(name, &value, sizeof value); }
-    int GetValue(const char* name, DWORDLONG& value) { return GetBinaryValue(name, &value, sizeof value); }
+    int GetBinaryValue(const char* name, void* buffer, DWORD size) &;
+    int GetValue(const char* name, POINT& value) & { return GetBinaryValue(name, &value, sizeof value); }
+    int GetValue(const char* name, SIZE& value) & { return GetBinaryValue(name, &value, sizeof value); }
+    int GetValue(const char* name, RECT& value) & { return GetBinaryValue(name, &value, sizeof value); }
+    int GetValue(const char* name, DWORDLONG& value) & { return GetBinaryValue(name, &value, sizeof value); }
 
     // --- writing values
 
@@ -125,15 +128,42 @@ public:
     int GetPropertyStoreValueCount();
     StringA GetPropertyStoreValueName(int index);
     ePSEntryType GetPropertyStoreValueType(int index);
-    ePSEntryType GetPropertyStoreValueType(const char* name);
+    ePSEntryType GetPropertyStoreValueType(const char* name) &;
     void GetPropertyStoreValueNames(CArray<StringA, const char*>& names); // appends
 
     // --- nested stores, always as copies. A missing name or index gives an empty store and deletes nothing.
 
     void SetPropertyStore(const char* name, const CPropertyStore& store);
-    CPropertyStore GetPropertyStore(const char* name);
-    CPropertyStore GetPropertyStore(int index);
-    int PropertyStoreExists(const char* name);
+    CPropertyStore GetPropertyStore(const char* name) &;
+    CPropertyStore GetPropertyStore(int index) &;
+
+    // --- the same along a path, store.GetPropertyStore("A").GetPropertyStore("B").GetValue("C", value): a
+    // copy that has no name is known to nobody else, so these take no lock; the nested store takes it over
+
+    CPropertyStore GetPropertyStore(const char* name) &&;
+    CPropertyStore GetPropertyStore(int index) &&;
+    template <class Value>
+    int GetValue(const char* name, Value& value) &&
+    {
+        const Alone alone(m_isAlone);
+        return GetValue(name, value);
+    }
+    int GetBinaryValue(const char* name, void* buffer, DWORD size) &&
+    {
+        const Alone alone(m_isAlone);
+        return GetBinaryValue(name, buffer, size);
+    }
+    ePSEntryType GetPropertyStoreValueType(const char* name) &&
+    {
+        const Alone alone(m_isAlone);
+        return GetPropertyStoreValueType(name);
+    }
+    int PropertyStoreExists(const char* name) &&
+    {
+        const Alone alone(m_isAlone);
+        return PropertyStoreExists(name);
+    }
+    int PropertyStoreExists(const char* name) &;
     int GetPropertyStoreCount();
     StringA GetPropertyStoreName(int index);
     void GetPropertyStoreNames(CArray<StringA, const char*>& names); // appends
@@ -166,5 +196,23 @@ private:
     void SetFirstBytes(const char* name, ePSEntryType type, const void* data, std::size_t size);
     void SetBytes(const char* name, ePSEntryType type, const void* data, std::size_t size);
 
+    // The content; null for none.
+    corekit::detail::PropertyStoreBody* Body() const noexcept { return m_inner ? m_inner : m_body.Get(); }
+    // The same as a share of its own.
+    corekit::detail::PropertyStoreRef Share() const;
+    corekit::detail::PropertyStoreBody& Own();
+    CPropertyStore TakeNested(const corekit::detail::PropertyStoreChild* child);
+
+    struct Alone {
+        explicit Alone(bool& flag) : m_flag(flag) { m_flag = true; }
+        Alone(const Alone&) = delete;
+        Alone& operator=(const Alone&) = delete;
+        ~Alone() { m_flag = false; }
+        bool& m_flag;
+    };
+
     corekit::detail::PropertyStoreRef m_body;
+    bool m_isAlone = false; // the running operation needs no lock
+    // The content is this one, nested in m_body, which keeps it. Saves a share in the middle of a path.
+    corekit::detail::PropertyStoreBody* m_inner = nullptr;
 };

@@ -118,6 +118,12 @@ inline PropertyStoreRef::PropertyStoreRef(const PropertyStoreRef& other) noexcep
     if (m_body) m_body->Share();
 }
 
+inline PropertyStoreRef PropertyStoreRef::ShareOf(PropertyStoreBody& body) noexcept
+{
+    body.Share();
+    return PropertyStoreRef(&body);
+}
+
 inline PropertyStoreRef::~PropertyStoreRef()
 {
     if (m_body && m_body->Unshare()) PropertyStoreBody::Free(m_body);

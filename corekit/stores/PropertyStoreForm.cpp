@@ -291,7 +291,7 @@ void CPropertyStore::WriteStream(CStream& stream)
 {
     try {
         const auto writer = std::make_unique<Writer>(stream);
-        PutTree(*writer, m_body.Get());
+        PutTree(*writer, Body());
         writer->Flush();
     } catch (const std::bad_alloc&) {
         AfxThrowMemoryException();
@@ -303,6 +303,7 @@ void CPropertyStore::ReadStream(CStream& stream)
     try {
         Reader reader(stream);
         try {
+            if (m_inner) Own();
             reader.ReadTree(m_body, 0);
         } catch (...) {
             reader.GiveBackQuietly();

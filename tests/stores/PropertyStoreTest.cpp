@@ -393,10 +393,44 @@ TEST(PropertyStore, DepthIsBoundedOnlyByReading)
     EXPECT_EQ(Written(store).size(), 200000u * 18 + 12);
 }
 
+TEST(PropertyStore, EndOfAPathIsACopyLikeAnyOther)
+{
+    CPropertyStore a, b, c, store;
+    c.SetValue("z", 3);
+    b.SetValue("y", 2);
+    b.SetPropertyStore("c", c);
+    a.SetPropertyStore("b", b);
+    store.SetPropertyStore("a", a);
+    CPropertyStore end = store.GetPropertyStore("a").GetPropertyStore("B");
+    CPropertyStore deep = store.GetPropertyStore(0).GetPropertyStore(0).GetPropertyStore("c");
+    CPropertyStore kept = end, assigned;
+    assigned = deep;
+    EXPECT_EQ(store.GetPropertyStore("a").GetPropertyStore("none").GetPropertyStoreValueCount(), 0);
+    EXPECT_EQ(store.GetPropertyStore("none").GetPropertyStore(5).GetPropertyStoreCount(), 0);
+
+    end.SetValue("y", 20); // reaches neither the whole nor another copy
+    EXPECT_EQ(ReadFrom(deep, Bytes("\0\1\0\0\0\0\0\0\1\0\0\0") + Value("z", Bytes("\x1E\0\0\0"))), "nothing");
+    EXPECT_EQ(Int(deep, "z"), 30);
+    CPropertyStore inside = store.GetPropertyStore("a").GetPropertyStore("b");
+    EXPECT_EQ(Int(inside, "y"), 2);
+    a.SetValue("x", 1);
+    store.SetPropertyStore("a", a);
+    store.Empty();
+    EXPECT_EQ(Int(end, "y"), 20);
+    EXPECT_EQ(Written(kept), Written(b));
+    EXPECT_EQ(Written(inside), Written(b));
+    EXPECT_EQ(Written(assigned), Written(c));
+    CPropertyStore& same = inside;
+    inside = same;
+    EXPECT_EQ(inside.GetPropertyStoreCount(), 0);
+}
+
 TEST(PropertyStore, ThreadsMayShareAStoreAndItsCopies)
 {
-    CPropertyStore inner, store;
+    CPropertyStore deeper, inner, store;
+    deeper.SetValue("y", 1);
     inner.SetValue("x", 1);
+    inner.SetPropertyStore("deeper", deeper);
     store.SetPropertyStore("in", inner);
     const auto work = [&](int thread) {
         for (int i = 0; i < 500; ++i) {
@@ -407,6 +441,8 @@ TEST(PropertyStore, ThreadsMayShareAStoreAndItsCopies)
             mine.SetValue("x", i);
             store.SetPropertyStore("in", mine);
             EXPECT_EQ(Int(mine, "x"), i);
+            EXPECT_EQ(store.GetPropertyStore("in").GetPropertyStore("deeper").GetPropertyStoreValueType("y"),
+                      ePSInteger);
             if (i % 3 == 0) store.DeleteValue(name.c_str());
         }
     };
