@@ -79,6 +79,7 @@
 #include "corekit/platform/FindFile.h"
 #include "corekit/platform/Guid.h"
 #include "corekit/platform/Handles.h"
+#include "corekit/platform/HiddenInput.h"
 #include "corekit/platform/Keyboard.h"
 #include "corekit/platform/Libraries.h"
 #include "corekit/platform/Locale.h"

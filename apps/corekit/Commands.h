@@ -17,4 +17,5 @@ void AddRecordsCommand(CLI::App& app);
 void AddPackingCommands(CLI::App& app);
 void AddWordsCommand(CLI::App& app);
 void AddSettingsCommand(CLI::App& app);
+void AddFtpCommand(CLI::App& app);
 void AddConvertCommand(CLI::App& app);

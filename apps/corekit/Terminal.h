@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,31 @@ private:
     std::size_t m_done = 0;
     bool m_visible;
     std::chrono::steady_clock::time_point m_shown;
+};
+
+// The same for bytes that move, with their rate; the total may be unknown (0).
+class TransferBar {
+public:
+    TransferBar(std::string what, std::uintmax_t total);
+    ~TransferBar();
+    TransferBar(const TransferBar&) = delete;
+    TransferBar& operator=(const TransferBar&) = delete;
+
+    // Whether bars are shown at all.
+    static bool IsVisible();
+    void Advance(std::uintmax_t bytes);
+    // "1.2 MB in 0.35 s, 3.4 MB/s"
+    std::string Summary() const;
+
+private:
+    using Clock = std::chrono::steady_clock;
+    std::string Rate() const;
+    void Show();
+
+    std::string m_what;
+    std::uintmax_t m_total, m_done = 0;
+    bool m_visible;
+    Clock::time_point m_start = Clock::now(), m_shown = m_start;
 };
 
 // Prints rows in columns as wide as their widest cell, the first row as the heading. Text is measured in

@@ -64,6 +64,7 @@ int main(int argc, char** argv)
     AddPackingCommands(app);
     AddWordsCommand(app);
     AddSettingsCommand(app);
+    AddFtpCommand(app);
     AddConvertCommand(app);
     return Run(app, argc, argv);
 }

@@ -90,73 +90,73 @@ bool XSocketApi::ServeAll()
     const std::size_t count = m_acceptCount;
     for (std::size_t i = 0; i < count; ++i) listening[i] = m_acceptTable[i].socket;
     bool isDone = true;
-    for (XListenSocket* socket : std::span(listening, count)) {
+    for (XListenSocket* listener : std::span(listening, count)) {
         // An OnAccept before this one may have closed it.
-        if (FindEntry(socket) && !DoAccept(socket)) isDone = false;
+        if (FindEntry(listener) && !DoAccept(listener)) isDone = false;
     }
     return isDone;
 }
 
-XSocketApi::AcceptEntry* XSocketApi::FindEntry(const XListenSocket* socket)
+XSocketApi::AcceptEntry* XSocketApi::FindEntry(const XListenSocket* listener)
 {
     const std::span table(m_acceptTable, m_acceptCount);
-    const auto entry = std::ranges::find(table, socket, &AcceptEntry::socket);
+    const auto entry = std::ranges::find(table, listener, &AcceptEntry::socket);
     return entry == table.end() ? nullptr : &*entry;
 }
 
 bool XSocketApi::DoAccept(XListenSocket* listener)
 try {
-    std::unique_ptr<XSocket> socket(listener->Accept());
-    if (!socket) return GetLastError() == WSAEWOULDBLOCK;
-    socket->WSAEventSelect(nullptr, 0);
+    std::unique_ptr<XSocket> accepted(listener->Accept());
+    if (!accepted) return GetLastError() == WSAEWOULDBLOCK;
+    accepted->WSAEventSelect(nullptr, 0);
     DWORD never = 0, returned = 0;
-    socket->WSAIoctl(FIONBIO_CODE, &never, sizeof never, nullptr, 0, &returned, nullptr, nullptr);
-    listener->OnAccept(socket.release());
+    accepted->WSAIoctl(FIONBIO_CODE, &never, sizeof never, nullptr, 0, &returned, nullptr, nullptr);
+    listener->OnAccept(accepted.release());
     return true;
 } catch (CException* e) {
     e->Delete();
     return true;
 }
 
-void XSocketApi::RegisterListenSocket(XListenSocket* socket)
+void XSocketApi::RegisterListenSocket(XListenSocket* listener)
 {
     const std::lock_guard lock(m_acceptCrit);
     try {
-        Select(socket);
+        Select(listener);
     } catch (CException* e) {
         ThrowChainedException(e, 4109u);
     }
 }
 
-void XSocketApi::Select(XListenSocket* socket)
+void XSocketApi::Select(XListenSocket* listener)
 {
     if (m_acceptCount == kMostSockets) ThrowChainedException(nullptr, 4174u);
     const HANDLE event = scCreateEvent(nullptr, 0, 0, nullptr);
     try {
-        socket->WSAEventSelect(event, FD_ACCEPT);
+        listener->WSAEventSelect(event, FD_ACCEPT);
     } catch (CException*) {
         CloseHandle(event);
         throw;
     }
-    m_acceptTable[m_acceptCount++] = {event, socket};
+    m_acceptTable[m_acceptCount++] = {event, listener};
     SetEvent(m_hAcceptEvent);
 }
 
-void XSocketApi::RevokeListenSocket(XListenSocket* socket)
+void XSocketApi::RevokeListenSocket(XListenSocket* listener)
 {
     const std::lock_guard lock(m_acceptCrit);
     try {
-        Forget(socket);
+        Forget(listener);
     } catch (CException* e) {
         ThrowChainedException(e, 4135u);
     }
 }
 
-void XSocketApi::Forget(XListenSocket* socket)
+void XSocketApi::Forget(XListenSocket* listener)
 {
-    AcceptEntry* const entry = FindEntry(socket);
+    AcceptEntry* const entry = FindEntry(listener);
     if (!entry) ThrowChainedException(nullptr, 4110u);
-    socket->WSAEventSelect(nullptr, 0);
+    listener->WSAEventSelect(nullptr, 0);
     CloseHandle(entry->event);
     std::move(entry + 1, m_acceptTable + m_acceptCount, entry);
     --m_acceptCount;

@@ -101,7 +101,7 @@ private:
     Socket SetupPassiveConnection();
     void ReadSocketToArray(XSocket& socket, CStringArray& lines);
     int ReadSocketToStream(XSocket& socket, CStream& stream);
-    int WriteStreamToSocket(XSocket& socket, CStream& stream);
+    int WriteStreamToSocket(XSocket& socket, CStream& stream, DWORD& sent);
     int ReadFastModeData(CStringArray& lines);
     int ReadFastModeData(CStream& stream);
 

@@ -99,7 +99,7 @@ int CFtpClient::ReadSocketToStream(XSocket& socket, CStream& stream)
     return 1;
 }
 
-int CFtpClient::WriteStreamToSocket(XSocket& socket, CStream& stream)
+int CFtpClient::WriteStreamToSocket(XSocket& socket, CStream& stream, DWORD& sent)
 {
     const DWORD total = stream.GetSize();
     const auto block = NewBlock();
@@ -108,6 +108,7 @@ int CFtpClient::WriteStreamToSocket(XSocket& socket, CStream& stream)
         stream.Read(block.get(), part);
         if (!WriteDataToSocket(socket, block.get(), part)) return 0;
         position += part;
+        sent += part;
     }
     return 1;
 }
@@ -258,14 +259,16 @@ int CFtpClient::Upload_Passive(const char* name, CStream& stream)
     CStringArray reply;
     if (!data || !SendCommand("STOR", name) || !GetServerMessage(reply)) return 0;
     if (GetResultClass(reply) != 1) return Failed(4201, reply);
+    DWORD sent = 0;
     try {
-        if (!WriteStreamToSocket(*data, stream)) {
+        if (!WriteStreamToSocket(*data, stream, sent)) {
             data.reset();
             ReadOwedReply();
             return 0;
         }
     } catch (CException*) {
-        CutOff(*data);
+        // A server that has seen nothing yet may wait for a connection that was cut, and for ever.
+        if (sent > 0) CutOff(*data);
         data.reset();
         ReadOwedReply();
         throw;

@@ -33,8 +33,8 @@ public:
 
     // For XListenSocket: serves the socket from now on, or no longer. At most 63 at a time. Throw messages
     // 4109 and 4135 over the reason, which is 4174 for the 64th socket and 4110 for one that is not served.
-    static void RegisterListenSocket(XListenSocket* socket);
-    static void RevokeListenSocket(XListenSocket* socket);
+    static void RegisterListenSocket(XListenSocket* listener);
+    static void RevokeListenSocket(XListenSocket* listener);
 
     // The functions, null until InitSockets; platform/Sockets.h tells of each.
     static decltype(sockets::accept)* accept;
@@ -92,10 +92,10 @@ private:
     static DWORD CopyEvents(HANDLE* events);
     static bool ServeSignalled(HANDLE event);
     static bool ServeAll();
-    static bool DoAccept(XListenSocket* socket);
-    static AcceptEntry* FindEntry(const XListenSocket* socket);
-    static void Select(XListenSocket* socket);
-    static void Forget(XListenSocket* socket);
+    static bool DoAccept(XListenSocket* listener);
+    static AcceptEntry* FindEntry(const XListenSocket* listener);
+    static void Select(XListenSocket* listener);
+    static void Forget(XListenSocket* listener);
 
     static std::atomic<int> m_bInitDone;
     static AcceptEntry m_acceptTable[kMostSockets]; // the first m_acceptCount; guarded by m_acceptCrit

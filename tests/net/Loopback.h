@@ -84,7 +84,7 @@ private:
 
 class Listener {
 public:
-    explicit Listener(int backlog = 16) : m_end(::socket(AF_INET, SOCK_STREAM, 0))
+    explicit Listener(int backlog = 16) : m_end(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
     {
         sockaddr_in where = address();
         socklen_t size = sizeof where;
@@ -95,9 +95,11 @@ public:
     }
     int port() const { return m_port; }
     void close() { m_end.close(); }
-    End accept() const
+    void stop() { ::shutdown(m_end.fd(), SHUT_RDWR); } // ends accept on another thread
+    // The next connection, sent at once; none after the time, or once stopped.
+    End accept(int milliseconds = 10000) const
     {
-        End end(m_end.isReady() ? ::accept(m_end.fd(), nullptr, nullptr) : -1);
+        End end(m_end.isReady(milliseconds) ? ::accept4(m_end.fd(), nullptr, nullptr, SOCK_CLOEXEC) : -1);
         const int on = 1;
         ::setsockopt(end.fd(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
         return end;

@@ -281,5 +281,41 @@ if "$tool" --help | grep -q "^ *draw "; then
         --with 'Noto Sans Tamil' --at-least 100 >"$scratch/out" 2>&1 && fail "a share that is not reached is no failure"
     says '[0-9]+ lines in 6 pictures' draw "$scripts"/*.txt -o "$scratch/pictures" --fonts "$scratch/fonts"
 fi
+# A server of another make, ended by its process id.
+mkdir "$scratch/site" "$scratch/fetched"
+: >"$scratch/port"
+/usr/bin/python3 "$(dirname "$0")/../net/pyftpd.py" "$scratch/site" >"$scratch/port" &
+server=$!
+trap 'kill "$server"; rm -rf "$scratch"' EXIT
+for _ in $(seq 600); do
+    [ "$(wc -l <"$scratch/port")" -eq 1 ] && break
+    sleep 0.05
+done
+place=u@127.0.0.1:$(cat "$scratch/port")
+export HOME=$scratch COREKIT_FTP_PASSWORD=p
+says 'numbers: 109 kB in [0-9.]+ s, .*/s$' ftp put "$place" "$scratch/numbers" "$scratch/hello"
+is $'hello\nnumbers' ftp ls "ftp://$place/"
+says ' 108894 .* numbers$' ftp ls "$place" --long
+is '' ftp mkdir "$place" 'two words'
+says 'hello: 5 bytes' ftp put "$place/two words" "$scratch/hello"
+[ -f "$scratch/site/two words/hello" ] || fail "ftp put: $(find "$scratch/site")"
+says 'numbers: 109 kB' ftp get "$place" numbers hello -o "$scratch/fetched"
+cmp -s "$scratch/numbers" "$scratch/fetched/numbers" || fail "ftp get: other bytes"
+refused ftp get "$place" missing -o "$scratch/fetched"
+[ "$(ls "$scratch/fetched")" = $'hello\nnumbers' ] || fail "ftp get left: $(ls "$scratch/fetched")"
+is '' ftp rm "$place/two words" hello
+is '' ftp rmdir "$place" 'two words'
+refused ftp rmdir "$place" 'two words'
+refused ftp rm "$place" $'hello\r\nDELE numbers'
+refused ftp put "$place" "$scratch/missing"
+refused ftp ls "$place/nowhere"
+refused ftp ls 127.0.0.1:99999
+refused ftp ls u:p@127.0.0.1
+refused ftp ls
+COREKIT_FTP_PASSWORD=wrong refused ftp ls "$place"
+unset COREKIT_FTP_PASSWORD
+printf 'machine elsewhere login u password x\nmachine 127.0.0.1 login u password p\n' >"$scratch/.netrc"
+is $'hello\nnumbers' ftp ls "$place" --verbose
+grep -q '^PASS \.\.\.$' "$scratch/err" && ! grep -q '^PASS p' "$scratch/err" || fail "ftp --verbose: $(cat "$scratch/err")"
 [ $failures -eq 0 ] && echo "the tool behaves"
 exit $((failures > 0))
