@@ -3,7 +3,12 @@
 #pragma once
 
 #include "corekit/CoreKit.h"
+#include "corekit/foundation/ui/BitmapResource.h"
+#include "corekit/foundation/ui/DrawHelpers.h"
+#include "corekit/foundation/ui/MenuHelpers.h"
+#include "corekit/framework/ui/CmdUI.h"
 #include "corekit/framework/ui/DC.h"
+#include "corekit/framework/ui/Menu.h"
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/KeyboardLayouts.h"
 #include "corekit/platform/Toolkit.h"

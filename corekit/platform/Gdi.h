@@ -1,4 +1,4 @@
-// Drawing of text: device contexts, bitmaps, fonts, and the text operations on them.
+// Drawing of text and shapes: device contexts, bitmaps, fonts, pens and brushes, and the operations on them.
 //
 // Threads: an object belongs to one thread at a time. Whatever touches a font or text belongs to the
 // user-interface thread, as its caches are not locked.
@@ -18,21 +18,27 @@
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
 
+#include <cstddef>
+#include <span>
+
+using HPEN = HGDIOBJ;
+
 inline constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
 inline constexpr UINT GDI_ERROR = 0xFFFFFFFF;
 
 // ---- Device contexts --------------------------------------------------------------------------
 
 // A memory context, which draws into the bitmap selected into it; until then into nothing. `like` may
-// be null. It starts with a font of the default face, black text, white opaque background, TA_LEFT | TA_TOP.
+// be null. It starts with a font of the default face, a black pen of width 1, a white brush, black text,
+// white opaque background, TA_LEFT | TA_TOP.
 COREKIT_API HDC CreateCompatibleDC(HDC like);
 // Lets go of what is selected; the objects themselves stay.
 COREKIT_API BOOL DeleteDC(HDC dc);
 
-// Selects a font or a bitmap and returns the one selected before, null on failure. A bitmap that
+// Selects an object and returns the one of its kind that was selected before, null on failure. A bitmap that
 // another context holds is refused.
 COREKIT_API HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
-// Frees a font or a bitmap. A selected bitmap is refused; a selected font stays in force in its context
+// Frees an object. A selected bitmap is refused; a selected font, pen or brush stays in force in its context
 // until another is selected, and its handle ends here.
 COREKIT_API BOOL DeleteObject(HGDIOBJ object);
 
@@ -70,7 +76,7 @@ struct BITMAP {
     LONG bmWidthBytes;
     WORD bmPlanes;
     WORD bmBitsPixel;
-    void* bmBits; // null unless made by CreateDIBSection
+    void* bmBits; // null unless made by CreateDIBSection or CreateBitmapFromDib
 };
 
 // Width and height from 1 pixel, the whole up to 1 GiB; null with ERROR_INVALID_PARAMETER otherwise.
@@ -80,11 +86,30 @@ COREKIT_API HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height);
 // plane and BI_RGB; `section` must be null and `offset` 0.
 COREKIT_API HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits, HANDLE section,
                                      DWORD offset);
+// A bitmap with the picture of a device-independent one: header, colour table and rows as in a .bmp file
+// behind the file's own header. 1, 4, 8, 16, 24 or 32 bits, BI_RGB, the 40-byte header or one that continues
+// it. All pixels become opaque; GetObjectA tells where they are, the top row first. Null with
+// ERROR_INVALID_PARAMETER for anything else and for a block that ends too early.
+COREKIT_API HBITMAP CreateBitmapFromDib(std::span<const std::byte> dib);
 // Describes a bitmap: returns the bytes written, sizeof(BITMAP), which is also the answer for a null `out`;
 // 0 if `size` is smaller or the object is not a bitmap.
 COREKIT_API int GetObjectA(HGDIOBJ object, int size, void* out);
 // Writes a bitmap as an opaque PNG file; alpha is disregarded. Replaces the file. False with a last error.
 COREKIT_API BOOL SaveBitmapAsPng(HBITMAP bitmap, const char* path);
+
+// ---- Shapes -----------------------------------------------------------------------------------
+
+inline constexpr int PS_SOLID = 0;
+inline constexpr int PS_NULL = 5; // draws nothing
+
+COREKIT_API HBRUSH CreateSolidBrush(COLORREF colour);
+// One pixel wide: 0 and 1 mean the same, and another width or style is refused with ERROR_INVALID_PARAMETER.
+COREKIT_API HPEN CreatePen(int style, int width, COLORREF colour);
+
+// Fills the polygon with the context's brush where an odd number of its windings lie, and draws its outline,
+// points included, with the pen; the last point is joined to the first. Nothing is smoothed. Two points make
+// a line; 0 with ERROR_INVALID_PARAMETER for fewer.
+COREKIT_API BOOL Polygon(HDC dc, const POINT* points, int count);
 
 // ---- Attributes of a context ------------------------------------------------------------------
 

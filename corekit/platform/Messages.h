@@ -1,6 +1,7 @@
 // Messages and their delivery to windows.
 //
-// A window belongs to the thread that made it, which alone may send it messages.
+// A window belongs to the thread that made it, which alone may send it messages. Any thread may post one: it
+// waits in the queue of the window's thread until that thread takes it and gives it to DispatchMessageA.
 #pragma once
 
 #include "corekit/platform/Export.h"
@@ -8,9 +9,14 @@
 
 #include <functional>
 
+inline constexpr UINT WM_QUIT = 0x12;
 inline constexpr UINT WM_KEYDOWN = 0x100;
 inline constexpr UINT WM_CHAR = 0x102;
 inline constexpr UINT WM_IME_CHAR = 0x286;
+inline constexpr UINT WM_USER = 0x400; // from here on messages mean what the window says
+
+inline constexpr DWORD ERROR_INVALID_WINDOW_HANDLE = 1400;
+inline constexpr DWORD ERROR_NOT_ENOUGH_QUOTA = 1816;
 
 struct tagMSG {
     HWND hwnd;
@@ -25,6 +31,22 @@ using MSG = tagMSG;
 // Gives a message to its window at once and returns the window's answer; 0 for a null message, and for a
 // window that is null, closed or not of this thread.
 COREKIT_API LRESULT DispatchMessageA(const MSG* message);
+
+inline constexpr int maximumPostedMessages = 10000; // in one thread's queue
+
+// Puts a message at the end of the queue of the window's thread, for a null window of this thread; pt stays
+// (0, 0). 0 with error 1400 if the window is closed, with 1816 if the queue is full.
+COREKIT_API BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+inline constexpr UINT PM_NOREMOVE = 0;
+inline constexpr UINT PM_REMOVE = 1;
+// The first message of this thread's queue that is for the window (null: for any or none) and whose number
+// lies from first to last (both 0: any number); WM_QUIT is let through in any case. PeekMessageA returns 0
+// at once if there is none. GetMessageA waits, takes it out, and returns 0 for WM_QUIT, else 1. Both have
+// error 1400, and -1 for GetMessageA, if the window is closed or another thread's; closing a window takes
+// its messages along.
+COREKIT_API BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove);
+COREKIT_API BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last);
 
 // A window that shows nothing: an HWND whose messages arrive at a function. Not copied, and closed by the
 // destructor on the thread that made it, even while it answers a message.

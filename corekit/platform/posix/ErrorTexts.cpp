@@ -1,7 +1,10 @@
 // Short texts for the error numbers that this platform layer reports. Numbers that merely stand for an
 // errno value are left to the machine's own text.
+#include "corekit/platform/Accelerators.h"
 #include "corekit/platform/CompletionPort.h"
 #include "corekit/platform/Errors.h"
+#include "corekit/platform/Menus.h"
+#include "corekit/platform/Messages.h"
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/Sockets.h"
 
@@ -63,7 +66,12 @@ constexpr TextRow kTexts[] = {
     {ERROR_POSSIBLE_DEADLOCK, "The request would wait for itself."},
     {ERROR_MAPPED_ALIGNMENT, "The offset is not a multiple of the mapping granularity."},
     {ERROR_NOT_FOUND, "There is no such operation under way."},
+    {ERROR_INVALID_WINDOW_HANDLE, "The window does not exist."},
+    {ERROR_INVALID_MENU_HANDLE, "The menu does not exist."},
+    {ERROR_INVALID_ACCEL_HANDLE, "The table of accelerator keys does not exist."},
+    {ERROR_MENU_ITEM_NOT_FOUND, "The menu has no such item."},
     {ERROR_TIMEOUT, "The time allowed for the operation ran out."},
+    {ERROR_NOT_ENOUGH_QUOTA, "The queue holds as much as it may."},
     {ERROR_CANT_RESOLVE_FILENAME, "The name leads through too many links."},
     {WSAEINTR, "The call on the socket was broken off."},
     {WSAEACCES, "The socket may not be used in this way."},

@@ -1,54 +1,48 @@
 #include "corekit/platform/Messages.h"
 
+#include "corekit/platform/Errors.h"
+#include "corekit/platform/posix/MessageQueue.h"
+#include "corekit/platform/posix/UserObjects.h"
+
+#include <chrono>
 #include <memory>
-#include <mutex>
 #include <thread>
-#include <unordered_map>
 #include <utility>
+
+using namespace corekit::detail;
 
 namespace {
 
 struct Window {
     std::thread::id thread;
-    std::shared_ptr<const MessageWindow::Procedure> procedure;
+    std::shared_ptr<MessageQueue> queue; // of that thread
+    MessageWindow::Procedure procedure;
+
+    bool IsOfThisThread() const { return thread == std::this_thread::get_id(); }
 };
 
-// All windows of the process. A number is never used again, so that a message to a closed window is known
-// for what it is.
-class WindowTable {
-public:
-    HWND Open(Window window)
-    {
-        const std::lock_guard lock(m_lock);
-        const auto handle = reinterpret_cast<HWND>(++m_last);
-        m_windows.emplace(handle, std::move(window));
-        return handle;
-    }
-    void Close(HWND handle)
-    {
-        const std::lock_guard lock(m_lock);
-        m_windows.erase(handle);
-    }
-    // The procedure of a window of this thread, else null.
-    std::shared_ptr<const MessageWindow::Procedure> Find(HWND handle)
-    {
-        const std::lock_guard lock(m_lock);
-        const auto found = m_windows.find(handle);
-        if (found == m_windows.end() || found->second.thread != std::this_thread::get_id()) return nullptr;
-        return found->second.procedure;
-    }
+using Windows = UserTable<HWND, const Window>;
 
-private:
-    std::mutex m_lock;
-    std::unordered_map<HWND, Window> m_windows;
-    UINT_PTR m_last = 0;
-};
-
-// Lives to the end of the process: a window may be closed by a static object's destructor.
-WindowTable& Windows()
+const std::shared_ptr<MessageQueue>& ThisThreadsQueue()
 {
-    static auto* const table = new WindowTable;
-    return *table;
+    thread_local const auto queue = std::make_shared<MessageQueue>();
+    return queue;
+}
+
+DWORD Milliseconds()
+{
+    using namespace std::chrono;
+    return static_cast<DWORD>(duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
+}
+
+// Whether this thread may read messages of the window.
+bool MayRead(HWND window)
+{
+    if (!window) return true;
+    const auto found = Windows::Instance().Find(window);
+    if (found && found->IsOfThisThread()) return true;
+    SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    return false;
 }
 
 } // namespace
@@ -56,14 +50,49 @@ WindowTable& Windows()
 LRESULT DispatchMessageA(const MSG* message)
 {
     if (!message) return 0;
-    const auto procedure = Windows().Find(message->hwnd);
-    return procedure ? (*procedure)(*message) : 0;
+    const auto window = Windows::Instance().Find(message->hwnd);
+    return window && window->IsOfThisThread() ? window->procedure(*message) : 0;
+}
+
+BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    std::shared_ptr<MessageQueue> queue;
+    if (!window)
+        queue = ThisThreadsQueue();
+    else if (const auto found = Windows::Instance().Find(window))
+        queue = found->queue;
+    if (!queue) {
+        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+        return FALSE;
+    }
+    if (queue->Post({window, message, wParam, lParam, Milliseconds(), {0, 0}})) return TRUE;
+    SetLastError(ERROR_NOT_ENOUGH_QUOTA);
+    return FALSE;
+}
+
+BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove)
+{
+    if (!message) SetLastError(ERROR_INVALID_PARAMETER);
+    if (!message || !MayRead(window)) return FALSE;
+    return ThisThreadsQueue()->Read(*message, {window, first, last},
+                                    remove & PM_REMOVE ? QueueRead::take : QueueRead::look);
+}
+
+BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last)
+{
+    if (!message) SetLastError(ERROR_INVALID_PARAMETER);
+    if (!message || !MayRead(window)) return -1;
+    ThisThreadsQueue()->Read(*message, {window, first, last}, QueueRead::wait);
+    return message->message != WM_QUIT;
 }
 
 MessageWindow::MessageWindow(Procedure procedure)
-    : m_window(Windows().Open(
-          {std::this_thread::get_id(), std::make_shared<const Procedure>(std::move(procedure))}))
+    : m_window(Windows::Instance().Open(std::make_shared<const Window>(
+          Window{std::this_thread::get_id(), ThisThreadsQueue(), std::move(procedure)})))
 {
 }
 
-MessageWindow::~MessageWindow() { Windows().Close(m_window); }
+MessageWindow::~MessageWindow()
+{
+    if (const auto closed = Windows::Instance().Close(m_window)) closed->queue->Drop(m_window);
+}

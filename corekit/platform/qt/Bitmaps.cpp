@@ -12,8 +12,18 @@ namespace {
 
 constexpr std::int64_t largestBitmap = std::int64_t{1} << 30; // bytes
 
-// Fresh pages from calloc cost nothing until they are drawn on. Null with a last error.
-std::shared_ptr<Bitmap> makeBitmap(int width, int height)
+bool isPlain(const BITMAPINFOHEADER& h)
+{
+    return h.biSize >= sizeof h && h.biPlanes == 1 && h.biBitCount == 32 && h.biCompression == BI_RGB &&
+           h.biHeight != INT32_MIN;
+}
+
+} // namespace
+
+namespace corekit::detail {
+
+// Fresh pages from calloc cost nothing until they are drawn on.
+std::shared_ptr<Bitmap> MakeBitmap(int width, int height)
 {
     if (width < 1 || height < 1 || std::int64_t{width} * height > largestBitmap / 4) {
         SetLastError(ERROR_INVALID_PARAMETER);
@@ -33,18 +43,12 @@ std::shared_ptr<Bitmap> makeBitmap(int width, int height)
     return bitmap;
 }
 
-bool isPlain(const BITMAPINFOHEADER& h)
-{
-    return h.biSize >= sizeof h && h.biPlanes == 1 && h.biBitCount == 32 && h.biCompression == BI_RGB &&
-           h.biHeight != INT32_MIN;
-}
-
-} // namespace
+} // namespace corekit::detail
 
 HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height)
 {
     if (!GdiTable::find<DeviceContext>(dc)) return nullptr;
-    auto bitmap = makeBitmap(width, height);
+    auto bitmap = MakeBitmap(width, height);
     return bitmap ? static_cast<HBITMAP>(GdiTable::add(std::move(bitmap))) : nullptr;
 }
 
@@ -58,7 +62,7 @@ HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits
         return nullptr;
     }
     const int height = info->bmiHeader.biHeight;
-    auto bitmap = makeBitmap(info->bmiHeader.biWidth, height < 0 ? -height : height);
+    auto bitmap = MakeBitmap(info->bmiHeader.biWidth, height < 0 ? -height : height);
     if (!bitmap) return nullptr;
     bitmap->topDown = height < 0;
     bitmap->isSection = true;

@@ -7,7 +7,8 @@ using namespace corekit::detail;
 
 namespace {
 
-// What a fresh context holds: one font and one empty bitmap for all of them, which nobody can free.
+// What a fresh context holds: one object of each kind for all of them, the bitmap an empty one, which nobody
+// can free.
 template <typename T>
 std::shared_ptr<T> permanent(std::shared_ptr<T> object)
 {
@@ -32,6 +33,38 @@ const std::shared_ptr<Bitmap>& standInBitmap()
     return bitmap;
 }
 
+const std::shared_ptr<Pen>& standInPen()
+{
+    static const auto pen = permanent(std::make_shared<Pen>(true, RGB(0, 0, 0)));
+    return pen;
+}
+
+const std::shared_ptr<Brush>& standInBrush()
+{
+    static const auto brush = permanent(std::make_shared<Brush>(RGB(255, 255, 255)));
+    return brush;
+}
+
+// Puts an object in the place of the one selected and returns that one's handle.
+template <typename T>
+HGDIOBJ put(std::shared_ptr<T>& selected, std::shared_ptr<GdiObject> next)
+{
+    return static_cast<HGDIOBJ>(
+        std::exchange(selected, std::static_pointer_cast<T>(std::move(next)))->handle);
+}
+
+HGDIOBJ putBitmap(DeviceContext& context, std::shared_ptr<GdiObject> next)
+{
+    auto& bitmap = static_cast<Bitmap&>(*next);
+    if (bitmap.selected && &bitmap != context.bitmap.get()) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    context.bitmap->selected = false;
+    bitmap.selected = !bitmap.permanent;
+    return put(context.bitmap, std::move(next));
+}
+
 template <typename Value>
 Value exchangeOf(HDC dc, Value DeviceContext::*member, Value value, Value failure)
 {
@@ -53,6 +86,8 @@ HDC CreateCompatibleDC(HDC like)
     auto context = std::make_shared<DeviceContext>();
     context->font = standInFont();
     context->bitmap = standInBitmap();
+    context->pen = standInPen();
+    context->brush = standInBrush();
     return static_cast<HDC>(GdiTable::add(std::move(context)));
 }
 
@@ -71,23 +106,20 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ object)
     if (!context) return nullptr;
     std::shared_ptr<GdiObject> shared = GdiTable::share(object);
     if (!shared) return nullptr;
-    if (shared->kind == GdiKind::font) {
-        const auto former = std::exchange(context->font, std::static_pointer_cast<Font>(std::move(shared)));
+    switch (shared->kind) {
+    case GdiKind::font:
         context->sized = nullptr;
-        return static_cast<HGDIOBJ>(former->handle);
-    }
-    if (shared->kind != GdiKind::bitmap) {
+        return put(context->font, std::move(shared));
+    case GdiKind::pen:
+        return put(context->pen, std::move(shared));
+    case GdiKind::brush:
+        return put(context->brush, std::move(shared));
+    case GdiKind::bitmap:
+        return putBitmap(*context, std::move(shared));
+    default:
         SetLastError(ERROR_INVALID_HANDLE);
         return nullptr;
     }
-    auto bitmap = std::static_pointer_cast<Bitmap>(std::move(shared));
-    if (bitmap->selected && bitmap != context->bitmap) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
-    }
-    context->bitmap->selected = false;
-    bitmap->selected = !bitmap->permanent;
-    return static_cast<HGDIOBJ>(std::exchange(context->bitmap, std::move(bitmap))->handle);
 }
 
 BOOL DeleteObject(HGDIOBJ object)

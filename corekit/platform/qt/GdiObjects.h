@@ -1,4 +1,4 @@
-// The objects behind HDC, HFONT and HBITMAP, and the table that turns a handle into one.
+// The objects behind HDC, HFONT, HBITMAP, HPEN and HBRUSH, and the table that turns a handle into one.
 #pragma once
 
 #include "corekit/platform/Gdi.h"
@@ -13,7 +13,7 @@ namespace corekit::detail {
 
 class SizedFont;
 
-enum class GdiKind : std::uintptr_t { context = 1, font = 2, bitmap = 3 };
+enum class GdiKind : std::uintptr_t { context = 1, font = 2, bitmap = 3, pen = 4, brush = 5 };
 
 struct GdiObject {
     explicit GdiObject(GdiKind k) : kind(k) {}
@@ -62,6 +62,24 @@ private:
     std::shared_ptr<SizedFont> sized_;
 };
 
+// The bitmap's pixels, all 0. Null with a last error for a size that is refused.
+std::shared_ptr<Bitmap> MakeBitmap(int width, int height);
+
+struct Pen final : GdiObject {
+    static constexpr GdiKind kindOf = GdiKind::pen;
+    Pen(bool draws, COLORREF c) : GdiObject(GdiKind::pen), isDrawing(draws), colour(c) {}
+
+    const bool isDrawing;
+    const COLORREF colour;
+};
+
+struct Brush final : GdiObject {
+    static constexpr GdiKind kindOf = GdiKind::brush;
+    explicit Brush(COLORREF c) : GdiObject(GdiKind::brush), colour(c) {}
+
+    const COLORREF colour;
+};
+
 struct DeviceContext final : GdiObject {
     static constexpr GdiKind kindOf = GdiKind::context;
     DeviceContext() : GdiObject(GdiKind::context) {}
@@ -70,6 +88,8 @@ struct DeviceContext final : GdiObject {
 
     std::shared_ptr<Font> font;
     std::shared_ptr<Bitmap> bitmap;
+    std::shared_ptr<Pen> pen;
+    std::shared_ptr<Brush> brush;
     SizedFont* sized = nullptr;
     COLORREF textColour = 0;
     COLORREF backColour = 0xFFFFFF;
@@ -103,7 +123,7 @@ public:
 
 private:
     static constexpr int slotBits = 16;
-    static constexpr int kindBits = 2;
+    static constexpr int kindBits = 3;
     static constexpr std::uintptr_t slotMask = (1u << slotBits) - 1;
     static constexpr std::uintptr_t kindMask = (1u << kindBits) - 1;
 

@@ -37,12 +37,12 @@ std::uint32_t* pixelAt(Bitmap& bitmap, const Area& area)
 std::ptrdiff_t strideOf(const Bitmap& bitmap) { return bitmap.topDown ? bitmap.width : -bitmap.width; }
 
 // Where a glyph's pen stands, to the nearest quarter of a pixel.
-struct Pen {
+struct GlyphPen {
     std::int64_t x;
     unsigned quarter;
 };
 
-Pen penAt(std::int64_t origin, Subpixels x)
+GlyphPen penAt(std::int64_t origin, Subpixels x)
 {
     const Subpixels quarters = (x + wholePixel / 8) >> (subpixelBits - 2);
     return {origin + (quarters >> 2), static_cast<unsigned>(quarters & 3)};
@@ -96,7 +96,7 @@ void GlyphPainter::draw(SizedFont& font, const PlacedRun& run, std::int64_t x, s
 bool GlyphPainter::drawWord(SizedFont& font, std::span<const PlacedGlyph> word, std::int64_t x,
                             std::int64_t baseline)
 {
-    const Pen pen = penAt(x, word.front().x);
+    const GlyphPen pen = penAt(x, word.front().x);
     const GlyphMask& mask = font.wordMask(word, pen.quarter);
     if (!mask.coverage) return false;
     add(mask, pen.x + mask.left, baseline + mask.top);
@@ -105,7 +105,7 @@ bool GlyphPainter::drawWord(SizedFont& font, std::span<const PlacedGlyph> word, 
 
 void GlyphPainter::drawGlyph(SizedFont& font, const PlacedGlyph& g, std::int64_t x, std::int64_t baseline)
 {
-    const Pen pen = penAt(x, g.x);
+    const GlyphPen pen = penAt(x, g.x);
     const GlyphMask& mask = font.mask(g.glyph, pen.quarter);
     const std::int64_t penY = baseline + g.y;
     if (mask.width == 0 || mask.coverage) {

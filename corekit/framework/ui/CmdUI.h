@@ -1,0 +1,30 @@
+// A user interface item whose state a command-update handler sets.
+//
+// Whoever shows items fills the members in and calls the handler of the item's command, which calls the
+// operations here. This class knows menu items; bars and other places derive their own.
+#pragma once
+
+#include "corekit/framework/ui/Menu.h"
+
+class COREKIT_API CCmdUI {
+public:
+    CCmdUI() = default;
+    virtual ~CCmdUI() = default;
+    CCmdUI(const CCmdUI&) = delete;
+    CCmdUI& operator=(const CCmdUI&) = delete;
+
+    // An item that opens a menu is left alone by all three: its state follows no single command.
+    virtual void Enable(BOOL on = TRUE);
+    virtual void SetCheck(int check = 1); // 0: none
+    virtual void SetText(const char* text);
+
+    // Lets the next handler have the command, too.
+    void ContinueRouting() { m_bContinueRouting = TRUE; }
+
+    UINT m_nID = 0;              // the command; of an item that opens a menu the first command in there
+    UINT m_nIndex = 0;           // position in the menu
+    CMenu* m_pMenu = nullptr;    // null if the item is in no menu; not owned, like the next
+    CMenu* m_pSubMenu = nullptr; // the menu that the item opens
+    BOOL m_bEnableChanged = FALSE;
+    BOOL m_bContinueRouting = FALSE;
+};
