@@ -41,7 +41,8 @@ std::string OneLine(const CString& text)
 
 std::string Why(const CFtpClient& ftp)
 {
-    return OneLine(ftp.GetLastError()) + " " + OneLine(ftp.GetLastFtpMessage());
+    const std::string answer = OneLine(ftp.GetLastFtpMessage());
+    return OneLine(ftp.GetLastError()) + (answer.empty() ? "" : ": " + answer);
 }
 
 // The connection goes with its object.

@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace corekit::detail {
@@ -23,6 +24,12 @@ bool lockTowardsOthers(int fd)
     whole.l_whence = SEEK_SET;
     if (::fcntl(fd, F_OFD_SETLK, &whole) != 0 && (errno == EAGAIN || errno == EACCES)) return false;
     return ::flock(fd, LOCK_SH | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+// As ::write, without the bookkeeping that lets a thread be cancelled in it.
+ssize_t writeOut(int fd, std::string_view bytes)
+{
+    return ::syscall(SYS_write, fd, bytes.data(), bytes.size());
 }
 
 } // namespace
@@ -74,7 +81,7 @@ bool AppendFile::Append(std::string_view bytes)
     const int fd = m_file->get();
     std::size_t taken = 0;
     while (taken < bytes.size()) {
-        const ssize_t now = ::write(fd, bytes.data() + taken, bytes.size() - taken);
+        const ssize_t now = writeOut(fd, bytes.substr(taken));
         if (now < 0 && errno == EINTR) continue;
         if (now <= 0) break;
         taken += static_cast<std::size_t>(now);
