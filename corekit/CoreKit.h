@@ -94,6 +94,7 @@
 #include "corekit/platform/MulDiv.h"
 #include "corekit/platform/Overlapped.h"
 #include "corekit/platform/Profiles.h"
+#include "corekit/platform/RawTerminal.h"
 #include "corekit/platform/Registry.h"
 #include "corekit/platform/Runtime.h"
 #include "corekit/platform/Services.h"

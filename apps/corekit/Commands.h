@@ -6,6 +6,8 @@ class App;
 }
 
 void AddDrawCommand(CLI::App& app);
+void AddKeyboardsCommand(CLI::App& app);
+void AddTypeCommand(CLI::App& app);
 void AddFontsCommand(CLI::App& app);
 void AddShapeCommand(CLI::App& app);
 void AddCharCommand(CLI::App& app);

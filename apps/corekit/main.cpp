@@ -53,6 +53,8 @@ int main(int argc, char** argv)
 #ifdef COREKIT_WITH_UI
     AddDrawCommand(app);
     AddFontsCommand(app);
+    AddKeyboardsCommand(app);
+    AddTypeCommand(app);
 #endif
     AddShapeCommand(app);
     AddCharCommand(app);

@@ -280,6 +280,50 @@ if "$tool" --help | grep -q "^ *draw "; then
     "$tool" fonts compare "$scripts/tamil.txt" --font-file "$scratch/fonts/CoreKit-Tamil.ttf" --font 'CoreKit Tamil' \
         --with 'Noto Sans Tamil' --at-least 100 >"$scratch/out" 2>&1 && fail "a share that is not reached is no failure"
     says '[0-9]+ lines in 6 pictures' draw "$scripts"/*.txt -o "$scratch/pictures" --fonts "$scratch/fonts"
+
+    says '^Arabic \(Internal\) +1025 +1256 +library' keyboards
+    says '│ஹ  U│   I│   O│ஜ  P│' keyboards tamil
+    says '│◌ி F│' keyboards tamil
+    says '^After a consonant:$' keyboards 'devanagari - std'
+    says '^\*2 .*الله' keyboards Urdu
+    says '│◌ॉ `│' keyboards 'Devanagari - Alt 1 (Internal)' --board us
+    refused keyboards 'No Such Keyboard'
+    refused keyboards Devanagari # which of the two
+    refused keyboards '' --board us
+    refused keyboards Tamil --board de
+    refused keyboards Tamil -o "$scratch/missing/x.png"
+    is '' keyboards Welsh -o "$scratch/welsh.png"
+    head -c 8 "$scratch/welsh.png" | cmp -s - <(printf '\x89PNG\r\n\x1a\n') || fail "keyboards: no PNG"
+
+    says '^shift\+b +U\+0644 U\+0622 +لآ +keyboard$' type --keyboard Arabic a shift+b space
+    says '^text: +U\+0634 U\+0644 U\+0622 U\+0020$' type --keyboard Arabic A shift+b x backspace space
+    says '^glyphs: U\+FEFB$' type --keyboard Arabic b
+    says '^text: +U\+0915 U\+094D U\+0915 U\+093E U\+0020 U\+0906$' type --keyboard 'Devanagari - Std' k d k e space e
+    says '^text: +U\+09FF U\+09D5$' type --keyboard 'bengali inscript' space s
+    says '^0xDE +U\+0637' type --keyboard Arabic 0xDE num5
+    says "^' +U\+091F" type --keyboard 'Devanagari - Alt' --board us "'"
+    says '^text: +U\+0175 U\+0174 U\+0077 U\+0031$' type --keyboard Welsh altgr+w shift+altgr+w w num1
+    refused type a
+    refused type --keyboard Arabic hello
+    refused type --keyboard Arabic a shift+
+    refused type --keyboard Arabic 0x100
+    refused type --keyboard Arabic </dev/null
+
+    # pressed KEYS ARGUMENTS...: the last line shown when the keys come from a terminal.
+    pressed() {
+        local keys=$1 waited=0
+        shift
+        : >"$scratch/screen"
+        {
+            until grep -q 'Ctrl-D' "$scratch/screen" || [ $((++waited)) -gt 1000 ]; do sleep 0.01; done
+            printf "$keys"
+        } | script -qefc "'$tool' type $*" /dev/null >"$scratch/screen"
+        tr -d '\r' <"$scratch/screen" | sed -n 's/.*\x1b\[K//g; /./p' | tail -n 1
+    }
+    for case in "Arabic:x\\x1b[Aks\\x7f\\rB\\x04:ﻵ" "Welsh:a\\x1bw\\x1bW\\x03:aŵŴ"; do
+        IFS=: read -r keyboard keys line <<<"$case"
+        [ "$(pressed "$keys" --keyboard "$keyboard")" = "$line" ] || fail "type on a terminal: $(cat "$scratch/screen")"
+    done
 fi
 # A server of another make, ended by its process id.
 mkdir "$scratch/site" "$scratch/fetched"

@@ -1,6 +1,8 @@
 // What keyboards type, from a table of cases: keyboards.tsv.
+#include "corekit/foundation/StringW.h"
 #include "corekit/platform/Keyboard.h"
 #include "corekit/platform/Messages.h"
+#include "corekit/unicode/shaping/GlyphConversion.h"
 #include "corekit/unicode/ui/keyboards/KBT_Devanagari.h"
 #include "corekit/unicode/ui/keyboards/KBT_Welsh.h"
 #include "corekit/unicode/ui/keyboards/SystemKeyboard.h"
@@ -165,6 +167,40 @@ TEST(Keyboards, TellWhatTheyAre)
     const CSystemKeyboard unknown(Layout(0x03FF));
     EXPECT_STREQ(unknown.GetName(), "");
     EXPECT_EQ(unknown.GetCodePage(), 0);
+}
+
+std::u16string GlyphsOf(const std::u16string& text)
+{
+    StringW glyphs;
+    ConvertToGlyphs(text.c_str(), -1, glyphs, false);
+    return {static_cast<const WCHAR*>(glyphs), static_cast<std::size_t>(glyphs.GetLength())};
+}
+
+// The shaping drops what it does not know, so a wrong code on a key would be typed and never seen.
+TEST(Keyboards, WhatIndicKeysTypeIsDrawn)
+{
+    KBT_Devanagari devanagari(0);
+    KBT_Bengali bengali;
+    KBT_BengaliInscript bengaliInscript;
+    KBT_Assamme assamese;
+    KBT_Tamil tamil;
+    const std::pair<CKBLayout*, char16_t> keyboards[] = {{&devanagari, u'\u0915'},
+                                                         {&bengali, u'\u0995'},
+                                                         {&bengaliInscript, u'\u0995'},
+                                                         {&assamese, u'\u0995'},
+                                                         {&tamil, u'\u0B95'}};
+    for (const auto& [keyboard, consonant] : keyboards) {
+        Typist typist(*keyboard);
+        const std::u16string alone = GlyphsOf({consonant});
+        for (int key = 0x20; key < 0xE0; ++key)
+            for (const bool shift : {false, true}) {
+                const auto typed = typist.Press({.key = key, .shift = shift}).characters;
+                if (!typed.empty()) {
+                    EXPECT_NE(GlyphsOf(consonant + typed), alone)
+                        << keyboard->GetName().GetString() << std::hex << key << shift;
+                }
+            }
+    }
 }
 
 // Every key and many that are none, in every state: a message that is not consumed is not touched, and each

@@ -1,0 +1,72 @@
+// corekit keyboards: the keyboards of the library and what is on their keys.
+#include "Commands.h"
+#include "KeyboardList.h"
+#include "KeyboardPicture.h"
+#include "KeyboardText.h"
+#include "Terminal.h"
+
+#include "corekit/unicode/ui/keyboards/KBLayout.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <memory>
+#include <stdexcept>
+
+namespace {
+
+struct KeyboardsOptions {
+    std::string name, board = "uk", file;
+};
+
+void ListKeyboards()
+{
+    std::vector<std::vector<std::string>> rows = {{"name", "locale", "code page", "of", "enabled"}};
+    for (const CKBLayout* keyboard : AllKeyboards()) {
+        const int codePage = keyboard->GetCodePage();
+        rows.push_back({keyboard->GetName().GetString(), std::to_string(keyboard->GetLocale()),
+                        codePage == 0 ? "-" : std::to_string(codePage),
+                        keyboard->GetLayoutHandle() ? "platform" : "library",
+                        keyboard->IsEnabled() ? "yes" : "no"});
+    }
+    PrintTable(rows);
+}
+
+void ShowKeyboard(const KeyboardsOptions& options)
+{
+    CKBLayout& keyboard = KeyboardNamed(options.name);
+    const Board& board = BoardNamed(options.board);
+    const auto views = ViewsOf(keyboard, board);
+    const std::string name = keyboard.GetName().GetString();
+    if (views.empty()) throw std::runtime_error("the platform translates all keys of " + name);
+    if (options.file.empty())
+        PrintKeyboard(name, board, views);
+    else
+        DrawKeyboard(name, board, views, options.file);
+}
+
+} // namespace
+
+void AddKeyboardsCommand(CLI::App& app)
+{
+    auto* command = app.add_subcommand("keyboards", "List the keyboards, or show what is on the keys of one");
+    auto options = std::make_shared<KeyboardsOptions>();
+    command->add_option("NAME", options->name,
+                        "A keyboard; the part of its name that tells it from others is enough");
+    auto* board = command->add_option("--board", options->board, "The keys to show it on: uk or us")
+                      ->check(CLI::IsMember({"uk", "us"}))
+                      ->capture_default_str();
+    auto* file = command->add_option("-o,--output", options->file, "Draw it into this PNG file instead")
+                     ->type_name("FILE");
+    command->footer("On a key the lower character is typed alone, the upper one with Shift, one at the right "
+                    "with Ctrl and\n"
+                    "Shift; what the bare key prints is at the lower right. A long text stands below with a "
+                    "number. Pale keys\n"
+                    "are left to the platform. Example: corekit keyboards Tamil -o tamil.png");
+    command->callback([options, board, file] {
+        if (!options->name.empty()) return ShowKeyboard(*options);
+        if (board->count() + file->count() > 0)
+            throw CLI::ValidationError("--board and -o need the NAME of a keyboard");
+        ListKeyboards();
+    });
+}
