@@ -21,7 +21,7 @@ extern char** environ;
 
 namespace {
 
-constexpr int files = 1000;
+constexpr int files = 100; // in each turn; all turns are one session
 constexpr std::size_t small = 1024, large = 64 << 20;
 
 [[noreturn]] void giveUp(const std::string& why)
@@ -202,8 +202,8 @@ void add(const std::string& who)
     };
     one("upload_64_mib", upload<Client>, large, 1);
     one("download_64_mib", download<Client>, large, 1);
-    one("upload_1000_files", upload<Client>, small, files);
-    one("download_1000_files", download<Client>, small, files);
+    one("upload_small_files", upload<Client>, small, files);
+    one("download_small_files", download<Client>, small, files);
 }
 
 } // namespace

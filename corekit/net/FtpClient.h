@@ -7,8 +7,8 @@
 //
 // Results are 1, or 0 with GetLastError (the library's text) and GetLastFtpMessage (the server's last line);
 // both stay until the next failure. What fails on a stream throws, after the transfer was ended with the
-// server. A server can cost the time limit at every read, and no more memory than a reply of 1 MiB or a
-// listing of 64 MiB. One thread at a time; nothing is locked.
+// server. A server can cost the time limit at every read, and no more memory than 256 KiB for a reply and
+// 64 MiB for a listing. One thread at a time; nothing is locked.
 #pragma once
 
 #include "corekit/foundation/Stream.h"

@@ -6,6 +6,7 @@
 #include "corekit/stores/MemoryStream.h"
 
 #include <algorithm>
+#include <climits>
 #include <string_view>
 #include <utility>
 
@@ -248,6 +249,7 @@ int CFtpClient::UploadStream(const char* name, CStream& stream)
 
 int CFtpClient::UploadBuffer(const char* name, const void* data, unsigned int size)
 {
+    if (size > INT_MAX) return Failed(4177); // more than a stream over memory takes
     CMemoryStream stream(data, static_cast<int>(size));
     return UploadStream(name, stream);
 }
