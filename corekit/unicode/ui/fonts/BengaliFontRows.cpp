@@ -97,15 +97,15 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE196, u"\u09A8\u09CD\u09A8"),                         // na virama na
     Blank(0xE19A),                                                // filler
     Small(0xE19D, u"\u09A8"),                                     // virama na, below
-    After(0xE19F, u"\u09B2", u"\u09B2\u09BC"),                    // nukta
+    After(0xE19F, u"\u09A1", u"\u09A1\u09BC"),                   // nukta
     Whole(0xE1A0, u"\u09F0"),                                     // ra with middle diagonal
     After(0xE1A1, u"\u0996", u"\u0996\u09CD\u09AC"),              // virama ba
     Whole(0xE1A4, u"\u09AE\u09CD\u200D"),                         // ma virama
     After(0xE1A6, u"\u0996", u"\u0996\u09CD\u09AC"),              // virama ba
     After(0xE1A8, u"\u09B2", u"\u09B2\u09CD\u09AF"),              // virama ya
     After(0xE1A9, u"\u09B2", u"\u09B0\u09CD\u09B2"),              // ra virama
-    After(0xE1AA, u"\u099E", u"\u099E\u09CD\u09B0"),              // virama ra
-    After(0xE1AB, u"\u099E", u"\u099E\u09CD\u09B0"),              // virama ra
+    Hung(0xE1AA, u"\u099E", u"\u099E\u09CD\u09B0"),              // virama ra
+    Hung(0xE1AB, u"\u099E", u"\u099E\u09CD\u09B0"),              // virama ra
     Small(0xE1AD, u"\u09B2"),                                     // virama la, below
     Whole(0xE1AE, u"\u09B7\u09CD\u200D"),                         // ssa virama
     Whole(0xE1AF, u"\u09B8\u09CD\u200D"),                         // sa virama
@@ -119,7 +119,7 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE1C5, u"\u099E\u09CD\u099D"),                         // nya virama jha
     Whole(0xE1C6, u"\u099F\u09CD\u099F"),                         // tta virama tta
     Whole(0xE1CE, u"\u09A4\u09CD\u09B0"),                         // ta virama ra
-    After(0xE1D0, u"\u099E", u"\u099E\u09CD\u09B0"),              // virama ra
+    Hung(0xE1D0, u"\u099E", u"\u099E\u09CD\u09B0"),              // virama ra
     Whole(0xE1D1, u"\u09FB"),                                     // ganda mark
     Above(0xE1D6, u"\u09A2", u"\u099F"),                          // the hook of tta and i
     Whole(0xE1D8, u"\u09A6\u09CD\u09AC"),                         // da virama ba

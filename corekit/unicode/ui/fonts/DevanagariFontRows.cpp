@@ -102,7 +102,7 @@ constexpr GlyphFontRow rows[] = {
     After(0xE0C2, u"\u092A", u"\u092A\u094D"),                    // virama
     After(0xE0C3, u"\u092A", u"\u092A\u093C"),                    // nukta
     After(0xE0C4, u"\u092A", u"\u092A\u0901"),                    // candrabindu
-    After(0xE0C5, u"\u091F", u"\u091F\u094D\u0930"),              // virama ra
+    Hung(0xE0C5, u"\u091F", u"\u091F\u094D\u0930"),              // virama ra
     After(0xE0C6, u"\u092A", u"\u092A\u0902"),                    // anusvara
     After(0xE0C7, u"\u092A", u"\u0930\u094D\u092A"),              // ra virama
     After(0xE0C8, u"\u092A", u"\u0930\u094D\u092A\u0902"),        // ra virama anusvara
@@ -117,10 +117,10 @@ constexpr GlyphFontRow rows[] = {
     After(0xE0D5, u"\u092A", u"\u0930\u094D\u092A\u0940\u0902"),  // ra virama sign ii anusvara
     After(0xE0D6, u"\u092A", u"\u092A\u0941"),                    // sign u
     After(0xE0D7, u"\u092A", u"\u092A\u093C\u0941"),              // nukta sign u
-    After(0xE0D8, u"\u091F", u"\u091F\u094D\u0930\u0941"),        // virama ra sign u
+    Hung(0xE0D8, u"\u091F", u"\u091F\u094D\u0930\u0941"),        // virama ra sign u
     After(0xE0DA, u"\u092A", u"\u092A\u0942"),                    // sign uu
     After(0xE0DB, u"\u092A", u"\u092A\u093C\u0942"),              // nukta sign uu
-    After(0xE0DC, u"\u091F", u"\u091F\u094D\u0930\u0942"),        // virama ra sign uu
+    Hung(0xE0DC, u"\u091F", u"\u091F\u094D\u0930\u0942"),        // virama ra sign uu
     After(0xE0DE, u"\u092A", u"\u092A\u0943"),                    // sign vocalic r
     After(0xE0DF, u"\u092A", u"\u092A\u0944"),                    // sign vocalic rr
     After(0xE0E0, u"\u092A", u"\u092A\u0946"),                    // sign short e

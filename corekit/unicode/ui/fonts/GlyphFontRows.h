@@ -12,6 +12,7 @@ enum class GlyphPiece : BYTE {
     whole,    // all of `text`; its last part's width is left to the row `tail`, if one is named
     stemless, // all of `text` but the stem at its right end, which another code draws
     after,    // what `text` shows more than `context`, placed where the pen stands behind the context
+    hung,     // the same for a mark, moved to where marks stand over plain letters
     before,   // the same for a sign that stands in front of the context
     beyond,   // what of `text` stands right of the width of `context`, a form that has not all of its ink
     above,    // what of `text` rises above the top of `context`, placed over what stands before it
@@ -39,6 +40,10 @@ constexpr GlyphFontRow Stemless(WORD code, std::u16string_view text)
 constexpr GlyphFontRow After(WORD code, std::u16string_view context, std::u16string_view text)
 {
     return {code, GlyphPiece::after, text, context, 0};
+}
+constexpr GlyphFontRow Hung(WORD code, std::u16string_view context, std::u16string_view text)
+{
+    return {code, GlyphPiece::hung, text, context, 0};
 }
 constexpr GlyphFontRow Before(WORD code, std::u16string_view context, std::u16string_view text)
 {

@@ -93,6 +93,7 @@ GlyphPieceState GlyphPieces::Make(BYTE position, GlyphPieceShape& shape) const
         state = Stemless(*row, shape);
         break;
     case GlyphPiece::after:
+    case GlyphPiece::hung:
     case GlyphPiece::before:
         state = Beside(*row, shape);
         break;
@@ -135,8 +136,9 @@ GlyphPieceState GlyphPieces::Stemless(const GlyphFontRow& row, GlyphPieceShape& 
 GlyphPieceState GlyphPieces::Beside(const GlyphFontRow& row, GlyphPieceShape& shape) const
 {
     if (!Remainder(row.piece, row.text, row.context, shape.outline)) return GlyphPieceState::inseparable;
-    if (row.piece == GlyphPiece::after)
-        MoveOutline(shape.outline, MarkReach(row.context) - m_face.Shape(row.context).advance, 0);
+    const double reach = row.piece == GlyphPiece::hung ? MarkReach(row.context) : 0;
+    if (row.piece != GlyphPiece::before)
+        MoveOutline(shape.outline, reach - m_face.Shape(row.context).advance, 0);
     shape.advance = m_face.Shape(row.text).advance - m_face.Shape(row.context).advance;
     return GlyphPieceState::made;
 }
