@@ -125,6 +125,7 @@
 #include "corekit/stores/MiniUnz.h"
 #include "corekit/stores/OleFile.h"
 #include "corekit/stores/OleStream.h"
+#include "corekit/stores/PagedStream.h"
 #include "corekit/stores/PropertyStore.h"
 #include "corekit/stores/RecordFileSalvage.h"
 #include "corekit/stores/RegistryKey.h"

@@ -5,8 +5,6 @@
 #include "corekit/platform/Files.h"
 #include "corekit/platform/Handles.h"
 
-#include <algorithm>
-#include <climits>
 #include <utility>
 
 IMPLEMENT_DYNAMIC(CFileStream, CStream)
@@ -17,13 +15,19 @@ constexpr UINT setEndFailed = 4101;
 constexpr UINT setPositionFailed = 4103;
 constexpr UINT readFailed = 4104;
 constexpr UINT writeFailed = 4105;
-constexpr UINT seekPastEnd = 4117;
-constexpr UINT readPastEnd = 4118;
-constexpr UINT skipPastEnd = 4119;
 
 [[noreturn]] void ThrowLastError(UINT message) { ThrowChainedException(GetLastErrorException(), message); }
 
 } // namespace
+
+CFileStream::CFileStream()
+    : PagedStream({.setPositionFailed = setPositionFailed,
+                   .writeFailed = writeFailed,
+                   .seekPastEnd = 4117,
+                   .readPastEnd = 4118,
+                   .skipPastEnd = 4119})
+{
+}
 
 CFileStream::~CFileStream()
 {
@@ -43,81 +47,17 @@ BOOL CFileStream::AttachFile(HANDLE file)
 {
     if (IsOpen() && file != m_file) Close();
     m_file = file;
-    if (!m_page) m_page = std::make_unique<BYTE[]>(pageSize);
-    m_size = GetFileSize(file, nullptr);
-    m_position = 0;
-    m_base = noPage;
-    m_isDirty = FALSE;
-    UpdateCache();
+    StartPages(GetFileSize(file, nullptr));
     return TRUE;
 }
 
 void CFileStream::Close()
 {
     CloseHandle(std::exchange(m_file, INVALID_HANDLE_VALUE));
-    m_page.reset();
-    m_base = noPage;
-    m_isDirty = FALSE;
+    DropPages();
 }
 
 HANDLE CFileStream::DetachHandle() { return std::exchange(m_file, INVALID_HANDLE_VALUE); }
-
-void CFileStream::ReadPages(BYTE* to, DWORD count)
-{
-    if (count > m_size - m_position) ThrowChainedException(nullptr, readPastEnd);
-    do {
-        UpdateCache();
-        const DWORD offset = m_position & (pageSize - 1);
-        const DWORD n = std::min(count, pageSize - offset);
-        std::copy_n(m_page.get() + offset, n, to);
-        to += n;
-        count -= n;
-        m_position += n;
-        FlushCache();
-        UpdateCache();
-    } while (count);
-}
-
-void CFileStream::WritePages(const BYTE* from, DWORD count)
-{
-    if (count > UINT_MAX - m_position) {
-        ThrowChainedException(GetLastErrorException(ERROR_FILE_TOO_LARGE), writeFailed);
-    }
-    while (count) {
-        UpdateCache();
-        const DWORD offset = m_position & (pageSize - 1);
-        const DWORD n = std::min(count, pageSize - offset);
-        std::copy_n(from, n, m_page.get() + offset);
-        from += n;
-        count -= n;
-        m_isDirty = TRUE;
-        m_position += n;
-        m_size = std::max(m_size, m_position);
-        UpdateCache();
-    }
-}
-
-void CFileStream::SeekToPos(DWORD position)
-{
-    if (position > m_size) ThrowChainedException(nullptr, seekPastEnd);
-    if (BaseOf(position) != m_base) {
-        FlushCache();
-        m_position = position;
-        UpdateCache();
-    }
-    m_position = position;
-}
-
-void CFileStream::Skip(int count)
-{
-    const DWORD target = m_position + static_cast<DWORD>(count);
-    if (target > m_size) ThrowChainedException(nullptr, skipPastEnd);
-    SeekToPos(target);
-}
-
-DWORD CFileStream::GetSize() { return m_size; }
-DWORD CFileStream::GetCurrentPos() { return m_position; }
-void CFileStream::Flush() { FlushCache(); }
 
 void CFileStream::SetEndOfStream()
 {
@@ -126,37 +66,18 @@ void CFileStream::SetEndOfStream()
     if (!SetEndOfFile(m_file)) ThrowLastError(setEndFailed);
 }
 
-// Makes the page of the position the one in the cache.
-void CFileStream::UpdateCache()
+void CFileStream::LoadPage(DWORD base, BYTE* page, DWORD count)
 {
-    const DWORD base = BaseOf(m_position);
-    if (m_base == base) return;
-    FlushCache();
-    if (!m_page) {
-        SetLastError(ERROR_INVALID_HANDLE);
-        ThrowLastError(setPositionFailed);
-    }
-    m_base = noPage; // until the page is whole; what lies behind the end of the file is never looked at
-    const DWORD n = std::min(m_size - base, pageSize);
-    if (n) {
-        MoveFilePointer(base);
-        DWORD moved = 0;
-        if (!ReadFile(m_file, m_page.get(), n, &moved, nullptr) || moved != n) ThrowLastError(readFailed);
-    }
-    m_base = base;
+    MoveFilePointer(base);
+    DWORD moved = 0;
+    if (!ReadFile(m_file, page, count, &moved, nullptr) || moved != count) ThrowLastError(readFailed);
 }
 
-void CFileStream::FlushCache()
+void CFileStream::StorePage(DWORD base, const BYTE* page, DWORD count)
 {
-    if (!m_isDirty) return;
-    // Of a page that the end of the stream was moved in front of, nothing is left to write.
-    const DWORD base = static_cast<DWORD>(m_base);
-    if (const DWORD n = base < m_size ? std::min(m_size - base, pageSize) : 0) {
-        MoveFilePointer(base);
-        DWORD moved = 0;
-        if (!WriteFile(m_file, m_page.get(), n, &moved, nullptr) || moved != n) ThrowLastError(writeFailed);
-    }
-    m_isDirty = FALSE;
+    MoveFilePointer(base);
+    DWORD moved = 0;
+    if (!WriteFile(m_file, page, count, &moved, nullptr) || moved != count) ThrowLastError(writeFailed);
 }
 
 void CFileStream::MoveFilePointer(DWORD position)

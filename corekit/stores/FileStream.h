@@ -10,16 +10,13 @@
 // it.
 #pragma once
 
-#include "corekit/foundation/Stream.h"
-#include "corekit/stores/MemoryWindow.h"
+#include "corekit/stores/PagedStream.h"
 
-#include <memory>
-
-class COREKIT_API CFileStream : public CStream {
+class COREKIT_API CFileStream : public corekit::detail::PagedStream {
     DECLARE_DYNAMIC(CFileStream)
 
 public:
-    CFileStream() = default;
+    CFileStream();
     ~CFileStream() override; // closes
 
     // Opens by the rules of CreateFileA; without FILE_FLAG_RANDOM_ACCESS it is told to expect sequential
@@ -34,55 +31,13 @@ public:
     const CString& GetFilename() const { return m_name; } // as given to Open
     bool IsEOF() const { return m_position == m_size; }
 
-    void SeekToPos(DWORD position) override;
-    DWORD GetSize() override;
-    void Flush() override;
-    void Skip(int count) override;
-    DWORD GetCurrentPos() override;
     void SetEndOfStream() override;
 
-protected:
-    void InternalRead(void* buffer, DWORD count) override
-    {
-        if (IsInsidePage(count) && count <= m_size - m_position && !m_isDirty) [[likely]] {
-            const BYTE* from = m_page.get() + (m_position - m_base);
-            m_position += count;
-            corekit::detail::CopyBytes(buffer, from, count);
-        } else {
-            ReadPages(static_cast<BYTE*>(buffer), count);
-        }
-    }
-    void InternalWrite(const void* buffer, DWORD count) override
-    {
-        if (IsInsidePage(count) && count) [[likely]] {
-            BYTE* to = m_page.get() + (m_position - m_base);
-            m_isDirty = TRUE;
-            m_position += count;
-            if (m_position > m_size) m_size = m_position;
-            corekit::detail::CopyBytes(to, buffer, count);
-        } else {
-            WritePages(static_cast<const BYTE*>(buffer), count);
-        }
-    }
-
 private:
-    static constexpr DWORD pageSize = 65536;
-    static constexpr DWORDLONG noPage = DWORDLONG{1} << 63; // a base that no position is near
-
-    static constexpr DWORD BaseOf(DWORD position) { return position & ~(pageSize - 1); }
-    // Whether the loaded page holds the position and count bytes there, and goes on behind them.
-    bool IsInsidePage(DWORD count) const { return m_position - m_base + count < pageSize; }
-    void ReadPages(BYTE* to, DWORD count);
-    void WritePages(const BYTE* from, DWORD count);
-    void UpdateCache();
-    void FlushCache();
+    void LoadPage(DWORD base, BYTE* page, DWORD count) override;
+    void StorePage(DWORD base, const BYTE* page, DWORD count) override;
     void MoveFilePointer(DWORD position);
 
     HANDLE m_file = INVALID_HANDLE_VALUE;
-    std::unique_ptr<BYTE[]> m_page;
-    DWORDLONG m_base = noPage;
-    DWORD m_position = 0;
-    DWORD m_size = 0;
-    BOOL m_isDirty = FALSE;
     CString m_name;
 };

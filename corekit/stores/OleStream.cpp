@@ -13,9 +13,6 @@ namespace {
 constexpr UINT setPositionFailed = 4120;
 constexpr UINT readFailed = 4121;
 constexpr UINT writeFailed = 4122;
-constexpr UINT seekPastEnd = 4123;
-constexpr UINT readPastEnd = 4124;
-constexpr UINT skipPastEnd = 4125;
 constexpr UINT setSizeFailed = 4132;
 
 void Check(HRESULT result, UINT message)
@@ -30,6 +27,15 @@ void CheckWhole(HRESULT result, bool whole, UINT message)
 }
 } // namespace
 
+COleStream::COleStream()
+    : PagedStream({.setPositionFailed = setPositionFailed,
+                   .writeFailed = writeFailed,
+                   .seekPastEnd = 4123,
+                   .readPastEnd = 4124,
+                   .skipPastEnd = 4125})
+{
+}
+
 COleStream::~COleStream()
 {
     if (m_pStream) m_pStream->Release();
@@ -37,78 +43,19 @@ COleStream::~COleStream()
 
 void COleStream::AttachStream(IStream* stream)
 {
-    m_page = std::make_unique<BYTE[]>(pageSize);
     DWORDLONG size = 0;
     Check(stream->Seek(0, STREAM_SEEK_END, &size), setPositionFailed);
     m_pStream = stream;
-    m_size = static_cast<DWORD>(std::min<DWORDLONG>(size, UINT_MAX));
-    m_position = 0;
-    m_base = noPage;
     try {
-        UpdateCache();
+        StartPages(static_cast<DWORD>(std::min<DWORDLONG>(size, UINT_MAX)));
     } catch (...) {
         m_pStream = nullptr;
         throw;
     }
 }
 
-void COleStream::InternalRead(void* buffer, DWORD count)
-{
-    if (count > m_size - m_position) ThrowChainedException(nullptr, readPastEnd);
-    auto* to = static_cast<BYTE*>(buffer);
-    do {
-        UpdateCache();
-        const DWORD offset = m_position - m_base;
-        const DWORD n = std::min(count, pageSize - offset);
-        std::copy_n(m_page.get() + offset, n, to);
-        to += n;
-        count -= n;
-        m_position += n;
-        FlushCache();
-        UpdateCache();
-    } while (count);
-}
-
-void COleStream::InternalWrite(const void* buffer, DWORD count)
-{
-    if (count > UINT_MAX - m_position)
-        ThrowChainedException(GetLastErrorException(ERROR_FILE_TOO_LARGE), writeFailed);
-    const auto* from = static_cast<const BYTE*>(buffer);
-    while (count) {
-        UpdateCache();
-        const DWORD offset = m_position - m_base;
-        const DWORD n = std::min(count, pageSize - offset);
-        std::copy_n(from, n, m_page.get() + offset);
-        from += n;
-        count -= n;
-        m_isDirty = TRUE;
-        m_position += n;
-        m_size = std::max(m_size, m_position);
-        UpdateCache();
-    }
-}
-
-void COleStream::SeekToPos(DWORD position)
-{
-    if (position > m_size) ThrowChainedException(nullptr, seekPastEnd);
-    if (BaseOf(position) != m_base) {
-        FlushCache();
-        m_position = position;
-        UpdateCache();
-    }
-    m_position = position;
-}
-
-void COleStream::Skip(int count)
-{
-    const DWORD target = m_position + static_cast<DWORD>(count);
-    if (target > m_size) ThrowChainedException(nullptr, skipPastEnd);
-    SeekToPos(target);
-}
-
-DWORD COleStream::GetSize() { return m_size; }
-DWORD COleStream::GetCurrentPos() { return m_position; }
-void COleStream::Flush() { FlushCache(); }
+void COleStream::InternalRead(void* buffer, DWORD count) { PagedStream::InternalRead(buffer, count); }
+void COleStream::InternalWrite(const void* buffer, DWORD count) { PagedStream::InternalWrite(buffer, count); }
 
 void COleStream::SetEndOfStream()
 {
@@ -116,35 +63,20 @@ void COleStream::SetEndOfStream()
     Check(m_pStream->SetSize(m_size), setSizeFailed);
 }
 
-// Makes the page of the position the one in the cache.
-void COleStream::UpdateCache()
+void COleStream::LoadPage(DWORD base, BYTE* page, DWORD count)
 {
-    const DWORD base = BaseOf(m_position);
-    if (m_base == base) return;
-    FlushCache();
-    m_base = noPage; // until the page is whole
-    const DWORD n = std::min(m_size - base, pageSize);
-    if (n) {
-        MoveCursor(base);
-        DWORD moved = 0;
-        const HRESULT result = m_pStream->Read(m_page.get(), n, &moved);
-        CheckWhole(result, moved == n, readFailed);
-    }
-    std::fill_n(m_page.get() + n, pageSize - n, BYTE{0});
-    m_base = base;
+    MoveCursor(base);
+    DWORD moved = 0;
+    const HRESULT result = m_pStream->Read(page, count, &moved);
+    CheckWhole(result, moved == count, readFailed);
 }
 
-void COleStream::FlushCache()
+void COleStream::StorePage(DWORD base, const BYTE* page, DWORD count)
 {
-    if (!m_isDirty) return;
-    // Of a page that the end of the stream was moved in front of, nothing is left to write.
-    if (const DWORD n = m_base < m_size ? std::min(m_size - m_base, pageSize) : 0) {
-        MoveCursor(m_base);
-        DWORD moved = 0;
-        const HRESULT result = m_pStream->Write(m_page.get(), n, &moved);
-        CheckWhole(result, moved == n, writeFailed);
-    }
-    m_isDirty = FALSE;
+    MoveCursor(base);
+    DWORD moved = 0;
+    const HRESULT result = m_pStream->Write(page, count, &moved);
+    CheckWhole(result, moved == count, writeFailed);
 }
 
 void COleStream::MoveCursor(DWORD position)

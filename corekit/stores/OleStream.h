@@ -5,23 +5,16 @@
 // every read, and at Flush. Nothing else writes it: Flush, then delete the stream, then Commit the file.
 #pragma once
 
-#include "corekit/foundation/Stream.h"
-
-#include <memory>
+#include "corekit/stores/PagedStream.h"
 
 class IStream;
 
-class COREKIT_API COleStream : public CStream {
+class COREKIT_API COleStream : public corekit::detail::PagedStream {
     DECLARE_DYNAMIC(COleStream)
 
 public:
     ~COleStream() override; // without flushing
 
-    void SeekToPos(DWORD position) override;
-    DWORD GetSize() override;
-    void Flush() override;
-    void Skip(int count) override;
-    DWORD GetCurrentPos() override;
     void SetEndOfStream() override;
 
 protected:
@@ -30,22 +23,13 @@ protected:
 
 private:
     friend class COleFile;
-    static constexpr DWORD pageSize = 65536;
-    static constexpr DWORD noPage = 1; // a base that no page has
 
-    static constexpr DWORD BaseOf(DWORD position) { return position & ~(pageSize - 1); }
-
-    COleStream() = default;
+    COleStream();
     // Owns the interface unless this throws.
     void AttachStream(IStream* stream);
-    void UpdateCache();
-    void FlushCache();
+    void LoadPage(DWORD base, BYTE* page, DWORD count) override;
+    void StorePage(DWORD base, const BYTE* page, DWORD count) override;
     void MoveCursor(DWORD position);
 
     IStream* m_pStream = nullptr;
-    std::unique_ptr<BYTE[]> m_page;
-    DWORD m_base = noPage;
-    DWORD m_position = 0;
-    DWORD m_size = 0;
-    BOOL m_isDirty = FALSE;
 };

@@ -69,11 +69,14 @@ std::size_t widenRuns(std::string_view text, Sink<WCHAR>& sink)
     const WCHAR* const end = to + sink.room();
     while (left(from, fromEnd) >= kRunBytes && left(to, end) >= kRunUnits) {
         const auto lead = static_cast<unsigned char>(*from);
-        if (lead < 0xE0) {
-            const bool isAscii = lead < 0x80;
-            const std::size_t run = isAscii ? widenAscii(from, to) : widenPairs<Overlong::refused>(from, to);
+        if (lead < 0x80) {
+            const std::size_t run = widenAscii(from, to);
+            from += run;
+            to += run;
+        } else if (lead < 0xE0) {
+            const std::size_t run = widenPairs<Overlong::refused>(from, to);
             if (run == 0) break;
-            from += isAscii ? run : 2 * run;
+            from += 2 * run;
             to += run;
         } else {
             const unsigned second = static_cast<unsigned char>(from[1]) ^ 0x80u;
@@ -96,11 +99,14 @@ std::size_t narrowRuns(std::u16string_view text, Sink<char>& sink)
     const char* const end = to + sink.room();
     while (left(from, fromEnd) >= kRunUnits && left(to, end) >= kRunBytes) {
         const WCHAR unit = *from;
-        if (unit < 0x800) {
-            const bool isAscii = unit < 0x80;
-            const std::size_t run = isAscii ? narrowAscii(from, to) : narrowPairs(from, to);
+        if (unit < 0x80) {
+            const std::size_t run = narrowAscii(from, to);
             from += run;
-            to += isAscii ? run : 2 * run;
+            to += run;
+        } else if (unit < 0x800) {
+            const std::size_t run = narrowPairs(from, to);
+            from += run;
+            to += 2 * run;
         } else {
             if ((unit & 0xF800) == 0xD800) break;
             to[0] = static_cast<char>(0xE0 | unit >> 12);
