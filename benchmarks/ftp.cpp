@@ -21,7 +21,7 @@ extern char** environ;
 
 namespace {
 
-constexpr int files = 100; // in each turn; all turns are one session
+constexpr int files = 20; // in each turn; all turns are one session, and a peer may wait 40 ms a reply
 constexpr std::size_t small = 1024, large = 64 << 20;
 
 [[noreturn]] void giveUp(const std::string& why)

@@ -6,8 +6,8 @@
 #include "corekit/unicode/ui/FontDescriptor.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
 
-// The text of a registry: whatever values the key of a face and that of a font choice hold, loading ends, and a
-// choice that could be loaded comes back as it was.
+// The text of a registry: whatever values the key of a face and that of a font choice hold, loading ends, and
+// a choice that could be loaded comes back as it was.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const FuzzHome home;

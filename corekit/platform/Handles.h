@@ -12,8 +12,8 @@ COREKIT_API BOOL CloseHandle(HANDLE handle);
 inline HANDLE GetCurrentProcess() { return reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(-1)); }
 
 inline constexpr DWORD DUPLICATE_SAME_ACCESS = 2;
-// One handle more to the same object, which lives until all are closed; of GetCurrentThread, a handle by which
-// others know the calling thread. Within this process, with the same access and option 2 only: 0 with error 87
-// otherwise, with error 6 for what is no open handle.
+// One handle more to the same object, which lives until all are closed; of GetCurrentThread, a handle by
+// which others know the calling thread. Within this process, with the same access and option 2 only: 0 with
+// error 87 otherwise, with error 6 for what is no open handle.
 COREKIT_API BOOL DuplicateHandle(HANDLE sourceProcess, HANDLE source, HANDLE targetProcess, HANDLE* target,
                                  DWORD access, BOOL inherit, DWORD options);

@@ -55,8 +55,8 @@ struct SERVICE_TABLE_ENTRYA {
 // manager's socket does not answer, or if a user has started the program at a terminal and there is none.
 //
 // While it runs, controls also come to the datagram socket $RUNTIME_DIRECTORY/control, for the service's own
-// user alone; without that variable the folder is corekit/<name> in $XDG_RUNTIME_DIR or /run, with an underscore
-// for everything in the name but ASCII letters, digits and hyphens.
+// user alone; without that variable the folder is corekit/<name> in $XDG_RUNTIME_DIR or /run, with an
+// underscore for everything in the name but ASCII letters, digits and hyphens.
 COREKIT_API BOOL StartServiceCtrlDispatcherA(const SERVICE_TABLE_ENTRYA* table);
 
 // Only on the service's thread and for its name; null otherwise. The handle is not closed.
