@@ -28,8 +28,11 @@ void LookAtEach(CPropertyStore& store)
         GUID guid;
         if (!store.GetValue(name, text) || !store.GetValue(name, guid)) std::abort();
     }
-    for (int i = 0; i < store.GetPropertyStoreCount(); ++i)
+    for (int i = 0; i < store.GetPropertyStoreCount(); ++i) {
         if (!store.PropertyStoreExists(store.GetPropertyStoreName(i))) std::abort();
+        CPropertyStore nested = store.GetPropertyStore(i);
+        LookAtEach(nested);
+    }
 }
 
 } // namespace

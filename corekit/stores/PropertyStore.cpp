@@ -71,7 +71,7 @@ template <class Use>
 int CPropertyStore::WithValue(const char* name, Use use)
 {
     return Locked([&] {
-        const PropertyStoreEntry* entry = Body() ? Body()->values.FindElement(Name(name)) : nullptr;
+        const PropertyStoreEntry* entry = Body() ? Body()->Values().FindElement(Name(name)) : nullptr;
         return entry ? use(entry->data) : 0;
     });
 }
@@ -196,7 +196,7 @@ int CPropertyStore::GetBinaryValue(const char* name, void* buffer, DWORD size) &
 void CPropertyStore::SetFirstBytes(const char* name, ePSEntryType type, const void* data, std::size_t size)
 {
     Locked([&] {
-        auto& values = Own().values;
+        auto& values = Own().Values();
         if (PropertyStoreEntry* entry = values.FindElement(Name(name)))
             std::memcpy(entry->data.data(), data, std::min(size, entry->data.size()));
         else
@@ -208,7 +208,7 @@ void CPropertyStore::SetBytes(const char* name, ePSEntryType type, const void* d
 {
     Locked([&] {
         const std::string_view bytes(static_cast<const char*>(data), data ? size : 0);
-        auto& values = Own().values;
+        auto& values = Own().Values();
         if (PropertyStoreEntry* entry = values.FindElement(Name(name)))
             entry->data = bytes;
         else
@@ -250,8 +250,8 @@ void CPropertyStore::SetValue(const char* name, const CByteArray& value)
 void CPropertyStore::DeleteValue(const char* name)
 {
     Locked([&] {
-        const int index = Body() ? Body()->values.Find(Name(name)) : -1;
-        if (index >= 0) Own().values.Remove(index);
+        const int index = Body() ? Body()->Values().Find(Name(name)) : -1;
+        if (index >= 0) Own().Values().Remove(index);
     });
 }
 
@@ -259,18 +259,18 @@ void CPropertyStore::DeleteValue(const char* name)
 
 int CPropertyStore::GetPropertyStoreValueCount()
 {
-    return Locked([&] { return Body() ? Body()->values.Count() : 0; });
+    return Locked([&] { return Body() ? Body()->Values().Count() : 0; });
 }
 
 StringA CPropertyStore::GetPropertyStoreValueName(int index)
 {
-    return Locked([&] { return Body() ? NameOf(Body()->values.At(index)) : StringA(); });
+    return Locked([&] { return Body() ? NameOf(Body()->Values().At(index)) : StringA(); });
 }
 
 ePSEntryType CPropertyStore::GetPropertyStoreValueType(int index)
 {
     return Locked([&] {
-        const PropertyStoreEntry* entry = Body() ? Body()->values.At(index) : nullptr;
+        const PropertyStoreEntry* entry = Body() ? Body()->Values().At(index) : nullptr;
         return entry ? entry->type : ePSNone;
     });
 }
@@ -278,7 +278,7 @@ ePSEntryType CPropertyStore::GetPropertyStoreValueType(int index)
 ePSEntryType CPropertyStore::GetPropertyStoreValueType(const char* name) &
 {
     return Locked([&] {
-        const PropertyStoreEntry* entry = Body() ? Body()->values.FindElement(Name(name)) : nullptr;
+        const PropertyStoreEntry* entry = Body() ? Body()->Values().FindElement(Name(name)) : nullptr;
         return entry ? entry->type : ePSNone;
     });
 }
@@ -286,7 +286,7 @@ ePSEntryType CPropertyStore::GetPropertyStoreValueType(const char* name) &
 void CPropertyStore::GetPropertyStoreValueNames(CArray<StringA, const char*>& names)
 {
     if (const int count = GetPropertyStoreValueCount(); count > 0)
-        MemoryTold([&] { AppendNames(Body()->values, count, names); });
+        MemoryTold([&] { AppendNames(Body()->Values(), count, names); });
 }
 
 // --- nested stores
@@ -295,7 +295,7 @@ void CPropertyStore::SetPropertyStore(const char* name, const CPropertyStore& st
 {
     PropertyStoreRef content = store.Share(); // a share of its own, for the store may be this one
     Locked([&] {
-        auto& stores = Own().stores;
+        auto& stores = Own().Stores();
         if (PropertyStoreChild* child = stores.FindElement(Name(name)))
             child->store = std::move(content);
         else
@@ -305,26 +305,29 @@ void CPropertyStore::SetPropertyStore(const char* name, const CPropertyStore& st
 
 CPropertyStore CPropertyStore::GetPropertyStore(const char* name) &
 {
-    const Hold hold(*this);
-    const PropertyStoreChild* child = Body() ? Body()->stores.FindElement(Name(name)) : nullptr;
-    return child ? CPropertyStore(child->store) : CPropertyStore();
+    return Locked([&] {
+        const PropertyStoreChild* child = Body() ? Body()->Stores().FindElement(Name(name)) : nullptr;
+        return child ? CPropertyStore(child->store) : CPropertyStore();
+    });
 }
 
 CPropertyStore CPropertyStore::GetPropertyStore(int index) &
 {
-    const Hold hold(*this);
-    const PropertyStoreChild* child = Body() ? Body()->stores.At(index) : nullptr;
-    return child ? CPropertyStore(child->store) : CPropertyStore();
+    return Locked([&] {
+        const PropertyStoreChild* child = Body() ? Body()->Stores().At(index) : nullptr;
+        return child ? CPropertyStore(child->store) : CPropertyStore();
+    });
 }
 
 CPropertyStore CPropertyStore::GetPropertyStore(const char* name) &&
 {
-    return TakeNested(Body() ? Body()->stores.FindElement(Name(name)) : nullptr);
+    return TakeNested(
+        MemoryTold([&] { return Body() ? Body()->Stores().FindElement(Name(name)) : nullptr; }));
 }
 
 CPropertyStore CPropertyStore::GetPropertyStore(int index) &&
 {
-    return TakeNested(Body() ? Body()->stores.At(index) : nullptr);
+    return TakeNested(MemoryTold([&] { return Body() ? Body()->Stores().At(index) : nullptr; }));
 }
 
 CPropertyStore CPropertyStore::TakeNested(const PropertyStoreChild* child)
@@ -339,36 +342,36 @@ CPropertyStore CPropertyStore::TakeNested(const PropertyStoreChild* child)
 
 int CPropertyStore::PropertyStoreExists(const char* name) &
 {
-    return Locked([&] { return Body() && Body()->stores.Find(Name(name)) >= 0 ? 1 : 0; });
+    return Locked([&] { return Body() && Body()->Stores().Find(Name(name)) >= 0 ? 1 : 0; });
 }
 
 int CPropertyStore::GetPropertyStoreCount()
 {
-    return Locked([&] { return Body() ? Body()->stores.Count() : 0; });
+    return Locked([&] { return Body() ? Body()->Stores().Count() : 0; });
 }
 
 StringA CPropertyStore::GetPropertyStoreName(int index)
 {
-    return Locked([&] { return Body() ? NameOf(Body()->stores.At(index)) : StringA(); });
+    return Locked([&] { return Body() ? NameOf(Body()->Stores().At(index)) : StringA(); });
 }
 
 void CPropertyStore::GetPropertyStoreNames(CArray<StringA, const char*>& names)
 {
     if (const int count = GetPropertyStoreCount(); count > 0)
-        MemoryTold([&] { AppendNames(Body()->stores, count, names); });
+        MemoryTold([&] { AppendNames(Body()->Stores(), count, names); });
 }
 
 void CPropertyStore::DeletePropertyStore(const char* name)
 {
     Locked([&] {
-        const int index = Body() ? Body()->stores.Find(Name(name)) : -1;
-        if (index >= 0) Own().stores.Remove(index);
+        const int index = Body() ? Body()->Stores().Find(Name(name)) : -1;
+        if (index >= 0) Own().Stores().Remove(index);
     });
 }
 
 void CPropertyStore::DeletePropertyStore(int index)
 {
     Locked([&] {
-        if (Body() && Body()->stores.At(index)) Own().stores.Remove(index);
+        if (Body() && Body()->Stores().At(index)) Own().Stores().Remove(index);
     });
 }

@@ -1,4 +1,8 @@
 // What a property store holds, shared by its copies until one of them is changed.
+//
+// What came from a stream stays packed, as its bytes, until somebody looks at it: built, a small element
+// takes many times the memory that it has in the stream. A level is unpacked at a time; what nests in it
+// shares the bytes and stays packed.
 #pragma once
 
 #include "corekit/platform/OnlyThread.h"
@@ -6,6 +10,7 @@
 #include "corekit/stores/PropertyStore.h"
 
 #include <atomic>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +27,10 @@ struct PropertyStoreChild {
     std::string name;
     PropertyStoreRef store;
 };
+
+// The stream form of a store that was found sound, with its size in the place of the version. A share of the
+// bytes around it.
+using PackedForm = std::shared_ptr<const BYTE>;
 
 // Elements in the order of their arrival, found by name.
 template <class Element>
@@ -83,15 +92,36 @@ private:
 class PropertyStoreBody {
 public:
     PropertyStoreBody() = default;
-    PropertyStoreBody(const PropertyStoreBody& source) : values(source.values), stores(source.stores) {}
+    explicit PropertyStoreBody(PackedForm form) { Append(std::move(form)); }
+    PropertyStoreBody(const PropertyStoreBody& source);
     PropertyStoreBody& operator=(const PropertyStoreBody&) = delete;
 
-    NamedList<PropertyStoreEntry> values;
-    NamedList<PropertyStoreChild> stores;
+    // Look at the content, which copies in other threads may do at the same time. Throw bad_alloc when there
+    // is no memory to unpack it, and leave it packed.
+    NamedList<PropertyStoreEntry>& Values()
+    {
+        if (IsPacked()) Unpack();
+        return m_values;
+    }
+    NamedList<PropertyStoreChild>& Stores()
+    {
+        if (IsPacked()) Unpack();
+        return m_stores;
+    }
+
+    // Adds the elements of a form to a body that nobody else sees.
+    void Append(PackedForm form)
+    {
+        m_packed.push_back(std::move(form));
+        m_isPacked.store(true, std::memory_order_relaxed);
+    }
 
 private:
     friend class PropertyStoreRef;
     static void Free(PropertyStoreBody* body);
+
+    bool IsPacked() const { return m_isPacked.load(std::memory_order_acquire); }
+    void Unpack();
 
     bool IsShared() const { return m_shares.load(std::memory_order_acquire) != 1; }
     void Share()
@@ -110,6 +140,10 @@ private:
         return false;
     }
 
+    NamedList<PropertyStoreEntry> m_values;
+    NamedList<PropertyStoreChild> m_stores;
+    std::vector<PackedForm> m_packed; // what follows in the lists
+    std::atomic<bool> m_isPacked = false;
     std::atomic<int> m_shares = 1;
 };
 
