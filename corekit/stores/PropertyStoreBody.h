@@ -140,11 +140,11 @@ private:
         return false;
     }
 
-    NamedList<PropertyStoreEntry> m_values;
-    NamedList<PropertyStoreChild> m_stores;
-    std::vector<PackedForm> m_packed; // what follows in the lists
-    std::atomic<bool> m_isPacked = false;
     std::atomic<int> m_shares = 1;
+    std::atomic<bool> m_isPacked = false; // beside the lists, which are looked at next
+    NamedList<PropertyStoreChild> m_stores;
+    NamedList<PropertyStoreEntry> m_values;
+    std::vector<PackedForm> m_packed; // what follows in the lists
 };
 
 inline PropertyStoreRef::PropertyStoreRef(const PropertyStoreRef& other) noexcept : m_body(other.m_body)
