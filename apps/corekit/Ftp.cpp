@@ -52,7 +52,6 @@ public:
         if (options.fast) Must(m_client.SetConnectionMode(ftpModeAvidFast));
         if (!place.folder.empty()) Must(m_client.ChangeDirectory(place.folder.c_str()));
     }
-    ~Session() { m_client.Disconnect(); }
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
@@ -69,7 +68,12 @@ public:
     }
 
 private:
-    CFtpClient m_client;
+    // Ends the session also where the rest of its beginning fails.
+    struct Client : CFtpClient {
+        ~Client() override { Disconnect(); }
+    };
+
+    Client m_client;
     std::string m_host;
 };
 

@@ -192,6 +192,9 @@ TEST_F(Listening, AnExceptionInOnAcceptIsSwallowed)
 
 TEST_F(Listening, ConnectionsThatFindNoDescriptorAreTakenLater)
 {
+#ifdef COREKIT_SANITIZED
+    GTEST_SKIP() << "the sanitizer needs a descriptor for its own checks";
+#endif
     Server server;
     server.start();
     XSocket client;
