@@ -190,11 +190,9 @@ TEST_F(Listening, AnExceptionInOnAcceptIsSwallowed)
     EXPECT_EQ(calls, 2);
 }
 
+#ifndef COREKIT_SANITIZED // whose checks need a descriptor of their own
 TEST_F(Listening, ConnectionsThatFindNoDescriptorAreTakenLater)
 {
-#ifdef COREKIT_SANITIZED
-    GTEST_SKIP() << "the sanitizer needs a descriptor for its own checks";
-#endif
     Server server;
     server.start();
     XSocket client;
@@ -210,6 +208,7 @@ TEST_F(Listening, ConnectionsThatFindNoDescriptorAreTakenLater)
     EXPECT_TRUE(server.awaitAccepted(1));
     ::close(static_cast<int>(none.rlim_cur));
 }
+#endif
 
 TEST_F(Listening, TheThreadEndsAndStartsAgainWithWhatIsRegistered)
 {
