@@ -107,8 +107,7 @@ TEST_F(Ftp, FailedConnects)
           Case{"220 a\r\n", "530 no\r\n", nullptr, "[FTP] server login failed.", "530 no"},
           Case{"220 a\r\n", "331 b\r\n", "530 wrong\r\n", "[FTP] server login failed.", "530 wrong"},
           Case{"220 a\r\n", "331 b\r\n", "332 c\r\n", "[FTP] server login failed.", "332 c"},
-          Case{"220 a\r\n", nullptr, nullptr, "[FTP] Control connection has been closed by the remote server",
-               ""},
+          Case{"220 a\r\n", "", nullptr, "[FTP] Control connection has been closed by the remote server", ""},
           Case{"", nullptr, nullptr, "[FTP] Control connection has been closed by the remote server", ""}}) {
         CFtpClient own;
         ScriptedFtp peer([&](Session& session) {
