@@ -1,0 +1,411 @@
+#include "corekit/platform/Storage.h"
+
+#include "corekit/platform/CodePages.h"
+#include "corekit/platform/Errors.h"
+#include "corekit/platform/Files.h"
+#include "corekit/platform/posix/compound/CompoundCheck.h"
+#include "corekit/platform/posix/compound/CompoundTree.h"
+#include "corekit/platform/posix/files/ReplacedFile.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <new>
+#include <optional>
+#include <stdexcept>
+#include <string_view>
+#include <sys/stat.h>
+#include <unicode/ustring.h>
+#include <unistd.h>
+
+namespace {
+using corekit::detail::CompoundNode;
+using corekit::detail::CompoundState;
+using corekit::detail::ReplacedFile;
+
+constexpr std::size_t kLongestName = 31;
+constexpr DWORD kAccessBits = 3, kShareBits = 0x70;
+
+HRESULT ResultOf(DWORD error)
+{
+    switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+        return STG_E_FILENOTFOUND;
+    case ERROR_PATH_NOT_FOUND:
+        return STG_E_PATHNOTFOUND;
+    case ERROR_SHARING_VIOLATION:
+        return STG_E_SHAREVIOLATION;
+    case ERROR_FILE_EXISTS:
+        return STG_E_FILEALREADYEXISTS;
+    case ERROR_DISK_FULL:
+        return STG_E_MEDIUMFULL;
+    default:
+        return STG_E_ACCESSDENIED;
+    }
+}
+
+// Failures of memory become results at the interfaces' border.
+template <class Operation>
+HRESULT Guarded(Operation operation) noexcept
+{
+    try {
+        return operation();
+    } catch (const std::bad_alloc&) {
+        return STG_E_INSUFFICIENTMEMORY;
+    } catch (const std::length_error&) {
+        return STG_E_MEDIUMFULL;
+    }
+}
+
+std::string PathOf(const WCHAR* name)
+{
+    const int length = WideCharToMultiByte(CP_ACP, 0, name, -1, nullptr, 0, nullptr, nullptr);
+    std::string path(static_cast<std::size_t>(std::max(length, 1)), '\0');
+    WideCharToMultiByte(CP_ACP, 0, name, -1, path.data(), length, nullptr, nullptr);
+    return path.c_str();
+}
+
+enum class NameUse { find, make };
+
+// A file of others may hold names that nobody may make.
+std::optional<std::string> ElementName(const WCHAR* name, NameUse use = NameUse::find)
+{
+    const std::u16string_view wide(name);
+    if (wide.empty() || wide.size() > kLongestName) return std::nullopt;
+    if (use == NameUse::make && wide.find_first_of(u"/\\:!") != wide.npos) return std::nullopt;
+    char utf8[3 * kLongestName + 1];
+    int32_t length = 0;
+    UErrorCode error = U_ZERO_ERROR;
+    u_strToUTF8(utf8, sizeof utf8, &length, wide.data(), static_cast<int32_t>(wide.size()), &error);
+    if (U_FAILURE(error)) return std::nullopt;
+    return std::string(utf8, static_cast<std::size_t>(length));
+}
+
+void WriteName(const std::string& utf8, STATSTG* status)
+{
+    int32_t length = 0;
+    UErrorCode error = U_ZERO_ERROR;
+    u_strFromUTF8WithSub(status->pwcsName, static_cast<int32_t>(std::size(status->pwcsName)) - 1, &length,
+                         utf8.data(), static_cast<int32_t>(utf8.size()), 0xFFFD, nullptr, &error);
+    status->pwcsName[std::min<std::size_t>(static_cast<std::size_t>(length), kLongestName)] = 0;
+}
+
+// What the storages of one open file share.
+struct CompoundDocument {
+    std::string path;
+    DWORD access = 0, share = 0; // of the claim
+    HANDLE claim = INVALID_HANDLE_VALUE;
+    bool mayWrite = false;
+    std::shared_ptr<CompoundNode> root;
+
+    CompoundDocument() = default;
+    CompoundDocument(const CompoundDocument&) = delete;
+    CompoundDocument& operator=(const CompoundDocument&) = delete;
+    ~CompoundDocument() { Claim(INVALID_HANDLE_VALUE); }
+
+    void Claim(HANDLE handle)
+    {
+        if (claim != INVALID_HANDLE_VALUE) CloseHandle(claim);
+        claim = handle;
+    }
+    HANDLE OpenClaim(const char* name) const
+    {
+        return CreateFileA(name, access, share, nullptr, OPEN_EXISTING, 0, nullptr);
+    }
+
+    HRESULT Save()
+    {
+        ReplacedFile file(path);
+        if (!file || !root->Save(file.Descriptor())) return STG_E_WRITEFAULT;
+        const HANDLE next = OpenClaim(file.Path().c_str());
+        if (!file.Commit()) {
+            if (next != INVALID_HANDLE_VALUE) CloseHandle(next);
+            return STG_E_WRITEFAULT;
+        }
+        Claim(next);
+        if (const auto saved = CompoundNode::OpenRoot(path)) root->Rebase(*saved);
+        return S_OK;
+    }
+};
+
+template <class Interface>
+class Counted : public Interface {
+public:
+    DWORD AddRef() override { return ++m_count; }
+    DWORD Release() override
+    {
+        const DWORD left = --m_count;
+        if (left == 0) delete this;
+        return left;
+    }
+
+private:
+    std::atomic<DWORD> m_count = 1;
+};
+
+class Stream final : public Counted<IStream> {
+public:
+    Stream(std::shared_ptr<CompoundNode> node, bool mayWrite) : m_node(std::move(node)), m_mayWrite(mayWrite)
+    {
+        m_node->isOpen = true;
+    }
+    ~Stream() override
+    {
+        m_node->isOpen = false;
+        m_node->Forget();
+    }
+
+    HRESULT Read(void* buffer, DWORD count, DWORD* done) override
+    {
+        const std::uint64_t size = m_node->Size();
+        const auto part =
+            static_cast<DWORD>(std::min<std::uint64_t>(count, m_position < size ? size - m_position : 0));
+        if (done) *done = 0;
+        if (!m_node->Read(m_position, buffer, part)) return STG_E_READFAULT;
+        m_position += part;
+        if (done) *done = part;
+        return S_OK;
+    }
+
+    HRESULT Write(const void* buffer, DWORD count, DWORD* done) override
+    {
+        return Guarded([&] {
+            if (done) *done = 0;
+            if (!m_mayWrite) return STG_E_ACCESSDENIED;
+            std::string* bytes = m_node->Change();
+            if (!bytes) return STG_E_READFAULT;
+            if (bytes->size() < m_position + count) bytes->resize(m_position + count);
+            std::copy_n(static_cast<const char*>(buffer), count, bytes->data() + m_position);
+            m_position += count;
+            if (done) *done = count;
+            return S_OK;
+        });
+    }
+
+    HRESULT Seek(LONGLONG distance, DWORD origin, DWORDLONG* position) override
+    {
+        const std::uint64_t size = m_node->Size();
+        const std::uint64_t from = origin == STREAM_SEEK_SET   ? 0
+                                   : origin == STREAM_SEEK_CUR ? m_position
+                                                               : size;
+        const auto back = static_cast<std::uint64_t>(-(distance + 1)) + 1;
+        if (origin > STREAM_SEEK_END || (distance < 0 && back > from)) return STG_E_SEEKERROR;
+        m_position = distance < 0 ? from - back : from + static_cast<std::uint64_t>(distance);
+        if (position) *position = m_position;
+        return S_OK;
+    }
+
+    HRESULT SetSize(DWORDLONG size) override
+    {
+        return Guarded([&] {
+            if (!m_mayWrite) return STG_E_ACCESSDENIED;
+            std::string* bytes = m_node->Change();
+            if (!bytes) return STG_E_READFAULT;
+            bytes->resize(size);
+            return S_OK;
+        });
+    }
+
+private:
+    const std::shared_ptr<CompoundNode> m_node;
+    const bool m_mayWrite;
+    std::uint64_t m_position = 0;
+};
+
+class Storage final : public Counted<IStorage> {
+public:
+    Storage(std::shared_ptr<CompoundDocument> document, std::shared_ptr<CompoundNode> node)
+        : m_document(std::move(document)), m_node(std::move(node))
+    {
+    }
+
+    HRESULT CreateStream(const WCHAR* name, DWORD mode, DWORD, DWORD, IStream** stream) override
+    {
+        return Guarded([&] {
+            const auto element = ElementName(name, NameUse::make);
+            if (!element) return STG_E_INVALIDNAME;
+            if (!m_document->mayWrite) return STG_E_ACCESSDENIED;
+            auto node = m_node->Find(*element);
+            if (node && (mode & STGM_CREATE) == 0) return STG_E_FILEALREADYEXISTS;
+            if (node && (node->isOpen || node->IsStorage())) return STG_E_ACCESSDENIED;
+            if (!node) {
+                // A reader goes down the elements of one storage as down a chain.
+                if (m_node->Children().size() + 2 >= corekit::detail::kLongestCompoundChain)
+                    return STG_E_MEDIUMFULL;
+                node = std::make_shared<CompoundNode>(*element, false);
+                m_node->Add(node);
+            }
+            node->Empty();
+            *stream = new Stream(node, true);
+            return S_OK;
+        });
+    }
+
+    HRESULT OpenStream(const WCHAR* name, void*, DWORD, DWORD, IStream** stream) override
+    {
+        return Guarded([&] {
+            const auto element = ElementName(name);
+            if (!element) return STG_E_INVALIDNAME;
+            const auto node = m_node->Find(*element);
+            if (!node || node->IsStorage()) return STG_E_FILENOTFOUND;
+            if (!node->IsSound()) return STG_E_DOCFILECORRUPT;
+            if (node->isOpen) return STG_E_ACCESSDENIED;
+            *stream = new Stream(node, m_document->mayWrite);
+            return S_OK;
+        });
+    }
+
+    HRESULT OpenStorage(const WCHAR* name, DWORD, IStorage** storage) override
+    {
+        return Guarded([&] {
+            const auto element = ElementName(name);
+            if (!element) return STG_E_INVALIDNAME;
+            const auto node = m_node->Find(*element);
+            if (!node || !node->IsStorage()) return STG_E_FILENOTFOUND;
+            *storage = new Storage(m_document, node);
+            return S_OK;
+        });
+    }
+
+    HRESULT Commit(DWORD) override
+    {
+        return Guarded([&] { return m_document->mayWrite ? m_document->Save() : STG_E_ACCESSDENIED; });
+    }
+
+    HRESULT SetClass(const CLSID& id) override
+    {
+        if (!m_document->mayWrite) return STG_E_ACCESSDENIED;
+        m_node->classId = id;
+        return S_OK;
+    }
+
+    HRESULT Stat(STATSTG* status, DWORD flags) override
+    {
+        if (!status) return STG_E_INVALIDPOINTER;
+        return Guarded([&] {
+            Describe(*m_node, status);
+            if (flags & STATFLAG_NONAME) status->pwcsName[0] = 0;
+            return S_OK;
+        });
+    }
+
+    HRESULT StatElement(DWORD index, STATSTG* status) override
+    {
+        return Guarded([&] {
+            const auto& children = m_node->Children();
+            if (index >= children.size()) return S_FALSE;
+            Describe(*children[index], status);
+            const bool sound = children[index]->IsSound();
+            children[index]->Forget();
+            return sound ? S_OK : STG_E_DOCFILECORRUPT;
+        });
+    }
+
+private:
+    static void Describe(CompoundNode& node, STATSTG* status)
+    {
+        *status = STATSTG();
+        WriteName(node.Name(), status);
+        status->type = node.IsStorage() ? STGTY_STORAGE : STGTY_STREAM;
+        if (node.IsStorage())
+            status->clsid = node.classId;
+        else
+            status->cbSize = node.Size();
+    }
+
+    const std::shared_ptr<CompoundDocument> m_document;
+    const std::shared_ptr<CompoundNode> m_node;
+};
+
+DWORD ShareOf(DWORD mode)
+{
+    switch (mode & kShareBits) {
+    case STGM_SHARE_DENY_WRITE:
+        return FILE_SHARE_READ;
+    case STGM_SHARE_DENY_READ:
+        return FILE_SHARE_WRITE;
+    case STGM_SHARE_DENY_NONE:
+        return FILE_SHARE_READ | FILE_SHARE_WRITE;
+    default:
+        return 0;
+    }
+}
+
+std::shared_ptr<CompoundDocument> NewDocument(const WCHAR* name, DWORD mode)
+{
+    auto document = std::make_shared<CompoundDocument>();
+    document->path = corekit::detail::nativePath(PathOf(name).c_str());
+    document->mayWrite = (mode & kAccessBits) != STGM_READ;
+    document->access = GENERIC_READ | (document->mayWrite ? GENERIC_WRITE : 0);
+    document->share = ShareOf(mode);
+    return document;
+}
+
+CompoundState StateOf(const std::string& path)
+{
+    const corekit::detail::Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    return file ? corekit::detail::CheckCompoundFile(file.get()) : CompoundState::unreadable;
+}
+
+HRESULT OpenDocument(const std::shared_ptr<CompoundDocument>& document)
+{
+    document->Claim(document->OpenClaim(document->path.c_str()));
+    if (document->claim == INVALID_HANDLE_VALUE) return ResultOf(GetLastError());
+    switch (StateOf(document->path)) {
+    case CompoundState::sound:
+        break;
+    case CompoundState::damaged:
+        return STG_E_DOCFILECORRUPT;
+    case CompoundState::other:
+        return STG_E_INVALIDHEADER;
+    case CompoundState::unreadable:
+        return STG_E_ACCESSDENIED;
+    }
+    document->root = CompoundNode::OpenRoot(document->path);
+    return document->root ? S_OK : STG_E_DOCFILECORRUPT;
+}
+} // namespace
+
+HRESULT StgOpenStorage(const WCHAR* name, DWORD mode, IStorage** storage)
+{
+    if (!name || !storage) return STG_E_INVALIDPOINTER;
+    return Guarded([&] {
+        const auto document = NewDocument(name, mode);
+        if (const HRESULT result = OpenDocument(document); result != S_OK) return result;
+        *storage = new Storage(document, document->root);
+        return S_OK;
+    });
+}
+
+HRESULT StgCreateDocfile(const WCHAR* name, DWORD mode, IStorage** storage)
+{
+    if (!name || !storage) return STG_E_INVALIDPOINTER;
+    return Guarded([&] {
+        const auto document = NewDocument(name, mode);
+        document->mayWrite = true;
+        document->access = GENERIC_READ | GENERIC_WRITE;
+        const bool mayReplace = (mode & STGM_CREATE) != 0;
+        document->Claim(CreateFileA(document->path.c_str(), document->access, document->share, nullptr,
+                                    mayReplace ? OPEN_ALWAYS : CREATE_NEW, 0, nullptr));
+        if (document->claim == INVALID_HANDLE_VALUE) return ResultOf(GetLastError());
+        const bool existed = mayReplace && GetLastError() == ERROR_ALREADY_EXISTS;
+        document->root = std::make_shared<CompoundNode>("", true);
+        if (!existed) {
+            if (const HRESULT result = document->Save(); result != S_OK) return result;
+        }
+        *storage = new Storage(document, document->root);
+        return S_OK;
+    });
+}
+
+HRESULT StgIsStorageFile(const WCHAR* name)
+{
+    return Guarded([&] {
+        const std::string path = corekit::detail::nativePath(PathOf(name).c_str());
+        const corekit::detail::Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+        if (!file) return errno == ENOENT ? STG_E_FILENOTFOUND : STG_E_ACCESSDENIED;
+        return corekit::detail::HasCompoundHeader(file.get()) ? S_OK : S_FALSE;
+    });
+}

@@ -1,0 +1,66 @@
+#include "corekit/platform/posix/files/DataFolder.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+const char* Variable(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value && *value ? value : nullptr;
+}
+
+std::string HomeFolder()
+{
+    if (const char* home = Variable("HOME")) return home;
+    const passwd* user = getpwuid(geteuid());
+    return user && user->pw_dir ? user->pw_dir : "";
+}
+
+std::string Above(const std::string& path)
+{
+    const auto end = path.find_last_not_of('/');
+    const auto slash = end == std::string::npos ? end : path.rfind('/', end);
+    if (slash == std::string::npos) return path.starts_with('/') ? "/" : ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+} // namespace
+
+namespace corekit::detail {
+
+std::string DataFolder()
+{
+    if (const char* home = Variable("COREKIT_HOME")) return home;
+    const std::string machine = "/var/lib/corekit";
+    if (MayWrite(machine)) return machine;
+    const char* data = Variable("XDG_DATA_HOME");
+    return (data ? std::string(data) : HomeFolder() + "/.local/share") + "/corekit";
+}
+
+bool MakeFolder(const std::string& path)
+{
+    struct stat status;
+    if (stat(path.c_str(), &status) == 0) {
+        errno = ENOTDIR;
+        return S_ISDIR(status.st_mode);
+    }
+    if (errno != ENOENT || path.empty()) return false;
+    if (const std::string above = Above(path); above != path && !MakeFolder(above)) return false;
+    return mkdir(path.c_str(), path.starts_with("/var/") ? 0755 : 0700) == 0 || errno == EEXIST;
+}
+
+bool MayWrite(const std::string& path)
+{
+    std::string place = path;
+    while (faccessat(AT_FDCWD, place.c_str(), F_OK, AT_EACCESS) != 0) {
+        if (errno != ENOENT || place == "/" || place == ".") return false;
+        place = Above(place);
+    }
+    return faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+} // namespace corekit::detail

@@ -1,0 +1,155 @@
+#include "corekit/platform/FileMapping.h"
+
+#include "corekit/platform/Errors.h"
+#include "corekit/platform/Files.h"
+#include "corekit/platform/posix/Errno.h"
+#include "corekit/platform/posix/files/File.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <map>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+using namespace corekit::detail;
+
+constexpr std::uint64_t granularity = 65536;
+
+class FileMapping : public Object {
+public:
+    static constexpr ObjectKind kKind = ObjectKind::fileMapping;
+
+    FileMapping(Descriptor own, std::uint64_t bytes, bool mayWrite)
+        : Object(kKind), descriptor(std::move(own)), size(bytes), writable(mayWrite)
+    {
+    }
+
+    const Descriptor descriptor; // of its own: the mapping outlives the file's handle
+    const std::uint64_t size;
+    const bool writable;
+};
+
+// The views of this process, by address.
+struct Views {
+    std::mutex mutex;
+    std::map<std::uintptr_t, std::size_t> sizes;
+};
+
+Views& views()
+{
+    static Views& all = *new Views; // for the life of the process, also for those who unmap at its end
+    return all;
+}
+
+// A hole that finds the volume full when somebody writes to it ends the process, so the room is taken now
+// where the file system can do so.
+bool extend(int fd, std::uint64_t from, std::uint64_t to)
+{
+    if (to > INT64_MAX) return fail(ERROR_INVALID_PARAMETER, false);
+    int done;
+    do done = ::fallocate(fd, 0, static_cast<off_t>(from), static_cast<off_t>(to - from));
+    while (done != 0 && errno == EINTR);
+    if (done == 0) return true;
+    const int reason = errno;
+    if (reason == EOPNOTSUPP || reason == ENOSYS) {
+        if (::ftruncate(fd, static_cast<off_t>(to)) == 0) return true;
+        return fail(errorFromErrno(errno), false);
+    }
+    // What was reserved before the volume was full.
+    if (::ftruncate(fd, static_cast<off_t>(from)) != 0) return fail(errorFromErrno(errno), false);
+    return fail(errorFromErrno(reason), false);
+}
+
+// The size that a mapping gets, after the file was extended if that is asked for; 0 on failure.
+std::uint64_t sizeToMap(int fd, std::uint64_t asked, bool writable)
+{
+    struct stat facts;
+    if (::fstat(fd, &facts) != 0) return fail(errorFromErrno(errno), std::uint64_t{0});
+    const auto present = static_cast<std::uint64_t>(facts.st_size);
+    if (asked == 0 && present == 0) return fail(ERROR_FILE_INVALID, std::uint64_t{0});
+    if (asked == 0 || asked <= present) return asked == 0 ? present : asked;
+    if (!writable) return fail(ERROR_NOT_ENOUGH_MEMORY, std::uint64_t{0});
+    return extend(fd, present, asked) ? asked : 0;
+}
+
+} // namespace
+
+HANDLE CreateFileMappingA(HANDLE handle, _SECURITY_ATTRIBUTES*, DWORD protection, DWORD sizeHigh,
+                          DWORD sizeLow, const char* name)
+{
+    const HandleUser<File> file(handle);
+    if (name != nullptr) return fail(ERROR_CALL_NOT_IMPLEMENTED, nullptr);
+    if (!file) return fail(ERROR_INVALID_HANDLE, nullptr);
+    if (protection != PAGE_READONLY && protection != PAGE_READWRITE)
+        return fail(ERROR_INVALID_PARAMETER, nullptr);
+    const bool writable = protection == PAGE_READWRITE;
+    if (!file->allows(GENERIC_READ) || (writable && !file->allows(GENERIC_WRITE)))
+        return fail(ERROR_ACCESS_DENIED, nullptr);
+
+    Descriptor own(::fcntl(file->descriptor(), F_DUPFD_CLOEXEC, 0));
+    if (!own) return fail(errorFromErrno(errno), nullptr);
+    const std::uint64_t size =
+        sizeToMap(own.get(), static_cast<std::uint64_t>(sizeHigh) << 32 | sizeLow, writable);
+    if (size == 0) return nullptr;
+    try {
+        return openHandle(std::make_unique<FileMapping>(std::move(own), size, writable));
+    } catch (const std::bad_alloc&) {
+        return fail(ERROR_NOT_ENOUGH_MEMORY, nullptr);
+    }
+}
+
+void* MapViewOfFile(HANDLE handle, DWORD access, DWORD offsetHigh, DWORD offsetLow, std::size_t bytes)
+{
+    const HandleUser<FileMapping> mapping(handle);
+    if (!mapping) return fail(ERROR_INVALID_HANDLE, nullptr);
+    const bool writes = (access & FILE_MAP_WRITE) != 0;
+    if ((access & ~(FILE_MAP_READ | FILE_MAP_WRITE)) != 0 || access == 0)
+        return fail(ERROR_INVALID_PARAMETER, nullptr);
+    if (writes && !mapping->writable) return fail(ERROR_ACCESS_DENIED, nullptr);
+    const std::uint64_t offset = static_cast<std::uint64_t>(offsetHigh) << 32 | offsetLow;
+    if (offset % granularity != 0) return fail(ERROR_MAPPED_ALIGNMENT, nullptr);
+    if (offset >= mapping->size || bytes > mapping->size - offset) return fail(ERROR_ACCESS_DENIED, nullptr);
+    if (bytes == 0) bytes = mapping->size - offset;
+
+    void* const view = ::mmap(nullptr, bytes, writes ? PROT_READ | PROT_WRITE : PROT_READ, MAP_SHARED,
+                              mapping->descriptor.get(), static_cast<off_t>(offset));
+    if (view == MAP_FAILED) return fail(errorFromErrno(errno), nullptr);
+    try {
+        const std::lock_guard lock(views().mutex);
+        views().sizes.emplace(reinterpret_cast<std::uintptr_t>(view), bytes);
+        return view;
+    } catch (const std::bad_alloc&) {
+        ::munmap(view, bytes);
+        return fail(ERROR_NOT_ENOUGH_MEMORY, nullptr);
+    }
+}
+
+BOOL UnmapViewOfFile(const void* view)
+{
+    const auto address = reinterpret_cast<std::uintptr_t>(view);
+    const std::lock_guard lock(views().mutex);
+    const auto found = views().sizes.find(address);
+    if (found == views().sizes.end()) return fail(ERROR_INVALID_ADDRESS, FALSE);
+    ::munmap(reinterpret_cast<void*>(address), found->second);
+    views().sizes.erase(found);
+    return TRUE;
+}
+
+BOOL FlushViewOfFile(const void* address, std::size_t bytes)
+{
+    const auto first = reinterpret_cast<std::uintptr_t>(address);
+    std::uintptr_t end = 0;
+    {
+        const std::lock_guard lock(views().mutex);
+        const auto behind = views().sizes.upper_bound(first);
+        if (behind != views().sizes.begin()) end = std::prev(behind)->first + std::prev(behind)->second;
+    }
+    if (first >= end || bytes > end - first) return fail(ERROR_INVALID_ADDRESS, FALSE);
+    const std::uintptr_t last = bytes == 0 ? end : first + bytes;
+    const std::uintptr_t page = first - first % static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+    if (::msync(reinterpret_cast<void*>(page), last - page, MS_SYNC) == 0) return TRUE;
+    return fail(errorFromErrno(errno), FALSE);
+}

@@ -1,0 +1,112 @@
+// The one place where threads wait for objects.
+//
+// A central lock guards the state of all waitable objects. Whoever makes an object ready serves its waiters
+// under that lock: it consumes the object in the waiter's name and wakes just that thread, so that nobody
+// wakes for nothing and waiting for all is one step.
+#pragma once
+
+#include "corekit/platform/posix/handles/HandleTable.h"
+
+#include <condition_variable>
+
+namespace corekit::detail {
+
+extern constinit std::mutex dispatcherLock;
+
+class Mutex;
+class Waiter;
+
+// A thread as an owner of mutexes.
+struct Owner {
+    Mutex* firstOwned = nullptr; // chained through the mutexes; guarded by the dispatcher lock
+};
+
+// The calling thread's; lives as long as the thread.
+[[gnu::tls_model("initial-exec")]] extern constinit thread_local Owner currentOwner;
+
+// Abandons what the calling thread still owns; the dispatcher lock is held.
+void abandonOwned();
+// A new handle of the calling thread; null with the last error set on failure.
+HANDLE openCurrentThread();
+// Sees to it that this also happens at the end of a thread that was not started here.
+void abandonOwnedAtThreadEnd();
+
+// Links a waiter with one of its objects.
+struct WaitLink {
+    WaitLink* previous = nullptr;
+    WaitLink* next = nullptr;
+    Waiter* waiter = nullptr;
+};
+
+// An object that can be waited for. All but construction happens under the dispatcher lock.
+class Waitable : public Object {
+public:
+    using Object::Object;
+    ~Waitable() override;
+    std::mutex* closingLock() final { return &dispatcherLock; }
+
+    virtual bool isReadyFor(const Owner& owner) const = 0;
+    // Consumes the object for a thread that it is ready for; true if it was abandoned before.
+    virtual bool take(Owner& owner) = 0;
+
+    void addLink(WaitLink& link);
+    void removeLink(WaitLink& link);
+    // Gives the object to its waiters, oldest first, for as long as it is ready for them.
+    void serveWaiters();
+    // It has a name from now on.
+    void setNamed() { m_isNamed = true; }
+
+private:
+    bool m_isNamed = false;
+    WaitLink* m_first = nullptr;
+    WaitLink* m_last = nullptr;
+};
+
+class Event final : public Waitable {
+public:
+    static constexpr ObjectKind kKind = ObjectKind::event;
+    Event(bool manualReset, bool signalled)
+        : Waitable(kKind), m_manualReset(manualReset), m_signalled(signalled)
+    {
+    }
+
+    bool isReadyFor(const Owner&) const override { return m_signalled; }
+    bool take(Owner&) override
+    {
+        if (!m_manualReset) m_signalled = false;
+        return false;
+    }
+    void set()
+    {
+        m_signalled = true;
+        serveWaiters();
+    }
+    void reset() { m_signalled = false; }
+
+private:
+    const bool m_manualReset;
+    bool m_signalled;
+};
+
+class Mutex final : public Waitable {
+public:
+    static constexpr ObjectKind kKind = ObjectKind::mutex;
+    Mutex() : Waitable(kKind) {}
+    ~Mutex() override;
+
+    bool isReadyFor(const Owner& owner) const override { return m_owner == nullptr || m_owner == &owner; }
+    bool take(Owner& owner) override;
+    bool release(const Owner& owner); // false for a thread that does not own it
+    void abandon();                   // its owner ends without release
+
+private:
+    void unlinkFromOwner();
+
+    Owner* m_owner = nullptr;
+    DWORD m_depth = 0;
+    bool m_abandoned = false;
+    Mutex* m_previousOwned = nullptr;
+    Mutex* m_nextOwned = nullptr;
+};
+
+} // namespace corekit::detail

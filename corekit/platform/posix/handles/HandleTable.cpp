@@ -1,0 +1,173 @@
+#include "corekit/platform/posix/handles/HandleTable.h"
+
+#include "corekit/platform/Errors.h"
+#include "corekit/platform/Handles.h"
+#include "corekit/platform/posix/handles/Dispatcher.h"
+#include "corekit/platform/Threads.h"
+
+#include <array>
+
+namespace corekit::detail {
+namespace {
+
+// Untouched slots cost no memory: the table lies in pages that the system supplies on first use.
+constexpr std::uint32_t kSlots = 1u << 18;
+constinit std::array<HandleSlot, kSlots> slots;
+
+// Slots are handed out oldest first, so that a stale handle stays recognisable for as long as possible.
+class FreeSlots {
+public:
+    HandleSlot* take()
+    {
+        const std::lock_guard lock(m_mutex);
+        // Untouched slots first while there are few, then those that have rested longest.
+        if (m_fresh < kSlots && (m_resting < kRest || m_first == 0)) return &slots[m_fresh++];
+        if (m_first == 0) return nullptr;
+        HandleSlot& slot = slots[m_first];
+        m_first = slot.next;
+        --m_resting;
+        return &slot;
+    }
+    void giveBack(HandleSlot& slot)
+    {
+        const auto index = static_cast<std::uint32_t>(&slot - slots.data());
+        const std::lock_guard lock(m_mutex);
+        slot.next = 0;
+        (m_first == 0 ? m_first : slots[m_last].next) = index;
+        m_last = index;
+        ++m_resting;
+    }
+
+private:
+    static constexpr std::uint32_t kRest = 64;
+    std::mutex m_mutex;
+    std::uint32_t m_fresh = 1; // slot 0 is never used: 0 ends the list
+    std::uint32_t m_first = 0;
+    std::uint32_t m_last = 0;
+    std::uint32_t m_resting = 0;
+};
+
+constinit FreeSlots freeSlots;
+
+void freeSlot(HandleSlot& slot)
+{
+    Object* const object = std::exchange(slot.object, nullptr);
+    if (object->dropHandle()) delete object;
+    freeSlots.giveBack(slot);
+}
+
+} // namespace
+
+bool HandleSlot::enter()
+{
+    std::uint32_t seen = state.load(std::memory_order_relaxed);
+    while ((seen & kOpen) != 0)
+        if (state.compare_exchange_weak(seen, seen + 2, std::memory_order_acquire, std::memory_order_relaxed))
+            return true;
+    return false;
+}
+
+void HandleSlot::leave()
+{
+    if (state.fetch_sub(2, std::memory_order_acq_rel) == 2) freeSlot(*this);
+}
+
+namespace {
+HandleSlot* openSlotFor(Object& object)
+{
+    HandleSlot* const slot = freeSlots.take();
+    if (slot == nullptr) {
+        SetLastError(ERROR_TOO_MANY_OPEN_FILES);
+        return nullptr;
+    }
+    slot->object = &object;
+    slot->kind.store(object.kind(), std::memory_order_release);
+    slot->turn.store(slot->turn.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
+    slot->state.store(HandleSlot::kOpen, std::memory_order_release);
+    return slot;
+}
+} // namespace
+
+HANDLE openHandle(std::unique_ptr<Object> object)
+{
+    HandleSlot* const slot = openSlotFor(*object);
+    if (slot != nullptr) static_cast<void>(object.release());
+    return slot;
+}
+
+HANDLE openAnother(Object& object)
+{
+    object.addHandle();
+    return openCounted(object);
+}
+
+HANDLE openCounted(Object& object)
+{
+    HandleSlot* const slot = openSlotFor(object);
+    if (slot == nullptr && object.dropHandle()) delete &object;
+    return slot;
+}
+
+HandleSlot* slotOf(HANDLE handle)
+{
+    const auto value = reinterpret_cast<std::uintptr_t>(handle);
+    if (value < kSlots) {
+        HandleSlot& slot = slots[value];
+        return slot.kind.load(std::memory_order_acquire) == ObjectKind::socket ? &slot : nullptr;
+    }
+    const auto offset = value - reinterpret_cast<std::uintptr_t>(slots.data());
+    if (offset >= sizeof slots || offset % sizeof(HandleSlot) != 0) return nullptr;
+    return &slots[offset / sizeof(HandleSlot)];
+}
+
+std::uint32_t slotNumber(HANDLE handle)
+{
+    return static_cast<std::uint32_t>(static_cast<HandleSlot*>(handle) - slots.data());
+}
+
+} // namespace corekit::detail
+
+using corekit::detail::HandleSlot;
+
+BOOL DuplicateHandle(HANDLE sourceProcess, HANDLE source, HANDLE targetProcess, HANDLE* target, DWORD access,
+                     BOOL, DWORD options)
+{
+    const bool isHere = sourceProcess == GetCurrentProcess() && targetProcess == GetCurrentProcess();
+    if (!isHere || target == nullptr || access != 0 || options != DUPLICATE_SAME_ACCESS) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    if (source == GetCurrentThread()) {
+        *target = corekit::detail::openCurrentThread();
+        return *target != nullptr;
+    }
+    HandleSlot* const slot = corekit::detail::slotOf(source);
+    if (slot == nullptr || !slot->enter()) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return FALSE;
+    }
+    *target = corekit::detail::openAnother(*slot->object);
+    slot->leave();
+    return *target != nullptr;
+}
+
+BOOL CloseHandle(HANDLE handle)
+{
+    if (handle == GetCurrentThread()) return TRUE; // stands for no object of its own
+    HandleSlot* const slot = corekit::detail::slotOf(handle);
+    if (slot == nullptr || !slot->enter()) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return FALSE;
+    }
+    std::uint32_t before;
+    if (std::mutex* const mutex = slot->object->closingLock()) {
+        const std::lock_guard lock(*mutex);
+        before = slot->state.fetch_and(~HandleSlot::kOpen, std::memory_order_acq_rel);
+    } else {
+        before = slot->state.fetch_and(~HandleSlot::kOpen, std::memory_order_acq_rel);
+    }
+    slot->leave();
+    if ((before & HandleSlot::kOpen) != 0) return TRUE;
+    SetLastError(ERROR_INVALID_HANDLE);
+    return FALSE;
+}

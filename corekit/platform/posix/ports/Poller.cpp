@@ -1,0 +1,146 @@
+#include "corekit/platform/posix/ports/Poller.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <mutex>
+#include <pthread.h>
+#include <sys/epoll.h>
+#include <system_error>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace corekit::detail {
+namespace {
+
+constexpr int kRound = 256; // descriptors told of in one round
+
+class Poller {
+public:
+    int watch(int descriptor, std::uint32_t events, std::shared_ptr<Watcher> watcher);
+    int rearm(int descriptor, std::uint32_t events);
+    void unwatch(int descriptor);
+
+private:
+    // A descriptor's number comes back soon after it was closed; the turn tells its lives apart.
+    struct Entry {
+        std::shared_ptr<Watcher> watcher;
+        std::uint32_t turn = 0;
+    };
+    using Round = std::array<epoll_event, kRound>;
+
+    int start();
+    int control(int operation, int descriptor, std::uint32_t events, std::uint32_t turn);
+    [[noreturn]] void run();
+    void tell(const Round& round, int count);
+
+    std::mutex m_lock;
+    std::vector<Entry> m_entries; // by descriptor
+    int m_epoll = -1;
+};
+
+// Never taken down: its thread has no end.
+Poller& instance()
+{
+    static Poller* const poller = new Poller;
+    return *poller;
+}
+
+int Poller::start()
+{
+    if (m_epoll >= 0) return 0;
+    m_epoll = ::epoll_create1(EPOLL_CLOEXEC);
+    if (m_epoll < 0) return errno;
+    // The program's signals are for its own threads.
+    sigset_t all, before;
+    ::sigfillset(&all);
+    ::pthread_sigmask(SIG_SETMASK, &all, &before);
+    int error = 0;
+    try {
+        std::thread([this] { run(); }).detach();
+    } catch (const std::system_error& e) {
+        error = e.code().value();
+        ::close(std::exchange(m_epoll, -1));
+    }
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    return error;
+}
+
+int Poller::control(int operation, int descriptor, std::uint32_t events, std::uint32_t turn)
+{
+    epoll_event event{};
+    event.events = events;
+    event.data.u64 = std::uint64_t{turn} << 32 | static_cast<std::uint32_t>(descriptor);
+    return ::epoll_ctl(m_epoll, operation, descriptor, &event) == 0 ? 0 : errno;
+}
+
+int Poller::watch(int descriptor, std::uint32_t events, std::shared_ptr<Watcher> watcher)
+{
+    const std::lock_guard lock(m_lock);
+    if (const int error = start(); error != 0) return error;
+    const auto index = static_cast<std::size_t>(descriptor);
+    if (index >= m_entries.size()) m_entries.resize(index + 1);
+    Entry& entry = m_entries[index];
+    if (entry.watcher != nullptr) return EEXIST;
+    const int error = control(EPOLL_CTL_ADD, descriptor, events, ++entry.turn);
+    if (error == 0) entry.watcher = std::move(watcher);
+    return error;
+}
+
+int Poller::rearm(int descriptor, std::uint32_t events)
+{
+    const std::lock_guard lock(m_lock);
+    const auto index = static_cast<std::size_t>(descriptor);
+    if (index >= m_entries.size() || m_entries[index].watcher == nullptr) return ENOENT;
+    return control(EPOLL_CTL_MOD, descriptor, events, m_entries[index].turn);
+}
+
+void Poller::unwatch(int descriptor)
+{
+    std::shared_ptr<Watcher> last; // goes after the lock
+    const std::lock_guard lock(m_lock);
+    const auto index = static_cast<std::size_t>(descriptor);
+    if (descriptor < 0 || index >= m_entries.size() || m_entries[index].watcher == nullptr) return;
+    last = std::exchange(m_entries[index].watcher, nullptr);
+    control(EPOLL_CTL_DEL, descriptor, 0, 0);
+}
+
+void Poller::run()
+{
+    Round round;
+    for (;;) {
+        const int count = ::epoll_wait(m_epoll, round.data(), kRound, -1);
+        if (count > 0) tell(round, count);
+    }
+}
+
+void Poller::tell(const Round& round, int count)
+{
+    std::array<std::shared_ptr<Watcher>, kRound> watchers;
+    {
+        const std::lock_guard lock(m_lock);
+        for (int i = 0; i < count; ++i) {
+            const Entry& entry = m_entries[static_cast<std::uint32_t>(round[i].data.u64)];
+            if (entry.turn == round[i].data.u64 >> 32) watchers[i] = entry.watcher;
+        }
+    }
+    for (int i = 0; i < count; ++i)
+        if (watchers[i] != nullptr) watchers[i]->onReady(round[i].events);
+    for (int i = 0; i < count; ++i)
+        if (watchers[i] != nullptr) watchers[i]->onRoundEnd();
+}
+
+} // namespace
+
+namespace poller {
+int watch(int descriptor, std::uint32_t events, std::shared_ptr<Watcher> watcher)
+{
+    return instance().watch(descriptor, events, std::move(watcher));
+}
+int rearm(int descriptor, std::uint32_t events) { return instance().rearm(descriptor, events); }
+void unwatch(int descriptor) { instance().unwatch(descriptor); }
+} // namespace poller
+
+} // namespace corekit::detail

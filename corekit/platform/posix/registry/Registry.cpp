@@ -1,0 +1,320 @@
+#include "corekit/platform/Registry.h"
+
+#include "corekit/platform/posix/registry/RegistryStore.h"
+
+#include <algorithm>
+#include <cstring>
+#include <deque>
+#include <mutex>
+#include <pthread.h>
+#include <stdexcept>
+#include <strings.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace {
+using corekit::detail::RegistryDatabase;
+using corekit::detail::RegistryError;
+using corekit::detail::RegistryStore;
+using corekit::detail::RegistryValue;
+using corekit::detail::SqliteError;
+
+constexpr DWORD kGenericRead = 0x80000000, kGenericWrite = 0x40000000, kGenericAll = 0x10000000;
+constexpr DWORD kMaximumAllowed = 0x02000000;
+constexpr DWORD kWritingRights = KEY_SET_VALUE | KEY_CREATE_SUB_KEY | 0x20 | 0xD0000; // links, delete, owner
+
+struct OpenKey {
+    std::shared_ptr<RegistryStore> store; // null: a free slot
+    RegistryStore::Key key = 0;
+    DWORD access = 0;
+    std::uint32_t serial = 1; // tells a slot's users apart
+};
+
+// One lock for all: the connection is one, and a call from the cache is over in a fraction of a microsecond.
+constinit std::mutex lock;
+
+// Never destroyed: keys may be used while the process ends.
+std::deque<OpenKey>& Slots()
+{
+    static auto* slots = new std::deque<OpenKey>;
+    return *slots;
+}
+
+// A connection belongs to the process that made it, so none is open while a process divides.
+void WatchForks()
+{
+    static const int watching = pthread_atfork(
+        [] {
+            lock.lock();
+            RegistryStore::DisconnectAll();
+        },
+        [] { lock.unlock(); }, [] { lock.unlock(); });
+    if (watching != 0) throw std::bad_alloc();
+}
+
+DWORD ErrorOf(const SqliteError& error)
+{
+    switch (error.code & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return ERROR_BUSY;
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+    case SQLITE_READONLY:
+        return ERROR_ACCESS_DENIED;
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+    case SQLITE_ERROR:
+        return ERROR_REGISTRY_CORRUPT; // an error in the statements: the tables are not ours
+    case SQLITE_FULL:
+        return ERROR_DISK_FULL;
+    case SQLITE_NOMEM:
+        return ERROR_NOT_ENOUGH_MEMORY;
+    case SQLITE_TOOBIG:
+        return ERROR_INVALID_PARAMETER;
+    default:
+        return ERROR_REGISTRY_IO_FAILED;
+    }
+}
+
+// Every public operation runs in here.
+template <class Operation>
+LONG Answer(Operation operation) noexcept
+{
+    DWORD code = ERROR_SUCCESS;
+    try {
+        WatchForks();
+        const std::lock_guard guard(lock);
+        try {
+            operation();
+        } catch (const SqliteError& error) {
+            code = ErrorOf(error);
+            if (code == ERROR_REGISTRY_CORRUPT || code == ERROR_REGISTRY_IO_FAILED)
+                RegistryStore::DisconnectAll();
+        }
+    } catch (const RegistryError& error) {
+        code = error.code;
+    } catch (const std::bad_alloc&) {
+        code = ERROR_NOT_ENOUGH_MEMORY;
+    } catch (const std::length_error&) {
+        code = ERROR_NOT_ENOUGH_MEMORY;
+    }
+    return static_cast<LONG>(code);
+}
+
+void Require(bool condition, DWORD code = ERROR_INVALID_PARAMETER)
+{
+    if (!condition) throw RegistryError{code};
+}
+
+constexpr int kSerialShift = 24;
+constexpr std::uintptr_t kSlotMask = (1u << kSerialShift) - 1;
+
+// A handle is the number of a slot, from 1, and that slot's serial number.
+OpenKey* FindSlot(HKEY key)
+{
+    const auto number = reinterpret_cast<std::uintptr_t>(key);
+    const std::uintptr_t slot = number & kSlotMask;
+    if (slot == 0 || slot > Slots().size()) return nullptr;
+    OpenKey& open = Slots()[slot - 1];
+    return open.store && open.serial == number >> kSerialShift ? &open : nullptr;
+}
+
+std::vector<std::uintptr_t>& FreeSlots()
+{
+    static auto* free = new std::vector<std::uintptr_t>;
+    return *free;
+}
+
+HKEY NewHandle(std::shared_ptr<RegistryStore> store, RegistryStore::Key key, DWORD access)
+{
+    if (FreeSlots().empty()) {
+        Require(Slots().size() < kSlotMask, ERROR_NOT_ENOUGH_MEMORY);
+        FreeSlots().reserve(Slots().size() + 1); // so that closing never fails
+        Slots().emplace_back();
+        FreeSlots().push_back(Slots().size());
+    }
+    const std::uintptr_t slot = FreeSlots().back();
+    FreeSlots().pop_back();
+    OpenKey& open = Slots()[slot - 1];
+    open = {std::move(store), key, access, open.serial};
+    return reinterpret_cast<HKEY>(slot | static_cast<std::uintptr_t>(open.serial) << kSerialShift);
+}
+
+// A hive, or a copy of the open key's record.
+OpenKey Opened(HKEY key, DWORD access = 0)
+{
+    if (key == HKEY_LOCAL_MACHINE)
+        return {RegistryStore::Current(), RegistryDatabase::kMachine, KEY_ALL_ACCESS};
+    if (key == HKEY_CURRENT_USER) return {RegistryStore::Current(), RegistryDatabase::kUser, KEY_ALL_ACCESS};
+    const OpenKey* open = FindSlot(key);
+    Require(open, ERROR_INVALID_HANDLE);
+    Require((open->access & access) == access, ERROR_ACCESS_DENIED);
+    return *open;
+}
+
+std::string PathOf(const char* subKey)
+{
+    std::string path = subKey ? subKey : "";
+    Require(!path.starts_with('\\'), ERROR_BAD_PATHNAME);
+    while (path.ends_with('\\')) path.pop_back();
+    return path;
+}
+
+// What the handle may do in the end; throws 5 for more than this user may.
+DWORD Granted(const RegistryStore& store, DWORD access)
+{
+    if (access & kMaximumAllowed) return store.MayWrite() ? KEY_ALL_ACCESS : KEY_READ;
+    if (access & kGenericAll) access |= KEY_ALL_ACCESS;
+    if (access & kGenericRead) access |= KEY_READ;
+    if (access & kGenericWrite) access |= KEY_WRITE;
+    Require(!(access & kWritingRights) || store.MayWrite(), ERROR_ACCESS_DENIED);
+    return access;
+}
+
+void CopyData(std::string_view from, BYTE* data, DWORD* size)
+{
+    if (!size) return;
+    const DWORD room = std::exchange(*size, static_cast<DWORD>(from.size()));
+    if (!data) return;
+    Require(from.size() <= room, ERROR_MORE_DATA);
+    std::copy_n(from.data(), from.size(), data);
+}
+
+void CopyText(std::string_view from, char* text, DWORD* size)
+{
+    if (!text || !size) return;
+    Require(from.size() < *size, ERROR_MORE_DATA);
+    text[from.copy(text, from.size())] = 0;
+    *size = static_cast<DWORD>(from.size());
+}
+
+std::string_view NameOf(const char* name) { return name ? name : ""; }
+} // namespace
+
+LONG RegOpenKeyExA(HKEY key, const char* subKey, DWORD, DWORD access, HKEY* result)
+{
+    return Answer([&] {
+        Require(result);
+        const OpenKey parent = Opened(key);
+        const RegistryStore::Key found = parent.store->Find(parent.key, PathOf(subKey));
+        Require(found != 0, ERROR_FILE_NOT_FOUND);
+        *result = NewHandle(parent.store, found, Granted(*parent.store, access));
+    });
+}
+
+LONG RegCreateKeyExA(HKEY key, const char* subKey, DWORD, const char* keyClass, DWORD options, DWORD access,
+                     const _SECURITY_ATTRIBUTES*, HKEY* result, DWORD* disposition)
+{
+    return Answer([&] {
+        Require(result && subKey && (options & ~REG_OPTION_VOLATILE) == 0);
+        const OpenKey parent = Opened(key);
+        const DWORD granted = Granted(*parent.store, access);
+        const auto [found, made] =
+            parent.store->Create(parent.key, PathOf(subKey), NameOf(keyClass), options & REG_OPTION_VOLATILE);
+        *result = NewHandle(parent.store, found, granted);
+        if (disposition) *disposition = made ? REG_CREATED_NEW_KEY : REG_OPENED_EXISTING_KEY;
+    });
+}
+
+LONG RegCloseKey(HKEY key)
+{
+    return Answer([&] {
+        if (key == HKEY_LOCAL_MACHINE || key == HKEY_CURRENT_USER) return;
+        OpenKey* open = FindSlot(key);
+        Require(open, ERROR_INVALID_HANDLE);
+        *open = {nullptr, 0, 0, open->serial + 1};
+        FreeSlots().push_back(reinterpret_cast<std::uintptr_t>(key) & kSlotMask);
+    });
+}
+
+LONG RegConnectRegistryA(const char* machine, HKEY hive, HKEY* result)
+{
+    return Answer([&] {
+        Require(result);
+        Require(hive == HKEY_LOCAL_MACHINE || hive == HKEY_CURRENT_USER, ERROR_INVALID_HANDLE);
+        std::string_view name = NameOf(machine);
+        name.remove_prefix(std::min(name.find_first_not_of('\\'), name.size()));
+        char own[256] = "";
+        gethostname(own, sizeof own - 1);
+        const auto is = [&](std::string_view other) {
+            return name.size() == other.size() && strncasecmp(name.data(), other.data(), name.size()) == 0;
+        };
+        Require(name.empty() || is(".") || is("localhost") || is(own), ERROR_BAD_NETPATH);
+        const OpenKey local = Opened(hive);
+        *result = NewHandle(local.store, local.key, Granted(*local.store, kMaximumAllowed));
+    });
+}
+
+LONG RegQueryValueExA(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* data, DWORD* size)
+{
+    return Answer([&] {
+        Require(size || !data);
+        const OpenKey open = Opened(key, KEY_QUERY_VALUE);
+        const RegistryValue* value = open.store->Value(open.key, NameOf(name));
+        Require(value, ERROR_FILE_NOT_FOUND);
+        if (type) *type = value->type;
+        CopyData(value->data, data, size);
+    });
+}
+
+LONG RegSetValueExA(HKEY key, const char* name, DWORD, DWORD type, const BYTE* data, DWORD size)
+{
+    return Answer([&] {
+        Require(data || size == 0);
+        const OpenKey open = Opened(key, KEY_SET_VALUE);
+        open.store->SetValue(open.key, NameOf(name), type, {reinterpret_cast<const char*>(data), size});
+    });
+}
+
+LONG RegDeleteValueA(HKEY key, const char* name)
+{
+    return Answer([&] {
+        const OpenKey open = Opened(key, KEY_SET_VALUE);
+        Require(open.store->DeleteValue(open.key, NameOf(name)), ERROR_FILE_NOT_FOUND);
+    });
+}
+
+LONG RegDeleteKeyA(HKEY key, const char* subKey)
+{
+    return Answer([&] {
+        Require(subKey);
+        const OpenKey parent = Opened(key);
+        const RegistryStore::Key found = parent.store->Find(parent.key, PathOf(subKey));
+        Require(found != 0, ERROR_FILE_NOT_FOUND);
+        parent.store->Delete(found);
+    });
+}
+
+LONG RegEnumKeyExA(HKEY key, DWORD index, char* name, DWORD* nameSize, DWORD*, char* keyClass,
+                   DWORD* classSize, FILETIME* time)
+{
+    return Answer([&] {
+        Require(name && nameSize && (!keyClass || classSize));
+        const OpenKey open = Opened(key, KEY_ENUMERATE_SUB_KEYS);
+        const auto& entries = open.store->Keys(open.key);
+        Require(index < entries.size(), ERROR_NO_MORE_ITEMS);
+        CopyText(entries[index].name, name, nameSize);
+        CopyText(entries[index].className, keyClass, classSize);
+        const auto changed = static_cast<std::uint64_t>(entries[index].changed);
+        if (time) *time = {static_cast<DWORD>(changed), static_cast<DWORD>(changed >> 32)};
+    });
+}
+
+LONG RegEnumValueA(HKEY key, DWORD index, char* name, DWORD* nameSize, DWORD*, DWORD* type, BYTE* data,
+                   DWORD* size)
+{
+    return Answer([&] {
+        Require(name && nameSize && (size || !data));
+        const OpenKey open = Opened(key, KEY_QUERY_VALUE);
+        const auto& entries = open.store->Values(open.key);
+        Require(index < entries.size(), ERROR_NO_MORE_ITEMS);
+        CopyText(entries[index].name, name, nameSize);
+        if (!type && !size) return;
+        const RegistryValue* value = open.store->Value(open.key, std::string(entries[index].name));
+        Require(value, ERROR_NO_MORE_ITEMS);
+        if (type) *type = value->type;
+        CopyData(value->data, data, size);
+    });
+}

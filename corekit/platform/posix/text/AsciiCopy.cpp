@@ -1,0 +1,33 @@
+#include "corekit/platform/posix/text/CodePage.h"
+#include "corekit/platform/Utf8Runs.h"
+
+#include <algorithm>
+
+namespace corekit::detail {
+namespace {
+
+template <typename From, typename To, typename Block>
+std::size_t copyWhileAscii(std::basic_string_view<From> text, Sink<To>& sink, Block copyBlock)
+{
+    const std::size_t count = std::min(text.size(), sink.room());
+    To* const to = sink.place();
+    std::size_t i = 0, run = kRunUnits;
+    for (; i + kRunUnits <= count && run == kRunUnits; i += run) run = copyBlock(text.data() + i, to + i);
+    for (; run == kRunUnits && i < count && (text[i] & ~0x7F) == 0; ++i) to[i] = static_cast<To>(text[i]);
+    sink.advance(i);
+    return i;
+}
+
+} // namespace
+
+std::size_t copyAscii(std::string_view text, Sink<WCHAR>& sink)
+{
+    return copyWhileAscii(text, sink, widenAscii);
+}
+
+std::size_t copyAscii(std::u16string_view text, Sink<char>& sink)
+{
+    return copyWhileAscii(text, sink, narrowAscii);
+}
+
+} // namespace corekit::detail

@@ -1,0 +1,121 @@
+#include "corekit/platform/qt/text/FontList.h"
+
+#include "corekit/platform/Gdi.h"
+#include "corekit/platform/qt/windows/NeverDestroyed.h"
+
+#include <algorithm>
+#include <QFontDatabase>
+
+namespace corekit::detail {
+
+namespace {
+
+constexpr std::size_t keptFonts = 128; // sizes without a handle that stay ready
+constexpr const char* defaultFaces[] = {"Noto Sans", "DejaVu Sans"};
+// Names that the toolkit adds to the machine's; each stands for another face and cannot be loaded.
+constexpr const char* genericNames[] = {"Monospace", "Sans Serif", "Serif"};
+
+std::string folded(std::string_view name)
+{
+    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())).toCaseFolded().toStdString();
+}
+
+bool isGeneric(const QString& name)
+{
+    return std::ranges::any_of(genericNames, [&](const char* g) { return name == QLatin1String(g); });
+}
+
+} // namespace
+
+std::string cutFaceName(std::string_view name)
+{
+    std::size_t length = std::min<std::size_t>(name.size(), LF_FACESIZE - 1);
+    if (length < name.size())
+        while (length > 0 && (static_cast<unsigned char>(name[length]) & 0xC0) == 0x80) --length;
+    return std::string(name.substr(0, length));
+}
+
+FontList& FontList::instance()
+{
+    static NeverDestroyed<FontList> list{FontList()};
+    return list.get();
+}
+
+FontList::FontList()
+{
+    for (const QString& name : QFontDatabase::families()) {
+        if (QFontDatabase::isPrivateFamily(name) || isGeneric(name)) continue;
+        families_.push_back({name, QFontDatabase::isSmoothlyScalable(name)});
+    }
+    enterNames();
+}
+
+void FontList::enterNames()
+{
+    for (const Family& f : families_) byName_.emplace(folded(f.name.toStdString()), &f);
+    for (const Family& f : families_) {
+        const std::string name = f.name.toStdString();
+        if (const std::string cut = cutFaceName(name); cut.size() < name.size())
+            byName_.emplace(folded(cut), &f);
+    }
+}
+
+int FontList::addFont(const QByteArray& file)
+{
+    int added = 0;
+    const int font = QFontDatabase::addApplicationFontFromData(file);
+    for (const QString& name : QFontDatabase::applicationFontFamilies(font)) {
+        const auto place = std::find_if(families_.begin(), families_.end(),
+                                        [&](const Family& f) { return f.name.compare(name) >= 0; });
+        if (place != families_.end() && place->name == name) continue;
+        families_.insert(place, {name, QFontDatabase::isSmoothlyScalable(name)});
+        ++added;
+    }
+    enterNames();
+    return added;
+}
+
+const FontList::Family* FontList::find(std::string_view name) const
+{
+    const auto found = byName_.find(folded(name));
+    return found == byName_.end() ? nullptr : found->second;
+}
+
+std::shared_ptr<Typeface> FontList::typeface(const Family& family, bool bold, bool italic)
+{
+    std::shared_ptr<Typeface>& face = typefaces_[{&family, bold, italic}];
+    if (!face) face = Typeface::load(family.name, bold, italic);
+    return face;
+}
+
+std::shared_ptr<Typeface> FontList::typefaceFor(std::string_view name, bool bold, bool italic)
+{
+    const auto load = [&](std::string_view wanted) -> std::shared_ptr<Typeface> {
+        const Family* const family = find(wanted);
+        return family && family->scalable ? typeface(*family, bold, italic) : nullptr;
+    };
+    if (auto face = load(name)) return face;
+    for (const char* const fallback : defaultFaces)
+        if (auto face = load(fallback)) return face;
+    for (const Family& family : families_)
+        if (auto face = load(family.name.toStdString())) return face;
+    return nullptr;
+}
+
+std::shared_ptr<SizedFont> FontList::font(std::string_view name, bool bold, bool italic, int height,
+                                          int width)
+{
+    const std::shared_ptr<Typeface> face = typefaceFor(name, bold, italic);
+    if (!face) return nullptr;
+    const auto same = [&](const Made& m) { return m.face == face && m.height == height && m.width == width; };
+    if (const auto found = std::find_if(made_.begin(), made_.end(), same); found != made_.end()) {
+        made_.splice(made_.begin(), made_, found);
+        return found->font;
+    }
+    made_.push_front({face, height, width, std::make_shared<SizedFont>(face, height, width)});
+    std::size_t unheld = 0;
+    made_.remove_if([&](const Made& m) { return m.font.use_count() == 1 && ++unheld > keptFonts; });
+    return made_.front().font;
+}
+
+} // namespace corekit::detail

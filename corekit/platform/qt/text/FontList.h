@@ -1,0 +1,54 @@
+// The faces of the machine by name, read once, and the fonts made from them, shared by all handles.
+// User-interface thread only; needs a running toolkit.
+#pragma once
+
+#include "corekit/platform/qt/text/SizedFont.h"
+
+#include <list>
+#include <map>
+
+namespace corekit::detail {
+
+class FontList {
+public:
+    static FontList& instance();
+
+    struct Family {
+        QString name;
+        bool scalable = false;
+    };
+    // All, sorted by name.
+    const std::list<Family>& families() const { return families_; }
+    // By name without regard to case, or by a name cut to 31 bytes; null if there is none.
+    const Family* find(std::string_view name) const;
+
+    // Takes in the faces of a font file; the number of those that are new.
+    int addFont(const QByteArray& file);
+
+    // The style of a family; null if it cannot be loaded.
+    std::shared_ptr<Typeface> typeface(const Family& family, bool bold, bool italic);
+    // What a font request gives, the default face where its own is unknown; null if the machine has no fonts.
+    std::shared_ptr<SizedFont> font(std::string_view name, bool bold, bool italic, int height, int width);
+
+private:
+    FontList();
+    std::shared_ptr<Typeface> typefaceFor(std::string_view name, bool bold, bool italic);
+
+    struct Made {
+        std::shared_ptr<Typeface> face;
+        int height, width;
+        std::shared_ptr<SizedFont> font;
+    };
+
+    void enterNames();
+
+    std::list<Family> families_;
+    std::map<std::string, const Family*, std::less<>> byName_; // folded, whole and cut
+    std::map<std::tuple<const Family*, bool, bool>, std::shared_ptr<Typeface>> typefaces_;
+    std::list<Made> made_; // last used first
+};
+
+// The name as it stands in a LOGFONTA: at most 31 bytes, whole characters.
+std::string cutFaceName(std::string_view name);
+
+} // namespace corekit::detail

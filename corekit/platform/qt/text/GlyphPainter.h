@@ -1,0 +1,57 @@
+// Draws placed glyphs into a bitmap: gathers the masks of a stretch, then blends the colour through them
+// once, so that shapes which touch leave no seam.
+#pragma once
+
+#include "corekit/platform/qt/drawing/GdiObjects.h"
+#include "corekit/platform/qt/text/TextRun.h"
+
+namespace corekit::detail {
+
+// Edges in pixels, right and bottom excluded; wide enough that no caller's coordinates overflow.
+struct Area {
+    std::int64_t left, top, right, bottom;
+
+    bool isEmpty() const { return left >= right || top >= bottom; }
+    Area cut(const Area& by) const;
+};
+
+Area areaOf(const RECT& rect);
+Area areaOf(const Bitmap& bitmap); // empty for a bitmap without pixels
+std::uint32_t pixelOf(COLORREF colour);
+// Fills what of `area` lies in the bitmap.
+void fillArea(Bitmap& bitmap, const Area& area, std::uint32_t pixel);
+
+class GlyphPainter {
+public:
+    // `clip` lies within the bitmap.
+    GlyphPainter(Bitmap& bitmap, const Area& clip, std::uint32_t pixel)
+        : bitmap_(bitmap), clip_(clip), pixel_(pixel)
+    {
+    }
+
+    void draw(SizedFont& font, const PlacedRun& run, std::int64_t x, std::int64_t baseline);
+
+private:
+    struct Item {
+        const GlyphMask* mask;
+        int x, y; // of the mask's first pixel
+    };
+    static constexpr std::size_t longestStretch = 512;
+    static constexpr std::size_t longestWord = 48;
+
+    // False if the word is too large for one mask.
+    bool drawWord(SizedFont& font, std::span<const PlacedGlyph> word, std::int64_t x, std::int64_t baseline);
+    void drawGlyph(SizedFont& font, const PlacedGlyph& glyph, std::int64_t x, std::int64_t baseline);
+    void add(const GlyphMask& mask, std::int64_t left, std::int64_t top);
+    void flush();
+    void blend(const std::uint8_t* mask, std::ptrdiff_t stride, const Area& box);
+
+    Bitmap& bitmap_;
+    const Area clip_;
+    const std::uint32_t pixel_;
+    std::size_t count_ = 0;
+    Area box_{}; // of all pending masks, within the clip
+    Item pending_[longestStretch];
+};
+
+} // namespace corekit::detail

@@ -1,0 +1,105 @@
+// A typeface at one size: widths in fractions of a pixel and the masks of glyphs already drawn.
+#pragma once
+
+#include "corekit/platform/qt/text/Typeface.h"
+
+#include <array>
+#include <cmath>
+#include <span>
+
+namespace corekit::detail {
+
+class OutlineFill;
+
+// Pen positions and widths count in 1/1024 pixel.
+using Subpixels = std::int64_t;
+inline constexpr int subpixelBits = 10;
+inline constexpr Subpixels wholePixel = Subpixels{1} << subpixelBits;
+constexpr Subpixels toPixels(Subpixels v) { return (v + wholePixel / 2) >> subpixelBits; }
+
+struct PlacedGlyph {
+    Subpixels x; // from the start of the run
+    int y;       // pixels below the baseline
+    std::uint16_t glyph;
+};
+
+// Coverage of a glyph or word, 255 full. Rows are padded with zeros to a multiple of 16 bytes.
+struct GlyphMask {
+    int left = 0, top = 0; // of the first pixel, from pen and baseline, y downward
+    int width = 0, height = 0, stride = 0;
+    std::unique_ptr<std::uint8_t[]>
+        coverage; // null where nothing is to be drawn, or in one too large to keep
+};
+
+class SizedFont {
+public:
+    SizedFont(std::shared_ptr<Typeface> face, int height, int width);
+    ~SizedFont();
+    SizedFont(const SizedFont&) = delete;
+    SizedFont& operator=(const SizedFont&) = delete;
+
+    struct Page {
+        std::uint16_t glyphs[256];
+        std::int32_t advances[256];
+    };
+    const Page& page(unsigned high)
+    {
+        const std::unique_ptr<Page>& p = pages_[high];
+        return p ? *p : loadPage(high);
+    }
+
+    // The mask of a glyph whose pen stands `quarter` quarters of a pixel right of a whole one.
+    const GlyphMask& mask(std::uint16_t glyph, unsigned quarter)
+    {
+        const std::unique_ptr<MaskBlock>& block = blocks_[glyph >> 6];
+        if (block)
+            if (const GlyphMask* const m = block->masks[glyph & 63][quarter].get()) return *m;
+        return makeMask(glyph, quarter);
+    }
+    // One mask for glyphs that touch, filled as one shape; the pen is that of the first.
+    const GlyphMask& wordMask(std::span<const PlacedGlyph> word, unsigned quarter);
+    // The part of a mask that covers these columns and rows, counted from pen and baseline.
+    GlyphMask maskPart(std::uint16_t glyph, unsigned quarter, int left, int top, int right, int bottom) const;
+
+    Typeface& face() { return *face_; }
+    const Typeface& face() const { return *face_; }
+    int ascent() const { return ascent_; }
+    int descent() const { return descent_; }
+    int height() const { return ascent_ + descent_; }
+    double em() const { return em_; }
+    double scaleX() const { return scaleX_; } // from design pixels
+    double scaleY() const { return scaleY_; }
+    int across(int designUnits) const; // rounded
+    int down(int designUnits) const;
+
+    // Frees masks of all fonts when they have grown beyond the limit. Between calls only: masks in use go,
+    // too.
+    static void trimMasks();
+
+private:
+    struct MaskBlock {
+        std::array<std::array<std::unique_ptr<GlyphMask>, 4>, 64> masks;
+    };
+
+    // Glyphs with their distances from the first, and the quarter.
+    using WordKey = std::u32string;
+    struct WordHash {
+        using is_transparent = void;
+        std::size_t operator()(std::u32string_view s) const { return std::hash<std::u32string_view>()(s); }
+    };
+
+    void dropMasks();
+    const Page& loadPage(unsigned high);
+    void addOutline(OutlineFill& to, std::uint16_t glyph, double x, double y) const;
+    const GlyphMask& makeMask(std::uint16_t glyph, unsigned quarter);
+
+    std::shared_ptr<Typeface> face_;
+    double em_ = 0, scaleX_ = 0, scaleY_ = 0;
+    int ascent_ = 0, descent_ = 0;
+    std::array<std::unique_ptr<Page>, 256> pages_;
+    std::array<std::unique_ptr<MaskBlock>, 1024> blocks_;
+    std::unordered_map<WordKey, std::unique_ptr<GlyphMask>, WordHash, std::equal_to<>> words_;
+    WordKey key_; // of the last word asked for
+};
+
+} // namespace corekit::detail

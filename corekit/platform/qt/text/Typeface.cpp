@@ -1,0 +1,138 @@
+#include "corekit/platform/qt/text/Typeface.h"
+
+#include <algorithm>
+#include <QGlyphRun>
+#include <QTextLayout>
+#include <QTextOption>
+
+namespace corekit::detail {
+
+namespace {
+
+constexpr int commonDesignSize = 1000;
+constexpr int greatestDesignSize = 2048; // keeps the layout's 26.6 numbers from overflowing
+constexpr std::size_t cachedLayouts = 512;
+constexpr std::size_t longestCached = 128;
+constexpr std::size_t cachedOutlines = 2048;
+
+std::span<const BYTE> bytesOf(const QByteArray& table)
+{
+    return {reinterpret_cast<const BYTE*>(table.constData()), static_cast<std::size_t>(table.size())};
+}
+
+// The layout would break the line at some controls and stretch others; each takes the room of a blank.
+QString layoutText(std::u16string_view text)
+{
+    QString out(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+    for (QChar& c : out) {
+        const QChar::Category category = c.category();
+        if (category == QChar::Other_Control || category == QChar::Separator_Line ||
+            category == QChar::Separator_Paragraph)
+            c = QLatin1Char(' ');
+    }
+    return out;
+}
+
+} // namespace
+
+std::shared_ptr<Typeface> Typeface::load(const QString& family, bool bold, bool italic)
+{
+    auto face = std::make_shared<Typeface>();
+    face->font_.setFamily(family);
+    face->font_.setWeight(bold ? QFont::Bold : QFont::Normal);
+    face->font_.setItalic(italic);
+    face->font_.setKerning(false);
+    face->font_.setHintingPreference(QFont::PreferNoHinting);
+    face->font_.setStyleStrategy(QFont::NoFontMerging);
+    face->font_.setPixelSize(commonDesignSize);
+    face->raw_ = QRawFont::fromFont(face->font_);
+    if (!face->raw_.isValid() || face->raw_.familyName().compare(family, Qt::CaseInsensitive) != 0)
+        return nullptr;
+    const int unitsPerEm = std::clamp(static_cast<int>(face->raw_.unitsPerEm()), 16, 16384);
+    face->designPixels_ = std::min(unitsPerEm, greatestDesignSize);
+    if (face->designPixels_ != commonDesignSize) {
+        face->font_.setPixelSize(static_cast<int>(face->designPixels_));
+        face->raw_ = QRawFont::fromFont(face->font_);
+    }
+    face->name_ = family.toStdString();
+    face->tables_.unitsPerEm = unitsPerEm;
+    face->tables_.read(bytesOf(face->raw_.fontTable("OS/2")), bytesOf(face->raw_.fontTable("hhea")),
+                       bytesOf(face->raw_.fontTable("post")));
+    face->holdsPieces_ = face->tables_.subsets == std::array<DWORD, 4>{};
+    return face;
+}
+
+// Joiners, direction marks and the like, which show nothing and take no room whatever ink a face has for
+// them.
+static bool isUnseen(unsigned unit)
+{
+    return (unit >= 0x200B && unit <= 0x200F) || (unit >= 0x202A && unit <= 0x202E) ||
+           (unit >= 0x2060 && unit <= 0x206F) || unit == 0xFEFF;
+}
+
+void Typeface::lookUp(unsigned high, std::uint16_t (&glyphs)[256], double (&advances)[256]) const
+{
+    QChar units[256];
+    quint32 indexes[256] = {};
+    QPointF steps[256] = {};
+    for (unsigned i = 0; i < 256; ++i) units[i] = QChar(high << 8 | i);
+    int count = 256;
+    // A lone surrogate has no glyph, and pairs would shift the answers.
+    if (high < 0xD8 || high > 0xDF) raw_.glyphIndexesForChars(units, 256, indexes, &count);
+    raw_.advancesForGlyphIndexes(indexes, steps, 256);
+    const QChar blank(u' ');
+    quint32 blankGlyph = 0;
+    int blanks = 1;
+    raw_.glyphIndexesForChars(&blank, 1, &blankGlyph, &blanks);
+    for (unsigned i = 0; i < 256; ++i) {
+        const bool unseen = isUnseen(high << 8 | i);
+        glyphs[i] = static_cast<std::uint16_t>(unseen ? blankGlyph : indexes[i]);
+        advances[i] = unseen ? 0 : steps[i].x();
+    }
+}
+
+const QPainterPath& Typeface::outline(std::uint16_t glyph)
+{
+    if (const auto found = outlines_.find(glyph); found != outlines_.end()) return found->second;
+    if (outlines_.size() >= cachedOutlines) outlines_.clear();
+    return outlines_.emplace(glyph, raw_.pathForGlyph(glyph)).first->second;
+}
+
+const ShapedText& Typeface::shape(std::u16string_view text, bool rightToLeft)
+{
+    if (text.size() > longestCached) return uncached_ = layOut(text, rightToLeft);
+    LayoutCache& cache = layouts_[rightToLeft];
+    if (const auto found = cache.find(text); found != cache.end()) return found->second;
+    if (cache.size() >= cachedLayouts) cache.clear();
+    return cache.emplace(text, layOut(text, rightToLeft)).first->second;
+}
+
+ShapedText Typeface::layOut(std::u16string_view text, bool rightToLeft) const
+{
+    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+    option.setTextDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setWrapMode(QTextOption::NoWrap);
+    option.setUseDesignMetrics(true);
+    option.setFlags(QTextOption::IncludeTrailingSpaces);
+    QTextLayout layout(layoutText(text), font_);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setNumColumns(static_cast<int>(text.size()));
+    layout.endLayout();
+
+    ShapedText shaped;
+    shaped.advance = line.horizontalAdvance();
+    const double baseline = line.y() + line.ascent();
+    for (const QGlyphRun& run : layout.glyphRuns()) {
+        const QList<quint32> glyphs = run.glyphIndexes();
+        const QList<QPointF> positions = run.positions();
+        for (qsizetype i = 0; i < glyphs.size(); ++i)
+            shaped.glyphs.push_back({static_cast<std::uint16_t>(glyphs[i]),
+                                     static_cast<float>(positions[i].x()),
+                                     static_cast<float>(positions[i].y() - baseline)});
+    }
+    return shaped;
+}
+
+} // namespace corekit::detail

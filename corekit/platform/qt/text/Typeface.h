@@ -1,0 +1,70 @@
+// One face in one style, at its design size: glyph numbers, widths, outlines, and laid-out text.
+// All sizes of the face share it; nothing is hinted, so everything scales in proportion.
+#pragma once
+
+#include "corekit/platform/qt/text/FontTables.h"
+
+#include <cstdint>
+#include <memory>
+#include <QFont>
+#include <QPainterPath>
+#include <QRawFont>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace corekit::detail {
+
+struct ShapedGlyph {
+    std::uint16_t glyph;
+    float x, y; // design pixels from the start of the baseline, y downward
+};
+
+struct ShapedText {
+    std::vector<ShapedGlyph> glyphs;
+    double advance = 0; // design pixels
+};
+
+class Typeface {
+public:
+    // Null if the toolkit does not give a scalable font of exactly this family.
+    static std::shared_ptr<Typeface> load(const QString& family, bool bold, bool italic);
+
+    const std::string& name() const { return name_; }
+    const FontTables& tables() const { return tables_; }
+    QByteArray table(const char* tag) const { return raw_.fontTable(tag); } // as it stands in the font file
+    // A face that claims no Unicode range has pieces of writing at its codes, not characters: each is drawn
+    // for itself and may touch the next.
+    bool holdsPieces() const { return holdsPieces_; }
+    double designPixels() const { return designPixels_; } // per em
+
+    // Glyphs and advances (in design pixels) of the 256 code units high * 256 ...
+    void lookUp(unsigned high, std::uint16_t (&glyphs)[256], double (&advances)[256]) const;
+    const QPainterPath& outline(std::uint16_t glyph); // stands until the next call
+    bool isBlank(std::uint16_t glyph) { return outline(glyph).isEmpty(); }
+
+    // Lays logical text out with full shaping and ordering. The result stands until the next call.
+    const ShapedText& shape(std::u16string_view text, bool rightToLeft);
+
+private:
+    struct TextHash {
+        using is_transparent = void;
+        std::size_t operator()(std::u16string_view s) const { return std::hash<std::u16string_view>()(s); }
+    };
+    using LayoutCache = std::unordered_map<std::u16string, ShapedText, TextHash, std::equal_to<>>;
+
+    ShapedText layOut(std::u16string_view text, bool rightToLeft) const;
+
+    std::string name_;
+    QFont font_;
+    QRawFont raw_;
+    FontTables tables_;
+    bool holdsPieces_ = false;
+    double designPixels_ = 0;
+    std::unordered_map<std::uint16_t, QPainterPath> outlines_;
+    LayoutCache layouts_[2];
+    ShapedText uncached_;
+};
+
+} // namespace corekit::detail

@@ -1,0 +1,45 @@
+#include "corekit/platform/Toolkit.h"
+
+#include "corekit/platform/qt/windows/NeverDestroyed.h"
+
+#include <QApplication>
+
+namespace {
+
+// The toolkit keeps references to both for as long as the application object lives.
+int argumentCount = 1;
+char programName[] = "corekit";
+char* arguments[] = {programName, nullptr};
+
+// A platform that cannot be opened ends the process, so a working one always stands last.
+QByteArray platformFor(ToolkitDisplay display)
+{
+    if (display == ToolkitDisplay::offscreen) return "offscreen";
+    const bool wayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    const bool x11 = !qEnvironmentVariableIsEmpty("DISPLAY");
+    return QByteArray(wayland ? "wayland;" : "") + (x11 ? "xcb;" : "") + "offscreen";
+}
+
+// Outside of a session the toolkit complains that there is no folder for run-time files, which nothing here
+// uses. Its other messages go where they always go.
+QtMessageHandler elsewhere = nullptr;
+
+void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (!message.startsWith(QLatin1String("QStandardPaths: "))) elsewhere(type, context, message);
+}
+
+} // namespace
+
+bool ToolkitIsRunning() { return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr; }
+
+bool StartToolkit(ToolkitDisplay display)
+{
+    if (QCoreApplication::instance()) return ToolkitIsRunning();
+    if (display == ToolkitDisplay::offscreen || qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", platformFor(display));
+    elsewhere = qInstallMessageHandler(PassOnMessage);
+    static corekit::detail::NeverDestroyed<QApplication> application(argumentCount, arguments);
+    qInstallMessageHandler(elsewhere);
+    return ToolkitIsRunning();
+}
