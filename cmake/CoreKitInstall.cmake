@@ -8,7 +8,7 @@ endif()
 install(TARGETS ${installed_targets} EXPORT CoreKitTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS corekit_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/corekit DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h"
-  PATTERN "*Impl.h" EXCLUDE)
+  PATTERN "*.inc"   PATTERN "*Impl.h" EXCLUDE)
 install(EXPORT CoreKitTargets NAMESPACE CoreKit:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/CoreKit)
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/CoreKitConfig.cmake.in
   ${PROJECT_BINARY_DIR}/CoreKitConfig.cmake INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/CoreKit)

@@ -8,7 +8,7 @@ trap 'rm -rf "$scratch"' EXIT
 
 # Public is what other code may call; insides of headers and sources are not.
 public() {
-    find corekit -mindepth 2 -name '*.h' -not -name '*Impl.h' -not -path '*/qt/*' -not -path '*/posix/*' | LC_ALL=C sort -f |
+    find corekit -mindepth 2 -name '*.h' -not -name '*Impl.h' -not -path '*/qt/*' -not -path '*/posix/*' -not -path '*/resources/*' | LC_ALL=C sort -f |
         while read -r header; do
             if grep -q COREKIT_API "$header" || ! grep -q 'namespace corekit::detail' "$header"; then echo "$header"; fi
         done

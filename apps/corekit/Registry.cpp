@@ -1,6 +1,7 @@
 #include "Commands.h"
 
 #include "corekit/foundation/ChainedException.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/RegistryKey.h"
 #include "corekit/stores/RegistryText.h"
 
@@ -53,7 +54,8 @@ void Set(const Options& options)
     const auto* data = reinterpret_cast<const BYTE*>(item.data.data());
     const LONG code =
         RegSetValueExA(key, options.name.c_str(), 0, item.type, data, static_cast<DWORD>(item.data.size()));
-    if (code != 0) ThrowChainedException(GetLastErrorException(static_cast<DWORD>(code)), 4131);
+    if (code != 0)
+        ThrowChainedException(GetLastErrorException(static_cast<DWORD>(code)), message::setValueFailed);
 }
 
 void List(const Options& options)

@@ -4,7 +4,7 @@
 //
 //     static constexpr ACCEL keys[] = {{FVIRTKEY | FCONTROL, 'S', 101}, {FVIRTKEY, 0x70, 102}};
 //     static constexpr auto table = AcceleratorResource(keys);
-//     static constexpr BinaryResource resources[] = {{"#9", "#4002", table}};
+//     static constexpr BinaryResource resources[] = {{"#9", "#7", table}};
 #pragma once
 
 #include "corekit/platform/Accelerators.h"

@@ -3,6 +3,7 @@
 #include "corekit/framework/MessageBox.h"
 #include "corekit/framework/Module.h"
 #include "corekit/platform/Errors.h"
+#include "corekit/resources/Messages.h"
 
 #include <algorithm>
 #include <cstring>
@@ -13,7 +14,6 @@ IMPLEMENT_DYNAMIC(CChainedException, CException)
 
 namespace {
 constexpr const char* separator = "\n";
-constexpr UINT invalidVersion = 4102;
 
 struct Free {
     void operator()(CException* e) const { e->Delete(); }
@@ -123,7 +123,7 @@ void ThrowInvalidVersionException(const char* objectName, DWORD versionFound, DW
 {
     const CString found = VersionText(versionFound), highest = VersionText(maxVersion);
     CString message;
-    message.FormatMessage(invalidVersion, objectName, found.GetString(), highest.GetString());
+    message.FormatMessage(message::invalidVersion, objectName, found.GetString(), highest.GetString());
     throw Make(nullptr, message);
 }
 

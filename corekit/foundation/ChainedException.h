@@ -2,7 +2,7 @@
 //
 // A chained exception is a text and, where something else caused the failure, the exception that did:
 //
-//     if (!ReadFile(...)) ThrowChainedException(GetLastErrorException(), 4104);
+//     if (!ReadFile(...)) ThrowChainedException(GetLastErrorException(), message::fileReadFailed);
 //     ...
 //     catch (CException* e) { ExceptionMessageBox(parent, e, MB_ICONSTOP); e->Delete(); }
 //
@@ -46,7 +46,8 @@ private:
 [[noreturn]] COREKIT_API void ThrowChainedException(CException* inner, UINT id, const char* insert1,
                                                     const char* insert2);
 
-// Message 4102. Versions hold the major number in bits 8 to 15 and the minor number in bits 0 to 7.
+// message::invalidVersion. Versions hold the major number in bits 8 to 15 and the minor number in
+// bits 0 to 7.
 [[noreturn]] COREKIT_API void ThrowInvalidVersionException(const char* objectName, DWORD versionFound,
                                                            DWORD maxVersion);
 

@@ -4,6 +4,7 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/FileTimes.h"
 #include "corekit/platform/FindFile.h"
+#include "corekit/resources/Messages.h"
 
 #include <algorithm>
 #include <cstring>
@@ -41,7 +42,7 @@ void ForEachMatch(const std::string& pattern, Visit visit)
 
 [[noreturn]] void ThrowFolder(const char* directory)
 {
-    ThrowChainedException(GetLastErrorException(), 4127u, directory);
+    ThrowChainedException(GetLastErrorException(), message::deleteDirectoryFailed, directory);
 }
 } // namespace
 
@@ -53,7 +54,7 @@ void File_DeleteFile(const char* path, int force)
         if (_chmod(path, _S_IREAD | _S_IWRITE) == 0 && DeleteFileA(path)) return;
         if (GetLastError() == ERROR_FILE_NOT_FOUND) SetLastError(why);
     }
-    ThrowChainedException(GetLastErrorException(), 4175u, path);
+    ThrowChainedException(GetLastErrorException(), message::deleteFileFailed, path);
 }
 
 void File_DeleteFilesMatchingPattern(const char* pattern, int force)
@@ -105,8 +106,9 @@ void CreateDirectoryAndParents(const char* path)
     const std::size_t cut = text.find_last_of("/\\");
     const std::string above = text.substr(0, cut == std::string::npos ? 0 : cut);
     const bool isRoot = above.empty() || (above.size() == 2 && above[1] == ':');
-    if (isRoot || GetLastError() != ERROR_PATH_NOT_FOUND) ThrowChainedException(nullptr, 4166u);
+    if (isRoot || GetLastError() != ERROR_PATH_NOT_FOUND)
+        ThrowChainedException(nullptr, message::createFoldersFailed);
     CreateDirectoryAndParents(above.c_str());
     if (!CreateDirectoryA(path, nullptr) && GetLastError() != ERROR_ALREADY_EXISTS)
-        ThrowChainedException(nullptr, 4166u);
+        ThrowChainedException(nullptr, message::createFoldersFailed);
 }

@@ -7,18 +7,20 @@
 
 #include "corekit/platform/Export.h"
 
-// A missing file is a success. Message 4175 over the system's reason.
+// A missing file is a success. message::deleteFileFailed over the system's reason.
 COREKIT_API void File_DeleteFile(const char* path, int force);
 // Every file, and no folder, that the pattern names; stops at the first failure.
 COREKIT_API void File_DeleteFilesMatchingPattern(const char* pattern, int force);
 // Those of them that were last written more than `days` whole days ago.
 COREKIT_API void File_DeleteFilesOlderThan(const char* pattern, int days, int force);
 
-// All that is in the folder. A path that grows past what the system takes ends it with message 4127.
+// All that is in the folder. A path that grows past what the system takes ends it with
+// message::deleteDirectoryFailed.
 COREKIT_API void File_DeleteDirectoryContents(const char* directory, int force);
-// The folder as well; of a link to a folder the link alone. Message 4127 over the system's reason.
+// The folder as well; of a link to a folder the link alone. message::deleteDirectoryFailed over the
+// system's reason.
 COREKIT_API void File_DeleteDirectoryAndContents(const char* directory, int force);
 
 // The folder and those above it that are missing; a folder that is there is a success. `\` and `/` both
-// separate. Message 4166 with no reason below it.
+// separate. message::createFoldersFailed with no reason below it.
 COREKIT_API void CreateDirectoryAndParents(const char* path);

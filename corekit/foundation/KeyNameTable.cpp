@@ -1,5 +1,7 @@
 #include "corekit/foundation/KeyNameTable.h"
 
+#include "corekit/resources/Messages.h"
+
 namespace {
 
 using corekit::detail::AcceleratorKeyName;
@@ -101,11 +103,18 @@ constexpr KeyName keyNames[] = {
 };
 
 constexpr AcceleratorKeyName acceleratorKeyNames[] = {
-    {8, 4246},   {9, 4247},   {13, 4248},  {19, 4249},  {20, 4250},  {27, 4251},  {32, 4252},  {33, 4253},
-    {34, 4254},  {35, 4255},  {36, 4256},  {37, 4257},  {38, 4258},  {39, 4259},  {40, 4260},  {44, 4261},
-    {45, 4262},  {46, 4263},  {96, 4264},  {97, 4265},  {98, 4266},  {99, 4267},  {100, 4268}, {101, 4269},
-    {102, 4270}, {103, 4271}, {104, 4272}, {105, 4273}, {106, 4274}, {107, 4275}, {108, 4276}, {109, 4277},
-    {110, 4278}, {111, 4279}, {144, 4280}, {145, 4281},
+    {8, message::keyBackSpace},    {9, message::keyTab},        {13, message::keyReturn},
+    {19, message::keyPause},       {20, message::keyCapsLock},  {27, message::keyEscape},
+    {32, message::keySpace},       {33, message::keyPageUp},    {34, message::keyPageDown},
+    {35, message::keyEnd},         {36, message::keyHome},      {37, message::keyLeft},
+    {38, message::keyUp},          {39, message::keyRight},     {40, message::keyDown},
+    {44, message::keyPrintScreen}, {45, message::keyInsert},    {46, message::keyDelete},
+    {96, message::keyNum0},        {97, message::keyNum1},      {98, message::keyNum2},
+    {99, message::keyNum3},        {100, message::keyNum4},     {101, message::keyNum5},
+    {102, message::keyNum6},       {103, message::keyNum7},     {104, message::keyNum8},
+    {105, message::keyNum9},       {106, message::keyMultiply}, {107, message::keyAdd},
+    {108, message::keyEnter},      {109, message::keySubtract}, {110, message::keyDecimal},
+    {111, message::keyDivide},     {144, message::keyNumLock},  {145, message::keyScrollLock},
 };
 
 } // namespace

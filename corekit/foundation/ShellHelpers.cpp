@@ -2,12 +2,13 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/Libraries.h"
+#include "corekit/resources/Messages.h"
 
 CString ShellGetSpecialFolder(int folder)
 {
     char path[MAX_PATH];
     if (!SHGetSpecialFolderPathA(nullptr, path, folder, FALSE))
-        ThrowChainedException(GetLastErrorException(), 4189u);
+        ThrowChainedException(GetLastErrorException(), message::shellError);
     return path;
 }
 
@@ -17,5 +18,5 @@ void scRegisterOleControl(const char* path)
     const FARPROC entry = library ? GetProcAddress(library, "DllRegisterServer") : nullptr;
     const bool done = entry && reinterpret_cast<HRESULT (*)()>(reinterpret_cast<void*>(entry))() >= 0;
     if (library) FreeLibrary(library);
-    if (!done) ThrowChainedException(nullptr, 4111u, path);
+    if (!done) ThrowChainedException(nullptr, message::controlModuleInvalid, path);
 }

@@ -5,9 +5,9 @@
 #include "corekit/platform/Export.h"
 #include "corekit/platform/ShellFolders.h"
 
-// The path of a CSIDL_ folder, which need not exist. Throws message 4189 over the system's reason.
+// The path of a CSIDL_ folder, which need not exist. Throws message::shellError over the system's reason.
 COREKIT_API CString ShellGetSpecialFolder(int folder);
 
-// Loads the library and calls its DllRegisterServer. Throws message 4111 with the path when there is no such
-// library or function, or when the function fails.
+// Loads the library and calls its DllRegisterServer. Throws message::controlModuleInvalid with the path when
+// there is no such library or function, or when the function fails.
 COREKIT_API void scRegisterOleControl(const char* path);

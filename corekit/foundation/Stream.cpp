@@ -3,14 +3,13 @@
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/foundation/TextConversion.h"
 #include "corekit/platform/Files.h"
+#include "corekit/resources/Messages.h"
 
 #include <algorithm>
 
 IMPLEMENT_DYNAMIC(CStream, CObject)
 
 namespace {
-
-constexpr UINT fileReadFailed = 4165;
 
 // Cuts an array to what has been read into it, also when reading it fails.
 template <class Array>
@@ -149,7 +148,7 @@ void CStream::CopyFromFile(HANDLE file, DWORD count)
         const DWORD n = std::min<DWORD>(count, sizeof buffer);
         DWORD moved = 0;
         if (!ReadFile(file, buffer, n, &moved, nullptr) || moved != n) {
-            ThrowChainedException(GetLastErrorException(), fileReadFailed);
+            ThrowChainedException(GetLastErrorException(), message::streamFileReadFailed);
         }
         InternalWrite(buffer, n);
         count -= n;
@@ -159,7 +158,7 @@ void CStream::CopyFromFile(HANDLE file, DWORD count)
 void CStream::CopyEntireFile(HANDLE file)
 {
     if (SetFilePointer(file, 0, nullptr, FILE_BEGIN) != 0) {
-        ThrowChainedException(GetLastErrorException(), fileReadFailed);
+        ThrowChainedException(GetLastErrorException(), message::streamFileReadFailed);
     }
     CopyFromFile(file, GetFileSize(file, nullptr));
 }

@@ -6,6 +6,7 @@
 #include "corekit/platform/Handles.h"
 #include "corekit/platform/Overlapped.h"
 #include "corekit/platform/Waits.h"
+#include "corekit/resources/Messages.h"
 
 #include <climits>
 #include <cstdarg>
@@ -32,7 +33,7 @@ void* scDuplicateHandle(void* handle)
     HANDLE copy = nullptr;
     if (!DuplicateHandle(GetCurrentProcess(), handle, GetCurrentProcess(), &copy, 0, FALSE,
                          DUPLICATE_SAME_ACCESS))
-        ThrowChainedException(GetLastErrorException(), 4128u);
+        ThrowChainedException(GetLastErrorException(), message::duplicateHandleFailed);
     return copy;
 }
 

@@ -8,7 +8,8 @@
 #include "corekit/framework/WinThread.h"
 #include "corekit/platform/Files.h"
 
-// A second handle to the same object, which lives until both are closed. Throws message 4128.
+// A second handle to the same object, which lives until both are closed. Throws
+// message::duplicateHandleFailed.
 COREKIT_API void* scDuplicateHandle(void* handle);
 
 // AfxBeginThread; the system's reason is thrown when the thread cannot be had.

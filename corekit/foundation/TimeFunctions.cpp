@@ -3,6 +3,7 @@
 #include "corekit/foundation/TestClock.h"
 #include "corekit/framework/MessageBox.h"
 #include "corekit/platform/SystemTime.h"
+#include "corekit/resources/Messages.h"
 
 #include <atomic>
 #include <climits>
@@ -10,7 +11,6 @@
 #include <string>
 
 namespace {
-constexpr UINT noTimeZone = 4099;
 constexpr long secondsPerDay = 86400;
 constexpr LONGLONG fileTimeOfEpoch = 116444736000000000;
 constexpr int room = 4096;
@@ -29,7 +29,7 @@ long AskBias()
     case TIME_ZONE_ID_DAYLIGHT:
         return (zone.Bias + zone.DaylightBias) * 60L;
     default:
-        AfxMessageBox(noTimeZone);
+        AfxMessageBox(message::noTimeZone);
         AfxAbort();
     }
 }

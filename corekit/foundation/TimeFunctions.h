@@ -2,7 +2,7 @@
 //
 // Times are seconds since 1970 in UTC, or the same shifted to local time. The offset is asked for at the
 // first use and kept, so a change to or from daylight saving is not seen until the next start. If the system
-// cannot tell it, message 4099 is shown and the process ends. Any thread.
+// cannot tell it, message::noTimeZone is shown and the process ends. Any thread.
 #pragma once
 
 #include "corekit/foundation/StringA.h"

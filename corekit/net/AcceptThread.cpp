@@ -4,6 +4,7 @@
 #include "corekit/net/XListenSocket.h"
 #include "corekit/platform/Handles.h"
 #include "corekit/platform/Waits.h"
+#include "corekit/resources/Messages.h"
 
 #include <algorithm>
 #include <memory>
@@ -31,7 +32,7 @@ try {
     m_bTerminateAccept = 0;
     m_hAcceptThread = scDuplicateHandle(scBeginThread(&AcceptThread, nullptr)->m_hThread);
 } catch (CException* e) {
-    ThrowChainedException(e, 4173u);
+    ThrowChainedException(e, message::acceptThreadFailed);
 }
 
 void XSocketApi::TerminateAcceptThread()
@@ -124,13 +125,13 @@ void XSocketApi::RegisterListenSocket(XListenSocket* listener)
     try {
         Select(listener);
     } catch (CException* e) {
-        ThrowChainedException(e, 4109u);
+        ThrowChainedException(e, message::socketRegisterFailed);
     }
 }
 
 void XSocketApi::Select(XListenSocket* listener)
 {
-    if (m_acceptCount == kMostSockets) ThrowChainedException(nullptr, 4174u);
+    if (m_acceptCount == kMostSockets) ThrowChainedException(nullptr, message::tooManyListenSockets);
     const HANDLE event = scCreateEvent(nullptr, 0, 0, nullptr);
     try {
         listener->WSAEventSelect(event, FD_ACCEPT);
@@ -148,14 +149,14 @@ void XSocketApi::RevokeListenSocket(XListenSocket* listener)
     try {
         Forget(listener);
     } catch (CException* e) {
-        ThrowChainedException(e, 4135u);
+        ThrowChainedException(e, message::socketRevokeFailed);
     }
 }
 
 void XSocketApi::Forget(XListenSocket* listener)
 {
     AcceptEntry* const entry = FindEntry(listener);
-    if (!entry) ThrowChainedException(nullptr, 4110u);
+    if (!entry) ThrowChainedException(nullptr, message::socketNotRegistered);
     listener->WSAEventSelect(nullptr, 0);
     CloseHandle(entry->event);
     std::move(entry + 1, m_acceptTable + m_acceptCount, entry);

@@ -4,6 +4,7 @@
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/framework/Module.h"
 #include "corekit/platform/SystemTime.h"
+#include "corekit/resources/Messages.h"
 
 #include <algorithm>
 
@@ -92,7 +93,7 @@ CException* CFtpClient::GetException() const
 
 int CFtpClient::WriteDataToSocket(XSocket& socket, const void* data, DWORD size)
 {
-    return socket.WriteSocket(data, size, static_cast<int>(m_timeout)) ? 1 : Failed(4095);
+    return socket.WriteSocket(data, size, static_cast<int>(m_timeout)) ? 1 : Failed(message::ftpSocketFailed);
 }
 
 int CFtpClient::SendCommand(const char* command, const char* argument)
@@ -104,7 +105,7 @@ int CFtpClient::SendCommand(const char* command, const char* argument)
     }
     LogString(0, line);
     line += "\r\n";
-    if (!m_socket) return Failed(4095);
+    if (!m_socket) return Failed(message::ftpSocketFailed);
     return WriteDataToSocket(*m_socket, line.GetString(), static_cast<DWORD>(line.GetLength()));
 }
 
@@ -112,8 +113,8 @@ int CFtpClient::GetMoreData(DWORD size, DWORD limit)
 {
     DWORD received = 0;
     if (!m_socket || !m_socket->ReadSocket(m_received.Room(size), size, received, static_cast<int>(limit)))
-        return Failed(4095);
-    if (received == 0) return Failed(4097);
+        return Failed(message::ftpSocketFailed);
+    if (received == 0) return Failed(message::ftpServerClosed);
     m_received.Added(received);
     return 1;
 }
@@ -123,7 +124,7 @@ int CFtpClient::ReadOneLine(CString& line, DWORD limit)
     const DWORD start = timeGetTime();
     while (!m_received.TakeLine(line)) {
         const DWORD rest = RestOf(limit, start);
-        if (rest == 0 && limit != 0) return Failed(4095);
+        if (rest == 0 && limit != 0) return Failed(message::ftpSocketFailed);
         if (m_received.Bytes().size() > FtpReader::kMostReply) return BreakOff();
         if (!GetMoreData(kControlRead, rest)) return 0;
     }
@@ -151,7 +152,7 @@ int CFtpClient::BreakOff()
 {
     m_received = {};
     if (m_socket) m_socket->Close();
-    return Failed(4095);
+    return Failed(message::ftpSocketFailed);
 }
 
 int CFtpClient::GetResultClass(const CStringArray& lines) { return LastOf(lines).GetAt(0) - '0'; }
@@ -184,12 +185,12 @@ int CFtpClient::Connect(const char* host, int port, const char* user, const char
         return 0;
     }
     CString text;
-    AfxFormatString1(text, 4181, host);
+    AfxFormatString1(text, message::ftpConnecting, host);
     LogString(0, text);
     m_socket = new XSocket;
     m_socket->SetConnectTimeout(m_timeout);
     if (!m_socket->ConnectTCPStream(host, port, WSA_FLAG_OVERLAPPED, noDelay))
-        m_lastError = LoadResourceString(4089);
+        m_lastError = LoadResourceString(message::ftpConnectFailed);
     else if (WaitForBanner() && LogonToSite(user, password))
         return 1;
     Disconnect();
@@ -206,7 +207,7 @@ int CFtpClient::WaitForBanner()
 {
     CStringArray lines;
     if (!GetServerMessage(lines)) return 0;
-    return GetResultClass(lines) == 2 ? 1 : Failed(4091, lines);
+    return GetResultClass(lines) == 2 ? 1 : Failed(message::ftpGreetingRefused, lines);
 }
 
 int CFtpClient::LogonToSite(const char* user, const char* password)
@@ -214,8 +215,8 @@ int CFtpClient::LogonToSite(const char* user, const char* password)
     CStringArray lines;
     if (!SendCommand("USER", user) || !GetServerMessage(lines)) return 0;
     if (GetResultClass(lines) == 2) return 1;
-    if (GetResultClass(lines) != 3) return Failed(4093, lines);
-    return Command("PASS", password, 4093);
+    if (GetResultClass(lines) != 3) return Failed(message::ftpLoginFailed, lines);
+    return Command("PASS", password, message::ftpLoginFailed);
 }
 
 int CFtpClient::SetIdleTimeout(int value)
@@ -228,16 +229,25 @@ int CFtpClient::SetIdleTimeout(int value)
 int CFtpClient::SetConnectionMode(eFtpMode mode)
 {
     if (mode == m_mode) return 1;
-    if (m_mode == ftpModeAvidFast) return Failed(4187);
+    if (m_mode == ftpModeAvidFast) return Failed(message::ftpAvidFastStays);
     if (mode < ftpModeNormal || mode > ftpModeAvidFast) return 0;
-    if (mode == ftpModeAvidFast && !Command("SITE FAST=4", nullptr, 4188)) return 0;
+    if (mode == ftpModeAvidFast && !Command("SITE FAST=4", nullptr, message::ftpAvidFastFailed)) return 0;
     m_mode = mode;
     return 1;
 }
 
-int CFtpClient::ChangeDirectory(const char* path) { return Command("CWD", path, 4176); }
-int CFtpClient::MakeDirectory(const char* path) { return Command("MKD", path, 4362); }
-int CFtpClient::RemoveDirectoryA(const char* path) { return Command("RMD", path, 4363); }
-int CFtpClient::DeleteFileA(const char* name) { return Command("DELE", name, 4364); }
-int CFtpClient::NoOp() { return Command("NOOP", nullptr, 4365); }
-int CFtpClient::set_transfer_mode(bool binary) { return Command("TYPE", binary ? "I" : "A", 4202); }
+int CFtpClient::ChangeDirectory(const char* path)
+{
+    return Command("CWD", path, message::ftpChangeFolderFailed);
+}
+int CFtpClient::MakeDirectory(const char* path) { return Command("MKD", path, message::ftpMakeFolderFailed); }
+int CFtpClient::RemoveDirectoryA(const char* path)
+{
+    return Command("RMD", path, message::ftpRemoveFolderFailed);
+}
+int CFtpClient::DeleteFileA(const char* name) { return Command("DELE", name, message::ftpDeleteFailed); }
+int CFtpClient::NoOp() { return Command("NOOP", nullptr, message::ftpNoOpFailed); }
+int CFtpClient::set_transfer_mode(bool binary)
+{
+    return Command("TYPE", binary ? "I" : "A", message::ftpTypeFailed);
+}

@@ -3,6 +3,7 @@
 #include "corekit/net/FtpClient.h"
 #include "corekit/platform/MulDiv.h"
 #include "corekit/platform/SystemTime.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/MemoryStream.h"
 
 #include <algorithm>
@@ -49,7 +50,7 @@ CFtpClient::Socket CFtpClient::SetupPassiveConnection()
     if (!SendCommand("PASV", nullptr) || !GetServerMessage(lines)) return nullptr;
     const CString line = LastOf(lines);
     if (line.Left(4) != "227 ") {
-        SetLastError(4179, lines);
+        SetLastError(message::ftpPassiveFailed, lines);
         return nullptr;
     }
     FtpPassiveAddress told = PassiveAddressIn({line.GetString(), static_cast<std::size_t>(line.GetLength())});
@@ -64,12 +65,13 @@ CFtpClient::Socket CFtpClient::SetupPassiveConnection()
     address.sin_family = AF_INET;
     address.sin_port = XSocketApi::htons(static_cast<WORD>(told.port));
     CString text;
-    text.Format(4182u, told.host[0], told.host[1], told.host[2], told.host[3], told.port);
+    text.Format(message::ftpConnectingPassive, told.host[0], told.host[1], told.host[2], told.host[3],
+                told.port);
     LogString(0, text);
     auto socket = std::make_unique<XSocket>();
     socket->SetConnectTimeout(m_timeout);
     if (socket->ConnectTCPStream(address, WSA_FLAG_OVERLAPPED, 0)) return socket;
-    SetLastError(4180);
+    SetLastError(message::ftpPassiveConnectFailed);
     return nullptr;
 }
 
@@ -130,10 +132,10 @@ int CFtpClient::GetDirList(const char* command, CStringArray& lines)
     case ftpModeAvidFast:
         return GetDirList_AvidFast(command, lines);
     }
-    return Failed(4177);
+    return Failed(message::ftpInternalError);
 }
 
-int CFtpClient::GetDirList_Normal() { return Failed(4177); }
+int CFtpClient::GetDirList_Normal() { return Failed(message::ftpInternalError); }
 
 int CFtpClient::GetDirList_Passive(const char* command, CStringArray& lines)
 {
@@ -142,20 +144,20 @@ int CFtpClient::GetDirList_Passive(const char* command, CStringArray& lines)
     CStringArray reply;
     if (!data || !SendCommand(command, nullptr) || !GetServerMessage(reply)) return 0;
     if (GetResultClass(reply) != 1) // a folder without files has no listing
-        return LastOf(reply).Left(3) == "450" ? 1 : Failed(4178, reply);
+        return LastOf(reply).Left(3) == "450" ? 1 : Failed(message::ftpListFailed, reply);
     ReadSocketToArray(*data, lines);
     data.reset();
     if (!GetServerMessage(reply)) return 0;
-    return GetResultClass(reply) == 2 ? 1 : Failed(4178, reply);
+    return GetResultClass(reply) == 2 ? 1 : Failed(message::ftpListFailed, reply);
 }
 
 int CFtpClient::GetDirList_AvidFast(const char* command, CStringArray& lines)
 {
     CStringArray reply;
     if (!SendCommand(command, nullptr) || !GetServerMessage(reply)) return 0;
-    if (GetResultClass(reply) != 1) return Failed(4178, reply);
+    if (GetResultClass(reply) != 1) return Failed(message::ftpListFailed, reply);
     if (!ReadFastModeData(lines) || !GetServerMessage(reply)) return 0;
-    return GetResultClass(reply) == 2 ? 1 : Failed(4178, reply);
+    return GetResultClass(reply) == 2 ? 1 : Failed(message::ftpListFailed, reply);
 }
 
 // --- files to here
@@ -170,7 +172,7 @@ int CFtpClient::GetFileToStream(const char* name, CStream& stream)
     case ftpModeAvidFast:
         return GetFile_AvidFast(name, stream);
     }
-    return Failed(4177);
+    return Failed(message::ftpInternalError);
 }
 
 int CFtpClient::GetFile_Passive(const char* name, CStream& stream)
@@ -179,7 +181,7 @@ int CFtpClient::GetFile_Passive(const char* name, CStream& stream)
     Socket data = SetupPassiveConnection();
     CStringArray reply;
     if (!data || !SendCommand("RETR", name) || !GetServerMessage(reply)) return 0;
-    if (GetResultClass(reply) != 1) return Failed(4186, reply);
+    if (GetResultClass(reply) != 1) return Failed(message::ftpRetrieveFailed, reply);
     int isWhole;
     try {
         isWhole = ReadSocketToStream(*data, stream);
@@ -190,14 +192,14 @@ int CFtpClient::GetFile_Passive(const char* name, CStream& stream)
     }
     data.reset();
     if (!GetServerMessage(reply)) return 0;
-    return isWhole && GetResultClass(reply) == 2 ? 1 : Failed(4186, reply);
+    return isWhole && GetResultClass(reply) == 2 ? 1 : Failed(message::ftpRetrieveFailed, reply);
 }
 
 int CFtpClient::GetFile_AvidFast(const char* name, CStream& stream)
 {
     CStringArray reply;
     if (!SendCommand("RETR", name) || !GetServerMessage(reply)) return 0;
-    if (GetResultClass(reply) != 1) return Failed(4186, reply);
+    if (GetResultClass(reply) != 1) return Failed(message::ftpRetrieveFailed, reply);
     try {
         if (!ReadFastModeData(stream)) return 0;
     } catch (CException*) {
@@ -205,7 +207,7 @@ int CFtpClient::GetFile_AvidFast(const char* name, CStream& stream)
         throw;
     }
     if (!GetServerMessage(reply)) return 0;
-    return GetResultClass(reply) == 2 ? 1 : Failed(4186, reply);
+    return GetResultClass(reply) == 2 ? 1 : Failed(message::ftpRetrieveFailed, reply);
 }
 
 int CFtpClient::ReadFastModeData(CStringArray& lines)
@@ -244,12 +246,12 @@ int CFtpClient::UploadStream(const char* name, CStream& stream)
     case ftpModeAvidFast:
         return Upload_Passive(name, stream);
     }
-    return Failed(4177);
+    return Failed(message::ftpInternalError);
 }
 
 int CFtpClient::UploadBuffer(const char* name, const void* data, unsigned int size)
 {
-    if (size > INT_MAX) return Failed(4177); // more than a stream over memory takes
+    if (size > INT_MAX) return Failed(message::ftpInternalError); // more than a stream over memory takes
     CMemoryStream stream(data, static_cast<int>(size));
     return UploadStream(name, stream);
 }
@@ -260,7 +262,7 @@ int CFtpClient::Upload_Passive(const char* name, CStream& stream)
     Socket data = SetupPassiveConnection();
     CStringArray reply;
     if (!data || !SendCommand("STOR", name) || !GetServerMessage(reply)) return 0;
-    if (GetResultClass(reply) != 1) return Failed(4201, reply);
+    if (GetResultClass(reply) != 1) return Failed(message::ftpStoreFailed, reply);
     DWORD sent = 0;
     try {
         if (!WriteStreamToSocket(*data, stream, sent)) {
@@ -277,5 +279,5 @@ int CFtpClient::Upload_Passive(const char* name, CStream& stream)
     }
     data.reset(); // so the server learns of the end
     if (!GetServerMessage(reply)) return 0;
-    return GetResultClass(reply) == 2 ? 1 : Failed(4201, reply);
+    return GetResultClass(reply) == 2 ? 1 : Failed(message::ftpStoreFailed, reply);
 }

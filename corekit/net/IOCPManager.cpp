@@ -2,6 +2,7 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/foundation/SystemHelpers.h"
+#include "corekit/resources/Messages.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -13,7 +14,6 @@ IMPLEMENT_DYNAMIC(CIOCPManager, CObject)
 static_assert(sizeof(CompletionRecord) == sizeof(OVERLAPPED) + 2 * sizeof(void*));
 
 namespace {
-constexpr UINT kCreatePortFailed = 4112;
 constexpr ULONG_PTR kStop = 0;
 } // namespace
 
@@ -21,7 +21,7 @@ void CIOCPManager::Initialise(int threadCount, int concurrency)
 {
     const HANDLE port = CreateIoCompletionPort(INVALID_HANDLE_VALUE, nullptr, kStop,
                                                static_cast<DWORD>(std::max(concurrency, 0)));
-    if (port == nullptr) ThrowChainedException(GetLastErrorException(), kCreatePortFailed);
+    if (port == nullptr) ThrowChainedException(GetLastErrorException(), message::createPortFailed);
     if (const HANDLE before = m_port.exchange(port); before != nullptr) CloseHandle(before);
     for (int i = std::min(threadCount, kMaxThreads - m_threadCount); i > 0; --i) StartThread();
 }

@@ -46,8 +46,8 @@ public:
     ~CIOCPManager() override = default;
 
     // Makes the port and starts so many threads, 64 at the most and none for 0 or less; `concurrency` of them
-    // work at once (0: as many as there are processors). Throws message 4112 when there is no port to be had,
-    // and the system's reason when a thread cannot start; those that did run until Shutdown.
+    // work at once (0: as many as there are processors). Throws message::createPortFailed when there is no
+    // port to be had, and the system's reason when a thread cannot start; those that did run until Shutdown.
     // A second call replaces the port: the threads turn to the new one, handles of the old one report
     // nowhere.
     void Initialise(int threadCount, int concurrency);

@@ -1,6 +1,7 @@
 #include "corekit/net/XListenSocket.h"
 
 #include "corekit/foundation/ChainedException.h"
+#include "corekit/resources/Messages.h"
 
 IMPLEMENT_DYNAMIC(XListenSocket, XSocket)
 
@@ -12,8 +13,9 @@ XListenSocket::~XListenSocket()
 void XListenSocket::BindAndListen(sockaddr* address, int backlog)
 {
     if (XSocketApi::bind(*this, address, sizeof *address) != 0)
-        ThrowChainedException(GetLastErrorException(), 4107u);
-    if (XSocketApi::listen(*this, backlog) != 0) ThrowChainedException(GetLastErrorException(), 4108u);
+        ThrowChainedException(GetLastErrorException(), message::socketBindFailed);
+    if (XSocketApi::listen(*this, backlog) != 0)
+        ThrowChainedException(GetLastErrorException(), message::socketListenFailed);
     XSocketApi::RegisterListenSocket(this);
     m_isRegistered = 1;
 }

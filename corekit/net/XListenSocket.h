@@ -21,7 +21,8 @@ public:
     ~XListenSocket() override;
 
     // Binds to an address of 16 bytes (port 0: any free one, see GetLocalAddress), listens and has
-    // connections accepted from now on. Throws messages 4107, 4108 and 4109.
+    // connections accepted from now on. Throws message::socketBindFailed, message::socketListenFailed and
+    // message::socketRegisterFailed.
     void BindAndListen(sockaddr* address, int backlog);
 
 protected:

@@ -3,6 +3,7 @@
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/net/XServiceQuery.h"
 #include "corekit/platform/Errors.h"
+#include "corekit/resources/Messages.h"
 
 #include <utility>
 
@@ -169,7 +170,7 @@ unsigned short XSocket::WSAHtons(unsigned short value)
 void XSocket::WSAEventSelect(void* event, long events)
 {
     if (XSocketApi::WSAEventSelect(m_hSocket, event, events) != 0)
-        ThrowChainedException(GetLastErrorException(), 4167u);
+        ThrowChainedException(GetLastErrorException(), message::socketEventSelectFailed);
 }
 
 void XSocket::WSAIoctl(unsigned long code, void* in, unsigned long inSize, void* out, unsigned long outSize,
@@ -177,7 +178,7 @@ void XSocket::WSAIoctl(unsigned long code, void* in, unsigned long inSize, void*
 {
     if (XSocketApi::WSAIoctl(m_hSocket, static_cast<DWORD>(code), in, static_cast<DWORD>(inSize), out,
                              static_cast<DWORD>(outSize), returned, overlapped, completion) != 0)
-        ThrowChainedException(GetLastErrorException(), 4168u);
+        ThrowChainedException(GetLastErrorException(), message::socketIoctlFailed);
 }
 
 int XSocket::WSAEnumNetworkEvents(void* event, _WSANETWORKEVENTS* events)

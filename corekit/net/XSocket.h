@@ -54,7 +54,7 @@ public:
     int ReadSocket(void* data, unsigned long size, unsigned long& received, int timeoutMs);
 
     unsigned short WSAHtons(unsigned short value);
-    // Throw messages 4167 and 4168.
+    // Throw message::socketEventSelectFailed and message::socketIoctlFailed.
     void WSAEventSelect(void* event, long events);
     void WSAIoctl(unsigned long code, void* in, unsigned long inSize, void* out, unsigned long outSize,
                   DWORD* returned, OVERLAPPED* overlapped, LPWSAOVERLAPPED_COMPLETION_ROUTINE completion);

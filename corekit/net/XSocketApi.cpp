@@ -1,6 +1,7 @@
 #include "corekit/net/XSocketApi.h"
 
 #include "corekit/foundation/ChainedException.h"
+#include "corekit/resources/Messages.h"
 
 #include <bit>
 
@@ -51,7 +52,7 @@ constinit std::atomic<int> XSocketApi::m_bInitDone = 0;
 FARPROC XSocketApi::GetProc(HINSTANCE library, const char* name)
 {
     const FARPROC function = GetProcAddress(library, name);
-    if (!function) ThrowChainedException(GetLastErrorException(), 4172u, name);
+    if (!function) ThrowChainedException(GetLastErrorException(), message::socketFunctionMissing, name);
     return function;
 }
 
@@ -107,11 +108,11 @@ try {
     const std::lock_guard lock(once);
     if (m_bInitDone) return nullptr;
     const HINSTANCE library = LoadLibraryA("WS2_32.DLL");
-    if (!library) ThrowChainedException(GetLastErrorException(), 4170u);
+    if (!library) ThrowChainedException(GetLastErrorException(), message::socketLibraryMissing);
     BindFunctions(library);
     WSADATA data;
     if (const int error = WSAStartup(2, &data); error != 0)
-        ThrowChainedException(GetLastErrorException(static_cast<DWORD>(error)), 4171u);
+        ThrowChainedException(GetLastErrorException(static_cast<DWORD>(error)), message::socketStartFailed);
     m_bInitDone = 1;
     return nullptr;
 } catch (CException* e) {

@@ -18,21 +18,24 @@ class XListenSocket;
 class COREKIT_API XSocketApi {
 public:
     // Binds the functions and starts the use of sockets. Null when that has been done, now or before; else
-    // the exception (messages 4170 to 4172), which the caller deletes.
+    // the exception (message::socketLibraryMissing to message::socketFunctionMissing), which the caller
+    // deletes.
     static CException* InitSockets();
     // Ends the use of sockets. The functions stay bound.
     static void ShutdownSockets();
     static int IsInitialised() { return m_bInitDone; }
 
-    // One thread accepts for all listen sockets of the process. Throws message 4173; does nothing when the
-    // thread is there.
+    // One thread accepts for all listen sockets of the process. Throws message::acceptThreadFailed; does
+    // nothing when the thread is there.
     static void CreateAcceptThread();
     // Waits for the thread to end, so it is not for OnAccept to call. Sockets that are still registered stay
     // so, and are served by the next thread.
     static void TerminateAcceptThread();
 
     // For XListenSocket: serves the socket from now on, or no longer. At most 63 at a time. Throw messages
-    // 4109 and 4135 over the reason, which is 4174 for the 64th socket and 4110 for one that is not served.
+    // message::socketRegisterFailed and message::socketRevokeFailed over the reason, which is
+    // message::tooManyListenSockets for the 64th socket and message::socketNotRegistered for one that is not
+    // served.
     static void RegisterListenSocket(XListenSocket* listener);
     static void RevokeListenSocket(XListenSocket* listener);
 

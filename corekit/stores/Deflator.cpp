@@ -1,6 +1,7 @@
 #include "corekit/stores/Deflator.h"
 
 #include "corekit/foundation/ChainedException.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/PackingBlocks.h"
 
 #include <memory>
@@ -36,5 +37,5 @@ void CDeflator::Except(const char* message, int code)
 {
     CString text(message);
     if (!message) text.Format("[%d]", code);
-    ThrowChainedException(nullptr, 4133u, text);
+    ThrowChainedException(nullptr, message::deflateFailed, text);
 }

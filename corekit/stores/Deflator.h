@@ -2,7 +2,7 @@
 //
 // The form is zlib's: its header, the data at the default level, its Adler-32. Nothing is written around
 // it, so whoever wants to know where it ends stores that beside it. Failures throw CChainedException: those
-// of the streams as they are, those of the compressor as message 4133. One thread at a time.
+// of the streams as they are, those of the compressor as message::deflateFailed. One thread at a time.
 #pragma once
 
 #include "corekit/framework/Object.h"

@@ -7,6 +7,7 @@
 #include "corekit/platform/FileAttributes.h"
 #include "corekit/platform/Files.h"
 #include "corekit/platform/FileTimes.h"
+#include "corekit/resources/Messages.h"
 
 #include <string_view>
 
@@ -68,7 +69,7 @@ bool MakeFolders(const std::string& folder, const std::string& name)
         const DWORD why = GetLastError();
         if (why != ERROR_PATH_NOT_FOUND && why != ERROR_FILE_NOT_FOUND) return true;
         CString text;
-        AfxFormatString1(text, 4350, path.c_str());
+        AfxFormatString1(text, message::createFolderFailed, path.c_str());
         StockMessageBox(nullptr, text, MB_OK | MB_ICONSTOP);
         return false;
     });

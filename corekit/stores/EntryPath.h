@@ -18,7 +18,7 @@ std::string PathBelow(const std::string& folder, const std::string& name);
 bool LeadsThroughLink(const std::string& folder, const std::string& name);
 
 // Makes the folder `name` below `folder` with all those above it. A part whose parent is not there is told by
-// message 4350, and then the result is false. A part that is there already is no failure.
+// message::createFolderFailed, and then the result is false. A part that is there already is no failure.
 bool MakeFolders(const std::string& folder, const std::string& name);
 
 // Gives the file the entry's date.

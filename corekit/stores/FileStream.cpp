@@ -4,6 +4,7 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
 #include "corekit/platform/Handles.h"
+#include "corekit/resources/Messages.h"
 
 #include <utility>
 
@@ -11,21 +12,16 @@ IMPLEMENT_DYNAMIC(CFileStream, CStream)
 
 namespace {
 
-constexpr UINT setEndFailed = 4101;
-constexpr UINT setPositionFailed = 4103;
-constexpr UINT readFailed = 4104;
-constexpr UINT writeFailed = 4105;
-
 [[noreturn]] void ThrowLastError(UINT message) { ThrowChainedException(GetLastErrorException(), message); }
 
 } // namespace
 
 CFileStream::CFileStream()
-    : PagedStream({.setPositionFailed = setPositionFailed,
-                   .writeFailed = writeFailed,
-                   .seekPastEnd = 4117,
-                   .readPastEnd = 4118,
-                   .skipPastEnd = 4119})
+    : PagedStream({.setPositionFailed = message::fileSetPositionFailed,
+                   .writeFailed = message::fileWriteFailed,
+                   .seekPastEnd = message::fileSeekPastEnd,
+                   .readPastEnd = message::fileReadPastEnd,
+                   .skipPastEnd = message::fileSkipPastEnd})
 {
 }
 
@@ -63,21 +59,23 @@ void CFileStream::SetEndOfStream()
 {
     m_size = m_position;
     MoveFilePointer(m_position);
-    if (!SetEndOfFile(m_file)) ThrowLastError(setEndFailed);
+    if (!SetEndOfFile(m_file)) ThrowLastError(message::fileSetEndFailed);
 }
 
 void CFileStream::LoadPage(DWORD base, BYTE* page, DWORD count)
 {
     MoveFilePointer(base);
     DWORD moved = 0;
-    if (!ReadFile(m_file, page, count, &moved, nullptr) || moved != count) ThrowLastError(readFailed);
+    if (!ReadFile(m_file, page, count, &moved, nullptr) || moved != count)
+        ThrowLastError(message::fileReadFailed);
 }
 
 void CFileStream::StorePage(DWORD base, const BYTE* page, DWORD count)
 {
     MoveFilePointer(base);
     DWORD moved = 0;
-    if (!WriteFile(m_file, page, count, &moved, nullptr) || moved != count) ThrowLastError(writeFailed);
+    if (!WriteFile(m_file, page, count, &moved, nullptr) || moved != count)
+        ThrowLastError(message::fileWriteFailed);
 }
 
 void CFileStream::MoveFilePointer(DWORD position)
@@ -85,5 +83,6 @@ void CFileStream::MoveFilePointer(DWORD position)
     LONG high = 0;
     SetLastError(NO_ERROR);
     const DWORD reached = SetFilePointer(m_file, static_cast<LONG>(position), &high, FILE_BEGIN);
-    if (reached == INVALID_SET_FILE_POINTER && GetLastError() != NO_ERROR) ThrowLastError(setPositionFailed);
+    if (reached == INVALID_SET_FILE_POINTER && GetLastError() != NO_ERROR)
+        ThrowLastError(message::fileSetPositionFailed);
 }

@@ -1,6 +1,7 @@
 #include "corekit/stores/Inflator.h"
 
 #include "corekit/foundation/ChainedException.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/PackingBlocks.h"
 
 #include <memory>
@@ -39,5 +40,5 @@ void CInflator::Except(const char* message, int code)
 {
     CString text(message);
     if (!message) text.Format("[%d]", code);
-    ThrowChainedException(nullptr, 4159u, text);
+    ThrowChainedException(nullptr, message::inflateFailed, text);
 }

@@ -1,8 +1,8 @@
 // CInflator: brings back what CDeflator, or any writer of the zlib form, has compressed.
 //
 // Memory is bounded whatever the data claim: output goes on to the stream block by block. Failures throw
-// CChainedException: those of the streams as they are, damaged, truncated or foreign data as message 4159.
-// What came out before the failure is in the output stream. One thread at a time.
+// CChainedException: those of the streams as they are, damaged, truncated or foreign data as
+// message::inflateFailed. What came out before the failure is in the output stream. One thread at a time.
 #pragma once
 
 #include "corekit/framework/Object.h"

@@ -7,6 +7,7 @@
 #include "corekit/platform/Profiles.h"
 #include "corekit/platform/Runtime.h"
 #include "corekit/platform/SystemNames.h"
+#include "corekit/resources/Messages.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -74,7 +75,7 @@ void CIniFile::Attach(const char* path, int bMustExist)
     const HANDLE file =
         CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                     OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) ThrowChainedException(nullptr, 4141);
+    if (file == INVALID_HANDLE_VALUE) ThrowChainedException(nullptr, message::iniFileMissing);
     CloseHandle(file);
 }
 

@@ -17,7 +17,7 @@ public:
     CIniFile() = default;
     explicit CIniFile(const char* path) : m_path(path) {}
 
-    // With bMustExist a file that cannot be read throws message 4141.
+    // With bMustExist a file that cannot be read throws message::iniFileMissing.
     void Attach(const char* path, int bMustExist = 0);
     const CString& GetPath() const { return m_path; }
 

@@ -1,14 +1,10 @@
 #include "corekit/stores/MemoryWindow.h"
 
 #include "corekit/foundation/ChainedException.h"
+#include "corekit/resources/Messages.h"
 
 namespace corekit::detail {
 namespace {
-constexpr UINT seekPositionInvalid = 4106;
-constexpr UINT readPastEnd = 4113;
-constexpr UINT extensionDisabled = 4114;
-constexpr UINT extensionFailed = 4115;
-constexpr UINT skipPastEnd = 4116;
 } // namespace
 
 // Texts of the typed layer mostly have 16 to 128 bytes: those are moved in eight blocks that overlap as the
@@ -42,23 +38,23 @@ DWORDLONG MemoryWindow::GrownRoom(DWORD count) const
 
 void MemoryWindow::CheckSeek(DWORD target) const
 {
-    if (target > size) ThrowChainedException(nullptr, seekPositionInvalid);
+    if (target > size) ThrowChainedException(nullptr, message::memorySeekInvalid);
 }
 
 DWORD MemoryWindow::SkipTarget(int count) const
 {
     const DWORD target = position + static_cast<DWORD>(count);
-    if (target > size) ThrowChainedException(nullptr, skipPastEnd);
+    if (target > size) ThrowChainedException(nullptr, message::memorySkipPastEnd);
     return target;
 }
 
-void MemoryWindow::ThrowReadPastEnd() { ThrowChainedException(nullptr, readPastEnd); }
+void MemoryWindow::ThrowReadPastEnd() { ThrowChainedException(nullptr, message::memoryReadPastEnd); }
 
-void MemoryWindow::ThrowMayNotGrow() { ThrowChainedException(nullptr, extensionDisabled); }
+void MemoryWindow::ThrowMayNotGrow() { ThrowChainedException(nullptr, message::memoryExtensionDisabled); }
 
 void MemoryWindow::ThrowCannotGrow(DWORD error)
 {
-    ThrowChainedException(GetLastErrorException(error), extensionFailed);
+    ThrowChainedException(GetLastErrorException(error), message::memoryExtensionFailed);
 }
 
 } // namespace corekit::detail

@@ -3,6 +3,7 @@
 #include "corekit/framework/MessageBox.h"
 #include "corekit/framework/Module.h"
 #include "corekit/framework/String.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/EntryPath.h"
 #include "corekit/stores/MemoryStream.h"
 #include "corekit/stores/ZipEntry.h"
@@ -97,7 +98,7 @@ int Extraction::TakeName(unz_file_info64& info, std::string& name)
 bool Extraction::MayWrite(const std::string& name, const unz_file_info64& info)
 {
     if (IsInsideName(name) && !IsLink(info) && !LeadsThroughLink(m_order.folder, name)) return true;
-    Tell(4356, PathBelow(m_order.folder, name), MB_OK | MB_ICONSTOP);
+    Tell(message::unzipOpenFileFailed, PathBelow(m_order.folder, name), MB_OK | MB_ICONSTOP);
     return false;
 }
 
@@ -105,7 +106,7 @@ void Extraction::MakeFolderEntry(const std::string& name, const unz_file_info64&
 {
     const std::string bare = name.substr(0, name.find_last_not_of("/\\") + 1);
     if (m_order.withoutPath || !MayWrite(bare.empty() ? name : bare, info)) return;
-    Tell(4353, name, MB_OK | MB_ICONINFORMATION);
+    Tell(message::unzipCreatingFolder, name, MB_OK | MB_ICONINFORMATION);
     if (!m_order.toMemory) MakeFolders(m_order.folder, bare);
 }
 
@@ -113,7 +114,7 @@ bool Extraction::UserKeeps(const std::string& path)
 {
     if (m_order.overwrite || m_order.toMemory || !OpenFile(path, "rb")) return false;
     CString format, question;
-    format.LoadString(4355);
+    format.LoadString(message::unzipOverwrite);
     question.FormatMessage(format);
     return StockMessageBox(nullptr, question, MB_YESNO | MB_ICONQUESTION) == IDNO;
 }
@@ -126,7 +127,7 @@ CFile Extraction::OpenOutput(const Target& target)
         MakeFolders(m_order.folder, target.name.substr(0, cut));
         file = OpenFile(target.path, "wb");
     }
-    if (!file) Tell(4356, target.path, MB_OK | MB_ICONSTOP);
+    if (!file) Tell(message::unzipOpenFileFailed, target.path, MB_OK | MB_ICONSTOP);
     return file;
 }
 
@@ -134,12 +135,12 @@ int Extraction::Copy(ZipEntry& entry, std::FILE* file)
 {
     while (true) {
         const int count = entry.Read(m_buffer.get(), bufferSize);
-        if (count < 0) Complain(4357);
+        if (count < 0) Complain(message::unzipReadFailed);
         if (count <= 0) return count;
         m_order.memory.Write(m_buffer.get(), static_cast<DWORD>(count));
         if (file && std::fwrite(m_buffer.get(), 1, static_cast<unsigned>(count), file) !=
                         static_cast<unsigned>(count)) {
-            Complain(4358);
+            Complain(message::unzipWriteFailed);
             return -1;
         }
     }
@@ -155,7 +156,7 @@ int Extraction::Write(ZipEntry& entry, const Target& target, const unz_file_info
     }
     int code = Copy(entry, file.get());
     if (std::fclose(file.release()) != 0 && code == UNZ_OK) {
-        Complain(4358);
+        Complain(message::unzipWriteFailed);
         code = -1;
     }
     if (code == UNZ_OK) ChangeFileDate(target.path, static_cast<DWORD>(info.dosDate));
@@ -169,9 +170,9 @@ int Extraction::Current(Fate* fate)
     *fate = Fate::extracted;
     unz_file_info64 info;
     std::string name;
-    if (const int code = TakeName(info, name)) return Complain(4351), code;
+    if (const int code = TakeName(info, name)) return Complain(message::unzipEntryInfoFailed), code;
     if (!m_buffer) m_buffer.reset(new (std::nothrow) BYTE[bufferSize]);
-    if (!m_buffer) return Complain(4352), noMemory;
+    if (!m_buffer) return Complain(message::unzipNoMemory), noMemory;
 
     const std::string bare = name.substr(name.find_last_of("/\\") + 1);
     if (bare.empty()) return MakeFolderEntry(name, info), UNZ_OK;
@@ -182,20 +183,20 @@ int Extraction::Current(Fate* fate)
         return UNZ_OK;
     }
     ZipEntry entry(m_archive, info, m_order.password);
-    if (const int code = entry.OpenCode()) return Complain(4354), code;
+    if (const int code = entry.OpenCode()) return Complain(message::unzipOpenEntryFailed), code;
     if (UserKeeps(target.path)) return UNZ_OK;
     if (const int code = Write(entry, target, info, fate)) return code;
     const int code = entry.Close();
-    if (code != UNZ_OK) Complain(4359);
+    if (code != UNZ_OK) Complain(message::unzipCloseEntryFailed);
     return code;
 }
 
 void Extraction::All()
 {
     unz_global_info64 info;
-    if (unzGetGlobalInfo64(m_archive, &info) != UNZ_OK) return Complain(4360);
+    if (unzGetGlobalInfo64(m_archive, &info) != UNZ_OK) return Complain(message::unzipArchiveInfoFailed);
     for (ZPOS64_T i = 0; i < info.number_entry; ++i) {
-        if (i != 0 && unzGoToNextFile(m_archive) != UNZ_OK) return Complain(4361);
+        if (i != 0 && unzGoToNextFile(m_archive) != UNZ_OK) return Complain(message::unzipNextEntryFailed);
         if (Current() != UNZ_OK) return;
     }
 }

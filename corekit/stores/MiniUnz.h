@@ -3,8 +3,8 @@
 // Entries are stored or deflated, plain or encrypted in the traditional way. Names are bytes and go to the
 // system as they stand, `\` and `/` both separating. No entry is written outside the output folder: one whose
 // name is absolute, names a drive, climbs with "..", is a link or leads through one, is refused with message
-// 4356 and the next is taken. Data pass block by block, so an archive costs no memory beyond the copy in the
-// memory stream. One archive at a time per thread.
+// message::unzipOpenFileFailed and the next is taken. Data pass block by block, so an archive costs no memory
+// beyond the copy in the memory stream. One archive at a time per thread.
 #pragma once
 
 #include "corekit/framework/Object.h"
@@ -20,11 +20,11 @@ public:
 
     // Extracts the whole archive, or the entry `oneFile` (exact case), below outputPath, which must exist;
     // null or empty is the current folder. Folders inside the archive are made as they come, which is told
-    // by message 4353 for each that has an entry of its own.
+    // by message::unzipCreatingFolder for each that has an entry of its own.
     //   bToMemory       no files are made
     //   memory          gets a copy of all contents, one after the other, in either case
     //   bWithoutPath    entries lose their folders
-    //   bOverwrite      0 asks before a file is replaced (message 4355)
+    //   bOverwrite      0 asks before a file is replaced (message::unzipOverwrite)
     //   password        for encrypted entries; may be null
     // False if there is no such archive or entry. Of a whole archive it is true otherwise: failures are told
     // by boxes with a stop sign, and one inside an entry's data ends the run. Only the memory stream throws.

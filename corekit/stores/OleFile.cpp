@@ -4,6 +4,7 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
 #include "corekit/platform/Storage.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/OleStream.h"
 
 #include <memory>
@@ -11,11 +12,6 @@
 IMPLEMENT_DYNAMIC(COleFile, CObject)
 
 namespace {
-constexpr UINT createFailed = 4142;
-constexpr UINT openStreamFailed = 4143;
-constexpr UINT setClassFailed = 4144;
-constexpr UINT commitFailed = 4145;
-constexpr UINT createStreamFailed = 4146;
 
 constexpr DWORD fileExists = 80;
 
@@ -74,12 +70,12 @@ int COleFile::Open(const char* name, UINT flags)
 void COleFile::Create(const char* name, int bOverwrite)
 {
     if (!bOverwrite && Exists(name))
-        ThrowChainedException(GetLastErrorException(fileExists), createFailed, name);
+        ThrowChainedException(GetLastErrorException(fileExists), message::oleFileCreateFailed, name);
     m_name = name;
     IStorage* storage = nullptr;
     const DWORD mode = STGM_CREATE | STGM_TRANSACTED | STGM_SHARE_EXCLUSIVE | STGM_READWRITE;
     const HRESULT result = StgCreateDocfile(StringW(name), mode, &storage);
-    if (result < 0) ThrowChainedException(Cause(result), createFailed, name);
+    if (result < 0) ThrowChainedException(Cause(result), message::oleFileCreateFailed, name);
     Replace(storage);
 }
 
@@ -87,7 +83,7 @@ void COleFile::Close() { Replace(nullptr); }
 
 COleStream* COleFile::OpenStream(const WCHAR* name)
 {
-    IStream* stream = StreamFrom(m_pStorage, name, openStreamFailed, [&](IStream** result) {
+    IStream* stream = StreamFrom(m_pStorage, name, message::oleFileOpenStreamFailed, [&](IStream** result) {
         return m_pStorage->OpenStream(name, nullptr, STGM_SHARE_EXCLUSIVE | STGM_READWRITE, 0, result);
     });
     return Attached(stream);
@@ -95,7 +91,7 @@ COleStream* COleFile::OpenStream(const WCHAR* name)
 
 COleStream* COleFile::CreateStream(const WCHAR* name)
 {
-    IStream* stream = StreamFrom(m_pStorage, name, createStreamFailed, [&](IStream** result) {
+    IStream* stream = StreamFrom(m_pStorage, name, message::oleFileCreateStreamFailed, [&](IStream** result) {
         const DWORD mode = STGM_CREATE | STGM_SHARE_EXCLUSIVE | STGM_READWRITE;
         return m_pStorage->CreateStream(name, mode, 0, 0, result);
     });
@@ -125,13 +121,13 @@ int COleFile::GetClassID(_GUID& id) const
 void COleFile::SetClassID(const _GUID& id)
 {
     const HRESULT result = m_pStorage ? m_pStorage->SetClass(id) : STG_E_INVALIDPOINTER;
-    if (result < 0) ThrowChainedException(Cause(result), setClassFailed);
+    if (result < 0) ThrowChainedException(Cause(result), message::oleFileSetClassFailed);
 }
 
 void COleFile::Commit()
 {
     const HRESULT result = m_pStorage ? m_pStorage->Commit(0) : STG_E_INVALIDPOINTER;
-    if (result < 0) ThrowChainedException(Cause(result), commitFailed);
+    if (result < 0) ThrowChainedException(Cause(result), message::oleFileCommitFailed);
 }
 
 bool COleFile::IsOleFile(const char* name) { return StgIsStorageFile(StringW(name)) == S_OK; }

@@ -30,20 +30,20 @@ public:
     // write, 0x30 deny read, 0x40 deny none. 0 on failure; the last error then holds the storage's result.
     int Open(const char* name, UINT flags);
     // An empty file of this name for this object alone. Without bOverwrite an existing file throws message
-    // 4142; with it, it keeps its content until Commit.
+    // message::oleFileCreateFailed; with it, it keeps its content until Commit.
     void Create(const char* name, int bOverwrite);
     void Close();
     bool IsOpen() const { return m_pStorage != nullptr; }
     const CString& GetFilename() const { return m_name; }
 
-    // New objects for the caller to delete; messages 4143 and 4146. A stream of that name is emptied by the
-    // latter.
+    // New objects for the caller to delete; message::oleFileOpenStreamFailed and
+    // message::oleFileCreateStreamFailed. A stream of that name is emptied by the latter.
     COleStream* OpenStream(const WCHAR* name);
     COleStream* CreateStream(const WCHAR* name);
 
     int GetClassID(_GUID& id) const;
-    void SetClassID(const _GUID& id); // message 4144
-    // Puts all that was flushed in place as a whole; message 4145.
+    void SetClassID(const _GUID& id); // message::oleFileSetClassFailed
+    // Puts all that was flushed in place as a whole; message::oleFileCommitFailed.
     void Commit();
     // The storage itself, which stays this object's; null when closed.
     IStorage* GetStorage() const { return m_pStorage; }

@@ -3,6 +3,7 @@
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Storage.h"
+#include "corekit/resources/Messages.h"
 
 #include <algorithm>
 #include <climits>
@@ -10,10 +11,6 @@
 IMPLEMENT_DYNAMIC(COleStream, CStream)
 
 namespace {
-constexpr UINT setPositionFailed = 4120;
-constexpr UINT readFailed = 4121;
-constexpr UINT writeFailed = 4122;
-constexpr UINT setSizeFailed = 4132;
 
 void Check(HRESULT result, UINT message)
 {
@@ -28,11 +25,11 @@ void CheckWhole(HRESULT result, bool whole, UINT message)
 } // namespace
 
 COleStream::COleStream()
-    : PagedStream({.setPositionFailed = setPositionFailed,
-                   .writeFailed = writeFailed,
-                   .seekPastEnd = 4123,
-                   .readPastEnd = 4124,
-                   .skipPastEnd = 4125})
+    : PagedStream({.setPositionFailed = message::oleStreamSetPositionFailed,
+                   .writeFailed = message::oleStreamWriteFailed,
+                   .seekPastEnd = message::oleStreamSeekPastEnd,
+                   .readPastEnd = message::oleStreamReadPastEnd,
+                   .skipPastEnd = message::oleStreamSkipPastEnd})
 {
 }
 
@@ -44,7 +41,7 @@ COleStream::~COleStream()
 void COleStream::AttachStream(IStream* stream)
 {
     DWORDLONG size = 0;
-    Check(stream->Seek(0, STREAM_SEEK_END, &size), setPositionFailed);
+    Check(stream->Seek(0, STREAM_SEEK_END, &size), message::oleStreamSetPositionFailed);
     m_pStream = stream;
     try {
         StartPages(static_cast<DWORD>(std::min<DWORDLONG>(size, UINT_MAX)));
@@ -60,7 +57,7 @@ void COleStream::InternalWrite(const void* buffer, DWORD count) { PagedStream::I
 void COleStream::SetEndOfStream()
 {
     m_size = m_position;
-    Check(m_pStream->SetSize(m_size), setSizeFailed);
+    Check(m_pStream->SetSize(m_size), message::oleStreamSetSizeFailed);
 }
 
 void COleStream::LoadPage(DWORD base, BYTE* page, DWORD count)
@@ -68,7 +65,7 @@ void COleStream::LoadPage(DWORD base, BYTE* page, DWORD count)
     MoveCursor(base);
     DWORD moved = 0;
     const HRESULT result = m_pStream->Read(page, count, &moved);
-    CheckWhole(result, moved == count, readFailed);
+    CheckWhole(result, moved == count, message::oleStreamReadFailed);
 }
 
 void COleStream::StorePage(DWORD base, const BYTE* page, DWORD count)
@@ -76,10 +73,10 @@ void COleStream::StorePage(DWORD base, const BYTE* page, DWORD count)
     MoveCursor(base);
     DWORD moved = 0;
     const HRESULT result = m_pStream->Write(page, count, &moved);
-    CheckWhole(result, moved == count, writeFailed);
+    CheckWhole(result, moved == count, message::oleStreamWriteFailed);
 }
 
 void COleStream::MoveCursor(DWORD position)
 {
-    Check(m_pStream->Seek(position, STREAM_SEEK_SET, nullptr), setPositionFailed);
+    Check(m_pStream->Seek(position, STREAM_SEEK_SET, nullptr), message::oleStreamSetPositionFailed);
 }

@@ -174,11 +174,11 @@ public:
 
     void Empty();
     // Appends what the stream holds, without a look at the names that are there. A failure throws what the
-    // stream throws, message 4102 for another version, or message 4147 where stores nest deeper than
-    // deepestNesting; what was read before it is kept.
-    // Takes as much memory as the stream has bytes, and at most 16 MiB more. What was read stays packed until
-    // the first look at it, which unpacks one level and takes the time and the memory for it; a nested store
-    // that nobody looked at keeps the bytes of the whole.
+    // stream throws, message::invalidVersion for another version, or message::dataCorrupt where stores nest
+    // deeper than deepestNesting; what was read before it is kept. Takes as much memory as the stream has
+    // bytes, and at most 16 MiB more. What was read stays packed until the first look at it, which unpacks
+    // one level and takes the time and the memory for it; a nested store that nobody looked at keeps the
+    // bytes of the whole.
     void ReadStream(CStream& stream);
     // Stores of any depth are written; ones deeper than deepestNesting are not read again.
     void WriteStream(CStream& stream);

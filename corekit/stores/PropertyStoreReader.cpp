@@ -1,6 +1,7 @@
 // Reads the stream form of a property store: checks it and keeps its bytes, which are unpacked only when
 // somebody looks at them.
 #include "corekit/foundation/ChainedException.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/PropertyStoreBody.h"
 
 #include <algorithm>
@@ -16,7 +17,6 @@ namespace {
 using corekit::detail::PackedForm;
 
 constexpr DWORD formVersion = 256;
-constexpr UINT corruptData = 4147;
 
 // Takes large pieces off the stream and walks over the form in them. What was taken in advance goes back: the
 // stream ends up behind the last byte that was walked over.
@@ -69,7 +69,7 @@ private:
 
     void PassForm(Form& form, int depth)
     {
-        if (depth > CPropertyStore::deepestNesting) ThrowChainedException(nullptr, corruptData);
+        if (depth > CPropertyStore::deepestNesting) ThrowChainedException(nullptr, message::dataCorrupt);
         form.begin = m_at;
         if (const auto version = Get<DWORD>(); version != formVersion) {
             ThrowInvalidVersionException("CPropertyStore", version, formVersion);

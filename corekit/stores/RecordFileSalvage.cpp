@@ -2,6 +2,7 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/Files.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/RecordFileFormat.h"
 #include "corekit/stores/VariableLengthRecordFile.h"
 
@@ -13,7 +14,6 @@ namespace {
 using namespace corekit::detail;
 using Progress = std::function<void(int done, int total)>;
 
-constexpr UINT readFailed = 4094;
 constexpr DWORD firstSectors = 64; // of the target; it grows
 
 [[noreturn]] void ThrowAboutFile(const char* what, const char* name)
@@ -83,7 +83,8 @@ private:
     }
     void Read(DWORD offset, void* to, DWORD size)
     {
-        if (!TryRead(offset, to, size)) ThrowChainedException(GetLastErrorException(), readFailed);
+        if (!TryRead(offset, to, size))
+            ThrowChainedException(GetLastErrorException(), message::recordFileReadFailed);
     }
 
     HANDLE m_file;

@@ -2,6 +2,7 @@
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/FreeSlots.h"
 #include "corekit/stores/FreeSpaceIndex.h"
 #include "corekit/stores/VariableLengthRecordFile.h"
@@ -13,12 +14,11 @@ using namespace corekit::detail;
 
 namespace {
 
-constexpr UINT writeFailed = 4092, setLengthFailed = 4096;
 constexpr DWORD growSectors = 64; // the least by which a file grows
 
 [[noreturn]] void ThrowTooLarge()
 {
-    ThrowChainedException(GetLastErrorException(ERROR_FILE_TOO_LARGE), setLengthFailed);
+    ThrowChainedException(GetLastErrorException(ERROR_FILE_TOO_LARGE), message::recordFileSetLengthFailed);
 }
 
 DWORD EntryBytes(DWORD count) { return count * static_cast<DWORD>(sizeof(VLRExtent)); }
@@ -164,5 +164,6 @@ void CVariableLengthRecordFile::Flush()
     WriteIndex();
     WriteFreeSpaceMap();
     WriteHeader();
-    if (!FlushFileBuffers(m_file)) ThrowChainedException(GetLastErrorException(), writeFailed);
+    if (!FlushFileBuffers(m_file))
+        ThrowChainedException(GetLastErrorException(), message::recordFileWriteFailed);
 }

@@ -2,6 +2,7 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/Guid.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/RegistryText.h"
 
 #include <cstdlib>
@@ -36,7 +37,8 @@ void CRegistryKey::Create(HKEY parent, const char* subKey, DWORD options, DWORD 
                           _SECURITY_ATTRIBUTES* security)
 {
     HKEY key = nullptr;
-    Check(RegCreateKeyExA(parent, subKey, 0, "", options, access, security, &key, nullptr), 4129);
+    Check(RegCreateKeyExA(parent, subKey, 0, "", options, access, security, &key, nullptr),
+          message::createKeyFailed);
     Replace(key);
 }
 
@@ -69,7 +71,7 @@ HKEY CRegistryKey::Detach() { return std::exchange(m_hKey, nullptr); }
 
 void CRegistryKey::Close()
 {
-    Check(RegCloseKey(m_hKey), 4130);
+    Check(RegCloseKey(m_hKey), message::closeKeyFailed);
     m_hKey = nullptr;
 }
 
@@ -198,7 +200,8 @@ int CRegistryKey::GetValue(const char* name, CWordArray& value) const
 
 void CRegistryKey::Write(const char* name, DWORD type, const void* data, DWORD size)
 {
-    Check(RegSetValueExA(m_hKey, name, 0, type, static_cast<const BYTE*>(data), size), 4131);
+    Check(RegSetValueExA(m_hKey, name, 0, type, static_cast<const BYTE*>(data), size),
+          message::setValueFailed);
 }
 
 void CRegistryKey::SetValue(const char* name, const char* value)

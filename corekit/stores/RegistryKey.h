@@ -6,7 +6,8 @@
 //
 // Texts are REG_SZ, numbers of 32 bits REG_DWORD, all else is REG_BINARY; a GUID is text with braces. Getters
 // return 1, or 0 for a missing value or one of another type or size, and then leave the output alone.
-// Setters throw message 4131. The object owns its handle. Any thread, one at a time for one object.
+// Setters throw message::setValueFailed. The object owns its handle. Any thread, one at a time for one
+// object.
 #pragma once
 
 #include "corekit/framework/Array.h"
@@ -25,8 +26,8 @@ public:
     operator HKEY() const { return m_hKey; }
     bool IsOpen() const { return m_hKey != nullptr; }
 
-    // Opens the key or makes it with all that is missing above it; throws message 4129. Like every operation
-    // that opens a key, it closes the one held so far once the new one is there.
+    // Opens the key or makes it with all that is missing above it; throws message::createKeyFailed. Like
+    // every operation that opens a key, it closes the one held so far once the new one is there.
     void Create(HKEY parent, const char* subKey, DWORD options = REG_OPTION_NON_VOLATILE,
                 DWORD access = 0x2001F, _SECURITY_ATTRIBUTES* security = nullptr);
     // 0 on failure; the key held so far then stays.
@@ -37,7 +38,7 @@ public:
     void Attach(HKEY key);
     // Gives the handle away; the caller closes it.
     HKEY Detach();
-    // Throws message 4130, also if no key is open.
+    // Throws message::closeKeyFailed, also if no key is open.
     void Close();
 
     int GetValue(const char* name, CString& value) const;

@@ -2,6 +2,7 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/CodePages.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/RegistryKey.h"
 
 #include <charconv>
@@ -272,7 +273,8 @@ int WalkLines(std::string_view text, bool apply, int& number)
         const LONG code =
             RegSetValueExA(key, name.c_str(), 0, item.type, reinterpret_cast<const BYTE*>(item.data.data()),
                            static_cast<DWORD>(item.data.size()));
-        if (code != 0) ThrowChainedException(GetLastErrorException(static_cast<DWORD>(code)), 4131);
+        if (code != 0)
+            ThrowChainedException(GetLastErrorException(static_cast<DWORD>(code)), message::setValueFailed);
     }
     return values;
 }

@@ -6,6 +6,7 @@
 #include "corekit/foundation/SafeAlloc.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/FreeSlots.h"
 #include "corekit/stores/FreeSpaceIndex.h"
 #include "corekit/stores/MemoryStream.h"
@@ -18,8 +19,6 @@ using namespace corekit::detail;
 IMPLEMENT_DYNAMIC(CVariableLengthRecordFile, CObject)
 
 namespace {
-
-constexpr UINT seekFailed = 4090, writeFailed = 4092, readFailed = 4094, setLengthFailed = 4096;
 
 // At creation: the header's sector, then index and map of eight sectors each.
 constexpr DWORD areaSectors = 8, firstFreeSector = 1 + 2 * areaSectors;
@@ -145,9 +144,9 @@ int CVariableLengthRecordFile::AddRecord(const void* data, DWORD size, int bFlus
 
 void CVariableLengthRecordFile::SetRecord(int record, const void* data, DWORD size, int bFlush)
 {
-    if (record < 0) ThrowWithError(ERROR_INVALID_PARAMETER, writeFailed);
+    if (record < 0) ThrowWithError(ERROR_INVALID_PARAMETER, message::recordFileWriteFailed);
     if (record >= m_index.GetSize()) {
-        if (record >= maxRecords) ThrowWithError(ERROR_FILE_TOO_LARGE, setLengthFailed);
+        if (record >= maxRecords) ThrowWithError(ERROR_FILE_TOO_LARGE, message::recordFileSetLengthFailed);
         ExtendIndex(record + 1);
     }
     StoreRecord(record, data, size, bFlush);
@@ -155,7 +154,8 @@ void CVariableLengthRecordFile::SetRecord(int record, const void* data, DWORD si
 
 void CVariableLengthRecordFile::ReplaceRecord(int record, const void* data, DWORD size, int bFlush)
 {
-    if (record < 0 || record >= m_index.GetSize()) ThrowWithError(ERROR_INVALID_PARAMETER, writeFailed);
+    if (record < 0 || record >= m_index.GetSize())
+        ThrowWithError(ERROR_INVALID_PARAMETER, message::recordFileWriteFailed);
     StoreRecord(record, data, size, bFlush);
 }
 
@@ -191,7 +191,7 @@ void CVariableLengthRecordFile::GetRecord(int record, void*& data, DWORD& size)
     const VLRExtent entry = m_index[record];
     // A size that the file does not have is told before there is memory for it.
     if (static_cast<std::uint64_t>(entry.nOffset) + entry.nSize > m_bytesOnDisk && entry.nSize > 0)
-        ThrowWithError(ERROR_HANDLE_EOF, readFailed);
+        ThrowWithError(ERROR_HANDLE_EOF, message::recordFileReadFailed);
     void* const block = __safe_malloc(static_cast<int>(entry.nSize), __FILE__, __LINE__);
     try {
         ReadBlock(entry.nOffset, block, entry.nSize);
@@ -230,7 +230,7 @@ int CVariableLengthRecordFile::FindFreeRecord()
     }
     if (const auto lowest = m_freeSlots->Lowest(); lowest >= 0) return static_cast<int>(lowest);
     const int record = m_index.GetSize();
-    if (record >= maxRecords) ThrowWithError(ERROR_FILE_TOO_LARGE, setLengthFailed);
+    if (record >= maxRecords) ThrowWithError(ERROR_FILE_TOO_LARGE, message::recordFileSetLengthFailed);
     ExtendIndex(record + 1);
     return record;
 }
@@ -269,7 +269,7 @@ void CVariableLengthRecordFile::ReadIndexAndMap()
 void CVariableLengthRecordFile::ReadEntries(CArray<VLRExtent>& to, DWORD offset, DWORD count)
 {
     const std::uint64_t bytes = std::uint64_t{count} * sizeof(VLRExtent);
-    if (offset + bytes > m_bytesOnDisk) ThrowWithError(ERROR_HANDLE_EOF, readFailed);
+    if (offset + bytes > m_bytesOnDisk) ThrowWithError(ERROR_HANDLE_EOF, message::recordFileReadFailed);
     to.SetSize(static_cast<int>(count));
     ReadBytes(offset, to.GetData(), static_cast<DWORD>(bytes)); // a view would hold them a second time
 }
@@ -278,7 +278,7 @@ void CVariableLengthRecordFile::ReadBlock(DWORD offset, void* data, DWORD size)
 {
     if (size == 0) return;
     if (static_cast<std::uint64_t>(offset) + size > m_bytesOnDisk)
-        ThrowWithError(ERROR_HANDLE_EOF, readFailed);
+        ThrowWithError(ERROR_HANDLE_EOF, message::recordFileReadFailed);
     if (const BYTE* const from = m_view.Find(m_file, m_bytesOnDisk, offset, size)) {
         std::memcpy(data, from, size);
         return;
@@ -293,7 +293,7 @@ void CVariableLengthRecordFile::ReadBytes(DWORD offset, void* data, DWORD size)
     place.Offset = offset;
     DWORD moved = 0;
     if (!ReadFile(m_file, data, size, &moved, &place) || moved != size)
-        ThrowChainedException(GetLastErrorException(), readFailed);
+        ThrowChainedException(GetLastErrorException(), message::recordFileReadFailed);
 }
 
 void CVariableLengthRecordFile::WriteBlock(DWORD offset, const void* data, DWORD size)
@@ -301,12 +301,12 @@ void CVariableLengthRecordFile::WriteBlock(DWORD offset, const void* data, DWORD
     if (size == 0) return;
     // Nothing lies outside of the file; an entry that says so is damaged.
     if (static_cast<std::uint64_t>(offset) + size > m_header.fileSize)
-        ThrowWithError(ERROR_HANDLE_EOF, writeFailed);
+        ThrowWithError(ERROR_HANDLE_EOF, message::recordFileWriteFailed);
     OVERLAPPED place;
     place.Offset = offset;
     DWORD moved = 0;
     if (!WriteFile(m_file, data, size, &moved, &place) || moved != size)
-        ThrowChainedException(GetLastErrorException(), writeFailed);
+        ThrowChainedException(GetLastErrorException(), message::recordFileWriteFailed);
     m_bytesOnDisk = std::max(m_bytesOnDisk, static_cast<std::uint64_t>(offset) + size);
 }
 
@@ -314,7 +314,8 @@ void CVariableLengthRecordFile::SetNewFileSize(DWORD size)
 {
     m_view.ReleaseBeyond(size);
     if (SetFilePointer(m_file, static_cast<LONG>(size), nullptr, FILE_BEGIN) != size)
-        ThrowChainedException(GetLastErrorException(), seekFailed);
-    if (!SetEndOfFile(m_file)) ThrowChainedException(GetLastErrorException(), setLengthFailed);
+        ThrowChainedException(GetLastErrorException(), message::recordFileSeekFailed);
+    if (!SetEndOfFile(m_file))
+        ThrowChainedException(GetLastErrorException(), message::recordFileSetLengthFailed);
     m_bytesOnDisk = size;
 }

@@ -5,10 +5,11 @@
 // space is taken from the lowest entry that fits exactly, else from the front of the lowest that is long
 // enough, else the file grows by 64 sectors or more.
 //
-// Failures of the file throw CChainedException (messages 4090, 4092, 4094, 4096) and leave the object as it
-// was where they can; only opening and creating answer 0 instead. An object belongs to one thread at a time,
-// and an open file to one object: nobody else can open it meanwhile. Reads go through a view of the file in
-// memory, so the file must not be cut short by others while it is open.
+// Failures of the file throw CChainedException (message::recordFileSeekFailed,
+// message::recordFileWriteFailed, message::recordFileReadFailed, message::recordFileSetLengthFailed) and
+// leave the object as it was where they can; only opening and creating answer 0 instead. An object belongs to
+// one thread at a time, and an open file to one object: nobody else can open it meanwhile. Reads go through a
+// view of the file in memory, so the file must not be cut short by others while it is open.
 #pragma once
 
 #include "corekit/framework/Array.h"
@@ -50,7 +51,7 @@ public:
     int AddRecord(const void* data, DWORD size, int bFlush);
     // Makes or replaces the record of that number; numbers up to it become free ones.
     void SetRecord(int record, const void* data, DWORD size, int bFlush);
-    // The same for a number inside the index; any other throws message 4092.
+    // The same for a number inside the index; any other throws message::recordFileWriteFailed.
     void ReplaceRecord(int record, const void* data, DWORD size, int bFlush);
     // Does nothing for a free number.
     void DeleteRecord(int record, int bFlush);

@@ -1,6 +1,7 @@
 #include "corekit/unicode/codepages/CodePageNames.h"
 
 #include "corekit/platform/CodePages.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/unicode/codepages/CodePageNameRows.h"
 
 #include <algorithm>
@@ -9,8 +10,6 @@
 namespace {
 
 using namespace corekit::detail;
-
-constexpr UINT unrecognised = 4002;
 
 struct CharSetRow {
     UINT charSet;
@@ -32,7 +31,7 @@ CString GetCodePageName(UINT codePage)
     if (row != std::end(kCodePageNameRows) && row->codePage == codePage)
         name.LoadString(row->textId);
     else
-        name.Format(unrecognised, codePage);
+        name.Format(message::codePageUnrecognised, codePage);
     return name;
 }
 

@@ -5,7 +5,7 @@
 #include "corekit/platform/Types.h"
 
 // A name that a person knows, from the string table. The numbers of this library's own pages have none, as
-// any number that the table lacks: message 4002 with the number in it.
+// any number that the table lacks: message::codePageUnrecognised with the number in it.
 COREKIT_API CString GetCodePageName(UINT codePage);
 
 // The code page of a font's character set (the numbers of LOGFONT); for others the active one.

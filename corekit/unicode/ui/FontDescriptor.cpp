@@ -3,6 +3,7 @@
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/foundation/Stream.h"
 #include "corekit/framework/Exception.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/RegistryKey.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
 #include "corekit/unicode/ui/FontSignature.h"
@@ -18,8 +19,6 @@ namespace {
 
 constexpr int fallbackSize = 12;
 constexpr const char* fallbackFace = "Arial";
-
-enum : UINT { dataCorrupt = 4147, readFailed = 4148, writeFailed = 4149 };
 
 // Takes the text up to the next line feed off the front, false if there is none.
 bool takeLine(std::u16string_view& rest, std::u16string_view& line)
@@ -210,7 +209,7 @@ void CFontDescriptor::ReadStream(CStream& stream)
     try {
         m_fonts.RemoveAll();
         const int count = stream.read_int32();
-        if (count < 1) ThrowChainedException(nullptr, dataCorrupt);
+        if (count < 1) ThrowChainedException(nullptr, message::dataCorrupt);
         m_size = stream.read_int32();
         for (int i = 0; i < count; ++i) {
             CString face;
@@ -220,7 +219,7 @@ void CFontDescriptor::ReadStream(CStream& stream)
         UpdateCombinedString();
     } catch (CException* e) {
         m_fonts.RemoveAll();
-        ThrowChainedException(e, readFailed);
+        ThrowChainedException(e, message::fontReadFailed);
     }
 }
 
@@ -231,7 +230,7 @@ void CFontDescriptor::WriteStream(CStream& stream) const
         stream.write_int32(m_size);
         for (int i = 0; i < GetCount(); ++i) stream.Write(m_fonts.GetAt(i).GetString());
     } catch (CException* e) {
-        ThrowChainedException(e, writeFailed);
+        ThrowChainedException(e, message::fontWriteFailed);
     }
 }
 

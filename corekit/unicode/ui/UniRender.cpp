@@ -2,6 +2,7 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/Gdi.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 #include "corekit/unicode/ui/FontDescriptor.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
@@ -17,13 +18,6 @@ using corekit::detail::RunRules;
 IMPLEMENT_DYNAMIC(CUniRender, CObject)
 
 namespace {
-
-enum : UINT {
-    createFontFailed = 4152,
-    tooManyFonts = 4153,
-    fontNotSupported = 4154,
-    createContextFailed = 4155
-};
 
 constexpr int measureLeading = 2;
 
@@ -44,7 +38,7 @@ class MeasuringContext {
 public:
     MeasuringContext() : m_dc(CreateCompatibleDC(nullptr))
     {
-        if (!m_dc) ThrowChainedException(GetLastErrorException(), createContextFailed);
+        if (!m_dc) ThrowChainedException(GetLastErrorException(), message::createContextFailed);
     }
     ~MeasuringContext() { DeleteDC(m_dc); }
     MeasuringContext(const MeasuringContext&) = delete;
@@ -89,10 +83,11 @@ CUniRender::~CUniRender()
 
 void CUniRender::AddFont(const char* face)
 {
-    if (m_fontCount == static_cast<int>(m_fonts.size())) ThrowChainedException(nullptr, tooManyFonts);
+    if (m_fontCount == static_cast<int>(m_fonts.size()))
+        ThrowChainedException(nullptr, message::tooManyFonts);
     CUnicodeManager* const manager = CUnicodeManager::GetObjectA();
     const CFontMapInfo* const info = manager->IsFontValid(face) ? manager->GetFontMapInfo(face) : nullptr;
-    if (!info) ThrowChainedException(nullptr, fontNotSupported, face);
+    if (!info) ThrowChainedException(nullptr, message::fontNotSupported, face);
     m_coverage.Add(info->GetSignature());
     m_fonts[static_cast<std::size_t>(m_fontCount)].face = face;
     ++m_fontCount;
@@ -127,7 +122,7 @@ void CUniRender::Create(int height, int bold, int underline, int italic)
         const HFONT font =
             CreateFontA(height, 0, 0, 0, bold ? FW_BOLD : FW_NORMAL, italic != 0, underline != 0, 0,
                         DEFAULT_CHARSET, trueTypeOnly, embedded, draftQuality, 0, slot.face);
-        if (!font) ThrowChainedException(GetLastErrorException(), createFontFailed);
+        if (!font) ThrowChainedException(GetLastErrorException(), message::createFontFailed);
         if (slot.font) DeleteObject(slot.font);
         slot.font = font;
     }

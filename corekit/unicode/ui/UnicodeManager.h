@@ -124,7 +124,7 @@ public:
     static int GetLayoutCodePage(HKL layout);           // that of the layout's language; 0 for an unknown one
 
     // ---- Settings. Each setter writes to the registry at once; if that fails it throws CChainedException
-    // 4129 or 4131, and the setting holds for this process only.
+    // message::createKeyFailed or message::setValueFailed, and the setting holds for this process only.
     // With `forGlyphs`, false also while the platform handles complex languages.
     BOOL IsBIDIEnabled(BOOL forGlyphs) const;
     void SetBIDIEnabled(BOOL enabled);

@@ -33,5 +33,5 @@ COREKIT_API BuiltGlyphFont BuildGlyphFont(GlyphScript script, const ShapingFace&
                                           const std::string& faceName);
 
 // Enters the face under "Font Mapping" in the registry as the one that holds the codes of the script. Throws
-// message 4129 or 4131 if the registry cannot be written.
+// message::createKeyFailed or message::setValueFailed if the registry cannot be written.
 COREKIT_API void RegisterGlyphFont(GlyphScript script, const std::string& faceName);
