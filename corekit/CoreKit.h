@@ -2,6 +2,10 @@
 // build time includes what it uses instead. Made by tools/make_umbrella.sh.
 #pragma once
 
+#include "corekit/commands/CmdItem.h"
+#include "corekit/commands/CustomAcceleratorTable.h"
+#include "corekit/commands/KeyTables.h"
+#include "corekit/commands/MacroProfile.h"
 #include "corekit/foundation/AcceleratorResource.h"
 #include "corekit/foundation/Blocks.h"
 #include "corekit/foundation/ByteText.h"
@@ -145,5 +149,6 @@
 #include "corekit/unicode/tables/JoiningClasses.h"
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 #include "corekit/unicode/tables/UrduIndicJoiningClasses.h"
+#include "corekit/windows/AppBarGeometry.h"
 #include "corekit/Version.h"
 #include "corekit/WireUp.h"
