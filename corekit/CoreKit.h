@@ -150,5 +150,7 @@
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 #include "corekit/unicode/tables/UrduIndicJoiningClasses.h"
 #include "corekit/windows/AppBarGeometry.h"
+#include "corekit/windows/BarRecords.h"
+#include "corekit/windows/TabStrip.h"
 #include "corekit/Version.h"
 #include "corekit/WireUp.h"
