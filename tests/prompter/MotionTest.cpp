@@ -1,0 +1,135 @@
+#include "model/HandController.h"
+#include "model/ReadRate.h"
+#include "model/Remote.h"
+#include "model/Scroller.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace prompter;
+
+namespace {
+
+constexpr std::int64_t second = 1000000;
+
+TEST(Scroller, GoesEvenlyThroughEveryChangeOfSpeed)
+{
+    Scroller scroller;
+    scroller.SetPixelsPerSecond(100, 0);
+    scroller.SetRange(1000, 0);
+    EXPECT_EQ(scroller.Position(5 * second), 0) << "stands until it is started";
+    scroller.Start(5 * second);
+    EXPECT_DOUBLE_EQ(scroller.Position(6 * second), 100);
+    scroller.SetSpeed(20, 6 * second);
+    EXPECT_DOUBLE_EQ(scroller.Position(7 * second), 300);
+    EXPECT_EQ(scroller.TimeLeft(7 * second), 3500000);
+    scroller.SetSpeed(-10, 7 * second);
+    EXPECT_DOUBLE_EQ(scroller.Position(8 * second), 200);
+    EXPECT_EQ(scroller.TimeLeft(8 * second), 2 * second);
+    EXPECT_EQ(scroller.Position(60 * second), 0) << "and not beyond the beginning";
+    scroller.Stop(60 * second);
+    scroller.MoveTo(5000, 60 * second);
+    EXPECT_EQ(scroller.Position(61 * second), 1000);
+    scroller.SetRange(400, 61 * second);
+    EXPECT_EQ(scroller.Position(61 * second), 400);
+}
+
+TEST(Scroller, TenHoursOfFramesAddNoError)
+{
+    Scroller scroller;
+    scroller.SetPixelsPerSecond(33.3, 0);
+    scroller.SetRange(1e9, 0);
+    scroller.Start(0);
+    const std::int64_t end = 36000 * second;
+    for (std::int64_t now = 0; now < end; now += 16667) (void)scroller.Position(now);
+    EXPECT_DOUBLE_EQ(scroller.Position(end), 33.3 * 36000);
+}
+
+TEST(ReadRate, CountsLinesAsTheSettingsSay)
+{
+    const struct {
+        ReadRate rate;
+        const char16_t* text;
+        double seconds;
+    } cases[] = {
+        {{true, 3, 10, 15}, u"fifteen letters", 10 / 3.0}, // 14 of them are spoken
+        {{true, 1, 2, 5}, u"abcdef\n\nab", 6},
+        {{false, 3, 10, 15}, u"abc\nabc", 2},
+        {{false, 3, 10, 30}, u"", 0},
+        {{true, 0, 0, 0}, u"a", 1},
+        {{true, 1, 1, 1}, u"\u0628\u064E\u0628", 2}, // marks take no time
+    };
+    for (const auto& c : cases) EXPECT_DOUBLE_EQ(c.rate.SecondsFor(c.text), c.seconds);
+}
+
+std::string Described(const RemoteCommand& command)
+{
+    struct {
+        std::string operator()(const StartCommand&) { return "start"; }
+        std::string operator()(const StopCommand&) { return "stop"; }
+        std::string operator()(const StateCommand&) { return "state"; }
+        std::string operator()(const SpeedCommand& c) { return "speed " + Number(c.tenths, c.relative); }
+        std::string operator()(const StoryCommand& c) { return "story " + Number(c.number, c.relative); }
+        std::string operator()(const LineCommand& c) { return "line " + std::to_string(c.lines); }
+        std::string operator()(const BlankCommand& c) { return c.on ? "blank" : "show"; }
+        std::string operator()(const RemoteError& e) { return e.answer; }
+        static std::string Number(int n, Relative r)
+        {
+            return std::to_string(n) + (r == Relative::yes ? "r" : "");
+        }
+    } describe;
+    return std::visit(describe, command);
+}
+
+TEST(Remote, EachLineIsOneCommandOrAClearError)
+{
+    const struct {
+        std::string line, command;
+    } cases[] = {
+        {"start", "start"},
+        {"  STOP\t", "stop"},
+        {"speed 1.5", "speed 15"},
+        {"speed -0.5", "speed -5r"},
+        {"story 3", "story 3"},
+        {"story +1", "story 1r"},
+        {"line -2", "line -2"},
+        {"blank on", "blank"},
+        {"blank off", "show"},
+        {"state", "state"},
+        {"", "error: the line is empty"},
+        {"start now", "error: 'start' takes nothing behind it"},
+        {"speed", "error: 'speed' takes one word behind it"},
+        {"speed fast", "error: 'fast' is no number"},
+        {"speed nan", "error: 'nan' is no number"},
+        {"speed 1e9", "error: '1e9' is no number"},
+        {"speed ++1", "error: '++1' is no number"},
+        {"story 0", "error: stories are counted from 1"},
+        {"story 1.5", "error: '1.5' is no whole number"},
+        {"blank maybe", "error: 'blank' is 'on' or 'off'"},
+        {"line 99999999999", "error: '99999999999' is no number"},
+        {std::string(257, 'x'), "error: the line is too long"},
+        {"\x1b[2J", "error: no command '?[2j'; there are start, stop, speed, story, line, blank, state"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(Described(ParseRemoteLine(c.line)), c.command) << c.line;
+}
+
+TEST(HandController, EventsComeBackAndStrayBytesAreDropped)
+{
+    const ControllerEvent events[] = {{ControllerKind::speed, 150},
+                                      {ControllerKind::speed, -2048},
+                                      {ControllerKind::lines, -1},
+                                      {ControllerKind::stories, 2047},
+                                      {ControllerKind::button, 3}};
+    for (const ControllerEvent& event : events) {
+        std::vector<std::uint8_t> bytes = {0x05, 0x85}; // the end of one event, the beginning of another
+        for (const std::uint8_t byte : ControllerBytes(event)) bytes.push_back(byte);
+        ControllerReader reader;
+        std::vector<ControllerEvent> read;
+        for (const std::uint8_t byte : bytes)
+            for (const ControllerEvent& one : reader.Take({&byte, 1})) read.push_back(one);
+        EXPECT_EQ(read, std::vector<ControllerEvent>{event});
+    }
+}
+
+} // namespace
