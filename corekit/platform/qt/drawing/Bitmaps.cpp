@@ -1,6 +1,8 @@
 #include "corekit/platform/Errors.h"
-#include "corekit/platform/qt/drawing/GdiObjects.h"
+#include "corekit/platform/qt/drawing/DeviceContext.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <QImage>
@@ -23,14 +25,22 @@ bool isPlain(const BITMAPINFOHEADER& h)
 namespace corekit::detail {
 
 // Fresh pages from calloc cost nothing until they are drawn on.
-std::shared_ptr<Bitmap> MakeBitmap(int width, int height)
+std::shared_ptr<Bitmap> MakeBitmap(int width, int height, double scale)
 {
-    if (width < 1 || height < 1 || std::int64_t{width} * height > largestBitmap / 4) {
+    const auto pixels = [scale](int units) {
+        return scale == 1 ? std::int64_t{units} : std::llround(units * scale);
+    };
+    if (width < 1 || height < 1 || pixels(width) > largestBitmap / 4 / std::max(pixels(height), 1LL)) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     auto bitmap = std::make_shared<Bitmap>();
+    bitmap->width = std::max(static_cast<int>(pixels(width)), 1);
+    bitmap->height = std::max(static_cast<int>(pixels(height)), 1);
+    bitmap->stride = bitmap->width;
+    bitmap->scale = scale;
+    bitmap->units = {width, height};
+    const auto count = static_cast<std::size_t>(bitmap->width) * static_cast<std::size_t>(bitmap->height);
     bitmap->block = {static_cast<std::uint32_t*>(std::calloc(count, 4)),
                      [](std::uint32_t* p) { std::free(p); }};
     if (!bitmap->block) {
@@ -38,8 +48,6 @@ std::shared_ptr<Bitmap> MakeBitmap(int width, int height)
         return nullptr;
     }
     bitmap->pixels = bitmap->block.get();
-    bitmap->width = width;
-    bitmap->height = height;
     return bitmap;
 }
 
@@ -47,8 +55,9 @@ std::shared_ptr<Bitmap> MakeBitmap(int width, int height)
 
 HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height)
 {
-    if (!GdiTable::find<DeviceContext>(dc)) return nullptr;
-    auto bitmap = MakeBitmap(width, height);
+    const DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
+    if (!context) return nullptr;
+    auto bitmap = MakeBitmap(width, height, context->scale);
     return bitmap ? static_cast<HBITMAP>(GdiTable::add(std::move(bitmap))) : nullptr;
 }
 
@@ -72,25 +81,6 @@ HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits
     return static_cast<HBITMAP>(handle);
 }
 
-int GetObjectA(HGDIOBJ object, int size, void* out)
-{
-    Bitmap* const bitmap = GdiTable::find<Bitmap>(object);
-    constexpr int needed = sizeof(BITMAP);
-    if (!bitmap || (out && size < needed)) {
-        if (bitmap) SetLastError(ERROR_INVALID_PARAMETER);
-        return 0;
-    }
-    const BITMAP described{0,
-                           bitmap->width,
-                           bitmap->height,
-                           bitmap->width * 4,
-                           1,
-                           32,
-                           bitmap->isSection ? bitmap->pixels : nullptr};
-    if (out) std::memcpy(out, &described, sizeof described);
-    return needed;
-}
-
 BOOL SaveBitmapAsPng(HBITMAP handle, const char* path)
 {
     Bitmap* const bitmap = GdiTable::find<Bitmap>(handle);
@@ -100,11 +90,34 @@ BOOL SaveBitmapAsPng(HBITMAP handle, const char* path)
         return FALSE;
     }
     const auto bytes = reinterpret_cast<const uchar*>(bitmap->pixels);
-    QImage image(bytes, bitmap->width, bitmap->height, std::ptrdiff_t{4} * bitmap->width,
+    QImage image(bytes, bitmap->width, bitmap->height, std::ptrdiff_t{4} * bitmap->stride,
                  QImage::Format_RGB32);
     if (!bitmap->topDown) image = image.mirrored();
     QImageWriter writer(QString::fromLocal8Bit(path), "png");
     if (writer.write(image)) return TRUE;
     SetLastError(writer.error() == QImageWriter::DeviceError ? ERROR_ACCESS_DENIED : ERROR_INVALID_PARAMETER);
     return FALSE;
+}
+
+HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void* bits)
+{
+    if (planes != 1 || (bitsPerPixel != 1 && bitsPerPixel != 32)) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    auto bitmap = MakeBitmap(width, height);
+    if (!bitmap) return nullptr;
+    bitmap->isMonochrome = bitsPerPixel == 1;
+    const auto* bytes = static_cast<const BYTE*>(bits);
+    const std::size_t stride = bitmap->isMonochrome ? (static_cast<std::size_t>(width) + 15) / 16 * 2
+                                                    : static_cast<std::size_t>(width) * 4;
+    for (int y = 0; bytes && y < height; ++y, bytes += stride) {
+        std::uint32_t* const row = bitmap->row(y);
+        if (!bitmap->isMonochrome)
+            std::memcpy(row, bytes, stride);
+        else
+            for (int x = 0; x < width; ++x)
+                row[x] = bytes[x / 8] >> (7 - x % 8) & 1 ? 0xFFFFFFFFu : 0xFF000000u;
+    }
+    return static_cast<HBITMAP>(GdiTable::add(std::move(bitmap)));
 }

@@ -1,19 +1,23 @@
-// The objects behind HDC, HFONT, HBITMAP, HPEN and HBRUSH, and the table that turns a handle into one.
+// The objects behind HFONT, HBITMAP, HPEN, HBRUSH, HRGN, and the table that turns a handle into one.
 #pragma once
 
 #include "corekit/platform/Gdi.h"
+#include "corekit/platform/qt/drawing/Area.h"
 
 #include <array>
 #include <atomic>
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <vector>
+
+class QRegion;
 
 namespace corekit::detail {
 
 class SizedFont;
 
-enum class GdiKind : std::uintptr_t { context = 1, font = 2, bitmap = 3, pen = 4, brush = 5 };
+enum class GdiKind : std::uintptr_t { context = 1, font, bitmap, pen, brush, region, icon };
 
 struct GdiObject {
     explicit GdiObject(GdiKind k) : kind(k) {}
@@ -30,14 +34,16 @@ struct Bitmap final : GdiObject {
     static constexpr GdiKind kindOf = GdiKind::bitmap;
     Bitmap() : GdiObject(GdiKind::bitmap) {}
 
-    std::uint32_t* row(int y)
-    {
-        return pixels + (topDown ? y : height - 1 - y) * static_cast<std::ptrdiff_t>(width);
-    }
+    std::uint32_t* row(int y) { return pixels + (topDown ? y : height - 1 - y) * stride; }
 
-    int width = 0, height = 0;
+    int width = 0, height = 0; // in pixels
+    std::ptrdiff_t stride = 0; // pixels from one row in memory to the next
+    double scale = 1;          // pixels a unit: that of the context that it was made for
+    SIZE units{};              // the size in units
     bool topDown = true;
     bool isSection = false;
+    bool isMonochrome = false; // pixels are black or white, and stand for the colours of the context drawn on
+    bool isOpaque = false;     // no pixel becomes transparent
     bool selected = false;
     std::uint32_t* pixels = nullptr; // null in the stand-in that a fresh context holds
     std::unique_ptr<std::uint32_t[], void (*)(std::uint32_t*)> block{nullptr, nullptr};
@@ -55,46 +61,35 @@ struct Font final : GdiObject {
 
     // The glyphs of this font, found at the first call; null with a last error if there are none.
     SizedFont* sized();
+    // The same for a display with `scale` pixels a unit.
+    SizedFont* scaled(double scale);
 
     const FontRequest request;
 
 private:
-    std::shared_ptr<SizedFont> sized_;
+    std::shared_ptr<SizedFont> sized_, scaled_;
+    double scale_ = 0; // of scaled_
 };
 
-// The bitmap's pixels, all 0. Null with a last error for a size that is refused.
-std::shared_ptr<Bitmap> MakeBitmap(int width, int height);
+// A bitmap of that many units, all 0. Null with a last error for a size that is refused.
+std::shared_ptr<Bitmap> MakeBitmap(int width, int height, double scale = 1);
 
 struct Pen final : GdiObject {
     static constexpr GdiKind kindOf = GdiKind::pen;
-    Pen(bool draws, COLORREF c) : GdiObject(GdiKind::pen), isDrawing(draws), colour(c) {}
+    Pen(int s, int w, COLORREF c) : GdiObject(GdiKind::pen), style(s), width(w), colour(c) {}
 
-    const bool isDrawing;
+    const int style, width;
     const COLORREF colour;
 };
 
 struct Brush final : GdiObject {
     static constexpr GdiKind kindOf = GdiKind::brush;
-    explicit Brush(COLORREF c) : GdiObject(GdiKind::brush), colour(c) {}
+    Brush(UINT s, COLORREF c, LONG_PTR h = 0) : GdiObject(GdiKind::brush), style(s), colour(c), hatch(h) {}
 
+    const UINT style; // BS_
     const COLORREF colour;
-};
-
-struct DeviceContext final : GdiObject {
-    static constexpr GdiKind kindOf = GdiKind::context;
-    DeviceContext() : GdiObject(GdiKind::context) {}
-
-    SizedFont* glyphs() { return sized ? sized : (sized = font->sized()); }
-
-    std::shared_ptr<Font> font;
-    std::shared_ptr<Bitmap> bitmap;
-    std::shared_ptr<Pen> pen;
-    std::shared_ptr<Brush> brush;
-    SizedFont* sized = nullptr;
-    COLORREF textColour = 0;
-    COLORREF backColour = 0xFFFFFF;
-    int backMode = OPAQUE;
-    UINT align = TA_LEFT | TA_TOP;
+    const LONG_PTR hatch;            // HS_
+    std::shared_ptr<Bitmap> pattern; // of BS_PATTERN
 };
 
 // A handle is a number: generation, kind and slot. A stale or invented one fails the comparison with
@@ -123,7 +118,7 @@ public:
 
 private:
     static constexpr int slotBits = 16;
-    static constexpr int kindBits = 3;
+    static constexpr int kindBits = 4;
     static constexpr std::uintptr_t slotMask = (1u << slotBits) - 1;
     static constexpr std::uintptr_t kindMask = (1u << kindBits) - 1;
 

@@ -1,6 +1,9 @@
-// Pens, brushes, and what they draw.
+// Brushes, and the areas and shapes that are drawn with them.
 #include "corekit/platform/Errors.h"
-#include "corekit/platform/qt/text/GlyphPainter.h"
+#include "corekit/platform/qt/drawing/Fill.h"
+#include "corekit/platform/qt/drawing/Lines.h"
+#include "corekit/platform/qt/drawing/ToolkitPainter.h"
+#include "corekit/platform/SystemColours.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,6 +15,12 @@ using namespace corekit::detail;
 
 namespace {
 
+BOOL refuse()
+{
+    SetLastError(ERROR_INVALID_PARAMETER);
+    return FALSE;
+}
+
 // Calls back for each side of the polygon, the one from the last point to the first included.
 template <typename Use>
 void forEachSide(std::span<const POINT> points, Use use)
@@ -19,85 +28,176 @@ void forEachSide(std::span<const POINT> points, Use use)
     for (std::size_t i = 0; i < points.size(); ++i) use(points[i], points[(i + 1) % points.size()]);
 }
 
-// Coordinates have 32 bits, so that differences fit a double, and quotients of those on any picture are exact
-// enough to tell a whole number from its neighbours.
-double along(double from, double to, double part, double whole) { return from + (to - from) * part / whole; }
+struct Corner {
+    std::int64_t x, y;
+};
 
 // A pixel belongs to the inside if its coordinates do; of the border, what lies to the left and above.
-void fillInside(Bitmap& bitmap, std::span<const POINT> points, std::uint32_t pixel)
+void fillInside(DeviceContext& context, std::span<const Corner> corners)
 {
-    const Area all = areaOf(bitmap);
-    const auto [least, most] = std::ranges::minmax(points, {}, &POINT::y);
+    const auto [least, most] = std::ranges::minmax(corners, {}, &Corner::y);
     std::vector<double> crossings;
-    for (auto y = std::max<std::int64_t>(least.y, all.top); y < std::min<std::int64_t>(most.y, all.bottom);
-         ++y) {
+    for (auto y = std::max(least.y, context.box.top); y < std::min(most.y, context.box.bottom); ++y) {
         crossings.clear();
-        forEachSide(points, [&](POINT a, POINT b) {
+        for (std::size_t i = 0; i < corners.size(); ++i) {
+            Corner a = corners[i], b = corners[(i + 1) % corners.size()];
             if (a.y > b.y) std::swap(a, b);
-            if (a.y <= y && y < b.y)
-                crossings.push_back(
-                    along(a.x, b.x, static_cast<double>(y - a.y), static_cast<double>(b.y) - a.y));
-        });
+            if (a.y > y || y >= b.y) continue;
+            // Quotients of 32-bit differences are exact enough to tell a whole number from its neighbours.
+            crossings.push_back(static_cast<double>(a.x) + static_cast<double>(b.x - a.x) *
+                                                               static_cast<double>(y - a.y) /
+                                                               static_cast<double>(b.y - a.y));
+        }
         std::ranges::sort(crossings);
         for (std::size_t i = 0; i + 1 < crossings.size(); i += 2)
-            fillArea(bitmap,
+            fillArea(context,
                      {static_cast<std::int64_t>(std::ceil(crossings[i])), y,
                       static_cast<std::int64_t>(std::ceil(crossings[i + 1])), y + 1},
-                     pixel);
+                     *context.brush);
     }
 }
 
-// One pixel for each step of the longer direction, both ends included, whichever of them comes first; halfway
-// between two pixels it goes down or right.
-void drawSide(Bitmap& bitmap, POINT a, POINT b, std::uint32_t pixel)
+// A brush, or the brush of the system colour whose number plus 1 stands in its place.
+const Brush* brushFor(HBRUSH brush)
 {
-    const double width = std::abs(static_cast<double>(b.x) - a.x),
-                 height = std::abs(static_cast<double>(b.y) - a.y);
-    const bool isSteep = height > width;
-    const auto longer = isSteep ? &POINT::y : &POINT::x, shorter = isSteep ? &POINT::x : &POINT::y;
-    if (a.*longer > b.*longer) std::swap(a, b);
-    const Area all = areaOf(bitmap);
-    const auto first = std::max<std::int64_t>(a.*longer, 0);
-    const auto last = std::min<std::int64_t>(b.*longer, (isSteep ? all.bottom : all.right) - 1);
-    for (auto step = first; step <= last; ++step) {
-        const double exact = a.*longer == b.*longer
-                                 ? a.*shorter
-                                 : along(a.*shorter, b.*shorter, static_cast<double>(step - a.*longer),
-                                         std::max(width, height));
-        const auto across = static_cast<std::int64_t>(std::floor(exact + 0.5));
-        const std::int64_t x = isSteep ? across : step, y = isSteep ? step : across;
-        fillArea(bitmap, {x, y, x + 1, y + 1}, pixel);
-    }
+    const auto number = reinterpret_cast<UINT_PTR>(brush);
+    if (number >= 1 && number <= COLOR_LAST + 1)
+        return GdiTable::find<Brush>(GetSysColorBrush(static_cast<int>(number) - 1));
+    return GdiTable::find<Brush>(brush);
+}
+
+// The four sides of a frame, none of their corners twice.
+void fillFrame(DeviceContext& context, const Area& outer, const Area& inner, const Brush& brush)
+{
+    const auto fill = [&](const Area& a) { fillArea(context, context.pixelsOf(a), brush); };
+    fill({outer.left, outer.top, outer.right, std::min(inner.top, outer.bottom)});
+    fill({outer.left, std::max(inner.bottom, inner.top), outer.right, outer.bottom});
+    fill({outer.left, inner.top, std::min(inner.left, outer.right), inner.bottom});
+    fill({std::max(inner.right, inner.left), inner.top, outer.right, inner.bottom});
+}
+
+Area shrunk(const Area& a, std::int64_t by) { return {a.left + by, a.top + by, a.right - by, a.bottom - by}; }
+
+void frameRectangle(DeviceContext& context, const Area& rect)
+{
+    const Pen& pen = *context.pen;
+    const std::int64_t width = std::max(pen.width, 1);
+    const std::int64_t outside = pen.style == PS_INSIDEFRAME ? 0 : width / 2;
+    const Area outer = shrunk(rect, -outside), inner = shrunk(outer, width);
+    fillFrame(context, outer, inner, Brush(BS_SOLID, pen.colour));
+}
+
+// The edges are cut so that the arithmetic of the toolkit holds.
+QRectF outlineOf(const Area& a)
+{
+    constexpr double most = 1 << 24;
+    const auto edge = [=](std::int64_t v) { return std::clamp(static_cast<double>(v), -most, most); };
+    return QRectF(QPointF(edge(a.left), edge(a.top)), QPointF(edge(a.right - 1), edge(a.bottom - 1)));
 }
 
 } // namespace
 
 HBRUSH CreateSolidBrush(COLORREF colour)
 {
-    return static_cast<HBRUSH>(GdiTable::add(std::make_shared<Brush>(colour)));
+    return static_cast<HBRUSH>(GdiTable::add(std::make_shared<Brush>(BS_SOLID, colour)));
 }
 
-HPEN CreatePen(int style, int width, COLORREF colour)
+HBRUSH CreateHatchBrush(int hatch, COLORREF colour)
 {
-    if ((style != PS_SOLID && style != PS_NULL) || width < 0 || width > 1) {
-        SetLastError(ERROR_INVALID_PARAMETER);
+    if (hatch < HS_HORIZONTAL || hatch > HS_DIAGCROSS) {
+        refuse();
         return nullptr;
     }
-    return static_cast<HPEN>(GdiTable::add(std::make_shared<Pen>(style == PS_SOLID, colour)));
+    return static_cast<HBRUSH>(GdiTable::add(std::make_shared<Brush>(BS_HATCHED, colour, hatch)));
+}
+
+HBRUSH CreatePatternBrush(HBITMAP handle)
+{
+    Bitmap* const bitmap = GdiTable::find<Bitmap>(handle);
+    if (!bitmap) return nullptr;
+    auto copy = bitmap->pixels ? MakeBitmap(bitmap->width, bitmap->height) : nullptr;
+    if (!copy) {
+        refuse();
+        return nullptr;
+    }
+    for (int y = 0; y < bitmap->height; ++y) std::copy_n(bitmap->row(y), bitmap->width, copy->row(y));
+    copy->isMonochrome = bitmap->isMonochrome;
+    auto brush = std::make_shared<Brush>(BS_PATTERN, 0);
+    brush->pattern = std::move(copy);
+    return static_cast<HBRUSH>(GdiTable::add(std::move(brush)));
+}
+
+int FillRect(HDC dc, const RECT* rect, HBRUSH handle)
+{
+    DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
+    const Brush* const brush = context ? brushFor(handle) : nullptr;
+    if (!brush || (!rect && !refuse())) return FALSE;
+    fillArea(*context, context->pixelsOf(areaOf(*rect)), *brush);
+    return TRUE;
+}
+
+int FrameRect(HDC dc, const RECT* rect, HBRUSH handle)
+{
+    DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
+    const Brush* const brush = context ? brushFor(handle) : nullptr;
+    if (!brush || (!rect && !refuse())) return FALSE;
+    const Area outer = areaOf(*rect);
+    if (!outer.isEmpty()) fillFrame(*context, outer, shrunk(outer, 1), *brush);
+    return TRUE;
+}
+
+BOOL InvertRect(HDC dc, const RECT* rect)
+{
+    if (!rect) return refuse();
+    const Area a = areaOf(*rect);
+    if (a.isEmpty() || a.width() > INT32_MAX || a.height() > INT32_MAX)
+        return GdiTable::find<DeviceContext>(dc) != nullptr;
+    return PatBlt(dc, rect->left, rect->top, static_cast<int>(a.width()), static_cast<int>(a.height()),
+                  DSTINVERT);
 }
 
 BOOL Polygon(HDC dc, const POINT* points, int count)
 {
     DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
     if (!context) return FALSE;
-    if (!points || count < 2) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return FALSE;
-    }
+    if (!points || count < 2) return refuse();
     const std::span all(points, static_cast<std::size_t>(count));
-    fillInside(*context->bitmap, all, pixelOf(context->brush->colour));
-    if (context->pen->isDrawing)
-        forEachSide(
-            all, [&](POINT a, POINT b) { drawSide(*context->bitmap, a, b, pixelOf(context->pen->colour)); });
+    std::vector<Corner> corners;
+    for (const POINT p : all) corners.push_back({context->pixelX(p.x), context->pixelY(p.y)});
+    fillInside(*context, corners);
+    forEachSide(all, [&](POINT a, POINT b) { drawLine(*context, a, b, LineEnd::drawn); });
+    return TRUE;
+}
+
+BOOL Rectangle(HDC dc, int left, int top, int right, int bottom)
+{
+    DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
+    if (!context) return FALSE;
+    const Area rect = orderedArea(left, top, right, bottom);
+    if (rect.isEmpty()) return TRUE;
+    const Pen& pen = *context->pen;
+    fillArea(*context, context->pixelsOf(rect), *context->brush);
+    if (pen.style == PS_NULL) return TRUE;
+    if (pen.width > 1 || pen.style == PS_SOLID || pen.style == PS_INSIDEFRAME) {
+        frameRectangle(*context, rect);
+        return TRUE;
+    }
+    const LONG l = std::min(left, right), t = std::min(top, bottom), r = std::max(left, right) - 1,
+               b = std::max(top, bottom) - 1;
+    const POINT corners[] = {{l, t}, {r, t}, {r, b}, {l, b}};
+    forEachSide(corners, [&](POINT from, POINT to) { drawLine(*context, from, to, LineEnd::drawn); });
+    return TRUE;
+}
+
+BOOL Ellipse(HDC dc, int left, int top, int right, int bottom)
+{
+    DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
+    if (!context) return FALSE;
+    const Area rect = orderedArea(left, top, right, bottom);
+    if (rect.isEmpty()) return TRUE;
+    ToolkitPainter painter(*context);
+    painter.useContextPen();
+    painter.useContextBrush();
+    painter->drawEllipse(outlineOf(rect));
     return TRUE;
 }

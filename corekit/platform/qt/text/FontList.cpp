@@ -103,16 +103,18 @@ std::shared_ptr<Typeface> FontList::typefaceFor(std::string_view name, bool bold
 }
 
 std::shared_ptr<SizedFont> FontList::font(std::string_view name, bool bold, bool italic, int height,
-                                          int width)
+                                          int width, double scale)
 {
     const std::shared_ptr<Typeface> face = typefaceFor(name, bold, italic);
     if (!face) return nullptr;
-    const auto same = [&](const Made& m) { return m.face == face && m.height == height && m.width == width; };
+    const auto same = [&](const Made& m) {
+        return m.face == face && m.height == height && m.width == width && m.scale == scale;
+    };
     if (const auto found = std::find_if(made_.begin(), made_.end(), same); found != made_.end()) {
         made_.splice(made_.begin(), made_, found);
         return found->font;
     }
-    made_.push_front({face, height, width, std::make_shared<SizedFont>(face, height, width)});
+    made_.push_front({face, height, width, scale, std::make_shared<SizedFont>(face, height, width, scale)});
     std::size_t unheld = 0;
     made_.remove_if([&](const Made& m) { return m.font.use_count() == 1 && ++unheld > keptFonts; });
     return made_.front().font;

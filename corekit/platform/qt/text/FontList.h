@@ -28,7 +28,8 @@ public:
     // The style of a family; null if it cannot be loaded.
     std::shared_ptr<Typeface> typeface(const Family& family, bool bold, bool italic);
     // What a font request gives, the default face where its own is unknown; null if the machine has no fonts.
-    std::shared_ptr<SizedFont> font(std::string_view name, bool bold, bool italic, int height, int width);
+    std::shared_ptr<SizedFont> font(std::string_view name, bool bold, bool italic, int height, int width,
+                                    double scale = 1);
 
 private:
     FontList();
@@ -37,6 +38,7 @@ private:
     struct Made {
         std::shared_ptr<Typeface> face;
         int height, width;
+        double scale;
         std::shared_ptr<SizedFont> font;
     };
 

@@ -1,6 +1,6 @@
 #include "corekit/platform/Errors.h"
+#include "corekit/platform/qt/drawing/DeviceContext.h"
 #include "corekit/platform/qt/text/FontList.h"
-#include "corekit/platform/qt/drawing/GdiObjects.h"
 #include "corekit/platform/Toolkit.h"
 
 #include <algorithm>
@@ -120,6 +120,17 @@ SizedFont* Font::sized()
     return sized_.get();
 }
 
+SizedFont* Font::scaled(double scale)
+{
+    if (!sized()) return nullptr;
+    if (!scaled_ || scale_ != scale) {
+        scaled_ = FontList::instance().font(request.face, request.bold, request.italic, request.height,
+                                            request.width, scale);
+        scale_ = scale;
+    }
+    return scaled_.get();
+}
+
 } // namespace corekit::detail
 
 HFONT CreateFontA(int height, int width, int escapement, int orientation, int weight, DWORD italic,
@@ -132,6 +143,19 @@ HFONT CreateFontA(int height, int width, int escapement, int orientation, int we
     auto font = std::make_shared<Font>(FontRequest{face ? face : "", height, width, weight >= 600,
                                                    italic != 0, underline != 0, strikeOut != 0});
     return font->sized() ? static_cast<HFONT>(GdiTable::add(std::move(font))) : nullptr;
+}
+
+HFONT CreateFontIndirectA(const LOGFONTA* font)
+{
+    if (!font) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    const std::string face(font->lfFaceName, strnlen(font->lfFaceName, sizeof font->lfFaceName));
+    return CreateFontA(font->lfHeight, font->lfWidth, font->lfEscapement, font->lfOrientation, font->lfWeight,
+                       font->lfItalic, font->lfUnderline, font->lfStrikeOut, font->lfCharSet,
+                       font->lfOutPrecision, font->lfClipPrecision, font->lfQuality, font->lfPitchAndFamily,
+                       face.c_str());
 }
 
 BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics)

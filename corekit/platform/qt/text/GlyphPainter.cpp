@@ -12,18 +12,6 @@ namespace {
 
 constexpr std::size_t keptScratch = std::size_t{4} << 20;
 
-Area joined(const Area& a, const Area& b)
-{
-    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
-            std::max(a.bottom, b.bottom)};
-}
-
-bool covers(const Area& outer, const Area& inner)
-{
-    return inner.left >= outer.left && inner.right <= outer.right && inner.top >= outer.top &&
-           inner.bottom <= outer.bottom;
-}
-
 Area maskArea(const GlyphMask& mask, std::int64_t x, std::int64_t y)
 {
     return {x, y, x + mask.width, y + mask.height};
@@ -34,7 +22,7 @@ std::uint32_t* pixelAt(Bitmap& bitmap, const Area& area)
     return bitmap.row(static_cast<int>(area.top)) + area.left;
 }
 
-std::ptrdiff_t strideOf(const Bitmap& bitmap) { return bitmap.topDown ? bitmap.width : -bitmap.width; }
+std::ptrdiff_t strideOf(const Bitmap& bitmap) { return bitmap.topDown ? bitmap.stride : -bitmap.stride; }
 
 // Where a glyph's pen stands, to the nearest quarter of a pixel.
 struct GlyphPen {
@@ -48,35 +36,10 @@ GlyphPen penAt(std::int64_t origin, Subpixels x)
     return {origin + (quarters >> 2), static_cast<unsigned>(quarters & 3)};
 }
 
-int widthOf(const Area& area) { return static_cast<int>(area.right - area.left); }
-int heightOf(const Area& area) { return static_cast<int>(area.bottom - area.top); }
+int widthOf(const Area& area) { return static_cast<int>(area.width()); }
+int heightOf(const Area& area) { return static_cast<int>(area.height()); }
 
 } // namespace
-
-Area Area::cut(const Area& by) const
-{
-    return {std::max(left, by.left), std::max(top, by.top), std::min(right, by.right),
-            std::min(bottom, by.bottom)};
-}
-
-Area areaOf(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
-
-Area areaOf(const Bitmap& bitmap)
-{
-    return bitmap.pixels ? Area{0, 0, bitmap.width, bitmap.height} : Area{0, 0, 0, 0};
-}
-
-std::uint32_t pixelOf(COLORREF colour)
-{
-    return 0xFF000000u | (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
-}
-
-void fillArea(Bitmap& bitmap, const Area& area, std::uint32_t pixel)
-{
-    const Area seen = area.cut(areaOf(bitmap));
-    if (!seen.isEmpty())
-        fillPixels(pixelAt(bitmap, seen), strideOf(bitmap), widthOf(seen), heightOf(seen), pixel);
-}
 
 void GlyphPainter::draw(SizedFont& font, const PlacedRun& run, std::int64_t x, std::int64_t baseline)
 {
@@ -140,7 +103,7 @@ void GlyphPainter::flush()
 {
     const std::size_t count = std::exchange(count_, 0);
     if (count == 0) return;
-    if (const Item& only = pending_[0]; count == 1 && covers(box_, maskArea(*only.mask, only.x, only.y))) {
+    if (const Item& only = pending_[0]; count == 1 && box_.covers(maskArea(*only.mask, only.x, only.y))) {
         blend(only.mask->coverage.get(), only.mask->stride, box_);
         return;
     }

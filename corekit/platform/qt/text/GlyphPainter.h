@@ -2,24 +2,10 @@
 // once, so that shapes which touch leave no seam.
 #pragma once
 
-#include "corekit/platform/qt/drawing/GdiObjects.h"
+#include "corekit/platform/qt/drawing/Fill.h"
 #include "corekit/platform/qt/text/TextRun.h"
 
 namespace corekit::detail {
-
-// Edges in pixels, right and bottom excluded; wide enough that no caller's coordinates overflow.
-struct Area {
-    std::int64_t left, top, right, bottom;
-
-    bool isEmpty() const { return left >= right || top >= bottom; }
-    Area cut(const Area& by) const;
-};
-
-Area areaOf(const RECT& rect);
-Area areaOf(const Bitmap& bitmap); // empty for a bitmap without pixels
-std::uint32_t pixelOf(COLORREF colour);
-// Fills what of `area` lies in the bitmap.
-void fillArea(Bitmap& bitmap, const Area& area, std::uint32_t pixel);
 
 class GlyphPainter {
 public:

@@ -1,7 +1,7 @@
 #include "corekit/platform/qt/text/SizedFont.h"
 
-#include "corekit/platform/qt/windows/NeverDestroyed.h"
 #include "corekit/platform/qt/text/OutlineFill.h"
+#include "corekit/platform/qt/windows/NeverDestroyed.h"
 
 #include <algorithm>
 
@@ -53,16 +53,18 @@ std::unique_ptr<GlyphMask> maskOf(const OutlineFill& outlines, int fineness)
 
 } // namespace
 
-SizedFont::SizedFont(std::shared_ptr<Typeface> face, int height, int width) : face_(std::move(face))
+SizedFont::SizedFont(std::shared_ptr<Typeface> face, int height, int width, double scale)
+    : face_(std::move(face))
 {
     const FontTables& t = face_->tables();
     const double cell = t.cellAscent + t.cellDescent;
     em_ = height > 0 ? height * t.unitsPerEm / cell : height < 0 ? -static_cast<double>(height) : 16.0;
+    em_ *= scale;
     scaleX_ = scaleY_ = em_ / face_->designPixels();
     ascent_ = down(t.cellAscent);
-    descent_ = height > 0 ? height - ascent_ : down(t.cellDescent);
+    descent_ = height > 0 ? static_cast<int>(std::lround(height * scale)) - ascent_ : down(t.cellDescent);
     if (width > 0 && t.averageWidth > 0)
-        scaleX_ = static_cast<double>(width) * t.unitsPerEm / t.averageWidth / face_->designPixels();
+        scaleX_ = width * scale * t.unitsPerEm / t.averageWidth / face_->designPixels();
     allFonts().push_back(this);
 }
 

@@ -33,7 +33,8 @@ struct GlyphMask {
 
 class SizedFont {
 public:
-    SizedFont(std::shared_ptr<Typeface> face, int height, int width);
+    // Height and width as a font request has them, in units of `scale` pixels.
+    SizedFont(std::shared_ptr<Typeface> face, int height, int width, double scale = 1);
     ~SizedFont();
     SizedFont(const SizedFont&) = delete;
     SizedFont& operator=(const SizedFont&) = delete;

@@ -1,0 +1,106 @@
+// Bitmaps, and copying from one context to another.
+#pragma once
+
+#include "corekit/platform/Export.h"
+#include "corekit/platform/Types.h"
+
+#include <cstddef>
+#include <span>
+
+struct BITMAPINFOHEADER {
+    DWORD biSize;
+    LONG biWidth;
+    LONG biHeight; // negative: the first row in memory is the top one
+    WORD biPlanes;
+    WORD biBitCount;
+    DWORD biCompression;
+    DWORD biSizeImage;
+    LONG biXPelsPerMeter;
+    LONG biYPelsPerMeter;
+    DWORD biClrUsed;
+    DWORD biClrImportant;
+};
+static_assert(sizeof(BITMAPINFOHEADER) == 40);
+
+struct RGBQUAD {
+    BYTE rgbBlue, rgbGreen, rgbRed, rgbReserved;
+};
+struct BITMAPINFO {
+    BITMAPINFOHEADER bmiHeader;
+    RGBQUAD bmiColors[1];
+};
+inline constexpr DWORD BI_RGB = 0;
+inline constexpr UINT DIB_RGB_COLORS = 0;
+
+struct BITMAP {
+    LONG bmType;
+    LONG bmWidth;
+    LONG bmHeight;
+    LONG bmWidthBytes;
+    WORD bmPlanes;
+    WORD bmBitsPixel;
+    void* bmBits; // null unless made by CreateDIBSection or CreateBitmapFromDib
+};
+
+// Width and height from 1 pixel, the whole up to 1 GiB; null with ERROR_INVALID_PARAMETER otherwise.
+COREKIT_API HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height);
+// A bitmap whose pixels the caller may read and write: *bits is the first row in memory, rows follow each
+// other without padding, and the block lives as long as the bitmap. `dc` may be null. Only 32 bits, one
+// plane and BI_RGB; `section` must be null and `offset` 0.
+COREKIT_API HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits, HANDLE section,
+                                     DWORD offset);
+// A bitmap with the picture of a device-independent one: header, colour table and rows as in a .bmp file
+// behind the file's own header. 1, 4, 8, 16, 24 or 32 bits, BI_RGB, the 40-byte header or one that continues
+// it. All pixels become opaque; GetObjectA tells where they are, the top row first. Null with
+// ERROR_INVALID_PARAMETER for anything else and for a block that ends too early.
+COREKIT_API HBITMAP CreateBitmapFromDib(std::span<const std::byte> dib);
+// Writes a bitmap as an opaque PNG file; alpha is disregarded. Replaces the file. False with a last error.
+COREKIT_API BOOL SaveBitmapAsPng(HBITMAP bitmap, const char* path);
+
+// A bitmap of 1 or 32 bits a pixel, one plane. Rows of 1 bit are padded to two bytes; a bit that is 0 stands
+// for the text colour and one that is 1 for the background colour of the context that it is drawn to. `bits`
+// may be null.
+COREKIT_API HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void* bits);
+
+// ---- Copying ----------------------------------------------------------------------------------
+
+// Raster operations: what becomes of the destination D with the source S and the brush P. Every code of the
+// documented form is understood; its third byte is the table of results.
+inline constexpr DWORD SRCCOPY = 0x00CC0020;
+inline constexpr DWORD SRCPAINT = 0x00EE0086;
+inline constexpr DWORD SRCAND = 0x008800C6;
+inline constexpr DWORD SRCINVERT = 0x00660046;
+inline constexpr DWORD NOTSRCCOPY = 0x00330008;
+inline constexpr DWORD PATCOPY = 0x00F00021;
+inline constexpr DWORD PATINVERT = 0x005A0049;
+inline constexpr DWORD DSTINVERT = 0x00550009;
+inline constexpr DWORD BLACKNESS = 0x00000042;
+inline constexpr DWORD WHITENESS = 0x00FF0062;
+
+inline constexpr int COLORONCOLOR = 3; // the nearest pixel
+inline constexpr int HALFTONE = 4;     // smoothed
+
+// Both contexts may be the same, the areas may overlap. What the source does not have is not drawn. SRCCOPY
+// takes alpha along, all others leave that of the destination.
+COREKIT_API BOOL BitBlt(HDC to, int x, int y, int width, int height, HDC from, int fromX, int fromY,
+                        DWORD operation);
+// A width or height below 0 mirrors.
+COREKIT_API BOOL StretchBlt(HDC to, int x, int y, int width, int height, HDC from, int fromX, int fromY,
+                            int fromWidth, int fromHeight, DWORD operation);
+// How bitmaps are enlarged and reduced, COLORONCOLOR at first. Returns the former mode, 0 on failure.
+COREKIT_API int SetStretchBltMode(HDC dc, int mode);
+// The brush alone: PATCOPY, PATINVERT, DSTINVERT, BLACKNESS, WHITENESS. False for an operation with a source.
+COREKIT_API BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation);
+
+struct BLENDFUNCTION {
+    BYTE BlendOp; // 0
+    BYTE BlendFlags;
+    BYTE SourceConstantAlpha; // 255: as it is
+    BYTE AlphaFormat;         // AC_SRC_ALPHA: each pixel by its own alpha, too
+};
+inline constexpr BYTE AC_SRC_OVER = 0;
+inline constexpr BYTE AC_SRC_ALPHA = 1;
+
+// Lays the source over the destination. The source area must lie in the source.
+COREKIT_API BOOL AlphaBlend(HDC to, int x, int y, int width, int height, HDC from, int fromX, int fromY,
+                            int fromWidth, int fromHeight, BLENDFUNCTION blend);

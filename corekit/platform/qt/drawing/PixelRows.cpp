@@ -1,0 +1,224 @@
+#include "corekit/platform/qt/drawing/PixelRows.h"
+
+#include "corekit/platform/Errors.h"
+#include "corekit/platform/qt/drawing/Fill.h"
+
+#include <algorithm>
+#include <cstring>
+#include <QImage>
+
+namespace corekit::detail {
+
+namespace {
+
+constexpr std::uint32_t opaque = 0xFF000000u;
+
+unsigned tableOf(DWORD operation) { return operation >> 16 & 0xFF; }
+
+// One axis of a copy: which place of the source each place of the destination shows.
+struct Axis {
+    std::int64_t to, toSize, from, fromSize;
+    bool mirror;
+
+    std::int64_t at(std::int64_t place) const
+    {
+        std::int64_t i = place - to;
+        if (mirror) i = toSize - 1 - i;
+        return toSize == fromSize ? from + i : from + (2 * i + 1) * fromSize / (2 * toSize);
+    }
+};
+
+// The places for which the source has a pixel: one stretch, since the axis runs in one direction.
+void cutToSource(const Axis& axis, std::int64_t size, std::int64_t& first, std::int64_t& last)
+{
+    const auto has = [&](std::int64_t place) { return axis.at(place) >= 0 && axis.at(place) < size; };
+    while (first < last && !has(first)) ++first;
+    while (last > first && !has(last - 1)) --last;
+}
+
+// A part of a source at another size, smoothed by the toolkit.
+class SmoothRows final : public PixelRows {
+public:
+    SmoothRows(const PixelRows& source, const Area& from, int w, int h) : PixelRows(w, h)
+    {
+        QImage part(static_cast<int>(from.width()), static_cast<int>(from.height()),
+                    QImage::Format_ARGB32_Premultiplied);
+        for (int y = 0; y < part.height(); ++y)
+            source.read(static_cast<int>(from.top) + y, static_cast<int>(from.left),
+                        static_cast<int>(from.right), reinterpret_cast<std::uint32_t*>(part.scanLine(y)));
+        picture_ = part.scaled(w, h, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                       .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    }
+    void read(int y, int from, int to, std::uint32_t* out) const override
+    {
+        std::memcpy(out, reinterpret_cast<const std::uint32_t*>(picture_.constScanLine(y)) + from,
+                    static_cast<std::size_t>(to - from) * 4);
+    }
+
+private:
+    QImage picture_;
+};
+
+constexpr std::int64_t largestExtent = 1 << 27;   // beyond it the arithmetic of a stretch would overflow
+constexpr std::int64_t largestSmoothed = 1 << 24; // pixels
+
+bool canSmooth(const PixelRows& source, const Copying& how)
+{
+    const Area all{0, 0, source.width, source.height};
+    return how.smooth && how.isStretched() && all.covers(how.from) &&
+           how.to.width() * how.to.height() <= largestSmoothed;
+}
+
+std::uint32_t scaledBy(std::uint32_t pixel, std::uint32_t alpha)
+{
+    std::uint32_t out = 0;
+    for (int shift = 0; shift < 32; shift += 8) out |= ((pixel >> shift & 255) * alpha + 127) / 255 << shift;
+    return out;
+}
+
+// Source over destination; colours are multiplied by alpha already.
+void blendRow(const BLENDFUNCTION& blend, std::uint32_t* to, const std::uint32_t* source, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint32_t own = blend.AlphaFormat & AC_SRC_ALPHA ? source[i] : source[i] | opaque;
+        const std::uint32_t over = scaledBy(own, blend.SourceConstantAlpha);
+        to[i] = over + scaledBy(to[i], 255 - (over >> 24));
+    }
+}
+
+class Copier {
+public:
+    Copier(DeviceContext& context, const PixelRows& source, const Copying& how)
+        : context_(context), source_(source),
+          how_(how), x_{how.to.left, how.to.width(), how.from.left, how.from.width(), how.mirrorX},
+          y_{how.to.top, how.to.height(), how.from.top, how.from.height(), how.mirrorY}
+    {
+    }
+
+    void copy(Area part)
+    {
+        cutToSource(x_, source_.width, part.left, part.right);
+        cutToSource(y_, source_.height, part.top, part.bottom);
+        if (part.isEmpty()) return;
+        row_.resize(static_cast<std::size_t>(part.width()));
+        if (!how_.blend && needsBrush(how_.operation)) brush_.resize(row_.size());
+        choose(part);
+        // Rows that lie lower come first where the source is the same bitmap and moves down.
+        const bool upwards = source_.row(0) && y_.at(part.top) < part.top;
+        for (std::int64_t i = 0; i < part.height(); ++i)
+            copyRow(part, upwards ? part.bottom - 1 - i : part.top + i);
+    }
+
+private:
+    // The columns of the source that the part shows.
+    void choose(const Area& part)
+    {
+        const std::int64_t a = x_.at(part.left), b = x_.at(part.right - 1);
+        first_ = static_cast<int>(std::min(a, b));
+        last_ = static_cast<int>(std::max(a, b)) + 1;
+        isStraight_ = !how_.mirrorX && x_.toSize == x_.fromSize;
+        columns_.clear();
+        if (isStraight_) return;
+        for (std::int64_t x = part.left; x < part.right; ++x)
+            columns_.push_back(static_cast<std::uint32_t>(x_.at(x) - first_));
+        whole_.resize(static_cast<std::size_t>(last_ - first_));
+        read_ = -1;
+    }
+
+    const std::uint32_t* sourceRow(int y)
+    {
+        if (isStraight_) {
+            source_.read(y, first_, last_, row_.data());
+            return row_.data();
+        }
+        if (y == read_) return row_.data();
+        const std::uint32_t* from = source_.row(y);
+        if (from)
+            from += first_;
+        else
+            source_.read(y, first_, last_, whole_.data());
+        if (!from) from = whole_.data();
+        for (std::size_t i = 0; i < columns_.size(); ++i) row_[i] = from[columns_[i]];
+        read_ = y;
+        return row_.data();
+    }
+
+    void copyRow(const Area& part, std::int64_t y)
+    {
+        Bitmap& bitmap = *context_.bitmap;
+        std::uint32_t* const to = bitmap.row(static_cast<int>(y)) + part.left;
+        const auto count = static_cast<std::size_t>(part.width());
+        const int from = static_cast<int>(y_.at(y));
+        if (how_.blend) return blendRow(*how_.blend, to, sourceRow(from), count);
+        if (how_.operation == SRCCOPY) {
+            if (isStraight_)
+                source_.read(from, first_, last_, to);
+            else
+                std::memcpy(to, sourceRow(from), count * 4);
+            if (bitmap.isOpaque)
+                for (std::size_t i = 0; i < count; ++i) to[i] |= opaque;
+            return;
+        }
+        if (!brush_.empty()) brushRow(context_, *context_.brush, part.left, y, brush_);
+        combineRow(how_.operation, to, sourceRow(from), brush_.data(), count);
+    }
+
+    DeviceContext& context_;
+    const PixelRows& source_;
+    const Copying& how_;
+    const Axis x_, y_;
+    int first_ = 0, last_ = 0, read_ = -1;
+    bool isStraight_ = false;
+    std::vector<std::uint32_t> row_, brush_, whole_, columns_;
+};
+
+} // namespace
+
+bool needsSource(DWORD operation)
+{
+    const unsigned table = tableOf(operation);
+    return ((table >> 2 ^ table) & 0x33) != 0;
+}
+
+bool needsBrush(DWORD operation)
+{
+    const unsigned table = tableOf(operation);
+    return ((table >> 4 ^ table) & 0x0F) != 0;
+}
+
+void combineRow(DWORD operation, std::uint32_t* to, const std::uint32_t* source, const std::uint32_t* brush,
+                std::size_t count)
+{
+    const unsigned table = tableOf(operation);
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint32_t d = to[i], s = source ? source[i] : 0, p = brush ? brush[i] : 0;
+        std::uint32_t result = 0;
+        for (unsigned row = 0; row < 8; ++row) {
+            if (!(table >> row & 1)) continue;
+            result |= (row & 4 ? p : ~p) & (row & 2 ? s : ~s) & (row & 1 ? d : ~d);
+        }
+        to[i] = (result & ~opaque) | (d & opaque);
+    }
+}
+
+bool copyPixels(DeviceContext& context, const PixelRows& source, const Copying& how)
+{
+    if (how.to.isEmpty() || how.from.isEmpty()) return true;
+    if (how.isStretched() &&
+        std::max({how.to.width(), how.to.height(), how.from.width(), how.from.height()}) > largestExtent) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return false;
+    }
+    if (canSmooth(source, how)) {
+        const SmoothRows smoothed(source, how.from, static_cast<int>(how.to.width()),
+                                  static_cast<int>(how.to.height()));
+        Copying then = how;
+        then.from = {0, 0, how.to.width(), how.to.height()};
+        return copyPixels(context, smoothed, then);
+    }
+    Copier copier(context, source, how);
+    context.forEachPart(how.to, [&](const Area& part) { copier.copy(part); });
+    return true;
+}
+
+} // namespace corekit::detail
