@@ -123,6 +123,8 @@
 #include "corekit/platform/Variant.h"
 #include "corekit/platform/VersionInfo.h"
 #include "corekit/platform/Waits.h"
+#include "corekit/platform/WindowMessages.h"
+#include "corekit/platform/WindowStyles.h"
 #include "corekit/stores/BlockMappedFile.h"
 #include "corekit/stores/DataBuffer.h"
 #include "corekit/stores/DataCache.h"

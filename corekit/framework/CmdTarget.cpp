@@ -1,11 +1,72 @@
 #include "corekit/framework/CmdTarget.h"
 
+#include "corekit/framework/ui/CmdUI.h"
+#include "corekit/platform/WindowMessages.h"
+
 IMPLEMENT_DYNAMIC(CCmdTarget, CObject)
 
-static constexpr AFX_MSGMAP_ENTRY noEntries[] = {{0, 0, 0, 0, 0, nullptr}};
-constinit const AFX_MSGMAP CCmdTarget::messageMap = {nullptr, noEntries};
+namespace {
 
-const AFX_MSGMAP* CCmdTarget::GetMessageMap() const { return &messageMap; }
+// What a handler is called with.
+struct Command {
+    UINT id;
+    void* extra;
+
+    CCmdUI* ui() const { return static_cast<CCmdUI*>(extra); }
+    AFX_NOTIFY* notify() const { return static_cast<AFX_NOTIFY*>(extra); }
+};
+
+template <class Method, class... Arguments>
+auto Call(CCmdTarget* target, AFX_PMSG method, Arguments... arguments)
+{
+    return (target->*std::bit_cast<Method>(method))(arguments...);
+}
+
+// Whether the command is done with.
+BOOL Dispatch(CCmdTarget* target, const AFX_MSGMAP_ENTRY& entry, const Command& command)
+{
+    using T = CCmdTarget;
+    switch (entry.nSig) {
+    case AfxSigCmd_b:
+        return Call<BOOL (T::*)()>(target, entry.pfn);
+    case AfxSigCmd_id:
+        Call<void (T::*)(UINT)>(target, entry.pfn, command.id);
+        return TRUE;
+    case AfxSigCmd_idEx:
+        return Call<BOOL (T::*)(UINT)>(target, entry.pfn, command.id);
+    case AfxSigCmd_ui: {
+        CCmdUI* const ui = command.ui();
+        ui->m_bContinueRouting = FALSE;
+        Call<void (T::*)(CCmdUI*)>(target, entry.pfn, ui);
+        return !ui->m_bContinueRouting;
+    }
+    case AfxSigCmd_notify:
+        Call<void (T::*)(NMHDR*, LRESULT*)>(target, entry.pfn, command.notify()->pNMHDR,
+                                            command.notify()->pResult);
+        return TRUE;
+    case AfxSigCmd_notifyId:
+        Call<void (T::*)(UINT, NMHDR*, LRESULT*)>(target, entry.pfn, command.id, command.notify()->pNMHDR,
+                                                  command.notify()->pResult);
+        return TRUE;
+    case AfxSigCmd_notifyEx:
+        return Call<BOOL (T::*)(UINT, NMHDR*, LRESULT*)>(target, entry.pfn, command.id,
+                                                         command.notify()->pNMHDR, command.notify()->pResult);
+    default:
+        (target->*entry.pfn)();
+        return TRUE;
+    }
+}
+
+} // namespace
+
+const AFX_MSGMAP* CCmdTarget::GetThisMessageMap()
+{
+    static constexpr AFX_MSGMAP_ENTRY noEntries[] = {{0, 0, 0, 0, 0, nullptr}};
+    static constexpr AFX_MSGMAP map = {nullptr, noEntries};
+    return &map;
+}
+
+const AFX_MSGMAP* CCmdTarget::GetMessageMap() const { return GetThisMessageMap(); }
 
 const AFX_MSGMAP_ENTRY* CCmdTarget::FindMessageEntry(UINT message, UINT code, UINT id) const
 {
@@ -16,4 +77,20 @@ const AFX_MSGMAP_ENTRY* CCmdTarget::FindMessageEntry(UINT message, UINT code, UI
                 id <= entry->nLastID)
                 return entry;
     return nullptr;
+}
+
+BOOL CCmdTarget::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* info)
+{
+    // A notification's code shares its number with the message that it comes in.
+    const bool plain = code == static_cast<int>(CN_UPDATE_COMMAND_UI) || code == static_cast<int>(CN_EVENT);
+    const UINT message =
+        plain || !HIWORD(static_cast<UINT>(code)) ? WM_COMMAND : HIWORD(static_cast<UINT>(code));
+    const UINT number = plain ? static_cast<UINT>(code) : LOWORD(static_cast<UINT>(code));
+    const AFX_MSGMAP_ENTRY* const entry = FindMessageEntry(message, number, id);
+    if (!entry) return FALSE;
+    if (info) {
+        *info = {this, entry->pfn};
+        return TRUE;
+    }
+    return Dispatch(this, *entry, {id, extra});
 }

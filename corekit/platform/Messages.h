@@ -6,14 +6,9 @@
 
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
+#include "corekit/platform/WindowMessages.h"
 
 #include <functional>
-
-inline constexpr UINT WM_QUIT = 0x12;
-inline constexpr UINT WM_KEYDOWN = 0x100;
-inline constexpr UINT WM_CHAR = 0x102;
-inline constexpr UINT WM_IME_CHAR = 0x286;
-inline constexpr UINT WM_USER = 0x400; // from here on messages mean what the window says
 
 inline constexpr DWORD ERROR_INVALID_WINDOW_HANDLE = 1400;
 inline constexpr DWORD ERROR_NOT_ENOUGH_QUOTA = 1816;
@@ -27,6 +22,10 @@ struct tagMSG {
     POINT pt;   // the pointer, in screen pixels
 };
 using MSG = tagMSG;
+
+// Gives a message to its window at once and returns the window's answer; 0 with error 1400 for a window that
+// is null or closed, with error 5 for one of another thread.
+COREKIT_API LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // Gives a message to its window at once and returns the window's answer; 0 for a null message, and for a
 // window that is null, closed or not of this thread.
@@ -46,7 +45,16 @@ inline constexpr UINT PM_REMOVE = 1;
 // error 1400, and -1 for GetMessageA, if the window is closed or another thread's; closing a window takes
 // its messages along.
 COREKIT_API BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove);
+//
+// On the thread that runs the window toolkit both let it work while they find nothing: keys, mouse, paints
+// and timers then reach their windows, by way of pre-translation, within the call. So a loop of PeekMessageA
+// and DispatchMessageA keeps windows alive.
 COREKIT_API BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last);
+// Ends this thread's innermost message loop, and so on outwards, by a WM_QUIT.
+COREKIT_API void PostQuitMessage(int exitCode);
+// One number for one name in the whole program, without regard to case: 0xC000 to 0xFFFF, 0 when all are
+// taken.
+COREKIT_API UINT RegisterWindowMessageA(const char* name);
 
 // A window that shows nothing: an HWND whose messages arrive at a function. Not copied, and closed by the
 // destructor on the thread that made it, even while it answers a message.

@@ -18,7 +18,10 @@ bool MessageQueue::Post(const MSG& message)
         if (m_messages.size() >= maximumPostedMessages) return false;
         m_messages.push_back(message);
     }
-    m_arrival.notify_one();
+    if (const auto wake = m_wake.load())
+        wake();
+    else
+        m_arrival.notify_one();
     return true;
 }
 
@@ -36,6 +39,12 @@ bool MessageQueue::Read(MSG& message, const MessageFilter& filter, QueueRead how
         if (how != QueueRead::wait) return false;
         m_arrival.wait(lock);
     }
+}
+
+void MessageQueue::SetOuterLoop(const OuterLoop& loop)
+{
+    m_work = loop.work;
+    m_wake = loop.wake;
 }
 
 void MessageQueue::Drop(HWND window)

@@ -1,8 +1,9 @@
 // The posted messages of one thread, oldest first. Any thread may post; the rest belongs to the owner.
 #pragma once
 
-#include "corekit/platform/Messages.h"
+#include "corekit/platform/posix/user/WindowTable.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -27,7 +28,14 @@ public:
     // Forgets what was posted to a window.
     void Drop(HWND window);
 
+    // The owner's thread only; the loop is set once, before it does any work.
+    void SetOuterLoop(const OuterLoop& loop);
+    bool HasOuterLoop() const { return m_work != nullptr; }
+    void WorkOutside(bool block) const { m_work(block); }
+
 private:
+    void (*m_work)(bool) = nullptr;
+    std::atomic<void (*)()> m_wake = nullptr;
     std::mutex m_lock;
     std::condition_variable m_arrival;
     std::deque<MSG> m_messages;

@@ -3,6 +3,10 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/posix/user/MessageQueue.h"
 #include "corekit/platform/posix/user/UserObjects.h"
+#include "corekit/platform/posix/user/WindowTable.h"
+#include "corekit/platform/SystemInfo.h"
+#include "corekit/platform/Threads.h"
+#include "corekit/platform/Windows.h"
 
 #include <chrono>
 #include <memory>
@@ -15,8 +19,9 @@ namespace {
 
 struct Window {
     std::thread::id thread;
+    DWORD threadNumber;
     std::shared_ptr<MessageQueue> queue; // of that thread
-    MessageWindow::Procedure procedure;
+    WindowProcedure procedure;
 
     bool IsOfThisThread() const { return thread == std::this_thread::get_id(); }
 };
@@ -54,6 +59,25 @@ LRESULT DispatchMessageA(const MSG* message)
     return window && window->IsOfThisThread() ? window->procedure(*message) : 0;
 }
 
+LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const auto found = Windows::Instance().Find(window);
+    if (found && found->IsOfThisThread())
+        return found->procedure({window, message, wParam, lParam, 0, {0, 0}});
+    SetLastError(found ? ERROR_ACCESS_DENIED : ERROR_INVALID_WINDOW_HANDLE);
+    return 0;
+}
+
+BOOL IsWindow(HWND window) { return Windows::Instance().Find(window) != nullptr; }
+
+DWORD GetWindowThreadProcessId(HWND window, DWORD* process)
+{
+    const auto found = Windows::Instance().Find(window);
+    if (!found) SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    if (found && process) *process = GetCurrentProcessId();
+    return found ? found->threadNumber : 0;
+}
+
 BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     std::shared_ptr<MessageQueue> queue;
@@ -74,25 +98,58 @@ BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove)
 {
     if (!message) SetLastError(ERROR_INVALID_PARAMETER);
     if (!message || !MayRead(window)) return FALSE;
-    return ThisThreadsQueue()->Read(*message, {window, first, last},
-                                    remove & PM_REMOVE ? QueueRead::take : QueueRead::look);
+    const auto queue = ThisThreadsQueue();
+    const QueueRead how = remove & PM_REMOVE ? QueueRead::take : QueueRead::look;
+    if (queue->Read(*message, {window, first, last}, how)) return TRUE;
+    if (!queue->HasOuterLoop()) return FALSE;
+    queue->WorkOutside(false);
+    return queue->Read(*message, {window, first, last}, how);
 }
 
 BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last)
 {
     if (!message) SetLastError(ERROR_INVALID_PARAMETER);
     if (!message || !MayRead(window)) return -1;
-    ThisThreadsQueue()->Read(*message, {window, first, last}, QueueRead::wait);
+    const auto queue = ThisThreadsQueue();
+    const MessageFilter filter{window, first, last};
+    if (queue->HasOuterLoop()) {
+        while (!queue->Read(*message, filter, QueueRead::take)) {
+            queue->WorkOutside(true);
+            if (!MayRead(window)) return -1;
+        }
+    } else {
+        queue->Read(*message, filter, QueueRead::wait);
+    }
     return message->message != WM_QUIT;
 }
 
-MessageWindow::MessageWindow(Procedure procedure)
-    : m_window(Windows::Instance().Open(std::make_shared<const Window>(
-          Window{std::this_thread::get_id(), ThisThreadsQueue(), std::move(procedure)})))
+void PostQuitMessage(int exitCode) { PostMessageA(nullptr, WM_QUIT, static_cast<WPARAM>(exitCode), 0); }
+
+MessageWindow::MessageWindow(Procedure procedure) : m_window(openWindow(std::move(procedure))) {}
+
+MessageWindow::~MessageWindow() { closeWindow(m_window); }
+
+namespace corekit::detail {
+
+HWND openWindow(WindowProcedure procedure)
 {
+    return Windows::Instance().Open(std::make_shared<const Window>(
+        Window{std::this_thread::get_id(), GetCurrentThreadId(), ThisThreadsQueue(), std::move(procedure)}));
 }
 
-MessageWindow::~MessageWindow()
+void closeWindow(HWND window)
 {
-    if (const auto closed = Windows::Instance().Close(m_window)) closed->queue->Drop(m_window);
+    if (const auto closed = Windows::Instance().Close(window)) closed->queue->Drop(window);
 }
+
+void setOuterLoop(const OuterLoop& loop) { ThisThreadsQueue()->SetOuterLoop(loop); }
+
+bool takePosted(MSG& message) { return ThisThreadsQueue()->Read(message, {nullptr, 0, 0}, QueueRead::take); }
+
+bool hasPosted()
+{
+    MSG message;
+    return ThisThreadsQueue()->Read(message, {nullptr, 0, 0}, QueueRead::look);
+}
+
+} // namespace corekit::detail

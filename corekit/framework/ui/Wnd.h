@@ -1,0 +1,215 @@
+// A window as an object.
+//
+// The object and its handle are two things. Create, or Attach to a handle that exists, binds them until the
+// window is destroyed or Detach parts them; the object itself is deleted by its owner, or in PostNcDestroy by
+// a class that owns itself. SubclassWindow binds to a window of another class and puts this object's messages
+// before that class's own. FromHandle gives an object for any handle: the permanent one if there is one, else
+// a temporary one that lasts until the program is idle again and is not to be kept.
+//
+// Messages go to WindowProc: from there by OnWndMsg to the message map (MessageMap.h), and what nobody
+// handles to the class's own procedure. Commands go by OnCmdMsg; a frame lets its view and document have them
+// first. User-interface thread only.
+#pragma once
+
+#include "corekit/framework/String.h"
+#include "corekit/framework/ui/MessageMap.h"
+#include "corekit/framework/ui/WndMessages.h"
+#include "corekit/platform/Caret.h"
+#include "corekit/platform/Input.h"
+#include "corekit/platform/Painting.h"
+#include "corekit/platform/ScrollBars.h"
+#include "corekit/platform/Timers.h"
+#include "corekit/platform/Windows.h"
+
+class CDataExchange;
+class CFrameWnd;
+struct CCreateContext;
+
+class COREKIT_API CWnd : public CWndMessages {
+    DECLARE_DYNAMIC(CWnd)
+public:
+    CWnd() = default;
+    ~CWnd() override; // destroys the window if there still is one
+
+    HWND m_hWnd = nullptr;
+    HWND GetSafeHwnd() const; // also through a null pointer: null
+    operator HWND() const { return m_hWnd; }
+
+    // ---- Handles and objects
+    static CWnd* FromHandle(HWND window); // null for null
+    static CWnd* FromHandlePermanent(HWND window);
+    static void DeleteTempMap();
+    BOOL Attach(HWND window);
+    HWND Detach();
+    BOOL SubclassWindow(HWND window);
+    BOOL SubclassDlgItem(UINT id, CWnd* parent);
+    HWND UnsubclassWindow();
+
+    // ---- Life. PreCreateWindow may change what is asked for. A child's id goes where a menu would.
+    BOOL CreateEx(DWORD exStyle, const char* className, const char* name, DWORD style, int x, int y,
+                  int width, int height, HWND parent, HMENU menuOrId, void* parameter = nullptr);
+    BOOL CreateEx(DWORD exStyle, const char* className, const char* name, DWORD style, const RECT& rect,
+                  CWnd* parent, UINT id, void* parameter = nullptr);
+    virtual BOOL Create(const char* className, const char* name, DWORD style, const RECT& rect, CWnd* parent,
+                        UINT id, CCreateContext* context = nullptr);
+    virtual BOOL DestroyWindow();
+    virtual BOOL PreCreateWindow(CREATESTRUCTA& create);
+    virtual void PreSubclassWindow() {}
+    virtual void PostNcDestroy() {}
+
+    // ---- Messages
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    LRESULT SendDlgItemMessage(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0, BOOL deep = TRUE);
+    LRESULT Default() override;
+    static const MSG* GetCurrentMessage(); // the one in hand
+    // True: the message is consumed. Asked for each message of the queued kind, from its window upwards.
+    virtual BOOL PreTranslateMessage(MSG* message);
+    BOOL OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* info) override;
+    // Enables and checks what the window holds by the update handlers of `target`; items without one are
+    // disabled where `disableIfNoHandler` says so.
+    void UpdateDialogControls(CCmdTarget* target, BOOL disableIfNoHandler);
+
+    // ---- The tree
+    CWnd* GetParent() const { return FromHandle(::GetParent(m_hWnd)); }
+    CWnd* SetParent(CWnd* parent);
+    CWnd* GetOwner() const;
+    void SetOwner(CWnd* owner) { m_hWndOwner = owner->GetSafeHwnd(); }
+    CWnd* GetTopLevelParent() const;
+    CFrameWnd* GetParentFrame() const; // null without one
+    CFrameWnd* GetTopLevelFrame() const;
+    CWnd* GetWindow(UINT which) const { return FromHandle(::GetWindow(m_hWnd, which)); }
+    CWnd* GetTopWindow() const { return GetWindow(GW_CHILD); }
+    CWnd* GetNextWindow(UINT which = GW_HWNDNEXT) const { return GetWindow(which); }
+    BOOL IsChild(const CWnd* window) const { return ::IsChild(m_hWnd, window->GetSafeHwnd()); }
+    CWnd* GetDlgItem(int id) const { return FromHandle(::GetDlgItem(m_hWnd, id)); }
+    CWnd* GetDescendantWindow(int id, BOOL onlyPermanent = FALSE) const;
+    int GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }
+    int SetDlgCtrlID(int id) { return static_cast<int>(::SetWindowLongPtrA(m_hWnd, GWLP_ID, id)); }
+    static CWnd* GetDesktopWindow() { return FromHandle(::GetDesktopWindow()); }
+    static CWnd* WindowFromPoint(POINT point) { return FromHandle(::WindowFromPoint(point)); }
+    CWnd* ChildWindowFromPoint(POINT point) const;
+
+    // ---- Style, place, state
+    DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLongA(m_hWnd, GWL_STYLE)); }
+    DWORD GetExStyle() const { return static_cast<DWORD>(::GetWindowLongA(m_hWnd, GWL_EXSTYLE)); }
+    BOOL ModifyStyle(DWORD remove, DWORD add, UINT flags = 0); // whether anything changed
+    BOOL ModifyStyleEx(DWORD remove, DWORD add, UINT flags = 0);
+    BOOL ShowWindow(int how) { return ::ShowWindow(m_hWnd, how); }
+    BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
+    BOOL IsIconic() const { return ::IsIconic(m_hWnd); }
+    BOOL IsZoomed() const { return ::IsZoomed(m_hWnd); }
+    BOOL SetWindowPos(const CWnd* insertAfter, int x, int y, int width, int height, UINT flags);
+    void MoveWindow(int x, int y, int width, int height, BOOL repaint = TRUE);
+    void MoveWindow(const RECT* rect, BOOL repaint = TRUE);
+    void BringWindowToTop() { ::BringWindowToTop(m_hWnd); }
+    void CenterWindow(CWnd* over = nullptr); // null: the owner, or the screen
+    void GetWindowRect(RECT* rect) const { ::GetWindowRect(m_hWnd, rect); }
+    void GetClientRect(RECT* rect) const { ::GetClientRect(m_hWnd, rect); }
+    void ClientToScreen(POINT* point) const { ::ClientToScreen(m_hWnd, point); }
+    void ClientToScreen(RECT* rect) const;
+    void ScreenToClient(POINT* point) const { ::ScreenToClient(m_hWnd, point); }
+    void ScreenToClient(RECT* rect) const;
+    void MapWindowPoints(CWnd* to, POINT* points, UINT count) const;
+    void MapWindowPoints(CWnd* to, RECT* rect) const;
+    BOOL EnableWindow(BOOL enable = TRUE) { return ::EnableWindow(m_hWnd, enable); }
+    BOOL IsWindowEnabled() const { return ::IsWindowEnabled(m_hWnd); }
+    static const CWnd wndTop, wndBottom, wndTopMost, wndNoTopMost; // places for SetWindowPos
+
+    // ---- Text and font
+    void SetWindowText(const char* text) { ::SetWindowTextA(m_hWnd, text); }
+    int GetWindowText(char* buffer, int size) const { return ::GetWindowTextA(m_hWnd, buffer, size); }
+    void GetWindowText(CString& text) const;
+    int GetWindowTextLength() const { return ::GetWindowTextLengthA(m_hWnd); }
+    void SetDlgItemText(int id, const char* text);
+    int GetDlgItemText(int id, CString& text) const;
+    void SetFont(HFONT font, BOOL redraw = TRUE);
+    HFONT GetFont() const { return reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)); }
+
+    // ---- Painting
+    CDC* GetDC(); // temporary, to be given back
+    CDC* GetWindowDC();
+    int ReleaseDC(CDC* dc);
+    HDC BeginPaint(PAINTSTRUCT* paint) { return ::BeginPaint(m_hWnd, paint); }
+    void EndPaint(const PAINTSTRUCT* paint) { ::EndPaint(m_hWnd, paint); }
+    void Invalidate(BOOL erase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, erase); }
+    void InvalidateRect(const RECT* rect, BOOL erase = TRUE) { ::InvalidateRect(m_hWnd, rect, erase); }
+    void ValidateRect(const RECT* rect) { ::ValidateRect(m_hWnd, rect); }
+    void UpdateWindow() { ::UpdateWindow(m_hWnd); }
+    BOOL RedrawWindow(const RECT* rect = nullptr, HRGN region = nullptr,
+                      UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE)
+    {
+        return ::RedrawWindow(m_hWnd, rect, region, flags);
+    }
+    void SetRedraw(BOOL redraw = TRUE) { SendMessage(WM_SETREDRAW, static_cast<WPARAM>(redraw)); }
+    BOOL GetUpdateRect(RECT* rect, BOOL erase = FALSE) { return ::GetUpdateRect(m_hWnd, rect, erase); }
+    void ScrollWindow(int dx, int dy, const RECT* part = nullptr, const RECT* clip = nullptr);
+
+    // ---- Input
+    CWnd* SetFocus() { return FromHandle(::SetFocus(m_hWnd)); }
+    static CWnd* GetFocus() { return FromHandle(::GetFocus()); }
+    CWnd* SetCapture() { return FromHandle(::SetCapture(m_hWnd)); }
+    static CWnd* GetCapture() { return FromHandle(::GetCapture()); }
+    CWnd* SetActiveWindow() { return FromHandle(::SetActiveWindow(m_hWnd)); }
+    static CWnd* GetActiveWindow() { return FromHandle(::GetActiveWindow()); }
+    BOOL SetForegroundWindow() { return ::SetForegroundWindow(m_hWnd); }
+    UINT_PTR SetTimer(UINT_PTR id, UINT milliseconds, TIMERPROC procedure = nullptr);
+    BOOL KillTimer(UINT_PTR id) { return ::KillTimer(m_hWnd, id); }
+    void CreateSolidCaret(int width, int height) { ::CreateCaret(m_hWnd, nullptr, width, height); }
+    static void SetCaretPos(POINT point) { ::SetCaretPos(point.x, point.y); }
+    static CPoint GetCaretPos();
+    void ShowCaret() { ::ShowCaret(m_hWnd); }
+    void HideCaret() { ::HideCaret(m_hWnd); }
+    BOOL OpenClipboard();
+    void DragAcceptFiles(BOOL accept = TRUE);
+
+    // ---- Scroll bars and menus
+    BOOL SetScrollInfo(int bar, SCROLLINFO* info, BOOL redraw = TRUE);
+    BOOL GetScrollInfo(int bar, SCROLLINFO* info, UINT mask = SIF_ALL) const;
+    int SetScrollPos(int bar, int position, BOOL redraw = TRUE);
+    int GetScrollPos(int bar) const { return ::GetScrollPos(m_hWnd, bar); }
+    void SetScrollRange(int bar, int minimum, int maximum, BOOL redraw = TRUE);
+    void ShowScrollBar(UINT bar, BOOL show = TRUE);
+    void EnableScrollBarCtrl(int bar, BOOL enable = TRUE);
+    CMenu* GetMenu() const; // temporary; null without one
+    BOOL SetMenu(CMenu* menu);
+
+    // ---- Dialogs and modal loops
+    BOOL UpdateData(BOOL saveAndValidate = TRUE);
+    virtual void DoDataExchange(CDataExchange*) {}
+    // Runs the toolkit's loop until EndModalLoop, and returns its result. The window need not be a dialog.
+    int RunModalLoop(DWORD flags = 0);
+    virtual void EndModalLoop(int result);
+    BOOL ContinueModal() const { return m_modalDepth > 0; }
+    int MessageBox(const char* text, const char* caption = nullptr, UINT type = 0);
+
+protected:
+    virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
+    // A message that this window sent its parent comes back; true: it is handled.
+    virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    // Sends a message back to the child that it came from.
+    static BOOL ReflectLastMsg(HWND child, LRESULT* result = nullptr);
+    BOOL SendChildNotifyLastMsg(LRESULT* result = nullptr);
+
+    void OnDestroy();
+    void OnNcDestroy(); // parts handle and object, then PostNcDestroy
+    DECLARE_MESSAGE_MAP()
+
+private:
+    friend class CWndDispatch;
+
+    WNDPROC m_pfnSuper = nullptr; // the class's own procedure
+    HWND m_hWndOwner = nullptr;
+    int m_modalDepth = 0, m_modalResult = 0;
+};
+
+// A class of windows made up from what it needs; the same needs give the same name. Kept for good.
+COREKIT_API const char* AfxRegisterWndClass(UINT classStyle, HCURSOR cursor = nullptr,
+                                            HBRUSH background = nullptr, HICON icon = nullptr);
+COREKIT_API BOOL AfxRegisterClass(WNDCLASSA* windowClass); // true also if it is registered already
+COREKIT_API CWnd* AfxGetMainWnd();                         // the thread's main window, null without one

@@ -1,0 +1,43 @@
+// The clipboard, shared with all programs of the display.
+//
+// Open, read or fill, close:
+//
+//     if (OpenClipboard(window)) {
+//         EmptyClipboard();
+//         SetClipboardData(CF_UNICODETEXT, block);
+//         CloseClipboard();
+//     }
+//
+// What was set goes out at CloseClipboard. Text in one of the two text formats can be read in the other as
+// well. Blocks are global memory (Memory.h): what is set belongs to the clipboard from then on, what is got
+// stays the clipboard's and is good until it is closed. A program that owns the data and does not answer
+// makes reading fail after some seconds. User-interface thread.
+#pragma once
+
+#include "corekit/platform/Export.h"
+#include "corekit/platform/Types.h"
+
+inline constexpr UINT CF_TEXT = 1;         // active code page, zero at the end
+inline constexpr UINT CF_UNICODETEXT = 13; // UTF-16, zero at the end
+
+// The number of a private format, 0xC000 to 0xFFFF; one name is one number, without regard to case. 0 when
+// all are taken.
+COREKIT_API UINT RegisterClipboardFormatA(const char* name);
+
+// 0 with error 5 while it is open already. The window may be null; it becomes the owner at EmptyClipboard.
+COREKIT_API BOOL OpenClipboard(HWND window);
+COREKIT_API BOOL CloseClipboard();
+COREKIT_API BOOL EmptyClipboard();
+// The block, null on failure; then it still is the caller's.
+COREKIT_API HGLOBAL SetClipboardData(UINT format, HGLOBAL block);
+// Null if the clipboard is not open, or nothing of that format is there.
+COREKIT_API HGLOBAL GetClipboardData(UINT format);
+COREKIT_API BOOL IsClipboardFormatAvailable(UINT format); // need not be open
+COREKIT_API HWND GetClipboardOwner();
+COREKIT_API HWND GetOpenClipboardWindow();
+
+// The primary selection of an X display: what is selected right now, pasted with the middle button. Both do
+// nothing where there is none, and answer 0.
+COREKIT_API BOOL SetSelectionText(const WCHAR* text, int count);
+// At most size - 1 units and a terminator; returns their number, for a null buffer the whole length.
+COREKIT_API int GetSelectionText(WCHAR* buffer, int size);

@@ -1,0 +1,33 @@
+// The table of all windows, and the loop of the thread that runs the window toolkit.
+//
+// A window is known here by its thread and by what takes its messages; the window library keeps the rest. Its
+// posted messages wait with all others of the thread; the toolkit's loop is told that one came and takes it
+// when its turn comes.
+#pragma once
+
+#include "corekit/platform/Export.h"
+#include "corekit/platform/Messages.h"
+
+#include <functional>
+
+namespace corekit::detail {
+
+using WindowProcedure = std::function<LRESULT(const MSG&)>;
+
+// A window of the calling thread.
+COREKIT_API HWND openWindow(WindowProcedure procedure);
+// Takes its posted messages along.
+COREKIT_API void closeWindow(HWND window);
+
+// How a thread lets another loop work in place of its own waiting. Both belong to one thread.
+struct OuterLoop {
+    void (*wake)();           // any thread: a message has been posted to the loop's thread
+    void (*work)(bool block); // the loop's thread: deals with what waits there; `block`: waits for something
+};
+// For the calling thread, as long as it lives.
+COREKIT_API void setOuterLoop(const OuterLoop& loop);
+// The next message that was posted to the calling thread; false if there is none.
+COREKIT_API bool takePosted(MSG& message);
+COREKIT_API bool hasPosted();
+
+} // namespace corekit::detail
