@@ -1,0 +1,85 @@
+// What typing, deleting and pasting do to text and cursor.
+#include "corekit/platform/Runtime.h"
+#include "corekit/unicode/ui/edit/EditModel.h"
+
+#include <algorithm>
+
+namespace corekit::detail {
+
+// A character may push its word to the next line, or draw it to the one before; the cursor goes along.
+void EditModel::OnChar(WORD character)
+{
+    if (m_limit != 0 && m_text.GetLength() >= m_limit) return;
+    if (character < 32 || character == 127) return;
+    if (HasSelection()) DoDelete();
+    const WCHAR c = m_makeUpper ? crt16::towupper(character) : character;
+    const int line = GetCurrentCursorLine();
+    Insert(m_cursor - line, &c, 1);
+    ++m_cursor;
+    m_cursor += GetCurrentCursorLine() - line;
+}
+
+// A position equal to the length of the text counts as its end, whatever line it lies on.
+void EditModel::DoBackspace()
+{
+    if (HasSelection()) return DoDelete();
+    if (m_cursor == 0) return;
+    const int line = GetCurrentCursorLine();
+    const int index = m_cursor == m_text.GetLength() ? m_cursor : m_cursor - line;
+    Remove(index - 1, 1);
+    m_cursor = index - 1 + line;
+    const int now = GetCurrentCursorLine();
+    if (now < line || now >= m_lines.Count()) m_cursor = std::max(m_cursor - 1, 0);
+}
+
+void EditModel::DoDelete()
+{
+    if (HasSelection()) {
+        m_undo = m_text;
+        const int from = std::min(m_anchor, m_end);
+        Remove(from, std::max(m_anchor, m_end) - from);
+        m_cursor = from;
+        ClearSelection();
+    } else if (const int index = CursorIndex(); index < m_text.GetLength()) {
+        Remove(index, 1);
+    }
+}
+
+void EditModel::OnSoftReturn()
+{
+    Insert(m_cursor, u"\n", 1);
+    ++m_cursor;
+}
+
+void EditModel::OnHardReturn()
+{
+    OnSoftReturn();
+    const int line = GetCurrentCursorLine();
+    if (line < m_lines.Count()) m_cursor = m_lines.PositionOf(line + 1);
+}
+
+bool EditModel::GetSelectedText(StringW& text)
+{
+    if (!HasSelection()) return false;
+    const int from = std::min(m_anchor, m_end);
+    text = m_text.Mid(from - GetCurrentCursorLine(), std::max(m_anchor, m_end) - from);
+    return true;
+}
+
+// Each new line offers a position more. Where all the text is new its first line is none that came along.
+void EditModel::PasteText(const StringW& text)
+{
+    m_undo = m_text;
+    if (HasSelection()) DoDelete();
+    const int line = GetCurrentCursorLine(), count = m_lines.Count();
+    Insert(m_cursor - line, text, text.GetLength());
+    m_cursor += text.GetLength();
+    const bool moved = GetCurrentCursorLine() != line;
+    const int more = m_lines.Count() - count;
+    if (moved && more > 0)
+        m_cursor += m_text.GetLength() == text.GetLength() ? more - 1 : more;
+    else if (moved && more == 0)
+        ++m_cursor;
+}
+
+} // namespace corekit::detail

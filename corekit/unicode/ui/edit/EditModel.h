@@ -1,0 +1,159 @@
+// What the multi-line edit control knows without a window: text, cursor, selection, one level of undo, which
+// part of the lines is in view, and where the caret stands. Windows, keys, clipboard and paint are the
+// control's.
+//
+// Cursor positions are no indexes into the text, see DisplayLines.h: the index is the position less the
+// number of the cursor's line. Where an operation takes a position for an index it says so; an index or a
+// length outside the text is cut to it.
+//
+// The lines are as if made anew at every use. One thread at a time.
+#pragma once
+
+#include "corekit/framework/Geometry.h"
+#include "corekit/unicode/ui/edit/DisplayLines.h"
+#include "corekit/unicode/ui/edit/VisualLine.h"
+
+namespace corekit::detail {
+
+struct HeldModifiers {
+    bool shift = false;
+    bool control = false;
+};
+
+// A line as it is painted: in display order, cut to what is in view.
+struct EditRow {
+    VisualLine line;
+    int from = 0, to = 0; // what of it is selected
+    int shown = 0;        // characters in view, from `first` on
+    int first = 0;
+};
+
+class COREKIT_API EditModel {
+public:
+    static constexpr int left = 0, centred = 1, right = 2;
+
+    explicit EditModel(TextRuler& ruler) : m_ruler(ruler), m_lines(ruler) {}
+
+    // ---- What surrounds the text. Sizes in pixels; the room for lines follows from them.
+    void SetClientSize(int width, int height);
+    void SetTextHeight(int height) { m_textHeight = height; }
+    void SetOrder(TextOrder order) { m_order = order; }
+    void SetBorder(bool border) { m_border = border; }
+    void SetWrapping(Wrapping wrapping) { m_wrapping = wrapping; }
+    void SetAlignment(int alignment) { m_alignment = alignment; }
+    void SetMakeUpper(bool upper);
+    // The text is cut to the limit, to nothing by a limit of 0, which then limits no typing.
+    void SetLimit(int limit);
+    // For another font: lines anew, cursor and offset 0.
+    void ForgetLines();
+
+    const StringW& Text() const { return m_text; }
+    int Cursor() const { return m_cursor; }
+    int Anchor() const { return m_anchor; }
+    int SelectionEnd() const { return m_end; }
+    bool HasSelection() const { return m_anchor != m_end; }
+    int Alignment() const { return m_alignment; }
+    int ClientWidth() const { return m_width; }
+    int TextHeight() const { return m_textHeight; }
+    int Offset() const { return m_offset; } // characters cut from a line's start, aligned right from its end
+    int TopLine() const { return m_top; }   // lines scrolled off
+    CPoint Caret() const { return m_caret; }
+
+    // Everything below that uses lines brings them up to date by this.
+    const DisplayLines& ConvertDataToDisplayLines();
+    int GetCurrentCursorLine() { return ConvertDataToDisplayLines().LineAt(m_cursor); }
+    // The characters of a line, a newline as a blank; until the next call.
+    std::u16string_view LineText(int line);
+
+    // ---- The whole text.
+    // Cursor and offset are cut to the new length; the selection stays.
+    void SetString(StringW text);
+    // Puts text in the place of the selection and of one more character behind it. Nothing without one.
+    void ReplaceSel(const WCHAR* text);
+    // Both states change places, and the selection goes.
+    void UndoChanges();
+
+    // ---- Editing.
+    // Nothing once the limit is reached, nor for a control character.
+    void OnChar(WORD character);
+    void DoBackspace();
+    // A selection goes to the undo text; its ends are taken for indexes.
+    void DoDelete();
+    // A newline, with the cursor's position taken for an index; the hard return goes on to the next line.
+    void OnSoftReturn();
+    void OnHardReturn();
+    // The selected text, counted from the line of the cursor; false without a selection.
+    bool GetSelectedText(StringW& text);
+    // The cursor ends behind the text. Neither the limit nor upper case are applied.
+    void PasteText(const StringW& text);
+
+    // ---- Cursor and selection. All but the first three end with the selection step: without Shift a
+    // selection goes, with it the selection grows from where the cursor was.
+    void SelectAll(); // and the cursor behind the end
+    void HighlightAll();
+    void ClearSelection() { m_anchor = m_end = 0; }
+    void MoveCursorLeft(HeldModifiers held);
+    void MoveCursorRight(HeldModifiers held);
+    // False, and nothing else happens, on the first or last line without Shift.
+    bool DoCursorUp(HeldModifiers held);
+    bool DoCursorDown(HeldModifiers held);
+    void DoCursorHome(HeldModifiers held);
+    void DoCursorEnd(HeldModifiers held);
+
+    // ---- The pointer.
+    // The cursor position at a client point, by the widths of the line's beginnings in stored order.
+    int CursorPosFromPoint(CPoint point);
+    void PressAt(CPoint point); // both ends of the selection follow
+    void DragTo(CPoint point);  // one end follows
+    void SelectWord();          // round the cursor, whose position is taken for an index
+
+    // ---- View.
+    // Puts line `top` at the top as far as there are lines, and the cursor at its start.
+    void ScrollTo(int top);
+    // Scrolls the cursor's line into view and finds the caret's place.
+    void UpdateCaret();
+    // Lines that no longer exist are not scrolled to.
+    void LimitTopLine();
+    // Fills in what is painted of a line, for a window whose `top` first lines are scrolled off.
+    void GetRow(int line, EditRow& row);
+
+private:
+    struct Place {
+        int line, offset;
+    };
+    Place PlaceOfCursor();
+    int CursorIndex() { return m_cursor - GetCurrentCursorLine(); }
+    void Insert(int index, const WCHAR* text, int count);
+    void Remove(int index, int count);
+    void Replace(StringW text);
+    void EndMove(int before, HeldModifiers held);
+    void WordLeft();
+    void WordRight(int limit);
+    void ScrollToLine(int line);
+    int CaretFromLeft(int position, std::u16string_view stored);
+    int CaretFromRight(int position);
+    int LineAtHeight(int y) const;
+    int LeftHit(int start, std::u16string_view line, int x);
+    int RightHit(int start, std::u16string_view line, int room);
+
+    TextRuler& m_ruler;
+    DisplayLines m_lines;
+    StringW m_text, m_undo;
+    int m_cursor = 0;
+    int m_anchor = 0, m_end = 0;
+    int m_offset = 0;
+    int m_top = 0;
+    CPoint m_caret;
+    int m_width = 0, m_height = 0, m_textHeight = 0;
+    int m_alignment = left;
+    int m_limit = 0;
+    bool m_border = true;
+    bool m_makeUpper = false;
+    bool m_atFirstLine = true, m_atLastLine = true;
+    Wrapping m_wrapping = Wrapping::on;
+    TextOrder m_order = TextOrder::asStored;
+    VisualLine m_caretLine; // scratch
+    std::u16string m_lineText;
+};
+
+} // namespace corekit::detail
