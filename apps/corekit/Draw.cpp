@@ -1,6 +1,5 @@
 // corekit draw: text files as pictures of prompter lines.
 #include "Commands.h"
-#include "IndicText.h"
 #include "Raster.h"
 #include "Terminal.h"
 #include "TextFile.h"
@@ -9,6 +8,7 @@
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/Toolkit.h"
 #include "corekit/unicode/bidi/ReorderToVisual.h"
+#include "corekit/unicode/storage/StoredText.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
 #include "corekit/unicode/ui/UniRender.h"
 
@@ -95,8 +95,8 @@ private:
         m_render.AttachDC(scratch.Context());
         std::vector<Line> lines;
         for (const std::u16string& text : texts) {
-            const std::u16string stored = m_options.complex ? text : StoredIndic(text);
-            Line line{StringW(stored.data(), static_cast<int>(stored.size()))};
+            const int length = static_cast<int>(text.size());
+            Line line{m_options.complex ? StringW(text.data(), length) : ToStoredText(text.data(), length)};
             line.width = DrawnWidth(line.text);
             line.rightToLeft = GetBaseLevel(line.text, line.text.GetLength()) == 1;
             lines.push_back(std::move(line));

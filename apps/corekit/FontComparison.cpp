@@ -1,9 +1,9 @@
 #include "FontComparison.h"
 
-#include "IndicText.h"
 #include "Raster.h"
 
 #include "corekit/framework/Geometry.h"
+#include "corekit/unicode/storage/StoredText.h"
 #include "corekit/unicode/ui/UniRender.h"
 
 #include <algorithm>
@@ -25,10 +25,10 @@ public:
     }
     void Write(const Raster& raster, int x, int y, const std::u16string& word)
     {
-        const std::u16string stored = StoredIndic(word);
+        const StoredText stored = ToStoredText(word.data(), static_cast<int>(word.size()));
         m_render.AttachDC(raster.Context());
-        m_render.DrawLogicalString(x, y, 0, CRect(0, 0, raster.Width(), raster.Height()), stored.c_str(),
-                                   static_cast<int>(stored.size()), 0);
+        m_render.DrawLogicalString(x, y, 0, CRect(0, 0, raster.Width(), raster.Height()), stored,
+                                   stored.GetLength(), 0);
         m_render.DetachDC();
     }
 
