@@ -113,7 +113,7 @@ TEST(Hosts, KeepTheirAccountAndTheirSyslog)
                   return daemon && name == daemon->pw_name ? 7 : 0;
               }),
               7);
-    if (::access("/run/systemd/journal/socket", F_OK) == 0) GTEST_SKIP() << "the journal takes the lines";
+    const bool toJournal = ::access("/run/systemd/journal/socket", F_OK) == 0;
     testing::internal::CaptureStderr();
     ::openlog("the host", LOG_PERROR, LOG_USER);
     const HANDLE source = RegisterEventSourceA(nullptr, "source");
@@ -122,6 +122,5 @@ TEST(Hosts, KeepTheirAccountAndTheirSyslog)
     ::closelog();
     DeregisterEventSource(source);
     const std::string said = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(said.substr(0, 10), "the host: ") << said;
-    EXPECT_NE(said.find("source"), said.npos);
+    EXPECT_EQ(said, toJournal ? "" : "the host: source: text\n");
 }
