@@ -46,7 +46,7 @@ TEST(ErrorTexts, EveryNumberHasALineAndShortBuffersAreRefused)
 // Every number that a header or a source of the platform names.
 TEST(ErrorTexts, EveryNumberOfThePlatformHasOne)
 {
-    const std::regex constant(R"(constexpr (?:DWORD|HRESULT) ((?:ERROR_|WSA|WAIT_TIMEOUT|STG_E_)\w*) = )"
+    const std::regex constant(R"(\b((?:ERROR_|WSA[A-Z]|WSA_E|WAIT_TIMEOUT|STG_E_)\w*) = )"
                               R"((?:static_cast<HRESULT>\()?(0x[0-9A-Fa-f]+|\d+))");
     int found = 0;
     for (const auto& entry :

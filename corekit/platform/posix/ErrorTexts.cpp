@@ -16,6 +16,7 @@
 #include "corekit/platform/Storage.h"
 #include "corekit/platform/SystemNames.h"
 #include "corekit/platform/VersionInfo.h"
+#include "corekit/platform/WindowStyles.h"
 
 #include <algorithm>
 
@@ -93,6 +94,10 @@ constexpr TextRow kTexts[] = {
     {ERROR_INVALID_WINDOW_HANDLE, "The window does not exist."},
     {ERROR_INVALID_MENU_HANDLE, "The menu does not exist."},
     {ERROR_INVALID_ACCEL_HANDLE, "The table of accelerator keys does not exist."},
+    {ERROR_CANNOT_FIND_WND_CLASS, "No window class has this name."},
+    {ERROR_CLASS_ALREADY_EXISTS, "A window class of this name exists already."},
+    {ERROR_CLASS_DOES_NOT_EXIST, "The window class does not exist."},
+    {ERROR_CLASS_HAS_WINDOWS, "The window class still has windows."},
     {ERROR_MENU_ITEM_NOT_FOUND, "The menu has no such item."},
     {ERROR_INVALID_KEYBOARD_HANDLE, "The keyboard layout does not exist."},
     {ERROR_TIMEOUT, "The time allowed for the operation ran out."},
