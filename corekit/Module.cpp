@@ -1,6 +1,7 @@
 // What happens when this library is loaded and unloaded.
 #include "corekit/framework/Module.h"
 #include "corekit/foundation/Timecode.h"
+#include "corekit/resources/EditKeys.h"
 #include "corekit/resources/StringTable.h"
 #include "corekit/stores/RegistryKey.h"
 #include "corekit/WireUp.h"
@@ -10,6 +11,7 @@
 
 namespace {
 constinit AFX_EXTENSION_MODULE library;
+constexpr BinaryResource resources[] = {{"#9", "#4002", corekit::detail::editKeyTable}};
 
 void AddToChain() { static_cast<void>(new (std::nothrow) CDynLinkLibrary(library)); }
 
@@ -30,6 +32,7 @@ try {
 [[gnu::constructor]] void Start()
 {
     library.strings = corekit::detail::StringTable();
+    library.resources = resources;
     if (!AfxInitExtensionModule(library, nullptr)) return;
     AddToChain();
     ReadTimecodeStandard();
