@@ -13,6 +13,7 @@
 #include "corekit/framework/ui/MessageMapWindow.h"
 #include "corekit/framework/ui/Wnd.h"
 #include "corekit/framework/ui/WndMessages.h"
+#include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/Caret.h"
 #include "corekit/platform/Clipboard.h"
 #include "corekit/platform/Gdi.h"

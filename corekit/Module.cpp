@@ -1,7 +1,8 @@
 // What happens when this library is loaded and unloaded.
 #include "corekit/framework/Module.h"
 #include "corekit/foundation/Timecode.h"
-#include "corekit/resources/EditKeys.h"
+#include "corekit/platform/Resources.h"
+#include "corekit/resources/BinaryResources.h"
 #include "corekit/resources/StringTable.h"
 #include "corekit/stores/RegistryKey.h"
 #include "corekit/WireUp.h"
@@ -11,7 +12,6 @@
 
 namespace {
 constinit AFX_EXTENSION_MODULE library;
-constexpr BinaryResource resources[] = {{"#9", "#4002", corekit::detail::editKeyTable}};
 
 void AddToChain() { static_cast<void>(new (std::nothrow) CDynLinkLibrary(library)); }
 
@@ -31,8 +31,9 @@ try {
 // Class records have linked themselves before this runs; what else it touches is ready without code.
 [[gnu::constructor]] void Start()
 {
+    SetResourceReader(AfxUseResource);
     library.strings = corekit::detail::StringTable();
-    library.resources = resources;
+    library.resources = corekit::detail::BinaryResources();
     if (!AfxInitExtensionModule(library, nullptr)) return;
     AddToChain();
     ReadTimecodeStandard();
