@@ -29,8 +29,7 @@ std::string LossText(DWORD count, DWORD error)
 {
     CString why = GetSystemErrorString(error);
     why.TrimRight();
-    return std::string("Write log entries failed, ") + why.GetString() + ", " + std::to_string(count) +
-           " lost";
+    return "Log entries lost: " + std::to_string(count) + ", " + why.GetString();
 }
 
 } // namespace

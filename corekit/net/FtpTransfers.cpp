@@ -69,7 +69,7 @@ CFtpClient::Socket CFtpClient::SetupPassiveConnection()
                 told.port);
     LogString(0, text);
     auto socket = std::make_unique<XSocket>();
-    socket->SetConnectTimeout(ConnectLimit());
+    socket->SetConnectTimeout(m_timeout);
     if (socket->ConnectTCPStream(address, WSA_FLAG_OVERLAPPED, 0)) return socket;
     SetLastError(message::ftpPassiveConnectFailed);
     return nullptr;
@@ -266,7 +266,8 @@ int CFtpClient::Upload_Passive(const char* name, CStream& stream)
     DWORD sent = 0;
     try {
         if (!WriteStreamToSocket(*data, stream, sent)) {
-            m_expectsLateReply = true;
+            data.reset();
+            ReadOwedReply();
             return 0;
         }
     } catch (CException*) {

@@ -1,10 +1,9 @@
 #include "corekit/platform/posix/files/DataFolder.h"
 
-#include "corekit/platform/posix/processor/Account.h"
-
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -18,7 +17,8 @@ const char* Variable(const char* name)
 std::string HomeFolder()
 {
     if (const char* home = Variable("HOME")) return home;
-    return corekit::detail::currentAccount().home;
+    const passwd* user = getpwuid(geteuid());
+    return user && user->pw_dir ? user->pw_dir : "";
 }
 
 std::string Above(const std::string& path)

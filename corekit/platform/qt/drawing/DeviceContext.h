@@ -55,6 +55,7 @@ struct DeviceContext final : GdiObject, ContextState {
     {
         const Area seen = area.cut(box);
         if (seen.isEmpty()) return;
+        touched = true;
         if (parts.empty()) return use(seen);
         for (const Area& part : parts)
             if (const Area common = seen.cut(part); !common.isEmpty()) use(common);
@@ -71,6 +72,7 @@ struct DeviceContext final : GdiObject, ContextState {
     Area box{};                        // what may be drawn on lies in here
     std::vector<Area> parts;           // and is these, or all of it if there are none
     std::vector<ContextState> saved;
+    mutable bool touched = false; // something may have been drawn
 
 private:
     std::int64_t inPixels(std::int64_t units) const

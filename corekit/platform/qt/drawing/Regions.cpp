@@ -1,6 +1,7 @@
 // Regions, and the clips made of them.
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/qt/drawing/Fill.h"
+#include "corekit/platform/qt/drawing/Region.h"
 
 #include <QRect>
 #include <utility>
@@ -101,6 +102,12 @@ int combineClip(HDC dc, int left, int top, int right, int bottom, int mode)
 }
 
 } // namespace
+
+const QRegion* corekit::detail::regionOf(HGDIOBJ region)
+{
+    const Region* const found = GdiTable::find<Region>(region);
+    return found ? &found->set : nullptr;
+}
 
 HRGN CreateRectRgn(int left, int top, int right, int bottom)
 {

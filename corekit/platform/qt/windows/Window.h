@@ -97,7 +97,7 @@ private:
 
     QPointer<QWidget> m_widget;
     HWND m_handle = nullptr, m_parent = nullptr;
-    bool m_alive = false, m_ending = false;
+    bool m_alive = false, m_ending = false, m_tells = false;
     DWORD m_style = 0, m_exStyle = 0;
     UINT_PTR m_id = 0;
     HINSTANCE m_instance = nullptr;

@@ -1,3 +1,0 @@
-#include "corekit/unicode/ui/edit/MultilineUnicodeEditCtlSink.h"
-
-IMPLEMENT_DYNAMIC(CMultilineUnicodeEditCtlSink, CObject)
