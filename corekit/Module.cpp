@@ -1,6 +1,8 @@
 // What happens when this library is loaded and unloaded.
 #include "corekit/framework/Module.h"
 #include "corekit/foundation/Timecode.h"
+#include "corekit/platform/Resources.h"
+#include "corekit/resources/BinaryResources.h"
 #include "corekit/resources/StringTable.h"
 #include "corekit/stores/RegistryKey.h"
 #include "corekit/WireUp.h"
@@ -29,7 +31,9 @@ try {
 // Class records have linked themselves before this runs; what else it touches is ready without code.
 [[gnu::constructor]] void Start()
 {
+    SetResourceReader(AfxUseResource);
     library.strings = corekit::detail::StringTable();
+    library.resources = corekit::detail::BinaryResources();
     if (!AfxInitExtensionModule(library, nullptr)) return;
     AddToChain();
     ReadTimecodeStandard();

@@ -36,7 +36,7 @@ complain "Platform conditionals outside corekit/platform:" "$(
 numbers=$(sed -n 's/^MESSAGE([A-Za-z0-9]*, \([0-9]*\),.*/\1/p' corekit/resources/messages.inc | grep -vxE '4095|4096' | paste -sd'|')
 complain "Messages by bare number (corekit/resources/Messages.h has their names):" "$(
     grep -rnE "(^|[^[:alnum:]_.#])($numbers)u?\b|(Throw\w+|Failed|Complain|Tell|Load\w*String\w*|Format\w*|MessageBox)\(([^()]|\([^()]*\))*\b409[56]u?\b" \
-        --include='*.h' --include='*.cpp' corekit apps | grep -v '^corekit/unicode/tables/')"
+        --include='*.h' --include='*.cpp' corekit apps | grep -vE '^corekit/(unicode/tables|resources)/')"
 complain "Unfinished marks:" "$(grep -nE '\b(TODO|FIXME|XXX|not implemented|placeholder)\b' -r corekit apps)"
 complain "Tests that are switched off or cannot fail:" "$(grep -nE 'DISABLED_|GTEST_SKIP|EXPECT_TRUE\(true\)|SUCCEED\(\)' -r tests)"
 complain "Public headers over 250 lines:" "$(find corekit -name '*.h' -not -name '*Impl.h' -exec wc -l {} + | awk '$2 != "total" && $1 > 250')"

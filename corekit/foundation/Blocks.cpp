@@ -1,5 +1,7 @@
 #include "corekit/foundation/Blocks.h"
 
+#include "corekit/foundation/Timecode.h"
+
 #include <libdeflate.h>
 
 #include <bit>
@@ -40,6 +42,8 @@ void AddToBLOB(CByteArray& blob, unsigned long value)
     const auto bytes = static_cast<DWORD>(value);
     AppendDataToBuffer(blob, &bytes, sizeof bytes);
 }
+
+void AddToBLOB(CByteArray& blob, const CTimecode& value) { CTimecode::AddToBLOB(blob, value); }
 
 void ConvertToBLOB(const CDWordArray& values, CByteArray& blob)
 {

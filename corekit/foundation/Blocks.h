@@ -6,6 +6,8 @@
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
 
+class CTimecode;
+
 // Appends the text without its terminator, or `size` bytes.
 COREKIT_API void AppendStringToBuffer(CByteArray& buffer, const char* text);
 COREKIT_API void AppendDataToBuffer(CByteArray& buffer, const void* data, unsigned long size);
@@ -16,6 +18,8 @@ COREKIT_API void SwapByteOrderInString(StringW& text);
 
 // Appends four bytes, little-endian.
 COREKIT_API void AddToBLOB(CByteArray& blob, unsigned long value);
+// The timecode as one value, its hours in the most significant byte.
+COREKIT_API void AddToBLOB(CByteArray& blob, const CTimecode& value);
 // Four bytes a value, in order; bytes behind the last whole value are left out.
 COREKIT_API void ConvertToBLOB(const CDWordArray& values, CByteArray& blob);
 COREKIT_API void ConvertFromBLOB(const CByteArray& blob, CDWordArray& values);

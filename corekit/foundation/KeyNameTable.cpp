@@ -98,7 +98,7 @@ constexpr KeyName keyNames[] = {
     {219, true, "["},
     {220, true, "\\"},
     {221, true, "]"},
-    {222, true, "\\\" or #"},
+    {222, true, "\" or #"},
     {223, true, "`"},
 };
 

@@ -86,7 +86,7 @@ public:
     // Parts. Each is a string with a buffer of its own; counts and starts are cut to what there is.
     Self Left(int n) const;
     Self Right(int n) const;
-    Self Mid(int first) const { return Mid(first, GetLength() - first); }
+    Self Mid(int first) const { return Mid(first, GetLength()); }
     Self Mid(int first, int n) const;
     Self SpanIncluding(const Ch* set) const; // the leading characters that are in the set
     Self SpanExcluding(const Ch* set) const; // the leading characters that are not

@@ -47,7 +47,8 @@ struct Item {
     bool left = false, plus = false, blank = false, zero = false;
     int hashes = 0;
     int width = 0;
-    int precision = -1;
+    bool hasPrecision = false;
+    int precision = -1; // a * may bring any number; below 0 the text is whole
     Size size = Size::None;
     Kind kind = Kind::Unknown;
     char letter = 0;
@@ -107,6 +108,7 @@ void ReadFlagsAndWidth(const Ch*& p, Item<Ch>& item, Arguments& args)
     }
     if (item.width == 0) item.width = ReadNumber(p);
     if (*p != '.') return;
+    item.hasPrecision = true;
     if (*++p == '*') {
         ++p;
         item.precision = va_arg(args.list, int);
@@ -305,7 +307,7 @@ struct Meter {
 
     LONGLONG Room(const Item<Ch>& item, const Value& value)
     {
-        const int precision = std::max(item.precision, 0);
+        const int precision = item.hasPrecision ? item.precision : 0;
         const LONGLONG asked = LONGLONG{item.width} + precision;
         LONGLONG length = 0;
         switch (item.kind) {
@@ -336,7 +338,7 @@ struct Meter {
         if (!value.pointer) return 6;
         const std::less_equal<const void*> notAbove;
         readsBuffer |= notAbove(buffer.begin, value.pointer) && notAbove(value.pointer, buffer.end);
-        const int most = precision ? precision : -1;
+        const int most = precision > 0 ? precision : -1;
         return value.narrow ? BoundedLength(value.narrow, most) : BoundedLength(value.wide, most);
     }
 };

@@ -1,5 +1,6 @@
 #include "corekit/framework/WinThread.h"
 
+#include "corekit/platform/Errors.h"
 #include "corekit/platform/Handles.h"
 
 #include <new>
@@ -10,16 +11,22 @@ IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
 namespace {
 constinit thread_local CWinThread* current = nullptr;
 
+constexpr DWORD startFailed = 0xFFFFFFFF; // from ResumeThread
+
 CWinThread* Begin(CWinThread* thread, int priority, UINT stackBytes, DWORD flags, void* attributes)
 {
-    if (!thread) return nullptr;
-    if (!thread->CreateThread(flags | CREATE_SUSPENDED, stackBytes, attributes)) {
-        thread->Delete();
+    if (!thread) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return nullptr;
     }
-    if (priority != THREAD_PRIORITY_NORMAL) thread->SetThreadPriority(priority);
-    if (!(flags & CREATE_SUSPENDED)) thread->ResumeThread();
-    return thread;
+    bool stands = thread->CreateThread(flags | CREATE_SUSPENDED, stackBytes, attributes);
+    if (stands && priority != THREAD_PRIORITY_NORMAL) thread->SetThreadPriority(priority);
+    if (stands && !(flags & CREATE_SUSPENDED)) stands = thread->ResumeThread() != startFailed;
+    if (stands) return thread;
+    const DWORD why = GetLastError();
+    thread->Delete();
+    SetLastError(why);
+    return nullptr;
 }
 } // namespace
 
@@ -39,8 +46,11 @@ BOOL CWinThread::CreateThread(DWORD flags, UINT stackBytes, void* attributes)
     if (m_hThread) return FALSE;
     m_hThread = ::CreateThread(attributes, stackBytes, &Entry, this, flags | CREATE_SUSPENDED, &m_nThreadID);
     if (!m_hThread) return FALSE;
-    if (!(flags & CREATE_SUSPENDED)) ::ResumeThread(m_hThread);
-    return TRUE;
+    if ((flags & CREATE_SUSPENDED) || ::ResumeThread(m_hThread) != startFailed) return TRUE;
+    const DWORD why = GetLastError();
+    CloseHandle(std::exchange(m_hThread, nullptr));
+    SetLastError(why);
+    return FALSE;
 }
 
 DWORD CWinThread::Entry(void* self)
@@ -72,7 +82,10 @@ CWinThread* AfxBeginThread(AFX_THREADPROC procedure, void* parameter, int priori
 CWinThread* AfxBeginThread(CRuntimeClass* threadClass, int priority, UINT stackBytes, DWORD flags,
                            void* attributes)
 {
-    if (!threadClass || !threadClass->IsDerivedFrom(RUNTIME_CLASS(CWinThread))) return nullptr;
+    if (!threadClass || !threadClass->IsDerivedFrom(RUNTIME_CLASS(CWinThread))) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
     return Begin(static_cast<CWinThread*>(threadClass->CreateObject()), priority, stackBytes, flags,
                  attributes);
 }

@@ -54,8 +54,8 @@ private:
     void* m_pThreadParams = nullptr;
 };
 
-// Null if the thread cannot be made. The second form makes an object of a class declared with
-// DECLARE_DYNCREATE and derived from CWinThread.
+// Null, with the last error, if the thread cannot be made or started. The second form makes an object of a
+// class declared with DECLARE_DYNCREATE and derived from CWinThread.
 COREKIT_API CWinThread* AfxBeginThread(AFX_THREADPROC procedure, void* parameter,
                                        int priority = THREAD_PRIORITY_NORMAL, UINT stackBytes = 0,
                                        DWORD flags = 0, void* attributes = nullptr);

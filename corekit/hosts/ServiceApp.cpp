@@ -62,10 +62,11 @@ int CServiceApp::RunConsoleApp(int argc, char** argv)
             m_isConsole = true;
         } else if (Is(argv[0], "-debugbreak")) {
             const auto before = std::pair(argc, argv);
+            const char* const argument = argv[0];
             if (!ParseArgument(&argc, &argv)) {
                 std::printf("Fatal: Service \"%s\" started with illegal argument \"%s\".\n"
                             "   Use \"-help\" for a list of legal arguments.\n",
-                            m_name.GetString(), argv[0]);
+                            m_name.GetString(), argument);
                 return badArgument;
             }
             if (before != std::pair(argc, argv)) continue; // else nobody would ever pass it

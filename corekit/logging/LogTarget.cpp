@@ -29,7 +29,8 @@ std::string LossText(DWORD count, DWORD error)
 {
     CString why = GetSystemErrorString(error);
     why.TrimRight();
-    return "Log entries lost: " + std::to_string(count) + ", " + why.GetString();
+    return std::string("Write log entries failed, ") + why.GetString() + ", " + std::to_string(count) +
+           " lost";
 }
 
 } // namespace

@@ -157,9 +157,9 @@ void XSocketApi::Forget(XListenSocket* listener)
 {
     AcceptEntry* const entry = FindEntry(listener);
     if (!entry) ThrowChainedException(nullptr, message::socketNotRegistered);
-    listener->WSAEventSelect(nullptr, 0);
-    CloseHandle(entry->event);
+    const std::unique_ptr<void, BOOL (*)(HANDLE)> event(entry->event, &CloseHandle);
     std::move(entry + 1, m_acceptTable + m_acceptCount, entry);
     --m_acceptCount;
     SetEvent(m_hAcceptEvent);
+    listener->WSAEventSelect(nullptr, 0);
 }

@@ -13,9 +13,7 @@ IMPLEMENT_DYNAMIC(CFtpClient, CObject)
 namespace {
 using corekit::detail::FtpReader;
 
-// A whole reply may take as many times the limit of a line, so that no server can hold a caller by single
-// bytes.
-constexpr DWORD kReplyLimits = 10;
+constexpr DWORD kReplyLimit = 10 * 60 * 1000; // milliseconds that a reply may take, however it comes
 
 std::string_view View(const CString& text)
 {
@@ -23,14 +21,6 @@ std::string_view View(const CString& text)
 }
 
 CString LastOf(const CStringArray& lines) { return lines.GetAt(lines.GetUpperBound()); }
-
-// Milliseconds left of a limit, at least 1; 0 when it is over.
-DWORD RestOf(DWORD limit, DWORD start)
-{
-    if (limit == INFINITE) return INFINITE;
-    const DWORD gone = timeGetTime() - start;
-    return gone == 0 ? limit : gone < limit ? limit - gone : 0;
-}
 } // namespace
 
 CFtpClient::CFtpClient(const CFtpClient& other) : CObject() { *this = other; }
@@ -103,6 +93,7 @@ int CFtpClient::SendCommand(const char* command, const char* argument)
         line += ' ';
         line += argument;
     }
+    if (m_socket) DropLateReply();
     LogString(0, line);
     line += "\r\n";
     if (!m_socket) return Failed(message::ftpSocketFailed);
@@ -119,14 +110,12 @@ int CFtpClient::GetMoreData(DWORD size, DWORD limit)
     return 1;
 }
 
-int CFtpClient::ReadOneLine(CString& line, DWORD limit)
+int CFtpClient::ReadOneLine(CString& line, DWORD start)
 {
-    const DWORD start = timeGetTime();
     while (!m_received.TakeLine(line)) {
-        const DWORD rest = RestOf(limit, start);
-        if (rest == 0 && limit != 0) return Failed(message::ftpSocketFailed);
-        if (m_received.Bytes().size() > FtpReader::kMostReply) return BreakOff();
-        if (!GetMoreData(kControlRead, rest)) return 0;
+        if (m_received.Bytes().size() > FtpReader::kMostReply || timeGetTime() - start > kReplyLimit)
+            return BreakOff();
+        if (!GetMoreData(kControlRead, m_timeout)) return 0;
     }
     return 1;
 }
@@ -135,10 +124,9 @@ int CFtpClient::GetServerMessage(CStringArray& lines)
 {
     lines.RemoveAll();
     const DWORD start = timeGetTime();
-    const DWORD whole = m_timeout > INFINITE / kReplyLimits ? INFINITE : m_timeout * kReplyLimits;
     for (std::size_t taken = 0; taken <= FtpReader::kMostReply;) {
         CString line;
-        if (!ReadOneLine(line, std::min(m_timeout, RestOf(whole, start)))) return 0;
+        if (!ReadOneLine(line, start)) return 0;
         LogString(0, line);
         lines.Add(line);
         if (corekit::detail::IsLastLineOfReply(View(line))) return 1;
@@ -168,6 +156,24 @@ void CFtpClient::ReadOwedReply()
     m_lastMessage = message;
 }
 
+// After an upload that failed the reply to it may come yet. Nobody waits for it, but if it has come before
+// the next command is sent it is not taken for the answer to that one.
+void CFtpClient::DropLateReply()
+{
+    for (CString line; m_expectsLateReply;) {
+        DWORD received = 0;
+        if (m_received.TakeLine(line)) {
+            LogString(0, line);
+            m_expectsLateReply = !corekit::detail::IsLastLineOfReply(View(line));
+        } else if (m_socket->ReadSocket(m_received.Room(kControlRead), kControlRead, received, 0) &&
+                   received > 0 && m_received.Bytes().size() <= FtpReader::kMostReply) {
+            m_received.Added(received);
+        } else {
+            return;
+        }
+    }
+}
+
 int CFtpClient::Command(const char* command, const char* argument, UINT errorId)
 {
     CStringArray lines;
@@ -188,7 +194,7 @@ int CFtpClient::Connect(const char* host, int port, const char* user, const char
     AfxFormatString1(text, message::ftpConnecting, host);
     LogString(0, text);
     m_socket = new XSocket;
-    m_socket->SetConnectTimeout(m_timeout);
+    m_socket->SetConnectTimeout(ConnectLimit());
     if (!m_socket->ConnectTCPStream(host, port, WSA_FLAG_OVERLAPPED, noDelay))
         m_lastError = LoadResourceString(message::ftpConnectFailed);
     else if (WaitForBanner() && LogonToSite(user, password))
@@ -201,6 +207,7 @@ void CFtpClient::Disconnect()
 {
     delete m_socket;
     m_socket = nullptr;
+    m_expectsLateReply = false;
 }
 
 int CFtpClient::WaitForBanner()

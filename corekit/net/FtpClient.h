@@ -45,6 +45,7 @@ public:
     void SetLoggingCallback(LoggingCallback callback, void* context);
 
     // Milliseconds that a connect, a read or a write may wait, 30,000 at first; reads of file data 20,000.
+    // With 0 a connect takes as long as the system lets it.
     unsigned long GetTimeout() const { return m_timeout; }
     void SetTimeout(unsigned long milliseconds) { m_timeout = static_cast<DWORD>(milliseconds); }
     // Sends SITE IDLE and leaves the server's reply unread: the next command takes it for its own.
@@ -81,7 +82,7 @@ private:
     static constexpr DWORD kControlRead = 0x1000; // bytes of a reply or a listing that are read at once
 
     int GetMoreData(DWORD size, DWORD limit);
-    int ReadOneLine(CString& line, DWORD limit);
+    int ReadOneLine(CString& line, DWORD start);
     int GetServerMessage(CStringArray& lines);
     static int GetResultClass(const CStringArray& lines);
     int WriteDataToSocket(XSocket& socket, const void* data, DWORD size);
@@ -93,6 +94,8 @@ private:
     int Failed(UINT id, const CStringArray& lines);
     int BreakOff();
     void ReadOwedReply();
+    void DropLateReply();
+    DWORD ConnectLimit() const { return m_timeout ? m_timeout : INFINITE; }
 
     int WaitForBanner();
     int LogonToSite(const char* user, const char* password);
@@ -124,4 +127,5 @@ private:
     void* m_context = nullptr;
     DWORD m_timeout = 30000;
     int m_dataToControlHost = 0;
+    bool m_expectsLateReply = false;
 };

@@ -69,7 +69,7 @@ CFtpClient::Socket CFtpClient::SetupPassiveConnection()
                 told.port);
     LogString(0, text);
     auto socket = std::make_unique<XSocket>();
-    socket->SetConnectTimeout(m_timeout);
+    socket->SetConnectTimeout(ConnectLimit());
     if (socket->ConnectTCPStream(address, WSA_FLAG_OVERLAPPED, 0)) return socket;
     SetLastError(message::ftpPassiveConnectFailed);
     return nullptr;
@@ -266,8 +266,7 @@ int CFtpClient::Upload_Passive(const char* name, CStream& stream)
     DWORD sent = 0;
     try {
         if (!WriteStreamToSocket(*data, stream, sent)) {
-            data.reset();
-            ReadOwedReply();
+            m_expectsLateReply = true;
             return 0;
         }
     } catch (CException*) {

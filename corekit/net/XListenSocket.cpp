@@ -7,7 +7,12 @@ IMPLEMENT_DYNAMIC(XListenSocket, XSocket)
 
 XListenSocket::~XListenSocket()
 {
-    if (m_isRegistered) XListenSocket::OnClose();
+    if (!m_isRegistered) return;
+    try {
+        XSocketApi::RevokeListenSocket(this);
+    } catch (CException* e) {
+        e->Delete(); // a detached handle has nothing to take back from
+    }
 }
 
 void XListenSocket::BindAndListen(sockaddr* address, int backlog)

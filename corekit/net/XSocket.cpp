@@ -181,6 +181,15 @@ void XSocket::WSAIoctl(unsigned long code, void* in, unsigned long inSize, void*
         ThrowChainedException(GetLastErrorException(), message::socketIoctlFailed);
 }
 
+void XSocket::WSAIoctl(unsigned long code, void* in, unsigned long inSize, void* out, unsigned long outSize,
+                       unsigned long* returned, OVERLAPPED* overlapped,
+                       LPWSAOVERLAPPED_COMPLETION_ROUTINE completion)
+{
+    DWORD count = 0;
+    WSAIoctl(code, in, inSize, out, outSize, returned ? &count : nullptr, overlapped, completion);
+    if (returned) *returned = count;
+}
+
 int XSocket::WSAEnumNetworkEvents(void* event, _WSANETWORKEVENTS* events)
 {
     return XSocketApi::WSAEnumNetworkEvents(m_hSocket, event, events);

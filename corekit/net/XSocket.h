@@ -58,6 +58,9 @@ public:
     void WSAEventSelect(void* event, long events);
     void WSAIoctl(unsigned long code, void* in, unsigned long inSize, void* out, unsigned long outSize,
                   DWORD* returned, OVERLAPPED* overlapped, LPWSAOVERLAPPED_COMPLETION_ROUTINE completion);
+    void WSAIoctl(unsigned long code, void* in, unsigned long inSize, void* out, unsigned long outSize,
+                  unsigned long* returned, OVERLAPPED* overlapped,
+                  LPWSAOVERLAPPED_COMPLETION_ROUTINE completion);
     int WSAEnumNetworkEvents(void* event, _WSANETWORKEVENTS* events); // 0, or SOCKET_ERROR
 
     // "1.2.3.4:80"; when there is no other side, a text with the error number.

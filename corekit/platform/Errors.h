@@ -57,6 +57,7 @@ inline constexpr DWORD ERROR_IO_DEVICE = 1117;
 inline constexpr DWORD ERROR_POSSIBLE_DEADLOCK = 1131;
 inline constexpr DWORD ERROR_MAPPED_ALIGNMENT = 1132;
 inline constexpr DWORD ERROR_TOO_MANY_LINKS = 1142;
+inline constexpr DWORD ERROR_USER_MAPPED_FILE = 1224;
 inline constexpr DWORD ERROR_TIMEOUT = 1460;
 inline constexpr DWORD ERROR_CANT_RESOLVE_FILENAME = 1921;
 

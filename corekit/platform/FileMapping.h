@@ -2,8 +2,8 @@
 //
 // A mapping object is made on an open file and closed with CloseHandle; a view is a stretch of it in memory
 // and lives until UnmapViewOfFile, however soon the mapping and the file are closed. What is written to the
-// file by any road is seen in every view at once. Looking at a part of a view that the file has lost since,
-// because somebody cut it short, ends the process. Any thread.
+// file by any road is seen in every view at once. This process does not cut off what its views show (1224);
+// looking at a part of a view that another process has cut off ends this one. Any thread.
 #pragma once
 
 #include "corekit/platform/Export.h"

@@ -46,13 +46,14 @@ inline constexpr DWORD FILE_TYPE_PIPE = 3;
 struct _SECURITY_ATTRIBUTES;
 
 // A transfer at a place of its own instead of the handle's position.
-struct OVERLAPPED {
+struct _OVERLAPPED {
     UINT_PTR Internal = 0;     // set: the error number, 0 for none
     UINT_PTR InternalHigh = 0; // set: the bytes moved
     DWORD Offset = 0;
     DWORD OffsetHigh = 0;
     HANDLE hEvent = nullptr; // signalled when the transfer is done, if not null
 };
+using OVERLAPPED = _OVERLAPPED;
 
 // Opens or makes a file. access is 0 (existence and size only) or GENERIC_READ and GENERIC_WRITE; share tells
 // what others may do meanwhile and must also allow what they already do. Within the process this holds to the

@@ -51,8 +51,9 @@ COREKIT_API BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics);
 // Copies the real face name, cut to `size` bytes with its zero; returns the bytes copied, or needed if
 // `face` is null, the zero counted. 0 on failure.
 COREKIT_API int GetTextFaceA(HDC dc, int size, char* face);
-// Fills `signature` (may be null) from the selected face, and returns its character set, DEFAULT_CHARSET if
-// it names none or on failure; the signature then is all 0. `flags` must be 0.
+// Fills `signature` (may be null) from the selected face: a Unicode bit stands if the face has what a text of
+// the range cannot do without. Returns the face's character set, DEFAULT_CHARSET if it names none or on
+// failure; the signature then is all 0. `flags` must be 0.
 COREKIT_API int GetTextCharsetInfo(HDC dc, FONTSIGNATURE* signature, DWORD flags);
 
 // Makes the faces of a font file known to this process, as if they were installed, until it ends; the

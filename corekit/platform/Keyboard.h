@@ -11,15 +11,20 @@ using HKL = struct HKL__*;
 
 // ---- Virtual keys. Letters and digits are their ASCII capitals and digits.
 inline constexpr int VK_BACK = 0x08;
+inline constexpr int VK_TAB = 0x09;
 inline constexpr int VK_RETURN = 0x0D;
 inline constexpr int VK_SHIFT = 0x10;
 inline constexpr int VK_CONTROL = 0x11;
 inline constexpr int VK_MENU = 0x12; // Alt
 inline constexpr int VK_CAPITAL = 0x14;
+inline constexpr int VK_ESCAPE = 0x1B;
 inline constexpr int VK_SPACE = 0x20;
-inline constexpr int VK_LEFT = 0x25;
-inline constexpr int VK_RIGHT = 0x27;
+inline constexpr int VK_PRIOR = 0x21, VK_NEXT = 0x22; // page up and down
+inline constexpr int VK_END = 0x23, VK_HOME = 0x24;
+inline constexpr int VK_LEFT = 0x25, VK_UP = 0x26, VK_RIGHT = 0x27, VK_DOWN = 0x28;
+inline constexpr int VK_INSERT = 0x2D, VK_DELETE = 0x2E;
 inline constexpr int VK_NUMPAD0 = 0x60; // to 0x69
+inline constexpr int VK_F1 = 0x70;      // to F24 at 0x87
 inline constexpr int VK_LSHIFT = 0xA0;
 inline constexpr int VK_RSHIFT = 0xA1;
 inline constexpr int VK_LCONTROL = 0xA2;

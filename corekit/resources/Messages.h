@@ -1,5 +1,5 @@
-// The numbers of this library's messages, for ThrowChainedException, LoadString and their like. A new one is a row of
-// messages.inc.
+// The numbers of this library's messages, for ThrowChainedException, LoadString and their like. A new one is
+// a row of messages.inc.
 #pragma once
 
 #include "corekit/platform/Types.h"

@@ -214,10 +214,21 @@ DWORD CBlockMappedFile::AllocateContiguousBlocks(DWORD count, bool bExpand)
     }
 }
 
+// Whether a page of the map lies in these blocks.
+bool CBlockMappedFile::HoldsMap(DWORD first, DWORD count) const
+{
+    const std::uint64_t begin = FileBytes(first, m_header.blockSize);
+    const std::uint64_t end = FileBytes(std::uint64_t{first} + count, m_header.blockSize);
+    return std::any_of(m_header.mapOffsets, m_header.mapOffsets + m_header.mapPages,
+                       [=](DWORD page) { return page < end && page + std::uint64_t{mapPageBytes} > begin; });
+}
+
 void CBlockMappedFile::FreeContiguousBlocks(DWORD first, DWORD count)
 {
     if (!MayWrite() || !IsBlockLegal(first)) return;
-    MarkBlocks(first, std::min(count, m_header.blockCount - first), false);
+    count = std::min(count, m_header.blockCount - first);
+    if (HoldsMap(first, count)) return;
+    MarkBlocks(first, count, false);
     m_firstFree = std::min(m_firstFree, first);
 }
 

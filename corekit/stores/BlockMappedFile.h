@@ -88,6 +88,7 @@ private:
     BYTE* Bytes() const { return static_cast<BYTE*>(m_file.GetViewBase()); }
 
     DWORD NextBlock(DWORD from, DWORD end, bool allocated) const;
+    bool HoldsMap(DWORD first, DWORD count) const;
     bool IsRangeAllocated(DWORD first, DWORD count) const;
     void MarkBlocks(DWORD first, DWORD count, bool allocated);
     DWORD TakeBlocks(DWORD first, DWORD count);

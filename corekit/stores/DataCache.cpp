@@ -2,6 +2,8 @@
 
 #include "corekit/foundation/SafeAlloc.h"
 
+IMPLEMENT_DYNAMIC(CDataCache, CObject)
+
 void CDataCache::DeleteAllObjects()
 {
     for (int i = m_elements.GetUpperBound(); i >= 0; --i) safe_free(m_elements[i].block);

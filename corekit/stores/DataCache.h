@@ -3,15 +3,15 @@
 #pragma once
 
 #include "corekit/framework/Array.h"
+#include "corekit/framework/Object.h"
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
 
-class COREKIT_API CDataCache {
+class COREKIT_API CDataCache : public CObject {
+    DECLARE_DYNAMIC(CDataCache)
 public:
     explicit CDataCache(DWORD maxSize = 0) : m_maxSize(maxSize) {}
-    ~CDataCache() { DeleteAllObjects(); }
-    CDataCache(const CDataCache&) = delete;
-    CDataCache& operator=(const CDataCache&) = delete;
+    ~CDataCache() override { DeleteAllObjects(); }
 
     // Frees the blocks from the last to the first.
     void DeleteAllObjects();

@@ -188,8 +188,9 @@ DWORD CIniFile::GetRGB(const char* section, const char* key, DWORD fallback) con
     for (int shift = 0; shift < 24; shift += 8) {
         value.TrimLeft();
         const CString digits = value.SpanIncluding("0123456789");
-        if (digits.IsEmpty() || digits.GetLength() > 9 || std::atoi(digits) > 255) return fallback;
-        colour |= static_cast<DWORD>(std::atoi(digits)) << shift;
+        const long part = std::strtol(digits, nullptr, 10); // held at the largest
+        if (digits.IsEmpty() || part > 255) return fallback;
+        colour |= static_cast<DWORD>(part) << shift;
         value = value.Mid(digits.GetLength() + 1);
     }
     return colour;

@@ -23,7 +23,18 @@ CFile OpenFile(std::string path, const char* mode)
 {
     for (char& c : path)
         if (c == '\\') c = '/';
-    return {std::fopen(path.c_str(), mode), &std::fclose};
+    return {std::fopen(path.c_str(), (std::string(mode) + "e").c_str()), &std::fclose};
+}
+
+// As unzOpen64, but for this process alone.
+unzFile OpenArchive(const std::string& path)
+{
+    zlib_filefunc64_def calls;
+    fill_fopen64_filefunc(&calls);
+    calls.zopen64_file = [](voidpf, const void* name, int) -> voidpf {
+        return std::fopen(static_cast<const char*>(name), "rbe");
+    };
+    return unzOpen2_64(path.c_str(), &calls);
 }
 
 void Complain(UINT id) { StockMessageBox(nullptr, id, MB_OK | MB_ICONSTOP); }
@@ -107,7 +118,7 @@ void Extraction::MakeFolderEntry(const std::string& name, const unz_file_info64&
     const std::string bare = name.substr(0, name.find_last_not_of("/\\") + 1);
     if (m_order.withoutPath || !MayWrite(bare.empty() ? name : bare, info)) return;
     Tell(message::unzipCreatingFolder, name, MB_OK | MB_ICONINFORMATION);
-    if (!m_order.toMemory) MakeFolders(m_order.folder, bare);
+    MakeFolders(m_order.folder, bare);
 }
 
 bool Extraction::UserKeeps(const std::string& path)
@@ -215,7 +226,7 @@ bool CMiniUnz::unzip(bool bToMemory, CMemoryStream& memory, const char* zipName,
     std::string path = zipName;
     for (char& c : path)
         if (c == '\\') c = '/';
-    const std::unique_ptr<void, int (*)(unzFile)> archive(unzOpen64(path.c_str()), &unzClose);
+    const std::unique_ptr<void, int (*)(unzFile)> archive(OpenArchive(path), &unzClose);
     if (!archive) return false;
     Extraction extraction(archive.get(), {memory, bToMemory, outputPath ? outputPath : "", bWithoutPath != 0,
                                           bOverwrite != 0, password});

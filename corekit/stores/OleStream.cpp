@@ -17,10 +17,10 @@ void Check(HRESULT result, UINT message)
     if (result < 0) ThrowChainedException(GetLastErrorException(static_cast<DWORD>(result)), message);
 }
 
-// A transfer that came short without a failure of its own.
-void CheckWhole(HRESULT result, bool whole, UINT message)
+// A transfer may come short without a failure of its own.
+void CheckWhole(HRESULT result, bool whole, HRESULT fault, UINT message)
 {
-    Check(result < 0 || whole ? result : STG_E_READFAULT, message);
+    Check(result < 0 || whole ? result : fault, message);
 }
 } // namespace
 
@@ -65,7 +65,7 @@ void COleStream::LoadPage(DWORD base, BYTE* page, DWORD count)
     MoveCursor(base);
     DWORD moved = 0;
     const HRESULT result = m_pStream->Read(page, count, &moved);
-    CheckWhole(result, moved == count, message::oleStreamReadFailed);
+    CheckWhole(result, moved == count, STG_E_READFAULT, message::oleStreamReadFailed);
 }
 
 void COleStream::StorePage(DWORD base, const BYTE* page, DWORD count)
@@ -73,7 +73,7 @@ void COleStream::StorePage(DWORD base, const BYTE* page, DWORD count)
     MoveCursor(base);
     DWORD moved = 0;
     const HRESULT result = m_pStream->Write(page, count, &moved);
-    CheckWhole(result, moved == count, message::oleStreamWriteFailed);
+    CheckWhole(result, moved == count, STG_E_WRITEFAULT, message::oleStreamWriteFailed);
 }
 
 void COleStream::MoveCursor(DWORD position)

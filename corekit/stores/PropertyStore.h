@@ -180,7 +180,8 @@ public:
     // one level and takes the time and the memory for it; a nested store that nobody looked at keeps the
     // bytes of the whole.
     void ReadStream(CStream& stream);
-    // Stores of any depth are written; ones deeper than deepestNesting are not read again.
+    // Throws message::dataCorrupt, with nothing written, where stores nest deeper than deepestNesting: they
+    // could not be read again.
     void WriteStream(CStream& stream);
 
     static constexpr int deepestNesting = 256;

@@ -1,6 +1,8 @@
 // Writes the stream form of a property store.
+#include "corekit/foundation/ChainedException.h"
 #include "corekit/foundation/TextConversion.h"
 #include "corekit/framework/Exception.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/PropertyStoreBody.h"
 
 #include <cstring>
@@ -95,31 +97,25 @@ void PutValues(Writer& writer, PropertyStoreBody* body)
     }
 }
 
-// Walks the tree with a stack of its own, for nesting may be deeper than the thread's.
-void PutTree(Writer& writer, PropertyStoreBody* root)
+bool IsDeeperThan(int levels, PropertyStoreBody* body)
 {
-    struct Level {
-        PropertyStoreBody* body;
-        std::size_t next = 0;
-    };
-    std::vector<Level> open;
-    const auto begin = [&](PropertyStoreBody* body) {
-        writer.Put(formVersion);
-        writer.Put(body ? static_cast<DWORD>(body->Stores().Count()) : 0);
-        open.push_back({body});
-    };
-    begin(root);
-    while (!open.empty()) {
-        Level& level = open.back();
-        if (level.body && level.next < level.body->Stores().All().size()) {
-            const PropertyStoreChild& child = level.body->Stores().All()[level.next++];
+    if (!body) return false;
+    for (const PropertyStoreChild& child : body->Stores().All())
+        if (levels == 0 || IsDeeperThan(levels - 1, child.store.Get())) return true;
+    return false;
+}
+
+void PutTree(Writer& writer, PropertyStoreBody* body)
+{
+    writer.Put(formVersion);
+    writer.Put(body ? static_cast<DWORD>(body->Stores().Count()) : 0);
+    if (body) {
+        for (const PropertyStoreChild& child : body->Stores().All()) {
             writer.PutName(child.name);
-            begin(child.store.Get());
-        } else {
-            PutValues(writer, level.body);
-            open.pop_back();
+            PutTree(writer, child.store.Get());
         }
     }
+    PutValues(writer, body);
 }
 
 } // namespace
@@ -127,6 +123,7 @@ void PutTree(Writer& writer, PropertyStoreBody* root)
 void CPropertyStore::WriteStream(CStream& stream)
 {
     try {
+        if (IsDeeperThan(deepestNesting, Body())) ThrowChainedException(nullptr, message::dataCorrupt);
         const auto writer = std::make_unique<Writer>(stream);
         PutTree(*writer, Body());
         writer->Flush();

@@ -12,6 +12,7 @@
 #include "corekit/stores/MemoryStream.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
 
 using namespace corekit::detail;
@@ -29,6 +30,12 @@ constexpr int maxRecords = 0x1FFFFFFF;
 [[noreturn]] void ThrowWithError(DWORD error, UINT message)
 {
     ThrowChainedException(GetLastErrorException(error), message);
+}
+
+// What no block of memory could take when it is read again.
+void CheckRecordSize(DWORD size)
+{
+    if (size > INT_MAX) ThrowWithError(ERROR_FILE_TOO_LARGE, message::recordFileWriteFailed);
 }
 
 } // namespace
@@ -134,6 +141,7 @@ void CVariableLengthRecordFile::Abandon() noexcept
 
 int CVariableLengthRecordFile::AddRecord(const void* data, DWORD size, int bFlush)
 {
+    CheckRecordSize(size);
     const int record = FindFreeRecord();
     const DWORD offset = AllocateSpace(size);
     SetEntry(record, {offset, size});
@@ -144,6 +152,7 @@ int CVariableLengthRecordFile::AddRecord(const void* data, DWORD size, int bFlus
 
 void CVariableLengthRecordFile::SetRecord(int record, const void* data, DWORD size, int bFlush)
 {
+    CheckRecordSize(size);
     if (record < 0) ThrowWithError(ERROR_INVALID_PARAMETER, message::recordFileWriteFailed);
     if (record >= m_index.GetSize()) {
         if (record >= maxRecords) ThrowWithError(ERROR_FILE_TOO_LARGE, message::recordFileSetLengthFailed);
@@ -154,6 +163,7 @@ void CVariableLengthRecordFile::SetRecord(int record, const void* data, DWORD si
 
 void CVariableLengthRecordFile::ReplaceRecord(int record, const void* data, DWORD size, int bFlush)
 {
+    CheckRecordSize(size);
     if (record < 0 || record >= m_index.GetSize())
         ThrowWithError(ERROR_INVALID_PARAMETER, message::recordFileWriteFailed);
     StoreRecord(record, data, size, bFlush);
@@ -268,6 +278,7 @@ void CVariableLengthRecordFile::ReadIndexAndMap()
 
 void CVariableLengthRecordFile::ReadEntries(CArray<VLRExtent>& to, DWORD offset, DWORD count)
 {
+    if (count == 0) return to.RemoveAll(); // wherever they would lie
     const std::uint64_t bytes = std::uint64_t{count} * sizeof(VLRExtent);
     if (offset + bytes > m_bytesOnDisk) ThrowWithError(ERROR_HANDLE_EOF, message::recordFileReadFailed);
     to.SetSize(static_cast<int>(count));

@@ -28,12 +28,12 @@ TEST(AcceleratorResource, ComesByNumberOrNameFromTheModuleThatHasIt)
     EXPECT_EQ(table[8], std::byte{lastAcceleratorFlag}) << "flagged as in the published form";
     static constexpr std::byte unflagged[17] = {{}, {}, {}, {}, std::byte{7}}; // two rows, half a third
     static constexpr BinaryResource resources[] = {
-        {"#9", "#4002", table}, {"#9", "Keys", unflagged}, {"#9", "empty", {}}, {"#2", "bitmap", table}};
+        {"#9", "#902", table}, {"#9", "Keys", unflagged}, {"#9", "empty", {}}, {"#2", "bitmap", table}};
     AFX_EXTENSION_MODULE module;
     module.resources = resources;
     ASSERT_TRUE(AfxInitExtensionModule(module, nullptr));
     new CDynLinkLibrary(module);
-    const HACCEL loaded = AfxLoadAccelerators(4002u);
+    const HACCEL loaded = AfxLoadAccelerators(902u);
     ACCEL first{};
     EXPECT_EQ(CopyAcceleratorTableA(loaded, &first, 1), 1);
     EXPECT_EQ(first.fVirt, FVIRTKEY | FALT);
@@ -43,7 +43,7 @@ TEST(AcceleratorResource, ComesByNumberOrNameFromTheModuleThatHasIt)
     EXPECT_EQ(AfxLoadAccelerators("empty"), nullptr);
     EXPECT_EQ(AfxLoadAccelerators("bitmap"), nullptr);
     AfxTermExtensionModule(module);
-    EXPECT_EQ(AfxLoadAccelerators(4002u), nullptr);
+    EXPECT_EQ(AfxLoadAccelerators(902u), nullptr);
 }
 
 } // namespace

@@ -35,7 +35,7 @@ TEST(KeyNames, VirtualKeysAndWhetherAcceleratorsCanUseThem)
         {192, 1, "'"},
         {219, 1, "["},
         {220, 1, "\\"},
-        {222, 1, R"(\" or #)"},
+        {222, 1, R"(" or #)"},
         {223, 1, "`"},
         {0, 0, "Virtual Key - 0"},
         {'a', 1, "Numeric 1"},

@@ -58,6 +58,9 @@ TEST(StringFormat, RoomFollowsTheTable)
     ExpectText(Narrow("%.2s", "abc"), "ab", 2);
     ExpectText(Narrow("%hd", 65537), "1", 32);
     ExpectText(Narrow("%ld", 1L << 40), "1099511627776", 32);
+    ExpectText(Narrow("%.*d", -20, 7), "7", 32);
+    ExpectText(Narrow("%*.*d%d", 34, -1, 7, 8), "                                 78", 33 + 32);
+    ExpectText(Narrow("%.*s%d", -2, "abc", 5), "abc5", -2 + 32);
     ExpectText(Wide(u"%s", u"\x0628x"), u"\x0628x", 2);
     ExpectText(Wide(u"%hs/%d", "ab", 1), u"ab/1", 2 + 3 + 32);
 }

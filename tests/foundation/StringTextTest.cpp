@@ -117,6 +117,7 @@ TEST(StringText, PartsAreClampedToTheText)
         {text.Right(99), "abcdef"},
         {text.Mid(2), "cdef"},
         {text.Mid(-5), "abcdef"},
+        {text.Mid(INT_MIN), "abcdef"},
         {text.Mid(6), ""},
         {text.Mid(2, 3), "cde"},
         {text.Mid(4, INT_MAX), "ef"},

@@ -7,6 +7,7 @@
 #include "corekit/framework/Module.h"
 #include "corekit/platform/Libraries.h"
 #include "corekit/platform/Overlapped.h"
+#include "tests/support/Forked.h"
 #include "tests/TempFolder.h"
 
 #include <cstring>
@@ -243,3 +244,15 @@ TEST(VersionRecord, WhatIsNoRecordIsRefusedAtEveryLength)
         EXPECT_EQ(data.Initialise((folder / "cut").c_str()), length == sound.size()) << length;
     }
 }
+
+#ifndef COREKIT_SANITIZED // whose own memory no limit suits
+TEST(SystemHelpers, AThreadThatCannotStartIsThrown)
+{
+    EXPECT_EQ(InChild([] {
+                  LimitTo(RLIMIT_AS, 1u << 30);
+                  const std::string text = MessageOf([] { scBeginThread(&Raise, nullptr, 0, 3u << 30); });
+                  return text == "There is not enough memory." ? 7 : 0;
+              }),
+              7);
+}
+#endif

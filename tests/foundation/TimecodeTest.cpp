@@ -1,5 +1,6 @@
 #include "corekit/foundation/Timecode.h"
 
+#include "corekit/foundation/Blocks.h"
 #include "corekit/foundation/TimeFunctions.h"
 #include "corekit/stores/MemoryStream.h"
 
@@ -117,6 +118,10 @@ TEST(Timecode, PackedFormsAgree)
     EXPECT_EQ(words[0], value.GetAsDWORD());
     CTimecode::ConvertToBLOB(values, blob);
     EXPECT_EQ(blob.GetSize(), 4);
+    AddToBLOB(blob, value);
+    CTimecode::ConvertFromBLOB(blob, words);
+    ASSERT_EQ(words.GetSize(), 2);
+    EXPECT_EQ(words[1], words[0]);
 }
 
 TEST(TimeFunctions, LocalTimeIsByTheZonesOffset)

@@ -110,8 +110,7 @@ TEST(Polygons, FillWithTheBrushAndOutlineWithThePen)
     EXPECT_FALSE(Polygon(canvas.dc, square, 1));
     EXPECT_FALSE(Polygon(canvas.dc, nullptr, 4));
     EXPECT_FALSE(Polygon(nullptr, square, 4));
-    EXPECT_EQ(CreatePen(PS_SOLID, 2, 0), nullptr);
-    EXPECT_EQ(CreatePen(1, 1, 0), nullptr);
+    EXPECT_EQ(CreatePen(PS_SOLID, -1, 0), nullptr);
     SelectObject(canvas.dc, firstPen);
     EXPECT_TRUE(DeleteObject(none) && DeleteObject(brush));
 }

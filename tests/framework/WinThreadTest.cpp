@@ -1,5 +1,7 @@
 #include "corekit/framework/WinApp.h"
+#include "corekit/platform/Errors.h"
 #include "corekit/platform/Waits.h"
+#include "tests/support/Forked.h"
 
 #include <gtest/gtest.h>
 
@@ -108,3 +110,20 @@ TEST(WinApp, IsTheThreadObjectOfItsMaker)
     EXPECT_EQ(AfxGetApp(), nullptr);
     EXPECT_EQ(AfxGetThread(), nullptr);
 }
+#ifndef COREKIT_SANITIZED // whose own memory no limit suits
+TEST(WinThread, OneThatCannotStartIsNotThere)
+{
+    EXPECT_EQ(InChild([] {
+                  LimitTo(RLIMIT_AS, 1u << 30);
+                  constexpr UINT hugeStack = 3u << 30;
+                  const auto work = [](void*) { return 0u; };
+                  SetLastError(0);
+                  if (AfxBeginThread(work, nullptr, 0, hugeStack)) return 1;
+                  if (GetLastError() != ERROR_NOT_ENOUGH_MEMORY) return 2;
+                  CWinThread thread(work, nullptr);
+                  if (thread.CreateThread(0, hugeStack)) return 3;
+                  return thread.CreateThread() ? 7 : 4; // it may be tried again
+              }),
+              7);
+}
+#endif

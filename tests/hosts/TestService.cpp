@@ -61,7 +61,10 @@ protected:
     // Takes "-debugbreak yes".
     int ParseArgument(int* argc, char*** argv) override
     {
-        if (*argc < 2 || std::string((*argv)[1]) != "yes") return 0;
+        if (*argc < 2 || std::string((*argv)[1]) != "yes") {
+            --*argc, ++*argv; // looked at, and refused
+            return 0;
+        }
         *argc -= 2;
         *argv += 2;
         return 1;
@@ -89,7 +92,7 @@ extern "C" [[gnu::visibility("default")]] void syslog(int priority, const char* 
     char text[1024];
     std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
-    NoteEvent(priority, text);
+    NoteEvent(LOG_PRI(priority), text);
 }
 
 // Called with MESSAGE, PRIORITY and SYSLOG_IDENTIFIER as the first three fields.

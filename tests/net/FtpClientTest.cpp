@@ -121,8 +121,7 @@ TEST_F(Ftp, FailedConnects)
         EXPECT_STREQ(own.GetLastFtpMessage(), one.message);
         EXPECT_FALSE(own.IsConnected());
     }
-    loopback::Listener gone;
-    gone.close();
+    const loopback::DeafPort gone;
     EXPECT_FALSE(client.Connect("127.0.0.1", gone.port(), "u", "p", 0));
     EXPECT_EQ(error(), "[FTP] Unable to connect to server");
 }
@@ -261,8 +260,10 @@ TEST_F(Ftp, FilesInPassiveMode)
 
 TEST_F(Ftp, RepliesToPasv)
 {
-    loopback::Listener data, gone;
-    gone.close();
+    const loopback::DeafPort gone;
+    std::vector<loopback::Listener> listeners(2); // a port whose halves differ
+    const bool isEven = listeners[0].port() / 256 == listeners[0].port() % 256;
+    const loopback::Listener& data = listeners[isEven];
     const std::string high = std::to_string(data.port() / 256), low = std::to_string(data.port() % 256);
     struct Case {
         std::string reply, error;
@@ -300,6 +301,8 @@ TEST_F(Ftp, RepliesToPasv)
     }
     EXPECT_TRUE(
         logged("0 Establishing passive mode connection to 127.0.0.1 port " + std::to_string(data.port())));
+    client.Disconnect();
+    server.reset(); // it looks at what stands above
 }
 
 TEST_F(Ftp, DataMayBeKeptToTheControlHost)
@@ -415,16 +418,25 @@ TEST_F(Ftp, SilenceCostsTheLimit)
     }
 }
 
-TEST_F(Ftp, ADrippingReplyCostsTheLimitOfALine)
+TEST_F(Ftp, TheLimitBeginsAnewWithEveryPieceOfAReply)
 {
-    begin([](Session& session) {
-        session.expect("NOOP");
-        while (session.control().send("2")) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    serve([](Session& session) {
+        for (const char piece : std::string("220-slow\r\n220 but there\r\n")) {
+            session.say({&piece, 1});
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        session.answer("USER u", "230 in\r\n");
     });
-    client.SetTimeout(50);
-    EXPECT_FALSE(client.NoOp());
+    client.SetTimeout(150);
+    EXPECT_TRUE(connect()) << error();
+}
+
+TEST_F(Ftp, ALimitOfNothingIsForRepliesNotForConnecting)
+{
+    serve([](Session& session) { session.awaitEnd(); });
+    client.SetTimeout(0);
+    EXPECT_FALSE(connect());
     EXPECT_EQ(error(), "[FTP] Socket I/O failed");
-    client.Disconnect();
 }
 
 TEST_F(Ftp, ACutTransferIsAFailureAndTheNextCommandHasItsOwnReply)
@@ -438,8 +450,8 @@ TEST_F(Ftp, ACutTransferIsAFailureAndTheNextCommandHasItsOwnReply)
         session.say("226 so the server thinks\r\n");
         session.passive("I");
         session.answer("STOR b", "150 go\r\n");
+        session.say("426 cut\r\n"); // before the connection is: the client need not wait for it
         session.data().reset();
-        session.say("426 cut\r\n");
         session.answer("NOOP", "200 ok\r\n");
     });
     CMemoryStream stream(0, 4096);
@@ -448,6 +460,22 @@ TEST_F(Ftp, ACutTransferIsAFailureAndTheNextCommandHasItsOwnReply)
     const std::string large(8 << 20, 'u');
     EXPECT_FALSE(client.UploadBuffer("b", large.data(), static_cast<unsigned>(large.size())));
     EXPECT_EQ(error(), "[FTP] Socket I/O failed");
+    EXPECT_TRUE(client.NoOp());
+}
+
+TEST_F(Ftp, AnUploadThatFailsWaitsForNoReply)
+{
+    begin([](Session& session) {
+        session.passive("I");
+        session.answer("STOR b", "150 go\r\n");
+        session.data().reset();
+        session.answer("NOOP", "200 ok\r\n");
+    });
+    const std::string large(8 << 20, 'u');
+    const DWORD start = timeGetTime();
+    EXPECT_FALSE(client.UploadBuffer("b", large.data(), static_cast<unsigned>(large.size())));
+    EXPECT_LT(timeGetTime() - start, 2500u);
+    EXPECT_EQ(std::ranges::count(log, "1 [FTP] Socket I/O failed"), 1);
     EXPECT_TRUE(client.NoOp());
 }
 

@@ -94,7 +94,6 @@ public:
         m_port = ntohs(where.sin_port);
     }
     int port() const { return m_port; }
-    void close() { m_end.close(); }
     void stop() { ::shutdown(m_end.fd(), SHUT_RDWR); } // ends accept on another thread
     // The next connection, sent at once; none after the time, or once stopped.
     End accept(int milliseconds = 10000) const
@@ -104,6 +103,24 @@ public:
         ::setsockopt(end.fd(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
         return end;
     }
+
+private:
+    End m_end;
+    int m_port = 0;
+};
+
+// A port on which nobody listens, and that nobody else gets while this object lives.
+class DeafPort {
+public:
+    DeafPort() : m_end(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    {
+        sockaddr_in where = address();
+        socklen_t size = sizeof where;
+        EXPECT_EQ(::bind(m_end.fd(), reinterpret_cast<sockaddr*>(&where), size), 0);
+        ::getsockname(m_end.fd(), reinterpret_cast<sockaddr*>(&where), &size);
+        m_port = ntohs(where.sin_port);
+    }
+    int port() const { return m_port; }
 
 private:
     End m_end;

@@ -146,6 +146,24 @@ TEST_F(Listening, RevokingTwiceIsAFailure)
         "listen socket handler - it isn't registered.");
 }
 
+TEST_F(Listening, ADetachedHandleLeavesNoListenerBehind)
+{
+    {
+        Server lost;
+        lost.start();
+        XSocket taker(lost.Detach());
+    }
+    Server server;
+    server.start();
+    ASSERT_TRUE(connects(server.port()));
+    EXPECT_TRUE(server.awaitAccepted(1));
+    XSocket taker(server.Detach());
+    EXPECT_EQ(thrown([&] { XSocketApi::RevokeListenSocket(&server); }).substr(0, 77),
+              "[Socket] Error attempting to revoke a socket's listen-accept handling.\n[Socke");
+    EXPECT_EQ(thrown([&] { XSocketApi::RevokeListenSocket(&server); }).substr(71),
+              "[Socket] Cannot revoke listen socket handler - it isn't registered.");
+}
+
 TEST_F(Listening, AnAddressInUseIsToldAndFreeAgainAtOnce)
 {
     auto first = std::make_unique<Server>();

@@ -72,10 +72,9 @@ TEST_F(Sockets, HostsAreAddressesOrNames)
 
 TEST_F(Sockets, WithoutAListenerNothingConnects)
 {
-    loopback::Listener listener;
-    listener.close();
+    const loopback::DeafPort nobody;
     XSocket socket;
-    EXPECT_FALSE(socket.ConnectTCPStream("127.0.0.1", listener.port(), 1, 0));
+    EXPECT_FALSE(socket.ConnectTCPStream("127.0.0.1", nobody.port(), 1, 0));
     EXPECT_EQ(GetLastError(), WSAECONNREFUSED);
     EXPECT_FALSE(socket.IsOpen());
     EXPECT_FALSE(socket.ConnectSPXStream("server", 4, 1256, 1));
@@ -246,14 +245,14 @@ TEST_F(Connected, NetworkEventsAreToldOnceUntilAnswered)
 
 TEST_F(Sockets, AConnectionUnderWayIsAnEvent)
 {
-    loopback::Listener listener;
+    const loopback::Listener listener;
+    const loopback::DeafPort nobody;
     for (const bool isThere : {true, false}) {
-        if (!isThere) listener.close();
         XSocket socket;
         ASSERT_TRUE(socket.Create(AF_INET, SOCK_STREAM, IPPROTO_TCP, 1, 0));
         const HANDLE event = WSACreateEvent();
         socket.WSAEventSelect(event, FD_CONNECT | FD_CLOSE);
-        sockaddr_in where = loopback::address(listener.port());
+        sockaddr_in where = loopback::address(isThere ? listener.port() : nobody.port());
         WSANETWORKEVENTS happened{};
         EXPECT_FALSE(socket.Connect(reinterpret_cast<sockaddr*>(&where)));
         EXPECT_EQ(GetLastError(), WSAEWOULDBLOCK);

@@ -3,7 +3,10 @@
 #include "corekit/platform/Interlocked.h"
 #include "corekit/platform/Threads.h"
 
+#include "tests/TempFolder.h"
+
 #include <gtest/gtest.h>
+#include <regex>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -38,6 +41,27 @@ TEST(ErrorTexts, EveryNumberHasALineAndShortBuffersAreRefused)
     EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
     EXPECT_EQ(FormatMessageA(0x400, "x", 0, 0, text, sizeof text, nullptr), 0u);
     EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+}
+
+// Every number that a header or a source of the platform names.
+TEST(ErrorTexts, EveryNumberOfThePlatformHasOne)
+{
+    const std::regex constant(R"(\b((?:ERROR_|WSA[A-Z]|WSA_E|WAIT_TIMEOUT|STG_E_)\w*) = )"
+                              R"((?:static_cast<HRESULT>\()?(0x[0-9A-Fa-f]+|\d+))");
+    int found = 0;
+    for (const auto& entry :
+         std::filesystem::recursive_directory_iterator(TEST_DATA "/../../corekit/platform")) {
+        if (!entry.is_regular_file()) continue;
+        const std::string source = ReadWhole(entry.path());
+        for (std::sregex_iterator row(source.begin(), source.end(), constant), end; row != end;
+             ++row, ++found) {
+            const auto code = static_cast<DWORD>(std::stoul((*row)[2], nullptr, 0));
+            char text[256];
+            FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, code, 0, text, sizeof text, nullptr);
+            EXPECT_EQ(std::string_view(text).substr(0, 13) == "Unknown error", false) << (*row)[1];
+        }
+    }
+    EXPECT_GT(found, 90);
 }
 
 TEST(Interlocked, CountsSurviveManyThreads)

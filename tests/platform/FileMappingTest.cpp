@@ -2,6 +2,7 @@
 
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
+#include "corekit/platform/SystemInfo.h"
 
 #include <gtest/gtest.h>
 
@@ -69,6 +70,44 @@ TEST(FileMapping, WhatCannotBeMappedIsMapped)
     EXPECT_EQ(GetLastError(), ERROR_MAPPED_ALIGNMENT);
     EXPECT_EQ(MapViewOfFile(mapping, FILE_MAP_READ, 0, 0, 11), nullptr);
     EXPECT_EQ(refusedAs(mapping, PAGE_READONLY, 0), ERROR_INVALID_HANDLE);
+    CloseHandle(mapping);
+    CloseHandle(file);
+}
+
+TEST(FileMapping, WhatAViewShowsIsNotCutOff)
+{
+    const std::string name = testing::TempDir() + "mapping-cut";
+    const HANDLE file = Open(name, GENERIC_READ | GENERIC_WRITE);
+    const HANDLE mapping = CreateFileMappingA(file, nullptr, PAGE_READWRITE, 0, 70000, nullptr);
+    const void* const view = MapViewOfFile(mapping, FILE_MAP_READ, 0, 0, 10000);
+    CloseHandle(mapping);
+    const auto cutTo = [&](LONG size) {
+        SetLastError(0);
+        SetFilePointer(file, size, nullptr, FILE_BEGIN);
+        return SetEndOfFile(file) ? 0 : GetLastError();
+    };
+    EXPECT_EQ(cutTo(10000), 0u);
+    EXPECT_EQ(cutTo(9999), 1224u);
+    EXPECT_EQ(CreateFileA(name.c_str(), GENERIC_WRITE, 7, nullptr, CREATE_ALWAYS, 0, nullptr),
+              INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetLastError(), 1224u);
+    EXPECT_EQ(GetFileSize(file, nullptr), 10000u);
+    EXPECT_EQ(cutTo(80000), 0u);
+    EXPECT_TRUE(UnmapViewOfFile(view));
+    EXPECT_EQ(cutTo(1), 0u);
+    CloseHandle(file);
+}
+
+TEST(FileMapping, OffsetsGoByTheGranularityOfTheSystem)
+{
+    SYSTEM_INFO system;
+    GetSystemInfo(&system);
+    const HANDLE file = Open(testing::TempDir() + "mapping-grain", GENERIC_READ | GENERIC_WRITE);
+    const HANDLE mapping =
+        CreateFileMappingA(file, nullptr, PAGE_READWRITE, 0, 3 * system.dwAllocationGranularity, nullptr);
+    const void* const view = MapViewOfFile(mapping, FILE_MAP_READ, 0, system.dwAllocationGranularity, 1);
+    EXPECT_NE(view, nullptr);
+    UnmapViewOfFile(view);
     CloseHandle(mapping);
     CloseHandle(file);
 }

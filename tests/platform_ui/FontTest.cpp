@@ -127,6 +127,40 @@ TEST(Fonts, SignatureIsThatOfTheFace)
     EXPECT_EQ(s.fsUsb[0] | s.fsUsb[3] | s.fsCsb[0], 0u);
 }
 
+// A face may claim what it does not have, and have what it does not claim.
+TEST(Fonts, EveryInstalledFaceCanDrawTheRangesOfItsSignature)
+{
+    constexpr struct {
+        int bit;
+        char16_t letter;
+    } letters[] = {{0, u'A'},       {1, u'\u00E9'},  {9, u'\u042F'},  {11, u'\u05D0'},
+                   {13, u'\u0628'}, {14, u'\u06F4'}, {14, u'\u06D4'}, {15, u'\u0915'},
+                   {16, u'\u0995'}, {20, u'\u0B95'}, {31, u'\u201C'}, {67, u'\uFE91'}};
+    std::vector<std::string> faces;
+    const auto collect = [](const LOGFONTA* font, const TEXTMETRICA*, DWORD, LPARAM to) {
+        reinterpret_cast<std::vector<std::string>*>(to)->push_back(font->lfFaceName);
+        return 1;
+    };
+    Canvas canvas(48, 64);
+    ASSERT_EQ(EnumFontsA(canvas.dc, nullptr, collect, reinterpret_cast<LPARAM>(&faces)), 1);
+    const auto drawn = [&canvas](char16_t unit) {
+        canvas.clear();
+        canvas.draw(std::u16string_view(&unit, 1), 8, 8, ETO_IGNORELANGUAGE);
+        return canvas.pixels();
+    };
+    for (const std::string& face : faces) {
+        canvas.use(face.c_str(), -24);
+        FONTSIGNATURE signature;
+        GetTextCharsetInfo(canvas.dc, &signature, 0);
+        const auto missing = drawn(u'\uFFFE');
+        for (const auto& [bit, letter] : letters) {
+            const bool claims = signature.fsUsb[bit / 32] >> bit % 32 & 1;
+            EXPECT_FALSE(claims && drawn(letter) == missing)
+                << face << " has no U+" << std::hex << int{letter};
+        }
+    }
+}
+
 TEST(Fonts, EnumerationNamesEveryFaceOnceAndStopsWhenTold)
 {
     const HDC dc = CreateCompatibleDC(nullptr);

@@ -257,6 +257,19 @@ TEST_F(BlockFileTest, MapOfALargeNewFileIsElsewhere)
     EXPECT_EQ(bytes[1024], 0x1F);
 }
 
+TEST_F(BlockFileTest, BlocksOfTheMapAreNotFreed)
+{
+    CBlockMappedFile file;
+    ASSERT_TRUE(file.CreateFileA(name.c_str(), 512, 9, 40000)); // the map has blocks 0 to 3
+    ASSERT_EQ(file.AllocateContiguousBlocks(8, false), 4u);
+    file.FreeSingleBlock(3);
+    file.FreeContiguousBlocks(3, 2);
+    file.FreeContiguousBytes(0, 40000 * 512);
+    EXPECT_TRUE(file.IsByteRangeAllocated(0, 12 * 512));
+    file.FreeContiguousBlocks(4, 8);
+    EXPECT_EQ(file.AllocateSingleBlock(false), 4u);
+}
+
 TEST_F(BlockFileTest, ReadOnlyFileIsWrittenTo)
 {
     CBlockMappedFile file;

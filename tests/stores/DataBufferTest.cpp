@@ -118,5 +118,7 @@ TEST(DataCache, BlocksLeakOrCountsStay)
     cache.DeleteAllObjects();
     EXPECT_EQ(cache.Held(), 0u);
     EXPECT_EQ(cache.Most(), 100u);
+    EXPECT_STREQ(cache.GetRuntimeClass()->m_lpszClassName, "CDataCache");
+    EXPECT_TRUE(cache.IsKindOf(RUNTIME_CLASS(CObject)));
     cache.Put(5); // freed by the destructor
 }

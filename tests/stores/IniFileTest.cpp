@@ -66,6 +66,8 @@ TEST_F(IniFile, NumbersAndWordsAreReadInTheirOtherSpellings)
                 {"1  2", 9, 1, 1, 9},
                 {"1, 2, 256", 9, 1, 1, 9},
                 {"255 255 255", 9, 255, 0x255, 0xFFFFFF},
+                {"0000000001, 002, 0000000000255", 9, 1, 1, 0xFF0201},
+                {"1, 2, 0000000256", 9, 1, 1, 9},
                 {"1, 2", 9, 1, 1, 9}};
     for (const auto& row : rows) {
         Put(row.text);

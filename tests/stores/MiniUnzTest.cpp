@@ -6,6 +6,7 @@
 #include "tests/TempFolder.h"
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -189,11 +190,36 @@ TEST_F(MiniUnz, ToMemoryMakesNoFileAndToFilesCopies)
     m_toMemory = true;
     EXPECT_TRUE(Unzip());
     EXPECT_EQ(Memory(), "one two");
-    EXPECT_TRUE(fs::is_empty(m_folder / "out"));
+    EXPECT_EQ(FilesIn(m_folder / "out"), 0u);
+    EXPECT_EQ(shown, std::vector<std::string>{"Creating directory: d/"});
+    EXPECT_TRUE(fs::is_directory(m_folder / "out/d"));
     m_toMemory = false;
     EXPECT_TRUE(Unzip());
     EXPECT_EQ(Memory(), "one two");
     EXPECT_EQ(Out("d/b"), "two");
+}
+
+TEST_F(MiniUnz, WhatItOpensStaysInThisProcess)
+{
+    Python("z.writestr('a','new')\nz.close()\n");
+    std::ofstream(m_folder / "out/a") << "old";
+    m_overwrite = 0;
+    static int leaking;
+    leaking = 0;
+    const auto before = SetMessageBoxHandler([](CWnd*, const char*, UINT) {
+        for (int fd = 3; fd < 100; ++fd) {
+            const int flags = fcntl(fd, F_GETFD);
+            char path[256] = "";
+            if (flags < 0 || readlink(("/proc/self/fd/" + std::to_string(fd)).c_str(), path, 255) <= 0)
+                continue;
+            leaking += std::string(path).ends_with(".zip") && (flags & FD_CLOEXEC) == 0;
+        }
+        return int{IDYES};
+    });
+    EXPECT_TRUE(Unzip());
+    SetMessageBoxHandler(before);
+    EXPECT_EQ(leaking, 0);
+    EXPECT_EQ(Out("a"), "new");
 }
 
 TEST_F(MiniUnz, DamageIsTold)

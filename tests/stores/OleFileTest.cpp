@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -150,6 +151,26 @@ TEST_F(OleFile, SharingNamesAndEndsAreGuarded)
     WriteWhole(m_path, "plain text");
     EXPECT_FALSE(COleFile::IsOleFile(m_path.c_str()));
     EXPECT_FALSE(COleFile::IsOleFile((m_folder / "missing").c_str()));
+}
+
+TEST_F(OleFile, ItsDescriptorsStayInThisProcess)
+{
+    const std::string name = m_folder / "own.bin";
+    COleFile file;
+    file.Create(name.c_str(), 0);
+    Put(file, u"part", "text");
+    file.Commit();
+    file.Close();
+    ASSERT_TRUE(file.Open(name.c_str(), kReadWrite));
+    EXPECT_EQ(Get(file, u"part"), "text");
+    int open = 0;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code gone;
+        if (std::filesystem::read_symlink(entry.path(), gone) != name) continue;
+        ++open;
+        EXPECT_NE(fcntl(std::stoi(entry.path().filename()), F_GETFD) & FD_CLOEXEC, 0);
+    }
+    EXPECT_GE(open, 2);
 }
 
 TEST_F(OleFile, OtherProgramsReadOurs)

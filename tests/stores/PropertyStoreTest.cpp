@@ -378,19 +378,22 @@ TEST(PropertyStore, ReadingAppendsAndTheLastOfEqualNamesIsFound)
     EXPECT_EQ(Written(odd), bytes);
 }
 
-TEST(PropertyStore, DepthIsBoundedOnlyByReading)
+TEST(PropertyStore, WhatCannotBeReadAgainIsNotWritten)
 {
-    CPropertyStore store;
+    CPropertyStore store, back;
     for (int level = 0; level < 200000; ++level) {
         CPropertyStore outer;
         outer.SetPropertyStore("in", store);
         store = outer;
         if (level == CPropertyStore::deepestNesting - 1) {
-            CPropertyStore back;
             EXPECT_EQ(ReadFrom(back, Written(store)), "nothing");
         }
+        if (level == CPropertyStore::deepestNesting || level == 199999) {
+            CMemoryStream stream(0, 4096);
+            EXPECT_EQ(Thrown([&] { store.WriteStream(stream); }), "Data is corrupt.");
+            EXPECT_EQ(stream.GetSize(), 0u);
+        }
     }
-    EXPECT_EQ(Written(store).size(), 200000u * 18 + 12);
 }
 
 TEST(PropertyStore, EndOfAPathIsACopyLikeAnyOther)

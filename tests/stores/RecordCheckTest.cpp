@@ -164,6 +164,25 @@ TEST_F(RecordFileTest, DamageIsMissedOrToldInOtherWords)
     }
 }
 
+TEST_F(RecordFileTest, AreasWithoutEntriesMayLieAnywhereAndAreReported)
+{
+    const Bytes outside = "Checking header information\nERROR: CheckSetInUse - sector 8388607 is outside the "
+                          "file\nERROR: ";
+    const struct {
+        DWORD offset, entries; // places in the header
+        const char* area;
+    } cases[] = {{24, 32, "Index"}, {36, 44, "FSM"}};
+    for (const auto& c : cases) {
+        std::filesystem::remove(name);
+        Make({});
+        Patch(name, c.offset, 0xFFFFFE00);
+        Patch(name, c.entries, 0);
+        const Outcome looked = Check(name, print);
+        EXPECT_EQ(looked.result, 0);
+        EXPECT_EQ(looked.text, outside + c.area + " is set on in-use data\n");
+    }
+}
+
 TEST_F(RecordFileTest, RepairDeletesAnotherThanTheLaterOfTwoRecordsOnOneSector)
 {
     Make({100, 200, 600});

@@ -240,6 +240,23 @@ TEST_F(RecordFileTest, WrongNumbersAndArgumentsAreTaken)
     EXPECT_EQ(file.GetRecordCount(), 0);
 }
 
+TEST_F(RecordFileTest, WhatNobodyCouldReadIsNotWritten)
+{
+    Make({100, 200});
+    CVariableLengthRecordFile file;
+    ASSERT_EQ(file.OpenFile(name.c_str()), 1);
+    const std::vector<char> page(4096);
+    const auto refusal = [&](auto act) { return Thrown([&] { act(page.data(), 0x80000000u); }); };
+    const std::string told = "[Variable Length Record File] Write failed.";
+    EXPECT_TRUE(refusal([&](auto... data) { file.AddRecord(data..., 1); }).starts_with(told));
+    EXPECT_TRUE(refusal([&](auto... data) { file.SetRecord(9, data..., 1); }).starts_with(told));
+    EXPECT_TRUE(refusal([&](auto... data) { file.ReplaceRecord(0, data..., 1); }).starts_with(told));
+    EXPECT_EQ(file.GetRecordCount(), 2);
+    EXPECT_EQ(Get(file, 0), Content(0, 100));
+    file.Close(1);
+    EXPECT_EQ(std::filesystem::file_size(name), 32u * 512);
+}
+
 TEST_F(RecordFileTest, HeadersThatCannotBeTrueAreOpened)
 {
     Make({100, 2000});

@@ -128,14 +128,14 @@ TEST_F(UnicodeManager, FacesAreFoundInAnyCaseAndLoadedOnce)
     EXPECT_TRUE(seen);
 }
 
-TEST_F(UnicodeManager, SignaturesAreWhatTheFacesClaim)
+TEST_F(UnicodeManager, SignaturesAreWhatTheFacesHold)
 {
     struct {
         const char* face;
         std::initializer_list<int> covered, missing;
     } const faces[] = {
         {"DejaVu Sans", {128, 129, 137, 139, 141, 191, 195}, {143, 144, 148, 256}},
-        {"Noto Sans Devanagari", {128, 143}, {139, 141, 144, 148}},
+        {"Noto Sans Devanagari", {143}, {128, 139, 141, 144, 148}},
         {"Noto Sans Bengali", {144}, {139, 141, 148}},
         {"Noto Sans Tamil", {148}, {139, 141, 144}},
     };

@@ -1,12 +1,13 @@
 #include "corekit/platform/posix/compound/CompoundTree.h"
 
+#include "corekit/platform/posix/compound/DescriptorInput.h"
 #include "corekit/platform/posix/registry/RegistryText.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <gsf/gsf-infile-msole.h>
-#include <gsf/gsf-input-stdio.h>
 #include <gsf/gsf-outfile-msole.h>
 #include <gsf/gsf-output-stdio.h>
 #include <gsf/gsf-utils.h>
@@ -92,7 +93,7 @@ namespace corekit::detail {
 std::shared_ptr<CompoundNode> CompoundNode::OpenRoot(const std::string& path)
 {
     StartLibrary();
-    const auto file = OwnGObject(gsf_input_stdio_new(path.c_str(), nullptr));
+    const auto file = OwnGObject(OpenInput(path));
     if (!file) return nullptr;
     auto root = std::make_shared<CompoundNode>("", true);
     root->m_fileSize = static_cast<std::uint64_t>(gsf_input_size(file.get()));
@@ -195,7 +196,7 @@ void CompoundNode::Forget()
 bool CompoundNode::Save(int descriptor)
 {
     StartLibrary();
-    std::FILE* file = fdopen(dup(descriptor), "wb");
+    std::FILE* file = fdopen(fcntl(descriptor, F_DUPFD_CLOEXEC, 0), "wb");
     if (!file) return false;
     const auto sink = OwnGObject(gsf_output_stdio_new_FILE("", file, TRUE));
     bool written = false;

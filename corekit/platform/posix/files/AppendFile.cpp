@@ -26,6 +26,16 @@ bool lockTowardsOthers(int fd)
     return ::flock(fd, LOCK_SH | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
+// Children that were forked meanwhile have the descriptor too, so that closing it would not do.
+void unlockTowardsOthers(int fd)
+{
+    struct flock whole = {};
+    whole.l_type = F_UNLCK;
+    whole.l_whence = SEEK_SET;
+    ::fcntl(fd, F_OFD_SETLK, &whole);
+    ::flock(fd, LOCK_UN);
+}
+
 // As ::write, without the bookkeeping that lets a thread be cancelled in it.
 ssize_t writeOut(int fd, std::string_view bytes)
 {
@@ -42,18 +52,25 @@ public:
     }
     ~Writer()
     {
+        if (m_locker != 0 && m_locker == ::getpid()) unlockTowardsOthers(get());
         if (m_isAlone) releaseFile(m_id, loneWriter);
     }
     Writer(const Writer&) = delete;
     Writer& operator=(const Writer&) = delete;
 
     int get() const { return m_descriptor.get(); }
-    bool isAlone() const { return m_isAlone && lockTowardsOthers(get()); }
+    bool isAlone()
+    {
+        if (!m_isAlone || !lockTowardsOthers(get())) return false;
+        m_locker = ::getpid();
+        return true;
+    }
 
 private:
     Descriptor m_descriptor;
     FileId m_id;
     bool m_isAlone;
+    int m_locker = 0; // the process that has the locks
 };
 
 AppendFile::AppendFile() = default;

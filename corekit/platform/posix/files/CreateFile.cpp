@@ -3,6 +3,7 @@
 #include "corekit/platform/Files.h"
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/files/File.h"
+#include "corekit/platform/posix/files/FileViews.h"
 
 #include <cerrno>
 #include <climits>
@@ -10,7 +11,6 @@
 #include <fcntl.h>
 #include <memory>
 #include <new>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -77,15 +77,6 @@ Opened openPath(const std::string& path, DWORD access, DWORD disposition, DWORD 
     }
 }
 
-// An opening that shares nothing keeps other processes out, every other one only such openings.
-bool lockTowardsOthers(int fd, const FileUse& use)
-{
-    int result;
-    do result = ::flock(fd, (use.share == 0 ? LOCK_EX : LOCK_SH) | LOCK_NB);
-    while (result != 0 && errno == EINTR);
-    return result == 0 || errno != EWOULDBLOCK; // a volume without locks has nobody to keep out
-}
-
 void giveHints(int fd, DWORD flags)
 {
     if ((flags & FILE_FLAG_SEQUENTIAL_SCAN) != 0) ::posix_fadvise(fd, 0, 0, POSIX_FADV_SEQUENTIAL);
@@ -113,12 +104,12 @@ HANDLE openFile(const std::string& path, const FileUse& use, DWORD disposition, 
 
     const bool empties = opened.existed && (disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING);
     if (use.access != 0) {
-        if (S_ISREG(facts.st_mode) && !lockTowardsOthers(fd, use)) return fail(ERROR_SHARING_VIOLATION);
+        if (S_ISREG(facts.st_mode) && !file->lockTowardsOthers()) return fail(ERROR_SHARING_VIOLATION);
         if (S_ISREG(facts.st_mode)) giveHints(fd, flags);
     }
     if (empties && S_ISREG(facts.st_mode)) {
-        const int done = (use.access & GENERIC_WRITE) != 0 ? ::ftruncate(fd, 0) : ::truncate(path.c_str(), 0);
-        if (done != 0) return fail(errorFromErrno(errno));
+        const Descriptor writer((use.access & GENERIC_WRITE) != 0 ? -1 : openRetrying(path, O_WRONLY, 0));
+        if (const DWORD error = setFileSize(writer ? writer.get() : fd, 0)) return fail(error);
     }
     if ((flags & FILE_FLAG_DELETE_ON_CLOSE) != 0) file->deleteOnClose(absolutePath(path));
     const HANDLE handle = openHandle(std::move(file));

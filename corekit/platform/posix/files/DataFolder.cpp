@@ -1,9 +1,10 @@
 #include "corekit/platform/posix/files/DataFolder.h"
 
+#include "corekit/platform/posix/processor/Account.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,8 +18,7 @@ const char* Variable(const char* name)
 std::string HomeFolder()
 {
     if (const char* home = Variable("HOME")) return home;
-    const passwd* user = getpwuid(geteuid());
-    return user && user->pw_dir ? user->pw_dir : "";
+    return corekit::detail::currentAccount().home;
 }
 
 std::string Above(const std::string& path)

@@ -1,6 +1,8 @@
 #include "corekit/platform/posix/files/File.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,7 +26,19 @@ File::~File()
     if (!m_deletePath.empty() && ::stat(m_deletePath.c_str(), &now) == 0 &&
         FileId{now.st_dev, now.st_ino} == m_id)
         ::unlink(m_deletePath.c_str());
+    // Not by closing alone: children that were forked meanwhile have the descriptor too.
+    if (m_locker != 0 && m_locker == ::getpid()) ::flock(descriptor(), LOCK_UN);
     if (m_use.access != 0) releaseFile(m_id, m_use);
+}
+
+// An opening that shares nothing keeps other processes out, every other one only such openings.
+bool File::lockTowardsOthers()
+{
+    int result;
+    do result = ::flock(descriptor(), (m_use.share == 0 ? LOCK_EX : LOCK_SH) | LOCK_NB);
+    while (result != 0 && errno == EINTR);
+    if (result == 0) m_locker = ::getpid();
+    return result == 0 || errno != EWOULDBLOCK; // a volume without locks has nobody to keep out
 }
 
 } // namespace corekit::detail

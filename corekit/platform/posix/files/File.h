@@ -1,8 +1,8 @@
 // An open file as an object behind a handle.
 #pragma once
 
-#include "corekit/platform/posix/ports/IoObject.h"
 #include "corekit/platform/posix/files/ShareTable.h"
+#include "corekit/platform/posix/ports/IoObject.h"
 
 #include <cstdint>
 #include <mutex>
@@ -31,9 +31,13 @@ public:
     std::mutex mutex;          // guards position, and is held through a transfer that uses it
     std::int64_t position = 0; // never below 0
 
+    // Keeps other processes out, or those that want to keep this one out; false when one of them is there.
+    bool lockTowardsOthers();
+
 private:
     FileId m_id;
     FileUse m_use;
+    int m_locker = 0; // the process that has the lock
     std::string m_deletePath;
 };
 

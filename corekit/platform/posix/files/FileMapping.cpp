@@ -4,6 +4,7 @@
 #include "corekit/platform/Files.h"
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/files/File.h"
+#include "corekit/platform/posix/files/FileViews.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -16,26 +17,31 @@ namespace {
 
 using namespace corekit::detail;
 
-constexpr std::uint64_t granularity = 65536;
-
 class FileMapping : public Object {
 public:
     static constexpr ObjectKind kKind = ObjectKind::fileMapping;
 
-    FileMapping(Descriptor own, std::uint64_t bytes, bool mayWrite)
-        : Object(kKind), descriptor(std::move(own)), size(bytes), writable(mayWrite)
+    FileMapping(Descriptor own, const FileId& file, std::uint64_t bytes, bool mayWrite)
+        : Object(kKind), descriptor(std::move(own)), id(file), size(bytes), writable(mayWrite)
     {
     }
 
     const Descriptor descriptor; // of its own: the mapping outlives the file's handle
+    const FileId id;
     const std::uint64_t size;
     const bool writable;
 };
 
-// The views of this process, by address.
+struct View {
+    std::size_t size;
+    FileId file;
+    std::uint64_t fileEnd; // of what it shows
+};
+
+// The views of this process.
 struct Views {
     std::mutex mutex;
-    std::map<std::uintptr_t, std::size_t> sizes;
+    std::map<std::uintptr_t, View> byAddress;
 };
 
 Views& views()
@@ -64,10 +70,8 @@ bool extend(int fd, std::uint64_t from, std::uint64_t to)
 }
 
 // The size that a mapping gets, after the file was extended if that is asked for; 0 on failure.
-std::uint64_t sizeToMap(int fd, std::uint64_t asked, bool writable)
+std::uint64_t sizeToMap(int fd, const struct stat& facts, std::uint64_t asked, bool writable)
 {
-    struct stat facts;
-    if (::fstat(fd, &facts) != 0) return fail(errorFromErrno(errno), std::uint64_t{0});
     const auto present = static_cast<std::uint64_t>(facts.st_size);
     if (asked == 0 && present == 0) return fail(ERROR_FILE_INVALID, std::uint64_t{0});
     if (asked == 0 || asked <= present) return asked == 0 ? present : asked;
@@ -76,6 +80,22 @@ std::uint64_t sizeToMap(int fd, std::uint64_t asked, bool writable)
 }
 
 } // namespace
+
+DWORD corekit::detail::setFileSize(int descriptor, std::int64_t size)
+{
+    const std::lock_guard lock(views().mutex); // no view appears between the look and the cut
+    struct stat facts;
+    if (!views().byAddress.empty() && ::fstat(descriptor, &facts) == 0) {
+        const FileId file{facts.st_dev, facts.st_ino};
+        for (const auto& [address, view] : views().byAddress)
+            if (view.file == file && static_cast<std::uint64_t>(size) < view.fileEnd)
+                return ERROR_USER_MAPPED_FILE;
+    }
+    int result;
+    do result = ::ftruncate(descriptor, size);
+    while (result != 0 && errno == EINTR);
+    return result == 0 ? NO_ERROR : errorFromErrno(errno);
+}
 
 HANDLE CreateFileMappingA(HANDLE handle, _SECURITY_ATTRIBUTES*, DWORD protection, DWORD sizeHigh,
                           DWORD sizeLow, const char* name)
@@ -91,11 +111,14 @@ HANDLE CreateFileMappingA(HANDLE handle, _SECURITY_ATTRIBUTES*, DWORD protection
 
     Descriptor own(::fcntl(file->descriptor(), F_DUPFD_CLOEXEC, 0));
     if (!own) return fail(errorFromErrno(errno), nullptr);
+    struct stat facts;
+    if (::fstat(own.get(), &facts) != 0) return fail(errorFromErrno(errno), nullptr);
     const std::uint64_t size =
-        sizeToMap(own.get(), static_cast<std::uint64_t>(sizeHigh) << 32 | sizeLow, writable);
+        sizeToMap(own.get(), facts, static_cast<std::uint64_t>(sizeHigh) << 32 | sizeLow, writable);
     if (size == 0) return nullptr;
     try {
-        return openHandle(std::make_unique<FileMapping>(std::move(own), size, writable));
+        return openHandle(std::make_unique<FileMapping>(std::move(own), FileId{facts.st_dev, facts.st_ino},
+                                                        size, writable));
     } catch (const std::bad_alloc&) {
         return fail(ERROR_NOT_ENOUGH_MEMORY, nullptr);
     }
@@ -110,7 +133,7 @@ void* MapViewOfFile(HANDLE handle, DWORD access, DWORD offsetHigh, DWORD offsetL
         return fail(ERROR_INVALID_PARAMETER, nullptr);
     if (writes && !mapping->writable) return fail(ERROR_ACCESS_DENIED, nullptr);
     const std::uint64_t offset = static_cast<std::uint64_t>(offsetHigh) << 32 | offsetLow;
-    if (offset % granularity != 0) return fail(ERROR_MAPPED_ALIGNMENT, nullptr);
+    if (offset % allocationGranularity != 0) return fail(ERROR_MAPPED_ALIGNMENT, nullptr);
     if (offset >= mapping->size || bytes > mapping->size - offset) return fail(ERROR_ACCESS_DENIED, nullptr);
     if (bytes == 0) bytes = mapping->size - offset;
 
@@ -119,7 +142,8 @@ void* MapViewOfFile(HANDLE handle, DWORD access, DWORD offsetHigh, DWORD offsetL
     if (view == MAP_FAILED) return fail(errorFromErrno(errno), nullptr);
     try {
         const std::lock_guard lock(views().mutex);
-        views().sizes.emplace(reinterpret_cast<std::uintptr_t>(view), bytes);
+        views().byAddress.emplace(reinterpret_cast<std::uintptr_t>(view),
+                                  View{bytes, mapping->id, offset + bytes});
         return view;
     } catch (const std::bad_alloc&) {
         ::munmap(view, bytes);
@@ -131,10 +155,10 @@ BOOL UnmapViewOfFile(const void* view)
 {
     const auto address = reinterpret_cast<std::uintptr_t>(view);
     const std::lock_guard lock(views().mutex);
-    const auto found = views().sizes.find(address);
-    if (found == views().sizes.end()) return fail(ERROR_INVALID_ADDRESS, FALSE);
-    ::munmap(reinterpret_cast<void*>(address), found->second);
-    views().sizes.erase(found);
+    const auto found = views().byAddress.find(address);
+    if (found == views().byAddress.end()) return fail(ERROR_INVALID_ADDRESS, FALSE);
+    ::munmap(reinterpret_cast<void*>(address), found->second.size);
+    views().byAddress.erase(found);
     return TRUE;
 }
 
@@ -144,8 +168,9 @@ BOOL FlushViewOfFile(const void* address, std::size_t bytes)
     std::uintptr_t end = 0;
     {
         const std::lock_guard lock(views().mutex);
-        const auto behind = views().sizes.upper_bound(first);
-        if (behind != views().sizes.begin()) end = std::prev(behind)->first + std::prev(behind)->second;
+        const auto behind = views().byAddress.upper_bound(first);
+        if (behind != views().byAddress.begin())
+            end = std::prev(behind)->first + std::prev(behind)->second.size;
     }
     if (first >= end || bytes > end - first) return fail(ERROR_INVALID_ADDRESS, FALSE);
     const std::uintptr_t last = bytes == 0 ? end : first + bytes;

@@ -4,6 +4,7 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/files/File.h"
+#include "corekit/platform/posix/files/FileViews.h"
 #include "corekit/platform/Waits.h"
 
 #include <cerrno>
@@ -134,10 +135,8 @@ BOOL SetEndOfFile(HANDLE handle)
     if (!file) return fail(ERROR_INVALID_HANDLE, FALSE);
     if (!file->allows(GENERIC_WRITE)) return fail(ERROR_ACCESS_DENIED, FALSE);
     const std::lock_guard lock(file->mutex);
-    int result;
-    do result = ::ftruncate(file->descriptor(), file->position);
-    while (result != 0 && errno == EINTR);
-    return result == 0 ? TRUE : fail(errorFromErrno(errno), FALSE);
+    const DWORD error = setFileSize(file->descriptor(), file->position);
+    return error == NO_ERROR ? TRUE : fail(error, FALSE);
 }
 
 DWORD GetFileSize(HANDLE handle, DWORD* high)

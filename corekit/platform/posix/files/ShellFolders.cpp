@@ -1,13 +1,13 @@
 #include "corekit/platform/ShellFolders.h"
 
-#include "corekit/platform/posix/files/DataFolder.h"
 #include "corekit/platform/posix/Errno.h"
+#include "corekit/platform/posix/files/DataFolder.h"
 #include "corekit/platform/posix/files/File.h"
+#include "corekit/platform/posix/processor/Account.h"
 
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -57,8 +57,8 @@ std::string variable(const char* name)
 std::string home()
 {
     if (std::string set = variable("HOME"); !set.empty()) return set;
-    const passwd* user = ::getpwuid(::geteuid());
-    return user && user->pw_dir && *user->pw_dir == '/' ? user->pw_dir : "";
+    const corekit::detail::Account own = corekit::detail::currentAccount();
+    return *own.home.c_str() == '/' ? own.home : "";
 }
 
 std::string base(const char* name, const char* below)

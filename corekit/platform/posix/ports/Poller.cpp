@@ -1,9 +1,12 @@
 #include "corekit/platform/posix/ports/Poller.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <iterator>
 #include <mutex>
+#include <new>
 #include <pthread.h>
 #include <sys/epoll.h>
 #include <system_error>
@@ -23,6 +26,10 @@ public:
     int rearm(int descriptor, std::uint32_t events);
     void unwatch(int descriptor);
 
+    void beforeFork() { m_lock.lock(); }
+    void afterFork() { m_lock.unlock(); }
+    void beginInChild();
+
 private:
     // A descriptor's number comes back soon after it was closed; the turn tells its lives apart.
     struct Entry {
@@ -38,14 +45,30 @@ private:
 
     std::mutex m_lock;
     std::vector<Entry> m_entries; // by descriptor
+    std::vector<Entry> m_parents; // what this process had before it divided: not to be called, and not to end
     int m_epoll = -1;
 };
 
 // Never taken down: its thread has no end.
 Poller& instance()
 {
-    static Poller* const poller = new Poller;
+    static Poller* const poller = [] {
+        auto* const only = new Poller;
+        if (::pthread_atfork([] { instance().beforeFork(); }, [] { instance().afterFork(); },
+                             [] { instance().beginInChild(); }) != 0)
+            throw std::bad_alloc();
+        return only;
+    }();
     return *poller;
+}
+
+// The parent's epoll instance would take what the child says for the parent's word.
+void Poller::beginInChild()
+{
+    if (m_epoll >= 0) ::close(std::exchange(m_epoll, -1));
+    std::ranges::move(m_entries, std::back_inserter(m_parents));
+    m_entries.clear();
+    m_lock.unlock();
 }
 
 int Poller::start()
@@ -122,7 +145,9 @@ void Poller::tell(const Round& round, int count)
     {
         const std::lock_guard lock(m_lock);
         for (int i = 0; i < count; ++i) {
-            const Entry& entry = m_entries[static_cast<std::uint32_t>(round[i].data.u64)];
+            const auto index = static_cast<std::uint32_t>(round[i].data.u64);
+            if (index >= m_entries.size()) continue;
+            const Entry& entry = m_entries[index];
             if (entry.turn == round[i].data.u64 >> 32) watchers[i] = entry.watcher;
         }
     }

@@ -2,7 +2,8 @@
 //
 // It starts with the first descriptor that is watched and lives as long as the process. Whoever watches hands
 // in a Watcher; the thread keeps it alive while it calls it, so a watcher may be taken out at any time and
-// from any thread, its own call included.
+// from any thread, its own call included. A forked child begins with nothing watched, and what it watches and
+// forgets is its own affair.
 #pragma once
 
 #include <cstdint>

@@ -1,6 +1,7 @@
 #include "corekit/platform/SystemInfo.h"
 
 #include "corekit/platform/posix/Errno.h"
+#include "corekit/platform/posix/files/FileViews.h"
 
 #include <atomic>
 #include <cstdio>
@@ -52,7 +53,7 @@ void GetSystemInfo(SYSTEM_INFO* info)
     *info = {};
     info->wProcessorArchitecture = architecture();
     info->dwPageSize = static_cast<DWORD>(::sysconf(_SC_PAGESIZE));
-    info->dwAllocationGranularity = info->dwPageSize;
+    info->dwAllocationGranularity = corekit::detail::allocationGranularity;
     info->dwNumberOfProcessors = processorsOfProcess();
     info->dwActiveProcessorMask =
         info->dwNumberOfProcessors >= 64 ? ~DWORD_PTR{0} : (DWORD_PTR{1} << info->dwNumberOfProcessors) - 1;

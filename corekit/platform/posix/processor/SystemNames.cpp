@@ -1,23 +1,19 @@
 #include "corekit/platform/SystemNames.h"
 
 #include "corekit/platform/Errors.h"
+#include "corekit/platform/posix/processor/Account.h"
 
 #include <cstdlib>
 #include <cstring>
-#include <pwd.h>
 #include <string>
 #include <string_view>
 #include <unistd.h>
-#include <vector>
 
 namespace {
 std::string UserName()
 {
-    std::vector<char> store(16384);
-    passwd user{};
-    passwd* found = nullptr;
-    if (getpwuid_r(geteuid(), &user, store.data(), store.size(), &found) == 0 && found) return user.pw_name;
-    return std::to_string(geteuid());
+    std::string name = corekit::detail::currentAccount().name;
+    return name.empty() ? std::to_string(geteuid()) : name;
 }
 
 bool Copy(std::string_view text, char* buffer, DWORD size)

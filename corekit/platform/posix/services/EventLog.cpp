@@ -4,6 +4,7 @@
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/handles/HandleTable.h"
 
+#include <cstdio>
 #include <string>
 #include <sys/syslog.h>
 #include <systemd/sd-journal.h>
@@ -37,10 +38,11 @@ BOOL toJournal(const std::string& source, int priority, DWORD eventId, const std
     return result >= 0 ? TRUE : fail(errorFromErrno(-result), FALSE);
 }
 
+// How the program has set up its own lines (openlog) stays as it is.
 void toSyslog(const std::string& source, int priority, const std::string& text)
 {
-    ::openlog(nullptr, LOG_PID | (::isatty(STDERR_FILENO) ? LOG_PERROR : 0), LOG_DAEMON);
-    ::syslog(priority, "%s: %s", source.c_str(), text.c_str());
+    ::syslog(LOG_DAEMON | priority, "%s: %s", source.c_str(), text.c_str());
+    if (::isatty(STDERR_FILENO)) std::fprintf(stderr, "%s: %s\n", source.c_str(), text.c_str());
 }
 
 } // namespace

@@ -37,7 +37,7 @@ SignalReader::~SignalReader()
 
 void SignalReader::claim(int signal)
 {
-    if (m_former.contains(signal)) return;
+    if (!m_in || m_former.contains(signal)) return; // without a pipe nobody would hear of it
     pipes[signal] = m_in.get() + 1;
     struct sigaction telling = {};
     telling.sa_handler = tellSignal;

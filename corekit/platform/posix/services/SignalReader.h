@@ -17,6 +17,7 @@ public:
     SignalReader(const SignalReader&) = delete;
     SignalReader& operator=(const SignalReader&) = delete;
 
+    // The signal keeps its effect where the pipe could not be made.
     void claim(int signal);
     void release(int signal);
 

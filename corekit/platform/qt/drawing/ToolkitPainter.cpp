@@ -47,7 +47,7 @@ QImage pictureOf(Bitmap& bitmap)
 ToolkitPainter::ToolkitPainter(DeviceContext& context)
     : context_(context), picture_(pictureOf(*context.bitmap))
 {
-    if (picture_.isNull()) return; // and the painter draws nothing
+    if (picture_.isNull()) picture_ = QImage(1, 1, QImage::Format_ARGB32_Premultiplied); // all of it clipped
     painter_.begin(&picture_);
     const bool flip = !context.bitmap->topDown;
     painter_.setClipRegion(regionOf(context, flip ? context.bitmap->height : 0));

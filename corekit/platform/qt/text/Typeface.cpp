@@ -1,5 +1,7 @@
 #include "corekit/platform/qt/text/Typeface.h"
 
+#include "corekit/platform/qt/text/SubsetProbes.h"
+
 #include <algorithm>
 #include <QGlyphRun>
 #include <QTextLayout>
@@ -33,6 +35,18 @@ QString layoutText(std::u16string_view text)
     return out;
 }
 
+// Corrects the ranges that a face claims by the characters that it has.
+void checkSubsets(const QRawFont& font, std::array<DWORD, 4>& subsets)
+{
+    for (const SubsetProbe& probe : subsetProbes()) {
+        const bool has =
+            std::ranges::all_of(probe.characters, [&](char16_t c) { return font.supportsCharacter(c); });
+        DWORD& word = subsets[static_cast<std::size_t>(probe.bit / 32)];
+        const DWORD bit = DWORD{1} << probe.bit % 32;
+        word = has ? word | bit : word & ~bit;
+    }
+}
+
 } // namespace
 
 std::shared_ptr<Typeface> Typeface::load(const QString& family, bool bold, bool italic)
@@ -59,6 +73,7 @@ std::shared_ptr<Typeface> Typeface::load(const QString& family, bool bold, bool 
     face->tables_.read(bytesOf(face->raw_.fontTable("OS/2")), bytesOf(face->raw_.fontTable("hhea")),
                        bytesOf(face->raw_.fontTable("post")));
     face->holdsPieces_ = face->tables_.subsets == std::array<DWORD, 4>{};
+    if (!face->holdsPieces_) checkSubsets(face->raw_, face->tables_.subsets);
     return face;
 }
 

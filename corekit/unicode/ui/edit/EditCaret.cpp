@@ -120,17 +120,23 @@ void EditModel::LimitTopLine()
 
 // Of the lines scrolled off only the characters are counted, not the position that each has more: so much too
 // far behind is the selection shown in a window that is scrolled.
+void EditModel::SelectionIn(int line, int& from, int& to)
+{
+    const DisplayLines& lines = ConvertDataToDisplayLines();
+    const int length = lines.LengthOf(line), start = lines.PositionOf(line) - m_top;
+    from = std::clamp(std::min(m_anchor, m_end) - start, 0, length);
+    to = std::clamp(std::max(m_anchor, m_end) - start, 0, length);
+}
+
 void EditModel::GetRow(int line, EditRow& row)
 {
+    int from = 0, to = 0;
+    SelectionIn(line, from, to);
     row.line.Set(LineText(line), m_order);
-    const int length = row.line.Text().GetLength();
-    const int start = m_lines.PositionOf(line) - m_top;
-    const int from = std::clamp(std::min(m_anchor, m_end) - start, 0, length);
-    const int to = std::clamp(std::max(m_anchor, m_end) - start, 0, length);
     row.from = row.line.PositionOf(from);
     row.to = from == to ? row.from : row.line.PositionOf(to);
     if (row.from > row.to) std::swap(row.from, row.to);
-    const int cut = std::clamp(m_offset, 0, length);
+    const int length = row.line.Text().GetLength(), cut = std::clamp(m_offset, 0, length);
     row.shown = length - cut;
     row.first = m_alignment == right ? 0 : cut;
     row.from = std::clamp(row.from - row.first, 0, row.shown);

@@ -53,7 +53,10 @@ public:
     int SelectionEnd() const { return m_end; }
     bool HasSelection() const { return m_anchor != m_end; }
     int Alignment() const { return m_alignment; }
+    TextOrder Order() const { return m_order; }
+    bool Border() const { return m_border; }
     int ClientWidth() const { return m_width; }
+    int ClientHeight() const { return m_height; }
     int TextHeight() const { return m_textHeight; }
     int Offset() const { return m_offset; } // characters cut from a line's start, aligned right from its end
     int TopLine() const { return m_top; }   // lines scrolled off
@@ -114,7 +117,9 @@ public:
     void UpdateCaret();
     // Lines that no longer exist are not scrolled to.
     void LimitTopLine();
-    // Fills in what is painted of a line, for a window whose `top` first lines are scrolled off.
+    // What of a line is painted as selected, from and to which character.
+    void SelectionIn(int line, int& from, int& to);
+    // Fills in what is painted of a line.
     void GetRow(int line, EditRow& row);
 
 private:

@@ -1,0 +1,250 @@
+#include "corekit/platform/qt/drawing/IconObject.h"
+
+#include "corekit/platform/Errors.h"
+#include "corekit/platform/qt/drawing/CursorShapes.h"
+#include "corekit/platform/qt/drawing/StockObjects.h"
+#include "corekit/platform/qt/drawing/ToolkitPainter.h"
+#include "corekit/platform/qt/windows/NeverDestroyed.h"
+#include "corekit/platform/SystemColours.h"
+#include "corekit/platform/Toolkit.h"
+
+#include <charconv>
+#include <map>
+#include <QApplication>
+#include <QPixmap>
+#include <QStyle>
+
+using namespace corekit::detail;
+
+namespace {
+
+constexpr int largestXpm = 256;
+constexpr int mostXpmColours = 256;
+constexpr int iconSize = 32;
+
+struct SystemIcon {
+    WORD number;
+    QStyle::StandardPixmap picture;
+};
+constexpr SystemIcon systemIcons[] = {
+    {32512, QStyle::SP_TitleBarMenuButton},    {32513, QStyle::SP_MessageBoxCritical},
+    {32514, QStyle::SP_MessageBoxQuestion},    {32515, QStyle::SP_MessageBoxWarning},
+    {32516, QStyle::SP_MessageBoxInformation},
+};
+
+template <typename Value>
+Value refuse(DWORD error)
+{
+    SetLastError(error);
+    return Value{};
+}
+
+template <typename Value>
+bool refuseWithoutToolkit(Value)
+{
+    if (ToolkitIsRunning()) return false;
+    SetLastError(ERROR_DEV_NOT_EXIST);
+    return true;
+}
+
+// The numbers of the first text within quotes: width, height, colours, characters a pixel, and perhaps a hot
+// spot.
+struct XpmFacts {
+    int values[6] = {0, 0, 0, 0, 0, 0};
+};
+
+std::optional<XpmFacts> xpmFacts(std::string_view xpm)
+{
+    XpmFacts facts;
+    const std::size_t quote = xpm.find('"');
+    if (quote == std::string_view::npos) return std::nullopt;
+    const char* at = xpm.data() + quote + 1;
+    const char* const end = xpm.data() + xpm.size();
+    int count = 0;
+    for (int& value : facts.values) {
+        while (at != end && *at == ' ') ++at;
+        const auto [next, error] = std::from_chars(at, end, value);
+        if (error != std::errc()) break;
+        at = next;
+        ++count;
+    }
+    const auto [width, height, colours, characters, x, y] = facts.values;
+    const bool isSound = width > 0 && width <= largestXpm && height > 0 && height <= largestXpm &&
+                         colours > 0 && colours <= mostXpmColours && characters > 0 && characters <= 2;
+    const bool hasSpot = x >= 0 && x < width && y >= 0 && y < height;
+    if ((count != 4 && count != 6) || !isSound || !hasSpot) return std::nullopt;
+    return facts;
+}
+
+std::shared_ptr<Icon> iconOfXpm(std::string_view xpm)
+{
+    const auto facts = xpmFacts(xpm);
+    if (!facts) return nullptr;
+    auto icon = std::make_shared<Icon>();
+    icon->picture =
+        QImage::fromData(reinterpret_cast<const uchar*>(xpm.data()), static_cast<int>(xpm.size()), "XPM")
+            .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    icon->hotSpot = {facts->values[4], facts->values[5]};
+    return icon->picture.isNull() ? nullptr : icon;
+}
+
+std::shared_ptr<Icon> iconOfBytes(std::span<const std::byte> bytes)
+{
+    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    if (!text.starts_with("\x89PNG")) return iconOfXpm(text);
+    auto icon = std::make_shared<Icon>();
+    icon->picture =
+        QImage::fromData(reinterpret_cast<const uchar*>(text.data()), static_cast<int>(text.size()), "PNG")
+            .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    return icon->picture.isNull() ? nullptr : icon;
+}
+
+std::shared_ptr<Icon> systemCursor(WORD number)
+{
+    const auto shape = shapeOfNumber(number);
+    if (!shape) return nullptr;
+    auto icon = std::make_shared<Icon>();
+    icon->shape = *shape;
+    return icon;
+}
+
+std::shared_ptr<Icon> systemIcon(WORD number)
+{
+    for (const SystemIcon& known : systemIcons) {
+        if (known.number != number) continue;
+        auto icon = std::make_shared<Icon>();
+        icon->themed = QApplication::style()->standardIcon(known.picture);
+        return icon;
+    }
+    return nullptr;
+}
+
+// What has been loaded, by type and name; it stays for the life of the process.
+using Loaded = std::map<std::pair<WORD, std::string>, std::shared_ptr<Icon>>;
+
+Loaded& loaded()
+{
+    static NeverDestroyed<Loaded> all;
+    return all.get();
+}
+
+HICON load(const char* name, WORD type)
+{
+    if (refuseWithoutToolkit(name)) return nullptr;
+    if (!name) return refuse<HICON>(ERROR_INVALID_PARAMETER);
+    const auto number = reinterpret_cast<UINT_PTR>(name);
+    const bool isNumber = number < 0x10000;
+    std::shared_ptr<Icon>& icon = loaded()[{type, isNumber ? "#" + std::to_string(number) : name}];
+    if (!icon) {
+        if (isNumber)
+            icon = type == RT_CURSOR ? systemCursor(static_cast<WORD>(number))
+                                     : systemIcon(static_cast<WORD>(number));
+        if (!icon)
+            UseResource(name, type, [&](std::span<const std::byte> bytes) { icon = iconOfBytes(bytes); });
+        if (icon) keepForEver(icon);
+    }
+    return icon ? static_cast<HICON>(icon->handle) : refuse<HICON>(ERROR_RESOURCE_NAME_NOT_FOUND);
+}
+
+HICON handOut(std::shared_ptr<Icon> icon)
+{
+    return icon ? static_cast<HICON>(GdiTable::add(std::move(icon))) : refuse<HICON>(ERROR_INVALID_PARAMETER);
+}
+
+BOOL destroy(HICON handle)
+{
+    const Icon* const icon = GdiTable::find<Icon>(handle);
+    if (!icon) return FALSE;
+    if (!icon->permanent) GdiTable::remove(handle);
+    return TRUE;
+}
+
+// The colours where the mask is black.
+QImage maskedPicture(Bitmap& colours, Bitmap* mask)
+{
+    QImage picture(colours.width, colours.height, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < colours.height; ++y) {
+        auto* const to = reinterpret_cast<std::uint32_t*>(picture.scanLine(y));
+        for (int x = 0; x < colours.width; ++x) {
+            const std::uint32_t pixel = colours.row(y)[x];
+            if (!mask)
+                to[x] = pixel;
+            else
+                to[x] = mask->row(y)[x] & 0xFFFFFF ? 0 : pixel | 0xFF000000u;
+        }
+    }
+    return picture;
+}
+
+} // namespace
+
+namespace corekit::detail {
+
+QSize Icon::size() const { return picture.isNull() ? QSize(iconSize, iconSize) : picture.size(); }
+
+QImage Icon::at(QSize units, double scale) const
+{
+    const QSize pixels(std::max(qRound(units.width() * scale), 1),
+                       std::max(qRound(units.height() * scale), 1));
+    if (picture.isNull())
+        return themed.pixmap(pixels).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    return pixels == picture.size() ? picture
+                                    : picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+QIcon toolkitIcon(HICON handle)
+{
+    const Icon* const icon = GdiTable::find<Icon>(handle);
+    if (!icon) return {};
+    return icon->picture.isNull() ? icon->themed : QIcon(QPixmap::fromImage(icon->picture));
+}
+
+} // namespace corekit::detail
+
+HCURSOR LoadCursorA(HINSTANCE, const char* name) { return load(name, RT_CURSOR); }
+HICON LoadIconA(HINSTANCE, const char* name) { return load(name, RT_ICON); }
+
+HCURSOR CreateCursorFromXpm(std::string_view xpm)
+{
+    return refuseWithoutToolkit(xpm) ? nullptr : handOut(iconOfXpm(xpm));
+}
+
+HICON CreateIconIndirect(const ICONINFO* info)
+{
+    if (refuseWithoutToolkit(info)) return nullptr;
+    Bitmap* const colours = info ? GdiTable::find<Bitmap>(info->hbmColor) : nullptr;
+    Bitmap* const mask = info && info->hbmMask ? GdiTable::find<Bitmap>(info->hbmMask) : nullptr;
+    const bool isSound = colours && colours->pixels && (!info->hbmMask || mask);
+    if (!isSound || (mask && (mask->width != colours->width || mask->height != colours->height)))
+        return refuse<HICON>(ERROR_INVALID_PARAMETER);
+    auto icon = std::make_shared<Icon>();
+    icon->picture = maskedPicture(*colours, mask);
+    if (!info->fIcon)
+        icon->hotSpot = {
+            static_cast<int>(std::min<DWORD>(info->xHotspot, static_cast<DWORD>(colours->width - 1))),
+            static_cast<int>(std::min<DWORD>(info->yHotspot, static_cast<DWORD>(colours->height - 1)))};
+    return handOut(std::move(icon));
+}
+
+BOOL DestroyIcon(HICON icon) { return destroy(icon); }
+BOOL DestroyCursor(HCURSOR cursor) { return destroy(cursor); }
+
+BOOL DrawIconEx(HDC dc, int x, int y, HICON handle, int width, int height, UINT, HBRUSH, UINT flags)
+{
+    DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
+    const Icon* const icon = context ? GdiTable::find<Icon>(handle) : nullptr;
+    if (!icon) return FALSE;
+    constexpr int largest = 4096;
+    if (width < 0 || height < 0 || width > largest || height > largest)
+        return refuse<BOOL>(ERROR_INVALID_PARAMETER);
+    const QSize own = flags & DI_DEFAULTSIZE ? QSize(iconSize, iconSize) : icon->size();
+    const QSize size(width ? width : own.width(), height ? height : own.height());
+    ToolkitPainter painter(*context);
+    painter->drawImage(QRectF(QPointF(x, y), QSizeF(size)), icon->at(size, context->scale));
+    return TRUE;
+}
+
+BOOL DrawIcon(HDC dc, int x, int y, HICON icon)
+{
+    return DrawIconEx(dc, x, y, icon, 0, 0, 0, nullptr, DI_NORMAL | DI_DEFAULTSIZE);
+}

@@ -1,0 +1,34 @@
+#include "corekit/resources/BinaryResources.h"
+
+#include "corekit/resources/cursors/Copy.h"
+#include "corekit/resources/cursors/CopyBetween.h"
+#include "corekit/resources/cursors/DropRefused.h"
+#include "corekit/resources/cursors/Move.h"
+#include "corekit/resources/cursors/MoveBetween.h"
+#include "corekit/resources/cursors/NoDrop.h"
+#include "corekit/resources/cursors/Split.h"
+#include "corekit/resources/EditKeys.h"
+
+namespace corekit::detail {
+
+namespace {
+
+BinaryResource cursor(const char* name, std::string_view xpm)
+{
+    return {"#1", name, std::as_bytes(std::span(xpm))};
+}
+
+} // namespace
+
+std::span<const BinaryResource> BinaryResources()
+{
+    static const BinaryResource resources[] = {
+        {"#9", "#4002", editKeyTable},  cursor("#1042", splitCursor),
+        cursor("#4006", noDropCursor),  cursor("#4011", dropRefusedCursor),
+        cursor("#4012", movingCursor),  cursor("#4013", movingBetweenCursor),
+        cursor("#4014", copyingCursor), cursor("#4015", copyingBetweenCursor),
+    };
+    return resources;
+}
+
+} // namespace corekit::detail

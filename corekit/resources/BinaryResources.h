@@ -1,0 +1,10 @@
+// The binary resources of this library.
+#pragma once
+
+#include "corekit/framework/BinaryResource.h"
+
+#include <span>
+
+namespace corekit::detail {
+std::span<const BinaryResource> BinaryResources();
+} // namespace corekit::detail

@@ -1,0 +1,3 @@
+#include "corekit/unicode/ui/edit/MultilineUnicodeEditCtlSink.h"
+
+IMPLEMENT_DYNAMIC(CMultilineUnicodeEditCtlSink, CObject)
