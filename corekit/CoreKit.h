@@ -149,6 +149,7 @@
 #include "corekit/stores/RegistryText.h"
 #include "corekit/stores/VariableLengthRecordFile.h"
 #include "corekit/stores/WordListFile.h"
+#include "corekit/unicode/bidi/MirrorBrackets.h"
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 #include "corekit/unicode/codepages/CodePageConversion.h"
 #include "corekit/unicode/codepages/CodePageNames.h"

@@ -48,4 +48,5 @@
 #include "corekit/unicode/ui/UnicodeManager.h"
 #include "corekit/unicode/ui/UniRender.h"
 #include "corekit/unicode/ui/UsbRanges.h"
+#include "corekit/unicode/ui/UsualFonts.h"
 #include "corekit/unicode/ui/XPCConfigNode.h"

@@ -11,6 +11,7 @@
 #include "corekit/unicode/storage/StoredText.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
 #include "corekit/unicode/ui/UniRender.h"
+#include "corekit/unicode/ui/UsualFonts.h"
 
 #include <CLI/CLI.hpp>
 
@@ -32,15 +33,6 @@ struct DrawOptions {
     int width = 0; // pixels; 0 is as wide as the widest line
     bool bidi = false;
     bool complex = false;
-};
-
-// Taken in this order when no font is named, those that the machine lacks passed over. The first has Latin
-// and the forms of every Arabic letter, Urdu's among them, which few faces that also claim Latin have.
-// Fonts of glyph codes, as `corekit fonts build` names them, count where they are registered.
-constexpr const char* usualFonts[] = {
-    "Amiri",         "Noto Serif Hebrew",    "CoreKit Devanagari", "CoreKit Bengali",
-    "CoreKit Tamil", "Noto Sans Devanagari", "Noto Sans Bengali",  "Noto Sans Tamil",
-    "DejaVu Sans",
 };
 
 constexpr int margin = 24;
@@ -85,8 +77,8 @@ public:
 private:
     void AddUsualFonts()
     {
-        for (const char* face : usualFonts)
-            if (CUnicodeManager::GetObjectA()->IsFontValid(face)) m_render.AddFont(face);
+        const CFontDescriptor usual = UsualFonts(m_options.size);
+        for (int i = 0; i < usual.GetCount(); ++i) m_render.AddFont(usual.GetFont(i));
     }
 
     std::vector<Line> Measure(const std::vector<std::u16string>& texts)

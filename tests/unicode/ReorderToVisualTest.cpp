@@ -1,4 +1,5 @@
 #include "corekit/unicode/bidi/ReorderToVisual.h"
+#include "corekit/unicode/bidi/MirrorBrackets.h"
 
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 
@@ -216,6 +217,28 @@ TEST(ReorderToVisual, BaseLevelAndMarks)
     EXPECT_EQ(GetBaseLevel(u"12 \u05D0a", 3), 0) << "looked behind the count";
     for (const int c : {0x064B, 0x065E, 0x0670}) EXPECT_TRUE(IsTashkeel(static_cast<WORD>(c)));
     for (const int c : {0x064A, 0x065F, 0x0671, 0x066F}) EXPECT_FALSE(IsTashkeel(static_cast<WORD>(c)));
+}
+
+// What opens in logical order faces the text that it encloses on the screen.
+TEST(MirrorRightToLeft, TurnsBracketsOfRightToLeftStretchesOnly)
+{
+    const struct {
+        const char16_t *text, *drawn;
+    } cases[] = {
+        {u"(a)", u"(a)"},
+        {u"(\u05D0)", u"(\u05D0)"},
+        {u"\u05D0(\u05D1)", u"(\u05D1)\u05D0"},
+        {u"a (\u05D0 <\u05D1) b", u"a (\u05D1> \u05D0) b"},
+        {u"\u05D0 (a) \u05D1", u"\u05D1 (a) \u05D0"},
+        {u"\u05D0\u00AB\u05D1\u00BB", u"\u00AB\u05D1\u00BB\u05D0"},
+    };
+    for (const auto& c : cases) {
+        StringW text(c.text);
+        CArray<int, int> order, types;
+        ReorderToVisual(text, order, types, GetBaseLevel(text, text.GetLength()));
+        MirrorRightToLeft(text, types);
+        EXPECT_EQ(std::u16string(text), c.drawn);
+    }
 }
 
 } // namespace

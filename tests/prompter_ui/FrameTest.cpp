@@ -1,0 +1,128 @@
+#include "view/FramePainter.h"
+
+#include "corekit/platform/Gdi.h"
+#include "corekit/platform/Toolkit.h"
+#include "corekit/unicode/ui/UnicodeManager.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+using namespace prompter;
+
+namespace {
+
+class Frame : public testing::Test {
+protected:
+    static constexpr SIZE size{800, 450};
+
+    static void SetUpTestSuite()
+    {
+        ASSERT_TRUE(StartToolkit(ToolkitDisplay::offscreen));
+        CUnicodeManager::Initialise(1);
+        CUnicodeManager::GetObjectA()->OverrideSettings({TRUE, FALSE, FALSE, FALSE});
+    }
+    void SetUp() override
+    {
+        BITMAPINFO info{};
+        info.bmiHeader = {sizeof(BITMAPINFOHEADER), size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        void* bits = nullptr;
+        m_bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+        m_pixels = static_cast<const std::uint32_t*>(bits);
+        m_dc = CreateCompatibleDC(nullptr);
+        SelectObject(m_dc, m_bitmap);
+    }
+    void TearDown() override
+    {
+        DeleteDC(m_dc);
+        DeleteObject(m_bitmap);
+    }
+    void Show(std::u16string_view text, const FrameState& state = {})
+    {
+        m_style.size = 48;
+        m_face.SetStyle(m_style);
+        m_script.SetText(text);
+        m_layout.SetForm(FramePainter::TextWidth(m_style, size.cx), m_style.LineHeight());
+        m_layout.Update(m_script, m_face, m_held);
+        FramePainter painter(m_layout, m_face);
+        painter.SetStyle(m_style);
+        painter.Paint(m_dc, size, state);
+    }
+    // Pixels of the colour within a part of the frame.
+    int Count(COLORREF colour, RECT part) const
+    {
+        int count = 0;
+        for (int y = part.top; y < part.bottom; ++y)
+            for (int x = part.left; x < part.right; ++x) {
+                const std::uint32_t p = m_pixels[y * size.cx + x];
+                count += RGB(p >> 16 & 0xFF, p >> 8 & 0xFF, p & 0xFF) == colour;
+            }
+        return count;
+    }
+    int White(RECT part) const { return Count(m_style.text, part); }
+
+    PromptStyle m_style;
+    PromptFace m_face;
+    Script m_script;
+    PromptLayout m_layout;
+    Anchor m_held;
+
+private:
+    HBITMAP m_bitmap = nullptr;
+    HDC m_dc = nullptr;
+    const std::uint32_t* m_pixels = nullptr;
+};
+
+TEST_F(Frame, ParagraphsAndTheMarkStandWhereTheirDirectionBegins)
+{
+    const RECT left{80, 0, 300, 450}, right{500, 0, 720, 450}, leftMargin{0, 0, 80, 450},
+        rightMargin{720, 0, 800, 450};
+    Show(u"News");
+    EXPECT_GT(White(left), 100);
+    EXPECT_EQ(White(right), 0);
+    EXPECT_GT(Count(m_style.mark, leftMargin), 100);
+    EXPECT_EQ(Count(m_style.mark, rightMargin), 0);
+    Show(u"\u05D7\u05D3\u05E9");
+    EXPECT_EQ(White(left), 0);
+    EXPECT_GT(White(right), 100);
+    EXPECT_EQ(Count(m_style.mark, leftMargin), 0);
+    EXPECT_GT(Count(m_style.mark, rightMargin), 100);
+    EXPECT_EQ(White(leftMargin) + White(rightMargin), 0) << "text stays within its margins";
+}
+
+TEST_F(Frame, TheLineBeingReadStandsAtTheMark)
+{
+    const int mark = 450 * 33 / 100, height = 67;
+    Show(u"one\ntwo\nthree\nfour", {.position = 67.0 * 2});
+    EXPECT_GT(White({80, mark, 720, mark + height}), 100);
+    EXPECT_GT(White({80, mark - height, 720, mark}), 100);
+    EXPECT_EQ(White({80, mark + 2 * height, 720, 450}), 0) << "below the fourth line is nothing";
+}
+
+TEST_F(Frame, ABlankFrameShowsNothingAndACountdownOnlyItself)
+{
+    Show(u"one\ntwo", {.isBlank = true});
+    EXPECT_EQ(White({0, 0, 800, 450}), 0);
+    Show(u"one\ntwo", {.countdown = 3});
+    EXPECT_GT(White({300, 150, 500, 300}), 50);
+    EXPECT_EQ(White({0, 0, 300, 450}), 0);
+}
+
+// Brackets around a Hebrew word open towards it.
+TEST_F(Frame, BracketsFaceTheWordThatTheyEnclose)
+{
+    m_style.brackets = Brackets::asTyped;
+    Show(u"(\u05D0)");
+    const int typed = White({0, 0, 800, 450});
+    std::vector<int> before;
+    for (int x = 500; x < 720; ++x) before.push_back(White({x, 0, x + 1, 450}));
+    m_style.brackets = Brackets::mirrored;
+    Show(u"(\u05D0)");
+    std::vector<int> after;
+    for (int x = 500; x < 720; ++x) after.push_back(White({x, 0, x + 1, 450}));
+    EXPECT_GT(typed, 50);
+    EXPECT_NE(before, after);
+}
+
+} // namespace
