@@ -1,8 +1,8 @@
 // Device-independent bitmaps become bitmaps of our own.
 #include "corekit/platform/Errors.h"
-#include "corekit/platform/qt/drawing/GdiObjects.h"
+#include "corekit/platform/qt/drawing/DibRows.h"
+#include "corekit/platform/Resources.h"
 
-#include <algorithm>
 #include <cstring>
 #include <optional>
 
@@ -12,79 +12,46 @@ namespace {
 
 using Bytes = std::span<const std::byte>;
 
-constexpr std::uint32_t opaque = 0xFF000000u;
-
-// The little-endian number of `size` bytes at an offset within the bytes.
-std::uint32_t numberAt(Bytes bytes, std::size_t offset, std::size_t size)
-{
-    std::uint32_t value = 0;
-    for (std::size_t i = size; i-- > 0;)
-        value = value << 8 | std::to_integer<std::uint32_t>(bytes[offset + i]);
-    return value;
-}
-
 // A block taken apart; everything lies within it.
 struct Dib {
-    int width, height;
-    bool topDown;
-    unsigned bits;
-    Bytes colours; // four bytes each
+    DibLayout layout;
+    std::vector<RGBQUAD> colours;
     Bytes rows;
-    std::size_t stride;
 };
 
-std::optional<BITMAPINFOHEADER> headerOf(Bytes dib)
+std::optional<Dib> takeApart(Bytes block)
 {
     BITMAPINFOHEADER header;
-    if (dib.size() < sizeof header) return std::nullopt;
-    std::memcpy(&header, dib.data(), sizeof header);
-    const bool isSized = header.biSize >= sizeof header && header.biSize <= dib.size();
-    const bool isPlain = header.biPlanes == 1 && header.biCompression == BI_RGB;
-    const bool hasArea = header.biWidth > 0 && header.biHeight != 0 && header.biHeight != INT32_MIN;
-    if (!isSized || !isPlain || !hasArea) return std::nullopt;
-    return header;
+    if (block.size() < sizeof header) return std::nullopt;
+    std::memcpy(&header, block.data(), sizeof header);
+    Dib dib;
+    if (header.biSize > block.size() || !ReadDibLayout(header, dib.layout)) return std::nullopt;
+    const unsigned bits = dib.layout.bits;
+    if (bits <= 8 && dib.layout.colours > std::size_t{1} << bits) return std::nullopt;
+    const Bytes behind = block.subspan(header.biSize);
+    if (dib.layout.colours > behind.size() / sizeof(RGBQUAD)) return std::nullopt;
+    dib.rows = behind.subspan(dib.layout.colours * sizeof(RGBQUAD));
+    if (dib.rows.size() / dib.layout.stride < static_cast<std::size_t>(dib.layout.height))
+        return std::nullopt;
+    dib.colours.resize(dib.layout.colours);
+    if (!dib.colours.empty())
+        std::memcpy(dib.colours.data(), behind.data(), dib.colours.size() * sizeof(RGBQUAD));
+    return dib;
 }
 
-std::optional<Dib> takeApart(Bytes dib)
+std::shared_ptr<Bitmap> bitmapOf(const Dib& dib)
 {
-    const auto header = headerOf(dib);
-    if (!header) return std::nullopt;
-    const unsigned bits = header->biBitCount;
-    constexpr unsigned known[] = {1, 4, 8, 16, 24, 32};
-    if (std::ranges::find(known, bits) == std::end(known)) return std::nullopt;
-    const std::size_t most = bits <= 8 ? std::size_t{1} << bits : 0;
-    // A deeper picture may have colours, too, as a hint; they are passed over.
-    const std::size_t colours = header->biClrUsed || bits > 8 ? header->biClrUsed : most;
-    const std::size_t stride = (static_cast<std::size_t>(header->biWidth) * bits + 31) / 32 * 4;
-    const bool topDown = header->biHeight < 0;
-    const int height = topDown ? -header->biHeight : header->biHeight;
-    const Bytes behind = dib.subspan(header->biSize);
-    if ((bits <= 8 && colours > most) || colours > behind.size() / 4) return std::nullopt;
-    const Bytes rows = behind.subspan(colours * 4);
-    if (rows.size() / stride < static_cast<std::size_t>(height)) return std::nullopt;
-    return Dib{header->biWidth, height, topDown, bits, behind.first(bits <= 8 ? colours * 4 : 0), rows,
-               stride};
+    auto bitmap = MakeBitmap(dib.layout.width, dib.layout.height);
+    if (!bitmap) return nullptr;
+    const DibRows rows(dib.layout, dib.colours.data(), dib.rows.data(), 0, dib.layout.height);
+    for (int y = 0; y < dib.layout.height; ++y) rows.read(y, 0, dib.layout.width, bitmap->row(y));
+    return bitmap;
 }
 
-// A pixel's number in its row.
-std::uint32_t pixelIn(Bytes row, std::size_t x, unsigned bits)
+HBITMAP refuse()
 {
-    if (bits >= 8) return numberAt(row, x * (bits / 8), bits / 8);
-    const std::size_t perByte = 8 / bits;
-    const auto shift = 8 - bits - x % perByte * bits;
-    return std::to_integer<std::uint32_t>(row[x / perByte]) >> shift & ((1u << bits) - 1);
-}
-
-// Five bits of a colour spread over eight.
-std::uint32_t widened(std::uint32_t five) { return five << 3 | five >> 2; }
-
-std::uint32_t colourOf(const Dib& dib, std::uint32_t pixel)
-{
-    if (dib.bits > 16) return opaque | (pixel & 0xFFFFFF);
-    if (dib.bits == 16)
-        return opaque | widened(pixel >> 10 & 31) << 16 | widened(pixel >> 5 & 31) << 8 | widened(pixel & 31);
-    // A number without a colour is black.
-    return pixel < dib.colours.size() / 4 ? opaque | numberAt(dib.colours, pixel * 4, 3) : opaque;
+    SetLastError(ERROR_INVALID_PARAMETER);
+    return nullptr;
 }
 
 } // namespace
@@ -92,19 +59,24 @@ std::uint32_t colourOf(const Dib& dib, std::uint32_t pixel)
 HBITMAP CreateBitmapFromDib(std::span<const std::byte> block)
 {
     const auto dib = takeApart(block);
-    if (!dib) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
-    }
-    auto bitmap = MakeBitmap(dib->width, dib->height);
+    if (!dib) return refuse();
+    auto bitmap = bitmapOf(*dib);
     if (!bitmap) return nullptr;
     bitmap->isSection = true;
-    for (int y = 0; y < dib->height; ++y) {
-        const auto inFile = static_cast<std::size_t>(dib->topDown ? y : dib->height - 1 - y);
-        const Bytes row = dib->rows.subspan(inFile * dib->stride, dib->stride);
-        std::uint32_t* const to = bitmap->row(y);
-        for (int x = 0; x < dib->width; ++x)
-            to[x] = colourOf(*dib, pixelIn(row, static_cast<std::size_t>(x), dib->bits));
-    }
     return static_cast<HBITMAP>(GdiTable::add(std::move(bitmap)));
+}
+
+HBITMAP LoadBitmapA(HINSTANCE, const char* name)
+{
+    HBITMAP loaded = nullptr;
+    const bool isThere = UseResource(name, RT_BITMAP, [&](Bytes block) {
+        auto dib = takeApart(block);
+        auto bitmap = dib ? bitmapOf(*dib) : nullptr;
+        if (!bitmap) return static_cast<void>(refuse());
+        bitmap->depth = static_cast<WORD>(dib->layout.bits);
+        if (bitmap->depth <= 8) bitmap->colours = std::move(dib->colours);
+        loaded = static_cast<HBITMAP>(GdiTable::add(std::move(bitmap)));
+    });
+    if (!isThere) SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
+    return loaded;
 }

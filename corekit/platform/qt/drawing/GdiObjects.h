@@ -45,6 +45,8 @@ struct Bitmap final : GdiObject {
     bool isMonochrome = false; // pixels are black or white, and stand for the colours of the context drawn on
     bool isOpaque = false;     // no pixel becomes transparent
     bool selected = false;
+    WORD depth = 32;                 // bits a pixel where it came from
+    std::vector<RGBQUAD> colours;    // its colour table there, for up to 8 bits
     std::uint32_t* pixels = nullptr; // null in the stand-in that a fresh context holds
     std::unique_ptr<std::uint32_t[], void (*)(std::uint32_t*)> block{nullptr, nullptr};
 };

@@ -11,15 +11,15 @@ namespace {
 
 BITMAP factsOf(const Bitmap& bitmap)
 {
-    const LONG pixelBytes = bitmap.isMonochrome ? 0 : 4;
-    const LONG rowBytes = pixelBytes ? bitmap.units.cx * pixelBytes : (bitmap.units.cx + 15) / 16 * 2;
-    return {0,
-            bitmap.units.cx,
-            bitmap.units.cy,
-            rowBytes,
-            1,
-            static_cast<WORD>(pixelBytes ? 32 : 1),
-            bitmap.isSection ? bitmap.pixels : nullptr};
+    const int bits = bitmap.isMonochrome ? 1 : bitmap.depth;
+    BITMAP facts{};
+    facts.bmWidth = bitmap.units.cx;
+    facts.bmHeight = bitmap.units.cy;
+    facts.bmWidthBytes = static_cast<LONG>((std::int64_t{bitmap.units.cx} * bits + 15) / 16 * 2);
+    facts.bmPlanes = 1;
+    facts.bmBitsPixel = static_cast<WORD>(bits);
+    facts.bmBits = bitmap.isSection ? bitmap.pixels : nullptr;
+    return facts;
 }
 
 LOGFONTA factsOf(const Font& font)

@@ -1,0 +1,89 @@
+// CDib: one uncompressed device-independent bitmap in memory.
+//
+// A header block (40 bytes and the colour table) and a pixel block, both from the safe allocation functions
+// and owned by the object; no bitmap of the window system is behind it. Reading, writing and copying need no
+// display; drawing and loading from resources are in the window library. Failures throw CChainedException; a
+// load that throws leaves the object as it was or empty. One thread at a time.
+#pragma once
+
+#include "corekit/foundation/Stream.h"
+#include "corekit/framework/Geometry.h"
+#include "corekit/framework/Object.h"
+#include "corekit/platform/GdiBitmaps.h"
+
+class CDC;
+class CMemoryStream;
+
+class COREKIT_API CDib : public CObject {
+    DECLARE_DYNAMIC(CDib)
+
+public:
+    CDib() = default;
+    ~CDib() override;
+    CDib(const CDib&) = delete;
+    CDib& operator=(const CDib&) = delete;
+
+    // Frees both blocks; the two sizes keep their values.
+    void Empty();
+    bool IsValid() const { return m_info && m_data; }
+    // Above 0 also for a top-down bitmap; 0 without a header.
+    int GetBitmapWidth() const;
+    int GetBitmapHeight() const;
+    SIZE GetSize() const { return {GetBitmapWidth(), GetBitmapHeight()}; }
+
+    // A copy; of an object that is not valid an empty one, with the sizes of before.
+    void CopyFrom(const CDib& other);
+
+    // ---- Files and memory ------------------------------------------------------------------------
+    // Headers of 40 and of 12 bytes. message::bitmapUnreadable for what cannot be read, is no bitmap or ends
+    // too early, message::bitmapCompressed for a compressed one.
+    void LoadDIBFile(const char* path);
+    // Takes a copy of a whole file, and of one without its first 14 bytes.
+    void AttachDIBFileData(const BYTE* data, DWORD size);
+    void AttachDIBData(const BYTE* data, DWORD size);
+    // Takes size and depth from the header, a colour table of zeros, and a copy of width * bits / 8 * height
+    // bytes of pixels.
+    void LoadGlimmerViewBitmap(BITMAPINFO* info, BYTE* pixels);
+    // message::bitmapCreateFailed if the file cannot be made or written.
+    void SaveDIBFile(const char* path) const;
+    void SaveDIBFileToStream(CMemoryStream& stream) const; // writes nothing
+
+    // Version 1.00, then size and bytes of each block. Reading is for a new object.
+    void ReadStream(CStream& stream);
+    void WriteStream(CStream& stream) const;
+
+    // ---- Drawing (window library) ----------------------------------------------------------------
+    // The source rectangle counts from the first row in memory, so from the lower left corner unless the
+    // bitmap is top-down.
+    void DrawBitmap(HDC dc, const CRect& source, CPoint at) const;
+    void DrawBitmap(HDC dc, CPoint at) const;
+    void StretchBitmap(HDC dc, const CRect& dest) const;
+    // The row at which the source begins is its right edge, which callers rely on.
+    void StretchBitmap(HDC dc, const CRect& source, const CRect& dest) const;
+    // From the bitmap resource of that number, in its own depth. message::bitmapUnreadable if there is none.
+    void LoadBitmapResource(UINT id, CDC& dc);
+
+    const BITMAPINFO* GetBitmapInfo() const { return m_info; }
+    const BYTE* GetBitmapData() const { return m_data; }
+    DWORD GetInfoSize() const { return m_infoSize; }
+    DWORD GetDataSize() const
+    {
+        return m_dataSize;
+    } // what is stored; the block holds at least every padded row
+
+private:
+    class Source;
+    class FileSource;
+    class MemorySource;
+
+    static BITMAPINFO* RetreiveBitmapInfo(BYTE* header);
+    static DWORD DIBNumColors(BYTE* header);
+    void ReadImage(Source& source);
+    void Take(BITMAPINFO* info, DWORD infoSize, BYTE* data, DWORD dataSize);
+    DWORD BlockSize() const;
+
+    DWORD m_infoSize = 0;
+    DWORD m_dataSize = 0;
+    BITMAPINFO* m_info = nullptr;
+    BYTE* m_data = nullptr;
+};

@@ -1,0 +1,81 @@
+// Device-independent bitmaps drawn on contexts.
+#include "corekit/platform/Errors.h"
+#include "corekit/platform/qt/drawing/DibRows.h"
+#include "corekit/platform/qt/drawing/Fill.h"
+
+#include <algorithm>
+
+using namespace corekit::detail;
+
+namespace {
+
+struct Part {
+    std::int64_t x, y, width, height;
+};
+
+// A part counted from the first row in memory, as an area counted from the top.
+Area areaFromTop(const DibLayout& layout, const Part& part)
+{
+    const Area a = orderedArea(part.x, part.y, part.x + part.width, part.y + part.height);
+    if (layout.topDown) return a;
+    return {a.left, layout.height - a.bottom, a.right, layout.height - a.top};
+}
+
+// The picture of a header, or none with a last error.
+bool layoutOf(const void* bits, const BITMAPINFO* info, UINT usage, DibLayout& layout)
+{
+    if (bits && info && usage == DIB_RGB_COLORS && ReadDibLayout(info->bmiHeader, layout)) return true;
+    SetLastError(ERROR_INVALID_PARAMETER);
+    return false;
+}
+
+const RGBQUAD* coloursOf(const BITMAPINFO& info)
+{
+    return reinterpret_cast<const RGBQUAD*>(reinterpret_cast<const std::byte*>(&info) +
+                                            info.bmiHeader.biSize);
+}
+
+DWORD cutToInt(DWORD v) { return std::min<DWORD>(v, INT32_MAX); }
+
+} // namespace
+
+int SetDIBitsToDevice(HDC dc, int x, int y, DWORD width, DWORD height, int fromX, int fromY, UINT firstRow,
+                      UINT rowCount, const void* bits, const BITMAPINFO* info, UINT usage)
+{
+    DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
+    DibLayout layout;
+    if (!context || !layoutOf(bits, info, usage, layout)) return 0;
+    const auto all = static_cast<UINT>(layout.height);
+    if (firstRow >= all) return 0;
+    const auto rows = static_cast<int>(std::min(rowCount, all - firstRow));
+    const DibRows source(layout, coloursOf(*info), static_cast<const std::byte*>(bits),
+                         static_cast<int>(firstRow), rows);
+    // Rows that the call does not bring are left alone.
+    const Area given = areaFromTop(layout, {0, firstRow, layout.width, rows});
+    const Area part = areaFromTop(layout, {fromX, fromY, cutToInt(width), cutToInt(height)});
+    Copying how;
+    how.from = part.cut(given);
+    if (how.from.isEmpty()) return static_cast<int>(rowCount);
+    const std::int64_t left = std::int64_t{x} + how.from.left - part.left,
+                       top = std::int64_t{y} + how.from.top - part.top;
+    how.to = context->pixelsOf({left, top, left + how.from.width(), top + how.from.height()});
+    return copyPixels(*context, source, how) ? static_cast<int>(rowCount) : 0;
+}
+
+int StretchDIBits(HDC dc, int x, int y, int width, int height, int fromX, int fromY, int fromWidth,
+                  int fromHeight, const void* bits, const BITMAPINFO* info, UINT usage, DWORD operation)
+{
+    DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
+    DibLayout layout;
+    if (!context || !layoutOf(bits, info, usage, layout)) return 0;
+    if (needsBrush(operation) && context->brush->style == BS_NULL) return layout.height;
+    const DibRows source(layout, coloursOf(*info), static_cast<const std::byte*>(bits), 0, layout.height);
+    Copying how;
+    how.operation = operation;
+    how.from = areaFromTop(layout, {fromX, fromY, fromWidth, fromHeight});
+    how.to = context->pixelsOf(orderedArea(x, y, std::int64_t{x} + width, std::int64_t{y} + height));
+    how.mirrorX = (width < 0) != (fromWidth < 0);
+    how.mirrorY = (height < 0) != (fromHeight < 0);
+    how.smooth = context->stretchMode == HALFTONE;
+    return copyPixels(*context, source, how) ? layout.height : 0;
+}

@@ -1,0 +1,35 @@
+// Rows of device-independent bitmaps as a source of copies.
+#pragma once
+
+#include "corekit/platform/Dibs.h"
+#include "corekit/platform/qt/drawing/PixelRows.h"
+
+namespace corekit::detail {
+
+// The rows `first` .. `first + count` in memory, at `bits`; what is not among them reads as black.
+class DibRows final : public PixelRows {
+public:
+    DibRows(const DibLayout& layout, const RGBQUAD* colours, const std::byte* bits, int first, int count);
+    void read(int y, int from, int to, std::uint32_t* out) const override;
+
+private:
+    using Decode = void (*)(const DibRows& dib, const std::byte* row, int from, int to, std::uint32_t* out);
+    static Decode decoderFor(unsigned bits);
+    template <unsigned bits>
+    static void decodeIndexed(const DibRows& dib, const std::byte* row, int from, int to, std::uint32_t* out);
+    std::uint32_t colour(unsigned index) const
+    {
+        return index < colourCount_ ? opaque | colours_[index] : opaque;
+    }
+
+    static constexpr std::uint32_t opaque = 0xFF000000u;
+
+    const DibLayout layout_;
+    const Decode decode_;
+    const std::byte* const bits_;
+    const int first_, count_;
+    std::size_t colourCount_ = 0;
+    std::uint32_t colours_[256];
+};
+
+} // namespace corekit::detail
