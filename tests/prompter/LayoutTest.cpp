@@ -28,7 +28,7 @@ struct View {
         layout.SetForm(width, 20);
         Update();
     }
-    void Update() { layout.Update(script, ruler, held); }
+    void Update() { layout.Update(script, ruler, {&held, 1}); }
     std::vector<std::string> Lines() const
     {
         std::vector<std::string> lines;

@@ -44,7 +44,7 @@ protected:
         m_face.SetStyle(m_style);
         m_script.SetText(text);
         m_layout.SetForm(FramePainter::TextWidth(m_style, size.cx), m_style.LineHeight());
-        m_layout.Update(m_script, m_face, m_held);
+        m_layout.Update(m_script, m_face, {&m_held, 1});
         FramePainter painter(m_layout, m_face);
         painter.SetStyle(m_style);
         painter.Paint(m_dc, size, state);

@@ -116,10 +116,18 @@ void PromptLayout::LayOut(LaidStory& story, TextRuler& ruler) const
     story.lines.push_back({text.size(), 0, 0, false}); // the gap to the next story
 }
 
-void PromptLayout::Update(const Script& script, TextRuler& ruler, Anchor& held)
+std::vector<std::size_t> PromptLayout::PlaceIndexes(std::span<const Anchor> anchors) const
 {
-    const auto heldPlace = std::ranges::find(m_places, held.story, &Place::key);
-    const std::size_t heldIndex = static_cast<std::size_t>(heldPlace - m_places.begin());
+    std::vector<std::size_t> indexes;
+    for (const Anchor& anchor : anchors)
+        indexes.push_back(static_cast<std::size_t>(std::ranges::find(m_places, anchor.story, &Place::key) -
+                                                   m_places.begin()));
+    return indexes;
+}
+
+void PromptLayout::Update(const Script& script, TextRuler& ruler, std::span<Anchor> held)
+{
+    const std::vector<std::size_t> indexes = PlaceIndexes(held);
     m_places.clear();
     m_lineCount = 0;
     std::unordered_set<std::uint64_t> present;
@@ -130,7 +138,8 @@ void PromptLayout::Update(const Script& script, TextRuler& ruler, Anchor& held)
         LaidStory& laid = at->second;
         if (isNew || laid.plain != story.text) {
             std::u16string stored = Stored(story.text);
-            if (!isNew && story.key == held.story) held.offset = Moved(held.offset, laid.stored, stored);
+            for (Anchor& anchor : held)
+                if (anchor.story == story.key) anchor.offset = Moved(anchor.offset, laid.stored, stored);
             laid.plain = story.text;
             laid.stored = std::move(stored);
             LayOut(laid, ruler);
@@ -143,9 +152,11 @@ void PromptLayout::Update(const Script& script, TextRuler& ruler, Anchor& held)
     }
     m_isStale = false;
     std::erase_if(m_stories, [&](const auto& entry) { return !present.contains(entry.first); });
-    if (!PlaceOf(held.story))
-        held = m_places.empty() ? Anchor{}
-                                : Anchor{m_places[std::min(heldIndex, m_places.size() - 1)].key, 0, 0};
+    for (std::size_t i = 0; i < held.size(); ++i)
+        if (!PlaceOf(held[i].story))
+            held[i] = m_places.empty()
+                          ? Anchor{}
+                          : Anchor{m_places[std::min(indexes[i], m_places.size() - 1)].key, 0, 0};
 }
 
 const PromptLayout::Place* PromptLayout::PlaceOf(std::uint64_t key) const

@@ -8,6 +8,7 @@
 #include "model/Script.h"
 
 #include <functional>
+#include <span>
 #include <unordered_map>
 
 namespace prompter {
@@ -36,9 +37,9 @@ class PromptLayout {
 public:
     // Everything is laid out anew at the next Update. `lineHeight` from 1.
     void SetForm(int width, int lineHeight);
-    // Brings the lines up to date; the anchor keeps its place in the text, or goes to the story that stands
-    // where its own stood.
-    void Update(const Script& script, TextRuler& ruler, Anchor& held);
+    // Brings the lines up to date. Anchors keep their places in the text; the one of a story that is gone
+    // goes to the beginning of the story that stands there now.
+    void Update(const Script& script, TextRuler& ruler, std::span<Anchor> held);
 
     double Height() const { return static_cast<double>(m_lineCount) * m_lineHeight; }
     int LineHeight() const { return m_lineHeight; }
@@ -65,6 +66,7 @@ private:
     };
     void LayOut(LaidStory& story, TextRuler& ruler) const;
     void LayOutParagraph(LaidStory& story, std::size_t start, std::size_t end, TextRuler& ruler) const;
+    std::vector<std::size_t> PlaceIndexes(std::span<const Anchor> anchors) const;
     const Place* PlaceAt(std::size_t line) const;
     const Place* PlaceOf(std::uint64_t key) const;
     std::size_t LineAt(double y) const;
