@@ -8,6 +8,7 @@
 #include "corekit/foundation/ui/MenuHelpers.h"
 #include "corekit/framework/ui/CmdUI.h"
 #include "corekit/framework/ui/DC.h"
+#include "corekit/framework/ui/FrameMessages.h"
 #include "corekit/framework/ui/GdiObject.h"
 #include "corekit/framework/ui/Menu.h"
 #include "corekit/framework/ui/MessageMap.h"

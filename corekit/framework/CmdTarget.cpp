@@ -48,6 +48,9 @@ BOOL Dispatch(CCmdTarget* target, const AFX_MSGMAP_ENTRY& entry, const Command& 
         Call<void (T::*)(UINT, NMHDR*, LRESULT*)>(target, entry.pfn, command.id, command.notify()->pNMHDR,
                                                   command.notify()->pResult);
         return TRUE;
+    case AfxSigCmd_notifyBool:
+        return Call<BOOL (T::*)(NMHDR*, LRESULT*)>(target, entry.pfn, command.notify()->pNMHDR,
+                                                   command.notify()->pResult);
     case AfxSigCmd_notifyEx:
         return Call<BOOL (T::*)(UINT, NMHDR*, LRESULT*)>(target, entry.pfn, command.id,
                                                          command.notify()->pNMHDR, command.notify()->pResult);
@@ -86,7 +89,10 @@ BOOL CCmdTarget::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* in
     const UINT message =
         plain || !HIWORD(static_cast<UINT>(code)) ? WM_COMMAND : HIWORD(static_cast<UINT>(code));
     const UINT number = plain ? static_cast<UINT>(code) : LOWORD(static_cast<UINT>(code));
-    const AFX_MSGMAP_ENTRY* const entry = FindMessageEntry(message, number, id);
+    // The state of a control's own item, reflected to it.
+    const bool isReflected = number == LOWORD(CN_UPDATE_COMMAND_UI) && message != WM_NOTIFY;
+    const AFX_MSGMAP_ENTRY* const entry =
+        FindMessageEntry(message, isReflected ? CN_UPDATE_COMMAND_UI : number, id);
     if (!entry) return FALSE;
     if (info) {
         *info = {this, entry->pfn};

@@ -22,6 +22,11 @@ CWinApp::~CWinApp()
     application.compare_exchange_strong(self, nullptr);
 }
 
+void CWinApp::DoWaitCursor(int change)
+{
+    if (const auto* const windows = corekit::detail::GetThreadWindows()) windows->waitCursor(change);
+}
+
 CWinApp* AfxGetApp() { return application; }
 
 BOOL AfxWinInit(HINSTANCE instance, HINSTANCE, const char* commandLine, int)

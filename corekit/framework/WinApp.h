@@ -11,6 +11,12 @@ public:
     explicit CWinApp(const char* appName = nullptr);
     ~CWinApp() override;
 
+    // The cursor that asks for patience, over all windows: 1 begins, -1 ends, 0 shows it again. Counts.
+    virtual void DoWaitCursor(int change);
+    void BeginWaitCursor() { DoWaitCursor(1); }
+    void EndWaitCursor() { DoWaitCursor(-1); }
+    void RestoreWaitCursor() { DoWaitCursor(0); }
+
     const char* m_pszAppName;
     const char* m_lpCmdLine = ""; // without the program's name; set by whoever starts the application
     HINSTANCE m_hInstance = nullptr;
@@ -18,6 +24,26 @@ public:
 
 // The application object, or null before it is made and after it is gone.
 COREKIT_API CWinApp* AfxGetApp();
+
+// Shows the waiting cursor for as long as it lives; nothing without an application object.
+class CWaitCursor {
+public:
+    CWaitCursor()
+    {
+        if (CWinApp* const app = AfxGetApp()) app->BeginWaitCursor();
+    }
+    ~CWaitCursor()
+    {
+        if (CWinApp* const app = AfxGetApp()) app->EndWaitCursor();
+    }
+    CWaitCursor(const CWaitCursor&) = delete;
+    CWaitCursor& operator=(const CWaitCursor&) = delete;
+
+    void Restore()
+    {
+        if (CWinApp* const app = AfxGetApp()) app->RestoreWaitCursor();
+    }
+};
 
 // Tells the application object what the process was started with: the module, null for the program itself,
 // and the command line without the program's name, which must outlive the object. The others are not used. 0

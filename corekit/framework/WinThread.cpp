@@ -1,8 +1,11 @@
 #include "corekit/framework/WinThread.h"
 
+#include "corekit/framework/Exception.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Handles.h"
+#include "corekit/platform/Messages.h"
 
+#include <atomic>
 #include <new>
 #include <utility>
 
@@ -10,6 +13,7 @@ IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
 
 namespace {
 constinit thread_local CWinThread* current = nullptr;
+constinit std::atomic<const corekit::detail::ThreadWindows*> threadWindows = nullptr;
 
 constexpr DWORD startFailed = 0xFFFFFFFF; // from ResumeThread
 
@@ -67,6 +71,38 @@ DWORD CWinThread::Entry(void* self)
     return result;
 }
 
+int CWinThread::Run()
+{
+    const auto* const windows = corekit::detail::GetThreadWindows();
+    if (windows && m_pMainWnd) m_nExitCode = windows->run(*this);
+    return ExitInstance();
+}
+
+BOOL CWinThread::PumpMessage()
+{
+    const auto* const windows = corekit::detail::GetThreadWindows();
+    return windows && windows->pump(*this);
+}
+
+BOOL CWinThread::PreTranslateMessage(MSG* message)
+{
+    const auto* const windows = corekit::detail::GetThreadWindows();
+    return windows && windows->preTranslate(*this, message);
+}
+
+BOOL CWinThread::OnIdle(LONG count)
+{
+    const auto* const windows = corekit::detail::GetThreadWindows();
+    return windows && windows->idle(*this, count);
+}
+
+LRESULT CWinThread::ProcessWndProcException(CException* thrown, const MSG* message)
+{
+    thrown->ReportError();
+    thrown->Delete();
+    return message->message == WM_CREATE ? -1 : 0;
+}
+
 void CWinThread::Delete()
 {
     if (m_bAutoDelete) delete this;
@@ -96,3 +132,6 @@ CWinThread* corekit::detail::SetCurrentThreadObject(CWinThread* thread)
 {
     return std::exchange(current, thread);
 }
+
+void corekit::detail::SetThreadWindows(const ThreadWindows* windows) { threadWindows = windows; }
+const corekit::detail::ThreadWindows* corekit::detail::GetThreadWindows() { return threadWindows; }

@@ -10,13 +10,18 @@
 //     WaitForSingleObject(worker->m_hThread, INFINITE);
 //     delete worker;
 //
+// The thread of the application object has windows where the window library is loaded: Run then runs the
+// toolkit's loop until the main window is gone or PostQuitMessage asks for the end.
+//
 // A class derived from CWinThread overrides InitInstance, Run and ExitInstance instead of naming a function.
 #pragma once
 
 #include "corekit/framework/CmdTarget.h"
 #include "corekit/platform/Threads.h"
 
+class CException;
 class CWnd;
+struct tagMSG;
 
 using AFX_THREADPROC = UINT (*)(void* parameter);
 
@@ -37,8 +42,20 @@ public:
     // On the new thread: if InitInstance gives nonzero, Run and then its result; else ExitInstance. Run ends
     // with ExitInstance, whose result is the thread's exit code.
     virtual BOOL InitInstance() { return FALSE; }
-    virtual int Run() { return ExitInstance(); }
-    virtual int ExitInstance() { return 0; }
+    // Deals with messages for as long as there is a main window; at once over without one.
+    virtual int Run();
+    virtual int ExitInstance() { return m_nExitCode; }
+
+    // Waits for messages and deals with them, once; FALSE when the thread is to end.
+    virtual BOOL PumpMessage();
+    // True: the message is consumed. Asked for every message of the queued kind before its window, also in
+    // modal loops and menus; asks the window and those above it.
+    virtual BOOL PreTranslateMessage(tagMSG* message);
+    // What there is to do while no message waits: brings the state of commands up to date at count 0, forgets
+    // temporary objects at 1. True: there is more, with the next count.
+    virtual BOOL OnIdle(LONG count);
+    // What a handler of a window threw; shows it and frees it.
+    virtual LRESULT ProcessWndProcException(CException* thrown, const tagMSG* message);
     // Called last on the thread: deletes the object if m_bAutoDelete is set.
     virtual void Delete();
 
@@ -46,6 +63,7 @@ public:
     BOOL m_bAutoDelete = TRUE;
     HANDLE m_hThread = nullptr;
     DWORD m_nThreadID = 0;
+    int m_nExitCode = 0; // that PostQuitMessage named
 
 private:
     static DWORD Entry(void* self);
@@ -68,4 +86,15 @@ COREKIT_API CWinThread* AfxGetThread();
 namespace corekit::detail {
 // Makes `thread` the calling thread's object, null for none; returns the one before.
 CWinThread* SetCurrentThreadObject(CWinThread* thread);
+
+// What the window library does for threads; it installs this when it is loaded.
+struct ThreadWindows {
+    int (*run)(CWinThread& thread); // until the end is asked for; its exit code
+    BOOL (*pump)(CWinThread& thread);
+    BOOL (*preTranslate)(CWinThread& thread, tagMSG* message);
+    BOOL (*idle)(CWinThread& thread, LONG count);
+    void (*waitCursor)(int change);
+};
+COREKIT_API void SetThreadWindows(const ThreadWindows* windows); // null: none
+const ThreadWindows* GetThreadWindows();
 } // namespace corekit::detail

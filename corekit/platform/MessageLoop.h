@@ -18,4 +18,7 @@ COREKIT_API std::optional<int> runMessageLoop(const std::function<bool()>& goesO
 // Deals with what waits, without waiting for more.
 COREKIT_API void runWaitingMessages();
 
+// Over all windows: 1 begins, -1 ends, 0 shows it again; counts.
+COREKIT_API void changeWaitCursor(int change);
+
 } // namespace corekit::detail

@@ -1,10 +1,13 @@
 // A user interface item whose state a command-update handler sets.
 //
 // Whoever shows items fills the members in and calls the handler of the item's command, which calls the
-// operations here. This class knows menu items; bars and other places derive their own.
+// operations here. This class knows menu items and controls; bars and other places derive their own.
 #pragma once
 
 #include "corekit/framework/ui/Menu.h"
+
+class CCmdTarget;
+class CWnd;
 
 class COREKIT_API CCmdUI {
 public:
@@ -18,6 +21,10 @@ public:
     virtual void SetCheck(int check = 1); // 0: none
     virtual void SetText(const char* text);
 
+    // Asks the update handler of the item's command, by way of `target`; whether there is one. Without one, a
+    // command that nobody handles is disabled where `disableIfNoHandler` says so.
+    BOOL DoUpdate(CCmdTarget* target, BOOL disableIfNoHandler);
+
     // Lets the next handler have the command, too.
     void ContinueRouting() { m_bContinueRouting = TRUE; }
 
@@ -25,6 +32,7 @@ public:
     UINT m_nIndex = 0;           // position in the menu
     CMenu* m_pMenu = nullptr;    // null if the item is in no menu; not owned, like the next
     CMenu* m_pSubMenu = nullptr; // the menu that the item opens
+    CWnd* m_pOther = nullptr;    // the control that the item is, if it is in no menu
     BOOL m_bEnableChanged = FALSE;
     BOOL m_bContinueRouting = FALSE;
 };

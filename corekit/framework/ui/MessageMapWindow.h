@@ -46,6 +46,7 @@ enum AfxSig : UINT_PTR {
     AfxSig_drop,                   // void (HDROP)
     AfxSig_mouse,                  // void (UINT, CPoint)
     AfxSig_wheel,                  // BOOL (UINT, short, CPoint)
+    AfxSig_codePosition,           // void (UINT, UINT)
     AfxSig_colourReflect,          // HBRUSH (CDC*, UINT)
     AfxSig_end
 };
@@ -209,10 +210,10 @@ enum AfxSig : UINT_PTR {
 
 // Reflected: the control's own members.
 #define ON_WM_HSCROLL_REFLECT()                                                                              \
-    COREKIT_MAP_ROW(WM_HSCROLL + WM_REFLECT_BASE, 0, 0, 0, AfxSig_uints, CWnd, void, (UINT, UINT),           \
+    COREKIT_MAP_ROW(WM_HSCROLL + WM_REFLECT_BASE, 0, 0, 0, AfxSig_codePosition, CWnd, void, (UINT, UINT),    \
                     &ThisClass::HScroll)
 #define ON_WM_VSCROLL_REFLECT()                                                                              \
-    COREKIT_MAP_ROW(WM_VSCROLL + WM_REFLECT_BASE, 0, 0, 0, AfxSig_uints, CWnd, void, (UINT, UINT),           \
+    COREKIT_MAP_ROW(WM_VSCROLL + WM_REFLECT_BASE, 0, 0, 0, AfxSig_codePosition, CWnd, void, (UINT, UINT),    \
                     &ThisClass::VScroll)
 #define ON_WM_CTLCOLOR_REFLECT()                                                                             \
     COREKIT_MAP_ROW(WM_CTLCOLORBASE + WM_REFLECT_BASE, 0, 0, 0, AfxSig_colourReflect, CWnd, HBRUSH,          \

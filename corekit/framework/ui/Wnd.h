@@ -179,7 +179,7 @@ public:
     BOOL UpdateData(BOOL saveAndValidate = TRUE);
     virtual void DoDataExchange(CDataExchange*) {}
     // Runs the toolkit's loop until EndModalLoop, and returns its result. The window need not be a dialog.
-    int RunModalLoop(DWORD flags = 0);
+    int RunModalLoop();
     virtual void EndModalLoop(int result);
     BOOL ContinueModal() const { return m_modalDepth > 0; }
     int MessageBox(const char* text, const char* caption = nullptr, UINT type = 0);
@@ -202,14 +202,19 @@ protected:
 
 private:
     friend class CWndDispatch;
+    friend class CWndMaps;
+
+    explicit CWnd(HWND window) : m_hWnd(window) {}
 
     WNDPROC m_pfnSuper = nullptr; // the class's own procedure
     HWND m_hWndOwner = nullptr;
-    int m_modalDepth = 0, m_modalResult = 0;
+    int m_modalDepth = 0, m_modalResult = 0; // the depth is that of the loops which still run
 };
 
 // A class of windows made up from what it needs; the same needs give the same name. Kept for good.
 COREKIT_API const char* AfxRegisterWndClass(UINT classStyle, HCURSOR cursor = nullptr,
                                             HBRUSH background = nullptr, HICON icon = nullptr);
 COREKIT_API BOOL AfxRegisterClass(WNDCLASSA* windowClass); // true also if it is registered already
-COREKIT_API CWnd* AfxGetMainWnd();                         // the thread's main window, null without one
+// The procedure of windows that have an object.
+COREKIT_API LRESULT AfxWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+COREKIT_API CWnd* AfxGetMainWnd(); // the thread's main window, null without one

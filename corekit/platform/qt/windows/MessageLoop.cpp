@@ -7,9 +7,12 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QThread>
 
+#include <algorithm>
 #include <atomic>
+#include <utility>
 
 namespace corekit::detail {
 namespace {
@@ -112,6 +115,15 @@ std::optional<int> runMessageLoop(const std::function<bool()>& goesOn, const std
     heldAtLevel = held;
     innermost = running.outer;
     return running.exitCode;
+}
+
+void changeWaitCursor(int change)
+{
+    static constinit int depth = 0; // of this program's; the toolkit may have cursors of others in force
+    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) return;
+    const int former = std::exchange(depth, std::max(depth + change, 0));
+    if (former == 0 && depth > 0) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    if (former > 0 && depth == 0) QGuiApplication::restoreOverrideCursor();
 }
 
 void runWaitingMessages()
