@@ -10,6 +10,7 @@
 // std::bad_alloc.
 #pragma once
 
+#include "corekit/framework/FormatArgument.h"
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Interlocked.h"
 #include "corekit/platform/TextScan.h"
@@ -22,6 +23,8 @@
 #include <new>
 
 namespace corekit::detail {
+
+class FormatSource;
 
 // What stands in front of the characters.
 template <class Ch>
@@ -100,11 +103,21 @@ public:
     // Loads a text of the string table. Always 1; an unknown number gives the empty string.
     BOOL LoadStringA(UINT id);
 
-    // Replaces the string by formatted text, by the rules of printf; see StringFormat.h for the letters and
-    // for the room that is reserved. %s and %c take text of this string's own width, %hs is narrow, %ls is
-    // wide.
-    void Format(const Ch* format, ...);
-    void Format(UINT id, ...); // the format is a text of the string table
+    // Replaces the string by formatted text, by the rules of printf; FormatArgument.h has the letters. The
+    // arguments are numbers, characters, texts of either width and string objects, this one too. Room is
+    // reserved in advance and not by the length of the result.
+    template <Formattable... Args>
+    void Format(const Ch* format, const Args&... args)
+    {
+        FormatList(format, ListArguments(args...));
+    }
+    template <Formattable... Args>
+    void Format(UINT id, const Args&... args) // the format is a text of the string table
+    {
+        Self format;
+        format.LoadStringA(id);
+        FormatList(format, ListArguments(args...));
+    }
 
     // Direct access. GetBuffer makes the buffer this string's own, with room for at least n characters; after
     // writing into it call ReleaseBuffer with the new length, or with -1 to take it from the terminator.
@@ -128,6 +141,8 @@ public:
     friend bool operator==(const Self& a, const Ch* b) { return a.Compare(b) == 0; }
     friend std::strong_ordering operator<=>(const Self& a, const Self& b) { return a.Compare(b) <=> 0; }
     friend std::strong_ordering operator<=>(const Self& a, const Ch* b) { return a.Compare(b) <=> 0; }
+
+    friend const Ch* FormattedText(const SharedText& text) { return text.m_pchData; }
 
     friend Self operator+(const Self& a, const Self& b)
     {
@@ -176,6 +191,8 @@ protected:
     void ConcatCopy(int n1, const Ch* p1, int n2, const Ch* p2);
     void ConcatInPlace(int n, const Ch* p);
     void FormatV(const Ch* format, va_list args);
+    void FormatList(const Ch* format, FormatArguments args);
+    void FormatFrom(const Ch* format, const FormatSource& source);
     void Release()
     {
         Release(GetData());

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "corekit/foundation/SharedTextBufferImpl.h"
-#include "corekit/foundation/StringFormat.h"
 #include "corekit/foundation/TextClass.h"
 #include "corekit/framework/String.h"
+#include "corekit/framework/TextFormat.h"
 
 #include <algorithm>
 
@@ -145,20 +145,20 @@ BOOL SharedText<Self, Ch>::LoadStringA(UINT id)
 }
 
 template <class Self, class Ch>
-void SharedText<Self, Ch>::FormatV(const Ch* format, va_list args)
+void SharedText<Self, Ch>::FormatFrom(const Ch* format, const FormatSource& source)
 {
     BufferRange<Ch> own;
     if (!IsEmptyBuffer()) own = {m_pchData, m_pchData + GetAllocLength()};
-    const FormatRoom room = MeasureFormat(format, args, own);
+    const FormatRoom room = MeasureFormat(format, source, own);
     if (room.readsBuffer) {
         Self apart;
-        apart.FormatV(format, args);
+        apart.FormatFrom(format, source);
         *this = static_cast<const SharedText&>(apart);
         return;
     }
     for (int capacity = room.bound;;) {
         Ch* buffer = GetBuffer(capacity);
-        const int needed = WriteFormat({buffer, buffer + GetAllocLength()}, format, args);
+        const int needed = WriteFormat({buffer, buffer + GetAllocLength()}, format, source);
         SetLength(std::min<int>(needed, GetAllocLength()));
         if (needed <= GetAllocLength()) break;
         capacity = needed;
@@ -167,23 +167,15 @@ void SharedText<Self, Ch>::FormatV(const Ch* format, va_list args)
 }
 
 template <class Self, class Ch>
-void SharedText<Self, Ch>::Format(const Ch* format, ...)
+void SharedText<Self, Ch>::FormatV(const Ch* format, va_list args)
 {
-    va_list args;
-    va_start(args, format);
-    FormatV(format, args);
-    va_end(args);
+    FormatFrom(format, FormatSource(args));
 }
 
 template <class Self, class Ch>
-void SharedText<Self, Ch>::Format(UINT id, ...)
+void SharedText<Self, Ch>::FormatList(const Ch* format, FormatArguments args)
 {
-    Self format;
-    format.LoadStringA(id);
-    va_list args;
-    va_start(args, id);
-    FormatV(format, args);
-    va_end(args);
+    FormatFrom(format, FormatSource(args));
 }
 
 } // namespace corekit::detail

@@ -9,7 +9,6 @@
 #include "corekit/resources/Messages.h"
 
 #include <climits>
-#include <cstdarg>
 #include <cstring>
 
 namespace {
@@ -18,13 +17,6 @@ T* OrThrow(T* result)
 {
     if (!result) throw GetLastErrorException();
     return result;
-}
-
-CString Formatted(const char* format, va_list args)
-{
-    CString text;
-    text.FormatV(format, args);
-    return text;
 }
 } // namespace
 
@@ -78,24 +70,6 @@ int GetOverlappedResultWithTimeout(void* file, OVERLAPPED* overlapped, DWORD* tr
         return 0;
     }
     return GetOverlappedResult(file, overlapped, transferred, TRUE);
-}
-
-CString scFormatString(const char* format, ...)
-{
-    va_list args;
-    va_start(args, format);
-    CString text = Formatted(format, args);
-    va_end(args);
-    return text;
-}
-
-CString scFormatString(UINT formatId, ...)
-{
-    va_list args;
-    va_start(args, formatId);
-    CString text = Formatted(LoadResourceString(formatId).GetString(), args);
-    va_end(args);
-    return text;
 }
 
 CString scFormatHex32(DWORD value) { return scFormatString("%08X", value); }

@@ -36,17 +36,22 @@ COREKIT_API int GetOverlappedResultWithTimeout(void* file, OVERLAPPED* overlappe
                                                DWORD timeoutMs);
 
 // printf-like, as CString, StringA and StringW format; an id names a format in the string table.
-[[gnu::format(printf, 1, 2)]] COREKIT_API CString scFormatString(const char* format, ...);
-COREKIT_API CString scFormatString(UINT formatId, ...);
-template <class Format, class... Args>
-StringA scFormatStringA(Format format, Args... args)
+template <class Format, corekit::detail::Formattable... Args>
+CString scFormatString(const Format& format, const Args&... args)
+{
+    CString text;
+    text.Format(format, args...);
+    return text;
+}
+template <class Format, corekit::detail::Formattable... Args>
+StringA scFormatStringA(const Format& format, const Args&... args)
 {
     StringA text;
     text.Format(format, args...);
     return text;
 }
-template <class Format, class... Args>
-StringW scFormatStringW(Format format, Args... args)
+template <class Format, corekit::detail::Formattable... Args>
+StringW scFormatStringW(const Format& format, const Args&... args)
 {
     StringW text;
     text.Format(format, args...);

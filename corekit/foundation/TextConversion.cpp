@@ -1,71 +1,8 @@
 #include "corekit/foundation/TextConversion.h"
 
-#include "corekit/platform/CodePages.h"
 #include "corekit/platform/TextScan.h"
 
 #include <algorithm>
-
-namespace corekit::detail {
-namespace {
-
-int ToNarrow(std::u16string_view text, char* out, int room)
-{
-    return WideCharToMultiByte(CP_ACP, 0, text.data(), CountedLength(text.size()), out, room, nullptr,
-                               nullptr);
-}
-
-int ToWide(std::string_view text, WCHAR* out, int room)
-{
-    return MultiByteToWideChar(CP_ACP, 0, text.data(), CountedLength(text.size()), out, room);
-}
-
-bool IsHighSurrogate(WCHAR unit) { return (unit & 0xFC00) == 0xD800; }
-bool IsLowSurrogate(WCHAR unit) { return (unit & 0xFC00) == 0xDC00; }
-
-// Units that make one character at the front of a text.
-std::size_t FirstCharacter(std::u16string_view text)
-{
-    return text.size() > 1 && IsHighSurrogate(text[0]) && IsLowSurrogate(text[1]) ? 2 : 1;
-}
-
-} // namespace
-
-std::u16string WideText(std::string_view text)
-{
-    if (text.empty()) return {};
-    std::u16string wide(text.size(), u'\0'); // hardly a code page makes more units than bytes
-    int units = ToWide(text, wide.data(), CountedLength(wide.size()));
-    if (units <= 0) {
-        units = std::max(0, ToWide(text, nullptr, 0));
-        wide.resize(static_cast<std::size_t>(units));
-        if (units) units = ToWide(text, wide.data(), units);
-    }
-    wide.resize(static_cast<std::size_t>(std::max(units, 0)));
-    return wide;
-}
-
-std::string NarrowText(std::u16string_view text, int most)
-{
-    if (text.empty() || most == 0) return {};
-    const int whole = ToNarrow(text, nullptr, 0);
-    std::string narrow(static_cast<std::size_t>(std::max(whole, 0)), '\0');
-    if (most < 0 || whole <= most) {
-        ToNarrow(text, narrow.data(), whole);
-        return narrow;
-    }
-    narrow.clear();
-    while (!text.empty()) {
-        char bytes[8];
-        const std::size_t units = FirstCharacter(text);
-        const int n = ToNarrow(text.substr(0, units), bytes, sizeof bytes);
-        if (narrow.size() + static_cast<std::size_t>(n) > static_cast<std::size_t>(most)) break;
-        narrow.append(bytes, static_cast<std::size_t>(n));
-        text.remove_prefix(units);
-    }
-    return narrow;
-}
-
-} // namespace corekit::detail
 
 using namespace corekit::detail;
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdarg>
 #include <string>
 
 namespace corekit::detail {
@@ -90,12 +91,7 @@ bool TakeForm(std::string_view& text, MessageInsert& insert)
     return TakeConversion(text, insert) && Take(text, "!");
 }
 
-union Argument {
-    int number;
-    long long number64;
-    const void* pointer;
-};
-using Arguments = std::array<Argument, MessageInsert::maxNumber + 1>;
+using Arguments = std::array<FormatArgument, MessageInsert::maxNumber + 1>;
 
 // Takes the arguments off the list in order, each by the kind that the text gives it.
 Arguments Collect(std::string_view text, va_list args)
@@ -113,60 +109,47 @@ Arguments Collect(std::string_view text, va_list args)
     }
     Arguments values{};
     for (int i = 1; i <= last; ++i) {
-        Argument& value = values[static_cast<std::size_t>(i)];
+        FormatArgument& value = values[static_cast<std::size_t>(i)];
         switch (kinds[static_cast<std::size_t>(i)]) {
         case ArgumentKind::Int:
         case ArgumentKind::WideChar:
-            value.number = va_arg(args, int);
+            value = FormatArgument(va_arg(args, int));
             break;
         case ArgumentKind::Int64:
-            value.number64 = va_arg(args, long long);
+            value = FormatArgument(va_arg(args, long long));
             break;
         default:
-            value.pointer = va_arg(args, const void*);
+            value = FormatArgument(va_arg(args, const void*));
         }
     }
     return values;
 }
 
-CString Render(const MessageInsert& insert, const Arguments& values)
+std::string FormOf(const MessageInsert& insert, const Arguments& values)
 {
     std::size_t number = static_cast<std::size_t>(insert.number);
     const auto star = [&] {
-        return std::clamp(values[number++].number, -MessageInsert::maxWidth, MessageInsert::maxWidth);
+        return std::clamp<LONGLONG>(values[number++].Integer(), -MessageInsert::maxWidth,
+                                    MessageInsert::maxWidth);
     };
-    const int width = insert.starWidth ? star() : insert.width;
-    const int precision = insert.starPrecision ? star() : insert.precision;
+    const LONGLONG width = insert.starWidth ? star() : insert.width;
+    const LONGLONG precision = insert.starPrecision ? star() : insert.precision;
     std::string form = "%";
     form += insert.flags;
     if (width >= 0 || insert.starWidth) form += std::to_string(width);
     if (precision >= 0) form.append(".").append(std::to_string(precision));
-    if (insert.kind == ArgumentKind::Int64) form += "ll";
-    if (insert.isShort && insert.kind == ArgumentKind::Int && insert.conversion != 'c') form += "h";
-    form += insert.conversion;
-
-    const Argument& value = values[number];
-    CString result;
     switch (insert.kind) {
     case ArgumentKind::Int64:
-        result.Format(form.c_str(), value.number64);
+        form += "ll";
         break;
-    case ArgumentKind::Int:
-        result.Format(form.c_str(), value.number);
-        break;
-    case ArgumentKind::WideChar: {
-        const WCHAR unit = static_cast<WCHAR>(value.number);
-        form.back() = 's';
-        result.Format(form.c_str(), CString(&unit, 1).GetString());
-        break;
-    }
+    case ArgumentKind::WideChar:
     case ArgumentKind::WideText:
-        result.Format(form.c_str(), CString(static_cast<const WCHAR*>(value.pointer)).GetString());
+        form += 'l';
         break;
     default:
-        result.Format(form.c_str(), value.pointer);
+        if (insert.isShort) form += 'h';
     }
-    return result;
+    return form + insert.conversion;
 }
 
 // What a percent sign and another character stand for; false ends the text.
@@ -183,6 +166,12 @@ bool AppendEscape(CString& result, char escape)
 }
 
 } // namespace
+
+// A message text with its arguments in place.
+class MessageText {
+public:
+    static CString Of(std::string_view text, const Arguments& values);
+};
 
 MessageInsert MessageInsert::Parse(std::string_view text)
 {
@@ -201,10 +190,9 @@ MessageInsert MessageInsert::Parse(std::string_view text)
     return formed;
 }
 
-CString FormatMessageText(std::string_view text, va_list args)
+CString MessageText::Of(std::string_view text, const Arguments& values)
 {
-    const Arguments values = Collect(text, args);
-    CString result;
+    CString result, part;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t percent = std::min(text.find('%', at), text.size());
         result.Append(text.data() + at, static_cast<int>(percent - at));
@@ -212,7 +200,9 @@ CString FormatMessageText(std::string_view text, va_list args)
         if (at == text.size()) break;
         const MessageInsert insert = MessageInsert::Parse(text.substr(at));
         if (insert.length > 0) {
-            result += Render(insert, values);
+            part.FormatList(FormOf(insert, values).c_str(),
+                            {&values[static_cast<std::size_t>(insert.ValueNumber())], 1});
+            result += part;
             at += insert.length;
         } else if (at + 1 == text.size()) {
             result += '%';
@@ -227,25 +217,17 @@ CString FormatMessageText(std::string_view text, va_list args)
 
 } // namespace corekit::detail
 
+using namespace corekit::detail;
+
 void CString::FormatMessageV(const char* format, va_list args)
 {
-    *this = corekit::detail::FormatMessageText(format ? format : "", args);
+    if (!format) format = "";
+    *this = MessageText::Of(format, Collect(format, args));
 }
 
-void CString::FormatMessage(const char* format, ...)
+void CString::FormatMessageList(const char* format, FormatArguments args)
 {
-    va_list args;
-    va_start(args, format);
-    FormatMessageV(format, args);
-    va_end(args);
-}
-
-void CString::FormatMessage(UINT formatId, ...)
-{
-    CString format;
-    format.LoadString(formatId);
-    va_list args;
-    va_start(args, formatId);
-    FormatMessageV(format, args);
-    va_end(args);
+    Arguments values{};
+    std::copy_n(args.begin(), std::min(args.size(), values.size() - 1), values.begin() + 1);
+    *this = MessageText::Of(format ? format : "", values);
 }

@@ -7,11 +7,17 @@
 // text, indices outside are clamped or ignored, and a length past 2^31 throws the memory exception.
 #pragma once
 
+#include "corekit/framework/FormatArgument.h"
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
 
 #include <compare>
 #include <cstdarg>
+
+namespace corekit::detail {
+class FormatSource;
+class MessageText;
+} // namespace corekit::detail
 
 class COREKIT_API CString {
 public:
@@ -83,18 +89,40 @@ public:
     int Insert(int index, const char* text);
     int Delete(int index, int count = 1);
 
-    // printf style. The arguments may be this string's own text. A bad format leaves the text empty.
-    [[gnu::format(printf, 2, 3)]] void Format(const char* format, ...);
-    void Format(UINT formatId, ...); // the format comes from the string table
-    [[gnu::format(printf, 2, 0)]] void FormatV(const char* format, va_list args);
+    // printf style; FormatArgument.h has the letters. The arguments are numbers, characters, texts of either
+    // width and string objects, this one too.
+    template <corekit::detail::Formattable... Args>
+    void Format(const char* format, const Args&... args)
+    {
+        FormatList(format, corekit::detail::ListArguments(args...));
+    }
+    template <corekit::detail::Formattable... Args>
+    void Format(UINT formatId, const Args&... args) // the format comes from the string table
+    {
+        CString format;
+        format.LoadString(formatId);
+        FormatList(format, corekit::detail::ListArguments(args...));
+    }
+    void FormatV(const char* format, va_list args);
 
-    // Numbered inserts: %1 to %99 take the argument of that number, a char text unless a printf form
-    // follows as in %2!d! or %1!-8.3s!: integers (32 bits, 64 with ll or I64), characters, pointers, narrow
-    // s or hs, wide S or ls. A * takes the argument of the insert's number and moves the value one on. Also
-    // %n a line end, %r a return, %0 the end of the text, % before another character that character. A form
-    // that is none of these is left as it stands.
-    void FormatMessage(const char* format, ...);
-    void FormatMessage(UINT formatId, ...);
+    // Numbered inserts: %1 to %99 take the argument of that number, a text unless a printf form follows as in
+    // %2!d! or %1!-8.3s!: integers, characters, pointers, narrow s or hs, wide S or ls. Arguments count by
+    // their own type; those of a va_list are what the form says, integers of 32 bits, of 64 with ll or I64. A
+    // * takes the argument of the insert's number and moves the value one on. Also %n a line end, %r a
+    // return, %0 the end of the text, % before another character that character. A form that is none of these
+    // is left as it stands.
+    template <corekit::detail::Formattable... Args>
+    void FormatMessage(const char* format, const Args&... args)
+    {
+        FormatMessageList(format, corekit::detail::ListArguments(args...));
+    }
+    template <corekit::detail::Formattable... Args>
+    void FormatMessage(UINT formatId, const Args&... args)
+    {
+        CString format;
+        format.LoadString(formatId);
+        FormatMessageList(format, corekit::detail::ListArguments(args...));
+    }
     void FormatMessageV(const char* format, va_list args);
 
     // False, and empty, if no loaded module has a text of that number.
@@ -118,7 +146,10 @@ public:
         return a.Compare(b) <=> 0;
     }
 
+    friend const char* FormattedText(const CString& text) noexcept { return text.m_text; }
+
 private:
+    friend class corekit::detail::MessageText;
     struct Block;
     static char* EmptyText() noexcept;
     Block* Header() const noexcept;
@@ -128,6 +159,9 @@ private:
     char* Reserve(LONGLONG capacity, bool exact); // an unshared block that keeps the text
     void SetLength(int length) noexcept;
     int Order(const CString& other) const noexcept;
+    void FormatFrom(const char* format, const corekit::detail::FormatSource& source);
+    void FormatList(const char* format, corekit::detail::FormatArguments args);
+    void FormatMessageList(const char* format, corekit::detail::FormatArguments args);
 
     char* m_text;
 };

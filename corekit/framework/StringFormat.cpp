@@ -1,40 +1,24 @@
-// CString's printf and message forms.
-#include "corekit/framework/InsertText.h"
+// CString's printf forms.
 #include "corekit/framework/String.h"
+#include "corekit/framework/TextFormat.h"
 
-#include <cstdio>
+using namespace corekit::detail;
 
-void CString::FormatV(const char* format, va_list args)
+void CString::FormatFrom(const char* format, const FormatSource& source)
 {
-    CString result;
     char small[256];
-    va_list again;
-    va_copy(again, args);
-    const int length = format ? std::vsnprintf(small, sizeof small, format, args) : 0;
-    if (length > 0 && static_cast<std::size_t>(length) < sizeof small) {
-        result = CString(small, length);
-    } else if (length > 0) {
-        std::vsnprintf(result.GetBuffer(length), static_cast<std::size_t>(length) + 1, format, again);
-        result.SetLength(length);
+    if (!format) format = "";
+    const int length = WriteFormat({small, small + sizeof small}, format, source);
+    if (length <= static_cast<int>(sizeof small)) {
+        *this = CString(small, length);
+        return;
     }
-    va_end(again);
+    CString result; // the arguments may lie in this one
+    char* const text = result.GetBufferSetLength(length);
+    WriteFormat({text, text + length}, format, source);
     *this = std::move(result);
 }
 
-void CString::Format(const char* format, ...)
-{
-    va_list args;
-    va_start(args, format);
-    FormatV(format, args);
-    va_end(args);
-}
+void CString::FormatV(const char* format, va_list args) { FormatFrom(format, FormatSource(args)); }
 
-void CString::Format(UINT formatId, ...)
-{
-    CString format;
-    format.LoadString(formatId);
-    va_list args;
-    va_start(args, formatId);
-    FormatV(format, args);
-    va_end(args);
-}
+void CString::FormatList(const char* format, FormatArguments args) { FormatFrom(format, FormatSource(args)); }

@@ -22,6 +22,23 @@ inline Units spreadUnit(char16_t unit)
     return Units{u, u, u, u, u, u, u, u};
 }
 
+// A block that lies in a page of the text may be read whole although the text ends earlier; the checkers must
+// not take offence. Sanitized builds run the same loops.
+#define COREKIT_READS_WHOLE_BLOCKS [[gnu::no_sanitize_address, gnu::no_sanitize_thread]]
+
+// Whether a block that starts here ends in the same page. No machine has smaller pages.
+inline bool isBlockInPage(const void* p)
+{
+    constexpr std::uintptr_t kPage = 4096;
+    return reinterpret_cast<std::uintptr_t>(p) % kPage <= kPage - sizeof(Units);
+}
+
+COREKIT_READS_WHOLE_BLOCKS inline Units anyBlock(const void* p)
+{
+    using AnyPlace = Units __attribute__((may_alias, aligned(1)));
+    return *static_cast<const AnyPlace*>(p);
+}
+
 // One bit per byte of a lane mask, so that bit number / 2 is the lane.
 inline unsigned laneBits(Units mask)
 {

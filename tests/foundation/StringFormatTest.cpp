@@ -1,5 +1,6 @@
 #include "corekit/foundation/StringA.h"
 #include "corekit/foundation/StringW.h"
+#include "corekit/foundation/SystemHelpers.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -7,7 +8,7 @@
 namespace {
 
 template <class... Args>
-StringA Narrow(const char* format, Args... args)
+StringA Narrow(const char* format, const Args&... args)
 {
     StringA text;
     text.Format(format, args...);
@@ -15,7 +16,7 @@ StringA Narrow(const char* format, Args... args)
 }
 
 template <class... Args>
-StringW Wide(const WCHAR* format, Args... args)
+StringW Wide(const WCHAR* format, const Args&... args)
 {
     StringW text;
     text.Format(format, args...);
@@ -91,6 +92,70 @@ TEST(StringFormat, TextOfTheOtherWidthIsConverted)
     ExpectText(Wide(u"%c%C%lc%hc", u'\x0628', u'\x0629', u'c', 'd'), u"\x0628\x0629"
                                                                      u"cd");
     ExpectText(Wide(u"%-4s|%4hs|%+d|% d|%05d|%x", u"ab", "cd", 1, 2, 3, 255), u"ab  |  cd|+1| 2|00003|ff");
+}
+
+TEST(StringFormat, StringObjectsStandForTheirText)
+{
+    const StringA a("narrow");
+    const StringW w(u"wide");
+    const CString c("framework");
+    ExpectText(Narrow("%s|%s|%8.2s|%hs", a, c, a, c), "narrow|framework|      na|framework");
+    ExpectText(Narrow("%s|%ls|%S", w, w, w), "wide|wide|wide");
+    ExpectText(Wide(u"%s|%s|%hs|%s", w, a, a, c), u"wide|narrow|narrow|framework");
+    EXPECT_STREQ(scFormatString("%s %s %s", a, w, c), "narrow wide framework");
+    ExpectText(scFormatStringA("%s", c), "framework");
+    ExpectText(scFormatStringW(u"%s", a), u"narrow");
+    StringA own("text");
+    own.Format("%s-%s", own, own);
+    ExpectText(own, "text-text");
+    CString message("one");
+    message.FormatMessage("%2 %1 %3!d!", message, w, 7L);
+    EXPECT_STREQ(message, "wide one 7");
+    static_assert(!corekit::detail::Formattable<std::string> && !corekit::detail::Formattable<POINT>);
+}
+
+template <class... Args>
+void ExpectInAllClasses(const char* text, const char* format, const Args&... args)
+{
+    const std::string wide(format), expected(text);
+    EXPECT_STREQ(scFormatString(format, args...), text) << format;
+    ExpectText(Narrow(format, args...), text);
+    ExpectText(Wide(std::u16string(wide.begin(), wide.end()).c_str(), args...),
+               std::u16string(expected.begin(), expected.end()).c_str());
+}
+
+TEST(StringFormat, EveryArgumentCountsByItsOwnType)
+{
+    enum class Named : BYTE { value = 200 };
+    const auto all = [](const char* text, const char* format, const auto&... args) {
+        ExpectInAllClasses(text, format, args...);
+    };
+    all("-1 4294967295", "%ld %lu", LONG{-1}, DWORD{0xFFFFFFFF});
+    all("1099511627776 -1099511627776 18446744073709551615", "%ld %d %u", 1L << 40, -(1L << 40), ~0UL);
+    all("4294967295 fffffffe 4294967293", "%lu %lx %u", LONG{-1}, -2, -3);
+    all("-1 -2147483648", "%d %i", 0xFFFFFFFFu, 0x80000000u);
+    all("-5 4294967295 ffffffffffffffff", "%I64d %lld %llx", -5, 0xFFFFFFFFu, -1);
+    all("200 4294967295 ffffffff", "%d %u %x", BYTE{200}, static_cast<signed char>(-1), SHORT{-1});
+    all("1 200 x", "%d %d %c", true, Named::value, u'x');
+    all("-32768 65535 -128 255", "%hd %hu %hhd %hhu", 0x18000, -1, 0x180, -1L);
+    all("1.5 3 2.5 2 1.00e+03", "%.1f %g %Lg %d %.2e", 1.5f, 3, 2.5, 2.9, 1000L);
+    all("42 -1 0 (null)", "%s %s %d %s", 42u, -1, nullptr, nullptr);
+    all("   1|2  |3  |04", "%*d|%-*d|%*d|%.*d", 4L, 1, BYTE{3}, 2, -3, 3, 2ULL, 4);
+    all("0 (null) 0.000000", "%d %s %f");
+}
+
+// Integers are written as the C library writes them.
+TEST(StringFormat, FlagsWidthsAndPrecisionsOfIntegers)
+{
+    for (const char* flags : {"", "-", "+", " ", "0", "#", "-0", "+0", "#0", "-#", "+-#0"})
+        for (const char* size : {"", "1", "7", ".0", ".1", ".5", "9.3", "3.9", "09.3"})
+            for (const char letter : std::string("diuoxX"))
+                for (const int value : {0, 1, -1, 8, 255, -70000, INT_MIN}) {
+                    const std::string format = std::string("<%") + flags + size + letter + ">";
+                    char expected[64];
+                    std::snprintf(expected, sizeof expected, format.c_str(), value);
+                    ASSERT_STREQ(Narrow(format.c_str(), value), expected) << format;
+                }
 }
 
 TEST(StringFormat, ArgumentsStayInStepBehindEveryConversion)

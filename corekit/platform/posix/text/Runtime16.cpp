@@ -7,17 +7,15 @@
 #include <cstring>
 #include <cwchar>
 
+using corekit::detail::anyBlock;
 using corekit::detail::caseTables;
 using corekit::detail::equalLanes;
 using corekit::detail::firstLane;
+using corekit::detail::isBlockInPage;
 using corekit::detail::laneBits;
 using corekit::detail::loadUnits;
 using corekit::detail::spreadUnit;
 using corekit::detail::Units;
-
-// Aligned blocks never cross into a page that the text does not touch, so reading one whole is safe although
-// it holds bytes beside the text; the checkers must not take offence.
-#define COREKIT_READS_WHOLE_BLOCKS [[gnu::no_sanitize_address, gnu::no_sanitize_thread]]
 
 namespace {
 
@@ -31,20 +29,6 @@ bool isAlignedToUnit(const WCHAR* p) { return reinterpret_cast<std::uintptr_t>(p
 COREKIT_READS_WHOLE_BLOCKS inline Units alignedBlock(const WCHAR* p)
 {
     return *reinterpret_cast<const Units __attribute__((may_alias))*>(p);
-}
-
-// Whether a block that starts here ends in the same page, so that it may be read although the text may end
-// earlier. No machine has smaller pages.
-bool isBlockInPage(const WCHAR* p)
-{
-    constexpr std::uintptr_t kPage = 4096;
-    return reinterpret_cast<std::uintptr_t>(p) % kPage <= kPage - sizeof(Units);
-}
-
-COREKIT_READS_WHOLE_BLOCKS inline Units anyBlock(const WCHAR* p)
-{
-    using AnyPlace = Units __attribute__((may_alias, aligned(1)));
-    return *reinterpret_cast<const AnyPlace*>(p);
 }
 
 // How many units from the start are equal and not the end.

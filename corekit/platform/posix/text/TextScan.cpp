@@ -1,6 +1,7 @@
 #include "corekit/platform/TextScan.h"
 
 #include "corekit/platform/Runtime.h"
+#include "corekit/platform/Vector16.h"
 
 #include <string>
 #include <string_view>
@@ -9,20 +10,25 @@ namespace corekit::detail {
 namespace {
 
 #ifdef __SSE2__
-__m128i Load(const WCHAR* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+COREKIT_READS_WHOLE_BLOCKS inline __m128i Load(const WCHAR* p)
+{
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+}
 unsigned Mask(__m128i v) { return static_cast<unsigned>(_mm_movemask_epi8(v)); }
 int FirstUnit(unsigned mask) { return std::countr_zero(mask) / 2; }
 
 // A bit for each of 32 units that is 0.
-inline DWORD ZerosInLine(const WCHAR* p)
+COREKIT_READS_WHOLE_BLOCKS inline DWORD ZerosInLine(const WCHAR* p)
 {
     const __m128i zero = _mm_setzero_si128();
-    const auto at = [p, zero](int i) { return _mm_cmpeq_epi16(Load(p + 8 * i), zero); };
-    return Mask(_mm_packs_epi16(at(0), at(1))) | Mask(_mm_packs_epi16(at(2), at(3))) << 16;
+    const __m128i low = _mm_packs_epi16(_mm_cmpeq_epi16(Load(p), zero), _mm_cmpeq_epi16(Load(p + 8), zero));
+    const __m128i high =
+        _mm_packs_epi16(_mm_cmpeq_epi16(Load(p + 16), zero), _mm_cmpeq_epi16(Load(p + 24), zero));
+    return Mask(low) | Mask(high) << 16;
 }
 
 // The place of the first zero among 64 units, or 64.
-[[maybe_unused]] inline std::size_t LengthUpTo64(const WCHAR* p)
+COREKIT_READS_WHOLE_BLOCKS inline std::size_t LengthUpTo64(const WCHAR* p)
 {
     const DWORDLONG zeros = ZerosInLine(p) | DWORDLONG{ZerosInLine(p + 32)} << 32;
     return static_cast<std::size_t>(std::countr_zero(zeros));
@@ -31,7 +37,7 @@ inline DWORD ZerosInLine(const WCHAR* p)
 __m128i Splat(WCHAR ch) { return _mm_set1_epi16(static_cast<short>(ch)); }
 #endif
 
-// The first unit equal to ch or to 0 in text[0, n), or n.
+// The first unit equal to ch or to 0 in text[0, n), or n. All of them are there.
 int FirstOrEnd(const WCHAR* text, int n, WCHAR ch)
 {
     int i = 0;
@@ -50,12 +56,11 @@ int FirstOrEnd(const WCHAR* text, int n, WCHAR ch)
 
 } // namespace
 
-std::size_t TextLength(const WCHAR* p)
+COREKIT_READS_WHOLE_BLOCKS std::size_t TextLength(const WCHAR* p)
 {
-#if defined(__SSE2__) && !defined(COREKIT_SANITIZED)
+#ifdef __SSE2__
     // The first 64 units at once, since the end of a short text is hard to guess; then whole cache lines.
-    // Neither crosses into a page that the text is not in. Sanitizers see the plain loop below, so that they
-    // notice a text without an end.
+    // Neither crosses into a page that the text is not in.
     const auto address = reinterpret_cast<std::uintptr_t>(p);
     std::size_t n = 0;
     if ((address & 4095) <= 4096 - 128) {
@@ -76,7 +81,21 @@ std::size_t TextLength(const WCHAR* p)
 #endif
 }
 
-int TextLength(const WCHAR* p, int n) { return FirstOrEnd(p, n, 0); }
+// The text may end anywhere before n: nothing is read of a page that it does not reach.
+COREKIT_READS_WHOLE_BLOCKS int TextLength(const WCHAR* p, int n)
+{
+    for (int i = 0; i < n;) {
+        if (isBlockInPage(p + i)) {
+            const unsigned zeros = laneBits(equalLanes(anyBlock(p + i), Units{}));
+            if (zeros) return std::min(n, i + static_cast<int>(firstLane(zeros)));
+            i += 8;
+        } else {
+            for (const int next = i + 8; i < next; ++i)
+                if (i == n || !p[i]) return i;
+        }
+    }
+    return n;
+}
 
 int FindInText(const char* text, int n, char ch)
 {

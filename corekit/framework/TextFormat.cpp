@@ -1,12 +1,14 @@
-#include "corekit/foundation/StringFormat.h"
+#include "corekit/framework/TextFormat.h"
 
-#include "corekit/foundation/TextConversion.h"
+#include "corekit/framework/CodePageText.h"
 #include "corekit/platform/TextScan.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <functional>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -16,14 +18,6 @@ namespace {
 // A long format would reserve the square of its length: 5,000 million characters for one of 100,000. Its
 // plain characters get no more than this; a text that needs more grows the buffer when it is written.
 constexpr LONGLONG mostForPlainText = 1 << 20;
-
-struct Arguments {
-    va_list list;
-    explicit Arguments(va_list from) { va_copy(list, from); }
-    ~Arguments() { va_end(list); }
-    Arguments(const Arguments&) = delete;
-    Arguments& operator=(const Arguments&) = delete;
-};
 
 enum class Size { None, Char, Short, Long, LongLong, LongDouble };
 enum class Kind {
@@ -55,13 +49,15 @@ struct Item {
     bool hasRoom = true; // the conversion is one that room is reserved for
 };
 
+// What an item is to print; the kind may be another one than that of the letter.
 struct Value {
-    LONGLONG integer = 0;
+    Kind kind = Kind::Unknown;
+    LONGLONG integer = 0; // of Unsigned, the bits
     long double real = 0;
-    const void* pointer = nullptr;
-    const char* narrow = nullptr;
-    const WCHAR* wide = nullptr;
-    WCHAR character = 0;
+    const void* pointer = nullptr; // also a text's
+
+    const char* narrow() const { return static_cast<const char*>(pointer); }
+    const WCHAR* wide() const { return static_cast<const WCHAR*>(pointer); }
 };
 
 template <class Ch>
@@ -78,8 +74,13 @@ bool IsOneOf(Ch ch, std::string_view set)
     return std::any_of(set.begin(), set.end(), [ch](char c) { return static_cast<Ch>(c) == ch; });
 }
 
+int StarNumber(FormatSource& args)
+{
+    return static_cast<int>(std::clamp<LONGLONG>(args.Next<int>().Integer(), INT_MIN, INT_MAX));
+}
+
 template <class Ch>
-void ReadFlagsAndWidth(const Ch*& p, Item<Ch>& item, Arguments& args)
+void ReadFlagsAndWidth(const Ch*& p, Item<Ch>& item, FormatSource& args)
 {
     for (;; ++p) {
         switch (*p) {
@@ -99,7 +100,7 @@ void ReadFlagsAndWidth(const Ch*& p, Item<Ch>& item, Arguments& args)
             ++item.hashes;
             continue;
         case '*':
-            item.width = va_arg(args.list, int);
+            item.width = StarNumber(args);
             continue;
         default:
             break;
@@ -111,7 +112,7 @@ void ReadFlagsAndWidth(const Ch*& p, Item<Ch>& item, Arguments& args)
     item.hasPrecision = true;
     if (*++p == '*') {
         ++p;
-        item.precision = va_arg(args.list, int);
+        item.precision = StarNumber(args);
     } else {
         item.precision = ReadNumber(p);
     }
@@ -201,56 +202,113 @@ void ReadConversion(const Ch*& p, Item<Ch>& item)
     item.counts = counts ? counts : p;
 }
 
-// Takes the argument of an item, as a C++ caller passes it.
+using Type = FormatArgument::Type;
+
+// The argument of an item; a va_list has what the letter says.
 template <class Ch>
-Value Take(const Item<Ch>& item, Arguments& args)
+FormatArgument Next(const Item<Ch>& item, FormatSource& args)
 {
-    Value value;
     switch (item.kind) {
     case Kind::Signed:
-    case Kind::Unsigned: {
-        const bool isSigned = item.kind == Kind::Signed;
-        switch (item.size) {
-        case Size::Long:
-        case Size::LongLong:
-            value.integer = va_arg(args.list, long);
-            break;
-        default: {
-            const int taken = va_arg(args.list, int);
-            if (item.size == Size::Char) {
-                value.integer =
-                    isSigned ? LONGLONG{static_cast<signed char>(taken)} : static_cast<BYTE>(taken);
-            } else if (item.size == Size::Short) {
-                value.integer = isSigned ? LONGLONG{static_cast<SHORT>(taken)} : static_cast<WORD>(taken);
-            } else {
-                value.integer = isSigned ? LONGLONG{taken} : LONGLONG{static_cast<UINT>(taken)};
-            }
-        }
-        }
+    case Kind::Unsigned:
+        return item.size == Size::Long || item.size == Size::LongLong ? args.Next<long>() : args.Next<int>();
+    case Kind::Real:
+        return item.size == Size::LongDouble ? args.Next<long double>() : args.Next<double>();
+    case Kind::NarrowChar:
+    case Kind::WideChar:
+        return args.Next<int>();
+    case Kind::NarrowText:
+        return args.Next<const char*>();
+    case Kind::WideText:
+        return args.Next<const WCHAR*>();
+    case Kind::Pointer:
+    case Kind::Count:
+        return args.Next<const void*>();
+    case Kind::Unknown:
         break;
     }
+    return {};
+}
+
+long double RealOf(const FormatArgument& argument)
+{
+    if (argument.GetType() == Type::real) return argument.Real();
+    const LONGLONG integer = argument.Integer();
+    return argument.IsSigned() ? static_cast<long double>(integer)
+                               : static_cast<long double>(static_cast<DWORDLONG>(integer));
+}
+
+LONGLONG IntegerOf(const FormatArgument& argument)
+{
+    if (argument.GetType() != Type::real) return argument.Integer();
+    constexpr long double limit = 0x1p63L;
+    const long double real = argument.Real();
+    return real >= -limit && real < limit ? static_cast<LONGLONG>(real) : 0; // and for what is no number
+}
+
+// An integer of so many bits, seen with or without a sign.
+LONGLONG OfBits(LONGLONG value, int bits, bool isSigned)
+{
+    const auto up = static_cast<DWORDLONG>(value) << (64 - bits);
+    return isSigned ? static_cast<LONGLONG>(up) >> (64 - bits) : static_cast<LONGLONG>(up >> (64 - bits));
+}
+
+int BitsOf(Size size, const FormatArgument& argument)
+{
+    if (size == Size::Char) return 8;
+    if (size == Size::Short) return 16;
+    return size == Size::LongLong || argument.GetType() != Type::integer ? 64 : argument.Bits();
+}
+
+// A text of the width that it has; without a type, of the width of the letter. Numbers are written.
+Value TextOf(Kind kind, const FormatArgument& argument)
+{
+    Value value;
+    switch (argument.GetType()) {
+    case Type::integer:
+        value.kind = argument.IsSigned() ? Kind::Signed : Kind::Unsigned;
+        value.integer = OfBits(argument.Integer(), argument.Bits(), argument.IsSigned());
+        break;
+    case Type::real:
+        value.kind = Kind::Real;
+        value.real = argument.Real();
+        break;
+    case Type::narrow:
+    case Type::wide:
+        kind = argument.GetType() == Type::narrow ? Kind::NarrowText : Kind::WideText;
+        [[fallthrough]];
+    default:
+        value.kind = kind;
+        value.pointer = argument.Pointer();
+    }
+    return value;
+}
+
+template <class Ch>
+Value Take(const Item<Ch>& item, FormatSource& args)
+{
+    const FormatArgument argument = Next(item, args);
+    Value value;
+    value.kind = item.kind;
+    switch (item.kind) {
+    case Kind::Signed:
+    case Kind::Unsigned:
+        value.integer = OfBits(IntegerOf(argument), BitsOf(item.size, argument), item.kind == Kind::Signed);
+        break;
     case Kind::Real:
-        if (item.size == Size::LongDouble) {
-            value.real = va_arg(args.list, long double);
-        } else {
-            value.real = va_arg(args.list, double);
-        }
+        value.real = RealOf(argument);
         break;
     case Kind::NarrowChar:
     case Kind::WideChar:
-        value.character = static_cast<WCHAR>(va_arg(args.list, int));
+        value.integer = IntegerOf(argument);
         break;
     case Kind::NarrowText:
-        value.pointer = value.narrow = va_arg(args.list, const char*);
-        break;
     case Kind::WideText:
-        value.pointer = value.wide = va_arg(args.list, const WCHAR*);
-        break;
+        return TextOf(item.kind, argument);
     case Kind::Pointer:
-    case Kind::Count:
-        value.pointer = va_arg(args.list, const void*);
+        value.pointer = reinterpret_cast<const void*>(static_cast<std::intptr_t>(argument.Integer()));
         break;
-    case Kind::Unknown:
+    default:
         break;
     }
     return value;
@@ -263,7 +321,7 @@ int BoundedLength(const Ch* p, int most)
 }
 
 template <class Ch, class Visitor>
-void WalkFormat(const Ch* format, Arguments& args, Visitor& visitor)
+void WalkFormat(const Ch* format, FormatSource args, Visitor& visitor)
 {
     for (const Ch* p = format; *p;) {
         if (*p != '%' || p[1] == '%') {
@@ -310,7 +368,7 @@ struct Meter {
         const int precision = item.hasPrecision ? item.precision : 0;
         const LONGLONG asked = LONGLONG{item.width} + precision;
         LONGLONG length = 0;
-        switch (item.kind) {
+        switch (value.kind) {
         case Kind::Signed:
         case Kind::Unsigned:
         case Kind::Pointer:
@@ -339,14 +397,14 @@ struct Meter {
         const std::less_equal<const void*> notAbove;
         readsBuffer |= notAbove(buffer.begin, value.pointer) && notAbove(value.pointer, buffer.end);
         const int most = precision > 0 ? precision : -1;
-        return value.narrow ? BoundedLength(value.narrow, most) : BoundedLength(value.wide, most);
+        return value.kind == Kind::NarrowText ? BoundedLength(value.narrow(), most)
+                                              : BoundedLength(value.wide(), most);
     }
 };
 
 template <class Ch>
-FormatRoom Measure(const Ch* format, va_list list, BufferRange<Ch> buffer)
+FormatRoom Measure(const Ch* format, const FormatSource& args, BufferRange<Ch> buffer)
 {
-    Arguments args(list);
     const Ch* formatEnd = format + TextLength(format);
     Meter<Ch> meter{formatEnd, buffer};
     WalkFormat(format, args, meter);
@@ -368,7 +426,7 @@ struct Writer {
     void Put(const From* p, std::size_t n)
     {
         const std::size_t fits = std::min(n, Room());
-        std::transform(p, p + fits, out.begin + length, [](From c) {
+        std::transform(p, p + fits, out.begin + std::min(length, All()), [](From c) {
             if constexpr (sizeof(From) < sizeof(Ch))
                 return static_cast<Ch>(static_cast<BYTE>(c));
             else
@@ -376,46 +434,47 @@ struct Writer {
         });
         length += n;
     }
-    void Fill(std::size_t n)
+    void Fill(std::size_t n, char with = ' ')
     {
-        std::fill_n(out.begin + length, std::min(n, Room()), static_cast<Ch>(' '));
+        std::fill_n(out.begin + std::min(length, All()), std::min(n, Room()), static_cast<Ch>(with));
         length += n;
     }
-    std::size_t Room() const
-    {
-        const auto all = static_cast<std::size_t>(out.end - out.begin);
-        return length < all ? all - length : 0;
-    }
+    std::size_t All() const { return static_cast<std::size_t>(out.end - out.begin); }
+    std::size_t Room() const { return All() - std::min(length, All()); }
 
     void Plain(const Ch* from, const Ch* to) { Put(from, static_cast<std::size_t>(to - from)); }
 
     void Convert(const Ch* percent, const Item<Ch>& item, const Value& value)
     {
-        switch (item.kind) {
+        switch (value.kind) {
         case Kind::Unknown:
             return Plain(percent, item.end);
         case Kind::Count:
             return;
         case Kind::Signed:
         case Kind::Unsigned:
-            return Number(item, "ll", value.integer);
+            return Integer(item, value);
         case Kind::Pointer:
-            return Number(item, "", value.pointer);
-        case Kind::Real:
-            if (item.size == Size::LongDouble) return Number(item, "L", value.real);
-            return Number(item, "", static_cast<double>(value.real));
+            return Runtime(item, "", 'p', value.pointer);
+        case Kind::Real: {
+            const char letter = item.kind == Kind::Real ? item.letter : 'g';
+            if (item.size == Size::LongDouble) return Runtime(item, "L", letter, value.real);
+            return Runtime(item, "", letter, static_cast<double>(value.real));
+        }
         case Kind::NarrowChar: {
-            const char one = static_cast<char>(value.character);
+            const char one = static_cast<char>(value.integer);
             return Narrow(item, {&one, 1});
         }
-        case Kind::WideChar:
-            return Wide(item, {&value.character, 1});
+        case Kind::WideChar: {
+            const WCHAR one = static_cast<WCHAR>(value.integer);
+            return Wide(item, {&one, 1});
+        }
         case Kind::NarrowText:
-            if (!value.narrow) return Narrow(item, Cut(std::string_view("(null)"), item.precision));
-            return Narrow(item, Bounded(value.narrow, item.precision));
+            if (!value.pointer) return Narrow(item, Cut(std::string_view("(null)"), item.precision));
+            return Narrow(item, Bounded(value.narrow(), item.precision));
         case Kind::WideText:
-            if (!value.wide) return Wide(item, Cut(std::u16string_view(u"(null)"), item.precision));
-            return Wide(item, Bounded(value.wide, item.precision));
+            if (!value.pointer) return Wide(item, Cut(std::u16string_view(u"(null)"), item.precision));
+            return Wide(item, Bounded(value.wide(), item.precision));
         }
     }
 
@@ -454,18 +513,52 @@ struct Writer {
         if (left) Fill(padding);
     }
 
-    // The runtime writes the numbers, with the size that the value was taken into.
-    template <class T>
-    void Number(const Item<Ch>& item, const char* size, T value)
+    void Integer(const Item<Ch>& item, const Value& value)
     {
-        const bool isPointer = item.kind == Kind::Pointer;
+        const bool isNegative = value.kind == Kind::Signed && value.integer < 0;
+        const auto bits = static_cast<DWORDLONG>(value.integer);
+        const char letter = item.kind == value.kind ? item.letter : 'd';
+        const int base = letter == 'o' ? 8 : letter == 'x' || letter == 'X' ? 16 : 10;
+        char digits[24];
+        char* const end = std::to_chars(digits, std::end(digits), isNegative ? -bits : bits, base).ptr;
+        if (letter == 'X')
+            std::transform(digits, end, digits,
+                           [](char c) { return c < 'a' ? c : static_cast<char>(c - 32); });
+        std::string_view number(digits, static_cast<std::size_t>(end - digits));
+        if (item.precision == 0 && value.integer == 0) number = {};
+
+        std::string_view prefix;
+        if (value.kind == Kind::Signed) prefix = isNegative ? "-" : item.plus ? "+" : item.blank ? " " : "";
+        if (item.hashes && base == 16 && value.integer != 0) prefix = letter == 'x' ? "0x" : "0X";
+        const auto missing = [&](LONGLONG wanted, std::size_t there) {
+            return static_cast<std::size_t>(std::max(wanted - static_cast<LONGLONG>(there), LONGLONG{0}));
+        };
+        std::size_t zeros = missing(item.precision, number.size());
+        if (item.hashes && base == 8 && zeros == 0 && !number.starts_with('0')) zeros = 1;
+        const auto width = std::abs(LONGLONG{item.width});
+        const bool left = item.left || item.width < 0;
+        if (item.zero && !left && item.precision < 0)
+            zeros = std::max(zeros, missing(width, prefix.size() + number.size()));
+        const std::size_t padding = missing(width, prefix.size() + zeros + number.size());
+        if (!left) Fill(padding);
+        Put(prefix.data(), prefix.size());
+        Fill(zeros, '0');
+        Put(number.data(), number.size());
+        if (left) Fill(padding);
+    }
+
+    // The runtime writes reals and pointers, with the size that the value was taken into.
+    template <class T>
+    void Runtime(const Item<Ch>& item, const char* size, char letter, T value)
+    {
+        const bool isPointer = letter == 'p';
         std::string spec = "%";
         if (item.left) spec += '-';
-        if (item.plus && !isPointer && item.kind != Kind::Unsigned) spec += '+';
-        if (item.blank && !isPointer && item.kind != Kind::Unsigned) spec += ' ';
+        if (item.plus && !isPointer) spec += '+';
+        if (item.blank && !isPointer) spec += ' ';
         if (item.zero && !isPointer) spec += '0';
-        if (item.hashes && !isPointer && item.kind != Kind::Signed) spec += '#';
-        spec.append("*.*").append(size) += item.letter;
+        if (item.hashes && !isPointer) spec += '#';
+        spec.append("*.*").append(size) += letter;
         const int width = std::max(item.width, -INT_MAX);
         const int precision = isPointer ? -1 : item.precision;
         char text[128];
@@ -479,9 +572,8 @@ struct Writer {
 };
 
 template <class Ch>
-int Write(BufferRange<Ch> out, const Ch* format, va_list list)
+int Write(BufferRange<Ch> out, const Ch* format, const FormatSource& args)
 {
-    Arguments args(list);
     Writer<Ch> writer{out};
     WalkFormat(format, args, writer);
     return CountedLength(writer.length);
@@ -489,18 +581,21 @@ int Write(BufferRange<Ch> out, const Ch* format, va_list list)
 
 } // namespace
 
-FormatRoom MeasureFormat(const char* format, va_list args, BufferRange<char> buffer)
+FormatRoom MeasureFormat(const char* format, const FormatSource& source, BufferRange<char> buffer)
 {
-    return Measure(format, args, buffer);
+    return Measure(format, source, buffer);
 }
-FormatRoom MeasureFormat(const WCHAR* format, va_list args, BufferRange<WCHAR> buffer)
+FormatRoom MeasureFormat(const WCHAR* format, const FormatSource& source, BufferRange<WCHAR> buffer)
 {
-    return Measure(format, args, buffer);
+    return Measure(format, source, buffer);
 }
-int WriteFormat(BufferRange<char> out, const char* format, va_list args) { return Write(out, format, args); }
-int WriteFormat(BufferRange<WCHAR> out, const WCHAR* format, va_list args)
+int WriteFormat(BufferRange<char> out, const char* format, const FormatSource& source)
 {
-    return Write(out, format, args);
+    return Write(out, format, source);
+}
+int WriteFormat(BufferRange<WCHAR> out, const WCHAR* format, const FormatSource& source)
+{
+    return Write(out, format, source);
 }
 
 } // namespace corekit::detail
