@@ -71,9 +71,13 @@ public:
     bool IsSigned() const { return m_isSigned; }
     int Bits() const { return m_bits; } // of an integer, at least 32
     // By its sign to 64 bits; for a pointer, its address.
-    std::int64_t Integer() const { return m_type == Type::integer ? m_integer : Address(); }
+    std::int64_t Integer() const { return m_integer; }
     long double Real() const { return m_real; }
-    const void* Pointer() const { return m_type < Type::pointer ? nullptr : m_pointer; }
+    const void* Pointer() const
+    {
+        return m_type < Type::pointer ? nullptr
+                                      : reinterpret_cast<const void*>(static_cast<std::intptr_t>(m_integer));
+    }
 
 private:
     template <class T>
@@ -87,7 +91,7 @@ private:
     void SetPointer(Type type, const volatile void* pointer)
     {
         m_type = type;
-        m_pointer = const_cast<const void*>(pointer);
+        m_integer = reinterpret_cast<std::intptr_t>(pointer);
     }
     template <class T>
     static constexpr Type TypeOfText()
@@ -97,16 +101,11 @@ private:
             return sizeof(T) == 1 ? Type::narrow : Type::pointer;
         return Type::pointer;
     }
-    std::int64_t Address() const { return reinterpret_cast<std::intptr_t>(Pointer()); }
-
     Type m_type = Type::none;
     bool m_isSigned = false;
     unsigned char m_bits = 32;
-    union {
-        std::int64_t m_integer;
-        long double m_real = 0;
-        const void* m_pointer;
-    };
+    std::int64_t m_integer = 0; // also a pointer's address
+    long double m_real = 0;
 };
 
 using FormatArguments = std::span<const FormatArgument>;
