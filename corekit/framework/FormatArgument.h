@@ -64,9 +64,6 @@ public:
         }
     }
 
-    // A pointer of a type that is known elsewhere.
-    FormatArgument(Type type, const void* pointer) { SetPointer(type, pointer); }
-
     Type GetType() const { return m_type; }
     bool IsSigned() const { return m_isSigned; }
     int Bits() const { return m_bits; } // of an integer, at least 32
@@ -101,6 +98,7 @@ private:
             return sizeof(T) == 1 ? Type::narrow : Type::pointer;
         return Type::pointer;
     }
+
     Type m_type = Type::none;
     bool m_isSigned = false;
     unsigned char m_bits = 32;
