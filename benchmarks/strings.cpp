@@ -1,8 +1,10 @@
 // The wide string beside the strings of Qt, ICU and the standard library, on lines of mixed text.
+#include "corekit/foundation/StringA.h"
 #include "corekit/foundation/StringW.h"
 #include "workload.h"
 
 #include <benchmark/benchmark.h>
+#include <cstdio>
 #include <QString>
 #include <thread>
 #include <unicode/unistr.h>
@@ -147,6 +149,37 @@ void Find(benchmark::State& state)
     Done(state, units * needles.size());
 }
 
+// A line with a text, a number and eight hexadecimal digits.
+void FormatHere(benchmark::State& state)
+{
+    StringA text;
+    for (int i = 0; auto _ : state) {
+        text.Format("%s %d of %08X", "a short text", ++i, 77u);
+        benchmark::DoNotOptimize(text);
+    }
+    Done(state, 1);
+}
+
+void FormatQt(benchmark::State& state)
+{
+    QString text;
+    for (int i = 0; auto _ : state) {
+        text = QString::asprintf("%s %d of %08X", "a short text", ++i, 77u);
+        benchmark::DoNotOptimize(text);
+    }
+    Done(state, 1);
+}
+
+void FormatRuntime(benchmark::State& state)
+{
+    char text[128];
+    for (int i = 0; auto _ : state) {
+        std::snprintf(text, sizeof text, "%s %d of %08X", "a short text", ++i, 77u);
+        benchmark::DoNotOptimize(std::string(text));
+    }
+    Done(state, 1);
+}
+
 template <class S>
 void Register(const std::string& name)
 {
@@ -169,6 +202,9 @@ int main(int argc, char** argv)
     Register<QtText>("qt6_qstring");
     Register<Icu>("icu_unicode_string");
     Register<Std>("std_u16string");
+    benchmark::RegisterBenchmark("strings/format/corekit", FormatHere);
+    benchmark::RegisterBenchmark("strings/format/qt6_qstring", FormatQt);
+    benchmark::RegisterBenchmark("strings/format/c_runtime", FormatRuntime);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }
