@@ -121,8 +121,10 @@ TEST(WinThread, OneThatCannotStartIsNotThere)
                   if (AfxBeginThread(work, nullptr, 0, hugeStack)) return 1;
                   if (GetLastError() != ERROR_NOT_ENOUGH_MEMORY) return 2;
                   CWinThread thread(work, nullptr);
+                  thread.m_bAutoDelete = FALSE;
                   if (thread.CreateThread(0, hugeStack)) return 3;
-                  return thread.CreateThread() ? 7 : 4; // it may be tried again
+                  if (!thread.CreateThread()) return 4; // it may be tried again
+                  return WaitForSingleObject(thread.m_hThread, 10'000) == WAIT_OBJECT_0 ? 7 : 5;
               }),
               7);
 }

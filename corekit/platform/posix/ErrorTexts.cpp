@@ -11,6 +11,7 @@
 #include "corekit/platform/Overlapped.h"
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/Registry.h"
+#include "corekit/platform/Resources.h"
 #include "corekit/platform/Services.h"
 #include "corekit/platform/Sockets.h"
 #include "corekit/platform/Storage.h"
@@ -102,6 +103,7 @@ constexpr TextRow kTexts[] = {
     {ERROR_INVALID_KEYBOARD_HANDLE, "The keyboard layout does not exist."},
     {ERROR_TIMEOUT, "The time allowed for the operation ran out."},
     {ERROR_RESOURCE_DATA_NOT_FOUND, "The file holds no such resource."},
+    {ERROR_RESOURCE_NAME_NOT_FOUND, "The module has no resource of this name."},
     {ERROR_NOT_ENOUGH_QUOTA, "The queue holds as much as it may."},
     {ERROR_CANT_RESOLVE_FILENAME, "The name leads through too many links."},
     {WSAEINTR, "The call on the socket was broken off."},
