@@ -1,0 +1,202 @@
+#include "corekit/platform/qt/controls/ImageListObject.h"
+#include "corekit/platform/qt/controls/ListView.h"
+
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace corekit::detail {
+
+namespace {
+
+QColor colourOf(COLORREF c)
+{
+    return QColor(static_cast<int>(c & 0xFF), static_cast<int>(c >> 8 & 0xFF),
+                  static_cast<int>(c >> 16 & 0xFF));
+}
+COLORREF documentedColour(const QColor& c)
+{
+    return RGB(static_cast<BYTE>(c.red()), static_cast<BYTE>(c.green()), static_cast<BYTE>(c.blue()));
+}
+
+} // namespace
+
+LRESULT ListView::places(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message < LVM_GETBKCOLOR || message > LVM_SETITEMTEXTW)
+        return Control::defaultProcedure(message, wParam, lParam);
+    m_model.publish();
+    const int row = static_cast<int>(wParam);
+    switch (message) {
+    case LVM_GETITEMRECT:
+        return lParam ? itemRect(row, -1, *reinterpret_cast<RECT*>(lParam)) : 0;
+    case LVM_GETSUBITEMRECT: {
+        auto* const rect = reinterpret_cast<RECT*>(lParam);
+        return rect ? itemRect(row, rect->top, *rect) : 0;
+    }
+    case LVM_HITTEST:
+    case LVM_SUBITEMHITTEST:
+        return lParam ? hitTest(*reinterpret_cast<LVHITTESTINFO*>(lParam), message == LVM_SUBITEMHITTEST)
+                      : -1;
+    case LVM_ENSUREVISIBLE:
+        if (!m_model.has(row)) return 0;
+        view()->scrollTo(m_model.index(row, 0));
+        return 1;
+    case LVM_SCROLL:
+        view()->horizontalScrollBar()->setValue(view()->horizontalScrollBar()->value() + row);
+        view()->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+        view()->verticalScrollBar()->setValue(view()->verticalScrollBar()->value() +
+                                              static_cast<int>(lParam));
+        return 1;
+    case LVM_REDRAWITEMS:
+        m_model.changed(row, static_cast<int>(lParam));
+        return 1;
+    case LVM_UPDATE:
+        m_model.changed(row, row);
+        return m_model.has(row);
+    case LVM_GETTOPINDEX:
+        return report() ? std::max(0, view()->indexAt({1, 1}).row()) : 0;
+    case LVM_GETCOUNTPERPAGE: {
+        const int height = std::max(1, view()->sizeHintForRow(0));
+        return report() ? view()->viewport()->height() / height : m_model.count();
+    }
+    case LVM_GETSTRINGWIDTHA:
+        return view()->fontMetrics().horizontalAdvance(textFrom(reinterpret_cast<const char*>(lParam)));
+    case LVM_GETSTRINGWIDTHW:
+        return view()->fontMetrics().horizontalAdvance(textFrom(reinterpret_cast<const WCHAR*>(lParam)));
+    default:
+        return looks(message, wParam, lParam);
+    }
+}
+
+LRESULT ListView::looks(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case LVM_SETIMAGELIST: {
+        if (wParam > LVSIL_STATE) return 0;
+        const HIMAGELIST former = std::exchange(m_images[wParam], reinterpret_cast<HIMAGELIST>(lParam));
+        const bool isIcons = (style() & LVS_TYPEMASK) == LVS_ICON;
+        if (const QSize size = iconSizeOf(m_images[isIcons ? LVSIL_NORMAL : LVSIL_SMALL]); !size.isEmpty())
+            view()->setIconSize(size);
+        view()->doItemsLayout();
+        return reinterpret_cast<LRESULT>(former);
+    }
+    case LVM_GETIMAGELIST:
+        return wParam <= LVSIL_STATE ? reinterpret_cast<LRESULT>(m_images[wParam]) : 0;
+    case LVM_SETEXTENDEDLISTVIEWSTYLE:
+        return setExtendedStyle(wParam ? static_cast<DWORD>(wParam) : ~DWORD{0}, static_cast<DWORD>(lParam));
+    case LVM_GETEXTENDEDLISTVIEWSTYLE:
+        return m_extended;
+    case LVM_SETBKCOLOR:
+        return setColour(QPalette::Base, m_back, lParam);
+    case LVM_SETTEXTCOLOR:
+        return setColour(QPalette::Text, m_text, lParam);
+    case LVM_SETTEXTBKCOLOR:
+        m_textBack = static_cast<COLORREF>(lParam); // text stands on the rows' own colour
+        return 1;
+    case LVM_GETBKCOLOR:
+        return documentedColour(view()->palette().color(QPalette::Base));
+    case LVM_GETTEXTCOLOR:
+        return documentedColour(view()->palette().color(QPalette::Text));
+    case LVM_GETTEXTBKCOLOR:
+        return m_textBack;
+    case LVM_EDITLABELA:
+        if (!(style() & LVS_EDITLABELS) || !m_model.has(static_cast<int>(wParam))) return 0;
+        view()->edit(m_model.index(static_cast<int>(wParam), 0));
+        return reinterpret_cast<LRESULT>(m_labels.editor());
+    case LVM_GETEDITCONTROL:
+        return reinterpret_cast<LRESULT>(m_labels.editor());
+    default:
+        return Control::defaultProcedure(message, wParam, lParam);
+    }
+}
+
+LRESULT ListView::setColour(QPalette::ColorRole role, COLORREF& kept, LPARAM colour)
+{
+    kept = static_cast<COLORREF>(colour);
+    QPalette palette = view()->palette();
+    if (kept == CLR_DEFAULT || kept == CLR_NONE)
+        palette.setBrush(role, QGuiApplication::palette().brush(role));
+    else
+        palette.setColor(role, colourOf(kept));
+    view()->setPalette(palette);
+    return 1;
+}
+
+LRESULT ListView::setExtendedStyle(DWORD mask, DWORD style)
+{
+    const DWORD former = m_extended;
+    m_extended = (m_extended & ~mask) | (style & mask);
+    m_model.showsMarks = m_extended & LVS_EX_CHECKBOXES;
+    if (m_extended & ~former & LVS_EX_CHECKBOXES)
+        for (int row = 0; row < m_model.count(); ++row)
+            if (!(m_model.stateAt(row) & LVIS_STATEIMAGEMASK))
+                m_model.stateAt(row) |= INDEXTOSTATEIMAGEMASK(1);
+    if (report()) {
+        report()->hasGrid = m_extended & LVS_EX_GRIDLINES;
+        report()->header()->setSectionsMovable(m_extended & LVS_EX_HEADERDRAGDROP);
+        report()->setAllColumnsShowFocus(m_extended & LVS_EX_FULLROWSELECT);
+    }
+    view()->doItemsLayout();
+    return former;
+}
+
+QRect ListView::rectOf(QStyle::SubElement part, const QModelIndex& index) const
+{
+    QStyleOptionViewItem option;
+    option.initFrom(view());
+    option.rect = view()->visualRect(index);
+    option.decorationSize = view()->iconSize();
+    option.features = QStyleOptionViewItem::HasDisplay;
+    option.text = m_model.textOf(index.row(), index.column());
+    option.displayAlignment = Qt::AlignLeft | Qt::AlignVCenter;
+    if (!m_model.data(index, Qt::DecorationRole).isNull())
+        option.features |= QStyleOptionViewItem::HasDecoration;
+    if (!m_model.data(index, Qt::CheckStateRole).isNull())
+        option.features |= QStyleOptionViewItem::HasCheckIndicator;
+    return view()->style()->subElementRect(part, &option, view());
+}
+
+LRESULT ListView::itemRect(int row, int column, RECT& rect) const
+{
+    if (!m_model.has(row) || column >= m_model.columnCount()) return 0;
+    const QModelIndex index = m_model.index(row, std::max(column, 0));
+    QRect place = view()->visualRect(index);
+    switch (rect.left) {
+    case LVIR_ICON:
+        place = rectOf(QStyle::SE_ItemViewItemDecoration, index);
+        break;
+    case LVIR_LABEL:
+        if (column <= 0) place = rectOf(QStyle::SE_ItemViewItemText, index);
+        break;
+    default:
+        if (column <= 0 && report()) place = report()->rowRect(index);
+        break;
+    }
+    rect = inClient(place);
+    return 1;
+}
+
+LRESULT ListView::hitTest(LVHITTESTINFO& info, bool withColumn) const
+{
+    const QPoint point = inView(info.pt);
+    const QModelIndex index = view()->indexAt(point);
+    const bool outside = !view()->viewport()->rect().contains(point);
+    info.flags = LVHT_NOWHERE;
+    info.iItem = -1;
+    info.iSubItem = 0;
+    if (!index.isValid() || outside) return -1;
+    // Without selection of whole rows only the item itself can be hit.
+    if (index.column() > 0 && !withColumn && !(m_extended & LVS_EX_FULLROWSELECT)) return -1;
+    info.iItem = index.row();
+    info.iSubItem = index.column();
+    info.flags = rectOf(QStyle::SE_ItemViewItemCheckIndicator, index).contains(point) && m_model.showsMarks
+                     ? LVHT_ONITEMSTATEICON
+                 : rectOf(QStyle::SE_ItemViewItemDecoration, index).contains(point) ? LVHT_ONITEMICON
+                                                                                    : LVHT_ONITEMLABEL;
+    return info.iItem;
+}
+
+} // namespace corekit::detail
