@@ -15,6 +15,8 @@
 #include "corekit/framework/ui/MessageMapWindow.h"
 #include "corekit/framework/ui/Wnd.h"
 #include "corekit/framework/ui/WndMessages.h"
+#include "corekit/graphics/ui/BitmapDrawCache.h"
+#include "corekit/graphics/ui/BufferDC.h"
 #include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/Caret.h"
 #include "corekit/platform/Clipboard.h"
