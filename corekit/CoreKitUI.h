@@ -13,6 +13,7 @@
 #include "corekit/framework/ui/Menu.h"
 #include "corekit/framework/ui/MessageMap.h"
 #include "corekit/framework/ui/MessageMapWindow.h"
+#include "corekit/framework/ui/WindowDC.h"
 #include "corekit/framework/ui/Wnd.h"
 #include "corekit/framework/ui/WndMessages.h"
 #include "corekit/graphics/ui/BitmapDrawCache.h"
