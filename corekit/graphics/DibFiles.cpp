@@ -231,7 +231,8 @@ void CDib::SaveDIBFile(const char* path) const
         file.write(m_data, m_dataSize))
         return;
     CException* const reason = GetLastErrorException();
+    const bool isDisk = GetFileType(file.handle()) == FILE_TYPE_DISK;
     file.close();
-    DeleteFileA(path); // half a bitmap serves nobody
+    if (isDisk) DeleteFileA(path); // half a bitmap serves nobody
     ThrowChainedException(reason, message::bitmapCreateFailed);
 }
