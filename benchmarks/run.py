@@ -20,6 +20,7 @@ GOALS = {
     "streams/memory_write": 1.2, "streams/memory_read": 1.5,
     "streams/file_write": 1.5, "streams/file_read": 1.2,
     "strings/copy": 1, "strings/find_units": 1, "strings/make": (1, "qt6_qstring"), "strings/equal": (1, "qt6_qstring"),
+    "edit/key_4_kib": 1, "edit/key_64_kib": 1, "list/fill_100000_rows": 1,
     "draw/measure": 5, "draw/raster": 1.5, "manager/start": 0.5,
     "registry/read": 2,
     "logging/flushed_line": (1.4, "spdlog"), "logging/filtered_out": 2,

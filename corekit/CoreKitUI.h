@@ -34,6 +34,7 @@
 #include "corekit/platform/Windows.h"
 #include "corekit/unicode/ui/edit/DisplayLines.h"
 #include "corekit/unicode/ui/edit/EditModel.h"
+#include "corekit/unicode/ui/edit/MultilineUnicodeEditCtl.h"
 #include "corekit/unicode/ui/edit/MultilineUnicodeEditCtlSink.h"
 #include "corekit/unicode/ui/edit/RendererRuler.h"
 #include "corekit/unicode/ui/edit/ShownRows.h"

@@ -49,6 +49,8 @@ public:
     // The font of controls, kept in the registry; size 15 of "Arial" where none is.
     void SetControlsFontDescriptor(const CFontDescriptor& font);
     void GetControlsFontDescriptor(CFontDescriptor& font);
+    // Puts a font in force in this process alone; the registry keeps its own.
+    void OverrideControlsFont(const CFontDescriptor& font) { m_controlsFont = font; }
     // What a language needs of a font. A private language (bit 0x200) needs one range of private glyphs.
     // Left as it was for a language that neither the platform nor this library knows.
     void GetLocaleFontSignature(WORD locale, CFontSignature& signature) const;

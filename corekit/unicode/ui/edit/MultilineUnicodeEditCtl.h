@@ -1,0 +1,158 @@
+// An edit window for short texts in any script: it draws and breaks its lines itself, by CUniRender.
+//
+// Return, Escape, Tab and moves past the first and last line go to a sink, so that a host can treat the
+// window as a cell in a grid. There is one level of undo: it brings back the text before the last deletion of
+// a selection or paste, and brings that away again.
+//
+// Keys: Left and Right follow the direction of the keyboard in use; Shift selects, Ctrl goes by words and to
+// the ends; Shift+Return and Ctrl+Return break the line; Ctrl+A, C, V, X, Z, Ctrl+Insert, Shift+Insert,
+// Shift+Delete and Alt+Backspace do as they do elsewhere. The host's loop must pass messages to
+// PreTranslateMessage, as the framework's does. Meant for wrapping: without it a text of several lines edits
+// at the wrong place.
+//
+// CUnicodeManager::Initialise is called by the window itself. User-interface thread only.
+#pragma once
+
+#include "corekit/foundation/StringW.h"
+#include "corekit/framework/ui/Wnd.h"
+#include "corekit/unicode/ui/edit/EditModel.h"
+#include "corekit/unicode/ui/edit/RendererRuler.h"
+#include "corekit/unicode/ui/edit/ShownRows.h"
+#include "corekit/unicode/ui/FontDescriptor.h"
+#include "corekit/unicode/ui/UniRender.h"
+
+#include <chrono>
+
+class CMultilineUnicodeEditCtlSink;
+class CUnicodeManager;
+
+class COREKIT_API CMultilineUnicodeEditCtl : public CWnd {
+    DECLARE_DYNAMIC(CMultilineUnicodeEditCtl)
+public:
+    CMultilineUnicodeEditCtl();
+    ~CMultilineUnicodeEditCtl() override;
+
+    // A child, visible, with a vertical scroll bar and a tab stop. Throws CChainedException if its fonts
+    // cannot be made.
+    BOOL Create(CWnd* parent, unsigned id, const CRect& rect);
+
+    void SetString(const WCHAR* text); // lines end with \n; cursor and selection stay as far as they can
+    StringW GetString() const { return m_model.Text(); }
+    // Puts text in the place of the selection and of one more character behind it. Nothing without one.
+    void ReplaceSel(const WCHAR* text);
+    // To the clipboard; 0 without a selection.
+    int CopySelectedText();
+    void MoveCursorToEnd();
+
+    // The text of a CFontDescriptor. Throws CChainedException for a face that the machine does not have.
+    void SetFontData(const char* combinedFont, int bold, int italic);
+    int GetTextHeight(); // of a line, in pixels
+    void SetColours(COLORREF text, COLORREF back);
+    void SetWrap(int wrap);
+    // Characters; the text is cut to that, to nothing by 0, which then limits no typing. Pastes may exceed
+    // it.
+    void SetLimitText(short limit);
+    void SetMakeUpper(int upper); // what is typed from here on, and all that is there
+    // Both show at the next paint. Alignment: 0 left, 1 centred, 2 right.
+    void SetBorder(int border);
+    void SetAlignment(int alignment);
+    void SetInitialHighlightOff(); // else all is selected when the window gets the focus
+
+    // Not owned, one at a time; the window lets go of it when it is destroyed.
+    void RegisterSink(CMultilineUnicodeEditCtlSink* sink) { m_sink = sink; }
+    void RevokeSink() { m_sink = nullptr; }
+
+    BOOL PreTranslateMessage(MSG* message) override;
+
+    // What the window knows of its text, for hosts that show where the cursor is.
+    const corekit::detail::EditModel& GetModel() const { return m_model; }
+
+    static CString m_strClassName; // of the window class
+
+protected:
+    int OnCreate(CREATESTRUCTA* create);
+    void OnDestroy();
+    void OnSize(UINT how, int width, int height);
+    void OnSetFocus(CWnd* before);
+    void OnKillFocus(CWnd* next);
+    UINT OnGetDlgCode();
+
+    void OnPaint();
+    void DrawStringPortion(HDC dc, StringW& text, int selected, const CRect& rect, CArray<int, int>& types);
+
+    void OnChar(UINT character, UINT repeat, UINT flags);
+    void OnKeyDown(UINT key, UINT repeat, UINT flags);
+    void OnSysKeyDown(UINT key, UINT repeat, UINT flags);
+    void OnCCopy();
+    void OnCCut();
+    void OnCPaste();
+
+    void OnLButtonDown(UINT flags, CPoint point);
+    void OnMouseMove(UINT flags, CPoint point);
+    void OnLButtonUp(UINT flags, CPoint point);
+    void OnLButtonDblClk(UINT flags, CPoint point);
+    void OnVScroll(UINT code, UINT position, CScrollBar* bar);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    using Sink = CMultilineUnicodeEditCtlSink;
+    using Action = void (CMultilineUnicodeEditCtl::*)();
+    struct KeyRow;
+    static const KeyRow keyRows[];
+
+    void MakeRenderers(const CFontDescriptor& font, int bold, int italic);
+    // Takes account of what may have changed outside: size, font, settings.
+    void LookAround();
+    // After the text has changed; after the cursor or the selection has.
+    void TextChanged();
+    void CursorMoved();
+    void UpdateScrollBar();
+    void PaintRows(HDC dc, const CRect& frame, const RECT& invalid);
+    void PaintRow(HDC dc, const CRect& frame, int top, corekit::detail::EditRow& row);
+    bool RunKey(UINT key);
+    bool IsSecondPress(CPoint point);
+    void OfferSelection();
+
+    // What keys do.
+    void DoBackspace();
+    void DoDelete();
+    void OnSoftReturn();
+    void OnHardReturn();
+    void DoCursorLeft();
+    void DoCursorRight();
+    void DoCursorUp();
+    void DoCursorDown();
+    void DoCursorHome();
+    void DoCursorEnd(int toEnd);
+    void DoCursorEndKey() { DoCursorEnd(0); }
+    void CopyKey() { CopySelectedText(); }
+    void CutSelectedText();
+    void PasteText();
+    void SelectAllText();
+    void UndoChanges();
+    void TellReturn();
+    void TellEscape();
+    void TellTab();
+    void IgnoreKey() {}
+
+    Sink* m_sink = nullptr;
+    CUnicodeManager* m_manager = nullptr;
+    CUniRender m_measureRenderer, m_paintRenderer; // one for layout, so that it never disturbs a paint
+    corekit::detail::RendererRuler m_ruler{m_measureRenderer};
+    corekit::detail::EditModel m_model{m_ruler};
+    corekit::detail::ShownRows m_shown;
+    corekit::detail::EditRow m_row; // scratch
+    StringW m_portion, m_glyphs;    // scratch
+    CArray<int, int> m_portionTypes;
+    CFontDescriptor m_font;
+    COLORREF m_textColour = 0, m_backColour = 0xFFFFFF;
+    HACCEL m_accelerators = nullptr;
+    int m_textHeight = 0; // 0: to be measured
+    int m_bold = 0, m_italic = 0;
+    bool m_caretShown = false;
+    bool m_dragging = false;
+    bool m_inPaint = false;
+    bool m_highlightsAtFocus = true;
+    std::chrono::steady_clock::time_point m_pressTime; // of the last press, to tell a double click
+    CPoint m_pressPoint;
+};
