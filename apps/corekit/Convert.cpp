@@ -1,5 +1,6 @@
 // corekit convert: text from one code page to another, a part at a time.
 #include "Commands.h"
+#include "OutputFile.h"
 #include "Terminal.h"
 
 #include "corekit/platform/CodePages.h"
@@ -134,7 +135,7 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 
 class Conversion {
 public:
-    Conversion(const Wish& wish, std::FILE* in, std::FILE* out)
+    Conversion(const Wish& wish, std::FILE* in, OutputFile* out)
         : m_wish(wish), m_from(CodePageFrom(wish.from)), m_to(CodePageFrom(wish.to)), m_in(in), m_out(out)
     {
         if (m_to == CP_ISCII89) throw std::runtime_error("ISCII-89 can be read, but not written");
@@ -174,8 +175,8 @@ private:
         StringA result;
         if (!Write(m_to, units, result) && !m_wish.replaces) ComplainOfUnits(units);
         const auto size = static_cast<std::size_t>(result.GetLength());
-        if (std::fwrite(static_cast<const char*>(result), 1, size, m_out) != size)
-            FailAt(m_wish.out.empty() ? "standard output" : m_wish.out);
+        const std::string_view text(static_cast<const char*>(result), size);
+        m_out ? m_out->Write(text) : PrintBytes(text);
         CountLines(units, units.GetLength());
     }
 
@@ -217,8 +218,8 @@ private:
     int m_from;
     int m_to;
     std::FILE* m_in;
-    std::FILE* m_out;
-    StringW m_kept; // the first half of a surrogate pair
+    OutputFile* m_out; // null: standard output
+    StringW m_kept;    // the first half of a surrogate pair
     std::ptrdiff_t m_line = 1;
 };
 
@@ -233,22 +234,10 @@ void Convert(const Wish& wish)
     if (!in && !wish.file.empty()) FailAt(wish.file);
     ProgressBar bar("converting", none ? 0 : static_cast<std::size_t>(size / block));
     std::FILE* const source = in ? in.get() : stdin;
-    if (wish.out.empty()) {
-        Conversion(wish, source, stdout).Run(bar);
-        if (std::fflush(stdout) != 0) FailAt("standard output");
-        return;
-    }
-    const std::string partial = wish.out + ".part";
-    try {
-        File out(std::fopen(partial.c_str(), "wb"));
-        if (!out) FailAt(partial);
-        Conversion(wish, source, out.get()).Run(bar);
-        if (std::fclose(out.release()) != 0) FailAt(wish.out);
-        fs::rename(partial, wish.out);
-    } catch (...) {
-        fs::remove(partial, none);
-        throw;
-    }
+    if (wish.out.empty()) return Conversion(wish, source, nullptr).Run(bar);
+    OutputFile out(wish.out);
+    Conversion(wish, source, &out).Run(bar);
+    out.Commit();
 }
 
 } // namespace

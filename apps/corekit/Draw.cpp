@@ -1,5 +1,6 @@
 // corekit draw: text files as pictures of prompter lines.
 #include "Commands.h"
+#include "Output.h"
 #include "Raster.h"
 #include "Terminal.h"
 #include "TextFile.h"
@@ -19,6 +20,7 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <stdexcept>
 
@@ -37,6 +39,7 @@ struct DrawOptions {
 
 constexpr int margin = 24;
 constexpr int widest = 16384, tallest = 32768; // pixels of one picture
+constexpr long long largest = 24'000'000;      // and of its area, 4 bytes each
 constexpr COLORREF paper = RGB(0, 0, 0), ink = RGB(255, 255, 255);
 
 struct Line {
@@ -44,6 +47,11 @@ struct Line {
     int width = 0;
     bool rightToLeft = false;
 };
+
+std::filesystem::path PictureOf(const DrawOptions& options, const std::string& file)
+{
+    return std::filesystem::path(options.folder) / (std::filesystem::path(file).stem().string() + ".png");
+}
 
 class Artist {
 public:
@@ -65,7 +73,7 @@ public:
         const auto tall =
             static_cast<long long>(pitch) * std::max<long long>(1, static_cast<long long>(lines.size())) +
             2 * margin;
-        if (width > widest || tall > tallest)
+        if (width > widest || tall > tallest || width * tall > largest)
             throw std::runtime_error(file + " is too large for one picture; draw it in parts or smaller");
         const Raster surface(std::max(width, 2 * margin), static_cast<int>(tall));
         Paint(surface, lines, pitch, width);
@@ -131,10 +139,8 @@ private:
 
     std::string Save(const Raster& surface, const std::string& file)
     {
-        const auto path =
-            std::filesystem::path(m_options.folder) / (std::filesystem::path(file).stem().string() + ".png");
-        if (!SaveBitmapAsPng(surface.Bitmap(), path.c_str()))
-            throw std::runtime_error("cannot write " + path.string());
+        const std::filesystem::path path = PictureOf(m_options, file);
+        if (!SaveBitmapAsPng(surface.Bitmap(), path.c_str())) FailFor(path);
         return path.string();
     }
 
@@ -155,8 +161,18 @@ void AddFontFiles(const std::string& folder)
             throw std::runtime_error("cannot read the font " + file.string());
 }
 
+void RefuseSameNames(const DrawOptions& options)
+{
+    std::map<std::filesystem::path, std::string> drawn;
+    for (const std::string& file : options.files)
+        if (const auto [other, isNew] = drawn.emplace(PictureOf(options, file), file); !isNew)
+            throw std::runtime_error(other->second + " and " + file + " would become one picture, " +
+                                     other->first.string());
+}
+
 void Draw(const DrawOptions& options)
 {
+    RefuseSameNames(options);
     if (!StartToolkit(ToolkitDisplay::offscreen))
         throw std::runtime_error("the window toolkit does not start");
     if (!options.fontFolder.empty()) AddFontFiles(options.fontFolder);
@@ -178,9 +194,9 @@ void Draw(const DrawOptions& options)
         }
     }
     const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - started;
-    for (const std::string& picture : pictures) std::puts(picture.c_str());
-    std::printf("%zu lines in %zu pictures, %.0f ms. Look into %s\n", artist.LinesDrawn(), pictures.size(),
-                took.count(), std::filesystem::absolute(options.folder).c_str());
+    for (const std::string& picture : pictures) PrintLine(picture);
+    Print("%zu lines in %zu pictures, %.0f ms. Look into %s\n", artist.LinesDrawn(), pictures.size(),
+          took.count(), std::filesystem::absolute(options.folder).c_str());
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "FontComparison.h"
 
+#include "Output.h"
 #include "Raster.h"
 
 #include "corekit/framework/Geometry.h"
@@ -140,5 +141,5 @@ void SaveWordPairs(const std::vector<WordLikeness>& words, const std::string& gl
         ours.Write(sheet, margin, i * wordHeight + baseline, word);
         platforms.Write(sheet, wordWidth + margin, i * wordHeight + baseline, word);
     }
-    if (!SaveBitmapAsPng(sheet.Bitmap(), path.c_str())) throw std::runtime_error("cannot write " + path);
+    if (!SaveBitmapAsPng(sheet.Bitmap(), path.c_str())) FailFor(path);
 }

@@ -2,6 +2,7 @@
 // write.
 #include "Commands.h"
 #include "FontComparison.h"
+#include "Output.h"
 #include "Terminal.h"
 #include "TextFile.h"
 
@@ -42,9 +43,7 @@ void Save(const std::filesystem::path& path, const std::vector<BYTE>& bytes)
 {
     std::error_code error;
     std::filesystem::create_directories(path.parent_path(), error);
-    std::ofstream file(path, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    if (!file.flush()) throw std::runtime_error("cannot write " + path.string());
+    WriteOutput(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
 }
 
 void Build(const BuildOptions& options)
@@ -60,10 +59,10 @@ void Build(const BuildOptions& options)
     const auto path = std::filesystem::path(options.folder) / (file + ".ttf");
     Save(path, built.file);
     if (options.isRegistered) RegisterGlyphFont(options.script, name);
-    std::printf("%s: %d glyph codes, %zu bytes, from %s\n", path.c_str(), built.pieces, built.file.size(),
-                options.base.c_str());
+    Print("%s: %d glyph codes, %zu bytes, from %s\n", path.c_str(), built.pieces, built.file.size(),
+          options.base.c_str());
     for (const WORD position : built.withoutPart)
-        std::printf("position %02X is left out: the face does not draw it apart\n", position);
+        Print("position %02X is left out: the face does not draw it apart\n", position);
 }
 
 void AddBuild(CLI::App& fonts)
@@ -131,7 +130,7 @@ void Compare(const CompareOptions& options)
         rows.push_back(
             {Utf8(words[i].word), std::to_string(static_cast<int>(words[i].overlap * 100)) + " %"});
     PrintTable(rows);
-    std::printf("%.1f %% of %zu words overlap by at least 70 %%\n", share, words.size());
+    Print("%.1f %% of %zu words overlap by at least 70 %%\n", share, words.size());
     if (share < options.share)
         throw std::runtime_error("fewer words are alike than the " + std::to_string(options.share) +
                                  " % asked for");

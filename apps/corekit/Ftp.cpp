@@ -1,11 +1,14 @@
 // corekit ftp: files and folders on an FTP server.
 #include "Commands.h"
 #include "FtpPlace.h"
+#include "OutputFile.h"
 #include "Terminal.h"
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/net/FtpClient.h"
 #include "corekit/platform/Files.h"
+#include "corekit/platform/HarmlessText.h"
+#include "corekit/stores/EntryPath.h"
 #include "corekit/stores/FileStream.h"
 
 #include <CLI/CLI.hpp>
@@ -33,7 +36,8 @@ struct Options {
 void Show(void*, int, const char* line)
 {
     const bool isSecret = std::string_view(line).starts_with("PASS ");
-    std::fprintf(stderr, "%s\n", isSecret ? "PASS ..." : line);
+    const std::string shown = corekit::detail::HarmlessText(line, corekit::detail::LineEnds::escaped);
+    std::fprintf(stderr, "%s\n", isSecret ? "PASS ..." : shown.c_str());
 }
 
 // A session in the place's folder.
@@ -99,12 +103,6 @@ private:
     TransferBar m_bar;
 };
 
-void Open(CFileStream& stream, const std::string& path, DWORD access, DWORD disposition)
-{
-    if (!stream.Open(path.c_str(), access, FILE_SHARE_READ, disposition, 0))
-        throw std::runtime_error(path + ": " + GetLastErrorString().GetString());
-}
-
 std::vector<std::string> Lines(Session& session, bool isLong)
 {
     CStringArray lines;
@@ -117,7 +115,7 @@ std::vector<std::string> Lines(Session& session, bool isLong)
 void List(const Options& options)
 {
     Session session(options);
-    for (const std::string& line : Lines(session, options.isLong)) std::printf("%s\n", line.c_str());
+    for (const std::string& line : Lines(session, options.isLong)) PrintLine(line);
 }
 
 // The size of a file as the usual long listing tells it; 0 when it does not.
@@ -135,23 +133,17 @@ std::uintmax_t SizeIn(const std::vector<std::string>& listing, const std::string
 // The file takes its name when it is whole.
 void GetOne(Session& session, const std::string& name, const std::string& folder, std::uintmax_t size)
 {
-    const fs::path leaf = fs::path(name).filename();
-    if (leaf.empty() || leaf == "." || leaf == "..") throw std::runtime_error(name + ": no name of a file");
-    const std::string path = (fs::path(folder) / leaf).string(), partial = path + ".part";
-    Watched file(leaf.string(), size);
-    Open(file, partial, GENERIC_READ | GENERIC_WRITE, CREATE_ALWAYS);
-    try {
-        session.Must(session->GetFileToStream(name.c_str(), file), name);
-        file.Flush();
-        file.Close();
-        fs::rename(partial, path);
-    } catch (...) {
-        std::error_code ignored;
-        file.Close();
-        fs::remove(partial, ignored);
-        throw;
-    }
-    std::printf("%s: %s\n", path.c_str(), file.Summary().c_str());
+    const std::string leaf = corekit::detail::LastPart(name);
+    if (!corekit::detail::IsInsideName(leaf)) throw std::runtime_error(name + ": no name of a file");
+    const std::string path = (fs::path(folder) / leaf).string();
+    OutputFile target(path);
+    Watched file(leaf, size);
+    target.Open(file);
+    session.Must(session->GetFileToStream(name.c_str(), file), name);
+    file.Flush();
+    file.Close();
+    target.Commit();
+    Print("%s: %s\n", path.c_str(), file.Summary().c_str());
 }
 
 void Get(const Options& options)
@@ -171,9 +163,9 @@ void Put(const Options& options)
     for (const std::string& path : options.names) {
         const std::string name = fs::path(path).filename().string();
         Watched file(name, fs::file_size(path));
-        Open(file, path, GENERIC_READ, OPEN_EXISTING);
+        if (!file.Open(path.c_str(), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, 0)) FailFor(path);
         session.Must(session->UploadStream(name.c_str(), file), path);
-        std::printf("%s: %s\n", path.c_str(), file.Summary().c_str());
+        Print("%s: %s\n", path.c_str(), file.Summary().c_str());
     }
 }
 

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "Output.h"
 
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Profiles.h"
@@ -22,7 +23,7 @@ void Get(const Options& options)
     CString value;
     if (!ini.GetString(options.section.c_str(), options.key.c_str(), value))
         throw std::runtime_error(options.file + ": no value [" + options.section + "] " + options.key);
-    std::printf("%s\n", value.GetString());
+    Print("%s\n", value.GetString());
 }
 
 void Set(const Options& options)
@@ -30,10 +31,8 @@ void Set(const Options& options)
     if (WritePrivateProfileStringA(options.section.c_str(), options.key.c_str(), options.value.c_str(),
                                    options.file.c_str()))
         return;
-    const char* reason = GetLastError() == ERROR_INVALID_PARAMETER
-                             ? "this name or value would not be read back"
-                             : "cannot be changed";
-    throw std::runtime_error(options.file + ": " + reason);
+    if (GetLastError() != ERROR_INVALID_PARAMETER) FailFor(options.file);
+    throw std::runtime_error(options.file + ": this name or value would not be read back");
 }
 } // namespace
 

@@ -1,5 +1,6 @@
 // corekit log: writes lines to a log, and shows one as it grows.
 #include "Commands.h"
+#include "Output.h"
 #include "TextFile.h"
 
 #include "corekit/foundation/ChainedException.h"
@@ -7,6 +8,7 @@
 #include "corekit/logging/LogTarget.h"
 #include "corekit/platform/Console.h"
 #include "corekit/platform/Errors.h"
+#include "corekit/platform/HarmlessText.h"
 #include "corekit/platform/Waits.h"
 
 #include <CLI/CLI.hpp>
@@ -53,7 +55,11 @@ void Write(const Options& o)
     log.SetOldLogFileDays(o.days);
     if (!log.CreateLogFile(o.Name().c_str(), o.Folder().c_str(), !o.single))
         throw std::runtime_error(o.log + ": " + GetLastErrorString().GetString());
-    const auto write = [&](const std::string& text) { log.LogMessage(level, Utf16(text).c_str()); };
+    const auto write = [&](const std::string& text) {
+        log.LogMessage(level, Utf16(text).c_str());
+        if (const DWORD reason = log.GetLossReason())
+            throw std::runtime_error(o.log + ": " + GetSystemErrorString(reason).GetString());
+    };
     if (o.texts != std::vector<std::string>{"-"}) {
         std::ranges::for_each(o.texts, write);
         return;
@@ -81,10 +87,8 @@ WORD ColourOf(DWORD level)
 std::string Harmless(const std::string& line)
 {
     const StringW wide(line.c_str());
-    std::u16string text(wide, static_cast<std::size_t>(wide.GetLength()));
-    for (char16_t& c : text)
-        if ((c < ' ' && c != '\t') || (c >= 0x7F && c < 0xA0)) c = '?';
-    return Utf8(text);
+    const std::string text = Utf8({wide, static_cast<std::size_t>(wide.GetLength())});
+    return corekit::detail::HarmlessText(text, corekit::detail::LineEnds::escaped);
 }
 
 // A line as it is to be shown.
@@ -114,7 +118,13 @@ private:
     bool m_takes = false;
 };
 
-void Show(const Shown& shown) { WriteConsoleText((shown.text + "\n").c_str(), shown.colour); }
+void Show(const Shown& shown)
+{
+    if (TerminalColumns(StandardStream::Output) > 0)
+        return WriteConsoleText((shown.text + "\n").c_str(), shown.colour);
+    PrintLine(shown.text);
+    FinishOutput();
+}
 
 void Follow(const Options& o)
 {

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "OutputFile.h"
 #include "Terminal.h"
 
 #include "corekit/foundation/ChainedException.h"
@@ -109,14 +110,14 @@ void CopyOut(IStorage* storage, const STATSTG& element, const std::filesystem::p
     const std::unique_ptr<IStream, void (*)(IStream*)> stream(opened, [](IStream* s) { s->Release(); });
     // Something that is a link already would be followed out of the folder.
     if (std::filesystem::is_symlink(target)) throw std::runtime_error(target.string() + ": is a link");
-    std::ofstream file(target, std::ios::binary);
+    OutputFile file(target);
     std::vector<char> piece(kPiece);
-    for (DWORD count = 1; count != 0 && file;) {
+    for (DWORD count = 1; count != 0;) {
         if (stream->Read(piece.data(), kPiece, &count) < 0)
             throw std::runtime_error(target.filename().string() + ": is damaged");
-        file.write(piece.data(), count);
+        file.Write({piece.data(), count});
     }
-    if (!file.flush()) throw std::runtime_error(target.string() + ": cannot be written");
+    file.Commit();
 }
 
 void Extract(const Options& options)
@@ -144,7 +145,7 @@ void Extract(const Options& options)
          });
     if (count == 0 && !options.name.empty())
         throw std::runtime_error(options.file + ": no stream " + options.name);
-    std::printf("%d streams written to %s\n", count, options.folder.c_str());
+    Print("%d streams written to %s\n", count, options.folder.c_str());
 }
 
 void Add(const Options& options)

@@ -1,22 +1,27 @@
 // corekit deflate, inflate and unzip.
 #include "Commands.h"
+#include "OutputFile.h"
 #include "Terminal.h"
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/framework/MessageBox.h"
 #include "corekit/platform/Files.h"
+#include "corekit/resources/Messages.h"
 #include "corekit/stores/Deflator.h"
 #include "corekit/stores/FileStream.h"
 #include "corekit/stores/Inflator.h"
 #include "corekit/stores/MemoryStream.h"
 #include "corekit/stores/MiniUnz.h"
+#include "corekit/stores/ZipDirectory.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <memory>
-#include <minizip/unzip.h>
 #include <stdexcept>
 
 namespace {
@@ -24,6 +29,7 @@ namespace fs = std::filesystem;
 
 constexpr std::uintmax_t largest = 0xFFFFFFFF; // bytes that a stream reaches to
 constexpr std::size_t block = 65536;
+constexpr std::uintmax_t usualSize = 1 << 30, usualRatio = 100; // of what an archive becomes
 
 // A file that moves a bar on with every block read.
 class WatchedFile : public CFileStream {
@@ -48,12 +54,6 @@ struct Files {
     std::string in, out;
 };
 
-void Open(CFileStream& stream, const std::string& path, DWORD access, DWORD disposition)
-{
-    if (!stream.Open(path.c_str(), access, FILE_SHARE_READ, disposition, 0))
-        throw std::runtime_error(path + ": " + static_cast<const char*>(GetLastErrorString()));
-}
-
 // Runs one of the two over the files. The result takes its name only when it is whole.
 template <class Work>
 void Pass(const Files& files, const char* what, Work work)
@@ -61,39 +61,34 @@ void Pass(const Files& files, const char* what, Work work)
     std::error_code unknown;
     const std::uintmax_t size = fs::file_size(files.in, unknown);
     if (!unknown && size > largest) throw std::runtime_error(files.in + ": longer than 4 GiB");
-    const std::string partial = files.out + ".part";
     WatchedFile in(what, unknown ? 0 : size);
+    if (!in.Open(files.in.c_str(), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, 0)) FailFor(files.in);
+    OutputFile target(files.out);
     CFileStream out;
-    Open(in, files.in, GENERIC_READ, OPEN_EXISTING);
-    Open(out, partial, GENERIC_READ | GENERIC_WRITE, CREATE_ALWAYS);
-    try {
-        work(in, out);
-        out.Flush();
-        out.Close();
-        fs::rename(partial, files.out);
-    } catch (...) {
-        out.Close();
-        fs::remove(partial, unknown);
-        throw;
-    }
+    target.Open(out);
+    work(in, out);
+    out.Flush();
+    out.Close();
+    target.Commit();
 }
 
 void Deflate(const Files& files)
 {
     CDeflator deflator;
     Pass(files, "deflating", [&](CStream& in, CStream& out) { deflator.Deflate(in, out); });
-    std::printf("%ju of %ju bytes, checksum %08X\n", fs::file_size(files.out), fs::file_size(files.in),
-                deflator.GetChecksum());
+    Print("%ju of %ju bytes, checksum %08X\n", fs::file_size(files.out), fs::file_size(files.in),
+          deflator.GetChecksum());
 }
 
 void Inflate(const Files& files)
 {
     Pass(files, "inflating", [](CStream& in, CStream& out) { CInflator().Inflate(in, out); });
-    std::printf("%ju bytes\n", fs::file_size(files.out));
+    Print("%ju bytes\n", fs::file_size(files.out));
 }
 
 struct Archive {
-    std::string file, entry, folder = ".", password;
+    std::string file, entry, folder = ".", password, passwordFile;
+    std::uintmax_t maxSize = 0;
     bool flat = false, overwrite = false;
 };
 
@@ -114,45 +109,72 @@ private:
     ProgressBar m_bar;
 };
 
-std::size_t BlocksOf(const Archive& archive)
-{
-    const std::unique_ptr<void, int (*)(unzFile)> zip(unzOpen64(archive.file.c_str()), &unzClose);
-    std::size_t blocks = 0;
-    unz_file_info64 info;
-    for (int code = zip ? unzGoToFirstFile(zip.get()) : UNZ_ERRNO; code == UNZ_OK;
-         code = unzGoToNextFile(zip.get()))
-        if (unzGetCurrentFileInfo64(zip.get(), &info, nullptr, 0, nullptr, 0, nullptr, 0) == UNZ_OK)
-            blocks += static_cast<std::size_t>((info.uncompressed_size + 8191) / 8192);
-    return blocks;
-}
-
 std::string complaints;
 int kept = 0;
 
 int Collect(CWnd*, const char* text, UINT flags)
 {
     if ((flags & MB_TYPEMASK) == MB_YESNO) return ++kept, IDNO;
-    if ((flags & MB_ICONMASK) == MB_ICONSTOP && complaints.size() < 2000)
-        complaints += (complaints.empty() ? "" : "; ") + std::string(text);
+    if ((flags & MB_ICONMASK) != MB_ICONSTOP || complaints.size() >= 2000) return IDOK;
+    const bool hasReason = LoadResourceString(message::unzipWriteFailed) == text;
+    complaints += (complaints.empty() ? "" : "; ") + std::string(text);
+    if (hasReason) complaints += std::string(": ") + static_cast<const char*>(GetLastErrorString());
     return IDOK;
+}
+
+// An archive may unpack to a gigabyte, or to a hundred times its own size, and to no more than there is room
+// for.
+void CheckSize(const Archive& archive, std::uintmax_t unpacked)
+{
+    std::error_code unknown;
+    const std::uintmax_t packed = fs::file_size(archive.file, unknown);
+    const std::uintmax_t usual = std::max(usualSize, unknown ? 0 : std::min(packed, largest) * usualRatio);
+    const std::uintmax_t most = archive.maxSize ? archive.maxSize : usual;
+    if (unpacked > most)
+        throw std::runtime_error(archive.file + ": would become " + std::to_string(unpacked) +
+                                 " bytes, more than " + std::to_string(most) + " (see --max-size)");
+    const fs::space_info room = fs::space(archive.folder, unknown);
+    if (!unknown && unpacked > room.available)
+        throw std::runtime_error(archive.folder + ": has room for " + std::to_string(room.available) +
+                                 " bytes, not " + std::to_string(unpacked));
+}
+
+// The password given, of a file's first line, or of the environment, in this order; empty for none.
+std::string PasswordFor(const Archive& archive)
+{
+    if (!archive.password.empty()) return archive.password;
+    std::string password;
+    if (!archive.passwordFile.empty()) {
+        std::ifstream file(archive.passwordFile);
+        if (!std::getline(file, password))
+            throw std::runtime_error(archive.passwordFile + ": has no password");
+        if (password.ends_with('\r')) password.pop_back();
+    } else if (const char* const variable = std::getenv("COREKIT_ZIP_PASSWORD")) {
+        password = variable;
+    }
+    return password;
 }
 
 void Unzip(const Archive& archive)
 {
-    Passage passage(archive.entry.empty() ? BlocksOf(archive) : 0);
+    const auto directory = corekit::detail::ZipDirectory::Read(archive.file);
+    if (!directory) throw std::runtime_error(archive.file + ": no zip archive");
+    const std::string password = PasswordFor(archive);
     fs::create_directories(archive.folder);
+    if (archive.entry.empty()) CheckSize(archive, directory->UnpackedSize());
+    Passage passage(archive.entry.empty() ? static_cast<std::size_t>(directory->UnpackedSize() / 8192) : 0);
     SetMessageBoxHandler(&Collect);
-    const bool done = CMiniUnz().unzip(false, passage, archive.file.c_str(),
-                                       archive.entry.empty() ? nullptr : archive.entry.c_str(),
-                                       archive.folder.c_str(), archive.flat, archive.overwrite,
-                                       archive.password.empty() ? nullptr : archive.password.c_str());
+    const bool done =
+        CMiniUnz().unzip(false, passage, archive.file.c_str(),
+                         archive.entry.empty() ? nullptr : archive.entry.c_str(), archive.folder.c_str(),
+                         archive.flat, archive.overwrite, password.empty() ? nullptr : password.c_str());
     SetMessageBoxHandler(nullptr);
     if (!complaints.empty()) throw std::runtime_error(complaints);
     if (!done)
         throw std::runtime_error(
             archive.file + (archive.entry.empty() ? ": no zip archive" : ": no entry " + archive.entry));
-    std::printf("%ju bytes to %s\n", passage.bytes, archive.folder.c_str());
-    if (kept) std::printf("%d files were there already and stayed; --overwrite replaces them\n", kept);
+    Print("%ju bytes to %s\n", passage.bytes, archive.folder.c_str());
+    if (kept) Print("%d files were there already and stayed; --overwrite replaces them\n", kept);
 }
 
 void AddPass(CLI::App& app, const char* name, const char* text, void (*run)(const Files&))
@@ -174,7 +196,14 @@ void AddPackingCommands(CLI::App& app)
     unzip->add_option("archive", archive->file, "The archive")->required();
     unzip->add_option("entry", archive->entry, "Only this entry");
     unzip->add_option("-o,--output", archive->folder, "The folder to extract to, by default this one");
-    unzip->add_option("--password", archive->password, "For encrypted entries");
+    unzip->add_option("--password", archive->password,
+                      "For encrypted entries, for others to see in the list of processes");
+    unzip->add_option("--password-file", archive->passwordFile, "A file with the password in its first line");
+    unzip->add_option("--max-size", archive->maxSize, "Bytes that the archive may become")
+        ->transform(CLI::AsSizeValue(false));
+    unzip->footer(
+        "A password comes from COREKIT_ZIP_PASSWORD, too. Without --max-size an archive may become 1 GiB or "
+        "100 times its\nsize.");
     unzip->add_flag("--flat", archive->flat, "Leave the folders of the archive out");
     unzip->add_flag("--overwrite", archive->overwrite, "Replace files that are there already");
     unzip->callback([archive] { Unzip(*archive); });

@@ -1,5 +1,6 @@
 // corekit records: record files from the command line.
 #include "Commands.h"
+#include "Output.h"
 #include "Terminal.h"
 
 #include "corekit/foundation/ChainedException.h"
@@ -9,6 +10,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <bit>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -72,11 +74,13 @@ void Create(const Options& o)
 {
     const std::uint64_t size = std::uint64_t{o.sectorSize} * o.sectors;
     CVariableLengthRecordFile file;
-    if (size > 0xFFFFFFFF || !file.CreateFileA(o.file.c_str(), o.sectorSize, static_cast<DWORD>(size)))
-        throw std::runtime_error(o.file + " cannot be made with " + std::to_string(o.sectors) +
-                                 " sectors of " + std::to_string(o.sectorSize) +
-                                 " bytes; it must not exist, the sector size be a power "
-                                 "of two from 64 up, the sectors 17 or more");
+    const bool isPossible =
+        size <= 0xFFFFFFFF && std::has_single_bit(o.sectorSize) && o.sectorSize >= 64 && o.sectors >= 17;
+    if (!isPossible)
+        throw std::runtime_error(o.file +
+                                 ": the sector size must be a power of two from 64 up, the sectors 17 "
+                                 "or more, and both no more than 4 GiB together");
+    if (!file.CreateFileA(o.file.c_str(), o.sectorSize, static_cast<DWORD>(size))) FailFor(o.file);
     file.Close(1);
 }
 
@@ -86,7 +90,7 @@ void Add(const Options& o)
     ProgressBar bar("adding", o.sources.size());
     for (const std::string& source : o.sources) {
         const std::string content = ReadContent(source);
-        std::printf("%d\n", records->AddRecord(content.data(), static_cast<DWORD>(content.size()), 0));
+        Print("%d\n", records->AddRecord(content.data(), static_cast<DWORD>(content.size()), 0));
         bar.Advance();
     }
     records->Flush();
@@ -99,11 +103,11 @@ void Get(const Options& o)
     DWORD size = 0;
     records->GetRecord(records.Existing(o.number), data, size);
     const std::unique_ptr<void, decltype(&safe_free)> block(data, &safe_free);
-    std::FILE* const to = o.output.empty() ? stdout : std::fopen(o.output.c_str(), "wb");
-    const bool written = to && std::fwrite(data, 1, size, to) == size && std::fflush(to) == 0;
-    if (to && to != stdout) std::fclose(to);
-    if (!written)
-        throw std::runtime_error((o.output.empty() ? "standard output" : o.output) + " cannot be written");
+    const std::string_view bytes(static_cast<const char*>(data), size);
+    if (o.output.empty())
+        PrintBytes(bytes);
+    else
+        WriteOutput(o.output, bytes);
 }
 
 void Replace(const Options& o)
@@ -124,10 +128,10 @@ void Delete(const Options& o)
 void List(const Options& o)
 {
     Records records(o.file);
-    std::printf("%10s  %10s\n", "number", "bytes"); // at once: there can be millions
+    Print("%10s  %10s\n", "number", "bytes"); // at once: there can be millions
     for (int i = 0; i < records->GetRecordCount(); ++i)
-        if (const DWORD size = records->GetRecordSize(i)) std::printf("%10d  %10u\n", i, size);
-    std::printf("%d records, %d numbers\n", records->GetInUseRecordCount(), records->GetRecordCount());
+        if (const DWORD size = records->GetRecordSize(i)) Print("%10d  %10u\n", i, size);
+    Print("%d records, %d numbers\n", records->GetInUseRecordCount(), records->GetRecordCount());
 }
 
 void Check(const Options& o)
@@ -141,9 +145,9 @@ void Check(const Options& o)
 void PrintNumbers(const char* what, const std::vector<int>& numbers)
 {
     if (numbers.empty()) return;
-    std::printf("%s:", what);
-    for (const int number : numbers) std::printf(" %d", number);
-    std::printf("\n");
+    Print("%s:", what);
+    for (const int number : numbers) Print(" %d", number);
+    PrintLine("");
 }
 
 void Salvage(const Options& o)
@@ -154,8 +158,7 @@ void Salvage(const Options& o)
         bar->Advance();
     });
     bar.reset();
-    std::printf("%zu sound, %zu doubtful, %zu lost\n", done.sound.size(), done.doubtful.size(),
-                done.lost.size());
+    Print("%zu sound, %zu doubtful, %zu lost\n", done.sound.size(), done.doubtful.size(), done.lost.size());
     PrintNumbers("doubtful", done.doubtful);
     PrintNumbers("lost", done.lost);
     if (!done.doubtful.empty() || !done.lost.empty()) throw CLI::RuntimeError(faulty);

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "Output.h"
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/resources/Messages.h"
@@ -41,7 +42,7 @@ void Get(const Options& options)
     RegistryItem item;
     if (!ReadRegistryItem(Opened(key, options, KEY_READ), options.name.c_str(), item))
         Fail(options.key + ": no value \"" + options.name + "\"");
-    std::printf("%s\n", FormatRegistryValue(item).c_str());
+    PrintLine(FormatRegistryValue(item));
 }
 
 void Set(const Options& options)
@@ -62,11 +63,11 @@ void List(const Options& options)
 {
     CRegistryKey key;
     Opened(key, options, KEY_READ);
-    for (const std::string& name : RegistryKeyNames(key)) std::printf("[%s]\n", name.c_str());
+    for (const std::string& name : RegistryKeyNames(key)) Print("[%s]\n", name.c_str());
     for (const std::string& name : RegistryValueNames(key)) {
         RegistryItem item;
         if (ReadRegistryItem(key, name.c_str(), item))
-            std::printf("\"%s\" = %s\n", name.c_str(), FormatRegistryValue(item).c_str());
+            Print("\"%s\" = %s\n", name.c_str(), FormatRegistryValue(item).c_str());
     }
 }
 
@@ -92,11 +93,10 @@ void Export(const Options& options)
 {
     const std::string text = ExportRegistry(options.key);
     if (options.file.empty()) {
-        std::fwrite(text.data(), 1, text.size(), stdout);
+        PrintBytes(text);
         return;
     }
-    std::ofstream file(options.file, std::ios::binary);
-    if (!(file << text).flush()) Fail(options.file + ": cannot be written");
+    WriteOutput(options.file, text);
 }
 
 void Import(const Options& options)
@@ -104,7 +104,7 @@ void Import(const Options& options)
     std::ifstream file(options.file, std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     if (!file.is_open() || file.bad()) Fail(options.file + ": cannot be read");
-    std::printf("%d values set\n", ImportRegistry(text));
+    Print("%d values set\n", ImportRegistry(text));
 }
 } // namespace
 

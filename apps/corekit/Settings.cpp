@@ -1,9 +1,12 @@
 // corekit settings: property-store files.
 #include "Commands.h"
+#include "Output.h"
+#include "OutputFile.h"
 #include "Terminal.h"
 #include "TextFile.h"
 
 #include "corekit/platform/Files.h"
+#include "corekit/platform/ReplacedFile.h"
 #include "corekit/stores/FileStream.h"
 #include "corekit/stores/MemoryStream.h"
 #include "corekit/stores/PropertyStore.h"
@@ -34,8 +37,7 @@ std::string Shown(const StringA& text) { return Shown(StringW(static_cast<const 
 CPropertyStore Load(const std::string& file)
 {
     CFileStream stream;
-    if (!stream.Open(file.c_str(), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, 0))
-        throw std::runtime_error(file + ": cannot be opened");
+    if (!stream.Open(file.c_str(), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, 0)) FailFor(file);
     CPropertyStore store;
     store.ReadStream(stream);
     return store;
@@ -44,14 +46,13 @@ CPropertyStore Load(const std::string& file)
 // Puts the whole new file in the old one's place, so that a failure leaves that one alone.
 void Save(CPropertyStore& store, const std::string& file)
 {
-    const std::string fresh = file + ".new";
+    OutputFile out(file);
     CFileStream stream;
-    if (!stream.Open(fresh.c_str(), GENERIC_READ | GENERIC_WRITE, 0, CREATE_ALWAYS, 0))
-        throw std::runtime_error(fresh + ": cannot be created");
+    out.Open(stream);
     store.WriteStream(stream);
     stream.Flush();
     stream.Close();
-    std::filesystem::rename(fresh, file);
+    out.Commit();
 }
 
 std::string Hex(const CByteArray& bytes)
@@ -142,7 +143,7 @@ void Get(const Options& options)
     const StringA name = Narrow(options.names.back());
     if (store.GetPropertyStoreValueType(name) == ePSNone)
         throw std::runtime_error("no value '" + options.names.back() + "'");
-    std::printf("%s\n", ValueText(store, name).c_str());
+    PrintLine(ValueText(store, name));
 }
 
 int Number(const std::string& text)
@@ -205,6 +206,7 @@ void Set(const Options& given)
         throw std::runtime_error("too many nested stores");
     options.value = options.names.back();
     options.names.pop_back();
+    const corekit::detail::FileTurn turn(options.file); // another one's change is not lost
     CPropertyStore store;
     if (std::filesystem::exists(options.file)) store = CPropertyStore(Load(options.file));
     SetBelow(store, options, 0);

@@ -1,6 +1,7 @@
 // corekit shape: what becomes of a text on its way to the screen.
 #include "Commands.h"
 #include "Names.h"
+#include "Output.h"
 #include "Terminal.h"
 #include "TextFile.h"
 
@@ -13,8 +14,11 @@
 
 #include <cstdio>
 #include <memory>
+#include <stdexcept>
 
 namespace {
+
+constexpr std::size_t longest = 10000; // every row is shaped with all before it
 
 std::string GlyphList(const StringW& glyphs, int from, int to)
 {
@@ -37,6 +41,7 @@ StringW GlyphsOfPrefix(const StringW& visual, int count)
 void ShowShape(const std::string& utf8)
 {
     const std::u16string text = Utf16(utf8);
+    if (text.size() > longest) throw std::runtime_error("the text is longer than 10000 characters");
     StringW visual(text.data(), static_cast<int>(text.size()));
     CArray<int, int> order, types;
     const int level = GetBaseLevel(visual, visual.GetLength());
@@ -53,7 +58,7 @@ void ShowShape(const std::string& utf8)
                         GlyphList(glyphs, shown, glyphs.GetLength())});
         shown = glyphs.GetLength();
     }
-    std::printf("base direction: %s\n", level == 1 ? "right-to-left" : "left-to-right");
+    Print("base direction: %s\n", level == 1 ? "right-to-left" : "left-to-right");
     PrintTable(rows);
 }
 

@@ -1,7 +1,9 @@
 #include "Terminal.h"
+#include "Output.h"
 
 #include "corekit/foundation/StringW.h"
 #include "corekit/platform/Console.h"
+#include "corekit/platform/HarmlessText.h"
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 
 #include "TextFile.h"
@@ -33,6 +35,11 @@ std::string Bar(std::uintmax_t done, std::uintmax_t total)
     return "[" + std::string(filled, '#') + std::string(room - filled, '.') + "]";
 }
 
+std::string Harmless(const std::string& text)
+{
+    return corekit::detail::HarmlessText(text, corekit::detail::LineEnds::escaped);
+}
+
 std::string Amount(double bytes)
 {
     constexpr const char* units[] = {"bytes", "kB", "MB", "GB"};
@@ -46,7 +53,7 @@ std::string Amount(double bytes)
 } // namespace
 
 ProgressBar::ProgressBar(std::string what, std::size_t total)
-    : m_what(std::move(what)), m_total(total),
+    : m_what(Harmless(what)), m_total(total),
       m_visible(total > 1 && TerminalColumns(StandardStream::Error) > 0)
 {
     if (m_visible) Show();
@@ -70,7 +77,7 @@ void ProgressBar::Show()
 }
 
 TransferBar::TransferBar(std::string what, std::uintmax_t total)
-    : m_what(std::move(what)), m_total(total), m_visible(IsVisible())
+    : m_what(Harmless(what)), m_total(total), m_visible(IsVisible())
 {
 }
 
@@ -109,8 +116,11 @@ void TransferBar::Show()
                  Amount(static_cast<double>(m_done)).c_str(), Rate().c_str());
 }
 
-void PrintTable(const std::vector<std::vector<std::string>>& rows)
+void PrintTable(const std::vector<std::vector<std::string>>& given)
 {
+    std::vector<std::vector<std::string>> rows = given;
+    if (TerminalColumns(StandardStream::Output) > 0)
+        for (auto& row : rows) std::ranges::transform(row, row.begin(), Harmless);
     std::vector<std::size_t> widths;
     for (const auto& row : rows) {
         widths.resize(std::max(widths.size(), row.size()));
@@ -122,10 +132,10 @@ void PrintTable(const std::vector<std::vector<std::string>>& rows)
             line += rows[r][i];
             if (i + 1 < rows[r].size()) line += std::string(widths[i] - Columns(rows[r][i]) + 2, ' ');
         }
-        std::puts(line.c_str());
+        PrintLine(line);
         if (r > 0) continue;
         std::string rule;
         for (const std::size_t width : widths) rule += (rule.empty() ? "" : "  ") + std::string(width, '-');
-        std::puts(rule.c_str());
+        PrintLine(rule);
     }
 }

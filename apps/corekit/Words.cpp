@@ -1,9 +1,11 @@
 // corekit words: word lists from the command line.
 #include "Commands.h"
+#include "Output.h"
 #include "Terminal.h"
 #include "TextFile.h"
 
 #include "corekit/foundation/StringW.h"
+#include "corekit/framework/Exception.h"
 #include "corekit/stores/WordListFile.h"
 
 #include <CLI/CLI.hpp>
@@ -23,12 +25,21 @@ class WordList {
 public:
     explicit WordList(const std::string& name) : m_name(name)
     {
-        if (!m_list.Open(name.c_str())) throw std::runtime_error(name + " cannot be opened as a word list");
+        if (!m_list.Open(name.c_str())) FailFor(name + " cannot be opened as a word list");
     }
     CWordListFile* operator->() { return &m_list; }
+    DWORD AddWord(const WCHAR* word, DWORD id)
+    {
+        try {
+            return m_list.AddWord(word, id);
+        } catch (CNotSupportedException* e) { // the file cannot grow
+            e->Delete();
+            FailFor(m_name);
+        }
+    }
     void Flush()
     {
-        if (!m_list.Flush()) throw std::runtime_error(m_name + " cannot be written");
+        if (!m_list.Flush()) FailFor(m_name);
     }
 
 private:
@@ -39,16 +50,16 @@ private:
 void Create(const Options& o)
 {
     CWordListFile list;
-    if (!list.Create(o.file.c_str())) throw std::runtime_error(o.file + " cannot be made; it must not exist");
+    if (!list.Create(o.file.c_str())) FailFor(o.file);
 }
 
 void Add(const Options& o)
 {
     WordList list(o.file);
-    const DWORD kept = list->AddWord(Utf16(o.word).c_str(), o.id);
+    const DWORD kept = list.AddWord(Utf16(o.word).c_str(), o.id);
     if (kept == 0) throw std::runtime_error("'" + o.word + "' is not stored: it has more than 29 characters");
     list.Flush();
-    std::printf("%u\n", kept);
+    Print("%u\n", kept);
 }
 
 void Find(const Options& o)
@@ -56,7 +67,7 @@ void Find(const Options& o)
     WordList list(o.file);
     const DWORD id = list->FindWord(Utf16(o.word).c_str());
     if (id == 0) throw std::runtime_error("there is no word '" + o.word + "'");
-    std::printf("%u\n", id);
+    Print("%u\n", id);
 }
 
 void Match(const Options& o)
@@ -64,7 +75,7 @@ void Match(const Options& o)
     WordList list(o.file);
     CDWordArray ids;
     list->FindPattern(Utf16(o.word).c_str(), ids);
-    for (int i = 0; i < ids.GetSize(); ++i) std::printf("%u\n", ids[i]);
+    for (int i = 0; i < ids.GetSize(); ++i) Print("%u\n", ids[i]);
 }
 
 // Every word of a text, under the number of the line where it first stands.
@@ -81,11 +92,11 @@ void Index(const Options& o)
             if (list->FindWord(words[i]))
                 ++known;
             else
-                ++(list->AddWord(words[i], static_cast<DWORD>(line + 1)) ? added : tooLong);
+                ++(list.AddWord(words[i], static_cast<DWORD>(line + 1)) ? added : tooLong);
         }
     }
     list.Flush();
-    std::printf("%zu words added, %zu found again, %zu too long\n", added, known, tooLong);
+    Print("%zu words added, %zu found again, %zu too long\n", added, known, tooLong);
 }
 
 template <class Act>

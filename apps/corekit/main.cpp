@@ -1,12 +1,16 @@
 #include "Commands.h"
+#include "Output.h"
 
 #include "corekit/foundation/ChainedException.h"
+#include "corekit/platform/HarmlessText.h"
 #include "corekit/Version.h"
 
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
 #include <exception>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -16,20 +20,48 @@ int Complain(std::string text)
 {
     for (char& c : text)
         if (c == '\n' || c == '\r') c = ' ';
+    text = corekit::detail::HarmlessText(text, corekit::detail::LineEnds::escaped);
     std::fprintf(stderr, "corekit: %s\n", text.c_str());
     return failed;
+}
+
+// The parser takes "[a,b]" for a list of values. An argument of that look goes past it with a last byte that
+// no argument can have, and every option takes that off again: what is typed is what arrives.
+constexpr char guard = '\0';
+
+std::vector<std::string> Guarded(int argc, char** argv)
+{
+    std::vector<std::string> arguments;
+    for (int i = argc - 1; i > 0; --i) { // the last first, as the parser takes them
+        arguments.emplace_back(argv[i]);
+        if (arguments.back().starts_with('[') && arguments.back().ends_with(']')) arguments.back() += guard;
+    }
+    return arguments;
+}
+
+void Unguard(CLI::App& app)
+{
+    for (CLI::Option* option : app.get_options())
+        option->transform(CLI::Validator(
+            [](std::string& value) {
+                if (value.ends_with(guard)) value.pop_back();
+                return std::string();
+            },
+            ""));
+    for (CLI::App* command : app.get_subcommands({})) Unguard(*command);
 }
 
 int Run(CLI::App& app, int argc, char** argv)
 {
     try {
-        app.parse(argc, argv);
+        app.parse(Guarded(argc, argv));
         return 0;
     } catch (const CLI::CallForHelp&) {
-        std::fputs(app.help().c_str(), stdout);
+        PrintBytes(app.help());
         return 0;
-    } catch (const CLI::Success& request) { // --version and the like
-        return app.exit(request);
+    } catch (const CLI::CallForVersion& version) {
+        PrintLine(version.what());
+        return 0;
     } catch (const CLI::RuntimeError& told) { // the command has said all and chosen its exit code
         return told.get_exit_code();
     } catch (const CLI::ParseError& error) {
@@ -68,5 +100,12 @@ int main(int argc, char** argv)
     AddSettingsCommand(app);
     AddFtpCommand(app);
     AddConvertCommand(app);
-    return Run(app, argc, argv);
+    Unguard(app);
+    const int code = Run(app, argc, argv);
+    try {
+        FinishOutput();
+    } catch (const std::exception& error) {
+        return code == failed ? failed : Complain(error.what());
+    }
+    return code;
 }

@@ -1,6 +1,7 @@
 #include "corekit/framework/MessageBox.h"
 
 #include "corekit/framework/String.h"
+#include "corekit/platform/HarmlessText.h"
 
 #include <atomic>
 #include <cstdio>
@@ -38,7 +39,8 @@ int StockMessageBox(CWnd* parent, const char* text, UINT flags)
 {
     if (!text) text = "";
     if (const MessageBoxHandler handler = current.load()) return handler(parent, text, flags);
-    std::fprintf(stderr, "%s\n", text);
+    std::fprintf(stderr, "%s\n",
+                 corekit::detail::HarmlessText(text, corekit::detail::LineEnds::kept).c_str());
     return CautiousAnswer(flags);
 }
 

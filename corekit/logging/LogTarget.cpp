@@ -70,6 +70,12 @@ void CLogTarget::CloseLogFile()
     m_file.Close();
 }
 
+DWORD CLogTarget::GetLossReason()
+{
+    const Hold hold(*this);
+    return m_lost ? m_lostError : 0;
+}
+
 void CLogTarget::LogMessage(unsigned long level, unsigned int stringId)
 {
     if (Takes(level)) WriteMessage(static_cast<DWORD>(level), LoadResourceString(stringId));

@@ -42,6 +42,8 @@ public:
     // next day begins.
     int CreateLogFile(const char* baseName, const char* directory, int daily);
     void CloseLogFile();
+    // Why messages have been lost since the file last took one; 0 when none has.
+    DWORD GetLossReason();
 
     // The levels that are written, or-ed together; all at first.
     void SetLogMask(unsigned long mask) { m_mask.store(static_cast<DWORD>(mask), std::memory_order_relaxed); }

@@ -14,9 +14,10 @@ public:
     AppendFile& operator=(AppendFile&&) noexcept;
     ~AppendFile();
 
-    // Opens the file, or makes it, and keeps other writers out: those of this process by the rules of
-    // CreateFileA with reading shared, those of other processes that open it with this class too. False with
-    // the last error, 32 if there is a writer; what was open stays open then.
+    // Opens the file, or makes it, ends a last line that somebody was cut off in, and keeps other writers
+    // out: those of this process by the rules of CreateFileA with reading shared, those of other processes
+    // that open it with this class too. False with the last error, 32 if there is a writer; what was open
+    // stays open then.
     bool Open(const char* name);
     bool IsOpen() const { return m_file != nullptr; }
     void Close();

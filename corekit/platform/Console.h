@@ -13,8 +13,8 @@ COREKIT_API int TerminalColumns(StandardStream stream);
 inline constexpr WORD FOREGROUND_BLUE = 1, FOREGROUND_GREEN = 2, FOREGROUND_RED = 4, FOREGROUND_INTENSITY = 8;
 
 // Writes to standard output, behind what the program has printed so far, and does not wait for more. On a
-// terminal the text has that colour and what follows has not; 0 is the terminal's own. Elsewhere the text is
-// plain.
+// terminal the text has that colour and what follows has not, 0 is the terminal's own, and control characters
+// in it are shown in writing (\x1B). Elsewhere the text is plain.
 COREKIT_API void WriteConsoleText(const char* text, WORD colour = 0);
 // The title of the terminal's window; nothing happens without a terminal.
 COREKIT_API void SetConsoleTitleA(const char* title);

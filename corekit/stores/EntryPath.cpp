@@ -13,6 +13,8 @@
 
 namespace {
 constexpr const char* separators = "/\\";
+constexpr std::size_t longestName = 4000, longestPart = 255;
+constexpr int mostParts = 128;
 
 bool HasDrive(std::string_view name)
 {
@@ -36,17 +38,20 @@ namespace corekit::detail {
 
 bool IsInsideName(const std::string& name)
 {
-    if (name.empty() || HasDrive(name)) return false;
-    if (name.find_first_of(separators) == 0) return false;
+    if (name.empty() || name.size() > longestName || HasDrive(name)) return false;
+    if (name.find_first_of(separators) == 0 || name.find('\0') != name.npos) return false;
     std::string_view rest = name;
-    while (true) {
+    for (int parts = 1; parts <= mostParts; ++parts) {
         const std::size_t end = rest.find_first_of(separators);
         const std::string_view part = rest.substr(0, end);
-        if (part == "..") return false;
+        if (part == ".." || part.size() > longestPart) return false;
         if (end == std::string_view::npos) return part != ".";
         rest.remove_prefix(end + 1);
     }
+    return false;
 }
+
+std::string LastPart(const std::string& name) { return name.substr(name.find_last_of(separators) + 1); }
 
 std::string PathBelow(const std::string& folder, const std::string& name)
 {

@@ -1,15 +1,20 @@
 // Where an entry of an archive goes, and that it stays there.
 #pragma once
 
+#include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
 
 #include <string>
 
 namespace corekit::detail {
 
-// Whether the name, from an archive, stays below the folder it is appended to: it is relative, has no drive
-// and no part "..", and its last part is not ".".
-bool IsInsideName(const std::string& name);
+// Whether a name from outside, of an archive's entry or a server's file, may be appended to a folder: it is
+// relative, has no drive, no part ".." and no zero byte, its last part is not ".", and it is no longer and no
+// deeper than the system takes in reasonable time.
+COREKIT_API bool IsInsideName(const std::string& name);
+
+// What stands behind the last separator, which `/` and `\` both are.
+COREKIT_API std::string LastPart(const std::string& name);
 
 // The folder and the name below it; the name alone for an empty folder.
 std::string PathBelow(const std::string& folder, const std::string& name);

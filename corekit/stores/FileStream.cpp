@@ -35,6 +35,11 @@ BOOL CFileStream::Open(const char* name, DWORD access, DWORD share, DWORD dispos
     if (!(flags & FILE_FLAG_RANDOM_ACCESS)) flags |= FILE_FLAG_SEQUENTIAL_SCAN;
     const HANDLE file = CreateFileA(name, access, share, nullptr, disposition, flags, nullptr);
     if (file == INVALID_HANDLE_VALUE) return FALSE;
+    if (GetFileType(file) != FILE_TYPE_DISK) { // has no places to go to
+        CloseHandle(file);
+        SetLastError(ERROR_NOT_SUPPORTED);
+        return FALSE;
+    }
     m_name = name;
     return AttachFile(file);
 }

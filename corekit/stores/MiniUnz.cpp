@@ -3,12 +3,16 @@
 #include "corekit/framework/MessageBox.h"
 #include "corekit/framework/Module.h"
 #include "corekit/framework/String.h"
+#include "corekit/platform/FileAttributes.h"
+#include "corekit/platform/Files.h"
+#include "corekit/platform/ReplacedFile.h"
 #include "corekit/resources/Messages.h"
 #include "corekit/stores/EntryPath.h"
 #include "corekit/stores/MemoryStream.h"
+#include "corekit/stores/ZipDirectory.h"
 #include "corekit/stores/ZipEntry.h"
 
-#include <cstdio>
+#include <algorithm>
 #include <memory>
 #include <new>
 
@@ -17,24 +21,11 @@ IMPLEMENT_DYNAMIC(CMiniUnz, CObject)
 namespace {
 using namespace corekit::detail;
 
-using CFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-
-CFile OpenFile(std::string path, const char* mode)
+std::string NativePath(std::string path)
 {
     for (char& c : path)
         if (c == '\\') c = '/';
-    return {std::fopen(path.c_str(), (std::string(mode) + "e").c_str()), &std::fclose};
-}
-
-// As unzOpen64, but for this process alone.
-unzFile OpenArchive(const std::string& path)
-{
-    zlib_filefunc64_def calls;
-    fill_fopen64_filefunc(&calls);
-    calls.zopen64_file = [](voidpf, const void* name, int) -> voidpf {
-        return std::fopen(static_cast<const char*>(name), "rbe");
-    };
-    return unzOpen2_64(path.c_str(), &calls);
+    return path;
 }
 
 void Complain(UINT id) { StockMessageBox(nullptr, id, MB_OK | MB_ICONSTOP); }
@@ -45,6 +36,8 @@ void Tell(UINT id, const std::string& name, UINT flags)
     AfxFormatString1(text, id, name.c_str());
     StockMessageBox(nullptr, text, flags);
 }
+
+bool IsThere(const std::string& path) { return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
 // Whether the entry was made by a system with links and is one.
 bool IsLink(const unz_file_info64& info)
@@ -66,7 +59,10 @@ struct Order {
 
 class Extraction {
 public:
-    Extraction(unzFile archive, Order order) : m_archive(archive), m_order(std::move(order)) {}
+    Extraction(const std::string& path, unzFile archive, const ZipDirectory& directory, Order order)
+        : m_path(path), m_archive(archive), m_directory(directory), m_order(std::move(order))
+    {
+    }
 
     void All();
     bool One(const char* name); // whether it was found and extracted
@@ -78,16 +74,19 @@ private:
     };
     enum class Fate { extracted, refused };
 
-    int Current(Fate* fate = nullptr); // nonzero ends the walk
+    int Current(const ZipDirectoryEntry& entry, Fate* fate = nullptr); // nonzero ends the walk
     int TakeName(unz_file_info64& info, std::string& name);
     bool MayWrite(const std::string& name, const unz_file_info64& info);
     void MakeFolderEntry(const std::string& name, const unz_file_info64& info);
     bool UserKeeps(const std::string& path);
-    CFile OpenOutput(const Target& target);
-    int Copy(ZipEntry& entry, std::FILE* file);
+    std::unique_ptr<ReplacedFile> OpenOutput(const Target& target);
+    int Copy(ZipEntry& entry, ReplacedFile* file);
+    static int CloseChecked(ZipEntry& entry);
     int Write(ZipEntry& entry, const Target& target, const unz_file_info64& info, Fate* fate);
 
+    const std::string& m_path;
     unzFile m_archive;
+    const ZipDirectory& m_directory;
     const Order m_order;
     std::unique_ptr<BYTE[]> m_buffer;
 };
@@ -102,7 +101,6 @@ int Extraction::TakeName(unz_file_info64& info, std::string& name)
     name.assign(info.size_filename, '\0');
     const int code =
         unzGetCurrentFileInfo64(m_archive, nullptr, name.data(), info.size_filename, nullptr, 0, nullptr, 0);
-    name.resize(std::min(name.find('\0'), name.size()));
     return code;
 }
 
@@ -123,69 +121,82 @@ void Extraction::MakeFolderEntry(const std::string& name, const unz_file_info64&
 
 bool Extraction::UserKeeps(const std::string& path)
 {
-    if (m_order.overwrite || m_order.toMemory || !OpenFile(path, "rb")) return false;
+    if (m_order.overwrite || m_order.toMemory || !IsThere(path)) return false;
     CString format, question;
     format.LoadString(message::unzipOverwrite);
     question.FormatMessage(format);
     return StockMessageBox(nullptr, question, MB_YESNO | MB_ICONQUESTION) == IDNO;
 }
 
-CFile Extraction::OpenOutput(const Target& target)
+std::unique_ptr<ReplacedFile> Extraction::OpenOutput(const Target& target)
 {
-    CFile file = OpenFile(target.path, "wb");
+    auto file = std::make_unique<ReplacedFile>(target.path);
     const std::size_t cut = target.name.find_last_of("/\\");
-    if (!file && !m_order.withoutPath && cut != std::string::npos) {
+    if (!*file && !m_order.withoutPath && cut != std::string::npos) {
         MakeFolders(m_order.folder, target.name.substr(0, cut));
-        file = OpenFile(target.path, "wb");
+        file = std::make_unique<ReplacedFile>(target.path);
     }
-    if (!file) Tell(message::unzipOpenFileFailed, target.path, MB_OK | MB_ICONSTOP);
-    return file;
+    if (*file) return file;
+    Tell(message::unzipOpenFileFailed, target.path, MB_OK | MB_ICONSTOP);
+    return nullptr;
 }
 
-int Extraction::Copy(ZipEntry& entry, std::FILE* file)
+int Extraction::Copy(ZipEntry& entry, ReplacedFile* file)
 {
     while (true) {
         const int count = entry.Read(m_buffer.get(), bufferSize);
         if (count < 0) Complain(message::unzipReadFailed);
         if (count <= 0) return count;
-        m_order.memory.Write(m_buffer.get(), static_cast<DWORD>(count));
-        if (file && std::fwrite(m_buffer.get(), 1, static_cast<unsigned>(count), file) !=
-                        static_cast<unsigned>(count)) {
+        const auto size = static_cast<unsigned>(count);
+        m_order.memory.Write(m_buffer.get(), size);
+        if (file && !file->Write({reinterpret_cast<const char*>(m_buffer.get()), size})) {
             Complain(message::unzipWriteFailed);
             return -1;
         }
     }
 }
 
-int Extraction::Write(ZipEntry& entry, const Target& target, const unz_file_info64& info, Fate* fate)
+int Extraction::CloseChecked(ZipEntry& entry)
 {
-    if (m_order.toMemory) return Copy(entry, nullptr);
-    CFile file = OpenOutput(target);
-    if (!file) {
-        *fate = Fate::refused;
-        return UNZ_OK;
-    }
-    int code = Copy(entry, file.get());
-    if (std::fclose(file.release()) != 0 && code == UNZ_OK) {
-        Complain(message::unzipWriteFailed);
-        code = -1;
-    }
-    if (code == UNZ_OK) ChangeFileDate(target.path, static_cast<DWORD>(info.dosDate));
+    const int code = entry.Close();
+    if (code != UNZ_OK) Complain(message::unzipCloseEntryFailed);
     return code;
 }
 
-int Extraction::Current(Fate* fate)
+// A file takes its name when all of it is there and sound.
+int Extraction::Write(ZipEntry& entry, const Target& target, const unz_file_info64& info, Fate* fate)
+{
+    std::unique_ptr<ReplacedFile> file;
+    if (!m_order.toMemory && !(file = OpenOutput(target))) {
+        *fate = Fate::refused;
+        return UNZ_OK;
+    }
+    if (const int code = Copy(entry, file.get())) return code;
+    if (const int code = CloseChecked(entry)) return code;
+    if (!file) return UNZ_OK;
+    // What is new can be unpacked again; what it replaces cannot be had back.
+    if (!file->Commit(IsThere(target.path) ? ReplacedFile::Sync::toDevice : ReplacedFile::Sync::none)) {
+        Complain(message::unzipWriteFailed);
+        return -1;
+    }
+    ChangeFileDate(target.path, static_cast<DWORD>(info.dosDate));
+    return UNZ_OK;
+}
+
+int Extraction::Current(const ZipDirectoryEntry& row, Fate* fate)
 {
     Fate unused;
     if (!fate) fate = &unused;
     *fate = Fate::extracted;
     unz_file_info64 info;
     std::string name;
-    if (const int code = TakeName(info, name)) return Complain(message::unzipEntryInfoFailed), code;
+    int code = unzSetOffset64(m_archive, row.place);
+    if (code == UNZ_OK) code = TakeName(info, name);
+    if (code != UNZ_OK) return Complain(message::unzipEntryInfoFailed), code;
     if (!m_buffer) m_buffer.reset(new (std::nothrow) BYTE[bufferSize]);
     if (!m_buffer) return Complain(message::unzipNoMemory), noMemory;
 
-    const std::string bare = name.substr(name.find_last_of("/\\") + 1);
+    const std::string bare = LastPart(name);
     if (bare.empty()) return MakeFolderEntry(name, info), UNZ_OK;
     const std::string& used = m_order.withoutPath ? bare : name;
     const Target target{used, PathBelow(m_order.folder, used)};
@@ -194,28 +205,26 @@ int Extraction::Current(Fate* fate)
         return UNZ_OK;
     }
     ZipEntry entry(m_archive, info, m_order.password);
-    if (const int code = entry.OpenCode()) return Complain(message::unzipOpenEntryFailed), code;
+    code = IsConfirmed(m_path, row) ? entry.OpenCode() : UNZ_BADZIPFILE;
+    if (code != UNZ_OK) return Complain(message::unzipOpenEntryFailed), code;
     if (UserKeeps(target.path)) return UNZ_OK;
-    if (const int code = Write(entry, target, info, fate)) return code;
-    const int code = entry.Close();
-    if (code != UNZ_OK) Complain(message::unzipCloseEntryFailed);
-    return code;
+    return Write(entry, target, info, fate);
 }
 
 void Extraction::All()
 {
-    unz_global_info64 info;
-    if (unzGetGlobalInfo64(m_archive, &info) != UNZ_OK) return Complain(message::unzipArchiveInfoFailed);
-    for (ZPOS64_T i = 0; i < info.number_entry; ++i) {
-        if (i != 0 && unzGoToNextFile(m_archive) != UNZ_OK) return Complain(message::unzipNextEntryFailed);
-        if (Current() != UNZ_OK) return;
-    }
+    if (m_directory.HasOverlap()) return Complain(message::unzipArchiveInfoFailed);
+    for (const ZipDirectoryEntry& row : m_directory.Entries())
+        if (Current(row) != UNZ_OK) return;
+    if (!m_directory.IsWhole()) Complain(message::unzipNextEntryFailed);
 }
 
 bool Extraction::One(const char* name)
 {
+    const auto& rows = m_directory.Entries();
+    const auto row = std::ranges::find(rows, std::string_view(name), &ZipDirectoryEntry::name);
     Fate fate;
-    return unzLocateFile(m_archive, name, 0) == UNZ_OK && Current(&fate) == UNZ_OK && fate == Fate::extracted;
+    return row != rows.end() && Current(*row, &fate) == UNZ_OK && fate == Fate::extracted;
 }
 } // namespace
 
@@ -223,13 +232,15 @@ bool CMiniUnz::unzip(bool bToMemory, CMemoryStream& memory, const char* zipName,
                      const char* outputPath, int bWithoutPath, int bOverwrite, const char* password)
 {
     if (!zipName) return false;
-    std::string path = zipName;
-    for (char& c : path)
-        if (c == '\\') c = '/';
-    const std::unique_ptr<void, int (*)(unzFile)> archive(OpenArchive(path), &unzClose);
+    const std::string path = NativePath(zipName);
+    const auto directory = ZipDirectory::Read(path);
+    if (!directory) return false;
+    if (directory->Entries().empty() && directory->IsWhole()) return !oneFile;
+    const std::unique_ptr<void, int (*)(unzFile)> archive(OpenZip(path), &unzClose);
     if (!archive) return false;
-    Extraction extraction(archive.get(), {memory, bToMemory, outputPath ? outputPath : "", bWithoutPath != 0,
-                                          bOverwrite != 0, password});
+    Extraction extraction(
+        path, archive.get(), *directory,
+        {memory, bToMemory, outputPath ? outputPath : "", bWithoutPath != 0, bOverwrite != 0, password});
     if (oneFile) return extraction.One(oneFile);
     extraction.All();
     return true;

@@ -3,8 +3,9 @@
 // Entries are stored or deflated, plain or encrypted in the traditional way. Names are bytes and go to the
 // system as they stand, `\` and `/` both separating. No entry is written outside the output folder: one whose
 // name is absolute, names a drive, climbs with "..", is a link or leads through one, is refused with message
-// message::unzipOpenFileFailed and the next is taken. Data pass block by block, so an archive costs no memory
-// beyond the copy in the memory stream. One archive at a time per thread.
+// message::unzipOpenFileFailed and the next is taken. A file takes its name, or replaces another, when all of
+// its bytes are there and have the promised checksum. Data pass block by block, so an archive costs no memory
+// beyond its directory and the copy in the memory stream. One archive at a time per thread.
 #pragma once
 
 #include "corekit/framework/Object.h"

@@ -22,9 +22,12 @@ void ZipCipher::Stir(BYTE plain)
 }
 
 ZipEntry::ZipEntry(unzFile archive, const unz_file_info64& info, const char* password)
-    : m_archive(archive), m_expectedCrc(info.crc)
+    : m_archive(archive), m_expectedSize(info.uncompressed_size), m_expectedCrc(info.crc)
 {
-    m_openCode = info.flag & isEncrypted ? OpenEncrypted(info, password) : unzOpenCurrentFile(archive);
+    const bool isKnown = info.compression_method == 0 || info.compression_method == Z_DEFLATED;
+    m_openCode = !isKnown                  ? UNZ_BADZIPFILE
+                 : info.flag & isEncrypted ? OpenEncrypted(info, password)
+                                           : unzOpenCurrentFile(archive);
     m_isOpen = m_isOpen || m_openCode == UNZ_OK;
 }
 
@@ -33,7 +36,6 @@ ZipEntry::~ZipEntry() { Close(); }
 int ZipEntry::OpenEncrypted(const unz_file_info64& info, const char* password)
 {
     if (!password) return UNZ_PARAMERROR;
-    if (info.compression_method != 0 && info.compression_method != Z_DEFLATED) return UNZ_BADZIPFILE;
     int method = 0, level = 0;
     if (const int code = unzOpenCurrentFile2(m_archive, &method, &level, 1)) return code;
     m_isOpen = true;
@@ -54,13 +56,13 @@ int ZipEntry::OpenEncrypted(const unz_file_info64& info, const char* password)
 
 int ZipEntry::Read(BYTE* buffer, unsigned size)
 {
-    if (!m_decryption) return unzReadCurrentFile(m_archive, buffer, size);
-    Decryption& d = *m_decryption;
-    const int count = Unpack(buffer, static_cast<unsigned>(std::min<DWORDLONG>(size, d.rest)));
-    if (count > 0) {
-        d.rest -= static_cast<unsigned>(count);
-        d.crc = crc32(d.crc, buffer, static_cast<uInt>(count));
-    }
+    const int count =
+        m_decryption ? Unpack(buffer, static_cast<unsigned>(std::min<DWORDLONG>(size, m_decryption->rest)))
+                     : unzReadCurrentFile(m_archive, buffer, size);
+    if (count <= 0) return count;
+    if (m_decryption) m_decryption->rest -= static_cast<unsigned>(count);
+    m_size += static_cast<unsigned>(count);
+    m_crc = crc32(m_crc, buffer, static_cast<uInt>(count));
     return count;
 }
 
@@ -105,8 +107,8 @@ int ZipEntry::Close()
     if (!m_isOpen) return UNZ_OK;
     m_isOpen = false;
     const int code = unzCloseCurrentFile(m_archive);
-    if (code != UNZ_OK || !m_decryption || m_openCode != UNZ_OK) return code;
-    return m_decryption->rest == 0 && m_decryption->crc != m_expectedCrc ? UNZ_CRCERROR : UNZ_OK;
+    if (code != UNZ_OK || m_openCode != UNZ_OK) return code;
+    return m_size == m_expectedSize && m_crc == m_expectedCrc ? UNZ_OK : UNZ_CRCERROR;
 }
 
 } // namespace corekit::detail

@@ -44,7 +44,7 @@ public:
     int OpenCode() const { return m_openCode; }
     // How many bytes were read, 0 at the end, a negative code for damaged data.
     int Read(BYTE* buffer, unsigned size);
-    // UNZ_CRCERROR if all was read and is not what the archive promised.
+    // UNZ_CRCERROR if what was read is not what the archive promised, in length or checksum.
     int Close();
 
 private:
@@ -54,7 +54,6 @@ private:
         z_stream state{};
         std::array<BYTE, 8192> raw{};
         DWORDLONG rest = 0; // bytes that the entry still owes
-        uLong crc = 0;
 
         explicit Decryption(const char* password) : cipher(password) {}
         ~Decryption()
@@ -70,7 +69,8 @@ private:
     int Unpack(BYTE* buffer, unsigned size);
 
     unzFile m_archive;
-    uLong m_expectedCrc;
+    DWORDLONG m_expectedSize, m_size = 0;
+    uLong m_expectedCrc, m_crc = 0;
     int m_openCode;
     bool m_isOpen = false;
     std::unique_ptr<Decryption> m_decryption; // null for plain entries

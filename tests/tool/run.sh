@@ -81,7 +81,7 @@ is '' log write "$scratch/logs/Other" 'x' --single
 [ -f "$scratch/logs/Other.log" ] && [ -f "$(ls "$log".20??-??-??.log)" ] || fail "log files: $(ls "$scratch/logs")"
 says '^[0-9:]{10} [0-9:]{8}  Warning           café$' log follow "$log" --once -n 100
 is '' log follow "$log" --once --filter Nothing
-[ "$("$tool" log follow "$log" --once --level Warning -n 3 | cut -c22-)" = $'Warning           two\nMajorError        three\nMajorError        four ?[31m' ] ||
+[ "$("$tool" log follow "$log" --once --level Warning -n 3 | cut -c22-)" = $'Warning           two\nMajorError        three\nMajorError        four \\x1B[31m' ] ||
     fail "log follow: $("$tool" log follow "$log" --once --level Warning -n 3)"
 refused log write "$log" x --level Loud
 refused log write "$scratch/missing/Server" x

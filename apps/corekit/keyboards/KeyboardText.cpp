@@ -1,5 +1,6 @@
 #include "KeyboardText.h"
 
+#include "Output.h"
 #include "ShownText.h"
 #include "TextFile.h"
 
@@ -61,7 +62,7 @@ public:
             std::string text;
             for (const std::string& cell : line) text += cell;
             text.erase(text.find_last_not_of(' ') + 1);
-            std::puts(text.c_str());
+            PrintLine(text);
         }
     }
 
@@ -140,15 +141,14 @@ bool RunsToTheLeft(const KeyboardView& view)
 
 void PrintKeyboard(const std::string& name, const Board& board, const std::vector<KeyboardView>& views)
 {
-    std::printf("%s, %s\n", name.c_str(), board.title.c_str());
+    Print("%s, %s\n", name.c_str(), board.title.c_str());
     for (const KeyboardView& view : views) {
-        if (!view.title.empty()) std::printf("\n%s:\n", view.title.c_str());
+        if (!view.title.empty()) Print("\n%s:\n", view.title.c_str());
         Canvas canvas(RunsToTheLeft(view));
         std::vector<std::u16string> notes;
         KeyWriter writer(canvas, notes);
         for (std::size_t i = 0; i < board.caps.size(); ++i) writer.Write(board.caps[i], view.faces[i]);
         canvas.Print();
-        for (std::size_t i = 0; i < notes.size(); ++i)
-            std::printf("*%zu  %s\n", i + 1, Utf8(notes[i]).c_str());
+        for (std::size_t i = 0; i < notes.size(); ++i) Print("*%zu  %s\n", i + 1, Utf8(notes[i]).c_str());
     }
 }

@@ -1,4 +1,5 @@
 #include "PixelCanvas.h"
+#include "Output.h"
 
 #include <algorithm>
 #include <cmath>
@@ -101,5 +102,5 @@ int PixelCanvas::WidthOf(std::u16string_view text, const Lettering& lettering)
 
 void PixelCanvas::Save(const std::string& path)
 {
-    if (!SaveBitmapAsPng(m_bitmap, path.c_str())) throw std::runtime_error("cannot write " + path);
+    if (!SaveBitmapAsPng(m_bitmap, path.c_str())) FailFor(path);
 }

@@ -2,6 +2,7 @@
 #include "Commands.h"
 #include "KeyboardList.h"
 #include "Names.h"
+#include "Output.h"
 #include "ShownText.h"
 #include "Terminal.h"
 #include "TextFile.h"
@@ -46,9 +47,9 @@ void TypeNamedKeys(CKBLayout& keyboard, const Board& board, const std::vector<st
     }
     PrintTable(rows);
     const std::u16string glyphs = line.GetGlyphs();
-    std::printf("text:   %s\n", CodeList(line.GetText()).c_str());
-    std::printf("glyphs: %s\n", CodeList(glyphs).c_str());
-    std::printf("line:   %s\n", Utf8(TerminalText(glyphs, line.GetText())).c_str());
+    Print("text:   %s\n", CodeList(line.GetText()).c_str());
+    Print("glyphs: %s\n", CodeList(glyphs).c_str());
+    Print("line:   %s\n", Utf8(TerminalText(glyphs, line.GetText())).c_str());
 }
 
 // Shows the line as it is drawn and below it, as far as they fit, its glyph codes.

@@ -1,9 +1,11 @@
 #include "corekit/platform/posix/compound/CompoundTree.h"
 
 #include "corekit/platform/posix/compound/DescriptorInput.h"
+#include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/registry/RegistryText.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -193,11 +195,13 @@ void CompoundNode::Forget()
     m_input.reset();
 }
 
+// A write that failed once has left a gap, whatever became of the later ones.
 bool CompoundNode::Save(int descriptor)
 {
     StartLibrary();
+    errno = 0;
     std::FILE* file = fdopen(fcntl(descriptor, F_DUPFD_CLOEXEC, 0), "wb");
-    if (!file) return false;
+    if (!file) return setLastErrorFromErrno(), false;
     const auto sink = OwnGObject(gsf_output_stdio_new_FILE("", file, TRUE));
     bool written = false;
     if (sink) {
@@ -205,8 +209,13 @@ bool CompoundNode::Save(int descriptor)
         written = root && WriteStorage(*this, root.get());
         written = root && gsf_output_close(GSF_OUTPUT(root.get())) && written;
         if (!gsf_output_is_closed(sink.get())) written = gsf_output_close(sink.get()) && written;
+        const GError* const failure = gsf_output_error(sink.get());
+        if (failure && failure->code > 0) errno = failure->code;
+        written = written && !failure;
     }
-    return (std::fclose(file) == 0) && written;
+    written = std::fflush(file) == 0 && !std::ferror(file) && written;
+    if (!written) setLastErrorFromErrno();
+    return std::fclose(file) == 0 && written;
 }
 
 void CompoundNode::Rebase(CompoundNode& root)

@@ -5,7 +5,9 @@
 #include "corekit/platform/Files.h"
 #include "corekit/platform/posix/compound/CompoundCheck.h"
 #include "corekit/platform/posix/compound/CompoundTree.h"
-#include "corekit/platform/posix/files/ReplacedFile.h"
+#include "corekit/platform/posix/files/Descriptor.h"
+#include "corekit/platform/posix/files/File.h"
+#include "corekit/platform/ReplacedFile.h"
 
 #include <algorithm>
 #include <atomic>
@@ -43,6 +45,20 @@ HRESULT ResultOf(DWORD error)
         return STG_E_MEDIUMFULL;
     default:
         return STG_E_ACCESSDENIED;
+    }
+}
+
+HRESULT ResultOfWrite(DWORD error)
+{
+    switch (error) {
+    case ERROR_DISK_FULL:
+    case ERROR_FILE_TOO_LARGE:
+        return STG_E_MEDIUMFULL;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_WRITE_PROTECT:
+        return STG_E_ACCESSDENIED;
+    default:
+        return STG_E_WRITEFAULT;
     }
 }
 
@@ -118,11 +134,12 @@ struct CompoundDocument {
     HRESULT Save()
     {
         ReplacedFile file(path);
-        if (!file || !root->Save(file.Descriptor())) return STG_E_WRITEFAULT;
+        if (!file || !root->Save(file.OpenDescriptor())) return ResultOfWrite(GetLastError());
         const HANDLE next = OpenClaim(file.Path().c_str());
         if (!file.Commit()) {
+            const HRESULT result = ResultOfWrite(GetLastError());
             if (next != INVALID_HANDLE_VALUE) CloseHandle(next);
-            return STG_E_WRITEFAULT;
+            return result;
         }
         Claim(next);
         if (const auto saved = CompoundNode::OpenRoot(path)) root->Rebase(*saved);
@@ -393,7 +410,11 @@ HRESULT StgCreateDocfile(const WCHAR* name, DWORD mode, IStorage** storage)
         const bool existed = mayReplace && GetLastError() == ERROR_ALREADY_EXISTS;
         document->root = std::make_shared<CompoundNode>("", true);
         if (!existed) {
-            if (const HRESULT result = document->Save(); result != S_OK) return result;
+            if (const HRESULT result = document->Save(); result != S_OK) {
+                document->Claim(INVALID_HANDLE_VALUE);
+                DeleteFileA(document->path.c_str()); // nobody could open it
+                return result;
+            }
         }
         *storage = new Storage(document, document->root);
         return S_OK;

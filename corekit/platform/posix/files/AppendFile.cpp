@@ -42,6 +42,14 @@ ssize_t writeOut(int fd, std::string_view bytes)
     return ::syscall(SYS_write, fd, bytes.data(), bytes.size());
 }
 
+// Whether the file ends within a line, which its writer did not live to finish.
+bool endsWithinLine(const std::string& path, off_t size)
+{
+    const Descriptor reader(size > 0 ? ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1);
+    char last = '\n';
+    return reader && ::pread(reader.get(), &last, 1, size - 1) == 1 && last != '\n';
+}
+
 } // namespace
 
 class AppendFile::Writer {
@@ -80,14 +88,15 @@ AppendFile::~AppendFile() = default;
 
 bool AppendFile::Open(const char* name)
 {
-    Descriptor opened(
-        ::open(nativePath(name).c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666));
+    const std::string path = nativePath(name);
+    Descriptor opened(::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666));
     struct stat facts;
     if (!opened && errno == ENOENT) return fail(ERROR_PATH_NOT_FOUND, false); // a missing file would be made
     if (!opened || ::fstat(opened.get(), &facts) != 0) return setLastErrorFromErrno(), false;
     auto writer = std::make_unique<Writer>(std::move(opened), FileId{facts.st_dev, facts.st_ino});
     if (!writer->isAlone()) return fail(ERROR_SHARING_VIOLATION, false);
     m_file = std::move(writer);
+    if (::fstat(m_file->get(), &facts) == 0 && endsWithinLine(path, facts.st_size)) Append("\n");
     return true;
 }
 

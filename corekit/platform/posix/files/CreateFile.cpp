@@ -55,8 +55,11 @@ struct Opened {
 int openRetrying(const std::string& path, int flags, mode_t mode)
 {
     int fd;
-    do fd = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode);
+    do
+        fd = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK,
+                    mode); // a pipe may have no other end
     while (fd < 0 && errno == EINTR);
+    if (fd >= 0 && (flags & O_PATH) == 0) ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
     return fd;
 }
 

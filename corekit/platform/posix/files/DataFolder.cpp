@@ -50,8 +50,10 @@ bool MakeFolder(const std::string& path)
     }
     if (errno != ENOENT || path.empty()) return false;
     if (const std::string above = Above(path); above != path && !MakeFolder(above)) return false;
-    return mkdir(path.c_str(), path.starts_with("/var/") ? 0755 : 0700) == 0 || errno == EEXIST;
+    return mkdir(path.c_str(), IsOfSystem(path) ? 0755 : 0700) == 0 || errno == EEXIST;
 }
+
+bool IsOfSystem(const std::string& path) { return path.starts_with("/var/"); }
 
 bool MayWrite(const std::string& path)
 {

@@ -13,6 +13,9 @@ std::string DataFolder();
 // False with errno set.
 bool MakeFolder(const std::string& path);
 
+// Whether the path lies where the system keeps what all its users share.
+bool IsOfSystem(const std::string& path);
+
 // Whether this user may write to the file, or make it and the folders above it.
 bool MayWrite(const std::string& path);
 

@@ -2,15 +2,16 @@
 
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/posix/Errno.h"
+#include "corekit/platform/posix/files/Descriptor.h"
+#include "corekit/platform/posix/files/File.h"
 #include "corekit/platform/posix/registry/ProfileText.h"
-#include "corekit/platform/posix/files/ReplacedFile.h"
+#include "corekit/platform/ReplacedFile.h"
 
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <new>
 #include <optional>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -88,20 +89,9 @@ DWORD CheckChange(const char* section, const char* key, const char* value)
     return std::strpbrk(value, "\r\n") ? ERROR_INVALID_PARAMETER : NO_ERROR;
 }
 
-// Those who change profiles in one folder take turns.
-Descriptor LockFolder(const std::string& path)
-{
-    const std::string folder = path.substr(0, path.rfind('/') + 1);
-    Descriptor directory(open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (directory)
-        while (flock(directory.get(), LOCK_EX) != 0 && errno == EINTR) {
-        }
-    return directory;
-}
-
 DWORD Change(const std::string& path, const char* section, const char* key, const char* value)
 {
-    const Descriptor turn = LockFolder(path);
+    const FileTurn turn(path);
     std::optional<std::string> old = ReadFileText(path);
     if (!old && errno != ENOENT) return errorFromErrno(errno);
     if (!old && (!key || !value)) return NO_ERROR;
@@ -117,7 +107,7 @@ DWORD Change(const std::string& path, const char* section, const char* key, cons
         text.Set(section, key, value);
     if (!text.IsChanged()) return NO_ERROR;
     ReplacedFile file(path);
-    return file && file.Write(text.Text()) && file.Commit() ? NO_ERROR : errorFromErrno(errno);
+    return file && file.Write(text.Text()) && file.Commit() ? NO_ERROR : GetLastError();
 }
 } // namespace
 

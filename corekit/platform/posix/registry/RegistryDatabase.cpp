@@ -1,11 +1,13 @@
 #include "corekit/platform/posix/registry/RegistryDatabase.h"
 
 #include "corekit/platform/posix/files/DataFolder.h"
+#include "corekit/platform/posix/files/Descriptor.h"
 
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <chrono>
+#include <fcntl.h>
 #include <fstream>
 #include <sys/stat.h>
 #include <thread>
@@ -64,6 +66,9 @@ std::unique_ptr<RegistryDatabase> RegistryDatabase::Open(const std::string& path
             throw SqliteError{errno == EACCES ? SQLITE_PERM : SQLITE_IOERR};
         if (!make) return nullptr;
         if (!MakeFolder(path.substr(0, path.rfind('/')))) throw SqliteError{SQLITE_PERM};
+        // Settings may hold passwords. The files beside this one get its rights.
+        const Descriptor made(
+            open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, IsOfSystem(path) ? 0640 : 0600));
     }
     std::unique_ptr<RegistryDatabase> database(new RegistryDatabase(path));
     database->Connect(MayWrite(path) && MayWrite(path.substr(0, path.rfind('/'))));

@@ -1,5 +1,7 @@
 #include "corekit/platform/Console.h"
 
+#include "corekit/platform/HarmlessText.h"
+
 #include <cstdio>
 #include <string>
 #include <sys/ioctl.h>
@@ -35,9 +37,10 @@ int TerminalColumns(StandardStream stream)
 void WriteConsoleText(const char* text, WORD colour)
 {
     if (text == nullptr) return;
-    if (colour == 0 || !isatty(STDOUT_FILENO)) return writeOut(text);
+    if (!isatty(STDOUT_FILENO)) return writeOut(text);
     // A line end comes last, so that a colour never fills the line below.
-    std::string body = text, end;
+    std::string body = corekit::detail::HarmlessText(text, corekit::detail::LineEnds::kept), end;
+    if (colour == 0) return writeOut(body);
     while (body.ends_with('\n')) {
         body.pop_back();
         end += '\n';

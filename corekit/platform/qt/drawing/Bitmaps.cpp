@@ -1,10 +1,12 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/qt/drawing/DeviceContext.h"
+#include "corekit/platform/ReplacedFile.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <QBuffer>
 #include <QImage>
 #include <QImageWriter>
 
@@ -93,10 +95,15 @@ BOOL SaveBitmapAsPng(HBITMAP handle, const char* path)
     QImage image(bytes, bitmap->width, bitmap->height, std::ptrdiff_t{4} * bitmap->stride,
                  QImage::Format_RGB32);
     if (!bitmap->topDown) image = image.mirrored();
-    QImageWriter writer(QString::fromLocal8Bit(path), "png");
-    if (writer.write(image)) return TRUE;
-    SetLastError(writer.error() == QImageWriter::DeviceError ? ERROR_ACCESS_DENIED : ERROR_INVALID_PARAMETER);
-    return FALSE;
+    QBuffer picture;
+    picture.open(QIODevice::WriteOnly);
+    if (!QImageWriter(&picture, "png").write(image)) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    corekit::detail::ReplacedFile file(path);
+    const QByteArray& png = picture.data();
+    return file && file.Write({png.data(), static_cast<std::size_t>(png.size())}) && file.Commit();
 }
 
 HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void* bits)

@@ -1,0 +1,48 @@
+// What an archive says of itself, and whether it can be true.
+#pragma once
+
+#include "corekit/platform/Export.h"
+#include "corekit/platform/Types.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corekit::detail {
+
+struct ZipDirectoryEntry {
+    DWORDLONG place;  // of its row, as unzSetOffset64 takes it
+    DWORDLONG local;  // of its own header, in the file
+    DWORDLONG packed; // bytes of its data in the file
+    DWORDLONG size;   // and of what they become
+    std::string name;
+    DWORD dosDate;
+};
+
+// Takes memory in proportion to the directory in the file.
+class COREKIT_API ZipDirectory {
+public:
+    // Nothing if the file is no archive or cannot be read.
+    static std::optional<ZipDirectory> Read(const std::string& path);
+
+    const std::vector<ZipDirectoryEntry>& Entries() const { return m_entries; }
+    // False if rows are missing or too many, or reach beyond the directory.
+    bool IsWhole() const { return m_isWhole; }
+    // Whether two entries share bytes, or one lies in the directory: no packer does that.
+    bool HasOverlap() const;
+    DWORDLONG UnpackedSize() const; // of all entries, at most the largest number
+
+private:
+    std::vector<ZipDirectoryEntry> m_entries;
+    DWORDLONG m_begin = 0; // of the directory in the file
+    bool m_isWhole = false;
+};
+
+// Opens the archive for the functions of minizip, which see it end without a comment: they would search that
+// for records of theirs. Null if they find no archive.
+void* OpenZip(const std::string& path);
+
+// Whether the entry's own header has the name and the date that the directory has.
+bool IsConfirmed(const std::string& path, const ZipDirectoryEntry& entry);
+
+} // namespace corekit::detail
