@@ -1,5 +1,6 @@
 #include "corekit/platform/qt/controls/ButtonFaces.h"
 
+#include <QButtonGroup>
 #include <QPainter>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -58,7 +59,13 @@ void CheckFace::paintEvent(QPaintEvent*)
     drawMarked<QStyle::CE_CheckBox, QStyle::SE_CheckBoxContents>(*this, painter, option, how);
 }
 
-RadioFace::RadioFace(QWidget* parent) : QRadioButton(parent) { setAutoExclusive(false); }
+RadioFace::RadioFace(QWidget* parent) : QRadioButton(parent)
+{
+    // In a group of its own it leaves its neighbours alone, and is still read out as what it is.
+    auto* const alone = new QButtonGroup(this);
+    alone->setExclusive(false);
+    alone->addButton(this);
+}
 
 void RadioFace::paintEvent(QPaintEvent*)
 {

@@ -2,6 +2,8 @@
 
 #include "corekit/platform/qt/controls/ToolkitFont.h"
 
+#include <QLabel>
+
 #include <algorithm>
 #include <cstring>
 
@@ -13,6 +15,16 @@ bool isInput(UINT message)
 {
     return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
            (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
+}
+
+// A text that stands right before a control names it, also for those who cannot see where it stands.
+void takeNameFrom(HWND before, QWidget& control)
+{
+    const Window* const window = before ? Window::find(before) : nullptr;
+    auto* const label = window ? dynamic_cast<QLabel*>(window->widget()) : nullptr;
+    if (!label || label->text().isEmpty()) return;
+    label->setBuddy(&control);
+    control.setAccessibleName(label->text()); // views do not ask for a buddy
 }
 
 } // namespace
@@ -27,6 +39,10 @@ LRESULT Control::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
         if (isAlive()) focusChanged(message == WM_SETFOCUS);
         return answer;
     }
+    case WM_CREATE:
+        if (!(dialogCode() & (DLGC_STATIC | DLGC_BUTTON)))
+            takeNameFrom(GetWindow(handle(), GW_HWNDPREV), *widget());
+        return Window::defaultProcedure(message, wParam, lParam);
     case WM_SETFONT:
         m_font = reinterpret_cast<HFONT>(wParam);
         widget()->setFont(toolkitFont(m_font, widget()));

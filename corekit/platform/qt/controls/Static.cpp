@@ -93,6 +93,7 @@ void Static::setText(const QString& text)
     m_text = text;
     if (!face()) return;
     face()->setText(style() & SS_NOPREFIX ? text : withoutMnemonic(text));
+    if (QWidget* const named = face()->buddy()) named->setAccessibleName(face()->text());
     face()->update();
 }
 
