@@ -1,0 +1,28 @@
+// Objects that count their users and are asked for their interfaces.
+#pragma once
+
+#include "corekit/platform/Export.h"
+#include "corekit/platform/Types.h"
+
+inline constexpr HRESULT S_OK = 0;
+inline constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002);
+inline constexpr HRESULT REGDB_E_CLASSNOTREG = static_cast<HRESULT>(0x80040154);
+
+constexpr bool FAILED(HRESULT result) { return result < 0; }
+constexpr bool SUCCEEDED(HRESULT result) { return result >= 0; }
+
+struct IUnknown {
+    // A pointer to the interface, with a reference for the caller; null and E_NOINTERFACE if there is none.
+    virtual HRESULT QueryInterface(const GUID& interfaceId, void** out) = 0;
+    virtual DWORD AddRef() = 0;
+    virtual DWORD Release() = 0; // the last one destroys the object
+    virtual ~IUnknown() = default;
+};
+
+inline constexpr DWORD CLSCTX_ALL = 23;
+
+// An object of the class with one reference. The one class known here is that of Displays.h; `outer` must be
+// null, the context does not matter. Null and REGDB_E_CLASSNOTREG for any other class and without a back end
+// for it.
+COREKIT_API HRESULT CoCreateInstance(const GUID& classId, IUnknown* outer, DWORD context,
+                                     const GUID& interfaceId, void** out);
