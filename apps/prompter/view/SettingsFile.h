@@ -1,0 +1,34 @@
+// The prompter's settings in one property-store file beside the user's other settings.
+#pragma once
+
+#include "view/Session.h"
+
+#include "model/FrameTransform.h"
+#include "remote/RemoteServer.h"
+
+#include <string>
+#include <vector>
+
+namespace prompter {
+
+struct OutputSettings {
+    std::string display; // its name, as the machine lists it
+    FrameForm form;
+};
+
+struct Settings {
+    SessionSettings session;
+    int speed = Scroller::stepsOfOne;
+    std::vector<OutputSettings> outputs;
+    RECT desk{80, 60, 1360, 860}; // where the operator's window stood
+    std::string newsFolder;       // empty: none is watched
+};
+
+// $XDG_CONFIG_HOME/corekit/prompter.settings, else ~/.config/...
+std::string UsualSettingsPath();
+// Defaults for what is missing, wild or unreadable.
+Settings LoadSettings(const std::string& path);
+// False with a last error; the file is then what it was.
+bool SaveSettings(const std::string& path, const Settings& settings);
+
+} // namespace prompter
