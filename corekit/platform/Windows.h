@@ -13,6 +13,7 @@
 #pragma once
 
 #include "corekit/platform/Export.h"
+#include "corekit/platform/Keyboard.h"
 #include "corekit/platform/Messages.h"
 #include "corekit/platform/Types.h"
 #include "corekit/platform/WindowMessages.h"
@@ -154,4 +155,8 @@ COREKIT_API CreationHook setCreationHook(CreationHook hook);
 // true: it is consumed. Returns the one before.
 using PreTranslate = bool (*)(MSG* message);
 COREKIT_API PreTranslate setPreTranslate(PreTranslate offer);
+// Hears of a layout that the user has put in force, before WM_INPUTLANGCHANGE tells the window with the
+// focus. Returns the one before.
+using LayoutListener = void (*)(UINT charSet, HKL layout);
+COREKIT_API LayoutListener setLayoutListener(LayoutListener listener);
 } // namespace corekit::detail

@@ -96,8 +96,8 @@ private:
 
     static void turnOver(QPainter& painter, const QRect& part)
     {
-        painter.setCompositionMode(QPainter::RasterOp_SourceXorDestination);
-        painter.fillRect(part, QColor(255, 255, 255, 0));
+        painter.setCompositionMode(QPainter::CompositionMode_Difference);
+        painter.fillRect(part, Qt::white);
     }
 
     void turnOn()

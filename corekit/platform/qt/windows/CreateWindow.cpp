@@ -264,7 +264,3 @@ BOOL DestroyWindow(HWND handle)
     if (!requireWindow(handle)) return FALSE;
     return endWindow(handle);
 }
-
-namespace corekit::detail {
-bool setClassCursor(Window& window) { return window.windowClass().cursor != nullptr; }
-} // namespace corekit::detail

@@ -1,4 +1,5 @@
 // What happens to messages that nobody wants.
+#include "corekit/platform/Cursors.h"
 #include "corekit/platform/Input.h"
 #include "corekit/platform/Keyboard.h"
 #include "corekit/platform/Menus.h"
@@ -43,6 +44,15 @@ LRESULT defaultText(Window& window, UINT message, WPARAM wParam, LPARAM lParam)
     default:
         return static_cast<LRESULT>(toNarrow(window.text()).size());
     }
+}
+
+bool setClassCursor(const Window& window)
+{
+    static constinit HWND last = nullptr;
+    const HCURSOR cursor = window.windowClass().cursor;
+    if (!cursor) return false;
+    if (std::exchange(last, window.handle()) != window.handle() || GetCursor() != cursor) SetCursor(cursor);
+    return true;
 }
 
 // A child that does not care asks its parent.

@@ -36,6 +36,8 @@ void followHeldKeys(Qt::KeyboardModifiers held, int except)
 
 namespace {
 
+constinit LayoutListener layoutListener = nullptr;
+
 constexpr int unknownKey = 0xE7;
 
 bool isGraphHeld() { return GetKeyState(VK_RMENU) < 0 && GetKeyState(VK_LCONTROL) < 0; }
@@ -84,11 +86,14 @@ void noticeLayout(const QKeyEvent& event, HWND window)
     const quint32 group = (event.nativeModifiers() >> 13) & 3;
     if (std::exchange(lastGroup, group) == group) return;
     const HKL layout = GetKeyboardLayout(0);
+    if (layoutListener) layoutListener(0, layout);
     MSG change = stamped(window, WM_INPUTLANGCHANGE, 0, reinterpret_cast<LPARAM>(layout));
     offerAndSend(change);
 }
 
 } // namespace
+
+LayoutListener setLayoutListener(LayoutListener listener) { return std::exchange(layoutListener, listener); }
 
 bool keyEvent(Window* window, QObject* receiver, QKeyEvent* event)
 {

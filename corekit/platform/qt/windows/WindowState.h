@@ -60,8 +60,6 @@ private:
 // Where input methods open: the caret's place if the window has it, in coordinates of the widget; else empty.
 QRect caretPlace(const Window& window);
 
-// Shows the class's cursor over the window; whether it has one.
-bool setClassCursor(Window& window);
 LRESULT defaultIcon(Window& window, UINT message, WPARAM which, LPARAM icon);
 // Alt and a letter: opens the menu of the bar of the window's top window that has it underlined.
 void openMenuByLetter(const Window& window, WCHAR letter);

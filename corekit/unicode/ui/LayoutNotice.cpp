@@ -1,0 +1,16 @@
+// The manager hears of each layout that the user puts in force.
+#include "corekit/platform/Windows.h"
+#include "corekit/unicode/ui/UnicodeManager.h"
+
+namespace {
+
+void Hear(UINT charSet, HKL layout)
+{
+    CUnicodeManager* const manager = CUnicodeManager::GetObjectA();
+    if (manager->GetKeyboardCount() > 0) manager->HandleInputLangChange(charSet, layout);
+}
+
+[[gnu::constructor]] void Listen() { corekit::detail::setLayoutListener(&Hear); }
+[[gnu::destructor]] void StopListening() { corekit::detail::setLayoutListener(nullptr); }
+
+} // namespace
