@@ -42,6 +42,7 @@
 #include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/Caret.h"
 #include "corekit/platform/Clipboard.h"
+#include "corekit/platform/DragDrop.h"
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/Input.h"
 #include "corekit/platform/InputTest.h"

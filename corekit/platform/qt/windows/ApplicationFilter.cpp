@@ -3,6 +3,7 @@
 #include "corekit/platform/Input.h"
 #include "corekit/platform/posix/user/WindowTable.h"
 #include "corekit/platform/qt/windows/BareWindow.h"
+#include "corekit/platform/qt/windows/DropEvents.h"
 #include "corekit/platform/qt/windows/MessageLoop.h"
 #include "corekit/platform/qt/windows/WindowState.h"
 #include "corekit/platform/qt/windows/WindowTables.h"
@@ -116,6 +117,13 @@ private:
         case QEvent::FocusIn:
         case QEvent::FocusOut:
             return focus(static_cast<QFocusEvent*>(event));
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::DragLeave:
+        case QEvent::Drop: {
+            Window* const window = Window::of(&receiver);
+            return window && dropEvent(*window, receiver, event);
+        }
         case QEvent::Leave:
             if (Window* const window = Window::of(&receiver)) leaveEvent(*window, receiver);
             return false;

@@ -3,6 +3,7 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Memory.h"
 #include "corekit/platform/posix/user/RegisteredNames.h"
+#include "corekit/platform/qt/windows/MediaData.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
 #include "corekit/platform/qt/windows/Window.h"
 #include "corekit/platform/Windows.h"
@@ -66,6 +67,34 @@ QString mediaTypeOf(UINT format)
 
 bool isText(UINT format) { return format == CF_TEXT || format == CF_UNICODETEXT; }
 
+HGLOBAL textBlock(UINT format, const QString& text)
+{
+    if (format == CF_UNICODETEXT)
+        return blockOf(text.utf16(), (static_cast<std::size_t>(text.size()) + 1) * 2);
+    const std::string narrow = toNarrow(text);
+    return blockOf(narrow.c_str(), narrow.size() + 1);
+}
+
+} // namespace
+
+bool mediaHas(const QMimeData& data, UINT format)
+{
+    return isText(format) ? data.hasText() : data.hasFormat(mediaTypeOf(format));
+}
+
+HGLOBAL blockOfMedia(const QMimeData& data, UINT format)
+{
+    if (!mediaHas(data, format)) return nullptr;
+    if (isText(format)) {
+        const QString text = data.text();
+        return text.isNull() ? nullptr : textBlock(format, text);
+    }
+    const QByteArray bytes = data.data(mediaTypeOf(format));
+    return blockOf(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+namespace {
+
 class Clipboard {
 public:
     static Clipboard& instance()
@@ -121,7 +150,7 @@ public:
             return m_set.contains(format) ||
                    (isText(format) && (m_set.contains(CF_TEXT) || m_set.contains(CF_UNICODETEXT)));
         const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
-        return data && (isText(format) ? data->hasText() : data->hasFormat(mediaTypeOf(format)));
+        return data && mediaHas(*data, format);
     }
 
     bool isOpen() const { return m_isOpen; }
@@ -129,14 +158,6 @@ public:
     HWND owner() const { return QGuiApplication::clipboard()->ownsClipboard() ? m_owner : nullptr; }
 
 private:
-    static HGLOBAL textBlock(UINT format, const QString& text)
-    {
-        if (format == CF_UNICODETEXT)
-            return blockOf(text.utf16(), (static_cast<std::size_t>(text.size()) + 1) * 2);
-        const std::string narrow = toNarrow(text);
-        return blockOf(narrow.c_str(), narrow.size() + 1);
-    }
-
     QString textThatWasSet() const
     {
         if (const auto wide = m_set.find(CF_UNICODETEXT); wide != m_set.end())
@@ -153,15 +174,7 @@ private:
     static HGLOBAL fetched(UINT format)
     {
         const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
-        if (!data) return nullptr;
-        if (isText(format)) {
-            const QString text = data->text();
-            return data->hasText() && !text.isNull() ? textBlock(format, text) : nullptr;
-        }
-        const QString type = mediaTypeOf(format);
-        if (type.isEmpty() || !data->hasFormat(type)) return nullptr;
-        const QByteArray bytes = data->data(type);
-        return blockOf(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+        return data ? blockOfMedia(*data, format) : nullptr;
     }
 
     void publish()

@@ -99,6 +99,7 @@ private:
         else
             widget.setWindowFlags(Qt::Widget);
         widget.setMouseTracking(true);
+        if (m_window->m_exStyle & WS_EX_ACCEPTFILES) widget.setAcceptDrops(true);
         m_window->begin(m_create);
         m_window->setText(fromNarrow(m_create.lpszName));
         if (m_window->m_style & WS_DISABLED) m_window->showEnabled(false);

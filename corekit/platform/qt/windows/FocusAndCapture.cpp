@@ -3,6 +3,7 @@
 #include "corekit/platform/Input.h"
 #include "corekit/platform/MessageLoop.h"
 #include "corekit/platform/qt/windows/ApplicationFilter.h"
+#include "corekit/platform/qt/windows/DropEvents.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
 #include "corekit/platform/qt/windows/WindowState.h"
 #include "corekit/platform/qt/windows/WindowTables.h"
@@ -79,6 +80,7 @@ void forgetInput(HWND window)
     forgetCaret(window);
     forgetTimers(window);
     forgetPainting(window);
+    forgetDrops(window);
 }
 
 } // namespace corekit::detail

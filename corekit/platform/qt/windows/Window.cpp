@@ -60,6 +60,7 @@ bool Window::isEnabled() const
 
 void Window::styleChanged(DWORD formerStyle, DWORD)
 {
+    if (m_exStyle & WS_EX_ACCEPTFILES && m_widget) m_widget->setAcceptDrops(true);
     if ((formerStyle ^ m_style) & WS_DISABLED) showEnabled(!(m_style & WS_DISABLED));
 }
 

@@ -1,0 +1,200 @@
+#include "corekit/platform/DragDrop.h"
+
+#include "corekit/platform/Clipboard.h"
+#include "corekit/platform/Memory.h"
+#include "corekit/platform/posix/user/RegisteredNames.h"
+#include "corekit/platform/qt/windows/DropEvents.h"
+#include "corekit/platform/qt/windows/MediaData.h"
+#include "corekit/platform/qt/windows/ToolkitThread.h"
+#include "corekit/platform/qt/windows/WindowTables.h"
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <set>
+
+namespace corekit::detail {
+namespace {
+
+struct DroppedFiles {
+    std::vector<std::string> names;
+    POINT point{};
+    bool isInClient = false;
+};
+std::set<DroppedFiles*>& dropsOut() // given to windows and not finished
+{
+    static auto* const out = new std::set<DroppedFiles*>;
+    return *out;
+}
+
+std::unordered_map<HWND, DropTarget*>& targets()
+{
+    static auto* const all = new std::unordered_map<HWND, DropTarget*>;
+    return *all;
+}
+
+std::vector<std::string> filesIn(const QMimeData& data)
+{
+    std::vector<std::string> names;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile()) names.push_back(url.toLocalFile().toStdString());
+    return names;
+}
+
+class Dragged final : public DraggedData {
+public:
+    explicit Dragged(const QMimeData& data) : m_data(data) {}
+    bool hasFormat(UINT format) const override { return mediaHas(m_data, format); }
+    HGLOBAL get(UINT format) const override { return blockOfMedia(m_data, format); }
+    UINT fileCount() const override { return static_cast<UINT>(filesIn(m_data).size()); }
+
+private:
+    const QMimeData& m_data;
+};
+
+Qt::DropAction actionOf(DWORD effect)
+{
+    if (effect & DROPEFFECT_MOVE) return Qt::MoveAction;
+    if (effect & DROPEFFECT_LINK) return Qt::LinkAction;
+    return effect & DROPEFFECT_COPY ? Qt::CopyAction : Qt::IgnoreAction;
+}
+
+DWORD effectOf(Qt::DropAction action)
+{
+    return action == Qt::MoveAction   ? DROPEFFECT_MOVE
+           : action == Qt::LinkAction ? DROPEFFECT_LINK
+           : action == Qt::CopyAction ? DROPEFFECT_COPY
+                                      : DROPEFFECT_NONE;
+}
+
+DWORD keysOf(const QDropEvent& event)
+{
+    DWORD keys = event.buttons() & Qt::RightButton ? MK_RBUTTON : MK_LBUTTON;
+    if (event.modifiers() & Qt::ShiftModifier) keys |= MK_SHIFT;
+    if (event.modifiers() & Qt::ControlModifier) keys |= MK_CONTROL;
+    return keys;
+}
+
+bool takesFiles(const Window& window, const QMimeData& data)
+{
+    return window.exStyle() & WS_EX_ACCEPTFILES && !filesIn(data).empty();
+}
+
+void answer(QDropEvent& event, DWORD effect)
+{
+    event.setDropAction(actionOf(effect));
+    event.setAccepted(actionOf(effect) != Qt::IgnoreAction);
+}
+
+void dropFiles(Window& window, const QMimeData& data, POINT point)
+{
+    RECT client{};
+    GetClientRect(window.handle(), &client);
+    auto files = std::make_unique<DroppedFiles>();
+    files->names = filesIn(data);
+    files->point = point;
+    files->isInClient = point.x >= 0 && point.y >= 0 && point.x < client.right && point.y < client.bottom;
+    DroppedFiles* const given = files.release();
+    dropsOut().insert(given);
+    SendMessageA(window.handle(), WM_DROPFILES, reinterpret_cast<WPARAM>(given), 0);
+}
+
+} // namespace
+
+bool dropEvent(Window& window, QWidget& receiver, QEvent* raw)
+{
+    const HWND handle = window.handle();
+    const auto found = targets().find(handle);
+    DropTarget* const target = found == targets().end() ? nullptr : found->second;
+    if (raw->type() == QEvent::DragLeave) {
+        if (target) target->leave(handle);
+        return target != nullptr;
+    }
+    auto& event = static_cast<QDropEvent&>(*raw);
+    const QMimeData* const data = event.mimeData();
+    if (!data || (!target && !takesFiles(window, *data))) return false;
+    if (!window.isEnabled()) return event.ignore(), true;
+    const POINT point = window.toClient(receiver.mapTo(window.widget(), event.position().toPoint()));
+    if (!target) {
+        answer(event, DROPEFFECT_COPY);
+        if (raw->type() == QEvent::Drop) dropFiles(window, *data, point);
+        return true;
+    }
+    const Dragged dragged(*data);
+    if (raw->type() == QEvent::DragEnter)
+        answer(event, target->enter(handle, dragged, keysOf(event), point));
+    else if (raw->type() == QEvent::DragMove)
+        answer(event, target->over(handle, dragged, keysOf(event), point));
+    else
+        answer(event, target->drop(handle, dragged, effectOf(event.proposedAction()), point));
+    return true;
+}
+
+void forgetDrops(HWND window) { targets().erase(window); }
+
+bool setDropTarget(HWND handle, DropTarget* target)
+{
+    const Window* const window = requireWindow(handle);
+    if (!window || !window->widget()) return false;
+    if (!target) {
+        targets().erase(handle);
+        return true;
+    }
+    targets()[handle] = target;
+    window->widget()->setAcceptDrops(true);
+    return true;
+}
+
+} // namespace corekit::detail
+
+using namespace corekit::detail;
+
+namespace {
+const DroppedFiles* filesOf(HDROP drop)
+{
+    auto* const files = reinterpret_cast<DroppedFiles*>(drop);
+    return onToolkitThread() && dropsOut().contains(files) ? files : nullptr;
+}
+} // namespace
+
+void DragAcceptFiles(HWND handle, BOOL accept)
+{
+    const Window* const window = requireWindow(handle);
+    if (!window) return;
+    const DWORD style =
+        accept ? window->exStyle() | WS_EX_ACCEPTFILES : window->exStyle() & ~WS_EX_ACCEPTFILES;
+    SetWindowLongA(handle, GWL_EXSTYLE, static_cast<LONG>(style));
+}
+
+UINT DragQueryFileA(HDROP drop, UINT index, char* buffer, UINT size)
+{
+    const DroppedFiles* const files = filesOf(drop);
+    if (!files) return 0;
+    if (index == 0xFFFFFFFF) return static_cast<UINT>(files->names.size());
+    if (index >= files->names.size()) return 0;
+    const std::string& name = files->names[index];
+    if (!buffer || size == 0) return static_cast<UINT>(name.size());
+    const std::size_t length = std::min<std::size_t>(name.size(), size - 1);
+    std::memcpy(buffer, name.data(), length);
+    buffer[length] = 0;
+    return static_cast<UINT>(length);
+}
+
+BOOL DragQueryPoint(HDROP drop, POINT* point)
+{
+    const DroppedFiles* const files = filesOf(drop);
+    if (!files || !point) return FALSE;
+    *point = files->point;
+    return files->isInClient;
+}
+
+void DragFinish(HDROP drop)
+{
+    auto* const files = reinterpret_cast<DroppedFiles*>(drop);
+    if (onToolkitThread() && dropsOut().erase(files)) delete files;
+}
