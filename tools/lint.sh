@@ -38,6 +38,9 @@ complain "Messages by bare number (corekit/resources/Messages.h has their names)
     grep -rnE "(^|[^[:alnum:]_.#])($numbers)u?\b|(Throw\w+|Failed|Complain|Tell|Load\w*String\w*|Format\w*|MessageBox)\(([^()]|\([^()]*\))*\b409[56]u?\b" \
         --include='*.h' --include='*.cpp' corekit apps | grep -vE '^corekit/(unicode/tables|resources)/')"
 complain "Unfinished marks:" "$(grep -nE '\b(TODO|FIXME|XXX|not implemented|placeholder)\b' -r corekit apps)"
+complain "Words that sound as if the code followed a text (say what the system does and why):" "$(
+    grep -nEi '\b(as (it is )?told|the told|by rule|as specified|published|left out on purpose|[a-z]*(AsTold|TheTold)[a-z]*|namespace told)\b' \
+        -r corekit apps tests benchmarks fuzz examples docs --include='*.h' --include='*.cpp' --include='*.md')"
 complain "Tests that are switched off or cannot fail:" "$(grep -nE 'DISABLED_|GTEST_SKIP|EXPECT_TRUE\(true\)|SUCCEED\(\)' -r tests)"
 complain "Public headers over 250 lines:" "$(find corekit -name '*.h' -not -name '*Impl.h' -exec wc -l {} + | awk '$2 != "total" && $1 > 250')"
 complain "Sources over 700 lines:" "$(sources | xargs wc -l | awk '$2 != "total" && $1 > 700')"

@@ -16,7 +16,7 @@
 inline constexpr std::size_t acceleratorResourceRow = 8; // flags, key, command and nothing, 16 bits each
 inline constexpr BYTE lastAcceleratorFlag = 0x80;
 
-// The published form of the resource: little-endian rows, the last one flagged.
+// The stored form of the resource: little-endian rows, the last one flagged.
 template <std::size_t count>
 constexpr std::array<std::byte, count * acceleratorResourceRow>
 AcceleratorResource(const ACCEL (&rows)[count])

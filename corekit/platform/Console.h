@@ -21,7 +21,7 @@ COREKIT_API void SetConsoleTitleA(const char* title);
 
 inline constexpr DWORD CTRL_C_EVENT = 0;     // SIGINT
 inline constexpr DWORD CTRL_BREAK_EVENT = 1; // SIGQUIT
-inline constexpr DWORD CTRL_CLOSE_EVENT = 2; // SIGTERM, and SIGHUP unless the program was told to ignore it
+inline constexpr DWORD CTRL_CLOSE_EVENT = 2; // SIGTERM, and SIGHUP unless the program ignores it
 using PHANDLER_ROUTINE = BOOL (*)(DWORD event);
 // Adds a handler, or takes it away. An event goes to the handlers, the newest first, until one of them gives
 // nonzero; if none does, it ends the process. They are called on a thread that is there for them alone. 0 for

@@ -1,6 +1,6 @@
 // What the system knows about a name: attributes, folders, free space.
 //
-// Names are bytes; `\` and `/` both separate. A link is told as itself and never followed: it carries
+// Names are bytes; `\` and `/` both separate. A link is described as itself and never followed: it carries
 // FILE_ATTRIBUTE_REPARSE_POINT and nothing of what it points to. A file that nobody may write is read-only.
 // Failures leave the last error: 2 no such name, 3 no such folder, 5 no access, 183 exists.
 #pragma once
@@ -39,6 +39,6 @@ COREKIT_API BOOL CreateDirectoryA(const char* name, _SECURITY_ATTRIBUTES* securi
 // An empty folder, or a link to a folder; fails with 145 when it is not empty.
 COREKIT_API BOOL RemoveDirectoryA(const char* name);
 
-// The volume that holds the name. Clusters above 32 bits are told as 0xFFFFFFFF. Results may be null.
+// The volume that holds the name. Clusters above 32 bits are given as 0xFFFFFFFF. Results may be null.
 COREKIT_API BOOL GetDiskFreeSpaceA(const char* root, DWORD* sectorsPerCluster, DWORD* bytesPerSector,
                                    DWORD* freeClusters, DWORD* clusters);

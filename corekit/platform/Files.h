@@ -1,7 +1,7 @@
 // Files.
 //
 // Names are bytes; `\` and `/` both separate. A handle keeps a position of its own and may be used by several
-// threads, one operation at a time. Positions are 64 bits wide, split in two halves as published. Failures
+// threads, one operation at a time. Positions are 64 bits wide, split in two halves. Failures
 // leave the platform's number as last error: 2 no such file, 3 no such folder, 5 no access or a folder,
 // 32 not shared, 80 exists.
 #pragma once
@@ -80,7 +80,7 @@ COREKIT_API BOOL WriteFile(HANDLE file, const void* buffer, DWORD count, DWORD* 
 COREKIT_API DWORD SetFilePointer(HANDLE file, LONG distance, LONG* high, DWORD method);
 // Cuts or extends the file to the position. What is new reads as zeros.
 COREKIT_API BOOL SetEndOfFile(HANDLE file);
-// Returns the lower half of the size and stores the upper one if asked; told as for SetFilePointer.
+// Returns the lower half of the size and stores the upper one if asked; failures as for SetFilePointer.
 COREKIT_API DWORD GetFileSize(HANDLE file, DWORD* high);
 // Returns when all that was written is on the device.
 COREKIT_API BOOL FlushFileBuffers(HANDLE file);

@@ -22,7 +22,7 @@ COREKIT_API HWND GetForegroundWindow(); // the active window while this program 
 
 // The window with the capture gets all mouse messages of this program; pressed buttons bring those from
 // outside, too. It ends with ReleaseCapture, and where another window takes it, or the holder is hidden,
-// disabled or destroyed; the holder is told by WM_CAPTURECHANGED.
+// disabled or destroyed; the holder gets WM_CAPTURECHANGED.
 COREKIT_API HWND SetCapture(HWND window); // returns the one before
 COREKIT_API BOOL ReleaseCapture();
 COREKIT_API HWND GetCapture();
@@ -40,7 +40,7 @@ struct TRACKMOUSEEVENT {
     HWND hwndTrack;
     DWORD dwHoverTime;
 };
-// Asks for one WM_MOUSELEAVE when the pointer leaves the window. Hovering is not told.
+// Asks for one WM_MOUSELEAVE when the pointer leaves the window. Hovering is not reported.
 COREKIT_API BOOL TrackMouseEvent(TRACKMOUSEEVENT* track);
 
 // If the message is a key that the table has, sends WM_COMMAND to the window (HIWORD(wParam) is 1) and

@@ -1,6 +1,7 @@
 // The keyboard: keys by number and by name on the United States layout, and which of them are down.
 //
-// What is down is told to each thread separately: the thread that receives the keys keeps its own record.
+// What is down is recorded for each thread separately: the thread that receives the keys keeps its own
+// record.
 #pragma once
 
 #include "corekit/platform/Export.h"

@@ -137,7 +137,7 @@ inline constexpr LPARAM LVSICF_NOSCROLL = 2;
 // LVM_SORTITEMSEX, and the parameter given.
 using PFNLVCOMPARE = int (*)(LPARAM, LPARAM, LPARAM);
 
-// wParam is a row or column, lParam the structure, unless told otherwise. What sets answers TRUE for success.
+// wParam is a row or column, lParam the structure, unless said otherwise. What sets answers TRUE for success.
 inline constexpr UINT LVM_GETBKCOLOR = 0x1000;
 inline constexpr UINT LVM_SETBKCOLOR = 0x1001; // lParam: COLORREF; CLR_DEFAULT: the theme's, as in the next
 inline constexpr UINT LVM_GETIMAGELIST = 0x1002;

@@ -38,7 +38,7 @@ COREKIT_API BOOL DestroyMenu(HMENU menu);
 
 // Adds an item before the one named, or at the end if there is none such. `item` is its command or, with
 // MF_POPUP, the menu that it opens; a separator needs neither text nor number. 0 with error 87 for flags that
-// are not told above, and for a menu that would come to stand within itself.
+// do not stand above, and for a menu that would come to stand within itself.
 COREKIT_API BOOL InsertMenuA(HMENU menu, UINT place, UINT flags, UINT_PTR item, const char* text);
 COREKIT_API BOOL AppendMenuA(HMENU menu, UINT flags, UINT_PTR item, const char* text);
 // Puts another item in an item's place. A menu that it opened is destroyed, unless it opens that again.

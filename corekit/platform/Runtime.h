@@ -1,4 +1,4 @@
-// Text functions of the platform's C runtime under their published names.
+// Text functions of the platform's C runtime under their documented names.
 //
 // The 16-bit forms stand in namespace crt16, since the machine's own wchar_t is 32 bits wide. Text is
 // zero-terminated unless a view is passed; a count is in 16-bit units. None takes a null pointer but

@@ -1,4 +1,4 @@
-// The folders that users and programs share, by the published numbers, and names as the user sees them.
+// The folders that users and programs share, by the documented numbers, and names as the user sees them.
 #pragma once
 
 #include "corekit/platform/Export.h"

@@ -140,7 +140,7 @@ COREKIT_API int connect(SOCKET socket, const sockaddr* address, int length);
 COREKIT_API int closesocket(SOCKET socket);
 COREKIT_API int getpeername(SOCKET socket, sockaddr* address, int* length);
 COREKIT_API int getsockname(SOCKET socket, sockaddr* address, int* length);
-// The level 0xFFFF has the published option numbers 4, 8, 0x20, 0x80, 0x1001, 0x1002, 0x1005 and 0x1006; any
+// The level 0xFFFF has the documented option numbers 4, 8, 0x20, 0x80, 0x1001, 0x1002, 0x1005 and 0x1006; any
 // other level goes to the machine as it is.
 COREKIT_API int setsockopt(SOCKET socket, int level, int option, const char* value, int length);
 // Bytes moved; recv gives 0 when the peer has closed.
@@ -182,8 +182,8 @@ COREKIT_API int WSANtohs(SOCKET socket, WORD value, WORD* result);
 COREKIT_API int WSANtohl(SOCKET socket, DWORD value, DWORD* result);
 
 // Sets the event when one of the events has happened, and makes the socket one that never waits; a null event
-// or no bits end that. An event is told again only after the call that answers it: accept for FD_ACCEPT, recv
-// for FD_READ, a send that would have waited for FD_WRITE. The accepted socket selects nothing.
+// or no bits end that. An event is reported again only after the call that answers it: accept for FD_ACCEPT,
+// recv for FD_READ, a send that would have waited for FD_WRITE. The accepted socket selects nothing.
 COREKIT_API int WSAEventSelect(SOCKET socket, HANDLE event, long events);
 // What has happened since the last call; resets the event unless that is null.
 COREKIT_API int WSAEnumNetworkEvents(SOCKET socket, HANDLE event, WSANETWORKEVENTS* events);

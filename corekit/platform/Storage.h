@@ -1,4 +1,4 @@
-// Structured storage: named streams in one compound file, in the published format.
+// Structured storage: named streams in one compound file, in the documented format.
 //
 // Storages are transacted: a program works on what it opened and changed, and Commit puts all of it in place
 // as a new file, whole or not at all. Names are UTF-16, at most 31 units without / \ : !, and compare without

@@ -51,7 +51,7 @@ COREKIT_API BOOL GetVersionExA(OSVERSIONINFOEX* info);
 // size that the buffer needs.
 COREKIT_API UINT GetWindowsDirectoryA(char* buffer, UINT size);
 COREKIT_API UINT GetSystemDirectoryA(char* buffer, UINT size);
-// $TMPDIR, or /tmp, with a separator at the end; told as above.
+// $TMPDIR, or /tmp, with a separator at the end; reported as above.
 COREKIT_API DWORD GetTempPathA(DWORD size, char* buffer);
 
 COREKIT_API DWORD GetCurrentProcessId();

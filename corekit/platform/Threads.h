@@ -27,7 +27,7 @@ COREKIT_API HANDLE CreateThread(void* attributes, SIZE_T stackBytes, LPTHREAD_ST
 COREKIT_API DWORD ResumeThread(HANDLE thread);
 // What the routine returned, or STILL_ACTIVE.
 COREKIT_API BOOL GetExitCodeThread(HANDLE thread, DWORD* exitCode);
-// The priority is kept and told again; the machine's scheduler goes by its own judgement.
+// The priority is kept and given back; the machine's scheduler goes by its own judgement.
 COREKIT_API BOOL SetThreadPriority(HANDLE thread, int priority);
 COREKIT_API int GetThreadPriority(HANDLE thread);
 

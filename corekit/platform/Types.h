@@ -1,4 +1,4 @@
-// The one home of the platform's basic types and constants, under their published names.
+// The one home of the platform's basic types and constants, under their documented names.
 //
 // Integers have the sizes that files and wires rely on: LONG and DWORD are 32 bits wide here although
 // the machine's `long` is 64. Wide text is UTF-16 in char16_t; literals are u"...".

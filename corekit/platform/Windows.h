@@ -1,7 +1,7 @@
 // Windows: classes, creation, the tree, place, words and texts.
 //
 // A window is a handle that stands for one widget of the toolkit. It belongs to the thread that runs the
-// toolkit: whatever is told here is for that thread; on another the calls fail with error 5, and a debug
+// toolkit: whatever stands here is for that thread; on another the calls fail with error 5, and a debug
 // build stops. IsWindow, PostMessageA and GetWindowThreadProcessId may be asked anywhere.
 //
 // A handle that is null, closed or foreign fails with error 1400 and does no harm. Any message may destroy

@@ -2,7 +2,7 @@
 //
 // Blocks are numbered from 0 and given out lowest first; a file without a free block grows by 64. Every
 // operation that may grow it (bExpand) moves the view: take pointers into blocks again afterwards. A file
-// that is damaged so that its header cannot be true is not opened. The bytes are told in
+// that is damaged so that its header cannot be true is not opened. The bytes are described in
 // docs/formats/block-file.md.
 //
 // A file has less than 4 GiB, is opened by one object alone, and belongs to one thread at a time. When it

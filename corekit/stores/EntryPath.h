@@ -22,8 +22,9 @@ std::string PathBelow(const std::string& folder, const std::string& name);
 // Whether any part of `name` below the folder is a link on the disk.
 bool LeadsThroughLink(const std::string& folder, const std::string& name);
 
-// Makes the folder `name` below `folder` with all those above it. A part whose parent is not there is told by
-// message::createFolderFailed, and then the result is false. A part that is there already is no failure.
+// Makes the folder `name` below `folder` with all those above it. A part whose parent is not there is
+// reported by message::createFolderFailed, and then the result is false. A part that is there already is no
+// failure.
 bool MakeFolders(const std::string& folder, const std::string& name);
 
 // Gives the file the entry's date.

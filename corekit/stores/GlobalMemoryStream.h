@@ -19,7 +19,7 @@ public:
     void Attach(HGLOBAL handle, int growBy);
     // Starts over with a cleared block of its own without data.
     void Create(int initialSize, int growBy);
-    HGLOBAL Detach(); // unlocked, to the caller; sizes and position stay as told
+    HGLOBAL Detach(); // unlocked, to the caller; sizes and position keep their values
     void Empty();     // frees the block, whoever it belongs to
     bool NotCreated() const { return m_handle == nullptr; }
     void SetAutoDelete(int autoDelete) { m_autoDelete = autoDelete; }

@@ -22,8 +22,8 @@ public:
     void Attach(const void* data, int size);
     // Starts over with an own block without data. A growBy of 0 forbids to extend it.
     void Create(int initialSize, int growBy);
-    // The block goes to the caller; sizes and position stay as told. Only Create or Attach make it usable
-    // again.
+    // The block goes to the caller; sizes and position keep their values. Only Create or Attach make it
+    // usable again.
     void* Detach();
     void Free();  // without a block, as after Detach, with size and position 0
     void Reset(); // drops the data and keeps the block

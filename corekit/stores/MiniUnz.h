@@ -20,15 +20,16 @@ public:
     CMiniUnz() = default;
 
     // Extracts the whole archive, or the entry `oneFile` (exact case), below outputPath, which must exist;
-    // null or empty is the current folder. Folders inside the archive are made as they come, which is told
-    // by message::unzipCreatingFolder for each that has an entry of its own.
+    // null or empty is the current folder. Folders inside the archive are made as they come, which is
+    // reported by message::unzipCreatingFolder for each that has an entry of its own.
     //   bToMemory       no files are made
     //   memory          gets a copy of all contents, one after the other, in either case
     //   bWithoutPath    entries lose their folders
     //   bOverwrite      0 asks before a file is replaced (message::unzipOverwrite)
     //   password        for encrypted entries; may be null
-    // False if there is no such archive or entry. Of a whole archive it is true otherwise: failures are told
-    // by boxes with a stop sign, and one inside an entry's data ends the run. Only the memory stream throws.
+    // False if there is no such archive or entry. Of a whole archive it is true otherwise: failures are
+    // reported by boxes with a stop sign, and one inside an entry's data ends the run. Only the memory stream
+    // throws.
     bool unzip(bool bToMemory, CMemoryStream& memory, const char* zipName, const char* oneFile,
                const char* outputPath, int bWithoutPath, int bOverwrite, const char* password);
 };

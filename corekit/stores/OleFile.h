@@ -1,4 +1,4 @@
-// COleFile: a compound file, the published format that holds named streams in one file.
+// COleFile: a compound file, the format that holds named streams in one file.
 //
 //     COleFile file;
 //     file.Create("show.cmp", 1);

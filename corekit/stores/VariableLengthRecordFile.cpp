@@ -199,7 +199,7 @@ void CVariableLengthRecordFile::DeleteRecord(int record, int bFlush)
 void CVariableLengthRecordFile::GetRecord(int record, void*& data, DWORD& size)
 {
     const VLRExtent entry = m_index[record];
-    // A size that the file does not have is told before there is memory for it.
+    // A size that the file does not have is refused before there is memory for it.
     if (static_cast<std::uint64_t>(entry.nOffset) + entry.nSize > m_bytesOnDisk && entry.nSize > 0)
         ThrowWithError(ERROR_HANDLE_EOF, message::recordFileReadFailed);
     void* const block = __safe_malloc(static_cast<int>(entry.nSize), __FILE__, __LINE__);

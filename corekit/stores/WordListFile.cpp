@@ -257,7 +257,7 @@ void CWordListFile::SplitLeaf(Place& place)
 }
 
 // A full master index moves to a run of one block more, with the block behind the old run, which the
-// published layout has in the tail of the new one.
+// stored layout has in the tail of the new one.
 void CWordListFile::CheckMasterIndexSpace()
 {
     const DWORD oldBlock = m_header->masterBlock, oldBlocks = m_header->masterBlocks;

@@ -1,7 +1,7 @@
 // CWordListFile: a sorted dictionary in a file, from words to 32-bit identifiers.
 //
 // Words are kept in upper case without white space around them, and have at most 29 units; longer ones are
-// neither stored nor found. An identifier is the caller's own number and not 0. The bytes are told in
+// neither stored nor found. An identifier is the caller's own number and not 0. The bytes are described in
 // docs/formats/word-list.md.
 //
 // An object belongs to one thread at a time, and an open file to one object: nobody else can open it

@@ -25,7 +25,7 @@ TEST(AcceleratorResource, ComesByNumberOrNameFromTheModuleThatHasIt)
 {
     static constexpr ACCEL keys[] = {{FVIRTKEY | FALT, 0x70, 0x1234}, {0, 'x', 0xFFFF}};
     static constexpr auto table = AcceleratorResource(keys);
-    EXPECT_EQ(table[8], std::byte{lastAcceleratorFlag}) << "flagged as in the published form";
+    EXPECT_EQ(table[8], std::byte{lastAcceleratorFlag}) << "the last row is flagged";
     static constexpr std::byte unflagged[17] = {{}, {}, {}, {}, std::byte{7}}; // two rows, half a third
     static constexpr BinaryResource resources[] = {
         {"#9", "#902", table}, {"#9", "Keys", unflagged}, {"#9", "empty", {}}, {"#2", "bitmap", table}};

@@ -38,7 +38,7 @@ using Items = std::vector<std::string>;
 
 } // namespace
 
-TEST(ByteText, EveryFormIsWrittenAsTold)
+TEST(ByteText, EveryFormHasItsOwnText)
 {
     CByteArray bytes;
     CString text;

@@ -41,7 +41,7 @@ void ExpectText(const StringW& got, const WCHAR* want, int room = -1)
     }
 }
 
-// The room is told by rule, also where it is generous.
+// The room follows from the format alone, also where that is generous.
 TEST(StringFormat, RoomFollowsTheTable)
 {
     ExpectText(Narrow("abc"), "abc", 3 + 2 + 1);

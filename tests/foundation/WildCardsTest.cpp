@@ -10,8 +10,8 @@ namespace {
 
 using Text = std::u16string;
 
-// The rules as they are told, with a copy at every step.
-namespace told {
+// The rules one by one, with a copy at every step.
+namespace plain {
 
 bool Separator(char16_t c)
 {
@@ -85,7 +85,7 @@ int Match(Text text, Text pattern, bool words)
     return Match(text, pattern, words) < 0 ? -1 : r;
 }
 
-} // namespace told
+} // namespace plain
 
 Text RandomText(std::mt19937& random, const Text& letters, std::size_t longest)
 {
@@ -124,14 +124,14 @@ TEST(WildCards, WordsPartsStarsAndMarks)
     EXPECT_TRUE(IsWildCardString(u"a?") && !IsWildCardString(u"a."));
 }
 
-TEST(WildCards, TheResultIsThatOfTheToldSteps)
+TEST(WildCards, TheResultIsThatOfThePlainSteps)
 {
     std::mt19937 random(11);
     for (int i = 0; i < 40000; ++i) {
         const Text text = RandomText(random, u"ab -", 14), pattern = RandomText(random, u"ab*?a -", 6);
-        ASSERT_EQ(MatchWildCardString(text.c_str(), pattern.c_str(), 1), told::Match(text, pattern, false))
+        ASSERT_EQ(MatchWildCardString(text.c_str(), pattern.c_str(), 1), plain::Match(text, pattern, false))
             << testing::PrintToString(text) << testing::PrintToString(pattern);
-        ASSERT_EQ(MatchNonWildCardString(text.c_str(), pattern.c_str(), 1), told::Match(text, pattern, true))
+        ASSERT_EQ(MatchNonWildCardString(text.c_str(), pattern.c_str(), 1), plain::Match(text, pattern, true))
             << testing::PrintToString(text) << testing::PrintToString(pattern);
     }
 }

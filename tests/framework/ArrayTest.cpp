@@ -32,7 +32,7 @@ std::vector<int> Values(const Array& array)
 }
 } // namespace
 
-// The store moves exactly when the told capacity is passed.
+// The store moves exactly when the capacity is passed.
 TEST(Array, GrowsByAnEighthWithinFourAndAThousandAndTwentyFour)
 {
     struct {

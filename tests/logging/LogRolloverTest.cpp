@@ -98,7 +98,7 @@ TEST_F(LogRollover, ANextFileThatCannotBeOpenedIsTriedAgain)
     EXPECT_EQ(Said("Server.2027-01-01.log").back(), "Information       three");
 }
 
-TEST_F(LogRollover, KeepsAsManyOldFilesAsTold)
+TEST_F(LogRollover, KeepsTheNumberOfOldFilesThatWasSet)
 {
     const struct {
         int days;

@@ -25,7 +25,7 @@ std::string Line(const std::string& level, const std::string& text, const std::s
     return "14:11:2026 " + time + "  " + level + std::string(16 - level.size(), ' ') + "  " + text + "\n";
 }
 
-TEST_F(LogTarget, WritesEveryLevelInTheToldForm)
+TEST_F(LogTarget, WritesEveryLevelInItsColumns)
 {
     ASSERT_TRUE(Open());
     log.LogDebugMsg("one");

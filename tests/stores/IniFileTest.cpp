@@ -20,7 +20,7 @@ protected:
 };
 } // namespace
 
-TEST_F(IniFile, WrittenFormsAreTheToldTexts)
+TEST_F(IniFile, EveryTypeHasItsWrittenForm)
 {
     const _GUID guid = {0x01234567, 0x89AB, 0xCDEF, {1, 2, 3, 4, 5, 6, 7, 0xFF}};
     m_ini.SetBoolean("s", "k", 5);

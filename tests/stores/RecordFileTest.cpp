@@ -11,7 +11,7 @@ namespace {
 
 constexpr DWORD sector = 512;
 
-// The rule of placement as it is told, with a scan and a sort for everything.
+// The rule of placement, with a scan and a sort for everything.
 class Model {
 public:
     explicit Model(DWORD sectors) : size(sectors * sector), map{{17 * sector, (sectors - 17) * sector}} {}
@@ -123,7 +123,7 @@ TEST_F(RecordFileTest, NewFileDiffersFromItsLayoutByHand)
     EXPECT_TRUE(ReadAll(name) == expected);
 }
 
-TEST_F(RecordFileTest, RandomOperationsLeaveTheToldPlacement)
+TEST_F(RecordFileTest, RandomOperationsKeepTheRuleOfPlacement)
 {
     for (const unsigned seed : {1u, 2u, 3u, 4u}) {
         std::mt19937 random(seed);

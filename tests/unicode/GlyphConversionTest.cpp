@@ -26,7 +26,7 @@ TEST(GlyphConversion, CasesFromTheTable)
     for (const auto& fields : cases) EXPECT_EQ(Convert(FromHex(fields[0])), FromHex(fields[1])) << fields[0];
 }
 
-// The step as it is told, by the joining classes and with a fresh search for every neighbour.
+// The step done plainly, by the joining classes and with a fresh search for every neighbour.
 class StepByStep {
 public:
     explicit StepByStep(const std::u16string& text) : m_text(text), m_end(static_cast<int>(text.find(u'\0')))
@@ -110,7 +110,7 @@ private:
 };
 
 // The letters of the word rows crowd together here, with marks, tildes, joiners and zeros among them.
-TEST(GlyphConversion, RandomTextsAsToldStepByStep)
+TEST(GlyphConversion, RandomTextsConvertAsStepByStep)
 {
     constexpr char16_t rows[] = {0x632, 0x645, 0x6D5,  0x631, 0x6CC, 0x643, 0x633, 0x62C,
                                  0x62A, 0x644, 0x67E,  0x626, 0x627, 0x623, 0x622, 0x6D2,
@@ -132,7 +132,7 @@ TEST(GlyphConversion, RandomTextsAsToldStepByStep)
     }
 }
 
-TEST(GlyphConversion, EveryPairOfTheBlockAsToldStepByStep)
+TEST(GlyphConversion, EveryPairOfTheBlockConvertsAsStepByStep)
 {
     for (int a = 0x600; a < 0x700; ++a)
         for (int b = 0x600; b < 0x700; ++b) {

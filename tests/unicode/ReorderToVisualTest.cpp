@@ -104,7 +104,7 @@ private:
     std::vector<int> m_table, m_levels;
 };
 
-void ExpectAsToldStepByStep(const std::u16string& line, int base)
+void ExpectAsStepByStep(const std::u16string& line, int base)
 {
     static CArray<int, int> order, types; // kept, so that sizes go up and down
     const StepByStep expected(line, base);
@@ -135,8 +135,8 @@ TEST(ReorderToVisual, EveryShortLineOfTypes)
         for (int n = 0; n < lines; ++n) {
             std::u16string line;
             for (int rest = n, k = 0; k < length; ++k, rest /= kinds) line += one[rest % kinds];
-            ExpectAsToldStepByStep(line, 0);
-            ExpectAsToldStepByStep(line, 1);
+            ExpectAsStepByStep(line, 0);
+            ExpectAsStepByStep(line, 1);
             if (HasFatalFailure()) return;
         }
 }
@@ -153,7 +153,7 @@ TEST(ReorderToVisual, RandomLinesOfAllTypes)
             line.append(1 + (random() % 4 == 0 ? random() % 9 : 0), c);
         }
         if (line.empty()) continue;
-        for (const int base : {0, 1, 2, 7}) ExpectAsToldStepByStep(line, base);
+        for (const int base : {0, 1, 2, 7}) ExpectAsStepByStep(line, base);
         if (HasFatalFailure()) return;
     }
 }
@@ -161,8 +161,8 @@ TEST(ReorderToVisual, RandomLinesOfAllTypes)
 TEST(ReorderToVisual, EveryCharacterAlone)
 {
     for (int c = 0; c < 0x10000; ++c) {
-        ExpectAsToldStepByStep(std::u16string(3, static_cast<char16_t>(c)), c & 1);
-        ExpectAsToldStepByStep({u'a', static_cast<char16_t>(c), u'b', u' ', u'c', u'd', u'e', u'f', u'g'}, 0);
+        ExpectAsStepByStep(std::u16string(3, static_cast<char16_t>(c)), c & 1);
+        ExpectAsStepByStep({u'a', static_cast<char16_t>(c), u'b', u' ', u'c', u'd', u'e', u'f', u'g'}, 0);
         if (HasFatalFailure()) return;
     }
 }
@@ -173,7 +173,7 @@ TEST(ReorderToVisual, LinesLongerThanTheScratchMemory)
     for (const std::size_t length : {255, 256, 257, 1000}) {
         std::u16string line;
         while (line.size() < length) line += letters[random() % std::size(letters)];
-        for (const int base : {0, 1}) ExpectAsToldStepByStep(line, base);
+        for (const int base : {0, 1}) ExpectAsStepByStep(line, base);
     }
 }
 

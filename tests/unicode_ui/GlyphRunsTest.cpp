@@ -128,7 +128,7 @@ void expectRuns(const Columns& row, std::size_t firstRun, const std::vector<std:
     EXPECT_EQ(got, wanted) << row[0];
 }
 
-TEST(GlyphRuns, RunsOfTheTableAreDrawnAsTold)
+TEST(GlyphRuns, RunsOfTheTableAreDrawnInTheirFonts)
 {
     const auto rows = readTable("glyph_runs.tsv");
     ASSERT_GT(rows.size(), 40u);
@@ -149,7 +149,7 @@ TEST(GlyphRuns, RunsOfTheTableAreDrawnAsTold)
     }
 }
 
-TEST(GlyphRuns, RunsOfTheTableAreMeasuredAsTold)
+TEST(GlyphRuns, RunsOfTheTableHaveTheirWidths)
 {
     const auto rows = readTable("measure_runs.tsv");
     ASSERT_GT(rows.size(), 8u);

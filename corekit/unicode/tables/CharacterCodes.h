@@ -1,5 +1,5 @@
-// The codes in which the character tables tell a general type and a bidirectional type. Their numbers are
-// part of the published table layout and never change. A code point without a row has -1 for both.
+// The codes in which the character tables give a general type and a bidirectional type. Their numbers are
+// part of the table layout and never change. A code point without a row has -1 for both.
 #pragma once
 
 namespace corekit {

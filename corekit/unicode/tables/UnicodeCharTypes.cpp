@@ -1,4 +1,4 @@
-// Expands the runs of facts into the published pages and the flat lookup tables, all at compile time.
+// Expands the runs of facts into the pages and the flat lookup tables, all at compile time.
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 
 #include "corekit/foundation/StringW.h"

@@ -42,7 +42,7 @@ private:
 // Stored Indic Urdu, expanded to its text when it is drawn or measured.
 constexpr bool isUrduBlock(WCHAR c) { return c >= 0xE300 && c <= 0xE3FF; }
 // Text that this library has ordered and joined, which the platform must leave as it is. The tail of the
-// Tamil block, from U+E29A, is left out on purpose.
+// Tamil block, from U+E29A, counts as ordinary text.
 constexpr bool isShaped(WCHAR c)
 {
     return (c >= 0xE000 && c <= 0xE299) || c >= 0xE400 || (c >= 0x0900 && c <= 0x09FF) ||

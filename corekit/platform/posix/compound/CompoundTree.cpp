@@ -30,8 +30,8 @@ std::shared_ptr<T> OwnGObject(T* object)
     });
 }
 
-// What the library says about damaged elements is told by results here; it speaks in nobody's name, so other
-// remarks of that kind go on.
+// What the library says about damaged elements is reported by results here; it speaks in nobody's name, so
+// other remarks of that kind go on.
 void OtherRemarks(const char* domain, GLogLevelFlags level, const char* text, void*)
 {
     if (!std::string_view(text ? text : "").starts_with("Unable to get child"))

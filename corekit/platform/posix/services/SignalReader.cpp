@@ -8,7 +8,7 @@
 namespace corekit::detail {
 namespace {
 
-// Where each signal is told: a descriptor and 1, or 0.
+// Where each signal is reported: a descriptor and 1, or 0.
 constinit std::atomic<int> pipes[65];
 
 extern "C" void tellSignal(int signal)

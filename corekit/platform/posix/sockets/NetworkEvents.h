@@ -11,7 +11,7 @@
 namespace corekit::detail {
 
 // Watches a descriptor of its own for the same socket, so that it is in nobody's way, from start to end. Each
-// event is told once and then rests until the call that answers it wakes it.
+// event is reported once and then rests until the call that answers it wakes it.
 class NetworkEvents final : public Watcher, public std::enable_shared_from_this<NetworkEvents> {
 public:
     // The event's handle is duplicated.
@@ -22,7 +22,7 @@ public:
     void end();
     void onReady(std::uint32_t ready) override;
 
-    // The call that answers these events was made: those that hold again are told again.
+    // The call that answers these events was made: those that hold again are reported again.
     void wake(long events);
     // Moves out what has happened.
     void take(WSANETWORKEVENTS& events);

@@ -18,7 +18,7 @@ public:
     explicit Socket(Descriptor descriptor);
     ~Socket() override;
 
-    // As the published calls see it; where it is set, the descriptor has O_NONBLOCK.
+    // As the calls of Sockets.h see it; where it is set, the descriptor has O_NONBLOCK.
     bool neverWaits() const { return m_neverWaits.load(std::memory_order_relaxed); }
     int setNeverWaits(bool neverWaits); // an errno
 

@@ -84,7 +84,7 @@ BOOL finish(const Moved& moved, DWORD* count)
     return fail(moved.error == EAGAIN ? ERROR_TIMEOUT : socketErrorFromErrno(moved.error), FALSE);
 }
 
-// A published transfer: waits as long as setsockopt said, or not at all.
+// A transfer of Sockets.h: waits as long as setsockopt said, or not at all.
 template <class Call>
 int moveAsSet(Socket& socket, Socket::Limit& limit, short events, long event, Call call)
 {

@@ -28,7 +28,7 @@ public:
 int told(int result) { return result == 0 ? 0 : failSocket(errno); }
 
 struct OptionRow {
-    int published, machine;
+    int documented, machine;
 };
 
 // Of level 0xFFFF.
@@ -41,7 +41,7 @@ int setSocketOption(Socket& socket, int option, const char* value, int length)
 {
     int number = 0;
     std::memcpy(&number, value, std::min<std::size_t>(sizeof number, static_cast<std::size_t>(length)));
-    const auto* row = std::ranges::find(kOptions, option, &OptionRow::published);
+    const auto* row = std::ranges::find(kOptions, option, &OptionRow::documented);
     if (row == std::end(kOptions)) return fail(WSAENOPROTOOPT, SOCKET_ERROR);
     if (row->machine == SO_RCVTIMEO || row->machine == SO_SNDTIMEO) {
         auto& limit = row->machine == SO_RCVTIMEO ? socket.receiveLimit : socket.sendLimit;

@@ -144,7 +144,7 @@ Bytes Head(const TrueTypeFile& file, const Box& box)
     b.U32(0x5F0F3CF5);
     b.U16(0x0003); // baseline and left edge at 0
     b.U16(file.unitsPerEm);
-    for (int i = 0; i < 4; ++i) b.U32(0); // made and changed: not told, so that equal fonts are equal bytes
+    for (int i = 0; i < 4; ++i) b.U32(0); // made and changed: left at 0, so that equal fonts are equal bytes
     b.U16(box.left);
     b.U16(box.bottom);
     b.U16(box.right);
