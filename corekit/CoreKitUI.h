@@ -73,6 +73,7 @@
 #include "corekit/unicode/ui/keyboards/SystemKeyboard.h"
 #include "corekit/unicode/ui/keyboards/TableKeyboard.h"
 #include "corekit/unicode/ui/keyboards/Typist.h"
+#include "corekit/unicode/ui/list/UnicodeListCtrl.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
 #include "corekit/unicode/ui/UniRender.h"
 #include "corekit/unicode/ui/UsbRanges.h"
