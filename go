@@ -9,7 +9,7 @@ help() {
     cat <<'TEXT'
 usage: ./go COMMAND [ARGUMENTS]
 
-  demo [DIR]       draw examples/scripts/*.txt into DIR (default out/) and say where to look
+  demo [DIR]       draw examples/scripts/*.txt and the windows of the examples into DIR (default out/)
   test [PATTERN]   build everything and run the tests (those whose name matches PATTERN)
   build            build the libraries and the tool
   setup [SECTION]  install missing packages (default: build ui test)
@@ -115,6 +115,11 @@ draw_demo() {
     "$corekit" draw examples/scripts/indic/*.txt -o "$out/indic" --fonts "$out/fonts"
     # The same lines shaped by the platform, to compare.
     "$corekit" draw examples/scripts/indic/*.txt -o "$out/indic-platform" --complex
+    # Windows that type, click and scroll by themselves.
+    local example
+    for example in edit list; do
+        build/release/bin/$example --picture "$out/$example.png"
+    done
 }
 
 sanitized() {
@@ -144,6 +149,7 @@ demo)
         say "This build has no drawing, because the toolkit is missing."
         exit 1
     fi
+    build release edit list >&2
     draw_demo "${1:-out}"
     ;;
 test)

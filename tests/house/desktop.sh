@@ -1,0 +1,77 @@
+#!/usr/bin/env bash
+# The examples under an X server with a small window manager, used as a person would: desktop.sh EDIT LIST.
+# Real focus, the clipboard between two processes, the mouse captured beyond the window.
+set -u
+edit=$1 list=$2
+for tool in Xvfb openbox xdotool xclip; do
+    command -v "$tool" >/dev/null || { echo "desktop.sh: $tool is missing"; exit 1; }
+done
+home=$(mktemp -d)
+server= manager= program=
+finish() {
+    [ -z "$program" ] || kill "$program" 2>/dev/null
+    [ -z "$manager" ] || kill "$manager" 2>/dev/null
+    [ -z "$server" ] || kill "$server" 2>/dev/null
+    wait 2>/dev/null
+    rm -rf "$home"
+}
+trap finish EXIT
+fail() { echo "desktop.sh: $*"; exit 1; }
+
+mkfifo "$home/display"
+Xvfb -displayfd 3 -screen 0 1000x700x24 -nolisten tcp -noreset 3>"$home/display" 2>/dev/null &
+server=$!
+read -r number <"$home/display" || fail "no X server"
+export DISPLAY=:$number QT_QPA_PLATFORM=xcb COREKIT_HOME=$home/registry LC_ALL=C
+openbox >/dev/null 2>&1 &
+manager=$!
+
+# until_true COMMAND...: half a minute for it to succeed.
+until_true() {
+    for _ in $(seq 300); do
+        "$@" >/dev/null 2>&1 && return 0
+        sleep 0.1
+    done
+    return 1
+}
+until_true xdotool get_num_desktops || fail "no window manager"
+
+open() {
+    "$2" &
+    program=$!
+    until_true xdotool search --onlyvisible --name "$1" || fail "$1: no window"
+    window=$(xdotool search --onlyvisible --name "$1" | head -1)
+    until_true is_active || fail "$1: no focus"
+}
+is_active() { [ "$(xdotool getactivewindow)" = "$window" ]; }
+close() {
+    xdotool key alt+F4
+    until_true gone || fail "the program stays when its window is closed"
+    program=
+}
+gone() { ! kill -0 "$program"; }
+clipboard_is() { [ "$(timeout 2 xclip -o -selection clipboard)" = "$1" ]; }
+selection_is() { [ "$(timeout 2 xclip -o -selection primary)" = "$1" ]; }
+
+open "Writing in any script" "$edit"
+xdotool type --delay 20 "one two"
+xdotool key ctrl+a ctrl+c
+until_true clipboard_is "one two" || fail "typed text did not reach another program"
+printf 'three' | xclip -i -selection clipboard
+xdotool key ctrl+v
+xdotool key shift+Home ctrl+c
+until_true clipboard_is "three" || fail "another program's text was not pasted"
+# A drag that ends outside of the window still selects.
+eval "$(xdotool getwindowgeometry --shell "$window")"
+xdotool mousemove $((X + 20)) $((Y + 70)) mousedown 1 mousemove $((X + 300)) $((Y + 75)) mousemove $((X + WIDTH + 60)) $((Y + 75)) mouseup 1
+until_true selection_is "three" || fail "a drag beyond the window lost the mouse"
+close
+
+open "Ten thousand names" "$list"
+xdotool key Next Down Down
+eval "$(xdotool getwindowgeometry --shell "$window")"
+xdotool mousemove $((X + 60)) $((Y + 100)) click 1
+xdotool key ctrl+a Home
+is_active || fail "the list lost the focus"
+close
+echo "The desktop test is through."
