@@ -38,7 +38,8 @@ MessageBoxHandler SetMessageBoxHandler(MessageBoxHandler handler) { return curre
 int StockMessageBox(CWnd* parent, const char* text, UINT flags)
 {
     if (!text) text = "";
-    if (const MessageBoxHandler handler = current.load()) return handler(parent, text, flags);
+    if (const MessageBoxHandler handler = current.load())
+        if (const int answer = handler(parent, text, flags)) return answer;
     std::fprintf(stderr, "%s\n",
                  corekit::detail::HarmlessText(text, corekit::detail::LineEnds::kept).c_str());
     return CautiousAnswer(flags);

@@ -1,8 +1,8 @@
 // Message boxes, as far as a program without windows knows them.
 //
-// The window library, or a test, installs a handler that shows the box. Without one the text goes to
-// standard error and the answer is the cautious button of the set: OK where it stands alone, else Cancel,
-// No or Abort. Any thread may ask; the handler sees to its own thread.
+// The window library, or a test, installs a handler that shows the box. Where there is none, or it cannot show
+// anything, the text goes to standard error and the answer is the cautious button of the set: OK where it stands
+// alone, else Cancel, No or Abort. Any thread may ask; the handler sees to its own thread.
 #pragma once
 
 #include "corekit/platform/Export.h"
@@ -23,7 +23,7 @@ inline constexpr UINT MB_TYPEMASK = 0xF, MB_ICONMASK = 0xF0;
 // Answers.
 inline constexpr int IDOK = 1, IDCANCEL = 2, IDABORT = 3, IDRETRY = 4, IDIGNORE = 5, IDYES = 6, IDNO = 7;
 
-// The answer to a box over `parent`, which may be null; `text` is never null.
+// The answer to a box over `parent`, which may be null; `text` is never null. 0: it could not be shown.
 using MessageBoxHandler = int (*)(CWnd* parent, const char* text, UINT flags);
 // Returns the handler that was there; null takes the present one away.
 COREKIT_API MessageBoxHandler SetMessageBoxHandler(MessageBoxHandler handler);

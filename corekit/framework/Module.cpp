@@ -1,6 +1,8 @@
 #include "corekit/framework/Module.h"
 
+#include "corekit/framework/DialogBytes.h"
 #include "corekit/framework/InsertText.h"
+#include "corekit/framework/ResourceTypes.h"
 #include "corekit/framework/String.h"
 #include "corekit/platform/Runtime.h"
 
@@ -18,6 +20,7 @@ constinit std::mutex chainLock;
 constinit CDynLinkLibrary* chainHead = nullptr;
 constinit std::span<const ResourceString> programStrings;
 constinit std::span<const BinaryResource> programResources;
+constinit std::span<const DialogTemplate> programDialogs;
 
 bool Ascending(std::span<const ResourceString> strings)
 {
@@ -124,9 +127,40 @@ bool AfxUseResource(const char* name, const char* type,
     return CDynLinkLibrary::Visit([&](const CDynLinkLibrary& library) { return found(library.m_resources); });
 }
 
+void AfxSetDialogTemplates(std::span<const DialogTemplate> dialogs)
+{
+    const std::lock_guard guard(chainLock);
+    programDialogs = dialogs;
+}
+
+std::shared_ptr<const DialogTemplate> AfxFindDialogTemplate(const char* name)
+{
+    const auto number = reinterpret_cast<std::uintptr_t>(name);
+    const UINT id = number < 0x10000 ? static_cast<UINT>(number) : 0;
+    std::shared_ptr<const DialogTemplate> result;
+    const auto found = [&](std::span<const DialogTemplate> dialogs) {
+        const auto row = std::ranges::find(dialogs, id, &DialogTemplate::id);
+        if (row != dialogs.end()) result = std::make_shared<const DialogTemplate>(*row);
+        return result != nullptr;
+    };
+    if (id) {
+        {
+            const std::lock_guard guard(chainLock);
+            if (found(programDialogs)) return result;
+        }
+        if (CDynLinkLibrary::Visit([&](const CDynLinkLibrary& library) { return found(library.m_dialogs); }))
+            return result;
+    }
+    AfxUseResource(name, MAKEINTRESOURCEA(RT_DIALOG), [&](std::span<const std::byte> bytes) {
+        const auto read = corekit::detail::DialogBytes::read(bytes, id);
+        if (read) result = {read, &read->dialog()};
+    });
+    return result;
+}
+
 CDynLinkLibrary::CDynLinkLibrary(const AFX_EXTENSION_MODULE& module, BOOL bSystem)
     : m_hModule(module.hModule), m_hResource(module.hResource), m_bSystem(bSystem), m_strings(module.strings),
-      m_resources(module.resources)
+      m_resources(module.resources), m_dialogs(module.dialogs)
 {
     const std::lock_guard guard(chainLock);
     m_pNextDLL = chainHead;

@@ -1,5 +1,5 @@
-// Modules: the program and the shared libraries in it, and the texts and binary resources that each brings
-// along.
+// Modules: the program and the shared libraries in it, and the texts, dialogs and binary resources that each
+// brings along.
 //
 // A library fills one static AFX_EXTENSION_MODULE with its string table when it is loaded, and puts a
 // CDynLinkLibrary on the chain, which makes the table visible to all:
@@ -20,8 +20,10 @@
 #include "corekit/framework/BinaryResource.h"
 #include "corekit/framework/CmdTarget.h"
 #include "corekit/framework/ResourceString.h"
+#include "corekit/platform/DialogTemplate.h"
 
 #include <functional>
+#include <memory>
 #include <span>
 
 class CString;
@@ -31,7 +33,8 @@ struct AFX_EXTENSION_MODULE {
     HMODULE hModule = nullptr;
     HMODULE hResource = nullptr;
     std::span<const ResourceString> strings;   // set before AfxInitExtensionModule
-    std::span<const BinaryResource> resources; // in any order
+    std::span<const BinaryResource> resources; // in any order, as the dialogs
+    std::span<const DialogTemplate> dialogs;
 };
 
 // A null instance stands for the record itself. 0 if the table's ids do not ascend, in which case the
@@ -52,6 +55,14 @@ COREKIT_API void AfxSetResources(std::span<const BinaryResource> resources);
 COREKIT_API bool AfxUseResource(const char* name, const char* type,
                                 const std::function<void(std::span<const std::byte>)>& use);
 
+// The same for the program's dialogs.
+COREKIT_API void AfxSetDialogTemplates(std::span<const DialogTemplate> dialogs);
+
+// The plan of a dialog, from the program's table, else from the newest library that has one, else from the
+// binary resources (type RT_DIALOG) in the same order; null if there is none. A name below 0x10000 is a
+// number; tables know numbers only. Of a table, items and texts are good as long as the module stays.
+COREKIT_API std::shared_ptr<const DialogTemplate> AfxFindDialogTemplate(const char* name);
+
 // An entry of the chain. Made with new; AfxTermExtensionModule deletes it, or the owner does earlier.
 class COREKIT_API CDynLinkLibrary : public CCmdTarget {
     DECLARE_DYNAMIC(CDynLinkLibrary)
@@ -68,6 +79,7 @@ public:
     BOOL m_bSystem;
     std::span<const ResourceString> m_strings;
     std::span<const BinaryResource> m_resources;
+    std::span<const DialogTemplate> m_dialogs;
 
 private:
     CDynLinkLibrary* m_pNextDLL = nullptr;

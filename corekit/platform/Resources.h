@@ -16,6 +16,7 @@ inline const char* MAKEINTRESOURCEA(WORD number)
 inline constexpr WORD RT_CURSOR = 1;      // what CreateCursorFromXpm reads
 inline constexpr WORD RT_BITMAP = 2;      // what CreateBitmapFromDib reads
 inline constexpr WORD RT_ICON = 3;        // a PNG file, or what CreateCursorFromXpm reads
+inline constexpr WORD RT_DIALOG = 5;      // what DialogBytes reads
 inline constexpr WORD RT_ACCELERATOR = 9; // what AcceleratorResource makes
 
 inline constexpr DWORD ERROR_RESOURCE_NAME_NOT_FOUND = 1814;

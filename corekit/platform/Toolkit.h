@@ -19,3 +19,7 @@ COREKIT_API bool StartToolkit(ToolkitDisplay display = ToolkitDisplay::automatic
 // True while an application object exists, whoever made it. Operations on fonts fail with
 // ERROR_DEV_NOT_EXIST as long as it is false.
 COREKIT_API bool ToolkitIsRunning();
+
+// False without a toolkit, and where windows are drawn into memory although the environment does not ask for
+// it: nobody sees them, so nothing must wait for an answer.
+COREKIT_API bool ToolkitHasDisplay();

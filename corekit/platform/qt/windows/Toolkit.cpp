@@ -29,6 +29,9 @@ void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QStr
     if (!message.startsWith(QLatin1String("QStandardPaths: "))) elsewhere(type, context, message);
 }
 
+// Whether it was this library's choice to draw into memory.
+bool isUnseen = false;
+
 } // namespace
 
 bool ToolkitIsRunning() { return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr; }
@@ -36,10 +39,18 @@ bool ToolkitIsRunning() { return qobject_cast<QGuiApplication*>(QCoreApplication
 bool StartToolkit(ToolkitDisplay display)
 {
     if (QCoreApplication::instance()) return ToolkitIsRunning();
-    if (display == ToolkitDisplay::offscreen || qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    const QByteArray wish = qgetenv("QT_QPA_PLATFORM");
+    if (display == ToolkitDisplay::offscreen || wish.isEmpty())
         qputenv("QT_QPA_PLATFORM", platformFor(display));
+    isUnseen = wish != "offscreen";
     elsewhere = qInstallMessageHandler(PassOnMessage);
     static corekit::detail::NeverDestroyed<QApplication> application(argumentCount, arguments);
     qInstallMessageHandler(elsewhere);
     return ToolkitIsRunning();
+}
+
+bool ToolkitHasDisplay()
+{
+    return ToolkitIsRunning() &&
+           !(isUnseen && QGuiApplication::platformName() == QLatin1String("offscreen"));
 }
