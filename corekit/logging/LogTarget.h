@@ -32,6 +32,8 @@
 #include <string_view>
 #include <vector>
 
+class CPropertySheet;
+
 class COREKIT_API CLogTarget : public CCriticalObject {
     DECLARE_DYNAMIC(CLogTarget)
 public:
@@ -83,6 +85,11 @@ public:
 
     // "*Unknown*" for what is not one level.
     static StringA GetLevelName(unsigned long level);
+
+    // Adds a page, made with new, on which the user edits the three values, which must outlive it; `enabled` may be
+    // null. The title is that of the string, 0 "Logging". In the window library.
+    static void AddPropertyPage(CPropertySheet& sheet, unsigned int captionId, int* enabled, unsigned long* mask,
+                                int* days);
 
 private:
     bool Takes(unsigned long level) const
