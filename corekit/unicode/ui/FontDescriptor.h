@@ -14,6 +14,7 @@
 
 class CRegistryKey;
 class CStream;
+class CWnd;
 class IXPCConfigNode;
 
 // A value. One thread at a time.
@@ -64,6 +65,10 @@ public:
     // empty. A failed load returns false and keeps the faces that it found.
     bool Load(IXPCConfigNode* node, const char* prefix);
     void Save(IXPCConfigNode* node, const char* prefix) const;
+
+    // Lets the user choose: one font and its size, from there or with two faces and more several. 1 if the choice
+    // was confirmed; otherwise nothing changes. With `readOnly` the user only looks.
+    int DoSelectFontDialog(CWnd* parent, int readOnly);
 
     friend bool operator==(const CFontDescriptor& a, const CFontDescriptor& b)
     {

@@ -19,6 +19,7 @@
 #include "corekit/unicode/ui/FontDescriptor.h"
 #include "corekit/unicode/ui/UsbRanges.h"
 
+class CAXPropertySheet;
 class CFontMapInfo;
 class CFontSignature;
 class CKBLayout;
@@ -107,6 +108,7 @@ public:
     // Off at first, and while it is off the operations below answer true and do nothing: switched on once a
     // window is ready for keys.
     void EnableKeyboardSwitching(BOOL enabled) { m_keyboardSwitching = enabled; }
+    BOOL IsKeyboardSwitchingEnabled() const { return m_keyboardSwitching; }
     // The keyboard at the index or, with `useDefault`, the default one. False if it is not enabled or there
     // is none.
     bool ActivateKeyboard(int index, BOOL useDefault);
@@ -157,6 +159,9 @@ public:
     static int GetAvailableLocaleCount();
     // Replaces the list: name and locale of each.
     static void BuildAvailableLocaleList(CStringIntArray& list);
+
+    // The pages on which the user changes all this: general settings, keyboards, and the read rate.
+    void AddPropertyPages(CAXPropertySheet& sheet);
 
 private:
     void InternalInit();
