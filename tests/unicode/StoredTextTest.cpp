@@ -44,7 +44,7 @@ TEST(StoredText, EachRuleGoesBothWaysAndIsAppliedOnce)
 {
     const std::map<std::string, LANGID> languages = {{"fa", persian}, {"ur", urdu},   {"ar", arabic},
                                                      {"he", 0x040D},  {"hi", 0x0439}, {"bn", 0x0445},
-                                                     {"-", 0}};
+                                                     {"ta", 0x0449},  {"-", 0}};
     const auto cases = TabbedCases(TEST_DATA "/stored_text.tsv");
     ASSERT_GT(cases.size(), 30u);
     for (const auto& fields : cases) {

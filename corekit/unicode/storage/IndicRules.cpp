@@ -9,6 +9,7 @@ constexpr char16_t wordSeparator = 0x09FF;
 
 bool IsDevanagari(char16_t c) { return c >= 0x0900 && c <= 0x097F; }
 bool IsBengali(char16_t c) { return c >= 0x0980 && c <= 0x09FF; }
+bool IsTamil(char16_t c) { return (c >= 0x0B80 && c <= 0x0BFF) || c == 0xE27C || c == 0xE27D; }
 bool IsPlainLetter(char16_t c) { return bengaliPlainLetters.find(c) != bengaliPlainLetters.npos; }
 bool IsConsonant(char16_t c)
 {
@@ -91,6 +92,13 @@ std::size_t RestoreTypedSign(std::u16string_view stored, std::u16string& text)
     return 1 + length;
 }
 
+// Whether the text goes on in Tamil; spaces and marks of others in between do not count.
+bool FollowsTamil(std::u16string_view stored)
+{
+    const std::size_t last = stored.find_last_not_of(u" .,;:!?)'\"\u200C\u200D\u2019\u201D");
+    return last != stored.npos && IsTamil(stored[last]);
+}
+
 std::size_t Take(const Spelling* row, std::u16string_view Spelling::*from, std::u16string_view Spelling::*to,
                  std::u16string& out)
 {
@@ -105,6 +113,8 @@ std::size_t StoreIndic(std::u16string_view text, std::size_t at, std::u16string&
 {
     text.remove_prefix(at);
     constexpr auto from = &Spelling::plain, to = &Spelling::stored;
+    if ((text[0] == 0x0964 || text[0] == 0x0965) && FollowsTamil(stored))
+        return Take(FindSpelling(tamilDandas, from, text), from, to, stored);
     if (IsDevanagari(text[0])) return Take(FindSpelling(devanagariSpellings, from, text), from, to, stored);
     if (text[0] == u' ' && text.size() > 1 && IsBengali(text[1]) && text[1] != wordSeparator) {
         stored.push_back(wordSeparator);
@@ -121,7 +131,8 @@ std::size_t RestoreIndic(std::u16string_view stored, std::size_t at, std::u16str
     constexpr auto from = &Spelling::stored, to = &Spelling::plain;
     if (IsDevanagari(stored[0])) return Take(FindSpelling(devanagariSpellings, from, stored), from, to, text);
     if (const std::size_t taken = RestoreSplitSign(stored, text)) return taken;
-    if (!IsBengali(stored[0])) return 0;
+    if (const std::size_t taken = Take(FindSpelling(tamilDandas, from, stored), from, to, text)) return taken;
+    if (!IsBengali(stored[0]) && stored[0] != 0xE124) return 0;
     if (const std::size_t taken = RestoreTypedSign(stored, text)) return taken;
     if (const std::size_t taken = Take(FindSpelling(bengaliSpellings, from, stored), from, to, text))
         return taken;

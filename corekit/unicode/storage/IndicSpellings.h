@@ -19,8 +19,16 @@ inline constexpr Spelling bengaliSpellings[] = {
     {u"\u09CE",       u"\u09FC"},       // khanda ta
     {u"\u09A2\u09BC", u"\u09DD"},       // rha and yya, as one letter
     {u"\u09AF\u09BC", u"\u09DF"},
+    {u"\u09F3",       u"\uE124"},       // sign of the taka
+    {u"\u09A8\u09CD\u09A8", u"\u09A8\u09CD\u09A9"}, // n-n, by the second spelling of na
     {u"\u09C7",       u"\u09D5"},       // e and ai behind their cluster
     {u"\u09C8",       u"\u09D1"},
+};
+
+// Behind Tamil the dandas are glyph codes of its own fonts.
+inline constexpr Spelling tamilDandas[] = {
+    {u"\u0964", u"\uE27C"},
+    {u"\u0965", u"\uE27D"},
 };
 
 // What our keyboards type and nobody else writes: read on the way out only.

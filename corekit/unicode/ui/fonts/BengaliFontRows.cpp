@@ -19,6 +19,7 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE115, u"\u09A8\u09CD\u200D"),                         // na virama
     After(0xE117, u"\u09B2", u"\u09B2\u09C2"),                    // sign uu
     Whole(0xE119, u"\u0995\u09CD\u09B0"),                         // ka virama ra
+    Whole(0xE124, u"\u09F3"),                                     // sign of the taka
     After(0xE126, u"\u09B2", u"\u09B2\u09CD"),                    // virama
     Whole(0xE130, u"\u09E6"),                                     // zero
     Whole(0xE131, u"\u09E7"),                                     // one

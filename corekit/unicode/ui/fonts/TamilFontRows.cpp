@@ -68,6 +68,8 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE278, u"\u0B9C\u0BCD"),             // ja virama
     Whole(0xE279, u"\u0BB9\u0BCD"),             // ha virama
     Whole(0xE27A, u"\u0B95\u0BCD\u0BB7\u0BCD"), // ka virama ssa virama
+    Whole(0xE27C, u"\u0964"),                   // danda
+    Whole(0xE27D, u"\u0965"),                   // double danda
     Whole(0xE282, u"\u0B95\u0BCD"),             // ka virama
     Whole(0xE283, u"\u0B99\u0BCD"),             // nga virama
     Whole(0xE284, u"\u0B9A\u0BCD"),             // ca virama

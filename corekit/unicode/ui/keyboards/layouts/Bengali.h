@@ -1,7 +1,7 @@
 // Bengali as typists in Bangladesh have it: G links consonants, and with a vowel sign makes the vowel.
 //
 // Signs before a consonant are typed before it. The space bar is the separator U+09FF; a candrabindu is
-// U+09FA and a danda U+09F7, which are what the shaping shows as such.
+// U+09FA, a danda U+09F7 and the sign of the taka U+E124, which are what the shaping shows as such.
 #pragma once
 
 #include "corekit/unicode/ui/keyboards/KeyTable.h"
@@ -11,7 +11,7 @@ namespace corekit::detail {
 inline constexpr KeyTable bengali(R"(
 key    1     2     3     4     5     6     7     8     9     0     BD    BB
 plain  09E7  09E8  09E9  09EA  09EB  09EC  09ED  09EE  09EF  09E6  002D  003D
-shift  0021  0040  0023  0024  0025  00F7  09FA  00D7  0028  0029  005F  002B
+shift  0021  0040  0023  E124  0025  00F7  09FA  00D7  0028  0029  005F  002B
 
 key    Q     W     E     R     T     Y     U     I     O     P     DB    DD
 plain  0999  09AF  09A1  09AA  099F  099A  099C  09B9  0997  09DC  005B  005D
