@@ -100,6 +100,8 @@ int main(int argc, char** argv)
     AddSettingsCommand(app);
     AddFtpCommand(app);
     AddConvertCommand(app);
+    AddSerialCommand(app);
+    AddScsiCommand(app);
     Unguard(app);
     const int code = Run(app, argc, argv);
     try {

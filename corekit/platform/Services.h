@@ -29,7 +29,7 @@ inline constexpr DWORD SERVICE_CONTROL_USER_FIRST = 128, SERVICE_CONTROL_USER_LA
 
 inline constexpr DWORD ERROR_FAILED_SERVICE_CONTROLLER_CONNECT = 1063;
 
-struct SERVICE_STATUS {
+struct _SERVICE_STATUS {
     DWORD dwServiceType;
     DWORD dwCurrentState;
     DWORD dwControlsAccepted;
@@ -38,6 +38,7 @@ struct SERVICE_STATUS {
     DWORD dwCheckPoint; // counts the steps of a long start or stop
     DWORD dwWaitHint;   // milliseconds that the next step may take
 };
+using SERVICE_STATUS = _SERVICE_STATUS;
 static_assert(sizeof(SERVICE_STATUS) == 28);
 
 using SERVICE_STATUS_HANDLE = struct SERVICE_STATUS_HANDLE__*;

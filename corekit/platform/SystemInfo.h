@@ -60,7 +60,7 @@ COREKIT_API DWORD GetCurrentProcessId();
 // for a process that is not there.
 COREKIT_API BOOL ProcessIdToSessionId(DWORD processId, DWORD* sessionId);
 
-// Whether the process has the rights of the superuser.
+// Whether the process runs as the superuser, or with the rights of a group that looks after the machine.
 COREKIT_API BOOL IsUserAnAdmin();
 
 inline constexpr UINT SPI_GETWORKAREA = 0x30;

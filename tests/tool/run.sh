@@ -361,5 +361,41 @@ unset COREKIT_FTP_PASSWORD
 printf 'machine elsewhere login u password x\nmachine 127.0.0.1 login u password p\n' >"$scratch/.netrc"
 is $'hello\nnumbers' ftp ls "$place" --verbose
 grep -q '^PASS \.\.\.$' "$scratch/err" && ! grep -q '^PASS p' "$scratch/err" || fail "ftp --verbose: $(cat "$scratch/err")"
+
+sys=$scratch/sys
+mkdir -p "$sys/class/tty/ttyUSB0/device" "$sys/class/scsi_host/host4" "$scratch/dev"
+mkdir -p "$sys/bus/scsi/devices/4:0:5:0" && echo 3 >"$sys/bus/scsi/devices/4:0:5:0/type"
+echo 'PROMPTER LINK' >"$sys/bus/scsi/devices/4:0:5:0/model"
+devices=(--sysfs "$sys" --devices "$scratch/dev")
+says "^COM33 +$scratch/dev/ttyUSB0" serial "${devices[@]}" list
+says '^This machine has no serial ports' serial --sysfs "$scratch/none" --devices "$scratch/none" list
+echo text >"$scratch/dev/COM4"
+refused serial "${devices[@]}" show COM4
+refused serial "${devices[@]}" show COM33
+refused serial "${devices[@]}" show /dev/null
+refused serial "${devices[@]}" listen COM7 --parity odder
+refused serial "${devices[@]}" listen COM7 --bits 9
+refused serial send COM7 "$scratch/missing"
+# A line whose other end answers each text with itself in capitals.
+python3 - "$scratch/dev/COM7" <<'PYTHON' &
+import os, pty, sys, tty
+main, line = pty.openpty()
+tty.setraw(line)
+os.symlink(os.ttyname(line), sys.argv[1])
+while True:
+    os.write(main, os.read(main, 4096).upper())
+PYTHON
+line=$!
+while [ ! -e "$scratch/dev/COM7" ]; do sleep 0.05; done
+says '^rate +[0-9]+ bits per second' serial "${devices[@]}" show com7
+is '' serial "${devices[@]}" send COM7 --text 'prompt' --baud 19200 --flow software
+says '^rate +19200' serial "${devices[@]}" show 7
+is '00000000  50 52 4f 4d 50 54' serial "${devices[@]}" listen COM7 --count 6 --hex
+kill $line
+wait $line 2>/dev/null
+says '^0\.0\.5\.0 +processor +PROMPTER LINK' scsi "${devices[@]}" list
+says '^place +Adaptor=0, bus=0, id=5, lun=0' scsi "${devices[@]}" inquire 0.0.5.0
+refused scsi "${devices[@]}" inquire 0.0.6.0
+refused scsi "${devices[@]}" inquire 0.0.5
 [ $failures -eq 0 ] && echo "the tool behaves"
 exit $((failures > 0))

@@ -12,6 +12,7 @@
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/Registry.h"
 #include "corekit/platform/Resources.h"
+#include "corekit/platform/ServiceManager.h"
 #include "corekit/platform/Services.h"
 #include "corekit/platform/Sockets.h"
 #include "corekit/platform/Storage.h"
@@ -39,6 +40,7 @@ constexpr TextRow kTexts[] = {
     {ERROR_ACCESS_DENIED, "Access was denied."},
     {ERROR_INVALID_HANDLE, "The handle does not stand for an open object of the right kind."},
     {ERROR_NOT_ENOUGH_MEMORY, "There is not enough memory."},
+    {ERROR_INVALID_DATA, "The data are of another form than expected."},
     {ERROR_NOT_SAME_DEVICE, "The two names lie on different volumes."},
     {ERROR_NO_MORE_FILES, "There are no more files."},
     {ERROR_WRITE_PROTECT, "The volume is write-protected."},
@@ -83,8 +85,14 @@ constexpr TextRow kTexts[] = {
     {ERROR_REGISTRY_CORRUPT, "The registry is damaged."},
     {ERROR_REGISTRY_IO_FAILED, "The registry could not be read or written."},
     {ERROR_KEY_DELETED, "The registry key has been deleted."},
+    {ERROR_INVALID_SERVICE_CONTROL, "The service does not know this control."},
+    {ERROR_SERVICE_ALREADY_RUNNING, "The service is running already."},
+    {ERROR_INVALID_SERVICE_ACCOUNT, "This is no name of a user that a service could run as."},
+    {ERROR_SERVICE_DISABLED, "The service is disabled."},
     {ERROR_SERVICE_DOES_NOT_EXIST, "No service of this name is installed."},
+    {ERROR_SERVICE_NOT_ACTIVE, "The service is not running."},
     {ERROR_FAILED_SERVICE_CONTROLLER_CONNECT, "No service manager started this process."},
+    {ERROR_SERVICE_SPECIFIC_ERROR, "The service ended with an error of its own."},
     {ERROR_SERVICE_EXISTS, "A service of this name is installed already."},
     {ERROR_NO_UNICODE_TRANSLATION, "The text holds a sequence that stands for no character."},
     {ERROR_IO_DEVICE, "The device reported an input or output error."},
@@ -102,6 +110,7 @@ constexpr TextRow kTexts[] = {
     {ERROR_MENU_ITEM_NOT_FOUND, "The menu has no such item."},
     {ERROR_INVALID_KEYBOARD_HANDLE, "The keyboard layout does not exist."},
     {ERROR_TIMEOUT, "The time allowed for the operation ran out."},
+    {RPC_S_SERVER_UNAVAILABLE, "The service manager cannot be reached."},
     {ERROR_RESOURCE_DATA_NOT_FOUND, "The file holds no such resource."},
     {ERROR_RESOURCE_NAME_NOT_FOUND, "The module has no resource of this name."},
     {ERROR_NOT_ENOUGH_QUOTA, "The queue holds as much as it may."},

@@ -1,6 +1,7 @@
 // Opening and deleting files.
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
+#include "corekit/platform/posix/devices/DeviceNames.h"
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/files/File.h"
 #include "corekit/platform/posix/files/FileViews.h"
@@ -128,6 +129,8 @@ HANDLE CreateFileA(const char* name, DWORD access, DWORD share, _SECURITY_ATTRIB
                    DWORD flags, HANDLE)
 try {
     if (name == nullptr || *name == 0) return fail(ERROR_PATH_NOT_FOUND);
+    if (const std::string_view device = deviceNameIn(name); !device.empty())
+        return openDevice(device, {access, share, disposition, flags});
     const bool emptiesBlindly = disposition == TRUNCATE_EXISTING && (access & GENERIC_WRITE) == 0;
     if (disposition < CREATE_NEW || disposition > TRUNCATE_EXISTING || emptiesBlindly ||
         (access & ~(GENERIC_READ | GENERIC_WRITE)) != 0)

@@ -59,6 +59,8 @@ BOOL move(HANDLE handle, Direction direction, Buffer buffer, DWORD* moved, OVERL
         return fail(ERROR_ACCESS_DENIED, FALSE);
     if (buffer.bytes == nullptr && buffer.count > 0) return fail(ERROR_NOACCESS, FALSE);
     if (moved == nullptr && overlapped == nullptr) return fail(ERROR_INVALID_PARAMETER, FALSE);
+    if (overlapped == nullptr && object->kind() == ObjectKind::serialPort)
+        return fail(ERROR_INVALID_PARAMETER, FALSE);
     const bool isBackground = object->channel() != nullptr || object->flow() == Flow::socket;
     if (overlapped != nullptr && isBackground) return begin(*object, direction, buffer, *overlapped);
     return moveAtOnce(*object, direction, buffer, moved, overlapped);

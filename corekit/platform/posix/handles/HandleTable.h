@@ -24,7 +24,12 @@ enum class ObjectKind : std::uint8_t {
     search,
     socket,
     nameLookup,
-    completionPort
+    completionPort,
+    serialPort,
+    scsiPort,
+    serviceManager,
+    service,
+    token
 };
 
 // A kernel object; each kind derives its operations from here and names itself in kKind.

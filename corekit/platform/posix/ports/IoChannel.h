@@ -29,6 +29,9 @@ public:
 
     // Begins a transfer that will be reported. Otherwise the reason why it cannot begin.
     virtual DWORD start(const Request& request) = 0;
+    // The calling thread waits for this transfer: it may be carried out on that thread. Returns when there is
+    // nothing to do for it; the outcome may still have to be waited for.
+    virtual void carryOut(const OVERLAPPED&) {}
     // Ends the transfers under way with error 995, or that with this OVERLAPPED; false if there is none.
     virtual bool cancel(const OVERLAPPED* which) = 0;
     // Cancels everything; when it returns, the descriptor is not in use any more.

@@ -20,6 +20,8 @@ public:
 
     // What carries out overlapped transfers in the background; null for none.
     IoChannel* channel() const { return m_current.load(std::memory_order_acquire); }
+    // The same, to be used when the object may be gone.
+    std::shared_ptr<IoChannel> sharedChannel() const { return channel() ? m_channel : nullptr; }
     // The same; a pipe or socket is given one if it has none.
     IoChannel& openChannel();
     // Transfers that begin from now on are reported at the port. False when it belongs to one already.
@@ -30,10 +32,10 @@ protected:
         : Object(kind), m_descriptor(std::move(descriptor)), m_flow(flow), m_access(access)
     {
     }
-
-private:
+    // For kinds that have a channel from the beginning.
     void setChannel(std::shared_ptr<IoChannel> channel);
 
+private:
     Descriptor m_descriptor;
     const Flow m_flow;
     const DWORD m_access;
@@ -44,7 +46,7 @@ private:
 template <>
 inline constexpr bool isOfKind<IoObject>(ObjectKind kind)
 {
-    return kind == ObjectKind::file || kind == ObjectKind::socket;
+    return kind == ObjectKind::file || kind == ObjectKind::socket || kind == ObjectKind::serialPort;
 }
 
 } // namespace corekit::detail

@@ -2,6 +2,7 @@
 
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/files/FileViews.h"
+#include "corekit/platform/posix/services/Administrators.h"
 
 #include <atomic>
 #include <cstdio>
@@ -100,7 +101,11 @@ BOOL ProcessIdToSessionId(DWORD processId, DWORD* sessionId)
     return TRUE;
 }
 
-BOOL IsUserAnAdmin() { return ::geteuid() == 0; }
+BOOL IsUserAnAdmin()
+{
+    using namespace corekit::detail;
+    return administratorState() == Administrator::effective;
+}
 
 BOOL SystemParametersInfoA(UINT action, UINT, void* data, UINT)
 {

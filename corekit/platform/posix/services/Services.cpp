@@ -1,9 +1,10 @@
 #include "corekit/platform/Services.h"
 
 #include "corekit/platform/Handles.h"
-#include "corekit/platform/posix/services/ControlSocket.h"
 #include "corekit/platform/posix/Errno.h"
+#include "corekit/platform/posix/services/ControlSocket.h"
 #include "corekit/platform/posix/services/SignalReader.h"
+#include "corekit/platform/posix/services/StatusText.h"
 #include "corekit/platform/Threads.h"
 #include "corekit/platform/Waits.h"
 
@@ -149,21 +150,11 @@ bool ServiceRun::setHandler(const char* name, LPHANDLER_FUNCTION handler)
     return true;
 }
 
-std::string stateText(const SERVICE_STATUS& status)
-{
-    static constexpr const char* texts[] = {"Stopped",    "Starting", "Stopping", "Running",
-                                            "Continuing", "Pausing",  "Paused"};
-    const DWORD row = status.dwCurrentState - SERVICE_STOPPED;
-    std::string text = row < std::size(texts) ? texts[row] : "State " + std::to_string(status.dwCurrentState);
-    if (status.dwCheckPoint > 0) text += ", step " + std::to_string(status.dwCheckPoint);
-    return text;
-}
-
 void ServiceRun::setStatus(const SERVICE_STATUS& status)
 {
     const bool isPending =
         status.dwCurrentState == SERVICE_START_PENDING || status.dwCurrentState == SERVICE_STOP_PENDING;
-    std::string message = "STATUS=" + stateText(status);
+    std::string message = "STATUS=" + statusText(status);
     if (status.dwCurrentState == SERVICE_RUNNING)
         message += "\nREADY=1\nMAINPID=" + std::to_string(::getpid());
     if (status.dwCurrentState == SERVICE_STOP_PENDING) message += "\nSTOPPING=1";
