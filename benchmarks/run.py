@@ -35,6 +35,8 @@ GOALS = {
     "codepages/read_1256": 0.9, "codepages/write_1256": 0.9, "codepages/read_932": 0.9, "codepages/write_932": 0.9,
     "sockets/echo_64": 1, "sockets/echo_4096": 1,
     "ftp/upload_64_mib": 1, "ftp/download_64_mib": 1, "ftp/upload_small_files": 1, "ftp/download_small_files": 1,
+    "graphics/load_24": 1, "graphics/save_24": 1, "graphics/draw_24": 0.83, "graphics/stretch_24": 0.83,
+    "graphics/button": 0.83,
     "packing/deflate": 0.97, "packing/inflate": 0.97,
 }
 

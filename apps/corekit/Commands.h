@@ -6,6 +6,7 @@ class App;
 }
 
 void AddDrawCommand(CLI::App& app);
+void AddDibCommand(CLI::App& app);
 void AddKeyboardsCommand(CLI::App& app);
 void AddTypeCommand(CLI::App& app);
 void AddFontsCommand(CLI::App& app);

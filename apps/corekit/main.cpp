@@ -84,6 +84,7 @@ int main(int argc, char** argv)
     app.require_subcommand(1);
 #ifdef COREKIT_WITH_UI
     AddDrawCommand(app);
+    AddDibCommand(app);
     AddFontsCommand(app);
     AddKeyboardsCommand(app);
     AddTypeCommand(app);

@@ -10,10 +10,20 @@ namespace corekit::detail {
 class DibRows final : public PixelRows {
 public:
     DibRows(const DibLayout& layout, const RGBQUAD* colours, const std::byte* bits, int first, int count);
-    void read(int y, int from, int to, std::uint32_t* out) const override;
+    void read(int y, int from, int to, std::uint32_t* out) const override
+    {
+        readBlock(y, 1, from, to, out, 0);
+    }
+    void readBlock(int top, int rows, int from, int to, std::uint32_t* out,
+                   std::ptrdiff_t stride) const override;
+
+    // The pixels of one row; and of several, `step` bytes apart.
+    using DecodeRow = void (*)(const DibRows& dib, const std::byte* row, int from, int to,
+                               std::uint32_t* out);
 
 private:
-    using Decode = void (*)(const DibRows& dib, const std::byte* row, int from, int to, std::uint32_t* out);
+    using Decode = void (*)(const DibRows& dib, const std::byte* row, std::ptrdiff_t step, int rows, int from,
+                            int to, std::uint32_t* out, std::ptrdiff_t stride);
     static Decode decoderFor(unsigned bits);
     template <unsigned bits>
     static void decodeIndexed(const DibRows& dib, const std::byte* row, int from, int to, std::uint32_t* out);

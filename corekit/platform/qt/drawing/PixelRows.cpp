@@ -151,10 +151,7 @@ private:
         const int from = static_cast<int>(y_.at(y));
         if (how_.blend) return blendRow(*how_.blend, to, sourceRow(from), count);
         if (how_.operation == SRCCOPY) {
-            if (isStraight_)
-                source_.read(from, first_, last_, to);
-            else
-                std::memcpy(to, sourceRow(from), count * 4);
+            std::memcpy(to, sourceRow(from), count * 4);
             if (bitmap.isOpaque)
                 for (std::size_t i = 0; i < count; ++i) to[i] |= opaque;
             return;
@@ -171,6 +168,27 @@ private:
     bool isStraight_ = false;
     std::vector<std::uint32_t> row_, brush_, whole_, columns_;
 };
+
+// Nothing but rows laid over rows.
+void copyStraight(DeviceContext& context, const PixelRows& source, const Copying& how)
+{
+    const std::int64_t dx = how.from.left - how.to.left, dy = how.from.top - how.to.top;
+    const Area there{-dx, -dy, source.width - dx, source.height - dy};
+    // Rows that lie lower come first where the source is the same bitmap and moves down.
+    const bool upwards = dy < 0 && source.row(0);
+    Bitmap& bitmap = *context.bitmap;
+    context.forEachPart(how.to.cut(there), [&](const Area& part) {
+        const auto from = static_cast<int>(part.left + dx), to = static_cast<int>(part.right + dx);
+        const auto top = static_cast<int>(part.top), rows = static_cast<int>(part.height());
+        const auto firstRow = static_cast<int>(part.top + dy);
+        std::uint32_t* const first = bitmap.row(top) + part.left;
+        const std::ptrdiff_t stride = bitmap.topDown ? bitmap.stride : -bitmap.stride;
+        if (!upwards) source.readBlock(firstRow, rows, from, to, first, stride);
+        for (int y = rows; upwards && y-- > 0;) source.read(firstRow + y, from, to, first + y * stride);
+        for (int y = 0; bitmap.isOpaque && y < rows; ++y)
+            for (std::int64_t x = 0; x < part.width(); ++x) first[y * stride + x] |= opaque;
+    });
+}
 
 } // namespace
 
@@ -208,6 +226,11 @@ bool copyPixels(DeviceContext& context, const PixelRows& source, const Copying& 
         std::max({how.to.width(), how.to.height(), how.from.width(), how.from.height()}) > largestExtent) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return false;
+    }
+    const bool isStraight = !how.isStretched() && !how.mirrorX && !how.mirrorY;
+    if (isStraight && !how.blend && how.operation == SRCCOPY) {
+        copyStraight(context, source, how);
+        return true;
     }
     if (canSmooth(source, how)) {
         const SmoothRows smoothed(source, how.from, static_cast<int>(how.to.width()),

@@ -16,6 +16,12 @@ public:
 
     // The pixels from .. to of a row, counted from the top, all of them within the picture.
     virtual void read(int y, int from, int to, std::uint32_t* out) const = 0;
+    // The same of several rows, `stride` pixels apart in `out`.
+    virtual void readBlock(int top, int rows, int from, int to, std::uint32_t* out,
+                           std::ptrdiff_t stride) const
+    {
+        for (int i = 0; i < rows; ++i, out += stride) read(top + i, from, to, out);
+    }
     // The row itself where it lies in memory in this form; null where it has to be read.
     virtual const std::uint32_t* row(int) const { return nullptr; }
 
