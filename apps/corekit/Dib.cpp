@@ -1,5 +1,6 @@
 // corekit dib: what bitmap files hold, PNG pictures from them and back, several on one sheet.
 #include "Commands.h"
+#include "Output.h"
 #include "Raster.h"
 #include "Terminal.h"
 
@@ -7,7 +8,6 @@
 #include "corekit/graphics/Dib.h"
 #include "corekit/platform/Dibs.h"
 #include "corekit/platform/PictureFiles.h"
-#include "corekit/platform/Toolkit.h"
 
 #include <CLI/CLI.hpp>
 

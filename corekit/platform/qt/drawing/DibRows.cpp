@@ -72,16 +72,14 @@ void decode24Anywhere(const DibRows&, const std::byte* row, int from, int to, st
 using Bytes32 [[gnu::vector_size(32)]] = std::uint8_t;
 using Pixels8 [[gnu::vector_size(32)]] = std::uint32_t;
 
-// Eight pixels from eight threes of bytes: four in the first half, four from `skipped` bytes on in the
-// second.
-template <int skipped>
-[[gnu::always_inline, gnu::target("avx2")]] inline void spread8(const std::byte* low, const std::byte* high,
-                                                                std::uint32_t* out)
+// Eight pixels from 24 bytes, of which none beyond them is read: the second half of a step begins with the
+// byte behind eight, and leaves the first four of those alone.
+[[gnu::always_inline, gnu::target("avx2")]] inline void spread8(const std::byte* at, std::uint32_t* out)
 {
-    constexpr int h = 16 + skipped;
+    constexpr int h = 16 + 4;
     Bytes16 first, second;
-    std::memcpy(&first, low, sizeof first);
-    std::memcpy(&second, high, sizeof second);
+    std::memcpy(&first, at, sizeof first);
+    std::memcpy(&second, at + 8, sizeof second);
     const Bytes32 both =
         __builtin_shufflevector(first, second, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17,
                                 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31);
@@ -92,17 +90,15 @@ template <int skipped>
     std::memcpy(out, &pixels, sizeof pixels);
 }
 
-// Eight pixels a step, of which 28 bytes are read. The last eight read no byte beyond their own, and may be
-// partly those of the step before.
+// Eight pixels a step; the last eight may be partly those of the step before.
 [[gnu::target("avx2")]] void decode24Wide(const DibRows&, const std::byte* row, int from, int to,
                                           std::uint32_t* out)
 {
     const std::byte* at = row + static_cast<std::ptrdiff_t>(from) * 3;
     int left = to - from;
     if (left < 8) return decode24Rest(at, left, out);
-    for (; left >= 10; left -= 8, at += 24, out += 8) spread8<0>(at, at + 12, out);
-    at += static_cast<std::ptrdiff_t>(left - 8) * 3;
-    spread8<4>(at, at + 8, out + left - 8);
+    for (; left > 8; left -= 8, at += 24, out += 8) spread8(at, out);
+    spread8(at + static_cast<std::ptrdiff_t>(left - 8) * 3, out + left - 8);
 }
 
 #endif
