@@ -14,6 +14,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -29,7 +30,7 @@ constexpr std::uintmax_t largest = 0xFFFFFFFE; // bytes that a stream reaches to
 struct Options {
     std::string place, password, accounts, folder = ".";
     std::vector<std::string> names;
-    double limit = 30;
+    double limit = 30, mostSeconds = 0;
     bool fast = false, trust = false, verbose = false, isLong = false;
 };
 
@@ -84,23 +85,38 @@ private:
 // A file that shows how far its transfer has come.
 class Watched : public CFileStream {
 public:
-    Watched(const std::string& what, std::uintmax_t size) : m_bar(what, size) {}
+    Watched(const std::string& what, std::uintmax_t size, double mostSeconds)
+        : m_bar(what, size), m_mostSeconds(mostSeconds)
+    {
+    }
     std::string Summary() const { return m_bar.Summary(); }
 
 protected:
     void InternalRead(void* buffer, DWORD count) override
     {
+        CheckTime();
         CFileStream::InternalRead(buffer, count);
         m_bar.Advance(count);
     }
     void InternalWrite(const void* buffer, DWORD count) override
     {
+        CheckTime();
         CFileStream::InternalWrite(buffer, count);
         m_bar.Advance(count);
     }
 
 private:
+    using Clock = std::chrono::steady_clock;
+    void CheckTime() const
+    {
+        const std::chrono::duration<double> gone = Clock::now() - m_start;
+        if (m_mostSeconds > 0 && gone.count() > m_mostSeconds)
+            ThrowChainedException(nullptr, "the transfer took longer than --max-time");
+    }
+
     TransferBar m_bar;
+    double m_mostSeconds;
+    Clock::time_point m_start = Clock::now();
 };
 
 std::vector<std::string> Lines(Session& session, bool isLong)
@@ -131,13 +147,13 @@ std::uintmax_t SizeIn(const std::vector<std::string>& listing, const std::string
 }
 
 // The file takes its name when it is whole.
-void GetOne(Session& session, const std::string& name, const std::string& folder, std::uintmax_t size)
+void GetOne(Session& session, const std::string& name, const Options& options, std::uintmax_t size)
 {
     const std::string leaf = corekit::detail::LastPart(name);
     if (!corekit::detail::IsInsideName(leaf)) throw std::runtime_error(name + ": no name of a file");
-    const std::string path = (fs::path(folder) / leaf).string();
+    const std::string path = (fs::path(options.folder) / leaf).string();
     OutputFile target(path);
-    Watched file(leaf, size);
+    Watched file(leaf, size, options.mostSeconds);
     target.Open(file);
     session.Must(session->GetFileToStream(name.c_str(), file), name);
     file.Flush();
@@ -151,8 +167,7 @@ void Get(const Options& options)
     Session session(options);
     std::vector<std::string> listing;
     if (TransferBar::IsVisible()) listing = Lines(session, true);
-    for (const std::string& name : options.names)
-        GetOne(session, name, options.folder, SizeIn(listing, name));
+    for (const std::string& name : options.names) GetOne(session, name, options, SizeIn(listing, name));
 }
 
 void Put(const Options& options)
@@ -162,7 +177,7 @@ void Put(const Options& options)
     Session session(options);
     for (const std::string& path : options.names) {
         const std::string name = fs::path(path).filename().string();
-        Watched file(name, fs::file_size(path));
+        Watched file(name, fs::file_size(path), options.mostSeconds);
         if (!file.Open(path.c_str(), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, 0)) FailFor(path);
         session.Must(session->UploadStream(name.c_str(), file), path);
         Print("%s: %s\n", path.c_str(), file.Summary().c_str());
@@ -195,6 +210,8 @@ void AddSessionOptions(CLI::App& command, const std::shared_ptr<Options>& option
     command
         .add_option("--timeout", options->limit, "Seconds to wait for the server at each step, by default 30")
         ->check(CLI::Range(0.001, 86400.0));
+    command.add_option("--max-time", options->mostSeconds, "Seconds that one file may take in all")
+        ->check(CLI::Range(0.001, 1e9));
     command.add_flag("--fast", options->fast,
                      "The AvidFast mode, where a downloaded file ends at its first byte 4");
     command.add_flag("--trust-address", options->trust,

@@ -20,6 +20,9 @@ std::string_view View(const CString& text)
     return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
 }
 
+// What a line end would make of a name is a command of its own.
+bool IsOneLine(std::string_view text) { return text.find_first_of("\r\n") == text.npos; }
+
 CString LastOf(const CStringArray& lines) { return lines.GetAt(lines.GetUpperBound()); }
 } // namespace
 
@@ -88,6 +91,7 @@ int CFtpClient::WriteDataToSocket(XSocket& socket, const void* data, DWORD size)
 
 int CFtpClient::SendCommand(const char* command, const char* argument)
 {
+    if (!IsOneLine(command) || (argument && !IsOneLine(argument))) return Failed(message::ftpLineEndRefused);
     CString line(command);
     if (argument) {
         line += ' ';

@@ -61,7 +61,7 @@ public:
     // Both texts as an exception for the caller to delete, the server's line inside.
     CException* GetException() const;
 
-    // Names go to the server as they are.
+    // Names go to the server as they are; one with a line end in it is refused (message::ftpLineEndRefused).
     int ChangeDirectory(const char* path);
     int MakeDirectory(const char* path);
     int RemoveDirectoryA(const char* path);

@@ -1,6 +1,7 @@
 #include "corekit/net/FtpReader.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <climits>
 #include <utility>
@@ -69,7 +70,12 @@ bool FtpListingSplitter::Add(std::string_view bytes)
 
 void FtpListingSplitter::End()
 {
-    if (!m_rest.IsEmpty()) m_lines.Add(m_rest);
+    if (!m_rest.IsEmpty()) {
+        const int size =
+            m_lines.GetSize(); // room is doubled, so that a long listing is not copied for each line
+        if (size >= 1024 && std::has_single_bit(static_cast<unsigned>(size))) m_lines.SetSize(size, size);
+        m_lines.Add(m_rest);
+    }
     m_rest.Empty();
 }
 

@@ -32,6 +32,15 @@ CString Summary(const char* what, CStream& stream, DWORD position, DWORD start)
     return text;
 }
 
+// The systems on both sides may hold megabytes that the server has yet to take: its reply may come as much
+// later as they need at 64 kB a second.
+DWORD LimitAfterUpload(DWORD limit, DWORD sent)
+{
+    constexpr DWORD mostHeld = 8 << 20, bytesPerMillisecond = 64;
+    const DWORD more = std::min(sent, mostHeld) / bytesPerMillisecond;
+    return limit > INFINITE - more ? INFINITE : limit + more;
+}
+
 // The server is to learn that what it has is not all.
 void CutOff(XSocket& socket)
 {
@@ -277,6 +286,9 @@ int CFtpClient::Upload_Passive(const char* name, CStream& stream)
         throw;
     }
     data.reset(); // so the server learns of the end
-    if (!GetServerMessage(reply)) return 0;
+    const DWORD limit = std::exchange(m_timeout, LimitAfterUpload(m_timeout, sent));
+    const int isAnswered = GetServerMessage(reply);
+    m_timeout = limit;
+    if (!isAnswered) return 0;
     return GetResultClass(reply) == 2 ? 1 : Failed(message::ftpStoreFailed, reply);
 }

@@ -8,6 +8,8 @@
 
 #include <cstdio>
 #include <exception>
+#include <filesystem>
+#include <utility>
 
 namespace {
 constexpr unsigned long lookNow = 128; // the control that does not wait for the interval
@@ -50,6 +52,7 @@ int CUploadService::OnServiceStart()
         return 0;
     }
     m_interval = settings.interval;
+    m_logFolder = settings.logFolder;
     m_uploader = std::make_unique<Uploader>(settings, alerts, m_stop);
     m_worker = std::thread([this] { Work(); });
     return 1;
@@ -83,10 +86,25 @@ void CUploadService::Work()
     SetEvent(m_hasEnded);
 }
 
+// Somebody may remove the folder of the log; what is written then goes nowhere. The alerts go to the journal
+// too.
+void CUploadService::KeepLog()
+{
+    std::error_code unknown;
+    if (std::filesystem::exists(m_logFolder, unknown) || unknown) return;
+    m_log.CloseLogFile();
+    std::filesystem::create_directories(m_logFolder, unknown);
+    if (m_log.CreateLogFile("Script Upload", m_logFolder.c_str(), 1))
+        GetAlertSink()->Alert(alertWarning, "The folder of the log was gone and has been made again");
+    else if (!std::exchange(m_isLogLost, true))
+        GetAlertSink()->AlertSysError(alertMajorError, ("No log can be written in " + m_logFolder).c_str());
+}
+
 // Whatever fails, the next look comes.
 void CUploadService::Look()
 try {
     try {
+        KeepLog();
         m_uploader->Look();
     } catch (CException* e) {
         const CString why = GetExceptionMsg(e);

@@ -31,8 +31,11 @@ protected:
 private:
     void Work();
     void Look();
+    void KeepLog();
 
     CLogTarget m_log;
+    std::string m_logFolder;
+    bool m_isLogLost = false; // and reported
     std::unique_ptr<Uploader> m_uploader;
     DWORD m_interval = 0;
     std::atomic<bool> m_isPaused = false;

@@ -2,7 +2,7 @@
 
 #include <corekit/foundation/ChainedException.h>
 #include <corekit/platform/Files.h>
-#include <corekit/platform/FindFile.h>
+#include <corekit/platform/HarmlessText.h>
 #include <corekit/platform/Waits.h>
 #include <corekit/stores/FileStream.h>
 
@@ -30,13 +30,22 @@ private:
     HANDLE m_stop;
 };
 
-// Keeps one alert at one line.
-std::string OneLine(const CString& text)
+// Keeps one alert at one line, and what others sent from steering a terminal.
+std::string OneLine(std::string line)
 {
-    std::string line = text.GetString();
     for (char& c : line)
         if (c == '\n' || c == '\r') c = ' ';
-    return line;
+    return corekit::detail::HarmlessText(line, corekit::detail::LineEnds::escaped);
+}
+std::string OneLine(const CString& text) { return OneLine(std::string(text.GetString())); }
+
+// A place for the script among those sent: one of the same name keeps its own.
+fs::path FreePlace(const fs::path& folder, const fs::path& name)
+{
+    fs::path place = folder / name;
+    for (int turn = 2; fs::exists(fs::symlink_status(place)); ++turn)
+        place = folder / (name.stem().string() + "." + std::to_string(turn) + name.extension().string());
+    return place;
 }
 
 std::string Why(const CFtpClient& ftp)
@@ -73,6 +82,20 @@ int Uploader::Look()
     return sent;
 }
 
+Uploader::State Uploader::StateIn(const WIN32_FIND_DATAA& found)
+{
+    return {Wide(found.nFileSizeHigh, found.nFileSizeLow),
+            Wide(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime)};
+}
+
+Uploader::State Uploader::StateOf(const Path& script)
+{
+    WIN32_FIND_DATAA found{};
+    const HANDLE search = FindFirstFileA(script.c_str(), &found);
+    if (search != INVALID_HANDLE_VALUE) FindClose(search);
+    return StateIn(found);
+}
+
 // The scripts that are as they were at the last look.
 std::vector<fs::path> Uploader::Complete()
 {
@@ -82,10 +105,10 @@ std::vector<fs::path> Uploader::Complete()
     const HANDLE search = FindFirstFileA((fs::path(m_settings.folder) / m_settings.pattern).c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) return complete;
     do {
-        if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) continue;
         const Path script = fs::path(m_settings.folder) / found.cFileName;
-        const State state{Wide(found.nFileSizeHigh, found.nFileSizeLow),
-                          Wide(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime)};
+        std::error_code gone;
+        if (!fs::is_regular_file(script, gone)) continue; // a pipe may never end
+        const State state = StateIn(found);
         const auto before = m_seen.find(script);
         if (before != m_seen.end() && before->second == state) complete.push_back(script);
         seen.emplace(script, state);
@@ -132,6 +155,10 @@ bool Uploader::Send(CFtpClient& ftp, const Path& script)
     }
     const DWORD size = file.GetSize();
     file.Close();
+    if (StateOf(script) != m_seen[script]) { // it grew while it was sent
+        Tell(alertWarning, script, "changed while it was sent, will be sent again");
+        return false;
+    }
     return PutAway(script, size);
 }
 
@@ -146,7 +173,7 @@ bool Uploader::PutAway(const Path& script, DWORD size)
     std::error_code failed;
     const fs::path sent = script.parent_path() / "sent";
     fs::create_directories(sent, failed);
-    fs::rename(script, sent / script.filename(), failed);
+    fs::rename(script, FreePlace(sent, script.filename()), failed);
     if (failed)
         Tell(alertMajorError, script, "sent, but cannot be moved away: " + failed.message());
     else
@@ -156,5 +183,7 @@ bool Uploader::PutAway(const Path& script, DWORD size)
 
 void Uploader::Tell(eAlertCategory category, const Path& script, const std::string& what)
 {
-    m_alerts.Alert(category, (script.filename().string() + ": " + what).c_str());
+    const std::string name =
+        corekit::detail::HarmlessText(script.filename().string(), corekit::detail::LineEnds::escaped);
+    m_alerts.Alert(category, (name + ": " + what).c_str());
 }

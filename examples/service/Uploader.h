@@ -5,6 +5,7 @@
 
 #include <corekit/logging/AlertSink.h>
 #include <corekit/net/FtpClient.h>
+#include <corekit/platform/FindFile.h>
 
 #include <filesystem>
 #include <map>
@@ -26,6 +27,8 @@ private:
     using Path = std::filesystem::path;
     using State = std::pair<DWORDLONG, DWORDLONG>; // size and time of writing
 
+    static State StateIn(const WIN32_FIND_DATAA& found);
+    static State StateOf(const Path& script); // as it is now
     std::vector<Path> Complete();
     bool Connect(CFtpClient& ftp);
     bool Send(CFtpClient& ftp, const Path& script);

@@ -8,6 +8,8 @@
 #include "corekit/logging/LogFollower.h"
 #include "corekit/stores/RegistryKey.h"
 
+#include <sys/stat.h>
+
 namespace {
 
 class ScriptUpload : public RegistryHome {
@@ -85,6 +87,47 @@ TEST_F(ScriptUpload, RunsOnTheConsoleAndStopsByInterrupt)
                               "news.txt: sent, 14 bytes\n"
                               "Service status set: SERVICE_STOP_PENDING\n"
                               "Service status set: SERVICE_STOPPED\n");
+}
+
+TEST_F(ScriptUpload, NothingInTheFolderHoldsItUpOrSpeaksToTheServer)
+{
+    ASSERT_EQ(mkfifo((scripts / "a.txt").c_str(), 0600), 0);
+    WriteWhole(scripts / "x\r\nDELE precious.txt", "evil");
+    std::filesystem::create_directory(scripts / "sent");
+    WriteWhole(scripts / "sent/news.txt", "the first");
+    Child service = Start({});
+    ASSERT_TRUE(Hears("READY=1"));
+    WriteWhole(scripts / "news.txt", "the second");
+    for (int turn = 0; turn < 1000 && !std::filesystem::exists(scripts / "sent/news.2.txt"); ++turn)
+        usleep(10000);
+    WriteWhole(scripts / "late.txt", "late");
+    EXPECT_TRUE(Arrives("late.txt"));
+    service.Signal(SIGTERM);
+    EXPECT_EQ(service.End(), 0);
+    EXPECT_EQ(ReadWhole(scripts / "sent/news.txt"), "the first");
+    EXPECT_EQ(ReadWhole(scripts / "sent/news.2.txt"), "the second");
+    EXPECT_EQ(server.Files().size(), 2u);
+    EXPECT_NE(Logged().find("x\\x0D\\x0ADELE precious.txt: not sent, "), std::string::npos) << Logged();
+}
+
+TEST_F(ScriptUpload, MakesTheFolderOfItsLogAgain)
+{
+    CRegistryKey key;
+    key.Create(HKEY_LOCAL_MACHINE, "Software\\Corvane\\Script Upload");
+    key.SetValue("Log Folder", (logs / "own").c_str());
+    std::filesystem::create_directory(logs / "own");
+    Child service = Start({});
+    ASSERT_TRUE(Hears("READY=1"));
+    std::filesystem::remove_all(logs / "own");
+    WriteWhole(scripts / "late.txt", "late");
+    EXPECT_TRUE(Arrives("late.txt"));
+    service.Signal(SIGTERM);
+    EXPECT_EQ(service.End(), 0);
+    CLogFollower log("Script Upload", (logs / "own").c_str());
+    std::string all;
+    for (std::string line; log.Next(line);) all += line;
+    EXPECT_NE(all.find("has been made again"), std::string::npos);
+    EXPECT_NE(all.find("late.txt: sent, "), std::string::npos);
 }
 
 TEST_F(ScriptUpload, WithoutSettingsItSaysSoAndDoesNotStart)

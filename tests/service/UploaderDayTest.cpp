@@ -125,7 +125,7 @@ TEST_F(UploaderDay, LosesNoScriptAndNoLineInTwentyFourHours)
 
     arrived.merge(server->Files());
     EXPECT_EQ(arrived, written);
-    EXPECT_EQ(Told("Log entries lost: 1, "), 1u);
+    EXPECT_EQ(Told(", 1 lost"), 1u);
     for (const auto& [name, content] : written)
         EXPECT_EQ(Told(name + ": sent, "), name == "script-13.txt" ? 0u : 1u) << name;
     EXPECT_EQ(Told("cannot be reached"), 1u);
@@ -133,6 +133,22 @@ TEST_F(UploaderDay, LosesNoScriptAndNoLineInTwentyFourHours)
     EXPECT_EQ(Told("not sent, "), 2u);
     EXPECT_EQ(Told("long.txt: broken off, will be sent again"), 1u);
     EXPECT_EQ(Names(), (std::vector<std::string>{"Upload.2026-11-14.log", "Upload.2026-11-15.log"}));
+}
+
+TEST_F(UploaderDay, AScriptThatGrowsWhileItIsSentIsSentAgainWhole)
+{
+    Write("long.txt", 1000);
+    uploader->Look();
+    server->OnNextUpload([this] {
+        written["long.txt"] += "tail";
+        WriteWhole(scripts / "long.txt", written["long.txt"]);
+    });
+    EXPECT_EQ(uploader->Look(), 0);
+    uploader->Look();
+    uploader->Look();
+    EXPECT_EQ(server->Files(), written);
+    EXPECT_EQ(ReadWhole(scripts / "sent/long.txt"), written["long.txt"]);
+    EXPECT_EQ(Told("changed while it was sent"), 1u);
 }
 
 } // namespace

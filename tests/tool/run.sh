@@ -351,6 +351,13 @@ is '' ftp rm "$place/two words" hello
 is '' ftp rmdir "$place" 'two words'
 refused ftp rmdir "$place" 'two words'
 refused ftp rm "$place" $'hello\r\nDELE numbers'
+COREKIT_FTP_PASSWORD=$'p\r\nDELE numbers' refused ftp ls "$place"
+grep -q 'cannot hold a line end' "$scratch/err" || fail "ftp with a password of two lines: $(cat "$scratch/err")"
+mkdir -p "$scratch/a/b" "$scratch/site/deep"
+printf evil >"$scratch/site/..\\..\\harm"
+"$tool" ftp get "$place" '..\..\harm' -o "$scratch/a/b" >/dev/null 2>&1
+[ ! -e "$scratch/harm" ] && [ "$(find "$scratch/a" -type f)" = "$scratch/a/b/harm" ] || fail "ftp get left its folder: $(find "$scratch/a")"
+rm -r "$scratch/site/deep" "$scratch/site/..\\..\\harm"
 refused ftp put "$place" "$scratch/missing"
 refused ftp ls "$place/nowhere"
 refused ftp ls 127.0.0.1:99999
