@@ -74,8 +74,7 @@ struct NMHEADERA {
 };
 using NMHEADER = NMHEADERA;
 
-// WM_NOTIFY. The first, the beginning of a track and of a drag can be refused by an answer other than 0.
-inline constexpr UINT HDN_ITEMCHANGING = 0u - 300;
+// WM_NOTIFY.
 inline constexpr UINT HDN_ITEMCHANGED = 0u - 301;
 inline constexpr UINT HDN_ITEMCLICK = 0u - 302;
 inline constexpr UINT HDN_ITEMDBLCLICK = 0u - 303;

@@ -7,8 +7,8 @@
 #include "corekit/platform/Messages.h"
 #include "corekit/platform/Types.h"
 
-// Makes the character messages of a key press that came from a keyboard, and posts them; whether there were
-// any. Within the toolkit's loop this is done already.
+// Whether the message is the press of a key. The characters of a press come by themselves, right behind it:
+// the toolkit's loop sends both to the window, and GetMessageA never brings a key.
 COREKIT_API BOOL TranslateMessage(const MSG* message);
 
 // Gives a window the keys, and its top window the activation: WM_KILLFOCUS and WM_SETFOCUS are sent at once.

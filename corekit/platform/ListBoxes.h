@@ -12,7 +12,6 @@ inline constexpr DWORD LBS_MULTIPLESEL = 0x8;
 inline constexpr DWORD LBS_OWNERDRAWFIXED = 0x10; // the parent draws rows of one height (WM_MEASUREITEM once)
 inline constexpr DWORD LBS_OWNERDRAWVARIABLE = 0x20; // WM_MEASUREITEM for each row
 inline constexpr DWORD LBS_HASSTRINGS = 0x40;        // rows that the parent draws have text, too
-inline constexpr DWORD LBS_USETABSTOPS = 0x80;
 inline constexpr DWORD LBS_NOINTEGRALHEIGHT = 0x100;
 inline constexpr DWORD LBS_MULTICOLUMN = 0x200;
 inline constexpr DWORD LBS_EXTENDEDSEL = 0x800; // several, with Shift and Ctrl
@@ -43,8 +42,6 @@ inline constexpr UINT LB_FINDSTRING =
     0x18F; // wParam: search begins behind it, -1 at the top; lParam: a beginning
 inline constexpr UINT LB_GETSELCOUNT = 0x190;
 inline constexpr UINT LB_GETSELITEMS = 0x191; // wParam: count; lParam: int*; answers how many were stored
-inline constexpr UINT LB_SETTABSTOPS =
-    0x192; // wParam: 1; lParam: const int* distance in quarters of a character
 inline constexpr UINT LB_GETHORIZONTALEXTENT = 0x193;
 inline constexpr UINT LB_SETHORIZONTALEXTENT = 0x194; // wParam: pixels that can be scrolled to
 inline constexpr UINT LB_SETCOLUMNWIDTH = 0x195;      // wParam: pixels, of the multi-column kind
@@ -76,7 +73,6 @@ inline constexpr UINT CLB_GETCHECKSTYLE = 0x1F5;
 // WM_COMMAND.
 inline constexpr UINT LBN_SELCHANGE = 1; // by the user
 inline constexpr UINT LBN_DBLCLK = 2;
-inline constexpr UINT LBN_SELCANCEL = 3;
 inline constexpr UINT LBN_SETFOCUS = 4;
 inline constexpr UINT LBN_KILLFOCUS = 5;
 inline constexpr UINT CLBN_CHKCHANGE = 40; // a check mark, by the user

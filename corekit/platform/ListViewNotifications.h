@@ -42,10 +42,6 @@ struct NMLVKEYDOWN {
     WORD wVKey;
     UINT flags;
 };
-struct NMLVCACHEHINT {
-    NMHDR hdr;
-    int iFrom, iTo;
-};
 struct NMLVFINDITEMA {
     NMHDR hdr;
     int iStart;
@@ -70,7 +66,6 @@ inline constexpr UINT LVN_ENDLABELEDIT =
     0u - 106; // pszText is null when dropped; an answer other than 0 takes it
 inline constexpr UINT LVN_COLUMNCLICK = 0u - 108;  // NMLISTVIEW: iSubItem
 inline constexpr UINT LVN_BEGINDRAG = 0u - 109;    // NMLISTVIEW: iItem and ptAction
-inline constexpr UINT LVN_ODCACHEHINT = 0u - 113;  // NMLVCACHEHINT: rows that are about to be asked for
 inline constexpr UINT LVN_ITEMACTIVATE = 0u - 114; // NMITEMACTIVATE
 inline constexpr UINT LVN_ODSTATECHANGED =
     0u - 115;                                     // NMLVODSTATECHANGE: several rows of LVS_OWNERDATA at once

@@ -21,8 +21,8 @@ struct TOOLINFOA {
     HWND hwnd; // holds the tool and gets the notifications
     UINT_PTR uId;
     RECT rect;       // in the client of hwnd
-    HINSTANCE hinst; // where lpszText is a number below 65536, that of a text in the string table
-    char* lpszText;  // or LPSTR_TEXTCALLBACK
+    HINSTANCE hinst; // kept
+    char* lpszText;  // or LPSTR_TEXTCALLBACK; a number below 65536 shows nothing (CToolTipCtrl looks it up)
     LPARAM lParam;
 };
 using TOOLINFO = TOOLINFOA;
@@ -65,4 +65,3 @@ inline constexpr UINT TTN_GETDISPINFO = 0u - 520; // NMTTDISPINFO; an empty text
 inline constexpr UINT TTN_NEEDTEXT = TTN_GETDISPINFO;
 inline constexpr UINT TTN_NEEDTEXTA = TTN_GETDISPINFO;
 inline constexpr UINT TTN_SHOW = 0u - 521;
-inline constexpr UINT TTN_POP = 0u - 522;

@@ -350,6 +350,13 @@ BOOL CToolTipCtrl::AddTool(CWnd* window, const char* text, const RECT* rect, UIN
     return SendMessage(TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&info)) != 0;
 }
 
+BOOL CToolTipCtrl::AddTool(CWnd* window, UINT textId, const RECT* rect, UINT_PTR id)
+{
+    CString text;
+    text.LoadString(textId);
+    return AddTool(window, static_cast<const char*>(text), rect, id);
+}
+
 void CToolTipCtrl::DelTool(CWnd* window, UINT_PTR id)
 {
     TOOLINFOA info = toolOf(window, id);
@@ -361,6 +368,13 @@ void CToolTipCtrl::UpdateTipText(const char* text, CWnd* window, UINT_PTR id)
     TOOLINFOA info = toolOf(window, id);
     info.lpszText = const_cast<char*>(text);
     SendMessage(TTM_UPDATETIPTEXTA, 0, reinterpret_cast<LPARAM>(&info));
+}
+
+void CToolTipCtrl::UpdateTipText(UINT textId, CWnd* window, UINT_PTR id)
+{
+    CString text;
+    text.LoadString(textId);
+    UpdateTipText(static_cast<const char*>(text), window, id);
 }
 
 CString CStatusBarCtrl::GetText(int part, int* how) const

@@ -161,6 +161,13 @@ LRESULT ListView::input(UINT message, WPARAM wParam, LPARAM lParam)
     sync();
     if (message == WM_LBUTTONDOWN && GetKeyState(VK_SHIFT) >= 0)
         m_mark = view()->indexAt(inView(pointIn(lParam))).row();
+    if (message == WM_CHAR && isVirtual() && LOWORD(wParam) > u' ') { // the toolkit would ask for every row
+        const auto self = share(handle());
+        const int program = std::exchange(m_program, 0);
+        character(static_cast<char16_t>(LOWORD(wParam)));
+        m_program = program;
+        return 0;
+    }
     return ViewControl::input(message, wParam, lParam);
 }
 

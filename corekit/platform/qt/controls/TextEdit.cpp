@@ -53,8 +53,10 @@ public:
     {
         face()->enter = [this](const QString& text) { enter(text); };
         QObject::connect(face(), &QPlainTextEdit::textChanged, life(), [this] { changed(); });
-        QObject::connect(face()->verticalScrollBar(), &QScrollBar::valueChanged, life(),
-                         [this] { tell(EN_VSCROLL); });
+        // The bar is silent when the caret takes the view along.
+        QObject::connect(face(), &QPlainTextEdit::updateRequest, life(), [this](const QRect&, int moved) {
+            if (moved) tell(EN_VSCROLL);
+        });
         QObject::connect(face()->horizontalScrollBar(), &QScrollBar::valueChanged, life(),
                          [this] { tell(EN_HSCROLL); });
     }

@@ -9,6 +9,7 @@
 #include "corekit/platform/Gdi.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QElapsedTimer>
 #include <QInputMethodEvent>
 #include <QThread>
@@ -123,10 +124,23 @@ Qt::MouseButton toolkitButton(Button button)
 
 constinit Qt::MouseButtons pressedButtons{};
 
+// A button is let go where it was pressed, even if the control there has gone.
+void releaseWhereItWas(Qt::MouseButton button, Qt::KeyboardModifiers held)
+{
+    QWindow* const under = keyWindow();
+    if (!(pressedButtons & button) || !under) return;
+    pressedButtons &= ~Qt::MouseButtons(button);
+    eventTime += 20;
+    const QPoint place = QCursor::pos();
+    qt_handleMouseEvent(under, under->mapFromGlobal(place), place, pressedButtons, button,
+                        QEvent::MouseButtonRelease, held, eventTime);
+}
+
 void sendMouse(HWND handle, POINT point, QEvent::Type type, Qt::MouseButton button,
                Qt::KeyboardModifiers held)
 {
     const Window* const window = Window::find(handle);
+    if (type == QEvent::MouseButtonRelease && !window) return releaseWhereItWas(button, held);
     if (!window || !window->widget()) return;
     QWidget* const top = window->widget()->window();
     if (!top->windowHandle()) return;

@@ -188,13 +188,25 @@ QRegion clientPart(const Window& window, const RECT* rect)
            client;
 }
 
+// A widget and those that belong to it, such as the viewport of a list: the toolkit leaves out what covers
+// it.
+void updateWithParts(const Window& window, QWidget& widget, const QRegion& part)
+{
+    widget.update(part);
+    for (QObject* const child : widget.children()) {
+        auto* const inner = qobject_cast<QWidget*>(child);
+        if (inner && !inner->isWindow() && Window::of(inner) == &window)
+            updateWithParts(window, *inner, part.translated(-inner->pos()));
+    }
+}
+
 void invalidate(Window& window, const QRegion& part, bool erase)
 {
     if (part.isEmpty() || !window.widget()) return;
     Invalid& invalid = invalidParts()[window.handle()];
     invalid.kept = erase ? invalid.kept - part : invalid.kept + (part - invalid.all);
     invalid.all += part;
-    window.widget()->update(part);
+    updateWithParts(window, *window.widget(), part);
 }
 
 RECT boundsIn(const Window& window, const QRegion& region)
