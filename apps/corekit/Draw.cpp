@@ -7,9 +7,12 @@
 
 #include "corekit/framework/Geometry.h"
 #include "corekit/platform/Gdi.h"
+#include "corekit/platform/PngFile.h"
 #include "corekit/platform/Toolkit.h"
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 #include "corekit/unicode/storage/StoredText.h"
+#include "corekit/unicode/ui/FontMapInfo.h"
+#include "corekit/unicode/ui/fonts/GlyphFont.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
 #include "corekit/unicode/ui/UniRender.h"
 #include "corekit/unicode/ui/UsualFonts.h"
@@ -22,6 +25,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <span>
 #include <stdexcept>
 
 namespace {
@@ -35,11 +39,13 @@ struct DrawOptions {
     int width = 0; // pixels; 0 is as wide as the widest line
     bool bidi = false;
     bool complex = false;
+    bool isSmall = false;
 };
 
 constexpr int margin = 24;
 constexpr int widest = 16384, tallest = 32768; // pixels of one picture
 constexpr long long largest = 24'000'000;      // and of its area, 4 bytes each
+constexpr int firstUsbRange = 128;             // of 128 Unicode ranges of a face
 constexpr COLORREF paper = RGB(0, 0, 0), ink = RGB(255, 255, 255);
 
 struct Line {
@@ -48,9 +54,12 @@ struct Line {
     bool rightToLeft = false;
 };
 
-std::filesystem::path PictureOf(const DrawOptions& options, const std::string& file)
+// Where the lines of a file do not fit on one picture, the second is <name>-2.png.
+std::filesystem::path PictureOf(const DrawOptions& options, const std::string& file, int number = 1)
 {
-    return std::filesystem::path(options.folder) / (std::filesystem::path(file).stem().string() + ".png");
+    const std::string name = std::filesystem::path(file).stem().string();
+    return std::filesystem::path(options.folder) /
+           (number == 1 ? name + ".png" : name + "-" + std::to_string(number) + ".png");
 }
 
 class Artist {
@@ -62,27 +71,39 @@ public:
         m_render.Create(-options.size, 0, 0, 0); // the height of the letters, the same in every face
     }
 
-    // Draws every line of the file below the other; gives the picture's path.
-    std::string Draw(const std::string& file)
+    // Draws every line of the file below the other; gives the pictures' paths.
+    std::vector<std::string> Draw(const std::string& file)
     {
-        std::vector<Line> lines = Measure(ReadLines(file));
+        const std::vector<Line> lines = Measure(ReadLines(file));
         int width = m_options.width;
         for (const Line& line : lines)
             if (m_options.width == 0) width = std::max(width, line.width + 2 * margin);
-        const int pitch = m_options.size * 7 / 4;
-        const auto tall =
-            static_cast<long long>(pitch) * std::max<long long>(1, static_cast<long long>(lines.size())) +
-            2 * margin;
-        if (width > widest || tall > tallest || width * tall > largest)
-            throw std::runtime_error(file + " is too large for one picture; draw it in parts or smaller");
-        const Raster surface(std::max(width, 2 * margin), static_cast<int>(tall));
-        Paint(surface, lines, pitch, width);
-        return Save(surface, file);
+        if (width > widest)
+            throw std::runtime_error(file + " has a line too long for a picture; give a --width to cut it");
+        width = std::max(width, 2 * margin);
+        const std::size_t most = static_cast<std::size_t>(LinesThatFit(width));
+        std::vector<std::string> pictures;
+        for (std::size_t at = 0; at == 0 || at < lines.size(); at += most) {
+            const std::span<const Line> part =
+                std::span(lines).subspan(at, std::min(most, lines.size() - at));
+            const int count = static_cast<int>(std::max<std::size_t>(1, part.size()));
+            const Raster surface(width, count * Pitch() + 2 * margin);
+            Paint(surface, part, width);
+            pictures.push_back(Save(surface, file, static_cast<int>(pictures.size()) + 1));
+        }
+        return pictures;
     }
 
     std::size_t LinesDrawn() const { return m_linesDrawn; }
 
 private:
+    int Pitch() const { return m_options.size * 7 / 4; }
+    int LinesThatFit(int width) const
+    {
+        const long long height = std::min<long long>(tallest, largest / width);
+        return static_cast<int>(std::max(1LL, (height - 2 * margin) / Pitch()));
+    }
+
     void AddUsualFonts()
     {
         const CFontDescriptor usual = UsualFonts(m_options.size);
@@ -118,12 +139,12 @@ private:
         return m_render.CalcGlyphStringSize(glyphs, glyphs.GetLength(), 0).cx;
     }
 
-    void Paint(const Raster& surface, const std::vector<Line>& lines, int pitch, int width)
+    void Paint(const Raster& surface, std::span<const Line> lines, int width)
     {
         SetTextColor(surface.Context(), ink);
         SetBkColor(surface.Context(), paper);
         SetTextAlign(surface.Context(), TA_LEFT | TA_BASELINE);
-        const CRect all(0, 0, width, static_cast<int>(lines.size()) * pitch + 2 * margin);
+        const CRect all(0, 0, width, surface.Height());
         ExtTextOutW(surface.Context(), 0, 0, ETO_OPAQUE, &all, nullptr, 0, nullptr);
         m_render.AttachDC(surface.Context());
         int baseline = margin + m_options.size * 5 / 4;
@@ -131,16 +152,21 @@ private:
             const int x = line.rightToLeft ? width - margin - line.width : margin;
             SetBkMode(surface.Context(), TRANSPARENT); // a line with marks leaves it opaque
             m_render.DrawLogicalString(x, baseline, 0, all, line.text, -1, 0);
-            baseline += pitch;
+            baseline += Pitch();
             ++m_linesDrawn;
         }
         m_render.DetachDC();
     }
 
-    std::string Save(const Raster& surface, const std::string& file)
+    std::string Save(const Raster& surface, const std::string& file, int number)
     {
-        const std::filesystem::path path = PictureOf(m_options, file);
-        if (!SaveBitmapAsPng(surface.Bitmap(), path.c_str())) FailFor(path);
+        const std::filesystem::path path = PictureOf(m_options, file, number);
+        for (const std::string& other : m_options.files)
+            if (number > 1 && PictureOf(m_options, other) == path)
+                throw std::runtime_error(file + " needs several pictures, and " + path.string() +
+                                         " is that of " + other);
+        const PngEffort effort = m_options.isSmall ? PngEffort::small : PngEffort::quick;
+        if (!SaveBitmapAsPng(surface.Bitmap(), path.c_str(), effort)) FailFor(path);
         return path.string();
     }
 
@@ -161,6 +187,16 @@ void AddFontFiles(const std::string& folder)
             throw std::runtime_error("cannot read the font " + file.string());
 }
 
+// A font of glyph codes draws them in this run even if it is not registered.
+void UseGlyphFonts(const DrawOptions& options, CUnicodeManager& manager)
+{
+    if (options.fontFolder.empty() || options.complex) return;
+    for (const std::string& face : options.fonts) {
+        const CFontMapInfo* const info = manager.GetFontMapInfo(face.c_str());
+        if (info && info->GetSignature().GetCustomSignature() == 0) UseAsGlyphFont(face);
+    }
+}
+
 void RefuseSameNames(const DrawOptions& options)
 {
     std::map<std::filesystem::path, std::string> drawn;
@@ -179,6 +215,7 @@ void Draw(const DrawOptions& options)
     CUnicodeManager* manager = CUnicodeManager::Initialise(FALSE);
     // A picture changes no settings of the machine.
     manager->OverrideSettings({.biDi = options.bidi, .complexLanguage = options.complex});
+    UseGlyphFonts(options, *manager);
     std::error_code error;
     std::filesystem::create_directories(options.folder, error);
     if (error) throw std::runtime_error("cannot make the folder " + options.folder + ": " + error.message());
@@ -189,7 +226,7 @@ void Draw(const DrawOptions& options)
     {
         ProgressBar bar("drawing", options.files.size());
         for (const std::string& file : options.files) {
-            pictures.push_back(artist.Draw(file));
+            std::ranges::move(artist.Draw(file), std::back_inserter(pictures));
             bar.Advance();
         }
     }
@@ -205,7 +242,10 @@ void AddDrawCommand(CLI::App& app)
 {
     auto* command = app.add_subcommand("draw", "Draw the lines of text files into PNG pictures");
     auto options = std::make_shared<DrawOptions>();
-    command->add_option("FILE", options->files, "Text files, UTF-8 or UTF-16; each becomes DIR/<name>.png")
+    command
+        ->add_option("FILE", options->files,
+                     "Text files, UTF-8 or UTF-16; each becomes DIR/<name>.png, a long one\n"
+                     "DIR/<name>-2.png and so on, too")
         ->required();
     command->add_option("-o,--output", options->folder, "The folder for the pictures, made if it is missing")
         ->required()
@@ -226,6 +266,7 @@ void AddDrawCommand(CLI::App& app)
                      "Width of the pictures in pixels; without it, that of the widest line")
         ->check(CLI::Range(1, widest));
     command->add_flag("--bidi", options->bidi, "Order right-to-left text ourselves");
+    command->add_flag("--small", options->isSmall, "Take more time for smaller files");
     command->add_flag("--complex", options->complex,
                       "Leave all shaping to the platform (Devanagari, Bengali, Tamil)");
     command->footer(

@@ -5,6 +5,8 @@
 
 #include "corekit/framework/Geometry.h"
 #include "corekit/unicode/storage/StoredText.h"
+#include "corekit/unicode/tables/CharacterCodes.h"
+#include "corekit/unicode/tables/UnicodeCharTypes.h"
 #include "corekit/unicode/ui/UniRender.h"
 
 #include <algorithm>
@@ -15,13 +17,13 @@ namespace {
 constexpr int emPixels = 64, margin = 32, wordWidth = 1024, wordHeight = 160, baseline = 104;
 constexpr int inkFrom = 128; // coverage that counts as ink
 
-// Draws a word as the prompter does: shaped by us, with the glyph font first.
+// Draws a word as the prompter does: ordered and shaped by us, with the glyph font first.
 class OurHand {
 public:
-    OurHand(const std::string& glyphFont, const std::string& baseFont)
+    explicit OurHand(const ComparedFaces& faces)
     {
-        m_render.AddFont(glyphFont.c_str());
-        m_render.AddFont(baseFont.c_str());
+        if (!faces.glyphFont.empty()) m_render.AddFont(faces.glyphFont.c_str());
+        m_render.AddFont(faces.base.c_str());
         m_render.Create(-emPixels, 0, 0, 0);
     }
     void Write(const Raster& raster, int x, int y, const std::u16string& word)
@@ -79,10 +81,25 @@ double OverlapOf(const Raster& a, const Raster& b)
     return more == 0 ? 0 : static_cast<double>(inBoth) / static_cast<double>(more);
 }
 
-bool BelongsToWord(char16_t c)
+enum class InWord { no, letter, mark };
+
+InWord PlaceOf(char16_t c)
 {
-    const bool isDanda = c == 0x0964 || c == 0x0965, isJoiner = c == 0x200C || c == 0x200D;
-    return isJoiner || (c >= 0x0900 && c < 0x0C00 && !isDanda);
+    using namespace corekit::general;
+    const bool isJoiner = c == 0x200C || c == 0x200D;
+    switch (CUnicodeCharTypes::GetGeneralType(c)) {
+    case Lu:
+    case Ll:
+    case Lt:
+    case Lm:
+    case Lo:
+        return InWord::letter;
+    case Mn:
+    case Mc:
+        return InWord::mark;
+    default:
+        return isJoiner ? InWord::mark : InWord::no;
+    }
 }
 
 std::set<std::u16string> WordsOf(const std::vector<std::u16string>& texts)
@@ -90,13 +107,17 @@ std::set<std::u16string> WordsOf(const std::vector<std::u16string>& texts)
     std::set<std::u16string> words;
     for (const std::u16string& text : texts) {
         std::u16string word;
+        bool hasLetter = false;
         for (const char16_t c : text + u' ') {
-            if (BelongsToWord(c)) {
+            const InWord place = PlaceOf(c);
+            hasLetter |= place == InWord::letter;
+            if (place != InWord::no) {
                 word += c;
-            } else if (!word.empty()) {
-                words.insert(std::move(word));
-                word.clear();
+                continue;
             }
+            if (hasLetter) words.insert(word);
+            word.clear();
+            hasLetter = false;
         }
     }
     return words;
@@ -104,11 +125,10 @@ std::set<std::u16string> WordsOf(const std::vector<std::u16string>& texts)
 
 } // namespace
 
-std::vector<WordLikeness> CompareWords(const std::vector<std::u16string>& texts, const std::string& glyphFont,
-                                       const std::string& baseFont)
+std::vector<WordLikeness> CompareWords(const std::vector<std::u16string>& texts, const ComparedFaces& faces)
 {
-    OurHand ours(glyphFont, baseFont);
-    PlatformsHand platforms(baseFont);
+    OurHand ours(faces);
+    PlatformsHand platforms(faces.base);
     std::vector<WordLikeness> compared;
     for (const std::u16string& word : WordsOf(texts)) {
         const Raster a(wordWidth, wordHeight), b(wordWidth, wordHeight);
@@ -123,12 +143,18 @@ std::vector<WordLikeness> CompareWords(const std::vector<std::u16string>& texts,
     return compared;
 }
 
-void SaveWordPairs(const std::vector<WordLikeness>& words, const std::string& glyphFont,
-                   const std::string& baseFont, const std::string& path)
+double ShareOf(const std::vector<WordLikeness>& words, double overlap)
+{
+    const auto alike = std::ranges::count_if(words, [=](const auto& w) { return w.overlap >= overlap; });
+    return words.empty() ? 0 : 100.0 * static_cast<double>(alike) / static_cast<double>(words.size());
+}
+
+void SaveWordPairs(const std::vector<WordLikeness>& words, const ComparedFaces& faces,
+                   const std::string& path)
 {
     constexpr std::size_t most = 120; // rows of one picture
-    OurHand ours(glyphFont, baseFont);
-    PlatformsHand platforms(baseFont);
+    OurHand ours(faces);
+    PlatformsHand platforms(faces.base);
     const int rows = static_cast<int>(std::min(words.size(), most));
     const Raster sheet(2 * wordWidth, std::max(1, rows) * wordHeight);
     MakeReady(sheet);

@@ -1,5 +1,5 @@
-// How well a glyph font writes: each word through our own shaping, laid over the same word as the platform
-// shapes it.
+// How well our road writes: each word ordered, shaped and drawn by us, laid over the same word as the
+// platform draws it in the same face.
 #pragma once
 
 #include <string>
@@ -10,10 +10,17 @@ struct WordLikeness {
     double overlap = 0; // shared ink, as a part of the ink of the word that has more
 };
 
-// The words of the texts, each once, the least alike first. `glyphFont` must be registered; both faces known.
-// Throws std::runtime_error if a face is missing.
-std::vector<WordLikeness> CompareWords(const std::vector<std::u16string>& texts, const std::string& glyphFont,
-                                       const std::string& baseFont);
-// The words below each other, ours on the left, the platform's on the right.
-void SaveWordPairs(const std::vector<WordLikeness>& words, const std::string& glyphFont,
-                   const std::string& baseFont, const std::string& path);
+struct ComparedFaces {
+    std::string glyphFont; // registered; empty for a script whose letters we draw with the face itself
+    std::string base;
+};
+
+// The words of the texts, each once, the least alike first. Both faces must be known. A word is letters with
+// their marks and joiners in any script; digits, punctuation and spaces part words.
+std::vector<WordLikeness> CompareWords(const std::vector<std::u16string>& texts, const ComparedFaces& faces);
+// The share of the words, in per cent, that overlap by at least `overlap`.
+double ShareOf(const std::vector<WordLikeness>& words, double overlap);
+// The first words below each other, ours on the left, the platform's on the right. Throws std::runtime_error
+// if the picture cannot be written.
+void SaveWordPairs(const std::vector<WordLikeness>& words, const ComparedFaces& faces,
+                   const std::string& path);

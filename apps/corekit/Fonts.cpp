@@ -92,46 +92,87 @@ void AddBuild(CLI::App& fonts)
 // ---- compare ----------------------------------------------------------------------------------
 
 struct CompareOptions {
-    std::string fontFile, glyphFont, base, picture;
+    std::string fontFile, picture;
+    ComparedFaces faces;
     std::vector<std::string> files;
     double share = 0;
     std::size_t worst = 10;
+    bool isJson = false;
 };
 
 constexpr double alike = 0.7; // overlap of two words that look the same to a reader
+constexpr double grades[] = {0.98, 0.9, alike};
 
 void CheckThatCodesGoTo(const std::string& face)
 {
-    const CFontMapInfo* const info = CUnicodeManager::Initialise(FALSE)->GetFontMapInfo(face.c_str());
+    const CFontMapInfo* const info = CUnicodeManager::GetObjectA()->GetFontMapInfo(face.c_str());
     if (info == nullptr) throw std::runtime_error("this machine has no face " + face);
     if (info->GetSignature().GetCustomSignature() == 0)
         throw std::runtime_error(face +
                                  " is not registered as a font of glyph codes (fonts build --register)");
 }
 
-void Compare(const CompareOptions& options)
+void PrepareFaces(const CompareOptions& options)
 {
     NeedToolkit();
-    if (AddFontResourceA(options.fontFile.c_str()) == 0)
+    if (!options.fontFile.empty() && AddFontResourceA(options.fontFile.c_str()) == 0)
         throw std::runtime_error("cannot read the font " + options.fontFile);
-    CheckThatCodesGoTo(options.glyphFont);
-    std::vector<std::u16string> texts;
-    for (const std::string& file : options.files)
-        for (std::u16string& line : ReadLines(file)) texts.push_back(std::move(line));
-    const std::vector<WordLikeness> words = CompareWords(texts, options.glyphFont, options.base);
-    if (words.empty()) throw std::runtime_error("no words to compare");
-    if (!options.picture.empty()) SaveWordPairs(words, options.glyphFont, options.base, options.picture);
+    CUnicodeManager* const manager = CUnicodeManager::Initialise(FALSE);
+    manager->OverrideSettings({.biDi = true, .complexLanguage = false});
+    if (!manager->IsFontValid(options.faces.base.c_str()))
+        throw std::runtime_error("this machine has no face " + options.faces.base);
+    if (!options.faces.glyphFont.empty()) CheckThatCodesGoTo(options.faces.glyphFont);
+}
 
-    const auto good =
-        std::count_if(words.begin(), words.end(), [](const auto& w) { return w.overlap >= alike; });
-    const double share = 100.0 * static_cast<double>(good) / static_cast<double>(words.size());
+std::string Quoted(const std::string& text)
+{
+    std::string quoted = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\') quoted += '\\';
+        quoted += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
+    }
+    return quoted + '"';
+}
+
+void PrintJson(const CompareOptions& options, const std::vector<WordLikeness>& words)
+{
+    Print("{\"font\": %s, \"with\": %s, \"words\": %zu, \"shares\": {",
+          Quoted(options.faces.glyphFont).c_str(), Quoted(options.faces.base).c_str(), words.size());
+    for (const double grade : grades)
+        Print("%s\"%.0f\": %.2f", grade == grades[0] ? "" : ", ", 100 * grade, ShareOf(words, grade));
+    Print("}, \"worst\": [");
+    for (std::size_t i = 0; i < std::min(options.worst, words.size()); ++i)
+        Print("%s{\"word\": %s, \"overlap\": %.3f}", i == 0 ? "" : ", ", Quoted(Utf8(words[i].word)).c_str(),
+              words[i].overlap);
+    Print("]}\n");
+}
+
+void PrintWords(const CompareOptions& options, const std::vector<WordLikeness>& words)
+{
     std::vector<std::vector<std::string>> rows{{"word", "overlap"}};
     for (std::size_t i = 0; i < std::min(options.worst, words.size()); ++i)
         rows.push_back(
             {Utf8(words[i].word), std::to_string(static_cast<int>(words[i].overlap * 100)) + " %"});
     PrintTable(rows);
-    Print("%.1f %% of %zu words overlap by at least 70 %%\n", share, words.size());
-    if (share < options.share)
+    for (const double grade : grades)
+        Print("%.1f %% of %zu words overlap by at least %.0f %%\n", ShareOf(words, grade), words.size(),
+              100 * grade);
+}
+
+void Compare(const CompareOptions& options)
+{
+    PrepareFaces(options);
+    std::vector<std::u16string> texts;
+    for (const std::string& file : options.files)
+        for (std::u16string& line : ReadLines(file)) texts.push_back(std::move(line));
+    const std::vector<WordLikeness> words = CompareWords(texts, options.faces);
+    if (words.empty()) throw std::runtime_error("no words to compare");
+    if (!options.picture.empty()) SaveWordPairs(words, options.faces, options.picture);
+    if (options.isJson)
+        PrintJson(options, words);
+    else
+        PrintWords(options, words);
+    if (ShareOf(words, alike) < options.share)
         throw std::runtime_error("fewer words are alike than the " + std::to_string(options.share) +
                                  " % asked for");
 }
@@ -139,22 +180,24 @@ void Compare(const CompareOptions& options)
 void AddCompare(CLI::App& fonts)
 {
     auto* command = fonts.add_subcommand(
-        "compare",
-        "Lay each word, shaped by us in a glyph font, over the platform's drawing in the base face");
+        "compare", "Lay each word, ordered and shaped by us, over the platform's drawing in the same face");
     auto options = std::make_shared<CompareOptions>();
     command->add_option("FILE", options->files, "Text files, UTF-8 or UTF-16")->required();
-    command->add_option("--font-file", options->fontFile, "The glyph font as a file")
+    command->add_option("--with", options->faces.base, "The face to draw with")
         ->required()
+        ->type_name("FACE");
+    auto* font =
+        command
+            ->add_option("--font", options->faces.glyphFont,
+                         "The glyph font that was made from it, registered; Arabic and Hebrew need none")
+            ->type_name("FACE");
+    command->add_option("--font-file", options->fontFile, "The glyph font as a file, if it is not installed")
+        ->needs(font)
         ->type_name("TTF");
-    command->add_option("--font", options->glyphFont, "Its face name, registered")
-        ->required()
-        ->type_name("FACE");
-    command->add_option("--with", options->base, "The face that it was made from")
-        ->required()
-        ->type_name("FACE");
+    command->add_flag("--json", options->isJson, "Print one JSON object instead of a table");
     command->add_option("--worst", options->worst, "How many of the least alike words to list")
         ->capture_default_str();
-    command->add_option("--picture", options->picture, "Draw the word pairs, the least alike first")
+    command->add_option("--picture", options->picture, "Draw the least alike words beside the platform's")
         ->type_name("PNG");
     command->add_option("--at-least", options->share, "Fail if fewer words in a hundred are alike")
         ->type_name("PERCENT");

@@ -277,6 +277,19 @@ if "$tool" --help | grep -q "^ *draw "; then
     likeness bengali Bengali 70
     likeness assamese Bengali 75
     likeness tamil Tamil 95
+    # Words of the news in eight languages, over the platform's drawing in the same face.
+    words=$(dirname "$0")/../unicode_ui/words
+    news() {
+        says 'words overlap by at least 70 %' fonts compare "$words/$1.txt" --with "$2" --at-least "$3" "${@:4}"
+    }
+    for language in arabic persian urdu; do news $language 'Noto Naskh Arabic' 99; done
+    news hebrew 'Noto Serif Hebrew' 99
+    news hindi 'Noto Sans Devanagari' 89 --font 'CoreKit Devanagari' --font-file "$scratch/fonts/CoreKit-Devanagari.ttf"
+    news marathi 'Noto Sans Devanagari' 95 --font 'CoreKit Devanagari' --font-file "$scratch/fonts/CoreKit-Devanagari.ttf"
+    news bengali 'Noto Sans Bengali' 72 --font 'CoreKit Bengali' --font-file "$scratch/fonts/CoreKit-Bengali.ttf"
+    news tamil 'Noto Sans Tamil' 99 --font 'CoreKit Tamil' --font-file "$scratch/fonts/CoreKit-Tamil.ttf"
+    says '^\{"font": "", "with": "Noto Serif Hebrew", "words": 591, "shares": \{"98"' fonts compare "$words/hebrew.txt" \
+        --with 'Noto Serif Hebrew' --json
     "$tool" fonts compare "$scripts/tamil.txt" --font-file "$scratch/fonts/CoreKit-Tamil.ttf" --font 'CoreKit Tamil' \
         --with 'Noto Sans Tamil' --at-least 100 >"$scratch/out" 2>&1 && fail "a share that is not reached is no failure"
     says '[0-9]+ lines in 6 pictures' draw "$scripts"/*.txt -o "$scratch/pictures" --fonts "$scratch/fonts"

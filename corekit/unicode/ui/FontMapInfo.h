@@ -25,6 +25,9 @@ public:
     // Fills the signature from the registry, else from the face. Never fails: where the face cannot be had,
     // it is what the platform answers.
     void Load(CDC* dc);
+    // Makes it a font of the private range whose bit this is, whatever registry and face say; until the
+    // manager goes.
+    void BecomeGlyphFont(DWORD customSignature);
     void GetSignature(CFontSignature& out) const { out = m_signature; }
     const CFontSignature& GetSignature() const { return m_signature; }
 

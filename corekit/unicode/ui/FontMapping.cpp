@@ -103,6 +103,15 @@ bool CFontMapInfo::LoadFromRegistry()
     return true;
 }
 
+void CFontMapInfo::BecomeGlyphFont(DWORD customSignature)
+{
+    constexpr DWORD noUnicodeRange[4] = {};
+    m_signature.SetFromUsb(noUnicodeRange);
+    m_signature.SetCustomSignature(customSignature);
+    addUsualRules(m_signature);
+    m_loaded = TRUE;
+}
+
 void CFontMapInfo::LoadRules(const CRegistryKey& key)
 {
     const NumberedValues values(key);

@@ -1,4 +1,5 @@
 #include "corekit/platform/Errors.h"
+#include "corekit/platform/PngFile.h"
 #include "corekit/platform/qt/drawing/DeviceContext.h"
 #include "corekit/platform/ReplacedFile.h"
 
@@ -85,6 +86,11 @@ HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits
 
 BOOL SaveBitmapAsPng(HBITMAP handle, const char* path)
 {
+    return SaveBitmapAsPng(handle, path, PngEffort::quick);
+}
+
+BOOL SaveBitmapAsPng(HBITMAP handle, const char* path, PngEffort effort)
+{
     Bitmap* const bitmap = GdiTable::find<Bitmap>(handle);
     if (!bitmap) return FALSE;
     if (!path || !bitmap->pixels) {
@@ -97,7 +103,10 @@ BOOL SaveBitmapAsPng(HBITMAP handle, const char* path)
     if (!bitmap->topDown) image = image.mirrored();
     QBuffer picture;
     picture.open(QIODevice::WriteOnly);
-    if (!QImageWriter(&picture, "png").write(image)) {
+    QImageWriter writer(&picture, "png");
+    // In hundredths of the way from none to all; the writer's own level is in the middle.
+    writer.setCompression(effort == PngEffort::quick ? 15 : 100);
+    if (!writer.write(image)) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
     }

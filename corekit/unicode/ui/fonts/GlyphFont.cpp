@@ -1,8 +1,10 @@
 #include "corekit/unicode/ui/fonts/GlyphFont.h"
 
 #include "corekit/stores/RegistryKey.h"
+#include "corekit/unicode/ui/FontMapInfo.h"
 #include "corekit/unicode/ui/fonts/GlyphPieces.h"
 #include "corekit/unicode/ui/fonts/TrueTypeFile.h"
+#include "corekit/unicode/ui/UnicodeManager.h"
 
 namespace {
 
@@ -89,4 +91,22 @@ void RegisterGlyphFont(GlyphScript script, const std::string& faceName)
     key.Create(HKEY_LOCAL_MACHINE, ("Software\\Corvane\\Unicode Support\\Font Mapping\\" + faceName).c_str());
     key.SetValue("USB Signature", noUnicodeRange, sizeof(noUnicodeRange));
     key.SetValue("Custom Signature", static_cast<unsigned>(ScriptOf(script).customSignature));
+}
+
+bool UseAsGlyphFont(const std::string& faceName)
+{
+    constexpr struct {
+        GlyphScript script;
+        int letters; // the range of its characters, which a glyph font has at none
+    } scripts[] = {{GlyphScript::Devanagari, 128 + 15},
+                   {GlyphScript::Bengali, 128 + 16},
+                   {GlyphScript::Tamil, 128 + 20}};
+    for (const auto& [script, letters] : scripts) {
+        if (!faceName.ends_with(NameOf(script))) continue;
+        CFontMapInfo* const info = CUnicodeManager::GetObjectA()->GetFontMapInfo(faceName.c_str());
+        if (info == nullptr || info->GetSignature().CoversRange(letters)) return false;
+        info->BecomeGlyphFont(ScriptOf(script).customSignature);
+        return true;
+    }
+    return false;
 }

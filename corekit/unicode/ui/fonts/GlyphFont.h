@@ -35,3 +35,7 @@ COREKIT_API BuiltGlyphFont BuildGlyphFont(GlyphScript script, const ShapingFace&
 // Enters the face under "Font Mapping" in the registry as the one that holds the codes of the script. Throws
 // message::createKeyFailed or message::setValueFailed if the registry cannot be written.
 COREKIT_API void RegisterGlyphFont(GlyphScript script, const std::string& faceName);
+// The same for this process only, by the script that the face is named after, as "CoreKit Tamil" is. False if
+// the name ends in no script, the face has the script's own letters, or the machine has no such face. The
+// manager must be there.
+COREKIT_API bool UseAsGlyphFont(const std::string& faceName);
