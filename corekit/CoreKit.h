@@ -139,6 +139,7 @@
 #include "corekit/platform/Normalization.h"
 #include "corekit/platform/Overlapped.h"
 #include "corekit/platform/PictureFiles.h"
+#include "corekit/platform/PngFile.h"
 #include "corekit/platform/Profiles.h"
 #include "corekit/platform/ProgressBars.h"
 #include "corekit/platform/RawTerminal.h"
