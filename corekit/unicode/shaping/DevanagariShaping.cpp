@@ -123,7 +123,7 @@ Base BaseOf(const Cluster& cluster)
     const auto& c = cluster.consonants;
     const int last = cluster.count - 1;
     if (last == 0) return {0, Form::Full};
-    if (c[0].IsRa() && !cluster.dead) return {last, Form::Reph};
+    if (c[0].IsRa() && !(cluster.dead && c[last].IsRa())) return {last, Form::Reph};
     if (c[last].IsRa() && !(last == 2 && c[1].IsRa())) return {last - 1, Form::Rakar};
     return {last, Form::Full};
 }
