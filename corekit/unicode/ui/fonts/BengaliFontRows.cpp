@@ -12,15 +12,45 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE103, u"\u09A8\u09CD\u200D"),                         // na virama
     Beyond(0xE104, u"\u09B8\u09CD\u200D", u"\u09B8\u09CD\u09B0"), // ra below half sa
     Before(0xE105, u"\u09B2", u"\u09B2\u09C8"),                   // sign ai
+    Whole(0xE106, u"\u0999\u09CD\u0995"),                         // nga virama ka
+    Whole(0xE107, u"\u0999\u09CD\u0996"),                         // nga virama kha
+    Whole(0xE108, u"\u0999\u09CD\u0997"),                         // nga virama ga
     Before(0xE109, u"\u09B2", u"\u09B2\u09C7"),                   // sign e
+    Whole(0xE10B, u"\u0999\u09CD\u0998"),                         // nga virama gha
+    Whole(0xE10C, u"\u0999\u09CD\u09AE"),                         // nga virama ma
+    Whole(0xE10E, u"\u099A\u09CD\u099A"),                         // ca virama ca
+    Whole(0xE10F, u"\u099A\u09CD\u099B"),                         // ca virama cha
     Before(0xE110, u"\u09B2\u09B2", u"\u09B2\u09B2\u09C7"),       // sign e, within a word
+    Whole(0xE111, u"\u099A\u09CD\u099E"),                         // ca virama nya
     After(0xE112, u"\u09B2", u"\u09B2\u09C3"),                    // sign vocalic r
     Before(0xE113, u"\u09B2\u09B2", u"\u09B2\u09B2\u09C8"),       // sign ai, within a word
+    Whole(0xE114, u"\u099C\u09CD\u099C"),                         // ja virama ja
     Whole(0xE115, u"\u09A8\u09CD\u200D"),                         // na virama
+    Whole(0xE116, u"\u099C\u09CD\u099D"),                         // ja virama jha
     After(0xE117, u"\u09B2", u"\u09B2\u09C2"),                    // sign uu
+    Whole(0xE118, u"\u099E\u09CD\u099A"),                         // nya virama ca
     Whole(0xE119, u"\u0995\u09CD\u09B0"),                         // ka virama ra
+    Whole(0xE11A, u"\u099E\u09CD\u099B"),                         // nya virama cha
+    Whole(0xE11B, u"\u099E\u09CD\u099C"),                         // nya virama ja
+    Whole(0xE11C, u"\u099F\u09CD\u09AE"),                         // tta virama ma
+    Whole(0xE11D, u"\u09A1\u09CD\u09A1"),                         // dda virama dda
+    Whole(0xE11E, u"\u09A3\u09CD\u099F"),                         // nna virama tta
+    Whole(0xE11F, u"\u09A3\u09CD\u09A0"),                         // nna virama ttha
+    Whole(0xE121, u"\u09A3\u09CD\u09A1"),                         // nna virama dda
+    Whole(0xE122, u"\u09A3\u09CD\u09A2"),                         // nna virama ddha
+    Whole(0xE123, u"\u09A3\u09CD\u09A3"),                         // nna virama nna
     Whole(0xE124, u"\u09F3"),                                     // sign of the taka
+    Whole(0xE125, u"\u09A3\u09CD\u09AE"),                         // nna virama ma
     After(0xE126, u"\u09B2", u"\u09B2\u09CD"),                    // virama
+    Whole(0xE127, u"\u09A4\u09CD\u09A4"),                         // ta virama ta
+    Whole(0xE128, u"\u09A4\u09CD\u09A5"),                         // ta virama tha
+    Whole(0xE129, u"\u09A4\u09CD\u09AE"),                         // ta virama ma
+    Whole(0xE12A, u"\u09A6\u09CD\u0997"),                         // da virama ga
+    Whole(0xE12B, u"\u09A6\u09CD\u0998"),                         // da virama gha
+    Whole(0xE12C, u"\u09A6\u09CD\u09A6"),                         // da virama da
+    Whole(0xE12D, u"\u09A6\u09CD\u09A7"),                         // da virama dha
+    Whole(0xE12E, u"\u09A6\u09CD\u09AD"),                         // da virama bha
+    Whole(0xE12F, u"\u09A6\u09CD\u09AE"),                         // da virama ma
     Whole(0xE130, u"\u09E6"),                                     // zero
     Whole(0xE131, u"\u09E7"),                                     // one
     Whole(0xE132, u"\u09E8"),                                     // two
@@ -31,6 +61,13 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE137, u"\u09ED"),                                     // seven
     Whole(0xE138, u"\u09EE"),                                     // eight
     Whole(0xE139, u"\u09EF"),                                     // nine
+    Whole(0xE13A, u"\u09A7\u09CD\u09AE"),                         // dha virama ma
+    Whole(0xE13B, u"\u09AA\u09CD\u099F"),                         // pa virama tta
+    Whole(0xE13C, u"\u09AA\u09CD\u09A4"),                         // pa virama ta
+    Whole(0xE13D, u"\u09AA\u09CD\u09AA"),                         // pa virama pa
+    Whole(0xE13E, u"\u09AA\u09CD\u09B8"),                         // pa virama sa
+    Whole(0xE13F, u"\u09AB\u09CD\u099F"),                         // pha virama tta
+    Whole(0xE140, u"\u09AB\u09CD\u09A4"),                         // pha virama ta
     Whole(0xE141, u"\u0985"),                                     // a
     Whole(0xE142, u"\u0987"),                                     // i
     Whole(0xE143, u"\u0988"),                                     // ii
@@ -57,7 +94,9 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE158, u"\u09A2"),                                     // ddha
     Whole(0xE159, u"\u09A3"),                                     // nna
     Whole(0xE15A, u"\u09A4"),                                     // ta
+    Whole(0xE15B, u"\u09AC\u09CD\u099C"),                         // ba virama ja
     Whole(0xE15C, u"\u09F1"),                                     // ra with lower diagonal
+    Whole(0xE15D, u"\u09AC\u09CD\u09A6"),                         // ba virama da
     Beyond(0xE15E, u"\u09A8\u09CD\u200D", u"\u09A8\u09CD\u09AC"), // ba below half na
     Whole(0xE15F, u"\u09A5"),                                     // tha
     Whole(0xE160, u"\u09A6"),                                     // da
@@ -86,15 +125,33 @@ constexpr GlyphFontRow rows[] = {
     Before(0xE177, u"\u09B2", u"\u09B2\u09BF"),                   // sign i
     After(0xE178, u"\u09B2", u"\u09B2\u09C0"),                    // sign ii
     After(0xE179, u"\u09B2", u"\u09B2\u09C1"),                    // sign u
+    Whole(0xE17A, u"\u09AC\u09CD\u09A7"),                         // ba virama dha
+    Whole(0xE17B, u"\u09AC\u09CD\u09AD"),                         // ba virama bha
     Whole(0xE17C, u"\u0964"),                                     // danda
+    Whole(0xE17D, u"\u09B2\u09CD\u0995"),                         // la virama ka
+    Whole(0xE17E, u"\u09B2\u09CD\u0997"),                         // la virama ga
+    Whole(0xE17F, u"\u09B2\u09CD\u099F"),                         // la virama tta
     After(0xE180, u"\u09B2", u"\u09B2\u09C1"),                    // sign u
     After(0xE181, u"\u09B2", u"\u09B2\u09C2"),                    // sign uu
+    Whole(0xE182, u"\u09B2\u09CD\u09A1"),                         // la virama dda
+    Whole(0xE183, u"\u09B2\u09CD\u09A4"),                         // la virama ta
     Whole(0xE184, u"\u0995\u09CD\u09B2"),                         // ka virama la
     Blank(0xE185),                                                // filler
+    Whole(0xE186, u"\u09B2\u09CD\u09A6"),                         // la virama da
+    Whole(0xE187, u"\u09B2\u09CD\u09AA"),                         // la virama pa
+    Whole(0xE188, u"\u09B2\u09CD\u09AB"),                         // la virama pha
+    Whole(0xE189, u"\u09B2\u09CD\u09AD"),                         // la virama bha
+    Whole(0xE18A, u"\u09B2\u09CD\u09AE"),                         // la virama ma
+    Whole(0xE18B, u"\u09B2\u09CD\u09B8"),                         // la virama sa
     Whole(0xE18C, u"\u0997\u09CD\u200D"),                         // ga virama
     Whole(0xE18D, u"\u0995\u09CD\u200D"),                         // ka virama
+    Whole(0xE18E, u"\u09B2\u09CD\u09B9"),                         // la virama ha
+    Whole(0xE18F, u"\u09B6\u09CD\u099A"),                         // sha virama ca
     Whole(0xE190, u"\u09A4\u09CD\u09B0"),                         // ta virama ra below half sa
+    Whole(0xE191, u"\u09B6\u09CD\u099B"),                         // sha virama cha
+    Whole(0xE192, u"\u09B6\u09CD\u09AE"),                         // sha virama ma
     After(0xE193, u"\u09B2", u"\u09B2\u09CD\u09AF"),              // virama ya
+    Whole(0xE194, u"\u09B9\u09CD\u09A3"),                         // ha virama nna
     Whole(0xE196, u"\u09A8\u09CD\u09A8"),                         // na virama na
     Blank(0xE19A),                                                // filler
     Small(0xE19D, u"\u09A8"),                                     // virama na, below
