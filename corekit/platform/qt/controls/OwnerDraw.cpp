@@ -91,6 +91,7 @@ void drawByCopy(const Window& control, QPainter& painter, const QRect& item, DRA
 
 void sendDrawItem(const Window& control, QPainter& painter, const QRect& item, DRAWITEMSTRUCT parts)
 {
+    if (!control.isAlive()) return;
     parts.CtlID = idOf(control);
     parts.hwndItem = control.handle();
     if (QImage* const image = pictureUnder(painter))

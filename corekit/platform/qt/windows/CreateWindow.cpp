@@ -11,6 +11,8 @@
 #include "corekit/platform/qt/windows/WindowTables.h"
 #include "corekit/platform/Toolkit.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 namespace corekit::detail {
@@ -213,6 +215,9 @@ private:
         windowTables().remove(handle);
         closeWindow(handle);
         if (window->m_widget) {
+            // A control may be in the middle of drawing itself: it stays for as long as its widget.
+            if (window->paintsItself())
+                QObject::connect(window->m_widget, &QObject::destroyed, qApp, [window] {});
             window->m_widget->deleteLater();
         }
     }

@@ -77,14 +77,14 @@ LRESULT Window::send(UINT message, WPARAM wParam, LPARAM lParam) const
 
 LRESULT Window::notifyParent(UINT code)
 {
-    if (!m_parent) return 0;
+    if (!m_parent || !m_alive) return 0;
     return SendMessageA(m_parent, WM_COMMAND, MAKELONG(static_cast<WORD>(m_id), static_cast<WORD>(code)),
                         reinterpret_cast<LPARAM>(m_handle));
 }
 
 LRESULT Window::notifyParent(NMHDR& header, UINT code)
 {
-    if (!m_parent) return 0;
+    if (!m_parent || !m_alive) return 0;
     header = {m_handle, m_id, code};
     return SendMessageA(m_parent, WM_NOTIFY, m_id, reinterpret_cast<LPARAM>(&header));
 }
