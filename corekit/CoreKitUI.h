@@ -114,3 +114,4 @@
 #include "corekit/unicode/ui/UsbRanges.h"
 #include "corekit/unicode/ui/UsualFonts.h"
 #include "corekit/unicode/ui/XPCConfigNode.h"
+#include "corekit/windows/ui/TabbedOverlayWnd.h"

@@ -8,6 +8,7 @@
 #include "corekit/resources/cursors/NoDrop.h"
 #include "corekit/resources/cursors/Split.h"
 #include "corekit/resources/EditKeys.h"
+#include "corekit/resources/TabKeys.h"
 
 namespace corekit::detail {
 
@@ -23,10 +24,13 @@ BinaryResource cursor(const char* name, std::string_view xpm)
 std::span<const BinaryResource> BinaryResources()
 {
     static const BinaryResource resources[] = {
-        {"#9", "#4002", editKeyTable},  cursor("#1042", splitCursor),
-        cursor("#4006", noDropCursor),  cursor("#4011", dropRefusedCursor),
-        cursor("#4012", movingCursor),  cursor("#4013", movingBetweenCursor),
-        cursor("#4014", copyingCursor), cursor("#4015", copyingBetweenCursor),
+        {"#9", "#4001", tabKeyTable},          {"#9", "#4002", editKeyTable},
+        cursor("#1042", splitCursor),          cursor("#4006", noDropCursor),
+        cursor("#4011", dropRefusedCursor),    cursor("#4012", movingCursor),
+        cursor("#4013", movingBetweenCursor),  cursor("#4014", copyingCursor),
+        cursor("#4015", copyingBetweenCursor), cursor("#4007", movingBetweenCursor),
+        cursor("#4008", movingCursor),         cursor("#4009", copyingCursor),
+        cursor("#4010", copyingBetweenCursor),
     };
     return resources;
 }
