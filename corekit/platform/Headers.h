@@ -79,4 +79,5 @@ inline constexpr UINT HDN_ITEMCHANGED = 0u - 301;
 inline constexpr UINT HDN_ITEMCLICK = 0u - 302;
 inline constexpr UINT HDN_ITEMDBLCLICK = 0u - 303;
 inline constexpr UINT HDN_DIVIDERDBLCLICK = 0u - 305;
-inline constexpr UINT HDN_ENDDRAG = 0u - 311; // a column has a new place
+inline constexpr UINT HDN_ENDTRACK = 0u - 307; // the user has given a column another width
+inline constexpr UINT HDN_ENDDRAG = 0u - 311;  // a column has a new place

@@ -174,6 +174,7 @@ private:
 
     Mouse m_mouse = Mouse::idle;
     corekit::detail::TabStep m_scrolling = corekit::detail::TabStep::left; // the button hit last
+    CPoint m_mousePoint;                                                   // where the mouse was last
     CRect m_dragStart;                                                     // leaving it starts the drag
     HWND m_draggedPane = nullptr, m_dropTarget = nullptr;
     DWORD m_dragEffect = 0;

@@ -30,8 +30,10 @@ public:
         QObject::connect(view, &QHeaderView::sectionClicked, life(), tellOf(HDN_ITEMCLICK));
         QObject::connect(view, &QHeaderView::sectionDoubleClicked, life(), tellOf(HDN_ITEMDBLCLICK));
         QObject::connect(view, &QHeaderView::sectionHandleDoubleClicked, life(), tellOf(HDN_DIVIDERDBLCLICK));
-        QObject::connect(view, &QHeaderView::sectionResized, life(),
-                         [this](int column) { tellColumn(HDN_ITEMCHANGED, column); });
+        QObject::connect(view, &QHeaderView::sectionResized, life(), [this](int column) {
+            if (m_program == 0) m_tracked = column;
+            tellColumn(HDN_ITEMCHANGED, column);
+        });
         QObject::connect(view, &QHeaderView::sectionMoved, life(),
                          [this](int column) { tellColumn(HDN_ENDDRAG, column); });
         m_model.headerIcon = [this](int column) -> QVariant {
@@ -44,6 +46,9 @@ public:
         if (face()) m_model.headerIcon = nullptr;
     }
     LRESULT defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+protected:
+    LRESULT input(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
     QHeaderView* face() const { return as<QHeaderView>(); }
@@ -69,6 +74,7 @@ private:
     ListModel& m_model;
     HIMAGELIST m_images = nullptr;
     int m_program = 0;
+    int m_tracked = -1; // the column whose divider the user moves
 };
 
 LRESULT Header::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
@@ -100,6 +106,17 @@ LRESULT Header::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
     default:
         return places(message, wParam, lParam);
     }
+}
+
+LRESULT Header::input(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const auto self = share(handle());
+    if (message == WM_LBUTTONDOWN) m_tracked = -1;
+    const LRESULT answer = Control::input(message, wParam, lParam);
+    if (message != WM_LBUTTONUP || !isAlive() || !face()) return answer;
+    if (const int column = std::exchange(m_tracked, -1); m_model.hasColumn(column))
+        tellColumn(HDN_ENDTRACK, column);
+    return answer;
 }
 
 LRESULT Header::places(UINT message, WPARAM wParam, LPARAM lParam)

@@ -1,0 +1,83 @@
+// The commands of a program: what each is called, the picture of its button, the keys that reach it.
+//
+//     CCommandList& list = GetCommandList();
+//     list.RegisterCommand(idStart, smallPictures, largePictures, 0, "Prompter!Play", "Start");
+//     list.RegisterAcceleratorTable("Main window", mainKeys, fixedKeys);
+//     list.LoadAcceleratorTables(&settings);
+//     HACCEL* const keys = list.GetAcceleratorTable(mainKeys);
+//
+// A host registers first, then loads the user's keys, then asks for tables: a table is built when it is first
+// asked for, and keys that come later do not change it. What is registered twice stays as it was first. The
+// user's keys are kept as differences from the default tables. User-interface thread only.
+#pragma once
+
+#include "corekit/commands/CmdItem.h"
+#include "corekit/commands/KeyTables.h"
+#include "corekit/framework/Array.h"
+#include "corekit/framework/Object.h"
+#include "corekit/platform/Accelerators.h"
+
+#include <deque>
+#include <vector>
+
+class CPropertyStore;
+using CUIntArray = CArray<UINT, UINT>;
+
+class COREKIT_API CCommandList : public CObject {
+    DECLARE_DYNAMIC(CCommandList)
+public:
+    using AccelArray = CArray<tagACCEL, tagACCEL&>;
+    using CustomTableArray = corekit::detail::CustomAcceleratorTables;
+
+    CCommandList() = default;
+    ~CCommandList() override; // destroys the tables that were built
+
+    // ---- Commands
+    void RegisterCommand(UINT command, UINT smallBitmap, UINT largeBitmap, UINT imageIndex,
+                         const char* category, const char* name);
+    // 1 and a copy of the item, or 0.
+    int GetItemByCommand(UINT command, CCmdItem& item) const;
+
+    // ---- Keys. Tables are resources: one with the default keys, one with keys that nobody can change.
+    void RegisterAcceleratorTable(const char* name, UINT tableId, UINT fixedTableId);
+    // Where the table's handle stands, for good; null for a table that is not registered. The handle is null
+    // where there are no keys.
+    HACCEL* GetAcceleratorTable(UINT tableId);
+    // Replaces the array with the default keys; with nothing where there are none.
+    static void GetDefaultAccelTable(int tableId, AccelArray& entries);
+    void GetCustomAccelTableArray(CustomTableArray& tables) const;
+    void SetCustomAccelTableArray(const CustomTableArray& tables);
+    // 0 for a null store, else 1. Loading adds to what is there, so it is meant to run once.
+    int LoadAcceleratorTables(CPropertyStore* store);
+    int SaveAcceleratorTables(CPropertyStore* store) const;
+
+    // ---- Toolbars that a user gets at first
+    void RegisterDefaultToolbar(UINT id, const char* name, const CUIntArray& buttons);
+    int GetDefaultToolbarCount() const { return static_cast<int>(m_defaultToolbars.size()); }
+    // 0, and nothing changes, for an index that does not exist.
+    int GetDefaultToolbarByIndex(int index, UINT& id, CString& name, CUIntArray& buttons) const;
+
+private:
+    struct KeyTable {
+        CString name; // of the place where the keys count
+        UINT id, fixedId;
+        HACCEL handle; // null until asked for
+    };
+    struct DefaultToolbar {
+        UINT id;
+        CString name;
+        std::vector<UINT> buttons;
+    };
+
+    int GetCommandIndex(UINT command) const;
+    int FindCustomAccelTable(UINT tableId) const;
+    HACCEL Build(const KeyTable& table) const;
+
+    std::vector<CCmdItem> m_commands;
+    std::deque<KeyTable> m_tables; // their places are known outside
+    CustomTableArray m_customTables;
+    std::vector<DefaultToolbar> m_defaultToolbars;
+};
+
+// The program's own.
+COREKIT_API CCommandList& GetCommandList();

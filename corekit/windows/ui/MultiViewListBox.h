@@ -1,0 +1,128 @@
+// A list of items in one of three views: a grid of pictures with captions, a table under a header, or names
+// in columns.
+//
+// Items are known by number. Their texts and pictures are asked of the derived class when they are first
+// shown, and kept until ItemModified. Texts may be in any script. Items can be dragged out with either mouse
+// button; a drag begins on an item that is selected.
+//
+// Create first. Indexes count from 0 in the order of the list. User-interface thread only.
+#pragma once
+
+#include "corekit/foundation/StringW.h"
+#include "corekit/framework/Array.h"
+#include "corekit/framework/ui/Wnd.h"
+#include "corekit/windows/ui/MVLBHeader.h"
+#include "corekit/windows/ui/MVLBList.h"
+
+#include <vector>
+
+enum eMVLBMode { eMVLBMode_Grid, eMVLBMode_Details, eMVLBMode_List };
+enum eMVLBAlign { eMVLBAlign_Left, eMVLBAlign_Centre, eMVLBAlign_Right };
+
+inline constexpr DWORD MVLBS_SORT = 1;        // window styles: kept in order of a column
+inline constexpr DWORD MVLBS_MULTISELECT = 2; // several items may be selected
+
+class COREKIT_API CMultiViewListBox : public CWnd {
+    DECLARE_DYNAMIC(CMultiViewListBox)
+public:
+    CMultiViewListBox();
+    ~CMultiViewListBox() override;
+
+    // Throws CChainedException if the font of controls cannot be had.
+    BOOL Create(CWnd* parent, UINT id, DWORD style, const RECT& rect, eMVLBMode mode);
+
+    // ---- The view
+    eMVLBMode GetViewMode() const { return m_mode; }
+    // Items and selection stay; texts and pictures are forgotten on the way to and from details.
+    void SetViewMode(eMVLBMode mode);
+    void SetGridSize(SIZE picture, SIZE cell);
+    void SetListModeWidth(int width);
+    void SetDetailsModeHorizontalExtent(int width);
+
+    // ---- Columns of the details. The data column, from 0 to 31, is the number given to GetItemText.
+    void AppendColumn(eMVLBAlign align, int dataColumn, int width, const char* title);
+    // Ignored for a column that does not exist. OnColumnWidthChange is called twice.
+    void SetColumnWidth(int column, int width);
+    int GetColumnWidth(int column) const; // 0 for one that does not exist
+    int GetTotalColumnWidth() const;
+    // A new column sorts upwards, the same one the other way round. The number is that of the data.
+    void SetSortColumn(int column);
+
+    // ---- Items
+    void AppendItem(int id) { m_list.Append(id); }
+    // Its texts and picture are asked for anew.
+    void ItemModified(int id);
+    void DeleteItem(int id);
+    int ItemExists(int id) const { return FindItem(id) >= 0; }
+    void ResetContent();
+    int GetItemNumber(int index) const; // the id; -1 past the end
+    int GetItemRect(int index, RECT* rect) const { return m_list.GetItemRect(index, rect); }
+    int GetCount() const { return m_list.GetCount(); }
+    void GetItemIDList(CArray<int, int>& ids) const; // appends, in order of the list
+
+    // ---- Selection
+    int GetSelCount() const;
+    // -1 unless exactly one is selected.
+    int GetSelItemID() const;
+    int GetSelItemIDList(CArray<int, int>& ids) const; // appends; the number of ids
+    void SetNewSelect(int index);
+
+    void EnableDragging(int enable) { m_isDraggingEnabled = enable != 0; }
+    int DraggingEnabled() const { return m_isDraggingEnabled; }
+
+protected:
+    virtual void GetItemText(StringW& out, int id, int column) = 0;
+    virtual int GetItemPicture(int id, CDib& out) = 0; // 0: it has none
+    virtual void OnSelectionChange() = 0;
+    virtual void OnItemDoubleClick(int id) = 0;
+    virtual void OnListSetFocus() = 0;
+    virtual void OnColumnWidthChange(int column, int width) = 0;
+    // What a drop at the point of the screen would do: 1 copy, 2 move, else nothing; bits 16 to 23 are free.
+    virtual DWORD GetDragEffect(int x, int y) = 0;
+    virtual int CanDrag(CArray<int, int>& ids) = 0;
+    virtual void OnDragCancel() = 0;
+    virtual void OnDrop(int x, int y, CArray<int, int>& ids, int rightButton) = 0;
+    // Creates the list and adds the image, then those for copying and moving.
+    virtual void MakeDragImage(CImageList* images) = 0;
+
+    int OnCreate(CREATESTRUCTA* create);
+    void OnSize(UINT how, int width, int height);
+    void OnSetFocus(CWnd* before);
+    void OnMeasureItem(int id, MEASUREITEMSTRUCT* measure);
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+    DECLARE_MESSAGE_MAP()
+
+private:
+    friend class CMVLBHeader;
+    friend class CMVLBList;
+
+    struct Column {
+        eMVLBAlign align;
+        int dataColumn; // also the slot of its text in a record
+        int width;
+    };
+    struct ItemState {
+        int id;
+        bool isSelected;
+    };
+
+    BOOL MakeList();
+    void ApplyMode(int headerHeight);
+    void PlaceChildren(int headerHeight);
+    int RowHeight();
+    int FindItem(int id) const; // the last of that number, -1 for none
+    void RepaintDetails();
+    std::vector<ItemState> TakeStates() const;
+    void PutBack(const std::vector<ItemState>& states);
+
+    CMVLBHeader m_header{*this};
+    CMVLBList m_list{*this};
+    eMVLBMode m_mode = eMVLBMode_Details;
+    bool m_isMultiSelect = false, m_isSorted = false, m_isDraggingEnabled = false;
+    int m_sortColumn = -1;
+    bool m_isAscending = true;
+    CSize m_cellSize{100, 100}, m_pictureSize{80, 80}; // of the grid
+    int m_listColumnWidth = 100;
+    int m_detailsExtent = 0;
+    CArray<Column, const Column&> m_columns;
+};
