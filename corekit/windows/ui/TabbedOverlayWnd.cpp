@@ -105,6 +105,7 @@ bool CTabbedOverlayWnd::MakeFonts()
 void CTabbedOverlayWnd::OnDestroy()
 {
     m_isDestroying = true;
+    EnableDragFocusSelect(0);
     CWnd::OnDestroy();
     m_panes.clear();
     m_active = -1;
