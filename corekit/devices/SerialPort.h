@@ -20,7 +20,6 @@
 #include "corekit/platform/SerialPorts.h"
 
 class CProgressSink;
-class CWnd;
 
 class COREKIT_API CSerialPort : public CObject {
     DECLARE_DYNAMIC(CSerialPort)
@@ -60,8 +59,6 @@ public:
 
     // The numbers of the machine's ports, in the order in which they became known.
     static void GetPortList(CArray<int, int>& ports);
-    // Shows where ports are set up; the dialog's result. Needs the window library.
-    static int ModifyHandConfiguredPorts(CWnd* parent);
 
 private:
     static void GetHandConfiguredPorts(CArray<int, int>& ports);

@@ -5,8 +5,8 @@
 //         return GetLastErrorString();
 //
 // A service is known by its name; nothing of it is kept open between two calls. Operations give nonzero for
-// success, else 0 with the reason as the thread's last error (platform/ServiceManager.h has the numbers); for
-// those who report them there are the texts 4190 to 4194. One thread at a time.
+// success, else 0 with the reason as the thread's last error (platform/ServiceManager.h has the numbers). One
+// thread at a time.
 #pragma once
 
 #include "corekit/framework/Array.h"

@@ -3,8 +3,8 @@
 
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
+#include "corekit/platform/Variant.h" // S_OK
 
-inline constexpr HRESULT S_OK = 0;
 inline constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002);
 inline constexpr HRESULT REGDB_E_CLASSNOTREG = static_cast<HRESULT>(0x80040154);
 

@@ -1,4 +1,3 @@
-#include "model/HandController.h"
 #include "model/ReadRate.h"
 #include "model/Remote.h"
 #include "model/Scroller.h"
@@ -112,24 +111,6 @@ TEST(Remote, EachLineIsOneCommandOrAClearError)
         {"\x1b[2J", "error: no command '?[2j'; there are start, stop, speed, story, line, blank, state"},
     };
     for (const auto& c : cases) EXPECT_EQ(Described(ParseRemoteLine(c.line)), c.command) << c.line;
-}
-
-TEST(HandController, EventsComeBackAndStrayBytesAreDropped)
-{
-    const ControllerEvent events[] = {{ControllerKind::speed, 150},
-                                      {ControllerKind::speed, -2048},
-                                      {ControllerKind::lines, -1},
-                                      {ControllerKind::stories, 2047},
-                                      {ControllerKind::button, 3}};
-    for (const ControllerEvent& event : events) {
-        std::vector<std::uint8_t> bytes = {0x05, 0x85}; // the end of one event, the beginning of another
-        for (const std::uint8_t byte : ControllerBytes(event)) bytes.push_back(byte);
-        ControllerReader reader;
-        std::vector<ControllerEvent> read;
-        for (const std::uint8_t byte : bytes)
-            for (const ControllerEvent& one : reader.Take({&byte, 1})) read.push_back(one);
-        EXPECT_EQ(read, std::vector<ControllerEvent>{event});
-    }
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <gsf/gsf-infile-msole.h>
+#include <gsf/gsf-input.h>
 #include <gsf/gsf-outfile-msole.h>
 #include <gsf/gsf-output-stdio.h>
 #include <gsf/gsf-utils.h>

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <gsf/gsf-input-impl.h>
+#include <gsf/gsf-input.h>
 #include <memory>
 #include <new>
 #include <sys/stat.h>

@@ -2,12 +2,13 @@
 // that the library makes of it.
 #pragma once
 
-#include <gsf/gsf-input.h>
 #include <string>
+
+struct _GsfInput; // of the library
 
 namespace corekit::detail {
 
 // Null if the file cannot be opened.
-GsfInput* OpenInput(const std::string& path);
+_GsfInput* OpenInput(const std::string& path);
 
 } // namespace corekit::detail

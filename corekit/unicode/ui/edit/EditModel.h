@@ -121,13 +121,14 @@ public:
     void SelectionIn(int line, int& from, int& to);
     // Fills in what is painted of a line.
     void GetRow(int line, EditRow& row);
+    // The cursor as an index into the string.
+    int CursorIndex() { return m_cursor - GetCurrentCursorLine(); }
 
 private:
     struct Place {
         int line, offset;
     };
     Place PlaceOfCursor();
-    int CursorIndex() { return m_cursor - GetCurrentCursorLine(); }
     void Insert(int index, const WCHAR* text, int count);
     void Remove(int index, int count);
     void Replace(StringW text);

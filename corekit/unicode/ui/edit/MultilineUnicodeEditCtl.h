@@ -66,6 +66,7 @@ public:
 
     // What the window knows of its text, for hosts that show where the cursor is.
     const corekit::detail::EditModel& GetModel() const { return m_model; }
+    int GetCursorIndex() { return m_model.CursorIndex(); } // into the string
 
     static CString m_strClassName; // of the window class
 

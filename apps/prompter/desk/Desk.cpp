@@ -1,0 +1,325 @@
+#include "desk/Desk.h"
+
+#include "desk/DeskCommands.h"
+
+#include "corekit/framework/MessageBox.h"
+#include "corekit/framework/WinApp.h"
+#include "corekit/platform/Gdi.h"
+#include "corekit/platform/SystemColours.h"
+#include "corekit/unicode/storage/StoredText.h"
+#include "corekit/unicode/ui/UnicodeManager.h"
+#include "corekit/unicode/ui/UsualFonts.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace prompter {
+
+IMPLEMENT_DYNAMIC(Desk, CWnd)
+
+BEGIN_MESSAGE_MAP(Desk, CWnd)
+ON_WM_CREATE()
+ON_WM_SIZE()
+ON_WM_TIMER()
+ON_WM_CLOSE()
+ON_WM_DESTROY()
+ON_WM_ERASEBKGND()
+ON_WM_SETFOCUS()
+END_MESSAGE_MAP()
+
+namespace {
+
+constexpr UINT listId = 100, editId = 101, previewId = 102;
+constexpr UINT_PTR frameTimer = 1, keepTimer = 2, newsTimer = 3;
+constexpr UINT frameMilliseconds = 16, keepMilliseconds = 3000, newsMilliseconds = 1000;
+constexpr int editorSize = 22, listWidth = 300, gap = 4;
+constexpr LANGID seenFromLetters = 0;
+
+StringW StoredOf(const std::u16string& plain)
+{
+    return ToStoredText(plain.data(), static_cast<int>(plain.size()));
+}
+
+std::u16string PlainOf(const StringW& stored)
+{
+    const StringW plain = ToPlainText(stored, stored.GetLength(), seenFromLetters);
+    return {static_cast<const WCHAR*>(plain), static_cast<std::size_t>(plain.GetLength())};
+}
+
+// Lines that nobody edited are taken as they were read: what is stored of them is the same.
+std::u16string PlainLinesOf(const StringW& stored, const std::u16string& before)
+{
+    std::u16string result;
+    const std::u16string_view now(stored, static_cast<std::size_t>(stored.GetLength()));
+    std::size_t old = 0; // where the line that may correspond begins in the text before
+    for (std::size_t at = 0; at <= now.size();) {
+        const std::size_t end = std::min(now.find(u'\n', at), now.size());
+        const std::size_t oldEnd = std::min(before.find(u'\n', std::min(old, before.size())), before.size());
+        const std::u16string oldLine =
+            before.substr(std::min(old, before.size()), oldEnd - std::min(old, before.size()));
+        const StringW line(now.data() + at, static_cast<int>(end - at));
+        result += StoredOf(oldLine) == line ? oldLine : PlainOf(line);
+        old = oldEnd + 1;
+        if (end < now.size()) result += u'\n';
+        at = end + 1;
+    }
+    return result;
+}
+
+} // namespace
+
+Desk::Desk(const DeskOptions& options)
+    : m_options(options), m_settings(LoadSettings(options.settingsPath)),
+      m_file(options.recoveryFolder, options.codePage), m_session(m_file.TheScript()),
+      m_list(m_file.TheScript(), m_settings.session.rate), m_preview(m_session, {})
+{
+}
+
+Desk::~Desk()
+{
+    m_remote.reset(); // its requests come here
+    m_outputs.clear();
+    if (m_keys) DestroyAcceleratorTable(m_keys);
+}
+
+void Desk::Open()
+{
+    CUnicodeManager::Initialise(1);
+    CUnicodeManager::GetObjectA()->EnableKeyboardSwitching(TRUE);
+    m_file.Open(m_options.script);
+    const std::int64_t now = PromptWnd::Now();
+    m_session.SetSettings(m_settings.session, now);
+    m_session.SetSpeed(m_settings.speed, now);
+    if (!CreateEx(0, AfxRegisterWndClass(0), "Prompter", WS_OVERLAPPEDWINDOW, m_settings.desk, nullptr, 0))
+        throw std::runtime_error("no window can be opened");
+    MakeMenu();
+    MakeAccelerators();
+    m_list.Refresh();
+    ChooseStory(0);
+    ShowTitle();
+    ShowWindow(SW_SHOW);
+    OfferLeft();
+    const std::string& news = m_options.newsFolder.empty() ? m_settings.newsFolder : m_options.newsFolder;
+    if (!news.empty()) {
+        m_news.emplace(news);
+        SetTimer(newsTimer, newsMilliseconds);
+    }
+    OpenRemote();
+    SetTimer(frameTimer, frameMilliseconds);
+    SetTimer(keepTimer, keepMilliseconds);
+}
+
+int Desk::OnCreate(CREATESTRUCTA*)
+{
+    m_list.onChoose = [this](int index) { ChooseStory(index); };
+    m_list.onMove = [this](int from, int to) {
+        TakeEdits();
+        m_file.TheScript().Move(from, to);
+        ScriptChanged();
+        ChooseStory(to);
+    };
+    m_preview.onLeave = [this] { LeavePrompt(); };
+    const CRect nowhere(0, 0, 10, 10);
+    const bool made = m_list.CreatePane(this, listId) && m_edit.Create(this, editId, nowhere) &&
+                      m_preview.CreatePane(this, previewId, nowhere);
+    if (!made) return -1;
+    m_edit.SetFontData(UsualFonts(editorSize).GetCombinedString(), 0, 0);
+    m_edit.SetInitialHighlightOff();
+    return 0;
+}
+
+void Desk::OnSize(UINT, int width, int height) { LayOutPanes(width, height); }
+
+// The list on the left, the editor above, the copy of the frame below it in the frame's proportions.
+void Desk::LayOutPanes(int width, int height)
+{
+    if (!m_preview.m_hWnd) return;
+    const int left = std::min(listWidth, width / 3), right = std::max(width - left - gap, 1);
+    const SIZE frame = m_settings.session.frame;
+    const int preview =
+        std::clamp(static_cast<int>(static_cast<LONGLONG>(right) * frame.cy / frame.cx), 1, height * 3 / 5);
+    const int previewWidth = static_cast<int>(static_cast<LONGLONG>(preview) * frame.cx / frame.cy);
+    m_list.MoveWindow(0, 0, left, height);
+    m_edit.MoveWindow(left + gap, 0, right, std::max(height - preview - gap, 1));
+    m_preview.MoveWindow(left + gap + std::max((right - previewWidth) / 2, 0), height - preview,
+                         std::min(previewWidth, right), preview);
+}
+
+BOOL Desk::OnEraseBkgnd(CDC* dc)
+{
+    CRect client;
+    GetClientRect(&client);
+    FillRect(*dc, &client, GetSysColorBrush(COLOR_BTNFACE));
+    return TRUE;
+}
+
+void Desk::OnSetFocus(CWnd*) { m_edit.SetFocus(); }
+
+void Desk::ShowTitle()
+{
+    const std::string name = m_file.Path().empty() ? "New script" : m_file.Path();
+    SetWindowText((std::string(m_file.IsModified() ? "* " : "") + name + " - Prompter").c_str());
+}
+
+void Desk::OfferLeft()
+{
+    const auto left = m_file.Left();
+    if (!left) return;
+    if (StockMessageBox(this,
+                        "This script was not saved when the prompter ended last. Take the unsaved text?",
+                        MB_YESNO | MB_ICONQUESTION) != IDYES)
+        return;
+    m_file.TakeLeft(*left);
+    ScriptChanged();
+    ChooseStory(0);
+}
+
+void Desk::OpenRemote()
+{
+    if (!m_options.remote) return;
+    m_remote.emplace([this](std::string_view line) {
+        const std::string answer = m_session.Do(ParseRemoteLine(line), PromptWnd::Now());
+        Tick();
+        return answer;
+    });
+    m_remotePort = m_remote->Listen(*m_options.remote);
+}
+
+void Desk::LookForNews()
+{
+    bool changed = false;
+    TakeEdits();
+    for (const NewsFolder::News& one : m_news->Look()) {
+        const std::u16string text = DecodeScript(one.bytes, m_options.codePage).text;
+        changed |= m_file.TheScript().TakeNews(one.name, text, m_editedStory) != Script::News::unchanged;
+    }
+    if (!changed) return;
+    ScriptChanged();
+    ChooseStory(std::max(m_file.TheScript().IndexOf(m_editedStory), 0));
+}
+
+void Desk::TakeEdits()
+{
+    const StringW text = m_edit.GetString();
+    const int index = m_file.TheScript().IndexOf(m_editedStory);
+    if (index < 0 || text == m_shownText) return;
+    m_shownText = text;
+    m_file.TheScript().SetStoryText(index, PlainLinesOf(text, m_file.TheScript().At(index).text));
+    ScriptChanged();
+}
+
+void Desk::ChooseStory(int index)
+{
+    TakeEdits();
+    Script& script = m_file.TheScript();
+    index = std::clamp(index, 0, script.Count() - 1);
+    const Story& story = script.At(index);
+    const StringW stored = StoredOf(story.text);
+    if (story.key != m_editedStory || stored != m_shownText) {
+        m_editedStory = story.key;
+        m_edit.SetString(stored);
+        m_shownText = m_edit.GetString();
+    }
+    m_list.Choose(index);
+}
+
+void Desk::ScriptChanged()
+{
+    m_session.ScriptChanged(PromptWnd::Now());
+    m_list.Refresh();
+    ShowTitle();
+}
+
+void Desk::Tick()
+{
+    TakeEdits();
+    if (!m_session.Tick(PromptWnd::Now())) return;
+    m_preview.ShowFrame();
+    for (const auto& output : m_outputs) output->ShowFrame();
+}
+
+void Desk::OnTimer(UINT_PTR id)
+{
+    if (id == frameTimer)
+        Tick();
+    else if (id == keepTimer)
+        m_file.KeepUnsaved();
+    else if (id == newsTimer)
+        LookForNews();
+    else
+        Default();
+}
+
+void Desk::StartPrompt(bool fromCursor)
+{
+    TakeEdits();
+    const std::int64_t now = PromptWnd::Now();
+    if (fromCursor)
+        m_session.GoToOffset(m_editedStory, static_cast<std::size_t>(std::max(m_edit.GetCursorIndex(), 0)),
+                             now);
+    if (m_outputs.empty()) {
+        const CRect screen(0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
+        auto output = std::make_unique<PromptWnd>(
+            m_session, m_settings.outputs.empty() ? FrameForm{} : m_settings.outputs.front().form);
+        output->onLeave = [this] { LeavePrompt(); };
+        if (!output->CreateOutput(nullptr, screen)) return;
+        m_outputs.push_back(std::move(output));
+    }
+    m_outputs.front()->SetFocus();
+}
+
+void Desk::LeavePrompt()
+{
+    m_session.Stop(PromptWnd::Now());
+    // The window whose key this is must outlive the key.
+    for (const auto& output : m_outputs) output->DestroyWindow();
+    SetActiveWindow();
+    m_edit.SetFocus();
+    PostMessage(WM_COMMAND, leavePrompt);
+}
+
+void Desk::Save()
+{
+    TakeEdits();
+    try {
+        m_file.Save();
+    } catch (const std::runtime_error& e) {
+        StockMessageBox(this, e.what(), MB_OK | MB_ICONEXCLAMATION);
+    }
+    ShowTitle();
+}
+
+bool Desk::MayClose()
+{
+    TakeEdits();
+    if (!m_file.IsModified()) return true;
+    switch (StockMessageBox(this, "Save the script before the prompter ends?",
+                            MB_YESNOCANCEL | MB_ICONQUESTION)) {
+    case IDYES:
+        Save();
+        return !m_file.IsModified();
+    case IDNO:
+        m_file.DropUnsaved();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void Desk::OnClose()
+{
+    if (MayClose()) DestroyWindow();
+}
+
+void Desk::OnDestroy()
+{
+    for (const UINT_PTR timer : {frameTimer, keepTimer, newsTimer}) KillTimer(timer);
+    m_settings.speed = m_session.Speed();
+    GetWindowRect(&m_settings.desk);
+    SaveSettings(m_options.settingsPath, m_settings);
+    m_outputs.clear();
+    Default();
+    PostQuitMessage(0);
+}
+
+} // namespace prompter

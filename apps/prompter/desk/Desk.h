@@ -1,0 +1,103 @@
+// The operator's window: stories, the editor of the chosen one, and what the displays show.
+//
+// It owns the script, the session and the windows of the displays, and drives the frames by a timer. Lives on
+// the user-interface thread from its creation to the end of the program.
+#pragma once
+
+#include "desk/ScriptFile.h"
+#include "desk/StoryList.h"
+#include "model/NewsFolder.h"
+#include "remote/RemoteServer.h"
+#include "view/PromptWnd.h"
+#include "view/SettingsFile.h"
+
+#include "corekit/platform/PopupMenus.h"
+#include "corekit/unicode/ui/edit/MultilineUnicodeEditCtl.h"
+
+#include <memory>
+#include <optional>
+
+namespace prompter {
+
+struct DeskOptions {
+    std::string script;
+    unsigned codePage = 0;
+    std::string settingsPath = UsualSettingsPath();
+    std::string recoveryFolder = UsualRecoveryFolder();
+    std::string newsFolder; // empty: that of the settings
+    std::optional<RemotePlace> remote;
+};
+
+class Desk : public CWnd {
+    DECLARE_DYNAMIC(Desk)
+public:
+    explicit Desk(const DeskOptions& options);
+    ~Desk() override;
+
+    // Opens the script and the window. Throws std::runtime_error with a reason in one line.
+    void Open();
+    // The port of remote control, 0 without.
+    int RemotePort() const { return m_remotePort; }
+    Session& TheSession() { return m_session; }
+    ScriptFile& File() { return m_file; }
+    HWND Editor() const { return m_edit.m_hWnd; }
+    HWND List() const { return m_list.m_hWnd; }
+    // The windows on displays; empty while nothing is prompted.
+    const std::vector<std::unique_ptr<PromptWnd>>& Outputs() const { return m_outputs; }
+
+    // ---- What menus and keys do
+    void StartPrompt(bool fromCursor);
+    void LeavePrompt();
+    void Save();
+
+    BOOL PreTranslateMessage(MSG* message) override;
+
+protected:
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+    int OnCreate(CREATESTRUCTA* create);
+    void OnSize(UINT how, int width, int height);
+    void OnTimer(UINT_PTR id);
+    void OnClose();
+    void OnDestroy();
+    BOOL OnEraseBkgnd(CDC* dc);
+    void OnSetFocus(CWnd* before);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void MakeMenu();
+    void MakeAccelerators();
+    void LayOutPanes(int width, int height);
+    void ShowTitle();
+    void OfferLeft();
+    void OpenRemote();
+    void LookForNews();
+    void TakeEdits();            // what was typed goes into the script
+    void ChooseStory(int index); // and shows it in the editor
+    void ScriptChanged();        // the list and the prompt follow
+    void Tick();
+    bool MayClose();
+    void Perform(UINT command);
+    void ShowStory(int index); // after a change of the script
+    void SaveAs();
+    void SetStyle(const PromptStyle& style);
+    FrameForm& OutputForm();
+    void ToggleMirror(bool FrameForm::*axis);
+    void TurnDisplays();
+
+    DeskOptions m_options;
+    Settings m_settings;
+    ScriptFile m_file;
+    Session m_session;
+    StoryList m_list;
+    CMultilineUnicodeEditCtl m_edit;
+    PromptWnd m_preview;
+    std::vector<std::unique_ptr<PromptWnd>> m_outputs;
+    std::optional<NewsFolder> m_news;
+    std::optional<RemoteServer> m_remote;
+    int m_remotePort = 0;
+    HACCEL m_keys = nullptr;
+    std::uint64_t m_editedStory = 0; // key
+    StringW m_shownText;             // what the editor was given, or was last seen with
+};
+
+} // namespace prompter

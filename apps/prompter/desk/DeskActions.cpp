@@ -1,0 +1,166 @@
+// The menu of the desk, its keys, and what they do.
+#include "desk/Desk.h"
+#include "desk/DeskCommands.h"
+
+#include "corekit/framework/MessageBox.h"
+#include "corekit/framework/ui/FileDialog.h"
+#include "corekit/unicode/ui/UnicodeManager.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <string_view>
+#include <vector>
+
+namespace prompter {
+
+void Desk::MakeMenu()
+{
+    const HMENU bar = CreateMenu();
+    HMENU menu = nullptr;
+    std::string_view open;
+    for (const DeskMenuItem& item : deskMenu) {
+        if (open != item.menu) {
+            open = item.menu;
+            menu = CreatePopupMenu();
+            AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), item.menu);
+        }
+        AppendMenuA(menu, item.text ? MF_STRING : MF_SEPARATOR, item.command, item.text);
+    }
+    ::SetMenu(m_hWnd, bar);
+}
+
+void Desk::MakeAccelerators()
+{
+    std::vector<ACCEL> rows;
+    for (const DeskMenuItem& item : deskMenu)
+        if (item.key)
+            rows.push_back({static_cast<BYTE>(FVIRTKEY | item.held), static_cast<WORD>(item.key),
+                            static_cast<WORD>(item.command)});
+    m_keys = CreateAcceleratorTableA(rows.data(), static_cast<int>(rows.size()));
+}
+
+BOOL Desk::PreTranslateMessage(MSG* message)
+{
+    // A display has its keys to itself.
+    const bool isPrompting =
+        std::ranges::any_of(m_outputs, [&](const auto& o) { return o->m_hWnd == message->hwnd; });
+    if (!isPrompting && m_keys && TranslateAcceleratorA(m_hWnd, m_keys, message)) return TRUE;
+    if (CUnicodeManager::GetObjectA()->TranslateMessageHook(message)) return TRUE;
+    return CWnd::PreTranslateMessage(message);
+}
+
+BOOL Desk::OnCommand(WPARAM wParam, LPARAM lParam)
+{
+    const UINT command = LOWORD(wParam);
+    if (lParam != 0 || command < saveScript || command > nextKeyboard) return CWnd::OnCommand(wParam, lParam);
+    Perform(command);
+    return TRUE;
+}
+
+void Desk::Perform(UINT command)
+{
+    TakeEdits();
+    Script& script = m_file.TheScript();
+    const int index = std::max(script.IndexOf(m_editedStory), 0);
+    PromptStyle style = m_settings.session.style;
+    switch (command) {
+    case saveScript:
+        return Save();
+    case saveScriptAs:
+        return SaveAs();
+    case quitDesk:
+        PostMessage(WM_CLOSE);
+        return;
+    case addStory:
+        return ShowStory(script.Insert(index + 1, u""));
+    case removeStory:
+        script.Remove(index);
+        return ShowStory(std::min(index, script.Count() - 1));
+    case moveStoryUp:
+        if (index > 0) script.Move(index, index - 1);
+        return ShowStory(std::max(index - 1, 0));
+    case moveStoryDown:
+        if (index + 1 < script.Count()) script.Move(index, index + 1);
+        return ShowStory(std::min(index + 1, script.Count() - 1));
+    case skipStory:
+        script.SetSkipped(index, !script.At(index).isSkipped);
+        return ShowStory(index);
+    case keepStory:
+        script.KeepOnly(m_editedStory);
+        return ShowStory(std::max(script.IndexOf(m_editedStory), 0));
+    case startPrompt:
+    case startPromptAtCursor:
+        return StartPrompt(command == startPromptAtCursor);
+    case leavePrompt:
+        m_outputs.clear();
+        return;
+    case mirrorSides:
+        return ToggleMirror(&FrameForm::mirrorLeftRight);
+    case mirrorTop:
+        return ToggleMirror(&FrameForm::mirrorTopBottom);
+    case turnDisplays:
+        return TurnDisplays();
+    case largerText:
+    case smallerText:
+        style.size = std::clamp(style.size + (command == largerText ? 4 : -4), 16, 300);
+        return SetStyle(style);
+    case wider:
+    case narrower:
+        style.margin =
+            std::clamp(style.margin + (command == narrower ? 20 : -20), 0, m_settings.session.frame.cx / 3);
+        return SetStyle(style);
+    case nextKeyboard:
+        CUnicodeManager::GetObjectA()->ActivateNextKeyboard();
+        return;
+    default:
+        return;
+    }
+}
+
+void Desk::ShowStory(int index)
+{
+    ScriptChanged();
+    ChooseStory(index);
+}
+
+void Desk::SaveAs()
+{
+    CFileDialog dialog(FALSE, "txt", m_file.Path().c_str(), OFN_OVERWRITEPROMPT,
+                       "Scripts (*.txt)|*.txt|All files (*)|*||", this);
+    if (dialog.DoModal() != IDOK) return;
+    try {
+        m_file.SaveAs(static_cast<const char*>(dialog.GetPathName()));
+    } catch (const std::runtime_error& e) {
+        StockMessageBox(this, e.what(), MB_OK | MB_ICONEXCLAMATION);
+    }
+    ShowTitle();
+}
+
+void Desk::SetStyle(const PromptStyle& style)
+{
+    m_settings.session.style = style;
+    m_session.SetSettings(m_settings.session, PromptWnd::Now());
+}
+
+// The form of the displays; the copy on the desk stays as it is.
+FrameForm& Desk::OutputForm()
+{
+    if (m_settings.outputs.empty()) m_settings.outputs.push_back({});
+    return m_settings.outputs.front().form;
+}
+
+void Desk::ToggleMirror(bool FrameForm::*axis)
+{
+    FrameForm& form = OutputForm();
+    form.*axis = !(form.*axis);
+    for (const auto& output : m_outputs) output->SetForm(form);
+}
+
+void Desk::TurnDisplays()
+{
+    FrameForm& form = OutputForm();
+    form.turn = static_cast<Turn>((static_cast<int>(form.turn) + 1) % 4);
+    for (const auto& output : m_outputs) output->SetForm(form);
+}
+
+} // namespace prompter
