@@ -4,41 +4,58 @@
 #include "corekit/framework/WinApp.h"
 #include "corekit/platform/InputTest.h"
 #include "corekit/platform/Messages.h"
+#include "corekit/platform/Timers.h"
 #include "corekit/platform/Toolkit.h"
 
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
+#include <vector>
 
-// Runs each act when the loop of the next modal dialog, or of the one that the act before opened, is idle.
+// Runs one act after the other while a window of the program is active, each in a turn of the loop of its
+// own.
 class Acts {
 public:
     using Act = std::function<void()>;
 
     Acts(std::initializer_list<Act> acts)
-        : m_acts(acts), m_window([this](const MSG&) -> LRESULT { return Next(); })
+        : m_acts(acts), m_window([this](const MSG&) -> LRESULT { return Next(); }),
+          m_timer(::SetTimer(nullptr, 0, turnMilliseconds, Tick))
     {
-        Post();
+        current = this;
     }
+    ~Acts()
+    {
+        ::KillTimer(nullptr, m_timer);
+        current = nullptr;
+    }
+    Acts(const Acts&) = delete;
+    Acts& operator=(const Acts&) = delete;
     bool AllDone() const { return m_acts.empty(); }
 
 private:
+    static constexpr UINT turnMilliseconds = 15;
+
+    static void Tick(HWND, UINT, UINT_PTR, DWORD)
+    {
+        if (!current || current->m_acts.empty() || ++current->m_turns < 3) return;
+        current->m_turns = 0;
+        PostMessageA(current->m_window.GetSafeHwnd(), WM_USER, 0, 0); // a timer does not tick within itself
+    }
     LRESULT Next()
     {
         if (m_acts.empty()) return 0;
         const Act act = std::move(m_acts.front());
         m_acts.pop_front();
-        Post(); // before the act: it may open a dialog of its own
         act();
         return 0;
     }
-    void Post()
-    {
-        if (!m_acts.empty()) PostMessageA(m_window.GetSafeHwnd(), WM_USER, 0, 0);
-    }
 
+    static inline Acts* current = nullptr;
     std::deque<Act> m_acts;
     MessageWindow m_window;
+    int m_turns = 0;
+    UINT_PTR m_timer;
 };
 
 inline Acts::Act Press(int key, std::initializer_list<int> held = {})
