@@ -18,6 +18,10 @@ complain "Headers of the machine or the toolkit outside corekit/platform:" "$(
         grep -v '^corekit/platform/\(posix\|qt\)/')"
 complain "Toolkit module headers (include the class's own):" "$(grep -rnE '#include *<Qt[A-Z][A-Za-z]*>' corekit apps)"
 
+complain "Core includes a header of the window library:" "$(
+    grep -rnE '#include *"corekit/([a-z/]*/ui/|platform/qt/|CoreKitUI)' corekit --include='*.h' --include='*.cpp' |
+        grep -vE '^corekit/([a-z/]*/)?(ui|qt)/|^corekit/CoreKitUI.h')"
+
 layers="platform framework foundation stores unicode logging net hosts devices graphics commands windows"
 complain "Includes that point upward:" "$(
     grep -rnE '#include *"corekit/[a-z]+/' corekit | awk -v layers="$layers" '

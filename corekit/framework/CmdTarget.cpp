@@ -1,11 +1,13 @@
 #include "corekit/framework/CmdTarget.h"
 
-#include "corekit/framework/ui/CmdUI.h"
+#include "corekit/framework/UpdateDispatch.h"
 #include "corekit/platform/WindowMessages.h"
 
 IMPLEMENT_DYNAMIC(CCmdTarget, CObject)
 
 namespace {
+
+constinit corekit::detail::UpdateDispatch updateDispatch = nullptr;
 
 // What a handler is called with.
 struct Command {
@@ -34,12 +36,8 @@ BOOL Dispatch(CCmdTarget* target, const AFX_MSGMAP_ENTRY& entry, const Command& 
         return TRUE;
     case AfxSigCmd_idEx:
         return Call<BOOL (T::*)(UINT)>(target, entry.pfn, command.id);
-    case AfxSigCmd_ui: {
-        CCmdUI* const ui = command.ui();
-        ui->m_bContinueRouting = FALSE;
-        Call<void (T::*)(CCmdUI*)>(target, entry.pfn, ui);
-        return !ui->m_bContinueRouting;
-    }
+    case AfxSigCmd_ui:
+        return updateDispatch && updateDispatch(target, entry.pfn, command.ui());
     case AfxSigCmd_notify:
         Call<void (T::*)(NMHDR*, LRESULT*)>(target, entry.pfn, command.notify()->pNMHDR,
                                             command.notify()->pResult);
@@ -100,3 +98,5 @@ BOOL CCmdTarget::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* in
     }
     return Dispatch(this, *entry, {id, extra});
 }
+
+void corekit::detail::setUpdateDispatch(UpdateDispatch dispatch) { updateDispatch = dispatch; }

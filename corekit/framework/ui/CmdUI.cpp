@@ -1,6 +1,9 @@
 #include "corekit/framework/ui/CmdUI.h"
 
 #include "corekit/framework/ui/Wnd.h"
+#include "corekit/framework/UpdateDispatch.h"
+
+#include <bit>
 
 namespace {
 constexpr UINT BM_SETCHECK = 0xF1;
@@ -47,3 +50,17 @@ BOOL CCmdUI::DoUpdate(CCmdTarget* target, BOOL disableIfNoHandler)
     }
     return isHandled;
 }
+
+namespace {
+
+BOOL CallUpdateHandler(CCmdTarget* target, AFX_PMSG handler, CCmdUI* item)
+{
+    item->m_bContinueRouting = FALSE;
+    (target->*std::bit_cast<void (CCmdTarget::*)(CCmdUI*)>(handler))(item);
+    return !item->m_bContinueRouting;
+}
+
+[[gnu::constructor]] void InstallUpdates() { corekit::detail::setUpdateDispatch(&CallUpdateHandler); }
+[[gnu::destructor]] void TakeUpdatesAway() { corekit::detail::setUpdateDispatch(nullptr); }
+
+} // namespace
