@@ -22,7 +22,7 @@ TEST(Settings, ComeBackFromTheFileAndKeepWithinTheirBounds)
     settings.session.style.back = RGB(1, 2, 3);
     settings.session.rate.bySeconds = true;
     settings.outputs = {{"HDMI-1", {true, false, Turn::threeQuarters}}};
-    settings.desk = {1, 2, 300, 400};
+    settings.desk = {1, 2, 500, 400};
     settings.newsFolder = "/srv/news";
     settings.speed = -15;
     ASSERT_TRUE(SaveSettings(path, settings));

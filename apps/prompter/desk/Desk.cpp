@@ -32,7 +32,8 @@ namespace {
 constexpr UINT listId = 100, editId = 101, previewId = 102;
 constexpr UINT_PTR frameTimer = 1, keepTimer = 2, newsTimer = 3;
 constexpr UINT frameMilliseconds = 16, keepMilliseconds = 3000, newsMilliseconds = 1000;
-constexpr int editorSize = 22, listWidth = 300, gap = 4;
+// Of the em: the cell is high in faces with Arabic letters.
+constexpr int editorSize = -24, listSize = -17, listWidth = 300, gap = 4;
 constexpr LANGID seenFromLetters = 0;
 
 StringW StoredOf(const std::u16string& plain)
@@ -84,8 +85,11 @@ Desk::~Desk()
 
 void Desk::Open()
 {
-    CUnicodeManager::Initialise(1);
-    CUnicodeManager::GetObjectA()->EnableKeyboardSwitching(TRUE);
+    CUnicodeManager* const manager = CUnicodeManager::Initialise(1);
+    manager->EnableKeyboardSwitching(TRUE);
+    // Scripts are read in their own order, in faces that this machine has, whatever the registry says.
+    manager->OverrideSettings({TRUE, FALSE, manager->ExtraLineHeight(), manager->IsUnderlineSelectEnabled()});
+    manager->OverrideControlsFont(UsualFonts(listSize));
     m_file.Open(m_options.script);
     const std::int64_t now = PromptWnd::Now();
     m_session.SetSettings(m_settings.session, now);

@@ -8,6 +8,7 @@
 namespace prompter {
 namespace {
 
+constexpr SIZE leastDesk{320, 240}; // smaller ones are the defaults again
 constexpr int mostOutputs = 16, mostFaces = 16;
 
 // One number of the settings, where it stands and what it may be.
