@@ -9,7 +9,9 @@ namespace corekit::detail {
 
 namespace {
 
-constexpr int longestPiece = 4096; // characters; longer text is measured in pieces, which the platform takes
+// Characters. Longer text is measured in pieces: the platform refuses very long ones, and takes its time over
+// hundreds of marks on one letter.
+constexpr int longestPiece = 512;
 
 } // namespace
 

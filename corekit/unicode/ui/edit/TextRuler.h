@@ -18,8 +18,9 @@ protected:
 // All three look at no more text than it takes: their cost grows with the room, not with the text. They take
 // it that a longer text is no narrower but for the shape of its last letters, which joining may narrow.
 
-// The greatest beginning, in characters, that is no wider than `room`; -1 if none is.
-COREKIT_API int LongestFitting(TextRuler& ruler, const WCHAR* text, int count, int room);
+// The greatest beginning, in characters, that is no wider than `room`; -1 if none is. A good guess saves
+// time.
+COREKIT_API int LongestFitting(TextRuler& ruler, const WCHAR* text, int count, int room, int guess = 256);
 // The least beginning that is wider than `room`; count + 1 if none is.
 COREKIT_API int LeastBeyond(TextRuler& ruler, const WCHAR* text, int count, int room);
 // Where the longest end of the text begins that is no wider than `room`; `count` if none is.
