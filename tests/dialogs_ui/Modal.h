@@ -12,8 +12,8 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-// Runs one act after the other while a window of the program is active, each in a turn of the loop of its
-// own.
+// Runs one act after the other, each in a turn of the loop of its own. The last one, which ends the dialog,
+// is repeated until it has.
 class Acts {
 public:
     using Act = std::function<void()>;
@@ -31,22 +31,24 @@ public:
     }
     Acts(const Acts&) = delete;
     Acts& operator=(const Acts&) = delete;
-    bool AllDone() const { return m_acts.empty(); }
+    bool AllDone() const { return m_lastRan; }
 
 private:
     static constexpr UINT turnMilliseconds = 15;
 
     static void Tick(HWND, UINT, UINT_PTR, DWORD)
     {
-        if (!current || current->m_acts.empty() || ++current->m_turns < 3) return;
+        if (!current || ++current->m_turns < 3) return;
         current->m_turns = 0;
         PostMessageA(current->m_window.GetSafeHwnd(), WM_USER, 0, 0); // a timer does not tick within itself
     }
     LRESULT Next()
     {
-        if (m_acts.empty()) return 0;
-        const Act act = std::move(m_acts.front());
-        m_acts.pop_front();
+        const Act act = m_acts.front();
+        if (m_acts.size() > 1)
+            m_acts.pop_front();
+        else
+            m_lastRan = true;
         act();
         return 0;
     }
@@ -55,6 +57,7 @@ private:
     std::deque<Act> m_acts;
     MessageWindow m_window;
     int m_turns = 0;
+    bool m_lastRan = false;
     UINT_PTR m_timer;
 };
 
