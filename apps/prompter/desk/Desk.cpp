@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <unordered_map>
 
 namespace prompter {
 
@@ -47,23 +48,32 @@ std::u16string PlainOf(const StringW& stored)
     return {static_cast<const WCHAR*>(plain), static_cast<std::size_t>(plain.GetLength())};
 }
 
-// Lines that nobody edited are taken as they were read: what is stored of them is the same.
-std::u16string PlainLinesOf(const StringW& stored, const std::u16string& before)
+template <class Visit>
+void ForEachLine(std::u16string_view text, Visit visit)
 {
-    std::u16string result;
-    const std::u16string_view now(stored, static_cast<std::size_t>(stored.GetLength()));
-    std::size_t old = 0; // where the line that may correspond begins in the text before
-    for (std::size_t at = 0; at <= now.size();) {
-        const std::size_t end = std::min(now.find(u'\n', at), now.size());
-        const std::size_t oldEnd = std::min(before.find(u'\n', std::min(old, before.size())), before.size());
-        const std::u16string oldLine =
-            before.substr(std::min(old, before.size()), oldEnd - std::min(old, before.size()));
-        const StringW line(now.data() + at, static_cast<int>(end - at));
-        result += StoredOf(oldLine) == line ? oldLine : PlainOf(line);
-        old = oldEnd + 1;
-        if (end < now.size()) result += u'\n';
+    for (std::size_t at = 0; at <= text.size();) {
+        const std::size_t end = std::min(text.find(u'\n', at), text.size());
+        visit(std::u16string(text.substr(at, end - at)), end < text.size());
         at = end + 1;
     }
+}
+
+// Lines that nobody edited are taken as they were read, wherever they stand now: what is stored of them is
+// the same.
+std::u16string PlainLinesOf(const StringW& stored, const std::u16string& before)
+{
+    std::unordered_map<std::u16string, std::u16string> read; // by what is stored of each
+    ForEachLine(before, [&](const std::u16string& line, bool) {
+        read.try_emplace(std::u16string(static_cast<const WCHAR*>(StoredOf(line))), line);
+    });
+    std::u16string result;
+    const std::u16string_view now(stored, static_cast<std::size_t>(stored.GetLength()));
+    ForEachLine(now, [&](const std::u16string& line, bool hasMore) {
+        const auto known = read.find(line);
+        result += known != read.end() ? known->second
+                                      : PlainOf(StringW(line.data(), static_cast<int>(line.size())));
+        if (hasMore) result += u'\n';
+    });
     return result;
 }
 
