@@ -1,6 +1,8 @@
-// The owner of something modal takes no input for as long as this lives.
+// The owner of something modal takes no input for as long as this lives. Posted messages are delivered
+// meanwhile, even if the program has made no window of its own yet.
 #pragma once
 
+#include "corekit/platform/qt/windows/ApplicationFilter.h"
 #include "corekit/platform/Windows.h"
 
 namespace corekit::detail {
@@ -10,6 +12,7 @@ public:
     explicit OwnerHeld(HWND owner)
         : m_owner(GetAncestor(owner, GA_ROOT)), m_wasEnabled(m_owner && IsWindowEnabled(m_owner))
     {
+        startWindows();
         if (m_wasEnabled) EnableWindow(m_owner, FALSE);
     }
     OwnerHeld(const OwnerHeld&) = delete;
