@@ -14,7 +14,7 @@ complain() {
 sources() { find corekit apps tests benchmarks fuzz -name '*.h' -o -name '*.cpp' | sort; }
 
 complain "Headers of the machine or the toolkit outside corekit/platform:" "$(
-    grep -nE '#include *<(Q[A-Z]|Qt|xcb|sqlite3|unicode/|gsf|systemd/|sys/|unistd|fcntl|poll|termios|pthread|iconv|dlfcn)' -r corekit apps |
+    grep -nE '#include *<(Q[A-Z]|Qt|xcb|sqlite3|unicode/|systemd/|sys/|unistd|fcntl|poll|termios|pthread|iconv|dlfcn)' -r corekit apps |
         grep -v '^corekit/platform/\(posix\|qt\)/')"
 complain "Toolkit module headers (include the class's own):" "$(grep -rnE '#include *<Qt[A-Z][A-Za-z]*>' corekit apps)"
 

@@ -4,6 +4,7 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Storage.h"
 #include "corekit/stores/OleStream.h"
+#include "tests/stores/Thrown.h"
 #include "tests/TempFolder.h"
 
 #include <cstdio>
@@ -56,6 +57,39 @@ protected:
     std::string m_path = m_folder / "file.cmp";
     const std::string m_large = std::string(70'000, 'L') + "end";
 };
+
+// A stream of 10 bytes that gives and takes at most four at once.
+class ShortStream : public IStream {
+    DWORD AddRef() override { return 1; }
+    DWORD Release() override { return 0; }
+    HRESULT Read(void* buffer, DWORD count, DWORD* done) override
+    {
+        std::memset(buffer, 'r', *done = std::min<DWORD>(count, 4));
+        return S_OK;
+    }
+    HRESULT Write(const void*, DWORD count, DWORD* done) override
+    {
+        *done = std::min<DWORD>(count, 4);
+        return S_OK;
+    }
+    HRESULT Seek(LONGLONG, DWORD, DWORDLONG* position) override
+    {
+        if (position) *position = m_size;
+        return S_OK;
+    }
+    HRESULT SetSize(DWORDLONG) override { return S_OK; }
+
+public:
+    DWORDLONG m_size = 0;
+};
+
+// Naming a private member is allowed where a template is instantiated.
+template <auto Member>
+struct Opened {
+    friend COleStream* AttachedTo(IStream* stream) { return Member(stream); }
+};
+COleStream* AttachedTo(IStream* stream);
+template struct Opened<&COleFile::Attached>;
 } // namespace
 
 TEST_F(OleFile, OnlyWhatWasCommittedIsThereOnReopening)
@@ -227,4 +261,58 @@ TEST_F(OleFile, NoChangedByteOfAFileDoesHarm)
         for (const WCHAR* name : {u"Small", u"Large"})
             MessageOf([&] { EXPECT_LE(Get(file, name).size(), sound.size()); });
     }
+}
+
+TEST_F(OleFile, AShortTransferIsNamedForWhatItWas)
+{
+    ShortStream source;
+    const std::unique_ptr<COleStream> writer(AttachedTo(&source));
+    writer->Write("0123456789", 10);
+    EXPECT_EQ(Thrown([&] { writer->Flush(); }),
+              "[OLE Stream] Write to stream failed.\nThe compound file did not take all of the data.\r\n");
+    source.m_size = 10;
+    EXPECT_EQ(
+        Thrown([&] { delete AttachedTo(&source); }),
+        "[OLE Stream] Unable to read from the stream.\nThe compound file did not give all of the data.\r\n");
+}
+
+TEST_F(OleFile, ThousandsOfStreamsAndLargeOnesAreReadByOthers)
+{
+    std::string large(8 << 20, '\0'); // more than the header can list the tables of
+    for (std::size_t at = 0; at < large.size(); at += 100) large[at] = static_cast<char>(at / 100);
+    COleFile file;
+    file.Create(m_path.c_str(), 0);
+    for (int i = 0; i < 9000; ++i) {
+        const std::string name = std::to_string(i * 7919 % 100'003);
+        Put(file, std::u16string(name.begin(), name.end()).c_str(), name);
+    }
+    Put(file, u"large", large);
+    file.Commit();
+    Put(file, u"late", "one more");
+    file.Commit();
+    EXPECT_EQ(Get(file, u"7919"), "7919") << "after its source was replaced";
+    EXPECT_EQ(Output("7z e -so " + m_path + " large"), large);
+    EXPECT_EQ(Output("gsf cat " + m_path + " late"), "one more");
+    const std::string listing = Output("7z t " + m_path);
+    EXPECT_NE(listing.find("Everything is Ok"), std::string::npos) << listing;
+    EXPECT_NE(listing.find("Files: 9002"), std::string::npos) << listing;
+}
+
+TEST_F(OleFile, AStreamWithSectorsOfAnotherIsRefused)
+{
+    {
+        COleFile file;
+        file.Create(m_path.c_str(), 0);
+        for (const WCHAR* name : {u"One", u"Two"}) Put(file, name, m_large);
+        file.Commit();
+    }
+    std::string bytes = ReadWhole(m_path);
+    const std::size_t one = bytes.find(std::string("O\0n\0e", 5)),
+                      two = bytes.find(std::string("T\0w\0o", 5));
+    bytes.replace(two + 116, 4, bytes, one + 116, 4);
+    WriteWhole(m_path, bytes);
+    COleFile file;
+    ASSERT_EQ(file.Open(m_path.c_str(), kReadWrite), 1);
+    EXPECT_EQ(Get(file, u"One"), m_large);
+    EXPECT_EQ(MessageOf([&] { file.OpenStream(u"Two"); }), "[OLE File] Open stream failed, name=Two");
 }

@@ -3,8 +3,8 @@
 #include "corekit/platform/CodePages.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
-#include "corekit/platform/posix/compound/CompoundCheck.h"
 #include "corekit/platform/posix/compound/CompoundTree.h"
+#include "corekit/platform/posix/compound/CompoundWriter.h"
 #include "corekit/platform/posix/files/Descriptor.h"
 #include "corekit/platform/posix/files/File.h"
 #include "corekit/platform/ReplacedFile.h"
@@ -19,12 +19,14 @@
 #include <stdexcept>
 #include <string_view>
 #include <sys/stat.h>
-#include <unicode/ustring.h>
+#include <unicode/utf16.h>
 #include <unistd.h>
 
 namespace {
 using corekit::detail::CompoundNode;
+using corekit::detail::CompoundReader;
 using corekit::detail::CompoundState;
+using corekit::detail::Descriptor;
 using corekit::detail::ReplacedFile;
 
 constexpr std::size_t kLongestName = 31;
@@ -57,6 +59,8 @@ HRESULT ResultOfWrite(DWORD error)
     case ERROR_ACCESS_DENIED:
     case ERROR_WRITE_PROTECT:
         return STG_E_ACCESSDENIED;
+    case ERROR_INVALID_DATA:
+        return STG_E_READFAULT;
     default:
         return STG_E_WRITEFAULT;
     }
@@ -85,27 +89,23 @@ std::string PathOf(const WCHAR* name)
 
 enum class NameUse { find, make };
 
-// A file of others may hold names that nobody may make.
-std::optional<std::string> ElementName(const WCHAR* name, NameUse use = NameUse::find)
+// Whether half a pair of units stands alone.
+bool IsBroken(std::u16string_view name)
 {
-    const std::u16string_view wide(name);
-    if (wide.empty() || wide.size() > kLongestName) return std::nullopt;
-    if (use == NameUse::make && wide.find_first_of(u"/\\:!") != wide.npos) return std::nullopt;
-    char utf8[3 * kLongestName + 1];
-    int32_t length = 0;
-    UErrorCode error = U_ZERO_ERROR;
-    u_strToUTF8(utf8, sizeof utf8, &length, wide.data(), static_cast<int32_t>(wide.size()), &error);
-    if (U_FAILURE(error)) return std::nullopt;
-    return std::string(utf8, static_cast<std::size_t>(length));
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        if (!U16_IS_SURROGATE(name[i])) continue;
+        if (!U16_IS_SURROGATE_LEAD(name[i]) || i + 1 == name.size() || !U16_IS_TRAIL(name[i + 1]))
+            return true;
+        ++i;
+    }
+    return false;
 }
 
-void WriteName(const std::string& utf8, STATSTG* status)
+// A file of others may hold names that nobody may make.
+bool IsElementName(std::u16string_view name, NameUse use = NameUse::find)
 {
-    int32_t length = 0;
-    UErrorCode error = U_ZERO_ERROR;
-    u_strFromUTF8WithSub(status->pwcsName, static_cast<int32_t>(std::size(status->pwcsName)) - 1, &length,
-                         utf8.data(), static_cast<int32_t>(utf8.size()), 0xFFFD, nullptr, &error);
-    status->pwcsName[std::min<std::size_t>(static_cast<std::size_t>(length), kLongestName)] = 0;
+    if (name.empty() || name.size() > kLongestName) return false;
+    return use == NameUse::find || (name.find_first_of(u"/\\:!") == name.npos && !IsBroken(name));
 }
 
 // What the storages of one open file share.
@@ -134,15 +134,21 @@ struct CompoundDocument {
     HRESULT Save()
     {
         ReplacedFile file(path);
-        if (!file || !root->Save(file.OpenDescriptor())) return ResultOfWrite(GetLastError());
+        std::vector<CompoundNode*> nodes;
+        if (!file || !corekit::detail::WriteCompoundFile(*root, file.OpenDescriptor(), nodes))
+            return ResultOfWrite(GetLastError());
+        CompoundState state;
+        auto saved =
+            CompoundReader::Open(Descriptor(::open(file.Path().c_str(), O_RDONLY | O_CLOEXEC)), state);
         const HANDLE next = OpenClaim(file.Path().c_str());
-        if (!file.Commit()) {
-            const HRESULT result = ResultOfWrite(GetLastError());
+        if (!saved || !file.Commit()) {
+            const HRESULT result = saved ? ResultOfWrite(GetLastError()) : STG_E_READFAULT;
             if (next != INVALID_HANDLE_VALUE) CloseHandle(next);
             return result;
         }
         Claim(next);
-        if (const auto saved = CompoundNode::OpenRoot(path)) root->Rebase(*saved);
+        for (std::size_t entry = 0; entry < nodes.size(); ++entry)
+            nodes[entry]->Rebase(saved, static_cast<std::uint32_t>(entry));
         return S_OK;
     }
 };
@@ -241,17 +247,13 @@ public:
     HRESULT CreateStream(const WCHAR* name, DWORD mode, DWORD, DWORD, IStream** stream) override
     {
         return Guarded([&] {
-            const auto element = ElementName(name, NameUse::make);
-            if (!element) return STG_E_INVALIDNAME;
+            if (!IsElementName(name, NameUse::make)) return STG_E_INVALIDNAME;
             if (!m_document->mayWrite) return STG_E_ACCESSDENIED;
-            auto node = m_node->Find(*element);
+            auto node = m_node->Find(name);
             if (node && (mode & STGM_CREATE) == 0) return STG_E_FILEALREADYEXISTS;
             if (node && (node->isOpen || node->IsStorage())) return STG_E_ACCESSDENIED;
             if (!node) {
-                // A reader goes down the elements of one storage as down a chain.
-                if (m_node->Children().size() + 2 >= corekit::detail::kLongestCompoundChain)
-                    return STG_E_MEDIUMFULL;
-                node = std::make_shared<CompoundNode>(*element, false);
+                node = std::make_shared<CompoundNode>(name, false);
                 m_node->Add(node);
             }
             node->Empty();
@@ -263,9 +265,8 @@ public:
     HRESULT OpenStream(const WCHAR* name, void*, DWORD, DWORD, IStream** stream) override
     {
         return Guarded([&] {
-            const auto element = ElementName(name);
-            if (!element) return STG_E_INVALIDNAME;
-            const auto node = m_node->Find(*element);
+            if (!IsElementName(name)) return STG_E_INVALIDNAME;
+            const auto node = m_node->Find(name);
             if (!node || node->IsStorage()) return STG_E_FILENOTFOUND;
             if (!node->IsSound()) return STG_E_DOCFILECORRUPT;
             if (node->isOpen) return STG_E_ACCESSDENIED;
@@ -277,9 +278,8 @@ public:
     HRESULT OpenStorage(const WCHAR* name, DWORD, IStorage** storage) override
     {
         return Guarded([&] {
-            const auto element = ElementName(name);
-            if (!element) return STG_E_INVALIDNAME;
-            const auto node = m_node->Find(*element);
+            if (!IsElementName(name)) return STG_E_INVALIDNAME;
+            const auto node = m_node->Find(name);
             if (!node || !node->IsStorage()) return STG_E_FILENOTFOUND;
             *storage = new Storage(m_document, node);
             return S_OK;
@@ -314,9 +314,7 @@ public:
             const auto& children = m_node->Children();
             if (index >= children.size()) return S_FALSE;
             Describe(*children[index], status);
-            const bool sound = children[index]->IsSound();
-            children[index]->Forget();
-            return sound ? S_OK : STG_E_DOCFILECORRUPT;
+            return children[index]->IsSound() ? S_OK : STG_E_DOCFILECORRUPT;
         });
     }
 
@@ -324,7 +322,7 @@ private:
     static void Describe(CompoundNode& node, STATSTG* status)
     {
         *status = STATSTG();
-        WriteName(node.Name(), status);
+        node.Name().copy(status->pwcsName, kLongestName);
         status->type = node.IsStorage() ? STGTY_STORAGE : STGTY_STREAM;
         if (node.IsStorage())
             status->clsid = node.classId;
@@ -360,28 +358,25 @@ std::shared_ptr<CompoundDocument> NewDocument(const WCHAR* name, DWORD mode)
     return document;
 }
 
-CompoundState StateOf(const std::string& path)
-{
-    const corekit::detail::Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    return file ? corekit::detail::CheckCompoundFile(file.get()) : CompoundState::unreadable;
-}
-
 HRESULT OpenDocument(const std::shared_ptr<CompoundDocument>& document)
 {
     document->Claim(document->OpenClaim(document->path.c_str()));
     if (document->claim == INVALID_HANDLE_VALUE) return ResultOf(GetLastError());
-    switch (StateOf(document->path)) {
+    CompoundState state;
+    const auto file = CompoundReader::Open(
+        Descriptor(::open(document->path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)), state);
+    if (file) document->root = std::make_shared<CompoundNode>(file, 0);
+    switch (state) {
     case CompoundState::sound:
-        break;
+        return S_OK;
     case CompoundState::damaged:
         return STG_E_DOCFILECORRUPT;
     case CompoundState::other:
         return STG_E_INVALIDHEADER;
     case CompoundState::unreadable:
-        return STG_E_ACCESSDENIED;
+        break;
     }
-    document->root = CompoundNode::OpenRoot(document->path);
-    return document->root ? S_OK : STG_E_DOCFILECORRUPT;
+    return STG_E_ACCESSDENIED;
 }
 } // namespace
 
@@ -408,7 +403,7 @@ HRESULT StgCreateDocfile(const WCHAR* name, DWORD mode, IStorage** storage)
                                     mayReplace ? OPEN_ALWAYS : CREATE_NEW, 0, nullptr));
         if (document->claim == INVALID_HANDLE_VALUE) return ResultOf(GetLastError());
         const bool existed = mayReplace && GetLastError() == ERROR_ALREADY_EXISTS;
-        document->root = std::make_shared<CompoundNode>("", true);
+        document->root = std::make_shared<CompoundNode>(u"", true);
         if (!existed) {
             if (const HRESULT result = document->Save(); result != S_OK) {
                 document->Claim(INVALID_HANDLE_VALUE);
