@@ -49,20 +49,43 @@ void Load(CDib& dib, const std::string& file)
     OfFile(file, [&] { dib.LoadDIBFile(file.c_str()); });
 }
 
+// Loads one after the other for `use`, which gets its place in the list, and null for one that cannot be
+// read. Returns what is to be said of those.
+template <class Use>
+std::string LoadEach(const DibOptions& options, Use use)
+{
+    std::string unread;
+    for (std::size_t i = 0; i < options.files.size(); ++i) {
+        CDib dib;
+        try {
+            Load(dib, options.files[i]);
+        } catch (const std::runtime_error& error) {
+            unread += (unread.empty() ? "" : "; ") + std::string(error.what());
+        }
+        use(i, dib.IsValid() ? &dib : nullptr);
+    }
+    return unread;
+}
+
+void EndWith(const std::string& unread)
+{
+    if (!unread.empty()) throw std::runtime_error(unread);
+}
+
 void Info(const DibOptions& options)
 {
     std::vector<std::vector<std::string>> rows = {
         {"FILE", "WIDTH", "HEIGHT", "BITS", "COLOURS", "ROWS", "BYTES"}};
-    for (const std::string& file : options.files) {
-        CDib dib;
-        Load(dib, file);
-        const BITMAPINFOHEADER& header = dib.GetBitmapInfo()->bmiHeader;
-        rows.push_back({file, std::to_string(dib.GetBitmapWidth()), std::to_string(dib.GetBitmapHeight()),
-                        std::to_string(header.biBitCount),
-                        std::to_string((dib.GetInfoSize() - sizeof header) / 4),
-                        header.biHeight < 0 ? "top down" : "bottom up", std::to_string(dib.GetDataSize())});
-    }
-    PrintTable(rows);
+    const std::string unread = LoadEach(options, [&](std::size_t i, const CDib* dib) {
+        if (!dib) return;
+        const BITMAPINFOHEADER& header = dib->GetBitmapInfo()->bmiHeader;
+        rows.push_back({options.files[i], std::to_string(dib->GetBitmapWidth()),
+                        std::to_string(dib->GetBitmapHeight()), std::to_string(header.biBitCount),
+                        std::to_string((dib->GetInfoSize() - sizeof header) / 4),
+                        header.biHeight < 0 ? "top down" : "bottom up", std::to_string(dib->GetDataSize())});
+    });
+    if (rows.size() > 1) PrintTable(rows);
+    EndWith(unread);
 }
 
 void BitmapToPng(const DibOptions& options)
@@ -110,7 +133,27 @@ void Convert(const DibOptions& options)
         throw std::runtime_error("one of the two files must end with .bmp and the other with .png");
 }
 
-// Each bitmap in a cell of its own, as large as it is or reduced until it fits.
+void Cross(HDC dc, const CRect& place)
+{
+    MoveToEx(dc, place.left, place.top, nullptr);
+    LineTo(dc, place.right, place.bottom);
+    MoveToEx(dc, place.right - 1, place.top, nullptr);
+    LineTo(dc, place.left - 1, place.bottom);
+}
+
+// As large as it is, or reduced until it fits, in the middle of its place.
+void DrawInCell(HDC dc, const CDib& dib, const CRect& place)
+{
+    const CSize whole = dib.GetSize();
+    const double scale = std::min(1.0, static_cast<double>(place.Width()) / std::max(whole.cx, whole.cy));
+    const CSize size(std::max(1, static_cast<int>(whole.cx * scale)),
+                     std::max(1, static_cast<int>(whole.cy * scale)));
+    const CPoint corner(place.left + (place.Width() - size.cx) / 2,
+                        place.top + (place.Height() - size.cy) / 2);
+    dib.StretchBitmap(dc, CRect(corner, size));
+}
+
+// Each bitmap in a cell of its own; a cross for one that cannot be read.
 void Show(const DibOptions& options)
 {
     const int count = static_cast<int>(options.files.size());
@@ -121,20 +164,19 @@ void Show(const DibOptions& options)
     FillRect(sheet.Context(), &all, ground);
     DeleteObject(ground);
     SetStretchBltMode(sheet.Context(), HALFTONE);
-    for (int i = 0; i < count; ++i) {
-        CDib dib;
-        Load(dib, options.files[static_cast<std::size_t>(i)]);
-        const int width = dib.GetBitmapWidth(), height = dib.GetBitmapHeight();
-        const double scale = std::min(1.0, static_cast<double>(cell) / std::max(width, height));
-        const CSize size(std::max(1, static_cast<int>(width * scale)),
-                         std::max(1, static_cast<int>(height * scale)));
-        const CPoint corner(gap + i % columns * (cell + gap) + (cell - size.cx) / 2,
-                            gap + i / columns * (cell + gap) + (cell - size.cy) / 2);
-        dib.StretchBitmap(sheet.Context(), CRect(corner, size));
-    }
+    const std::string unread = LoadEach(options, [&](std::size_t i, const CDib* dib) {
+        const int at = static_cast<int>(i);
+        const CPoint corner(gap + at % columns * (cell + gap), gap + at / columns * (cell + gap));
+        const CRect place(corner, CSize(cell, cell));
+        if (dib)
+            DrawInCell(sheet.Context(), *dib, place);
+        else
+            Cross(sheet.Context(), place);
+    });
     if (!SaveBitmapAsPng(sheet.Bitmap(), options.out.c_str()))
         throw std::runtime_error(options.out + ": " + static_cast<const char*>(GetLastErrorString()));
     PrintLine(options.out);
+    EndWith(unread);
 }
 
 } // namespace

@@ -7,7 +7,6 @@
 #include "corekit/resources/Messages.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 
 using namespace corekit::detail;
@@ -43,9 +42,6 @@ void CDib::Empty()
     m_info = nullptr;
     m_data = nullptr;
 }
-
-int CDib::GetBitmapWidth() const { return m_info ? std::abs(m_info->bmiHeader.biWidth) : 0; }
-int CDib::GetBitmapHeight() const { return m_info ? std::abs(m_info->bmiHeader.biHeight) : 0; }
 
 void CDib::Take(BITMAPINFO* info, DWORD infoSize, BYTE* data, DWORD dataSize)
 {

@@ -11,6 +11,8 @@
 #include "corekit/framework/Object.h"
 #include "corekit/platform/GdiBitmaps.h"
 
+#include <cstdlib>
+
 class CDC;
 class CMemoryStream;
 
@@ -27,8 +29,8 @@ public:
     void Empty();
     bool IsValid() const { return m_info && m_data; }
     // Above 0 also for a top-down bitmap; 0 without a header.
-    int GetBitmapWidth() const;
-    int GetBitmapHeight() const;
+    int GetBitmapWidth() const { return m_info ? std::abs(m_info->bmiHeader.biWidth) : 0; }
+    int GetBitmapHeight() const { return m_info ? std::abs(m_info->bmiHeader.biHeight) : 0; }
     SIZE GetSize() const { return {GetBitmapWidth(), GetBitmapHeight()}; }
 
     // A copy; of an object that is not valid an empty one, with the sizes of before.
@@ -66,10 +68,8 @@ public:
     const BITMAPINFO* GetBitmapInfo() const { return m_info; }
     const BYTE* GetBitmapData() const { return m_data; }
     DWORD GetInfoSize() const { return m_infoSize; }
-    DWORD GetDataSize() const
-    {
-        return m_dataSize;
-    } // what is stored; the block holds at least every padded row
+    // What is stored; the block holds at least every padded row.
+    DWORD GetDataSize() const { return m_dataSize; }
 
 private:
     class Source;

@@ -72,7 +72,7 @@ public:
     }
 
 private:
-    sd_bus_error m_error = SD_BUS_ERROR_NULL;
+    sd_bus_error m_error{}; // holds none
 };
 
 std::string pathOf(const std::string& unit)

@@ -14,11 +14,17 @@ struct Part {
 };
 
 // A part counted from the first row in memory, as an area counted from the top.
-Area areaFromTop(const DibLayout& layout, const Part& part)
+inline Area areaFromTop(const DibLayout& layout, const Part& part)
 {
-    const Area a = orderedArea(part.x, part.y, part.x + part.width, part.y + part.height);
-    if (layout.topDown) return a;
-    return {a.left, layout.height - a.bottom, a.right, layout.height - a.top};
+    const std::int64_t end = part.y + part.height, top = layout.topDown ? part.y : layout.height - end;
+    return {part.x, top, part.x + part.width, top + part.height};
+}
+
+// The same for a part whose sizes may be below 0.
+Area orderedAreaFromTop(const DibLayout& layout, const Part& part)
+{
+    const Area a = areaFromTop(layout, part);
+    return orderedArea(a.left, a.top, a.right, a.bottom);
 }
 
 // The picture of a header, or none with a last error.
@@ -53,12 +59,18 @@ int SetDIBitsToDevice(HDC dc, int x, int y, DWORD width, DWORD height, int fromX
     // Rows that the call does not bring are left alone.
     const Area given = areaFromTop(layout, {0, firstRow, layout.width, rows});
     const Area part = areaFromTop(layout, {fromX, fromY, cutToInt(width), cutToInt(height)});
+    const Area from = part.cut(given);
+    if (from.isEmpty()) return static_cast<int>(rowCount);
+    const std::int64_t left = std::int64_t{x} + from.left - part.left,
+                       top = std::int64_t{y} + from.top - part.top;
+    const Area to = context->pixelsOf({left, top, left + from.width(), top + from.height()});
+    if (context->scale == 1) {
+        source.copyTo(*context, from, to);
+        return static_cast<int>(rowCount);
+    }
     Copying how;
-    how.from = part.cut(given);
-    if (how.from.isEmpty()) return static_cast<int>(rowCount);
-    const std::int64_t left = std::int64_t{x} + how.from.left - part.left,
-                       top = std::int64_t{y} + how.from.top - part.top;
-    how.to = context->pixelsOf({left, top, left + how.from.width(), top + how.from.height()});
+    how.from = from;
+    how.to = to;
     return copyPixels(*context, source, how) ? static_cast<int>(rowCount) : 0;
 }
 
@@ -72,7 +84,7 @@ int StretchDIBits(HDC dc, int x, int y, int width, int height, int fromX, int fr
     const DibRows source(layout, coloursOf(*info), static_cast<const std::byte*>(bits), 0, layout.height);
     Copying how;
     how.operation = operation;
-    how.from = areaFromTop(layout, {fromX, fromY, fromWidth, fromHeight});
+    how.from = orderedAreaFromTop(layout, {fromX, fromY, fromWidth, fromHeight});
     how.to = context->pixelsOf(orderedArea(x, y, std::int64_t{x} + width, std::int64_t{y} + height));
     how.mirrorX = (width < 0) != (fromWidth < 0);
     how.mirrorY = (height < 0) != (fromHeight < 0);

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cstring>
+#if defined(__x86_64__)
+#include <immintrin.h>
+#endif
 
 namespace corekit::detail {
 
@@ -69,36 +72,53 @@ void decode24Anywhere(const DibRows&, const std::byte* row, int from, int to, st
     decode24By4(row, from, to, out);
 }
 
-using Bytes32 [[gnu::vector_size(32)]] = std::uint8_t;
-using Pixels8 [[gnu::vector_size(32)]] = std::uint32_t;
+constexpr int wideStep = 8;         // pixels
+constexpr int leastToAlign = 64;    // pixels of a row that is worth it
+constexpr std::uintptr_t line = 32; // bytes of a store that does not cross two lines of the cache
 
-// Eight pixels from 24 bytes, of which none beyond them is read: the second half of a step begins with the
-// byte behind eight, and leaves the first four of those alone.
-[[gnu::always_inline, gnu::target("avx2")]] inline void spread8(const std::byte* at, std::uint32_t* out)
+// Eight pixels from 24 bytes, of which none beyond them is read: the second half begins eight bytes on, with
+// four that the first half has.
+[[gnu::always_inline, gnu::target("avx2")]] inline __m256i spread8(const std::byte* at)
 {
-    constexpr int h = 16 + 4;
-    Bytes16 first, second;
-    std::memcpy(&first, at, sizeof first);
-    std::memcpy(&second, at + 8, sizeof second);
-    const Bytes32 both =
-        __builtin_shufflevector(first, second, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17,
-                                18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31);
-    const Bytes32 spread = __builtin_shufflevector(both, both, 0, 1, 2, 2, 3, 4, 5, 5, 6, 7, 8, 8, 9, 10, 11,
-                                                   11, h, h + 1, h + 2, h + 2, h + 3, h + 4, h + 5, h + 5,
-                                                   h + 6, h + 7, h + 8, h + 8, h + 9, h + 10, h + 11, h + 11);
-    const Pixels8 pixels = reinterpret_cast<Pixels8>(spread) | opaque;
-    std::memcpy(out, &pixels, sizeof pixels);
+    const auto half = [](const std::byte* bytes) {
+        return _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
+    };
+    const __m256i places = _mm256_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1, //
+                                            4, 5, 6, -1, 7, 8, 9, -1, 10, 11, 12, -1, 13, 14, 15, -1);
+    const __m256i both = _mm256_inserti128_si256(_mm256_castsi128_si256(half(at)), half(at + 8), 1);
+    return _mm256_or_si256(_mm256_shuffle_epi8(both, places), _mm256_set1_epi32(static_cast<int>(opaque)));
 }
 
-// Eight pixels a step; the last eight may be partly those of the step before.
-[[gnu::target("avx2")]] void decode24Wide(const DibRows&, const std::byte* row, int from, int to,
-                                          std::uint32_t* out)
+[[gnu::always_inline, gnu::target("avx2")]] inline void store8(std::uint32_t* out, __m256i pixels)
 {
-    const std::byte* at = row + static_cast<std::ptrdiff_t>(from) * 3;
-    int left = to - from;
-    if (left < 8) return decode24Rest(at, left, out);
-    for (; left > 8; left -= 8, at += 24, out += 8) spread8(at, out);
-    spread8(at + static_cast<std::ptrdiff_t>(left - 8) * 3, out + left - 8);
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(out), pixels);
+}
+
+// Eight pixels a step; steps at the ends of a row may share some. Long rows are stored on line, and the row
+// that comes next is fetched meanwhile.
+[[gnu::target("avx2")]] void decode24Wide(const DibRows&, const std::byte* row, std::ptrdiff_t step, int rows,
+                                          int from, int to, std::uint32_t* out, std::ptrdiff_t stride)
+{
+    const int count = to - from, last = count - wideStep;
+    row += static_cast<std::ptrdiff_t>(from) * 3;
+    for (; rows > 0; --rows, row += step, out += stride) {
+        if (last < 0) {
+            decode24Rest(row, count, out);
+            continue;
+        }
+        int x = 0;
+        if (count >= leastToAlign) {
+            store8(out, spread8(row));
+            x = static_cast<int>(-reinterpret_cast<std::uintptr_t>(out) % line / sizeof *out);
+            const std::byte* const next = rows > 1 ? row + step : row;
+            for (; x < last; x += wideStep) {
+                __builtin_prefetch(next + std::ptrdiff_t{x} * 3);
+                store8(out + x, spread8(row + std::ptrdiff_t{x} * 3));
+            }
+        }
+        for (; x < last; x += wideStep) store8(out + x, spread8(row + std::ptrdiff_t{x} * 3));
+        store8(out + last, spread8(row + std::ptrdiff_t{last} * 3));
+    }
 }
 
 #endif
@@ -116,7 +136,7 @@ void decodeBlock(const DibRows& dib, const std::byte* row, std::ptrdiff_t step, 
 }
 
 #if defined(__x86_64__)
-const auto decode24 = __builtin_cpu_supports("avx2")    ? decodeBlock<decode24Wide>
+const auto decode24 = __builtin_cpu_supports("avx2")    ? decode24Wide
                       : __builtin_cpu_supports("ssse3") ? decodeBlock<decode24Shuffled>
                                                         : decodeBlock<decode24Anywhere>;
 #else
@@ -160,6 +180,42 @@ DibRows::DibRows(const DibLayout& layout, const RGBQUAD* colours, const std::byt
     if (layout.bits > 8) return;
     colourCount_ = std::min<std::size_t>(layout.colours, std::size(colours_));
     std::memcpy(colours_, colours, colourCount_ * sizeof(RGBQUAD));
+}
+
+bool DibRows::readColumns(int y, int next, std::span<const std::uint32_t> columns, std::uint32_t* out) const
+{
+    const std::byte *const row = memoryOf(y), *const after = memoryOf(next);
+    if (layout_.bits != 24 || !row || !after) return false;
+    constexpr std::size_t aLine = 8; // pixels, about, that lie on one line of the cache
+    const auto edge = static_cast<std::uint32_t>(layout_.width - 1);
+    std::size_t i = 0, end = columns.size();
+    const auto readEdge = [&](std::size_t at) { decode24Rest(row + std::size_t{edge} * 3, 1, out + at); };
+    while (i < end && columns[i] == edge) readEdge(i++);
+    while (i < end && columns[end - 1] == edge) readEdge(--end);
+    // Four bytes of each, as the edge is not among them.
+    const auto read = [&](std::size_t at) { out[at] = opaque | load(row + std::size_t{columns[at]} * 3); };
+    for (; i + aLine <= end; i += aLine) {
+        __builtin_prefetch(after + std::size_t{columns[i]} * 3);
+        for (std::size_t k = 0; k < aLine; ++k) read(i + k);
+    }
+    for (; i < end; ++i) read(i);
+    return true;
+}
+
+void DibRows::copyTo(DeviceContext& context, const Area& from, const Area& to) const
+{
+    Bitmap& bitmap = *context.bitmap;
+    const std::ptrdiff_t stride = bitmap.topDown ? bitmap.stride : -bitmap.stride,
+                         step =
+                             static_cast<std::ptrdiff_t>(layout_.topDown ? layout_.stride : -layout_.stride);
+    context.forEachPart(to, [&](const Area& part) {
+        const std::int64_t left = from.left + part.left - to.left, top = from.top + part.top - to.top,
+                           inMemory = (layout_.topDown ? top : layout_.height - 1 - top) - first_;
+        decode_(*this, bits_ + inMemory * static_cast<std::ptrdiff_t>(layout_.stride), step,
+                static_cast<int>(part.height()), static_cast<int>(left),
+                static_cast<int>(left + part.width()), bitmap.row(static_cast<int>(part.top)) + part.left,
+                stride);
+    });
 }
 
 void DibRows::readBlock(int top, int rows, int from, int to, std::uint32_t* out, std::ptrdiff_t stride) const

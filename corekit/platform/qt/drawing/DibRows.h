@@ -17,6 +17,13 @@ public:
     void readBlock(int top, int rows, int from, int to, std::uint32_t* out,
                    std::ptrdiff_t stride) const override;
 
+    bool readColumns(int y, int next, std::span<const std::uint32_t> columns,
+                     std::uint32_t* out) const override;
+
+    // The part `from` of the picture over the area `to` of the same size, as far as it may be drawn on. All
+    // of the part is among the rows in memory.
+    void copyTo(DeviceContext& context, const Area& from, const Area& to) const;
+
     // The pixels of one row; and of several, `step` bytes apart.
     using DecodeRow = void (*)(const DibRows& dib, const std::byte* row, int from, int to,
                                std::uint32_t* out);
@@ -27,6 +34,14 @@ private:
     static Decode decoderFor(unsigned bits);
     template <unsigned bits>
     static void decodeIndexed(const DibRows& dib, const std::byte* row, int from, int to, std::uint32_t* out);
+    // Null for a row that is not there.
+    const std::byte* memoryOf(int y) const
+    {
+        const int inMemory = (layout_.topDown ? y : layout_.height - 1 - y) - first_;
+        return inMemory >= 0 && inMemory < count_
+                   ? bits_ + inMemory * static_cast<std::ptrdiff_t>(layout_.stride)
+                   : nullptr;
+    }
     std::uint32_t colour(unsigned index) const
     {
         return index < colourCount_ ? opaque | colours_[index] : opaque;

@@ -120,27 +120,26 @@ private:
         columns_.clear();
         if (isStraight_) return;
         for (std::int64_t x = part.left; x < part.right; ++x)
-            columns_.push_back(static_cast<std::uint32_t>(x_.at(x) - first_));
-        whole_.resize(static_cast<std::size_t>(last_ - first_));
+            columns_.push_back(static_cast<std::uint32_t>(x_.at(x)));
         read_ = -1;
     }
 
-    const std::uint32_t* sourceRow(int y)
+    // The pixels of the part's columns; a row that was asked for last is taken from where it was put then.
+    const std::uint32_t* sourceRow(int y, int next, std::uint32_t* to)
     {
         if (isStraight_) {
-            source_.read(y, first_, last_, row_.data());
-            return row_.data();
+            source_.read(y, first_, last_, to);
+            return to;
         }
-        if (y == read_) return row_.data();
-        const std::uint32_t* from = source_.row(y);
-        if (from)
-            from += first_;
-        else
-            source_.read(y, first_, last_, whole_.data());
-        if (!from) from = whole_.data();
-        for (std::size_t i = 0; i < columns_.size(); ++i) row_[i] = from[columns_[i]];
+        if (y == read_) return done_;
         read_ = y;
-        return row_.data();
+        done_ = to;
+        if (source_.readColumns(y, next, columns_, to)) return to;
+        whole_.resize(static_cast<std::size_t>(last_ - first_));
+        source_.read(y, first_, last_, whole_.data());
+        for (std::size_t i = 0; i < columns_.size(); ++i)
+            to[i] = whole_[columns_[i] - static_cast<std::uint32_t>(first_)];
+        return to;
     }
 
     void copyRow(const Area& part, std::int64_t y)
@@ -148,16 +147,18 @@ private:
         Bitmap& bitmap = *context_.bitmap;
         std::uint32_t* const to = bitmap.row(static_cast<int>(y)) + part.left;
         const auto count = static_cast<std::size_t>(part.width());
-        const int from = static_cast<int>(y_.at(y));
-        if (how_.blend) return blendRow(*how_.blend, to, sourceRow(from), count);
+        const int from = static_cast<int>(y_.at(y)),
+                  next = y + 1 < part.bottom ? static_cast<int>(y_.at(y + 1)) : from;
+        if (how_.blend) return blendRow(*how_.blend, to, sourceRow(from, next, row_.data()), count);
         if (how_.operation == SRCCOPY) {
-            std::memcpy(to, sourceRow(from), count * 4);
+            if (const std::uint32_t* const row = sourceRow(from, next, to); row != to)
+                std::memcpy(to, row, count * 4);
             if (bitmap.isOpaque)
                 for (std::size_t i = 0; i < count; ++i) to[i] |= opaque;
             return;
         }
         if (!brush_.empty()) brushRow(context_, *context_.brush, part.left, y, brush_);
-        combineRow(how_.operation, to, sourceRow(from), brush_.data(), count);
+        combineRow(how_.operation, to, sourceRow(from, next, row_.data()), brush_.data(), count);
     }
 
     DeviceContext& context_;
@@ -165,6 +166,7 @@ private:
     const Copying& how_;
     const Axis x_, y_;
     int first_ = 0, last_ = 0, read_ = -1;
+    const std::uint32_t* done_ = nullptr;
     bool isStraight_ = false;
     std::vector<std::uint32_t> row_, brush_, whole_, columns_;
 };

@@ -4,6 +4,7 @@
 #include "corekit/platform/qt/drawing/DeviceContext.h"
 
 #include <cstring>
+#include <span>
 
 namespace corekit::detail {
 
@@ -21,6 +22,16 @@ public:
                            std::ptrdiff_t stride) const
     {
         for (int i = 0; i < rows; ++i, out += stride) read(top + i, from, to, out);
+    }
+    // Some pixels of a row, which never go back and forth; row `next` will be asked for then. False where the
+    // row has to be read whole.
+    virtual bool readColumns(int y, int next, std::span<const std::uint32_t> columns,
+                             std::uint32_t* out) const
+    {
+        const std::uint32_t* const from = row(y);
+        (void)next;
+        for (std::size_t i = 0; from && i < columns.size(); ++i) out[i] = from[columns[i]];
+        return from != nullptr;
     }
     // The row itself where it lies in memory in this form; null where it has to be read.
     virtual const std::uint32_t* row(int) const { return nullptr; }
