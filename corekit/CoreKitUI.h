@@ -2,7 +2,6 @@
 // build time includes what it uses instead. Made by tools/make_umbrella.sh.
 #pragma once
 
-#include "corekit/CoreKit.h"
 #include "corekit/commands/ui/AboutDialog.h"
 #include "corekit/commands/ui/AXPropertyPage.h"
 #include "corekit/commands/ui/AXPropertySheet.h"
@@ -14,6 +13,8 @@
 #include "corekit/commands/ui/PPage_Miscellaneous.h"
 #include "corekit/commands/ui/PPage_OptionsMgrBlank.h"
 #include "corekit/commands/ui/SoloCategoryPropSheet.h"
+#include "corekit/CoreKit.h"
+#include "corekit/devices/ui/PPage_SerialPort.h"
 #include "corekit/foundation/ui/BitmapResource.h"
 #include "corekit/foundation/ui/DrawHelpers.h"
 #include "corekit/foundation/ui/MenuHelpers.h"
@@ -59,6 +60,11 @@
 #include "corekit/graphics/ui/BitmapDrawCache.h"
 #include "corekit/graphics/ui/BufferDC.h"
 #include "corekit/graphics/ui/SysColourMetricCache.h"
+#include "corekit/hosts/ui/ControlPanelApp.h"
+#include "corekit/hosts/ui/DLG_SCMStatus.h"
+#include "corekit/hosts/ui/TrayAppWnd.h"
+#include "corekit/hosts/ui/TrayIcon.h"
+#include "corekit/hosts/ui/TrayIconApp.h"
 #include "corekit/logging/ui/DLG_Progress.h"
 #include "corekit/logging/ui/DLG_ProgressTwin.h"
 #include "corekit/logging/ui/DLG_ProgressTwinCancel.h"

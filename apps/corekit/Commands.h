@@ -22,5 +22,6 @@ void AddWordsCommand(CLI::App& app);
 void AddSettingsCommand(CLI::App& app);
 void AddFtpCommand(CLI::App& app);
 void AddConvertCommand(CLI::App& app);
+void AddAppletCommand(CLI::App& app);
 void AddSerialCommand(CLI::App& app);
 void AddScsiCommand(CLI::App& app);

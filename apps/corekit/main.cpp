@@ -88,6 +88,7 @@ int main(int argc, char** argv)
     AddFontsCommand(app);
     AddKeyboardsCommand(app);
     AddTypeCommand(app);
+    AddAppletCommand(app);
 #endif
     AddShapeCommand(app);
     AddCharCommand(app);

@@ -20,6 +20,7 @@
 #include "corekit/platform/SerialPorts.h"
 
 class CProgressSink;
+class CWnd;
 
 class COREKIT_API CSerialPort : public CObject {
     DECLARE_DYNAMIC(CSerialPort)
@@ -59,6 +60,9 @@ public:
 
     // The numbers of the machine's ports, in the order in which they became known.
     static void GetPortList(CArray<int, int>& ports);
+    // Shows what program this is, where ports are to be set up by hand; that box's result. Needs the window
+    // library; the parent is not used.
+    static int ModifyHandConfiguredPorts(CWnd* parent);
 
 private:
     static void GetHandConfiguredPorts(CArray<int, int>& ports);

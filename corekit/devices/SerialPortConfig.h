@@ -9,6 +9,7 @@
 #include "corekit/framework/Object.h"
 #include "corekit/platform/Registry.h"
 
+class CAXPropertySheet;
 class CPropertyStore;
 
 enum eFlowControlMode : int { flowNone = 0, flowHardware = 1, flowSoftware = 2 };
@@ -48,6 +49,10 @@ public:
     // 0 at the first value that is missing; those before it have been read.
     int LoadFromPropertyStore(CPropertyStore* store);
     void SaveToPropertyStore(CPropertyStore* store);
+
+    // Adds the page on which a user changes this object, which must outlive the sheet. The page offers the
+    // machine's ports, or with `allPorts` nonzero COM1 to COM99. Needs the window library.
+    void AddPropertyPages(CAXPropertySheet& sheet, unsigned int captionId, int allPorts);
 
 private:
     struct Line {

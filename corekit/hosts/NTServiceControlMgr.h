@@ -5,8 +5,9 @@
 //         return GetLastErrorString();
 //
 // A service is known by its name; nothing of it is kept open between two calls. Operations give nonzero for
-// success, else 0 with the reason as the thread's last error (platform/ServiceManager.h has the numbers). One
-// thread at a time.
+// success, else 0 with the reason as the thread's last error (platform/ServiceManager.h has the numbers);
+// those who report it find texts in resources/Messages.h, serviceCreateFailed and its neighbours. One thread
+// at a time.
 #pragma once
 
 #include "corekit/framework/Array.h"

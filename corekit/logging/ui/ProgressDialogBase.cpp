@@ -41,6 +41,7 @@ void ProgressDialogBase::PumpAll()
 {
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));
         if (m_hWnd && IsDialogMessageA(m_hWnd, &message)) continue;
         TranslateMessage(&message);
         DispatchMessageA(&message);

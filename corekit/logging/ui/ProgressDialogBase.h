@@ -20,7 +20,8 @@ protected:
     BOOL OnInitDialog() override;
     void OnOK() override {} // Enter and Escape do nothing
     void OnCancel() override {}
-    // Deals with what waits for this thread: offered to the dialog's keys first.
+    // Deals with what waits for this thread: offered to the dialog's keys first. The program's end is left to
+    // the program's own loop.
     void PumpAll();
 
     CString m_title;

@@ -7,6 +7,8 @@
 #include "corekit/resources/dialogs/LoggingDetails.h"
 #include "corekit/resources/dialogs/OptionsPages.h"
 #include "corekit/resources/dialogs/Progress.h"
+#include "corekit/resources/dialogs/SerialPortPage.h"
+#include "corekit/resources/dialogs/ServiceStatus.h"
 #include "corekit/resources/dialogs/UnicodePages.h"
 
 std::span<const DialogTemplate> corekit::detail::dialogTable()
@@ -30,6 +32,8 @@ std::span<const DialogTemplate> corekit::detail::dialogTable()
         progressWithCancel,
         selectFont,
         selectFonts,
+        serialPort,
+        serviceStatus,
         status,
         unicodeGeneral,
         unicodeLanguages,

@@ -1,0 +1,54 @@
+#include "corekit/resources/icons/TurningDots.h"
+
+#include <array>
+#include <cstddef>
+
+namespace corekit::detail {
+
+namespace {
+
+constexpr std::string_view head = "/* XPM */\n\"32 32 13 1\",\n\"  c None\",\n";
+constexpr std::string_view body = turningDots.substr(1);
+constexpr std::string_view colourLine = "\"a c #000000\",\n";
+constexpr std::size_t length = head.size() + turningSteps * colourLine.size() + body.size();
+using Picture = std::array<char, length>;
+
+// The newest dot is the darkest.
+constexpr Picture pictureOf(int step)
+{
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    Picture picture{};
+    std::size_t at = 0;
+    const auto add = [&](std::string_view text) {
+        for (const char c : text) picture[at++] = c;
+    };
+    add(head);
+    for (int dot = 0; dot < turningSteps; ++dot) {
+        const int age = (step - dot + turningSteps) % turningSteps;
+        const char grey[] = {digits[static_cast<std::size_t>(2 + age)], '8'};
+        const char letter = static_cast<char>('a' + dot);
+        add("\"");
+        add({&letter, 1});
+        add(" c #");
+        for (int channel = 0; channel < 3; ++channel) add({grey, 2});
+        add("\",\n");
+    }
+    add(body);
+    return picture;
+}
+
+constexpr std::array<Picture, turningSteps> pictures = [] {
+    std::array<Picture, turningSteps> all{};
+    for (int step = 0; step < turningSteps; ++step) all[static_cast<std::size_t>(step)] = pictureOf(step);
+    return all;
+}();
+
+} // namespace
+
+std::string_view turningIcon(int step)
+{
+    const Picture& picture = pictures[static_cast<std::size_t>(step)];
+    return {picture.data(), picture.size()};
+}
+
+} // namespace corekit::detail
