@@ -102,21 +102,37 @@ void CServiceIcon::OnRightButtonDown()
     TrackPopupMenu(menu, TPM_RIGHTBUTTON, place.x, place.y, 0, AfxGetMainWnd()->GetSafeHwnd());
 }
 
-void CServiceIcon::Change(unsigned int textId,
-                          int (CNTServiceControlMgr::*change)(const char*, CProgressSink*))
+// Why it could not be done; empty if it could.
+CString CServiceIcon::Try(unsigned int textId, Operation operation)
 {
-    if (m_isBusy) return; // clicks come in while the window below works
-    m_isBusy = true;
+    Look();
+    if (m_state == 0) return m_reason;
     DLG_SCMStatus status(textId);
     status.Create(AfxGetMainWnd());
-    const int isDone = (m_manager.*change)(m_service, status.GetProgressSink());
-    const CString reason = GetLastErrorString();
+    const int isDone = (m_manager.*operation)(m_service, status.GetProgressSink());
+    const CString reason = isDone ? CString() : GetLastErrorString();
     status.DestroyWindow();
-    m_isBusy = false;
     Look();
-    if (!isDone) AfxMessageBox(m_service + ": " + reason, MB_ICONEXCLAMATION);
+    return reason;
+}
+
+// Clicks and the menu come in while the windows of this are up.
+void CServiceIcon::Change(unsigned int textId, Operation operation)
+{
+    if (m_isBusy) return;
+    m_isBusy = true;
+    const CString reason = Try(textId, operation);
+    if (!reason.IsEmpty()) AfxMessageBox(m_service + ": " + reason, MB_ICONEXCLAMATION);
+    m_isBusy = false;
+    if (m_quits) OnQuit();
 }
 
 void CServiceIcon::OnStart() { Change(textStarting, &CNTServiceControlMgr::StartServiceA); }
 void CServiceIcon::OnStop() { Change(textStopping, &CNTServiceControlMgr::StopService); }
-void CServiceIcon::OnQuit() { m_app.Shutdown(); } // this object goes with it
+
+// This object goes with the program.
+void CServiceIcon::OnQuit()
+{
+    m_quits = m_isBusy;
+    if (!m_quits) m_app.Shutdown();
+}

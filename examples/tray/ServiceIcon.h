@@ -34,7 +34,9 @@ private:
     // 0 while the manager does not tell.
     DWORD State();
     void Look();
-    void Change(unsigned int textId, int (CNTServiceControlMgr::*change)(const char*, CProgressSink*));
+    using Operation = int (CNTServiceControlMgr::*)(const char*, CProgressSink*);
+    CString Try(unsigned int textId, Operation operation);
+    void Change(unsigned int textId, Operation operation);
 
     CTrayIconApp& m_app;
     const CString m_service;
@@ -42,5 +44,5 @@ private:
     DWORD m_state = 0;
     CString m_reason; // why the state is not known
     int m_timer = 0;
-    bool m_isBusy = false;
+    bool m_isBusy = false, m_quits = false; // it quits once it is not busy
 };
