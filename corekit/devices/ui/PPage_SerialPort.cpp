@@ -102,7 +102,6 @@ void CSerialPortConfig::AddPropertyPages(CAXPropertySheet& sheet, unsigned int c
 
 int CSerialPort::ModifyHandConfiguredPorts(CWnd*)
 {
-    constexpr UINT picture = 4001;
     const CWinApp* const app = AfxGetApp();
-    return scShowStandardAboutDialog(app ? app->m_hInstance : nullptr, picture, 0, nullptr);
+    return scShowStandardAboutDialog(app ? app->m_hInstance : nullptr, portsPicture, 0, nullptr);
 }

@@ -5,19 +5,19 @@
 #include "corekit/platform/Statics.h"
 #include "corekit/platform/Waits.h"
 #include "corekit/resources/dialogs/ServiceStatus.h"
+#include "corekit/resources/icons/TurningDots.h"
 
 IMPLEMENT_DYNAMIC(DLG_SCMStatus, CDialog)
 
 namespace {
 using namespace corekit::detail::dialogs;
 
-constexpr int firstIcon = 4021;
 constexpr DWORD timeToAppear = 100; // milliseconds
 } // namespace
 
 DLG_SCMStatus::DLG_SCMStatus(unsigned int textId) : ProgressDialogBase(""), m_text(LoadResourceString(textId))
 {
-    for (WORD number = firstIcon; HICON & icon : m_icons)
+    for (WORD number = corekit::detail::firstTurningIcon; HICON & icon : m_icons)
         icon = LoadIconA(nullptr, MAKEINTRESOURCEA(number++));
 }
 

@@ -10,6 +10,8 @@ inline constexpr int serialPortChoice = 1006, serialRateChoice = 1007, serialBit
                      serialParityNone = 1012, serialParitySpace = 1016, serialFlowNone = 1017, serialFlowSoftware = 1019,
                      serialStop1 = 1025, serialStop2 = 1027;
 
+inline constexpr UINT portsPicture = 4001; // a program's own, in the box that stands for setting ports up by hand
+
 inline constexpr DialogItem serialPortItems[] = {
     box("Serial Port", {7, 7, 116, 34}),
     choice(serialPortChoice, {15, 20, 100, 120}, CBS_DROPDOWN),

@@ -7,6 +7,7 @@
 namespace corekit::detail {
 
 inline constexpr int turningSteps = 12;
+inline constexpr int firstTurningIcon = 4021; // the number of the first step
 
 // clang-format off
 // Each dot has a letter of its own, clockwise from the top.
