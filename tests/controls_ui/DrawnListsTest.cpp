@@ -154,9 +154,14 @@ TEST(ListBoxes, RunOverSeveralColumnsWithSeveralRowsSelected)
 TEST(CheckLists, AreMarkedBySpaceAndClick)
 {
     Parent parent;
-    const HWND list = parent.add(WC_LISTBOXA, "", LBS_NOTIFY);
+    const HWND list = parent.add(WC_LISTBOXA, "", LBS_NOTIFY | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS);
     for (const char* name : {"one", "two", "three"}) send(list, LB_ADDSTRING, 0, name);
     send(list, CLB_SETCHECK, 2, LPARAM{1});
+    parent.hook = [](UINT message, WPARAM, LPARAM, LRESULT&) {
+        EXPECT_NE(message, WM_DRAWITEM) << "such a list draws its rows";
+        return false;
+    };
+    RunWaiting();
     send(list, CLB_ENABLE, 1, LPARAM{0});
     SetFocus(list);
     send(list, LB_SETCURSEL, 0);

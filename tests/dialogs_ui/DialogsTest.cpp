@@ -43,6 +43,8 @@ TEST_F(Dialogs, AStockBoxHasThePlatformsAnswers)
 {
     Acts yes{Press(VK_RETURN)};
     EXPECT_EQ(StockMessageBox(nullptr, "Yes?", MB_YESNO | MB_ICONQUESTION), IDYES);
+    Acts no{Press('N', {VK_MENU})};
+    EXPECT_EQ(StockMessageBox(nullptr, "No?", MB_YESNO), IDNO);
     Acts cancel{Press(escape)};
     EXPECT_EQ(StockMessageBox(nullptr, "Yes?", MB_YESNOCANCEL), IDCANCEL);
 }

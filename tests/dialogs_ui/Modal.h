@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corekit/framework/WinApp.h"
+#include "corekit/platform/Input.h"
 #include "corekit/platform/InputTest.h"
 #include "corekit/platform/Messages.h"
 #include "corekit/platform/Timers.h"
@@ -10,6 +11,7 @@
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
+#include <utility>
 #include <vector>
 
 // Runs one act after the other, each in a turn of the loop of its own. The last one, which ends the dialog,
@@ -42,21 +44,28 @@ private:
         current->m_turns = 0;
         PostMessageA(current->m_window.GetSafeHwnd(), WM_USER, 0, 0); // a timer does not tick within itself
     }
+    // An act that deals with what waits does not run the next one, only one that has opened another dialog.
     LRESULT Next()
     {
+        if (m_depth > 0 && ::GetActiveWindow() == m_activeBefore) return 0;
         const Act act = m_acts.front();
         if (m_acts.size() > 1)
             m_acts.pop_front();
         else
             m_lastRan = true;
+        const HWND outer = std::exchange(m_activeBefore, ::GetActiveWindow());
+        ++m_depth;
         act();
+        --m_depth;
+        m_activeBefore = outer;
         return 0;
     }
 
     static inline Acts* current = nullptr;
     std::deque<Act> m_acts;
     MessageWindow m_window;
-    int m_turns = 0;
+    int m_turns = 0, m_depth = 0;
+    HWND m_activeBefore = nullptr;
     bool m_lastRan = false;
     UINT_PTR m_timer;
 };

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# The examples under an X server with a small window manager, used as a person would: desktop.sh EDIT LIST.
+# The examples under an X server with a small window manager, used as a person would: desktop.sh EDIT LIST OPTIONS.
 # Real focus, the clipboard between two processes, the mouse captured beyond the window.
 set -u
-edit=$1 list=$2
+edit=$1 list=$2 options=$3
 for tool in Xvfb openbox xdotool xclip; do
     command -v "$tool" >/dev/null || { echo "desktop.sh: $tool is missing"; exit 1; }
 done
@@ -73,5 +73,16 @@ eval "$(xdotool getwindowgeometry --shell "$window")"
 xdotool mousemove $((X + 60)) $((Y + 100)) click 1
 xdotool key ctrl+a Home
 is_active || fail "the list lost the focus"
+close
+cd "$home" || exit 1 # where the log goes
+open "^Options$" "$options"
+xdotool key Return # no category yet
+until_true gone || fail "Return does not confirm the options"
+open "^Options$" "$options"
+eval "$(xdotool getwindowgeometry --shell "$window")"
+xdotool mousemove $((X + 60)) $((Y + 15)) click 1
+xdotool key Home Down # the pages of each category passed are loaded
+loaded() { [ "$(grep -c "18. COptionsPropertySheet::DONE" options.log)" -ge 2 ]; }
+until_true loaded || fail "the categories picked were not loaded"
 close
 echo "The desktop test is through."

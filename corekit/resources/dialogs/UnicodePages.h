@@ -19,7 +19,7 @@ inline constexpr DialogTemplate unicodeGeneral = {4003, "General", 252, 200, pag
 
 inline constexpr DialogItem unicodeLanguagesItems[] = {
     label("Select which keyboard layouts you wish to activate", {7, 7, 238, 10}),
-    list(1009, {7, 20, 238, 142}, LBS_OWNERDRAWFIXED | LBS_HASSTRINGS),
+    list(1009, {7, 20, 238, 142}),
     label("Default keyboard layout:", {7, 173, 96, 10}),
     choice(1013, {107, 170, 138, 120}),
 };

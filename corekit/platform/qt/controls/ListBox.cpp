@@ -393,6 +393,8 @@ LRESULT ListBox::marks(UINT message, WPARAM wParam, LPARAM lParam)
                          : m_markStyle == BS_AUTOCHECKBOX ? 2
                          : m_markStyle == BS_AUTO3STATE   ? 3
                                                           : 0);
+        m_delegate->isOwnerDrawn = isOwnerDrawn() && m_markStyle == 0; // a list with marks draws itself
+        face()->viewport()->update();
     }
     if (message == CLB_SETCHECKSTYLE) return LB_OKAY;
     if (message == CLB_GETCHECKSTYLE) return m_markStyle;
