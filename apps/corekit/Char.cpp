@@ -1,7 +1,7 @@
 // corekit char: one row of the character database.
 #include "Commands.h"
 #include "Names.h"
-#include "Terminal.h"
+#include "Table.h"
 #include "TextFile.h"
 
 #include "corekit/foundation/StringW.h"
@@ -59,7 +59,7 @@ void ShowChar(const std::string& text)
     const char16_t c = ParseCodePoint(text);
     const auto& row = CUnicodeCharTypes::m_tbl[c >> 8][c & 0xFF];
     const int joining = CArabicJoiningClasses::GetJoiningType(c);
-    std::vector<std::vector<std::string>> rows = {
+    TableRows rows = {
         {"field", "value"},
         {"code point", CodePoint(c) + " " + Visible(c)},
         {"general type", std::to_string(row.generalType) + " " + GeneralTypeName(row.generalType)},
@@ -84,6 +84,6 @@ void AddCharCommand(CLI::App& app)
     auto* command = app.add_subcommand("char", "Print the database row and joining class of a character");
     auto text = std::make_shared<std::string>();
     command->add_option("CODE", *text, "U+0628, 628 (hexadecimal) or the character itself")->required();
-    command->footer("Example: corekit char U+0628");
+    OfferJson(*command);
     command->callback([text] { ShowChar(*text); });
 }

@@ -6,7 +6,7 @@
 #include "corekit/unicode/codepages/CodePageNames.h"
 
 #include "CodePageAliases.h"
-#include "Terminal.h"
+#include "Table.h"
 
 #include <algorithm>
 #include <charconv>
@@ -91,7 +91,7 @@ void PrintCodePages()
     for (const auto& row : corekit::detail::kCodePageNameRows)
         listed[static_cast<int>(row.codePage)] = GetCodePageName(row.codePage);
     for (int i = 0; i < cconvGetCPCount(); ++i) listed[cconvGetCodePage(i)] = cconvGetCPName(i);
-    std::vector<std::vector<std::string>> rows{{"number", "name", "converts", "text"}};
+    TableRows rows{{"number", "name", "converts", "text"}};
     for (const auto& [page, text] : listed) {
         const bool converts = CanConvert(page);
         rows.push_back({std::to_string(page), converts ? ShownName(page) : "-",
@@ -100,5 +100,5 @@ void PrintCodePages()
                                              : "both ways",
                         text});
     }
-    PrintTable(rows);
+    PrintTable(rows, {"number"});
 }

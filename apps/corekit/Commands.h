@@ -25,3 +25,4 @@ void AddConvertCommand(CLI::App& app);
 void AddAppletCommand(CLI::App& app);
 void AddSerialCommand(CLI::App& app);
 void AddScsiCommand(CLI::App& app);
+void AddDoctorCommand(CLI::App& app);

@@ -1,6 +1,7 @@
 // corekit convert: text from one code page to another, a part at a time.
 #include "Commands.h"
 #include "OutputFile.h"
+#include "Table.h"
 #include "Terminal.h"
 
 #include "corekit/platform/CodePages.h"
@@ -230,11 +231,12 @@ void Convert(const Wish& wish)
         throw std::runtime_error("--from and --to must both be given (see convert --help)");
     std::error_code none;
     const auto size = wish.file.empty() ? 0 : fs::file_size(wish.file, none);
-    const File in(wish.file.empty() ? nullptr : std::fopen(wish.file.c_str(), "rb"));
-    if (!in && !wish.file.empty()) FailAt(wish.file);
+    const bool isFile = !wish.file.empty() && wish.file != "-";
+    const File in(!isFile ? nullptr : std::fopen(wish.file.c_str(), "rb"));
+    if (!in && isFile) FailAt(wish.file);
     ProgressBar bar("converting", none ? 0 : static_cast<std::size_t>(size / block));
     std::FILE* const source = in ? in.get() : stdin;
-    if (wish.out.empty()) return Conversion(wish, source, nullptr).Run(bar);
+    if (wish.out.empty() || wish.out == "-") return Conversion(wish, source, nullptr).Run(bar);
     OutputFile out(wish.out);
     Conversion(wish, source, &out).Run(bar);
     out.Commit();
@@ -248,13 +250,13 @@ void AddConvertCommand(CLI::App& app)
     CLI::App* command = app.add_subcommand("convert", "Convert text from one code page to another");
     command->footer(
         "A code page is a number, a common name such as windows-1256 or shift_jis, or a text of the list.\n"
-        "What cannot be converted ends the work with its line, unless --replace is given.\n\n"
-        "  corekit convert --from 1256 --to utf-8 script.txt > script.utf8.txt");
+        "What cannot be converted ends the work with its line, unless --replace is given.");
     command->add_option("--from", wish->from, "The code page that the text is in");
     command->add_option("--to", wish->to, "The code page that it is wanted in");
-    command->add_option("file", wish->file, "The file to read, by default standard input");
-    command->add_option("-o,--output", wish->out, "The file to write, by default standard output");
+    command->add_option("file", wish->file, "The file to read; - or none is standard input");
+    command->add_option("-o,--output", wish->out, "The file to write; - or none is standard output");
     command->add_flag("--replace", wish->replaces, "Put ? or U+FFFD for what cannot be converted, and go on");
+    OfferJson(*command);
     command->add_flag("--list", wish->lists, "Print all code pages with their names");
     command->callback([wish] { Convert(*wish); });
 }

@@ -2,7 +2,7 @@
 #include "Commands.h"
 #include "Output.h"
 #include "Raster.h"
-#include "Terminal.h"
+#include "Table.h"
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/graphics/Dib.h"
@@ -74,8 +74,7 @@ void EndWith(const std::string& unread)
 
 void Info(const DibOptions& options)
 {
-    std::vector<std::vector<std::string>> rows = {
-        {"FILE", "WIDTH", "HEIGHT", "BITS", "COLOURS", "ROWS", "BYTES"}};
+    TableRows rows = {{"FILE", "WIDTH", "HEIGHT", "BITS", "COLOURS", "ROWS", "BYTES"}};
     const std::string unread = LoadEach(options, [&](std::size_t i, const CDib* dib) {
         if (!dib) return;
         const BITMAPINFOHEADER& header = dib->GetBitmapInfo()->bmiHeader;
@@ -84,7 +83,7 @@ void Info(const DibOptions& options)
                         std::to_string((dib->GetInfoSize() - sizeof header) / 4),
                         header.biHeight < 0 ? "top down" : "bottom up", std::to_string(dib->GetDataSize())});
     });
-    if (rows.size() > 1) PrintTable(rows);
+    if (rows.size() > 1) PrintTable(rows, {"WIDTH", "HEIGHT", "BITS", "COLOURS", "BYTES"});
     EndWith(unread);
 }
 
@@ -190,6 +189,7 @@ void AddDibCommand(CLI::App& app)
 
     auto* info = command->add_subcommand("info", "Size, depth and colours of each bitmap");
     info->add_option("FILE", options->files, "Bitmap files")->required();
+    OfferJson(*info);
     info->callback([options] { Info(*options); });
 
     auto* convert = command->add_subcommand("convert", "A bitmap to PNG, or PNG to a bitmap");

@@ -269,7 +269,5 @@ void AddDrawCommand(CLI::App& app)
     command->add_flag("--small", options->isSmall, "Take more time for smaller files");
     command->add_flag("--complex", options->complex,
                       "Leave all shaping to the platform (Devanagari, Bengali, Tamil)");
-    command->footer(
-        "Example: corekit draw script.txt -o pictures --bidi --font 'Noto Sans' --font 'Noto Sans Arabic'");
     command->callback([options] { Draw(*options); });
 }

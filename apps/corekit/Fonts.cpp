@@ -3,7 +3,7 @@
 #include "Commands.h"
 #include "FontComparison.h"
 #include "Output.h"
-#include "Terminal.h"
+#include "Table.h"
 #include "TextFile.h"
 
 #include "corekit/platform/Toolkit.h"
@@ -84,8 +84,6 @@ void AddBuild(CLI::App& fonts)
         ->type_name("FACE");
     command->add_flag("--register", options->isRegistered,
                       "Enter it in the registry, so that text of the script is drawn with it");
-    command->footer(
-        "Example: corekit fonts build --script devanagari --from 'Noto Sans Devanagari' -o fonts --register");
     command->callback([options] { Build(*options); });
 }
 
@@ -149,7 +147,7 @@ void PrintJson(const CompareOptions& options, const std::vector<WordLikeness>& w
 
 void PrintWords(const CompareOptions& options, const std::vector<WordLikeness>& words)
 {
-    std::vector<std::vector<std::string>> rows{{"word", "overlap"}};
+    TableRows rows{{"word", "overlap"}};
     for (std::size_t i = 0; i < std::min(options.worst, words.size()); ++i)
         rows.push_back(
             {Utf8(words[i].word), std::to_string(static_cast<int>(words[i].overlap * 100)) + " %"});

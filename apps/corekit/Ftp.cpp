@@ -2,6 +2,7 @@
 #include "Commands.h"
 #include "FtpPlace.h"
 #include "OutputFile.h"
+#include "Table.h"
 #include "Terminal.h"
 
 #include "corekit/foundation/ChainedException.h"
@@ -131,7 +132,14 @@ std::vector<std::string> Lines(Session& session, bool isLong)
 void List(const Options& options)
 {
     Session session(options);
-    for (const std::string& line : Lines(session, options.isLong)) PrintLine(line);
+    const std::vector<std::string> lines = Lines(session, options.isLong);
+    if (!IsJsonWanted()) {
+        for (const std::string& line : lines) PrintLine(line);
+        return;
+    }
+    TableRows rows = {{options.isLong ? "line" : "name"}};
+    for (const std::string& line : lines) rows.push_back({line});
+    PrintTable(rows);
 }
 
 // The size of a file as the usual long listing tells it; 0 when it does not.
@@ -241,8 +249,9 @@ void AddFtpCommand(CLI::App& app)
         command->callback([options, run] { run(*options); });
         return command;
     };
-    add("ls", "List the names in a folder", List, nullptr)
-        ->add_flag("-l,--long", options->isLong, "The server's own long form");
+    CLI::App* list = add("ls", "List the names in a folder", List, nullptr);
+    list->add_flag("-l,--long", options->isLong, "The server's own long form");
+    OfferJson(*list);
     add("get", "Fetch files", Get, "Files on the server")
         ->add_option("-o,--output", options->folder, "The folder to put them in, by default this one");
     add("put", "Send files", Put, "Files of this machine");

@@ -171,6 +171,5 @@ void AddLogCommand(CLI::App& app)
     follow->add_option("-n,--lines", options->lines, "How many of the last ones (10)");
     follow->add_option("--filter", options->filter, "Only entries with this text in their first line");
     follow->add_flag("--once", options->once, "Stop where the log ends now");
-    log->footer("Colours by level: green information, yellow warnings, red errors.\n"
-                "Example: corekit log follow /var/log/prompter/Server --level Warning --filter Disk");
+    log->footer("Colours by level: green information, yellow warnings, red errors.");
 }

@@ -1,5 +1,6 @@
 #include "Commands.h"
 #include "OutputFile.h"
+#include "Table.h"
 #include "Terminal.h"
 
 #include "corekit/foundation/ChainedException.h"
@@ -91,7 +92,7 @@ void List(const Options& options)
 {
     COleFile file;
     Open(file, options.file, kShareReading);
-    std::vector<std::vector<std::string>> rows = {{"kind", "bytes", "name"}};
+    TableRows rows = {{"kind", "bytes", "name"}};
     Walk(file.GetStorage(), {}, [&](IStorage*, const STATSTG& element, const std::vector<std::string>& path) {
         std::string name;
         for (const std::string& part : path) name += (name.empty() ? "" : "/") + FileName(part);
@@ -99,7 +100,7 @@ void List(const Options& options)
         rows.push_back(
             {isStream ? "stream" : "storage", isStream ? std::to_string(element.cbSize) : "", name});
     });
-    PrintTable(rows);
+    PrintTable(rows, {"bytes"});
 }
 
 void CopyOut(IStorage* storage, const STATSTG& element, const std::filesystem::path& target)
@@ -182,7 +183,7 @@ void AddOleCommand(CLI::App& app)
         command->callback([options, run] { run(*options); });
         return command;
     };
-    add("list", "Print streams and storages", List);
+    OfferJson(*add("list", "Print streams and storages", List));
     CLI::App* extract = add("extract", "Write streams into a folder", Extract);
     extract->add_option("name", options->name, "Only this stream");
     extract->add_option("-o,--output", options->folder, "The folder, by default this one");

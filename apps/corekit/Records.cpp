@@ -1,6 +1,7 @@
 // corekit records: record files from the command line.
 #include "Commands.h"
 #include "Output.h"
+#include "Table.h"
 #include "Terminal.h"
 
 #include "corekit/foundation/ChainedException.h"
@@ -125,9 +126,22 @@ void Delete(const Options& o)
     records->Flush();
 }
 
+void ListAsJson(Records& records)
+{
+    const char* before = "[\n";
+    for (int i = 0; i < records->GetRecordCount(); ++i) {
+        const DWORD size = records->GetRecordSize(i);
+        if (size == 0) continue;
+        Print("%s  {\"number\": %d, \"bytes\": %u}", before, i, size);
+        before = ",\n";
+    }
+    PrintLine(*before == '[' ? "[]" : "\n]");
+}
+
 void List(const Options& o)
 {
     Records records(o.file);
+    if (IsJsonWanted()) return ListAsJson(records);
     Print("%10s  %10s\n", "number", "bytes"); // at once: there can be millions
     for (int i = 0; i < records->GetRecordCount(); ++i)
         if (const DWORD size = records->GetRecordSize(i)) Print("%10d  %10u\n", i, size);
@@ -190,7 +204,7 @@ void AddRecordsCommand(CLI::App& app)
     replace->add_option("NUMBER", options->number)->required();
     replace->add_option("SOURCE", options->source, "File with the bytes, - for standard input")->required();
     command("delete", "Delete records", Delete)->add_option("NUMBER", options->numbers)->required();
-    command("list", "Print numbers and sizes", List);
+    OfferJson(*command("list", "Print numbers and sizes", List));
     auto* const check = command("check", "Look for faults; exit code 1 if there are any", Check);
     check->add_flag("--repair", options->repair,
                     "Delete overlapping records, rebuild a faulty free-space map");
@@ -198,5 +212,4 @@ void AddRecordsCommand(CLI::App& app)
     command("salvage", "Copy what can be read into a new file; exit code 1 if not all was sound", Salvage)
         ->add_option("OUT", options->target, "The new file")
         ->required();
-    records->footer("Example: corekit records create notes.vlr && corekit records add notes.vlr *.txt");
 }

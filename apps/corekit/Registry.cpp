@@ -1,5 +1,6 @@
 #include "Commands.h"
 #include "Output.h"
+#include "Table.h"
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/resources/Messages.h"
@@ -59,10 +60,23 @@ void Set(const Options& options)
         ThrowChainedException(GetLastErrorException(static_cast<DWORD>(code)), message::setValueFailed);
 }
 
+void ListAsJson(CRegistryKey& key)
+{
+    TableRows rows = {{"kind", "name", "value"}};
+    for (const std::string& name : RegistryKeyNames(key)) rows.push_back({"key", name, ""});
+    for (const std::string& name : RegistryValueNames(key)) {
+        RegistryItem item;
+        if (ReadRegistryItem(key, name.c_str(), item))
+            rows.push_back({"value", name, FormatRegistryValue(item)});
+    }
+    PrintTable(rows);
+}
+
 void List(const Options& options)
 {
     CRegistryKey key;
     Opened(key, options, KEY_READ);
+    if (IsJsonWanted()) return ListAsJson(key);
     for (const std::string& name : RegistryKeyNames(key)) Print("[%s]\n", name.c_str());
     for (const std::string& name : RegistryValueNames(key)) {
         RegistryItem item;
@@ -128,7 +142,7 @@ void AddRegistryCommand(CLI::App& app)
     set->add_option("name", options->name, "The value's name")->required();
     set->add_option("value", options->value, "As get prints it: 'text \"abc\"', 'number 1', 'binary 0A FF'")
         ->required();
-    withKey(add("list", "Print the keys below a key, and its values", List));
+    OfferJson(*withKey(add("list", "Print the keys below a key, and its values", List)));
     CLI::App* remove = withKey(add("delete", "Delete a value, or with --key a key and all below it", Delete));
     CLI::Option* name = remove->add_option("name", options->unwanted, "The value's name");
     remove->add_flag("--key", options->whole, "Delete the key")->excludes(name);

@@ -1,6 +1,7 @@
 // corekit scsi: the machine's SCSI devices.
 #include "Commands.h"
-#include "Terminal.h"
+#include "Output.h"
+#include "Table.h"
 
 #include "corekit/devices/Scsi.h"
 #include "corekit/platform/DeviceFolders.h"
@@ -48,17 +49,16 @@ void EachDevice(Use use)
 
 void List()
 {
-    std::vector<std::vector<std::string>> rows = {
-        {"ADDRESS", "TYPE", "VENDOR", "PRODUCT", "REVISION", "DRIVER"}};
+    TableRows rows = {{"ADDRESS", "TYPE", "VENDOR", "PRODUCT", "REVISION", "DRIVER"}};
     EachDevice([&](const CScsiAddress& address, const CScsiDeviceInfo& info) {
         rows.push_back({address.MakeRawString().GetString(), TypeName(info.m_type), info.m_vendor.GetString(),
                         info.m_product.GetString(), info.m_revision.GetString(),
                         info.m_claimed ? "yes" : "no"});
     });
-    if (rows.size() > 1)
+    if (rows.size() > 1 || IsJsonWanted())
         PrintTable(rows);
     else
-        std::puts("This machine has no SCSI devices.");
+        PrintLine("This machine has no SCSI devices.");
 }
 
 void Inquire(const std::string& text)
@@ -72,14 +72,14 @@ void Inquire(const std::string& text)
     CScsiDeviceInfo info;
     if (!adaptor || !adaptor->GetDeviceInfo(address.m_bus, address.m_id, address.m_lun, info))
         throw std::runtime_error(text + ": there is no such device");
-    std::printf("place      %s\n", address.MakeAddressString().GetString());
-    std::printf("type       %d, %s\n", info.m_type, TypeName(info.m_type).c_str());
-    std::printf("vendor     %s\n", info.m_vendor.GetString());
-    std::printf("product    %s\n", info.m_product.GetString());
-    std::printf("revision   %s\n", info.m_revision.GetString());
-    std::printf("removable  %s\n", info.m_removable ? "yes" : "no");
-    std::printf("driver     %s\n", info.m_claimed ? "yes" : "no");
-    std::printf("transfers  up to %lu bytes\n", adaptor->GetMaxTransfer());
+    Print("place      %s\n", address.MakeAddressString().GetString());
+    Print("type       %d, %s\n", info.m_type, TypeName(info.m_type).c_str());
+    Print("vendor     %s\n", info.m_vendor.GetString());
+    Print("product    %s\n", info.m_product.GetString());
+    Print("revision   %s\n", info.m_revision.GetString());
+    Print("removable  %s\n", info.m_removable ? "yes" : "no");
+    Print("driver     %s\n", info.m_claimed ? "yes" : "no");
+    Print("transfers  up to %lu bytes\n", adaptor->GetMaxTransfer());
 }
 
 } // namespace
@@ -93,7 +93,9 @@ void AddScsiCommand(CLI::App& app)
     scsi->add_option("--devices", folders->devices, "The folder of device files")->capture_default_str();
     scsi->add_option("--sysfs", folders->system, "The folder in which the kernel tells of them")
         ->capture_default_str();
-    scsi->add_subcommand("list", "Print what is attached to the machine's adaptors")->callback([folders] {
+    CLI::App* list = scsi->add_subcommand("list", "Print what is attached to the machine's adaptors");
+    OfferJson(*list);
+    list->callback([folders] {
         SetDeviceFolders(*folders);
         List();
     });

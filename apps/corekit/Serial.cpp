@@ -1,5 +1,7 @@
 // corekit serial: the machine's serial ports, and what goes through them.
 #include "Commands.h"
+#include "Output.h"
+#include "Table.h"
 #include "Terminal.h"
 
 #include "corekit/devices/SerialPort.h"
@@ -75,13 +77,13 @@ std::string PortName(const Options& options) { return "COM" + std::to_string(Num
 
 void List(const Options&)
 {
-    std::vector<std::vector<std::string>> rows = {{"PORT", "DEVICE", "DRIVER", "DESCRIPTION"}};
+    TableRows rows = {{"PORT", "DEVICE", "DRIVER", "DESCRIPTION"}};
     for (const SerialPortFacts& port : ListSerialPorts())
         rows.push_back({"COM" + std::to_string(port.number), port.device, port.driver, port.description});
-    if (rows.size() > 1)
+    if (rows.size() > 1 || IsJsonWanted())
         PrintTable(rows);
     else
-        std::puts("This machine has no serial ports.");
+        PrintLine("This machine has no serial ports.");
 }
 
 void Show(const Options& options)
@@ -92,17 +94,17 @@ void Show(const Options& options)
     const eFlowControlMode flow = line.fOutxCtsFlow         ? flowHardware
                                   : line.fOutX || line.fInX ? flowSoftware
                                                             : flowNone;
-    std::printf("port          %s\n", PortName(options).c_str());
-    std::printf("rate          %u bits per second\n", line.BaudRate);
-    std::printf("data bits     %d\n", line.ByteSize);
-    std::printf("parity        %s\n", NameOf(parities, int{line.Parity}).c_str());
-    std::printf("stop bits     %s\n", NameOf(stopBits, int{line.StopBits}).c_str());
-    std::printf("flow control  %s\n", NameOf(flows, flow).c_str());
+    Print("port          %s\n", PortName(options).c_str());
+    Print("rate          %u bits per second\n", line.BaudRate);
+    Print("data bits     %d\n", line.ByteSize);
+    Print("parity        %s\n", NameOf(parities, int{line.Parity}).c_str());
+    Print("stop bits     %s\n", NameOf(stopBits, int{line.StopBits}).c_str());
+    Print("flow control  %s\n", NameOf(flows, flow).c_str());
     unsigned long signals = 0;
     if (!port.GetCommModemStatus(&signals)) return; // a device without signals
     const auto on = [&](unsigned long signal) { return signals & signal ? "on" : "off"; };
-    std::printf("signals       CTS %s, DSR %s, ring %s, carrier %s\n", on(MS_CTS_ON), on(MS_DSR_ON),
-                on(MS_RING_ON), on(MS_RLSD_ON));
+    Print("signals       CTS %s, DSR %s, ring %s, carrier %s\n", on(MS_CTS_ON), on(MS_DSR_ON), on(MS_RING_ON),
+          on(MS_RLSD_ON));
 }
 
 void Open(CSerialPort& port, const Options& options, COMMTIMEOUTS timeouts)
@@ -152,9 +154,9 @@ public:
     {
         if (!m_isHex) std::fwrite(bytes, 1, count, stdout);
         for (std::size_t i = 0; m_isHex && i < count; ++i, ++m_count) {
-            if (m_count % 16 == 0) std::printf("%08zx ", m_count);
-            std::printf(" %02x%s", static_cast<unsigned>(static_cast<unsigned char>(bytes[i])),
-                        m_count % 16 == 15 ? "\n" : "");
+            if (m_count % 16 == 0) Print("%08zx ", m_count);
+            Print(" %02x%s", static_cast<unsigned>(static_cast<unsigned char>(bytes[i])),
+                  m_count % 16 == 15 ? "\n" : "");
         }
         std::fflush(stdout);
     }
@@ -212,9 +214,7 @@ void AddSerialCommand(CLI::App& app)
         ->capture_default_str();
     serial->footer(
         "COM1 is ttyS0, COM33 ttyUSB0, COM65 ttyACM0, COM97 ttyAMA0, and so on; a link of the name "
-        "COM5 in the folder of devices\ngoes before that.\n\n"
-        "  corekit serial send COM33 --baud 19200 --parity even script.txt\n"
-        "  corekit serial listen COM33 --hex --for 10");
+        "COM5 in the folder of devices\ngoes before that.");
     const auto add = [&](const char* name, const char* text, void (*run)(const Options&)) {
         CLI::App* command = serial->add_subcommand(name, text);
         command->callback([options, folders, run] {
@@ -227,7 +227,7 @@ void AddSerialCommand(CLI::App& app)
         command->add_option("port", options->port, "COM3, 3, or its device file")->required();
         return command;
     };
-    add("list", "Print the machine's ports", List);
+    OfferJson(*add("list", "Print the machine's ports", List));
     withPort(add("show", "Print how a port's line is set", Show));
     CLI::App* send = withPort(add("send", "Send a file, a text, or standard input", Send));
     send->add_option("file", options->file, "What to send; - is standard input");

@@ -2,7 +2,7 @@
 #include "Commands.h"
 #include "Output.h"
 #include "OutputFile.h"
-#include "Terminal.h"
+#include "Table.h"
 #include "TextFile.h"
 
 #include "corekit/platform/Files.h"
@@ -127,7 +127,7 @@ void AddRows(CPropertyStore& store, const std::string& indent, std::vector<std::
 void Show(const Options& options)
 {
     CPropertyStore store = Load(options.file);
-    std::vector<std::vector<std::string>> rows = {{"name", "type", "value"}};
+    TableRows rows = {{"name", "type", "value"}};
     AddRows(store, "", rows);
     PrintTable(rows);
 }
@@ -226,7 +226,7 @@ void AddSettingsCommand(CLI::App& app)
         command->callback([options, run] { run(*options); });
         return command;
     };
-    add("show", "Print the tree as a table", Show);
+    OfferJson(*add("show", "Print the tree as a table", Show));
     add("get", "Print a value", Get)
         ->add_option("name", options->names, "The nested stores on the way, then the value's name")
         ->required();
@@ -236,5 +236,4 @@ void AddSettingsCommand(CLI::App& app)
     set->add_option("--type", options->type, "string, integer (decimal) or binary (hexadecimal)")
         ->default_val("string")
         ->check(CLI::IsMember({"string", "integer", "binary"}));
-    set->footer("Example: corekit settings set options.ps Timing Lines 5 --type integer");
 }

@@ -2,7 +2,7 @@
 #include "Commands.h"
 #include "Names.h"
 #include "Output.h"
-#include "Terminal.h"
+#include "Table.h"
 #include "TextFile.h"
 
 #include "corekit/framework/Array.h"
@@ -47,8 +47,7 @@ void ShowShape(const std::string& utf8)
     const int level = GetBaseLevel(visual, visual.GetLength());
     ReorderToVisual(visual, order, types, level);
 
-    std::vector<std::vector<std::string>> rows = {
-        {"place", "was", "code", "char", "direction", "general type", "glyph codes"}};
+    TableRows rows = {{"place", "was", "code", "char", "direction", "general type", "glyph codes"}};
     int shown = 0;
     for (int i = 0; i < visual.GetLength(); ++i) {
         const StringW glyphs = GlyphsOfPrefix(visual, i + 1);
@@ -58,8 +57,8 @@ void ShowShape(const std::string& utf8)
                         GlyphList(glyphs, shown, glyphs.GetLength())});
         shown = glyphs.GetLength();
     }
-    Print("base direction: %s\n", level == 1 ? "right-to-left" : "left-to-right");
-    PrintTable(rows);
+    if (!IsJsonWanted()) Print("base direction: %s\n", level == 1 ? "right-to-left" : "left-to-right");
+    PrintTable(rows, {"place", "was"});
 }
 
 } // namespace
@@ -72,5 +71,6 @@ void AddShapeCommand(CLI::App& app)
     command->footer(
         "Each row is a place on the line, from the left; 'was' is its place in the text as it is spoken,\n"
         "'direction' its type after the bidirectional pass.");
+    OfferJson(*command);
     command->callback([text] { ShowShape(*text); });
 }

@@ -1,12 +1,7 @@
 #include "Terminal.h"
-#include "Output.h"
 
-#include "corekit/foundation/StringW.h"
 #include "corekit/platform/Console.h"
 #include "corekit/platform/HarmlessText.h"
-#include "corekit/unicode/tables/UnicodeCharTypes.h"
-
-#include "TextFile.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -17,14 +12,6 @@ namespace {
 
 constexpr auto redrawAfter = std::chrono::milliseconds(50);
 constexpr std::size_t widestBar = 40;
-
-// Columns that the text takes: non-spacing marks take none.
-std::size_t Columns(const std::string& text)
-{
-    const std::u16string wide = Utf16(text);
-    return static_cast<std::size_t>(std::count_if(
-        wide.begin(), wide.end(), [](char16_t c) { return CUnicodeCharTypes::GetGeneralType(c) != 0; }));
-}
 
 std::string Bar(std::uintmax_t done, std::uintmax_t total)
 {
@@ -114,28 +101,4 @@ void TransferBar::Show()
     const std::string bar = m_total > 0 ? Bar(m_done, m_total) + " " : "";
     std::fprintf(stderr, "\r\x1B[K%s %s%s %s", m_what.c_str(), bar.c_str(),
                  Amount(static_cast<double>(m_done)).c_str(), Rate().c_str());
-}
-
-void PrintTable(const std::vector<std::vector<std::string>>& given)
-{
-    std::vector<std::vector<std::string>> rows = given;
-    if (TerminalColumns(StandardStream::Output) > 0)
-        for (auto& row : rows) std::ranges::transform(row, row.begin(), Harmless);
-    std::vector<std::size_t> widths;
-    for (const auto& row : rows) {
-        widths.resize(std::max(widths.size(), row.size()));
-        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], Columns(row[i]));
-    }
-    for (std::size_t r = 0; r < rows.size(); ++r) {
-        std::string line;
-        for (std::size_t i = 0; i < rows[r].size(); ++i) {
-            line += rows[r][i];
-            if (i + 1 < rows[r].size()) line += std::string(widths[i] - Columns(rows[r][i]) + 2, ' ');
-        }
-        PrintLine(line);
-        if (r > 0) continue;
-        std::string rule;
-        for (const std::size_t width : widths) rule += (rule.empty() ? "" : "  ") + std::string(width, '-');
-        PrintLine(rule);
-    }
 }

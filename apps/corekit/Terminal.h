@@ -1,11 +1,10 @@
-// What the commands show of themselves: a progress bar on a terminal, tables that line up.
+// What the commands show of themselves: progress bars on a terminal.
 #pragma once
 
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 // A bar on standard error while work goes on; nothing at all where standard error is no terminal.
 class ProgressBar {
@@ -51,7 +50,3 @@ private:
     bool m_visible;
     Clock::time_point m_start = Clock::now(), m_shown = m_start;
 };
-
-// Prints rows in columns as wide as their widest cell, the first row as the heading. Text is measured in
-// characters, combining marks not counted.
-void PrintTable(const std::vector<std::vector<std::string>>& rows);

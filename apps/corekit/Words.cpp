@@ -1,6 +1,7 @@
 // corekit words: word lists from the command line.
 #include "Commands.h"
 #include "Output.h"
+#include "Table.h"
 #include "Terminal.h"
 #include "TextFile.h"
 
@@ -75,7 +76,13 @@ void Match(const Options& o)
     WordList list(o.file);
     CDWordArray ids;
     list->FindPattern(Utf16(o.word).c_str(), ids);
-    for (int i = 0; i < ids.GetSize(); ++i) Print("%u\n", ids[i]);
+    if (!IsJsonWanted()) {
+        for (int i = 0; i < ids.GetSize(); ++i) Print("%u\n", ids[i]);
+        return;
+    }
+    TableRows rows = {{"number"}};
+    for (int i = 0; i < ids.GetSize(); ++i) rows.push_back({std::to_string(ids[i])});
+    PrintTable(rows, {"number"});
 }
 
 // Every word of a text, under the number of the line where it first stands.
@@ -130,11 +137,11 @@ void AddWordsCommand(CLI::App& app)
     auto* match =
         AddAction(*words, options, "match", "Print the numbers of the words that match a pattern", Match);
     match->add_option("PATTERN", options->word, "* stands for any text, ? for one character")->required();
+    OfferJson(*match);
     match->footer("A pattern that begins with * or ? looks at every word; any other begins where its first "
                   "letters lead.");
 
     auto* index = AddAction(*words, options, "index",
                             "Add the words of a text, each with the number of its first line", Index);
     index->add_option("TEXT", options->source, "A text file, UTF-8 or UTF-16")->required();
-    words->footer("Example: corekit words index words.wl script.txt");
 }

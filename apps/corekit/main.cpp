@@ -1,4 +1,7 @@
+#include "CommandLine.h"
 #include "Commands.h"
+#include "Examples.h"
+#include "Manual.h"
 #include "Output.h"
 
 #include "corekit/foundation/ChainedException.h"
@@ -10,7 +13,6 @@
 #include <cstdio>
 #include <exception>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -25,36 +27,11 @@ int Complain(std::string text)
     return failed;
 }
 
-// The parser takes "[a,b]" for a list of values. An argument of that look goes past it with a last byte that
-// no argument can have, and every option takes that off again: what is typed is what arrives.
-constexpr char guard = '\0';
-
-std::vector<std::string> Guarded(int argc, char** argv)
-{
-    std::vector<std::string> arguments;
-    for (int i = argc - 1; i > 0; --i) { // the last first, as the parser takes them
-        arguments.emplace_back(argv[i]);
-        if (arguments.back().starts_with('[') && arguments.back().ends_with(']')) arguments.back() += guard;
-    }
-    return arguments;
-}
-
-void Unguard(CLI::App& app)
-{
-    for (CLI::Option* option : app.get_options())
-        option->transform(CLI::Validator(
-            [](std::string& value) {
-                if (value.ends_with(guard)) value.pop_back();
-                return std::string();
-            },
-            ""));
-    for (CLI::App* command : app.get_subcommands({})) Unguard(*command);
-}
-
 int Run(CLI::App& app, int argc, char** argv)
 {
     try {
-        app.parse(Guarded(argc, argv));
+        RequireKnownCommand(app, argc, argv);
+        app.parse(MarkedWords(argc, argv));
         return 0;
     } catch (const CLI::CallForHelp&) {
         PrintBytes(app.help());
@@ -75,6 +52,29 @@ int Run(CLI::App& app, int argc, char** argv)
     }
 }
 
+// Options that stand for the whole work, as --version does.
+void AddSelfDescription(CLI::App& app)
+{
+    app.add_option_function<std::string>(
+           "--manual",
+           [&app](const std::string& folder) {
+               WriteManualPages(app, folder);
+               throw CLI::RuntimeError(0);
+           },
+           "Write the manual pages into this folder and exit")
+        ->type_name("DIR")
+        ->trigger_on_parse();
+    app.add_option_function<std::string>(
+           "--completion",
+           [&app](const std::string& shell) {
+               PrintBytes(CompletionScript(app, shell));
+               throw CLI::RuntimeError(0);
+           },
+           "Print the completion script for bash or zsh and exit")
+        ->type_name("SHELL")
+        ->trigger_on_parse();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -82,6 +82,7 @@ int main(int argc, char** argv)
     CLI::App app{"Text, pictures, settings and stores from the command line.", "corekit"};
     app.set_version_flag("--version", CoreKitVersion());
     app.require_subcommand(1);
+    AddSelfDescription(app);
 #ifdef COREKIT_WITH_UI
     AddDrawCommand(app);
     AddDibCommand(app);
@@ -104,7 +105,9 @@ int main(int argc, char** argv)
     AddConvertCommand(app);
     AddSerialCommand(app);
     AddScsiCommand(app);
-    Unguard(app);
+    AddDoctorCommand(app);
+    AddExamples(app);
+    TakeMarks(app);
     const int code = Run(app, argc, argv);
     try {
         FinishOutput();

@@ -3,7 +3,7 @@
 #include "KeyboardList.h"
 #include "KeyboardPicture.h"
 #include "KeyboardText.h"
-#include "Terminal.h"
+#include "Table.h"
 
 #include "corekit/unicode/ui/keyboards/KBLayout.h"
 
@@ -21,7 +21,7 @@ struct KeyboardsOptions {
 
 void ListKeyboards()
 {
-    std::vector<std::vector<std::string>> rows = {{"name", "locale", "code page", "of", "enabled"}};
+    TableRows rows = {{"name", "locale", "code page", "of", "enabled"}};
     for (const CKBLayout* keyboard : AllKeyboards()) {
         const int codePage = keyboard->GetCodePage();
         rows.push_back({keyboard->GetName().GetString(), std::to_string(keyboard->GetLocale()),
@@ -62,7 +62,8 @@ void AddKeyboardsCommand(CLI::App& app)
                     "with Ctrl and\n"
                     "Shift; what the bare key prints is at the lower right. A long text stands below with a "
                     "number. Pale keys\n"
-                    "are left to the platform. Example: corekit keyboards Tamil -o tamil.png");
+                    "are left to the platform.");
+    OfferJson(*command);
     command->callback([options, board, file] {
         if (!options->name.empty()) return ShowKeyboard(*options);
         if (board->count() + file->count() > 0)

@@ -4,6 +4,7 @@
 #include "Names.h"
 #include "Output.h"
 #include "ShownText.h"
+#include "Table.h"
 #include "Terminal.h"
 #include "TextFile.h"
 #include "TypedLine.h"
@@ -39,7 +40,7 @@ void TypeNamedKeys(CKBLayout& keyboard, const Board& board, const std::vector<st
     std::vector<KeyStroke> strokes;
     for (const std::string& key : keys) strokes.push_back(ParseStroke(board, key));
     TypedLine line(keyboard, board);
-    std::vector<std::vector<std::string>> rows = {{"key", "types", "shown", "by"}};
+    TableRows rows = {{"key", "types", "shown", "by"}};
     for (std::size_t i = 0; i < keys.size(); ++i) {
         const auto change = line.Press(strokes[i]);
         rows.push_back({keys[i], CodeList(change.characters), Utf8(ShownText(change.characters)),
@@ -177,7 +178,7 @@ void AddTypeCommand(CLI::App& app)
         ->capture_default_str();
     command->footer(
         "A key is named by what is printed on it, or space, enter, tab, backspace, num0 to num9, 0xBA, with\n"
-        "shift+, ctrl+, alt+ or altgr+ before it. A line of glyph codes is shown in display order.\n"
-        "Example: corekit type --keyboard Arabic a shift+b space");
+        "shift+, ctrl+, alt+ or altgr+ before it. A line of glyph codes is shown in display order.");
+    OfferJson(*command);
     command->callback([options] { Type(*options); });
 }

@@ -1,4 +1,4 @@
-#include "corekit/platform/posix/files/DataFolder.h"
+#include "corekit/platform/DataFolder.h"
 
 #include "corekit/platform/posix/processor/Account.h"
 

@@ -1,7 +1,7 @@
 #include "corekit/platform/ShellFolders.h"
 
+#include "corekit/platform/DataFolder.h"
 #include "corekit/platform/posix/Errno.h"
-#include "corekit/platform/posix/files/DataFolder.h"
 #include "corekit/platform/posix/files/File.h"
 #include "corekit/platform/posix/processor/Account.h"
 

@@ -1,6 +1,6 @@
 #include "corekit/platform/posix/registry/RegistryDatabase.h"
 
-#include "corekit/platform/posix/files/DataFolder.h"
+#include "corekit/platform/DataFolder.h"
 #include "corekit/platform/posix/files/Descriptor.h"
 
 #include <algorithm>

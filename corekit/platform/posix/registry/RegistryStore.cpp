@@ -1,6 +1,6 @@
 #include "corekit/platform/posix/registry/RegistryStore.h"
 
-#include "corekit/platform/posix/files/DataFolder.h"
+#include "corekit/platform/DataFolder.h"
 #include "corekit/platform/posix/registry/RegistryText.h"
 #include "corekit/platform/Registry.h"
 

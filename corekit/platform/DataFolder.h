@@ -1,13 +1,15 @@
 // Where the library keeps what belongs to the machine or, where it may not, to the user.
 #pragma once
 
+#include "corekit/platform/Export.h"
+
 #include <string>
 
 namespace corekit::detail {
 
 // $COREKIT_HOME; else /var/lib/corekit for a user who may write there; else $XDG_DATA_HOME/corekit, by
 // default ~/.local/share/corekit. Asked anew at each call; the folder need not exist.
-std::string DataFolder();
+COREKIT_API std::string DataFolder();
 
 // Makes the folder and those above it that are missing, for this user alone unless they lie below /var.
 // False with errno set.
