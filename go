@@ -18,7 +18,7 @@ usage: ./go COMMAND [ARGUMENTS]
   asan | tsan      the core tests under address and undefined-behaviour, or thread, sanitizer
   format [--check] lay out the sources by .clang-format
   lint             the house rules, then clang-tidy
-  package          a .tar.gz of what would be installed, in build/release
+  package          Debian packages and a .tar.gz of what would be installed, in build/package
 
 Missing Debian packages are installed when you are root and named when you are not.
 TEXT
@@ -184,10 +184,10 @@ lint)
     git ls-files 'corekit/*.cpp' 'apps/*.cpp' | xargs -P "$jobs" -n 4 clang-tidy --quiet --extra-arg=-Wno-unknown-warning-option -p build/release
     ;;
 package)
-    need build
+    need build package
     want_ui
-    build release
-    (cd build/release && cpack -G TGZ)
+    build package
+    (cd build/package && cpack)
     ;;
 help | -h | --help) help ;;
 *)

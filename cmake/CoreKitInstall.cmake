@@ -1,14 +1,18 @@
-# Install rules: libraries, headers, the tool, find_package(CoreKit) and pkg-config files.
+# Install rules: libraries, headers, find_package(CoreKit) and pkg-config files. Programs have theirs beside them. Each
+# rule names the package that it belongs to, see CoreKitPackages.cmake.
 include(CMakePackageConfigHelpers)
 
 set(installed_targets core)
 if(TARGET CoreKit::ui)
   list(APPEND installed_targets ui)
 endif()
-install(TARGETS ${installed_targets} EXPORT CoreKitTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(TARGETS corekit_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME dev)
+foreach(target ${installed_targets})
+  install(TARGETS ${target} EXPORT CoreKitTargets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${target} NAMELINK_COMPONENT dev)
+endforeach()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/corekit DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h"
-  PATTERN "*.inc"   PATTERN "*Impl.h" EXCLUDE)
+  PATTERN "*.inc" PATTERN "*Impl.h" EXCLUDE)
 install(EXPORT CoreKitTargets NAMESPACE CoreKit:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/CoreKit)
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/CoreKitConfig.cmake.in
   ${PROJECT_BINARY_DIR}/CoreKitConfig.cmake INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/CoreKit)
@@ -28,6 +32,5 @@ foreach(library ${installed_targets})
   install(FILES ${PROJECT_BINARY_DIR}/${COREKIT_PC_LIBRARY}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endforeach()
 
-set(CPACK_GENERATOR TGZ)
-set(CPACK_PACKAGE_VENDOR CoreKit)
-include(CPack)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libcorekit-dev)
+include(CoreKitPackages)

@@ -31,6 +31,9 @@ says() {
 
 refused
 refused nonsense
+refused fnts
+grep -q "did you mean 'fonts'?" "$scratch/err" || fail "no command like fnts: $(cat "$scratch/err")"
+refused ole lst
 refused char
 refused char U+110000
 refused char U+ZZ
@@ -52,6 +55,22 @@ is() {
     "$tool" "$@" >"$scratch/out" 2>"$scratch/err" || fail "corekit $*: $(cat "$scratch/err")"
     [ "$(cat "$scratch/out")" = "$expected" ] || fail "corekit $*: $(cat "$scratch/out")"
 }
+
+# Each command has its page, and the shell completes what the help lists.
+mkdir "$scratch/manual"
+"$tool" --manual "$scratch/manual" || fail "no manual pages"
+for command in $("$tool" --help | awk '/^Subcommands:/ { on = 1; next } on && NF { print $1 }'); do
+    grep -q '^\.SH SYNOPSIS' "$scratch/manual/corekit-$command.1" || fail "no page for $command"
+    grep -q "corekit-$command" <(tr -d '\\' <"$scratch/manual/corekit.1") || fail "corekit.1 does not name $command"
+done
+completed=$("$tool" --completion bash >"$scratch/completion"; . "$scratch/completion"
+    COMP_WORDS=(corekit ole li) COMP_CWORD=2; _corekit; echo "${COMPREPLY[*]}")
+[ "$completed" = list ] || fail "corekit ole li is completed to '$completed'"
+refused --completion fish
+is '[
+  {"place": 0, "was": 0, "code": "U+05D0", "char": "א", "direction": "1 right-to-left", "general type": "other letter", "glyph codes": "U+05D0 א"}
+]' shape א --json
+says '"what": "registry", "state": "(ok|missing)"' doctor --json
 
 export COREKIT_HOME=$scratch/home
 refused registry
