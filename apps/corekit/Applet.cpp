@@ -1,6 +1,6 @@
 // corekit applet: what is in a library of control-panel applets, opened where wanted.
 #include "Commands.h"
-#include "Terminal.h"
+#include "Table.h"
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/ControlPanel.h"
@@ -59,13 +59,13 @@ private:
 
 void List(const Applets& applets)
 {
-    std::vector<std::vector<std::string>> rows = {{"N", "NAME", "WHAT IT DOES"}};
+    TableRows rows = {{"N", "NAME", "WHAT IT DOES"}};
     for (int i = 0; i < applets.Count(); ++i) {
         const CPLINFO info = applets.Inquire(i);
         rows.push_back({std::to_string(i), LoadResourceString(static_cast<UINT>(info.idName)).GetString(),
                         LoadResourceString(static_cast<UINT>(info.idInfo)).GetString()});
     }
-    PrintTable(rows);
+    PrintTable(rows, {"N"});
 }
 
 void Run(const std::string& library, std::optional<int> index)
@@ -88,5 +88,6 @@ void AddAppletCommand(CLI::App& app)
         app.add_subcommand("applet", "List the control-panel applets in a library, or open one");
     applet->add_option("library", *library, "The shared library")->required()->check(CLI::ExistingFile);
     applet->add_option("n", *index, "Open this one, from 0");
+    OfferJson(*applet);
     applet->callback([library, index] { Run(*library, *index); });
 }
