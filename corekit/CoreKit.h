@@ -99,6 +99,7 @@
 #include "corekit/platform/Controls.h"
 #include "corekit/platform/CriticalSection.h"
 #include "corekit/platform/Cursors.h"
+#include "corekit/platform/DataFolder.h"
 #include "corekit/platform/Debugging.h"
 #include "corekit/platform/DebugOutput.h"
 #include "corekit/platform/DeviceFolders.h"
