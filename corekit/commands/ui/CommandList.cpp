@@ -1,5 +1,6 @@
 #include "corekit/commands/ui/CommandList.h"
 
+#include "corekit/commands/ui/IntelliToolBar.h"
 #include "corekit/foundation/AcceleratorResource.h"
 
 #include <algorithm>
@@ -142,4 +143,41 @@ int CCommandList::GetDefaultToolbarByIndex(int index, UINT& id, CString& name, C
     buttons.SetSize(static_cast<int>(toolbar.buttons.size()));
     std::ranges::copy(toolbar.buttons, buttons.GetData());
     return 1;
+}
+
+void CCommandList::AddToolbar(CIntelliToolBar* toolbar)
+{
+    const auto isListed = [toolbar](const CIntelliToolBar* other) {
+        return other == toolbar || other->GetDlgCtrlID() == toolbar->GetDlgCtrlID();
+    };
+    if (toolbar && std::ranges::none_of(m_toolbars, isListed)) m_toolbars.push_back(toolbar);
+}
+
+void CCommandList::RemoveToolbar(const CIntelliToolBar* toolbar) { std::erase(m_toolbars, toolbar); }
+
+CIntelliToolBar* CCommandList::GetToolbarByIndex(int index) const
+{
+    return index < 0 || index >= GetToolbarCount() ? nullptr : m_toolbars[static_cast<std::size_t>(index)];
+}
+
+void CCommandList::DestroyAllToolbars()
+{
+    // A bar that goes takes itself off the list.
+    const std::vector<CIntelliToolBar*> toolbars = m_toolbars;
+    for (auto toolbar = toolbars.rbegin(); toolbar != toolbars.rend(); ++toolbar)
+        if (std::ranges::find(m_toolbars, *toolbar) != m_toolbars.end()) (*toolbar)->DestroyWindow();
+    m_toolbars.clear();
+}
+
+int CCommandList::FindToolbarButton(UINT command, CIntelliToolBar*& toolbar, int& index, CRect& rect) const
+{
+    for (CIntelliToolBar* const each : m_toolbars) {
+        const int found = each->CommandToIndex(command);
+        if (found < 0 || !each->GetItemRect(found, &rect)) continue;
+        toolbar = each;
+        index = found;
+        each->ClientToScreen(&rect);
+        return 1;
+    }
+    return 0;
 }

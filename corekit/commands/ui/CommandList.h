@@ -20,7 +20,10 @@
 #include <deque>
 #include <vector>
 
+class CFrameWnd;
+class CIntelliToolBar;
 class CPropertyStore;
+class CRect;
 using CUIntArray = CArray<UINT, UINT>;
 
 class COREKIT_API CCommandList : public CObject {
@@ -57,6 +60,19 @@ public:
     // 0, and nothing changes, for an index that does not exist.
     int GetDefaultToolbarByIndex(int index, UINT& id, CString& name, CUIntArray& buttons) const;
 
+    // ---- Toolbars of the program, not owned; one whose window goes leaves the list.
+    // Nothing happens for a bar, or the id of a bar, that is listed already.
+    void AddToolbar(CIntelliToolBar* toolbar);
+    void RemoveToolbar(const CIntelliToolBar* toolbar);
+    int GetToolbarCount() const { return static_cast<int>(m_toolbars.size()); }
+    CIntelliToolBar* GetToolbarByIndex(int index) const; // null out of range
+    void DestroyAllToolbars();                           // from the last to the first
+    // 1 and the first bar with a button of the command, its index and its rectangle on the screen, or 0.
+    int FindToolbarButton(UINT command, CIntelliToolBar*& toolbar, int& index, CRect& rect) const;
+    // Bars are kept with the layout of their frame; 0 for a null store, else 1.
+    int LoadToolBars(CPropertyStore* store) const { return store != nullptr; }
+    int SaveToolBars(CPropertyStore* store) const { return store != nullptr; }
+
 private:
     struct KeyTable {
         CString name; // of the place where the keys count
@@ -76,6 +92,7 @@ private:
     std::vector<CCmdItem> m_commands;
     std::deque<KeyTable> m_tables; // their places are known outside
     CustomTableArray m_customTables;
+    std::vector<CIntelliToolBar*> m_toolbars;
     std::vector<DefaultToolbar> m_defaultToolbars;
 };
 

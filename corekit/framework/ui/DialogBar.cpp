@@ -3,8 +3,9 @@
 #include "corekit/framework/Module.h"
 #include "corekit/framework/ResourceTypes.h"
 #include "corekit/framework/ui/DialogWindow.h"
+#include "corekit/framework/ui/FrameWnd.h"
 
-IMPLEMENT_DYNAMIC(CDialogBar, CWnd)
+IMPLEMENT_DYNAMIC(CDialogBar, CControlBar)
 
 CDialogBar::~CDialogBar()
 {
@@ -18,6 +19,7 @@ BOOL CDialogBar::Create(CWnd* parent, UINT templateId, DWORD style, UINT id)
 
 BOOL CDialogBar::Create(CWnd* parent, const char* templateName, DWORD style, UINT id)
 {
+    m_dwStyle = style & CBRS_ALL;
     const auto found = AfxFindDialogTemplate(templateName);
     if (!found || !parent) return FALSE;
     DialogTemplate dialog = *found;
@@ -34,17 +36,16 @@ BOOL CDialogBar::Create(CWnd* parent, const char* templateName, DWORD style, UIN
 
 BOOL CDialogBar::PreTranslateMessage(MSG* message)
 {
-    return CWnd::PreTranslateMessage(message) || (m_hWnd && ::IsDialogMessageA(m_hWnd, message));
+    return CControlBar::PreTranslateMessage(message) || (m_hWnd && ::IsDialogMessageA(m_hWnd, message));
 }
 
-LRESULT CDialogBar::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+CSize CDialogBar::CalcFixedLayout(BOOL stretch, BOOL horizontal)
 {
-    const bool isFromControl = message == WM_COMMAND || message == WM_NOTIFY || message == WM_DRAWITEM ||
-                               message == WM_MEASUREITEM || message == WM_DELETEITEM ||
-                               message == WM_COMPAREITEM;
-    if (!isFromControl) return CWnd::WindowProc(message, wParam, lParam);
-    LRESULT result = 0;
-    if (OnWndMsg(message, wParam, lParam, &result)) return result;
-    const CWnd* const owner = GetOwner();
-    return owner && owner->GetSafeHwnd() ? owner->SendMessage(message, wParam, lParam) : 0;
+    return {stretch && horizontal ? longestBar : m_sizeDefault.cx,
+            stretch && !horizontal ? longestBar : m_sizeDefault.cy};
+}
+
+void CDialogBar::OnUpdateCmdUI(CFrameWnd* target, BOOL disableIfNoHandler)
+{
+    UpdateDialogControls(target, disableIfNoHandler);
 }

@@ -1,6 +1,7 @@
 #include "corekit/framework/ui/FrameWnd.h"
 
 #include "corekit/framework/ui/CmdUI.h"
+#include "corekit/framework/ui/ControlBarStyles.h"
 #include "corekit/framework/ui/Document.h"
 #include "corekit/framework/ui/FrameMessages.h"
 #include "corekit/framework/ui/View.h"
@@ -20,6 +21,8 @@ ON_WM_ACTIVATE()
 ON_WM_SIZE()
 ON_WM_INITMENUPOPUP()
 ON_WM_ERASEBKGND()
+ON_WM_MENUSELECT()
+ON_MESSAGE(WM_IDLEUPDATECMDUI, &CFrameWnd::OnIdleUpdateCmdUI)
 END_MESSAGE_MAP()
 
 CFrameWnd* CWnd::GetParentFrame() const
@@ -117,15 +120,6 @@ void CFrameWnd::SetActiveView(CView* view, BOOL notify)
 
 CDocument* CFrameWnd::GetActiveDocument() { return m_pViewActive ? m_pViewActive->GetDocument() : nullptr; }
 
-void CFrameWnd::RecalcLayout(BOOL)
-{
-    CWnd* const view = GetDlgItem(AFX_IDW_PANE_FIRST);
-    if (!view) return;
-    CRect room;
-    GetClientRect(&room);
-    view->MoveWindow(&room);
-}
-
 void CFrameWnd::OnSetFocus(CWnd* former)
 {
     m_pViewActive ? static_cast<void>(m_pViewActive->SetFocus()) : CWnd::OnSetFocus(former);
@@ -146,6 +140,29 @@ void CFrameWnd::OnSize(UINT how, int width, int height)
 
 // A view covers the frame.
 BOOL CFrameWnd::OnEraseBkgnd(CDC* dc) { return m_pViewActive ? TRUE : CWnd::OnEraseBkgnd(dc); }
+
+// ---- What the status bar says
+
+void CFrameWnd::SetMessageText(const char* text)
+{
+    if (CWnd* const bar = GetDlgItem(static_cast<int>(AFX_IDW_STATUS_BAR))) bar->SetWindowText(text);
+}
+
+void CFrameWnd::SetMessageText(UINT stringId)
+{
+    CString text;
+    text.LoadString(stringId);
+    const int end = text.Find('\n');
+    SetMessageText(end < 0 ? text : text.Left(end));
+}
+
+void CFrameWnd::OnMenuSelect(UINT id, UINT flags, HMENU menu)
+{
+    constexpr UINT idleMessage = 0xE001, menuClosed = 0xFFFF;
+    const bool isCommand = flags != menuClosed && !(flags & (MF_POPUP | MF_SEPARATOR));
+    SetMessageText(isCommand ? id : idleMessage);
+    CWnd::OnMenuSelect(id, flags, menu);
+}
 
 void CFrameWnd::OnInitMenuPopup(CMenu* menu, UINT, BOOL isSystemMenu)
 {

@@ -9,7 +9,13 @@
 #include "corekit/framework/ui/Wnd.h"
 #include "corekit/platform/Accelerators.h"
 
+#include <vector>
+
+class CControlBar;
+class CDockBar;
+class CMiniDockFrameWnd;
 class CView;
+struct CDockState;
 
 inline constexpr UINT AFX_IDW_PANE_FIRST = 0xE900, AFX_IDW_PANE_LAST = 0xE9FF; // ids of views
 
@@ -32,8 +38,34 @@ public:
     void SetActiveView(CView* view, BOOL notify = TRUE);
     virtual CDocument* GetActiveDocument();
 
-    // Lays the view out over what the frame's other children leave.
+    // Lays the bars out along the edges, in the order in which they were made, and the view over what is
+    // left.
     virtual void RecalcLayout(BOOL notify = TRUE);
+    void DelayRecalcLayout(); // when the messages that wait have been dealt with
+
+    // ---- Bars (ControlBar.h). A bar lists itself when it is created as the frame's child.
+    const std::vector<CControlBar*>& GetControlBars() const { return m_controlBars; }
+    CControlBar* GetControlBar(UINT id) const; // the first of that id, null without one
+    void ShowControlBar(CControlBar* bar, BOOL show, BOOL delay);
+    void AddControlBar(CControlBar* bar);
+    void RemoveControlBar(CControlBar* bar);
+
+    // Makes docks at these sides (CBRS_ALIGN_), where there are none yet; with 0 bars may only float.
+    void EnableDocking(DWORD sides);
+    // Into a row of the dock by a rectangle on the screen, or a row of its own. An id of 0: the first dock
+    // that the bar allows. The layout follows; RecalcLayout does it at once.
+    void DockControlBar(CControlBar* bar, CDockBar* dock, const RECT* screen = nullptr);
+    void DockControlBar(CControlBar* bar, UINT dockBarId = 0, const RECT* screen = nullptr);
+    // In a small frame of its own whose corner is at that point of the screen. Style: CBRS_ALIGN_TOP lying,
+    // CBRS_ALIGN_LEFT standing.
+    void FloatControlBar(CControlBar* bar, CPoint point, DWORD style = 0x2000);
+    void GetDockState(CDockState& state) const;
+    // Bars that the state does not name stay where they are, and those that it alone names are not made.
+    void SetDockState(const CDockState& state);
+
+    // The text of the status bar, where the frame has one.
+    void SetMessageText(const char* text);
+    void SetMessageText(UINT stringId); // its first line
 
     BOOL OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* info) override;
     BOOL PreTranslateMessage(MSG* message) override;
@@ -53,8 +85,14 @@ protected:
     void OnSize(UINT how, int width, int height);
     void OnInitMenuPopup(CMenu* menu, UINT index, BOOL isSystemMenu);
     BOOL OnEraseBkgnd(CDC* dc);
+    void OnMenuSelect(UINT id, UINT flags, HMENU menu);
+    LRESULT OnIdleUpdateCmdUI(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 
 private:
+    CMiniDockFrameWnd* CreateFloatingFrame(DWORD style);
+
     CView* m_pViewActive = nullptr;
+    std::vector<CControlBar*> m_controlBars; // not owned
+    bool m_dockingIsEnabled = false, m_laysOut = false, m_layoutIsDue = false;
 };

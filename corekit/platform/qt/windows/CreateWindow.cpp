@@ -29,7 +29,10 @@ constinit CreationHook creationHook = nullptr;
 
 Qt::WindowFlags flagsOf(DWORD style, DWORD exStyle)
 {
-    Qt::WindowFlags flags = exStyle & WS_EX_TOOLWINDOW ? Qt::Tool : Qt::Window;
+    // A bare pop-up that never becomes active is not the window manager's either.
+    constexpr DWORD passive = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE;
+    const bool isPassive = (exStyle & passive) == passive && (style & WS_CAPTION) != WS_CAPTION;
+    Qt::WindowFlags flags = isPassive ? Qt::ToolTip : exStyle & WS_EX_TOOLWINDOW ? Qt::Tool : Qt::Window;
     if ((style & WS_CAPTION) != WS_CAPTION) {
         if (style & WS_POPUP) flags |= Qt::FramelessWindowHint;
     } else {

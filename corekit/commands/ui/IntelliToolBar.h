@@ -1,0 +1,65 @@
+// A tool bar whose buttons are commands of the command list, and whose buttons can become larger or smaller
+// while the program runs.
+//
+// Objects are made with new and delete themselves with their window. What the class variables say holds for
+// the whole program. User-interface thread only.
+#pragma once
+
+#include "corekit/framework/Array.h"
+#include "corekit/framework/ui/ToolBar.h"
+
+using CUIntArray = CArray<UINT, UINT>;
+
+class COREKIT_API CIntelliToolBar : public CToolBar {
+    DECLARE_DYNAMIC(CIntelliToolBar)
+public:
+    // A bar of the frame with these commands, 0 being a separator; it may be docked at all sides. With a
+    // custom size large pictures are of that size. 0: no window, or a command that is not registered or whose
+    // picture is not to be had.
+    int CreateFromData(CFrameWnd* frame, UINT id, const CUIntArray& commands, const char* name,
+                       CSize* customSize = nullptr);
+    // 0 for a command without item or picture.
+    int AppendButton(UINT command) { return InsertButton(GetButtonCount(), command); }
+    int InsertButton(int index, UINT command);
+    void DeleteAllButtons();
+    void GetButtonArray(CUIntArray& commands) const; // 0 for a separator
+
+    // ---- Bitmaps: strips of pictures from the resources. Those that are 15 high hold small pictures of 16
+    // by 15, others are as high as the large or custom size. At most `maximumBitmaps`.
+    static constexpr std::size_t maximumBitmaps = 256;
+    int InstallBitmap(UINT bitmap);
+    int IsBitmapInstalled(UINT bitmap) const;
+    int GetBitmapImageStart(UINT bitmap) const; // -1 for one that is not installed
+
+    const CString& GetName() const { return m_name; }
+    void SetName(const CString& name);
+    // Gives the buttons the size that the class variable says; a picture that is not to be had ends the walk.
+    void ToggleButtonSize();
+
+    static int UsingLargeButtons() { return m_bLargeButtons; }
+    static void EnableLargeButtons(int enable, const CSize* size = nullptr);
+    static int UsingFloatableBars() { return m_bEnableFloat; }
+    static void EnableFloatableBars(int enable) { m_bEnableFloat = enable; }
+
+protected:
+    void OnLButtonDown(UINT flags, CPoint point);
+    void OnLButtonDblClk(UINT flags, CPoint point);
+    void PostNcDestroy() override;
+    DECLARE_MESSAGE_MAP()
+
+    static int m_bLargeButtons, m_bEnableFloat;
+    static CSize m_szLargeBitmap;
+
+private:
+    struct InstalledBitmap {
+        UINT id;
+        int firstImage;
+    };
+    CSize LargeSize() const { return m_hasCustomSize ? m_customSize : m_szLargeBitmap; }
+    void SetSizesFor(CSize picture);
+
+    std::vector<InstalledBitmap> m_bitmaps;
+    CString m_name;
+    CSize m_customSize;
+    bool m_hasCustomSize = false;
+};
