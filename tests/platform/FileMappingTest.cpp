@@ -8,6 +8,8 @@
 
 #include <cstring>
 #include <string>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -96,6 +98,22 @@ TEST(FileMapping, WhatAViewShowsIsNotCutOff)
     EXPECT_TRUE(UnmapViewOfFile(view));
     EXPECT_EQ(cutTo(1), 0u);
     CloseHandle(file);
+}
+
+TEST(FileMapping, HolesHaveTheirRoomBeforeSomebodyWritesIntoThem)
+{
+    const std::string name = testing::TempDir() + "mapping-holes";
+    const HANDLE file = Open(name, GENERIC_READ | GENERIC_WRITE);
+    ASSERT_EQ(::truncate(name.c_str(), 1 << 20), 0);
+    struct stat facts;
+    const auto room = [&] { return ::stat(name.c_str(), &facts) == 0 ? facts.st_blocks * 512 : -1; };
+    const HANDLE reading = CreateFileMappingA(file, nullptr, PAGE_READONLY, 0, 0, nullptr);
+    ASSERT_NE(reading, nullptr);
+    EXPECT_LT(room(), 1 << 20) << "readers need none";
+    const HANDLE writing = CreateFileMappingA(file, nullptr, PAGE_READWRITE, 0, 0, nullptr);
+    ASSERT_NE(writing, nullptr);
+    EXPECT_GE(room(), 1 << 20);
+    for (const HANDLE handle : {reading, writing, file}) CloseHandle(handle);
 }
 
 TEST(FileMapping, OffsetsGoByTheGranularityOfTheSystem)

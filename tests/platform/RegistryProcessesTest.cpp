@@ -2,6 +2,7 @@
 
 #include "tests/RegistryHome.h"
 
+#include <chrono>
 #include <csignal>
 #include <functional>
 #include <sqlite3.h>
@@ -193,4 +194,20 @@ TEST_F(RegistryProcesses, VolatileKeysGoWithTheMachinesRestart)
     EXPECT_EQ(ResultOf(Start(look)), 2);
     RegCloseKey(key);
     RegCloseKey(top);
+}
+
+// Five writes that are refused one after the other take less time than two that wait for themselves.
+TEST_F(RegistryProcesses, WhoWaitedInVainDoesNotWaitAsLongAgain)
+{
+    ASSERT_TRUE(Create("Software\\Test"));
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open((m_home / "registry.db").c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(Create("Software\\New"));
+    const auto first = std::chrono::steady_clock::now() - start;
+    for (int again = 0; again < 4; ++again) EXPECT_FALSE(Create("Software\\New"));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 2 * first);
+    sqlite3_close(other);
+    EXPECT_TRUE(Create("Software\\New"));
 }

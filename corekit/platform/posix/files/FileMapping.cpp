@@ -6,6 +6,7 @@
 #include "corekit/platform/posix/files/File.h"
 #include "corekit/platform/posix/files/FileViews.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <map>
@@ -51,16 +52,23 @@ Views& views()
 }
 
 // A hole that finds the volume full when somebody writes to it ends the process, so the room is taken now
-// where the file system can do so.
-bool extend(int fd, std::uint64_t from, std::uint64_t to)
+// where the file system can do so. 0, or why not.
+int takeRoom(int fd, std::uint64_t from, std::uint64_t to)
 {
-    if (to > INT64_MAX) return fail(ERROR_INVALID_PARAMETER, false);
     int done;
     do done = ::fallocate(fd, 0, static_cast<off_t>(from), static_cast<off_t>(to - from));
     while (done != 0 && errno == EINTR);
-    if (done == 0) return true;
-    const int reason = errno;
-    if (reason == EOPNOTSUPP || reason == ENOSYS) {
+    return done == 0 ? 0 : errno;
+}
+
+bool isUnsupported(int reason) { return reason == EOPNOTSUPP || reason == ENOSYS; }
+
+bool extend(int fd, std::uint64_t from, std::uint64_t to)
+{
+    if (to > INT64_MAX) return fail(ERROR_INVALID_PARAMETER, false);
+    const int reason = takeRoom(fd, from, to);
+    if (reason == 0) return true;
+    if (isUnsupported(reason)) {
         if (::ftruncate(fd, static_cast<off_t>(to)) == 0) return true;
         return fail(errorFromErrno(errno), false);
     }
@@ -69,14 +77,25 @@ bool extend(int fd, std::uint64_t from, std::uint64_t to)
     return fail(errorFromErrno(reason), false);
 }
 
+// A file may come with holes, as some copies have them.
+bool fillHoles(int fd, const struct stat& facts, std::uint64_t size)
+{
+    constexpr std::uint64_t blockUnit = 512; // of st_blocks
+    if (static_cast<std::uint64_t>(facts.st_blocks) * blockUnit >= static_cast<std::uint64_t>(facts.st_size))
+        return true;
+    const int reason = takeRoom(fd, 0, size);
+    return reason == 0 || isUnsupported(reason) || fail(errorFromErrno(reason), false);
+}
+
 // The size that a mapping gets, after the file was extended if that is asked for; 0 on failure.
 std::uint64_t sizeToMap(int fd, const struct stat& facts, std::uint64_t asked, bool writable)
 {
     const auto present = static_cast<std::uint64_t>(facts.st_size);
     if (asked == 0 && present == 0) return fail(ERROR_FILE_INVALID, std::uint64_t{0});
-    if (asked == 0 || asked <= present) return asked == 0 ? present : asked;
-    if (!writable) return fail(ERROR_NOT_ENOUGH_MEMORY, std::uint64_t{0});
-    return extend(fd, present, asked) ? asked : 0;
+    const std::uint64_t size = asked == 0 ? present : asked;
+    if (!writable) return size <= present ? size : fail(ERROR_NOT_ENOUGH_MEMORY, std::uint64_t{0});
+    if (present > 0 && !fillHoles(fd, facts, std::min(size, present))) return 0;
+    return size <= present || extend(fd, present, size) ? size : 0;
 }
 
 } // namespace

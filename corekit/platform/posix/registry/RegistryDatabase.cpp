@@ -9,6 +9,7 @@
 #include <chrono>
 #include <fcntl.h>
 #include <fstream>
+#include <map>
 #include <sys/stat.h>
 #include <thread>
 #include <utility>
@@ -19,6 +20,9 @@ using namespace std::chrono_literals;
 constexpr int kApplication = 0x434B5247; // "CKRG"
 constexpr int kVersion = 1;
 constexpr auto kPatience = 5s; // how long another process may keep the file busy
+// Who waited in vain does not wait as long again soon: a program reads a dozen settings when it starts.
+constexpr auto kImpatience = 100ms;
+constexpr auto kRemembered = 10s;
 
 constexpr const char* kTables = R"(
 CREATE TABLE keys(
@@ -97,7 +101,10 @@ void RegistryDatabase::Connect(bool mayWrite)
                       (mayWrite ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE : SQLITE_OPEN_READONLY);
     if (const int code = sqlite3_open_v2(m_path.c_str(), &m_database, flags, nullptr); code != SQLITE_OK)
         throw SqliteError{code};
-    sqlite3_busy_timeout(m_database, static_cast<int>(std::chrono::milliseconds(kPatience).count()));
+    const auto onBusy = [](void* self, int tries) -> int {
+        return static_cast<RegistryDatabase*>(self)->WaitsOn(tries);
+    };
+    sqlite3_busy_handler(m_database, onBusy, this);
     sqlite3_db_config(m_database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(m_database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     sqlite3_db_config(m_database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
@@ -121,15 +128,33 @@ void RegistryDatabase::Connect(bool mayWrite)
     m_inode = status.st_ino;
 }
 
+// Whether to try again; sleeps a little before.
+bool RegistryDatabase::WaitsOn(int tries)
+{
+    using Clock = std::chrono::steady_clock;
+    static auto& inVain =
+        *new std::map<std::string, Clock::time_point>; // by path; the registry's lock guards it
+    const Clock::time_point now = Clock::now();
+    if (tries == 0) {
+        const auto last = inVain.find(m_path);
+        const bool isImpatient = last != inVain.end() && now - last->second < kRemembered;
+        m_waitsUntil = now + (isImpatient ? Clock::duration(kImpatience) : Clock::duration(kPatience));
+    }
+    if (now >= m_waitsUntil) {
+        inVain[m_path] = now;
+        return false;
+    }
+    std::this_thread::sleep_for(tries < 8 ? 2ms : 20ms);
+    return true;
+}
+
 // Several processes may be at it with a new file; the switch does not wait for the others by itself.
 void RegistryDatabase::UseWriteAheadLog()
 {
-    const auto end = std::chrono::steady_clock::now() + kPatience;
-    for (;;) {
+    for (int tries = 0;; ++tries) {
         const int code = sqlite3_exec(m_database, "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
         if (code == SQLITE_OK) return;
-        if ((code & 0xFF) != SQLITE_BUSY || std::chrono::steady_clock::now() > end) throw SqliteError{code};
-        std::this_thread::sleep_for(2ms);
+        if ((code & 0xFF) != SQLITE_BUSY || !WaitsOn(tries)) throw SqliteError{code};
     }
 }
 

@@ -6,6 +6,7 @@
 #include "corekit/platform/posix/registry/Sqlite.h"
 
 #include <array>
+#include <chrono>
 #include <memory>
 #include <string>
 #include <sys/types.h>
@@ -54,6 +55,7 @@ private:
     explicit RegistryDatabase(const std::string& path) : m_path(path) {}
     void Connect(bool mayWrite);
     void Execute(const char* sql);
+    bool WaitsOn(int tries);
     void UseWriteAheadLog();
     void MakeTables();
     void DropVolatileKeys();
@@ -68,6 +70,7 @@ private:
     const volatile std::uint64_t* m_header = nullptr;
     std::array<std::uint64_t, kHeaderWords> m_seen{};
     std::int64_t m_seenVersion = -1;
+    std::chrono::steady_clock::time_point m_waitsUntil;
     dev_t m_device = 0;
     ino_t m_inode = 0;
 };
