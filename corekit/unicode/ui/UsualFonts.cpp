@@ -4,12 +4,12 @@
 
 namespace {
 
-// The first has Latin and the forms of every Arabic letter, Urdu's among them, which few faces that also have
-// Latin do.
+// Letters of like size at one height of their cells; Amiri and DejaVu Sans, whose cells are higher, for
+// machines that have few others.
 constexpr const char* faces[] = {
-    "Amiri",         "Noto Serif Hebrew",    "CoreKit Devanagari", "CoreKit Bengali",
-    "CoreKit Tamil", "Noto Sans Devanagari", "Noto Sans Bengali",  "Noto Sans Tamil",
-    "DejaVu Sans",
+    "Noto Sans",     "Noto Naskh Arabic",    "Noto Serif Hebrew", "CoreKit Devanagari", "CoreKit Bengali",
+    "CoreKit Tamil", "Noto Sans Devanagari", "Noto Sans Bengali", "Noto Sans Tamil",    "DejaVu Sans",
+    "Amiri",
 };
 
 } // namespace

@@ -123,7 +123,8 @@ private:
         QBackingStore* const store = window->widget()->backingStore();
         QWidget* const top = window->widget()->window();
         QPaintDevice* const device = store ? store->paintDevice() : nullptr;
-        if (!device || device->devType() != QInternal::Image || !top->windowHandle()) return false;
+        if (!device || device->devType() != QInternal::Image || device->width() == 0) return false;
+        if (!top->windowHandle()) return false;
         const QPoint shift = window->widget()->mapTo(top, QPoint());
         const QRegion part =
             (window->widget()->visibleRegion() & area(*window) & window->client()).translated(shift);
