@@ -93,6 +93,8 @@ build() {
     shift
     mkdir -p build
     configure "$preset"
+    # Where editors look for it.
+    [ "$preset" != release ] || ln -sfn build/release/compile_commands.json compile_commands.json
     cmake --build "build/$preset" -j "$jobs" ${1:+--target "$@"}
 }
 

@@ -23,6 +23,7 @@
 #include <fstream>
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 namespace fs = std::filesystem;
@@ -54,36 +55,91 @@ struct Files {
     std::string in, out;
 };
 
-// Runs one of the two over the files. The result takes its name only when it is whole.
+constexpr const char* standardStream = "-";
+
+// A file without a name, for what cannot be sought in: standard input and output.
+class Spool {
+public:
+    Spool() : m_file(std::tmpfile())
+    {
+        if (!m_file) FailFor("the folder of temporary files");
+    }
+    ~Spool() { std::fclose(m_file); }
+    Spool(const Spool&) = delete;
+    Spool& operator=(const Spool&) = delete;
+
+    std::string Path() const { return "/proc/self/fd/" + std::to_string(fileno(m_file)); }
+    void TakeInput()
+    {
+        char piece[block];
+        while (const std::size_t count = std::fread(piece, 1, sizeof piece, stdin))
+            if (std::fwrite(piece, 1, count, m_file) != count) FailFor("the folder of temporary files");
+        if (std::ferror(stdin) || std::fflush(m_file) != 0) FailFor("standard input");
+    }
+    void GiveOut()
+    {
+        std::rewind(m_file);
+        char piece[block];
+        while (const std::size_t count = std::fread(piece, 1, sizeof piece, m_file))
+            PrintBytes({piece, count});
+        if (std::ferror(m_file)) FailFor("the folder of temporary files");
+    }
+
+private:
+    std::FILE* m_file;
+};
+
+// Runs one of the two over the files and returns how many bytes were read and written. The result takes its
+// name only when it is whole.
 template <class Work>
-void Pass(const Files& files, const char* what, Work work)
+std::pair<std::uintmax_t, std::uintmax_t> Pass(const Files& files, const char* what, Work work)
 {
+    Spool input;
+    const bool isPiped = files.in == standardStream;
+    if (isPiped) input.TakeInput();
+    const std::string source = isPiped ? input.Path() : files.in;
     std::error_code unknown;
-    const std::uintmax_t size = fs::file_size(files.in, unknown);
+    const std::uintmax_t size = fs::file_size(source, unknown);
     if (!unknown && size > largest) throw std::runtime_error(files.in + ": longer than 4 GiB");
     WatchedFile in(what, unknown ? 0 : size);
-    if (!in.Open(files.in.c_str(), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, 0)) FailFor(files.in);
-    OutputFile target(files.out);
+    if (!in.Open(source.c_str(), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, 0)) FailFor(files.in);
     CFileStream out;
+    const auto run = [&] {
+        work(in, out);
+        out.Flush();
+        const DWORD written = out.GetSize();
+        out.Close();
+        return std::pair<std::uintmax_t, std::uintmax_t>(in.GetSize(), written);
+    };
+    if (files.out == standardStream) {
+        Spool output;
+        if (!out.Open(output.Path().c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING, 0))
+            FailFor("the folder of temporary files");
+        const auto sizes = run();
+        output.GiveOut();
+        return sizes;
+    }
+    OutputFile target(files.out);
     target.Open(out);
-    work(in, out);
-    out.Flush();
-    out.Close();
+    const auto sizes = run();
     target.Commit();
+    return sizes;
 }
 
 void Deflate(const Files& files)
 {
     CDeflator deflator;
-    Pass(files, "deflating", [&](CStream& in, CStream& out) { deflator.Deflate(in, out); });
-    Print("%ju of %ju bytes, checksum %08X\n", fs::file_size(files.out), fs::file_size(files.in),
-          deflator.GetChecksum());
+    const auto [read, written] =
+        Pass(files, "deflating", [&](CStream& in, CStream& out) { deflator.Deflate(in, out); });
+    if (files.out != standardStream)
+        Print("%ju of %ju bytes, checksum %08X\n", written, read, deflator.GetChecksum());
 }
 
 void Inflate(const Files& files)
 {
-    Pass(files, "inflating", [](CStream& in, CStream& out) { CInflator().Inflate(in, out); });
-    Print("%ju bytes\n", fs::file_size(files.out));
+    const auto [read, written] =
+        Pass(files, "inflating", [](CStream& in, CStream& out) { CInflator().Inflate(in, out); });
+    if (files.out != standardStream) Print("%ju bytes\n", written);
 }
 
 struct Archive {
@@ -181,8 +237,8 @@ void AddPass(CLI::App& app, const char* name, const char* text, void (*run)(cons
 {
     const auto files = std::make_shared<Files>();
     CLI::App* command = app.add_subcommand(name, text);
-    command->add_option("in", files->in, "The file to read")->required();
-    command->add_option("out", files->out, "The file to write")->required();
+    command->add_option("in", files->in, "The file to read; - is standard input")->required();
+    command->add_option("out", files->out, "The file to write; - is standard output")->required();
     command->callback([files, run] { run(*files); });
 }
 } // namespace

@@ -89,7 +89,7 @@ std::string Utf8(std::u16string_view utf16)
 
 std::vector<std::u16string> ReadLines(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(path == "-" ? "/dev/stdin" : path, std::ios::binary);
     std::ostringstream whole;
     if (!file.is_open())
         throw std::runtime_error("cannot read " + path + ": " + std::generic_category().message(errno));

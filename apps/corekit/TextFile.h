@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-// The lines of the file, without their ends (LF, CRLF or CR). Bytes that are not UTF-8 become U+FFFD.
+// The lines of the file, "-" being standard input, without their ends (LF, CRLF or CR). Bytes that are not UTF-8 become U+FFFD.
 // Throws std::runtime_error with the reason when the file cannot be read.
 std::vector<std::u16string> ReadLines(const std::string& path);
 

@@ -72,6 +72,9 @@ is '[
 ]' shape א --json
 says '"what": "registry", "state": "(ok|missing)"' doctor --json
 
+[ "$(printf 'one two' | "$tool" deflate - - | "$tool" inflate - -)" = 'one two' ] || fail "no way there and back through pipes"
+[ "$(printf caf\\351 | "$tool" convert --from 1252 --to utf-8 - -o -)" = café ] || fail "convert through pipes"
+
 export COREKIT_HOME=$scratch/home
 refused registry
 refused registry get 'Software\Test' Name

@@ -3,6 +3,7 @@
 #include "corekit/platform/HarmlessText.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -40,7 +41,8 @@ void WriteConsoleText(const char* text, WORD colour)
     if (!isatty(STDOUT_FILENO)) return writeOut(text);
     // A line end comes last, so that a colour never fills the line below.
     std::string body = corekit::detail::HarmlessText(text, corekit::detail::LineEnds::kept), end;
-    if (colour == 0) return writeOut(body);
+    const char* const refusal = std::getenv("NO_COLOR"); // see no-color.org
+    if (colour == 0 || (refusal && *refusal)) return writeOut(body);
     while (body.ends_with('\n')) {
         body.pop_back();
         end += '\n';
