@@ -8,6 +8,7 @@
 #include "corekit/framework/Array.h"
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 #include "corekit/unicode/shaping/GlyphConversion.h"
+#include "corekit/unicode/storage/StoredText.h"
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 
 #include <CLI/CLI.hpp>
@@ -38,11 +39,12 @@ StringW GlyphsOfPrefix(const StringW& visual, int count)
     return glyphs;
 }
 
-void ShowShape(const std::string& utf8)
+void ShowShape(const std::string& utf8, bool isStored)
 {
     const std::u16string text = Utf16(utf8);
     if (text.size() > longest) throw std::runtime_error("the text is longer than 10000 characters");
-    StringW visual(text.data(), static_cast<int>(text.size()));
+    const int length = static_cast<int>(text.size());
+    StringW visual = isStored ? ToStoredText(text.data(), length) : StringW(text.data(), length);
     CArray<int, int> order, types;
     const int level = GetBaseLevel(visual, visual.GetLength());
     ReorderToVisual(visual, order, types, level);
@@ -68,9 +70,12 @@ void AddShapeCommand(CLI::App& app)
     auto* command = app.add_subcommand("shape", "Print visual order, types and glyph codes of a text");
     auto text = std::make_shared<std::string>();
     command->add_option("TEXT", *text, "One line of UTF-8 text, in the order it is spoken")->required();
+    auto isStored = std::make_shared<bool>(false);
+    command->add_flag("--stored", *isStored,
+                      "Take it as this suite keeps it (docs/stored-text.md), as draw does");
     command->footer(
         "Each row is a place on the line, from the left; 'was' is its place in the text as it is spoken,\n"
         "'direction' its type after the bidirectional pass.");
     OfferJson(*command);
-    command->callback([text] { ShowShape(*text); });
+    command->callback([text, isStored] { ShowShape(*text, *isStored); });
 }

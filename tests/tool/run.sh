@@ -293,11 +293,11 @@ if "$tool" --help | grep -q "^ *draw "; then
         says 'words overlap by at least 70 %' fonts compare "$scripts/$1.txt" --font-file "$scratch/fonts/CoreKit-$2.ttf" \
             --font "CoreKit $2" --with "Noto Sans $2" --at-least "$3"
     }
-    likeness hindi Devanagari 95
-    likeness marathi Devanagari 90
-    likeness nepali Devanagari 90
-    likeness bengali Bengali 70
-    likeness assamese Bengali 75
+    likeness hindi Devanagari 99
+    likeness marathi Devanagari 99
+    likeness nepali Devanagari 99
+    likeness bengali Bengali 99
+    likeness assamese Bengali 99
     likeness tamil Tamil 95
     # Words of the news in eight languages, over the platform's drawing in the same face.
     words=$(dirname "$0")/../unicode_ui/words
@@ -306,9 +306,9 @@ if "$tool" --help | grep -q "^ *draw "; then
     }
     for language in arabic persian urdu; do news $language 'Noto Naskh Arabic' 99; done
     news hebrew 'Noto Serif Hebrew' 99
-    news hindi 'Noto Sans Devanagari' 89 --font 'CoreKit Devanagari' --font-file "$scratch/fonts/CoreKit-Devanagari.ttf"
-    news marathi 'Noto Sans Devanagari' 95 --font 'CoreKit Devanagari' --font-file "$scratch/fonts/CoreKit-Devanagari.ttf"
-    news bengali 'Noto Sans Bengali' 72 --font 'CoreKit Bengali' --font-file "$scratch/fonts/CoreKit-Bengali.ttf"
+    news hindi 'Noto Sans Devanagari' 99.5 --font 'CoreKit Devanagari' --font-file "$scratch/fonts/CoreKit-Devanagari.ttf"
+    news marathi 'Noto Sans Devanagari' 99.5 --font 'CoreKit Devanagari' --font-file "$scratch/fonts/CoreKit-Devanagari.ttf"
+    news bengali 'Noto Sans Bengali' 99.5 --font 'CoreKit Bengali' --font-file "$scratch/fonts/CoreKit-Bengali.ttf"
     news tamil 'Noto Sans Tamil' 99 --font 'CoreKit Tamil' --font-file "$scratch/fonts/CoreKit-Tamil.ttf"
     says '^\{"font": "", "with": "Noto Serif Hebrew", "words": 591, "shares": \{"98"' fonts compare "$words/hebrew.txt" \
         --with 'Noto Serif Hebrew' --json

@@ -61,6 +61,10 @@ TEST(GlyphFont, PiecesTogetherAreAsWideAsTheBaseFacesText)
         {GlyphScript::Devanagari, u"\u0047\u00F2\u00D2", u"\u0915\u094D\u0930\u0940"},
         {GlyphScript::Bengali, u"\u0009\u004B\u009A\u0076", u"\u0995\u09CB"}, // a sign on both sides
         {GlyphScript::Bengali, u"\u00B6", u"\u0995\u09CD\u09B7"},
+        {GlyphScript::Bengali, u"\u0069\u0080", u"\u09B0\u09C1"}, // a sign that runs on from its letter
+        {GlyphScript::Bengali, u"\u000C", u"\u09AA\u09CD\u09B0"}, // a conjunct at a free position
+        {GlyphScript::Devanagari, u"\u0026\u00F5", u"\u091F\u094D\u091F"}, // with the tail of another letter
+        {GlyphScript::Devanagari, u"\u0015\u0045\u00F2", u"\u0938\u094D\u0915"}, // a half form
         {GlyphScript::Tamil, u"\u201A", u"\u0B95\u0BCD"}, // reached through the western code page
         {GlyphScript::Tamil, u"\u00AA\u00E8\u00A3", u"\u0B95\u0BCA"},
     };
@@ -79,7 +83,7 @@ TEST(GlyphFont, MarksTakeNoRoom)
     } cases[] = {
         {GlyphScript::Devanagari,
          u"\u00C2\u00C3\u00C4\u00C5\u00C6\u00C7\u00C8\u00D6\u00D7\u00D8\u00DA\u00E0\u00E4\u00E8\u00EC\u00EF"},
-        {GlyphScript::Bengali, u"\u0001\u0012\u0017\u0026\u0079\u0081\u009F\u00A1\u00A9\u00AA\u00AD\u00D6"},
+        {GlyphScript::Bengali, u"\u0001\u0012\u0026\u0079\u0081\u009F\u00A1\u00A9\u00AA\u00AD\u00D6"},
     };
     for (const auto& c : cases) EXPECT_EQ(WidthOf(Font(c.script).name, c.positions, ETO_IGNORELANGUAGE), 0);
 }

@@ -8,6 +8,8 @@ constexpr char16_t virama = 0x09CD, nukta = 0x09BC, signE = 0x09C7, signAi = 0x0
 constexpr char16_t wordSeparator = 0x09FF;
 
 bool IsDevanagari(char16_t c) { return c >= 0x0900 && c <= 0x097F; }
+bool IsDevanagariGlyph(char16_t c) { return c >= 0xE000 && c <= 0xE0FF; }
+bool IsBengaliGlyph(char16_t c) { return c >= 0xE100 && c <= 0xE1FF; }
 bool IsBengali(char16_t c) { return c >= 0x0980 && c <= 0x09FF; }
 bool IsTamil(char16_t c) { return (c >= 0x0B80 && c <= 0x0BFF) || c == 0xE27C || c == 0xE27D; }
 bool IsPlainLetter(char16_t c) { return bengaliPlainLetters.find(c) != bengaliPlainLetters.npos; }
@@ -33,7 +35,8 @@ bool BeginsWord(std::u16string_view stored) { return stored.empty() || stored.ba
 std::size_t StoreSplitSign(std::u16string_view text, std::u16string& stored)
 {
     const Letter plain = PlainLetterAt(text);
-    const bool isBare = stored.empty() || stored.back() != virama; // no member of a cluster
+    // No member of a cluster, and without a sign in front already.
+    const bool isBare = stored.empty() || (stored.back() != virama && !IsBengaliGlyph(stored.back()));
     if (plain.length == 0 || plain.length >= text.size() || !isBare) return 0;
     const auto sign = std::ranges::find(bengaliSplitSigns, text[plain.length], &SplitSign::sign);
     if (sign == std::end(bengaliSplitSigns)) return 0;
@@ -115,12 +118,16 @@ std::size_t StoreIndic(std::u16string_view text, std::size_t at, std::u16string&
     constexpr auto from = &Spelling::plain, to = &Spelling::stored;
     if ((text[0] == 0x0964 || text[0] == 0x0965) && FollowsTamil(stored))
         return Take(FindSpelling(tamilDandas, from, text), from, to, stored);
-    if (IsDevanagari(text[0])) return Take(FindSpelling(devanagariSpellings, from, text), from, to, stored);
+    if (IsDevanagari(text[0])) {
+        const std::size_t taken = StoreDevanagari(text, stored);
+        return taken ? taken : Take(FindSpelling(devanagariSpellings, from, text), from, to, stored);
+    }
     if (text[0] == u' ' && text.size() > 1 && IsBengali(text[1]) && text[1] != wordSeparator) {
         stored.push_back(wordSeparator);
         return 1;
     }
     if (!IsBengali(text[0])) return 0;
+    if (const std::size_t taken = StoreBengaliSyllable(text, stored)) return taken;
     if (const std::size_t taken = StoreSplitSign(text, stored)) return taken;
     return Take(FindSpelling(bengaliSpellings, from, text), from, to, stored);
 }
@@ -130,8 +137,11 @@ std::size_t RestoreIndic(std::u16string_view stored, std::size_t at, std::u16str
     stored.remove_prefix(at);
     constexpr auto from = &Spelling::stored, to = &Spelling::plain;
     if (IsDevanagari(stored[0])) return Take(FindSpelling(devanagariSpellings, from, stored), from, to, text);
+    if (IsDevanagariGlyph(stored[0])) return RestoreDevanagari(stored, text);
     if (const std::size_t taken = RestoreSplitSign(stored, text)) return taken;
     if (const std::size_t taken = Take(FindSpelling(tamilDandas, from, stored), from, to, text)) return taken;
+    if (IsBengaliGlyph(stored[0]))
+        if (const std::size_t taken = RestoreBengaliSyllable(stored, text)) return taken;
     if (!IsBengali(stored[0]) && stored[0] != 0xE124) return 0;
     if (const std::size_t taken = RestoreTypedSign(stored, text)) return taken;
     if (const std::size_t taken = Take(FindSpelling(bengaliSpellings, from, stored), from, to, text))

@@ -27,4 +27,10 @@ std::size_t RestoreHyphen(std::u16string_view stored, std::size_t at, std::u16st
 std::size_t StoreIndic(std::u16string_view text, std::size_t at, std::u16string& stored);
 std::size_t RestoreIndic(std::u16string_view stored, std::size_t at, std::u16string& text);
 
+// The same for a syllable at the beginning of the text that is kept as glyph codes.
+std::size_t StoreDevanagari(std::u16string_view text, std::u16string& stored);
+std::size_t RestoreDevanagari(std::u16string_view codes, std::u16string& text);
+std::size_t StoreBengaliSyllable(std::u16string_view text, std::u16string& stored);
+std::size_t RestoreBengaliSyllable(std::u16string_view codes, std::u16string& text);
+
 } // namespace corekit::detail

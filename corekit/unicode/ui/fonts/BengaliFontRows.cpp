@@ -1,5 +1,10 @@
 // The glyph codes U+E100 to U+E1FF. The filler is blank: the letters have their whole width.
+#include "corekit/unicode/shaping/BengaliConjuncts.h"
 #include "corekit/unicode/ui/fonts/GlyphFontRows.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
 
 namespace corekit::detail {
 
@@ -7,7 +12,7 @@ namespace {
 
 // clang-format off
 constexpr GlyphFontRow rows[] = {
-    Small(0xE101, u"\u09A8"),                                     // virama na, below
+    Below(0xE101, u"\u0997", u"\u0997\u09CD\u09A8"),                                     // virama na, below
     After(0xE102, u"\u09B2", u"\u09B2\u09D7"),                    // au length mark
     Whole(0xE103, u"\u09A8\u09CD\u200D"),                         // na virama
     Beyond(0xE104, u"\u09B8\u09CD\u200D", u"\u09B8\u09CD\u09B0"), // ra below half sa
@@ -17,27 +22,22 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE108, u"\u0999\u09CD\u0997"),                         // nga virama ga
     Before(0xE109, u"\u09B2", u"\u09B2\u09C7"),                   // sign e
     Whole(0xE10B, u"\u0999\u09CD\u0998"),                         // nga virama gha
-    Whole(0xE10C, u"\u0999\u09CD\u09AE"),                         // nga virama ma
     Whole(0xE10E, u"\u099A\u09CD\u099A"),                         // ca virama ca
     Whole(0xE10F, u"\u099A\u09CD\u099B"),                         // ca virama cha
     Before(0xE110, u"\u09B2\u09B2", u"\u09B2\u09B2\u09C7"),       // sign e, within a word
-    Whole(0xE111, u"\u099A\u09CD\u099E"),                         // ca virama nya
     After(0xE112, u"\u09B2", u"\u09B2\u09C3"),                    // sign vocalic r
     Before(0xE113, u"\u09B2\u09B2", u"\u09B2\u09B2\u09C8"),       // sign ai, within a word
     Whole(0xE114, u"\u099C\u09CD\u099C"),                         // ja virama ja
     Whole(0xE115, u"\u09A8\u09CD\u200D"),                         // na virama
-    Whole(0xE116, u"\u099C\u09CD\u099D"),                         // ja virama jha
-    After(0xE117, u"\u09B2", u"\u09B2\u09C2"),                    // sign uu
+    Beyond(0xE117, u"\u09B0", u"\u09B0\u09C2"),                   // sign uu, behind ra
     Whole(0xE118, u"\u099E\u09CD\u099A"),                         // nya virama ca
     Whole(0xE119, u"\u0995\u09CD\u09B0"),                         // ka virama ra
     Whole(0xE11A, u"\u099E\u09CD\u099B"),                         // nya virama cha
     Whole(0xE11B, u"\u099E\u09CD\u099C"),                         // nya virama ja
-    Whole(0xE11C, u"\u099F\u09CD\u09AE"),                         // tta virama ma
     Whole(0xE11D, u"\u09A1\u09CD\u09A1"),                         // dda virama dda
     Whole(0xE11E, u"\u09A3\u09CD\u099F"),                         // nna virama tta
     Whole(0xE11F, u"\u09A3\u09CD\u09A0"),                         // nna virama ttha
     Whole(0xE121, u"\u09A3\u09CD\u09A1"),                         // nna virama dda
-    Whole(0xE122, u"\u09A3\u09CD\u09A2"),                         // nna virama ddha
     Whole(0xE123, u"\u09A3\u09CD\u09A3"),                         // nna virama nna
     Whole(0xE124, u"\u09F3"),                                     // sign of the taka
     Whole(0xE125, u"\u09A3\u09CD\u09AE"),                         // nna virama ma
@@ -67,7 +67,6 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE13D, u"\u09AA\u09CD\u09AA"),                         // pa virama pa
     Whole(0xE13E, u"\u09AA\u09CD\u09B8"),                         // pa virama sa
     Whole(0xE13F, u"\u09AB\u09CD\u099F"),                         // pha virama tta
-    Whole(0xE140, u"\u09AB\u09CD\u09A4"),                         // pha virama ta
     Whole(0xE141, u"\u0985"),                                     // a
     Whole(0xE142, u"\u0987"),                                     // i
     Whole(0xE143, u"\u0988"),                                     // ii
@@ -126,12 +125,11 @@ constexpr GlyphFontRow rows[] = {
     After(0xE178, u"\u09B2", u"\u09B2\u09C0"),                    // sign ii
     After(0xE179, u"\u09B2", u"\u09B2\u09C1"),                    // sign u
     Whole(0xE17A, u"\u09AC\u09CD\u09A7"),                         // ba virama dha
-    Whole(0xE17B, u"\u09AC\u09CD\u09AD"),                         // ba virama bha
     Whole(0xE17C, u"\u0964"),                                     // danda
     Whole(0xE17D, u"\u09B2\u09CD\u0995"),                         // la virama ka
     Whole(0xE17E, u"\u09B2\u09CD\u0997"),                         // la virama ga
     Whole(0xE17F, u"\u09B2\u09CD\u099F"),                         // la virama tta
-    After(0xE180, u"\u09B2", u"\u09B2\u09C1"),                    // sign u
+    Beyond(0xE180, u"\u09B0", u"\u09B0\u09C1"),                   // sign u, behind ra
     After(0xE181, u"\u09B2", u"\u09B2\u09C2"),                    // sign uu
     Whole(0xE182, u"\u09B2\u09CD\u09A1"),                         // la virama dda
     Whole(0xE183, u"\u09B2\u09CD\u09A4"),                         // la virama ta
@@ -140,12 +138,10 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE186, u"\u09B2\u09CD\u09A6"),                         // la virama da
     Whole(0xE187, u"\u09B2\u09CD\u09AA"),                         // la virama pa
     Whole(0xE188, u"\u09B2\u09CD\u09AB"),                         // la virama pha
-    Whole(0xE189, u"\u09B2\u09CD\u09AD"),                         // la virama bha
+    Half(0xE189, u"\u09B2\u09CD", u"\u09B9"),                   // la virama, half
     Whole(0xE18A, u"\u09B2\u09CD\u09AE"),                         // la virama ma
-    Whole(0xE18B, u"\u09B2\u09CD\u09B8"),                         // la virama sa
     Whole(0xE18C, u"\u0997\u09CD\u200D"),                         // ga virama
     Whole(0xE18D, u"\u0995\u09CD\u200D"),                         // ka virama
-    Whole(0xE18E, u"\u09B2\u09CD\u09B9"),                         // la virama ha
     Whole(0xE18F, u"\u09B6\u09CD\u099A"),                         // sha virama ca
     Whole(0xE190, u"\u09A4\u09CD\u09B0"),                         // ta virama ra below half sa
     Whole(0xE191, u"\u09B6\u09CD\u099B"),                         // sha virama cha
@@ -154,7 +150,7 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE194, u"\u09B9\u09CD\u09A3"),                         // ha virama nna
     Whole(0xE196, u"\u09A8\u09CD\u09A8"),                         // na virama na
     Blank(0xE19A),                                                // filler
-    Small(0xE19D, u"\u09A8"),                                     // virama na, below
+    Below(0xE19D, u"\u0997", u"\u0997\u09CD\u09A8"),                                     // virama na, below
     After(0xE19F, u"\u09A1", u"\u09A1\u09BC"),                   // nukta
     Whole(0xE1A0, u"\u09F0"),                                     // ra with middle diagonal
     After(0xE1A1, u"\u0996", u"\u0996\u09CD\u09AC"),              // virama ba
@@ -164,7 +160,7 @@ constexpr GlyphFontRow rows[] = {
     After(0xE1A9, u"\u09B2", u"\u09B0\u09CD\u09B2"),              // ra virama
     Hung(0xE1AA, u"\u099E", u"\u099E\u09CD\u09B0"),              // virama ra
     Hung(0xE1AB, u"\u099E", u"\u099E\u09CD\u09B0"),              // virama ra
-    Small(0xE1AD, u"\u09B2"),                                     // virama la, below
+    Below(0xE1AD, u"\u0997", u"\u0997\u09CD\u09B2"),                                     // virama la, below
     Whole(0xE1AE, u"\u09B7\u09CD\u200D"),                         // ssa virama
     Whole(0xE1AF, u"\u09B8\u09CD\u200D"),                         // sa virama
     Whole(0xE1B0, u"\u0995\u09CD\u0995"),                         // ka virama ka
@@ -185,6 +181,9 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE1E6, u"\u09AE\u09CD\u09A8"),                         // ma virama na
     Blank(0xE1EC),                                                // filler
     Whole(0xE1EF, u"\u09B6\u09C1"),                               // sha sign u
+    After(0xE1F6, u"\u0995", u"\u09B0\u09CD\u0995"),              // ra virama, on ka and its like
+    After(0xE1F7, u"\u09A4", u"\u09B0\u09CD\u09A4"),              // ra virama, on ta and its like
+    After(0xE1F8, u"\u0997", u"\u09B0\u09CD\u0997"),              // ra virama, on ga and its like
     Whole(0xE1FB, u"\u09B9\u09C1"),                               // ha sign u
     Whole(0xE1FC, u"\u09B9\u09C3"),                               // ha sign vocalic r
     Whole(0xE1FE, u"\u09B9\u09CD\u09AE"),                         // ha virama ma
@@ -193,6 +192,17 @@ constexpr GlyphFontRow rows[] = {
 
 } // namespace
 
-std::span<const GlyphFontRow> BengaliFontRows() { return rows; }
+namespace {
+
+constexpr auto allRows = [] {
+    std::array<GlyphFontRow, std::size(rows) + std::size(bengaliConjuncts)> all{};
+    auto out = std::copy(std::begin(rows), std::end(rows), all.begin());
+    for (const BengaliConjunct& conjunct : bengaliConjuncts) *out++ = Whole(conjunct.code, conjunct.text);
+    return all;
+}();
+
+} // namespace
+
+std::span<const GlyphFontRow> BengaliFontRows() { return allRows; }
 
 } // namespace corekit::detail

@@ -1,10 +1,18 @@
 // The glyph codes U+E000 to U+E0FF. Letters with a stem at their right end are taken without it, as the same
 // code serves before another consonant; marks are taken from where they stand over a letter with a stem.
+#include "corekit/unicode/storage/DevanagariPieces.h"
 #include "corekit/unicode/ui/fonts/GlyphFontRows.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
 
 namespace corekit::detail {
 
 namespace {
+
+// Before va most half forms have their usual width; those that make one piece with it, before ka.
+constexpr std::u16string_view followers = u"\u0935\u0915";
 
 // clang-format off
 constexpr GlyphFontRow rows[] = {
@@ -28,8 +36,8 @@ constexpr GlyphFontRow rows[] = {
     Whole(0xE03E, u"\u090A", 0xE0F0),                             // uu
     Whole(0xE040, u"\u090B", 0xE0F1),                             // vocalic r
     Whole(0xE042, u"\u090F"),                                     // e
-    Whole(0xE043, u"\u0915\u094D\u200D"),                         // ka virama, half
-    Whole(0xE044, u"\u0915\u093C\u094D\u200D"),                   // ka nukta virama, half
+    Half(0xE043, u"\u0915\u094D", followers),                     // ka virama, half
+    Half(0xE044, u"\u0915\u093C\u094D", followers),               // ka nukta virama, half
     Whole(0xE045, u"\u0915", 0xE0F2),                             // ka
     Whole(0xE046, u"\u0915\u093C", 0xE0F2),                       // ka nukta
     Whole(0xE047, u"\u0915\u094D\u0930", 0xE0F2),                 // ka virama ra
@@ -71,8 +79,8 @@ constexpr GlyphFontRow rows[] = {
     Stemless(0xE079, u"\u0928\u094D\u0930"),                      // na virama ra
     Stemless(0xE07B, u"\u092A"),                                  // pa
     Stemless(0xE07C, u"\u092A\u094D\u0930"),                      // pa virama ra
-    Whole(0xE07D, u"\u092B\u094D\u200D"),                         // pha virama, half
-    Whole(0xE07E, u"\u092B\u093C\u094D\u200D"),                   // pha nukta virama, half
+    Half(0xE07D, u"\u092B\u094D", followers),                     // pha virama, half
+    Half(0xE07E, u"\u092B\u093C\u094D", followers),               // pha nukta virama, half
     Whole(0xE0A1, u"\u092B", 0xE0F2),                             // pha
     Whole(0xE0A2, u"\u092B\u093C", 0xE0F2),                       // pha nukta
     Whole(0xE0A3, u"\u092B\u094D\u0930", 0xE0F2),                 // pha virama ra
@@ -158,6 +166,20 @@ constexpr GlyphFontRow rows[] = {
 
 } // namespace
 
-std::span<const GlyphFontRow> DevanagariFontRows() { return rows; }
+namespace {
+
+// With the pieces that stored text adds.
+constexpr auto allRows = [] {
+    std::array<GlyphFontRow, std::size(rows) + std::size(devanagariHalves) + std::size(devanagariWholes)>
+        all{};
+    auto out = std::copy(std::begin(rows), std::end(rows), all.begin());
+    for (const DevanagariHalf& half : devanagariHalves) *out++ = Half(half.code, half.text, followers);
+    for (const DevanagariWhole& whole : devanagariWholes) *out++ = Whole(whole.code, whole.text, whole.tail);
+    return all;
+}();
+
+} // namespace
+
+std::span<const GlyphFontRow> DevanagariFontRows() { return allRows; }
 
 } // namespace corekit::detail

@@ -13,12 +13,13 @@ enum class GlyphPiece : BYTE {
     stemless, // all of `text` but the stem at its right end, which another code draws
     after,    // what `text` shows more than `context`, placed where the pen stands behind the context
     hung,     // the same for a mark, moved to where marks stand over plain letters
-    before,   // the same for a sign that stands in front of the context
-    beyond,   // what of `text` stands right of the width of `context`, a form that has not all of its ink
-    above,    // what of `text` rises above the top of `context`, placed over what stands before it
-    small,    // `text` at half its size, under the right end of what stands before it
-    tail,     // no ink: the way from where marks stand over `text` to its end
-    blank,    // neither ink nor width
+    half, // `text`, a letter with its virama, before the first letter of `context` that it does not melt with
+    before, // the same for a sign that stands in front of the context
+    beyond, // what of `text` stands right of the width of `context`, a form that has not all of its ink
+    above,  // what of `text` rises above the top of `context`, placed over what stands before it
+    below,  // what of `text` hangs below the foot of `context`, placed under what stands before it
+    tail,   // no ink: the way from where marks stand over `text` to its end
+    blank,  // neither ink nor width
 };
 
 struct GlyphFontRow {
@@ -57,9 +58,13 @@ constexpr GlyphFontRow Above(WORD code, std::u16string_view context, std::u16str
 {
     return {code, GlyphPiece::above, text, context, 0};
 }
-constexpr GlyphFontRow Small(WORD code, std::u16string_view text)
+constexpr GlyphFontRow Below(WORD code, std::u16string_view context, std::u16string_view text)
 {
-    return {code, GlyphPiece::small, text, {}, 0};
+    return {code, GlyphPiece::below, text, context, 0};
+}
+constexpr GlyphFontRow Half(WORD code, std::u16string_view text, std::u16string_view followers)
+{
+    return {code, GlyphPiece::half, text, followers, 0};
 }
 constexpr GlyphFontRow Blank(WORD code) { return {code, GlyphPiece::blank, {}, {}, 0}; }
 constexpr GlyphFontRow Tail(WORD code, std::u16string_view text)

@@ -12,6 +12,7 @@ namespace {
 
 struct Extent {
     double left = std::numeric_limits<double>::max(), top = std::numeric_limits<double>::lowest();
+    double bottom = std::numeric_limits<double>::max();
 };
 
 Extent ExtentOf(const GlyphOutline& outline, double below = std::numeric_limits<double>::max())
@@ -21,6 +22,7 @@ Extent ExtentOf(const GlyphOutline& outline, double below = std::numeric_limits<
         for (const OutlineCurve& side : contour) {
             if (side.start.y < below) e.left = std::min(e.left, side.start.x);
             e.top = std::max(e.top, side.start.y);
+            e.bottom = std::min(e.bottom, side.start.y);
         }
     return e;
 }
@@ -97,14 +99,17 @@ GlyphPieceState GlyphPieces::Make(BYTE position, GlyphPieceShape& shape) const
     case GlyphPiece::before:
         state = Beside(*row, shape);
         break;
+    case GlyphPiece::half:
+        state = Half(*row, shape);
+        break;
     case GlyphPiece::beyond:
         Beyond(*row, shape);
         break;
     case GlyphPiece::above:
         Above(*row, shape);
         break;
-    case GlyphPiece::small:
-        shape.outline = Small(row->text);
+    case GlyphPiece::below:
+        Below(*row, shape);
         break;
     case GlyphPiece::blank:
         break;
@@ -143,6 +148,17 @@ GlyphPieceState GlyphPieces::Beside(const GlyphFontRow& row, GlyphPieceShape& sh
     return GlyphPieceState::made;
 }
 
+GlyphPieceState GlyphPieces::Half(const GlyphFontRow& row, GlyphPieceShape& shape) const
+{
+    for (const char16_t& follower : row.context) {
+        const std::u16string_view context(&follower, 1);
+        const std::u16string both = std::u16string(row.text).append(context);
+        if (Beside({row.code, GlyphPiece::before, both, context, 0}, shape) == GlyphPieceState::made)
+            return GlyphPieceState::made;
+    }
+    return GlyphPieceState::inseparable;
+}
+
 void GlyphPieces::Beyond(const GlyphFontRow& row, GlyphPieceShape& shape) const
 {
     const ShapedPieces all = m_face.Shape(row.text);
@@ -159,15 +175,11 @@ void GlyphPieces::Above(const GlyphFontRow& row, GlyphPieceShape& shape) const
     MoveOutline(shape.outline, -all.advance, 0);
 }
 
-// The small letter's head line touches the base line, where the strokes of the letter above end.
-GlyphOutline GlyphPieces::Small(std::u16string_view text) const
+void GlyphPieces::Below(const GlyphFontRow& row, GlyphPieceShape& shape) const
 {
-    constexpr double scale = 0.5;
-    const ShapedPieces letter = m_face.Shape(text);
-    GlyphOutline ink = Ink(letter);
-    ScaleOutline(ink, scale);
-    MoveOutline(ink, -letter.advance * scale, -ExtentOf(ink).top);
-    return ink;
+    const ShapedPieces all = m_face.Shape(row.text);
+    shape.outline = PartOf(Ink(all), CutSide::below, ExtentOf(Ink(m_face.Shape(row.context))).bottom);
+    MoveOutline(shape.outline, -all.advance, 0);
 }
 
 GlyphOutline GlyphPieces::Ink(const ShapedPieces& text) const

@@ -36,9 +36,10 @@ private:
     GlyphPieceState Whole(const GlyphFontRow& row, GlyphPieceShape& shape) const;
     GlyphPieceState Stemless(const GlyphFontRow& row, GlyphPieceShape& shape) const;
     GlyphPieceState Beside(const GlyphFontRow& row, GlyphPieceShape& shape) const;
+    GlyphPieceState Half(const GlyphFontRow& row, GlyphPieceShape& shape) const;
     void Beyond(const GlyphFontRow& row, GlyphPieceShape& shape) const;
     void Above(const GlyphFontRow& row, GlyphPieceShape& shape) const;
-    GlyphOutline Small(std::u16string_view text) const;
+    void Below(const GlyphFontRow& row, GlyphPieceShape& shape) const;
     GlyphOutline Ink(const ShapedPieces& text) const;
     bool Remainder(GlyphPiece side, std::u16string_view text, std::u16string_view context,
                    GlyphOutline& ink) const;

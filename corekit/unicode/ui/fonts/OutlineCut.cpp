@@ -40,6 +40,8 @@ Cut CutAt(CutSide side, double place)
         return {1, 0, place};
     case CutSide::right:
         return {-1, 0, -place};
+    case CutSide::below:
+        return {0, 1, place};
     default:
         return {0, -1, -place};
     }
@@ -118,11 +120,6 @@ void ChangePoints(GlyphOutline& outline, Change change)
 void MoveOutline(GlyphOutline& outline, double x, double y)
 {
     ChangePoints(outline, [=](OutlinePoint& p) { p = {p.x + x, p.y + y}; });
-}
-
-void ScaleOutline(GlyphOutline& outline, double scale)
-{
-    ChangePoints(outline, [=](OutlinePoint& p) { p = {p.x * scale, p.y * scale}; });
 }
 
 GlyphOutline PartOf(const GlyphOutline& outline, CutSide side, double place)

@@ -1,4 +1,4 @@
-// Straight work on outlines: moving and scaling them, and cutting them along a line.
+// Straight work on outlines: moving them, and cutting them along a line.
 #pragma once
 
 #include "corekit/platform/ShapingFace.h"
@@ -6,11 +6,11 @@
 namespace corekit::detail {
 
 void MoveOutline(GlyphOutline& outline, double x, double y);
-void ScaleOutline(GlyphOutline& outline, double scale);
 
-enum class CutSide { left, right, above };
+enum class CutSide { left, right, above, below };
 
-// What of the outline lies on this side of an upright line (left, right) or a level one (above) at `place`,
+// What of the outline lies on this side of an upright line (left, right) or a level one (above, below) at
+// `place`,
 // closed along it. Filled without regard to overlaps (non-zero winding), it is the exact part of the shape.
 GlyphOutline PartOf(const GlyphOutline& outline, CutSide side, double place);
 
