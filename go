@@ -18,6 +18,7 @@ usage: ./go COMMAND [ARGUMENTS]
   asan | tsan      the core tests under address and undefined-behaviour, or thread, sanitizer
   format [--check] lay out the sources by .clang-format
   lint             the house rules, then clang-tidy
+  docs             the reference as web pages in build/docs/html; ends with 1 if a comment cannot be understood
   package          Debian packages and a .tar.gz of what would be installed, in build/package
 
 Missing Debian packages are installed when you are root and named when you are not.
@@ -184,6 +185,13 @@ lint)
     tools/lint.sh
     build release
     git ls-files 'corekit/*.cpp' 'apps/*.cpp' | xargs -P "$jobs" -n 4 clang-tidy --quiet --extra-arg=-Wno-unknown-warning-option -p build/release
+    ;;
+docs)
+    need docs
+    mkdir -p build/docs
+    doxygen docs/reference/Doxyfile
+    [ ! -s build/docs/warnings.txt ] || { cat build/docs/warnings.txt >&2; exit 1; }
+    say "build/docs/html/index.html"
     ;;
 package)
     need build package
