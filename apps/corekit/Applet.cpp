@@ -70,7 +70,8 @@ void List(const Applets& applets)
 
 void Run(const std::string& library, std::optional<int> index)
 {
-    if (index && !StartToolkit()) throw std::runtime_error("the windows of an applet need a display");
+    if (index && !(StartToolkit() && ToolkitHasDisplay()))
+        throw std::runtime_error("the windows of an applet need a display");
     const Applets applets(library);
     if (!index) return List(applets);
     if (*index < 0 || *index >= applets.Count())

@@ -12,8 +12,8 @@ constexpr ResourceString texts[] = {{textStarting, "The service is starting"},
 // A disc in that colour.
 std::string Disc(const char* colour)
 {
-    constexpr int size = 16, centre = 15, radius = 14; // of half pixels
-    std::string xpm = std::string("/* XPM */\n\"16 16 2 1\",\n\"  c None\",\n\"o c ") + colour + "\",\n";
+    constexpr int size = 32, centre = 31, radius = 28; // of half pixels
+    std::string xpm = std::string("/* XPM */\n\"32 32 2 1\",\n\"  c None\",\n\"o c ") + colour + "\",\n";
     for (int y = 0; y < size; ++y) {
         xpm += '"';
         for (int x = 0; x < size; ++x) {

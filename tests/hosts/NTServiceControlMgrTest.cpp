@@ -209,6 +209,9 @@ TEST_F(ServiceControl, InstallingAgainChangesTheSettingsAndKeepsWhatAPersonAdded
     EXPECT_EQ(UnitFile("a.service").find("RefuseManualStart"), text.npos);
     ASSERT_TRUE(manager.DisableService("a"));
     EXPECT_NE(UnitFile("a.service").find("RefuseManualStart=yes\n"), text.npos);
+    WriteWhole(folder / "a.service", "[Service]\nEnvironment=A=1\\"); // goes on into whatever comes next
+    ASSERT_TRUE(Create("a", "/opt/a"));
+    EXPECT_NE(UnitFile("a.service").find("A=1\\\n\nExecStart=:\"/opt/a\"\n"), text.npos);
     ASSERT_TRUE(manager.DeleteService("a"));
     EXPECT_FALSE(std::filesystem::exists(folder / "a.service"));
     EXPECT_EQ(machine.Calls().back(), "Reload");

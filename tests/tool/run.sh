@@ -418,6 +418,13 @@ refused serial "${devices[@]}" show /dev/null
 refused serial "${devices[@]}" listen COM7 --parity odder
 refused serial "${devices[@]}" listen COM7 --bits 9
 refused serial send COM7 "$scratch/missing"
+applets=$(dirname "$tool")/../lib/script-upload-applet.so
+if [ -f "$applets" ]; then
+    says '^0 +Script Upload +Which folder' applet "$applets"
+    refused applet "$applets" 2
+    refused applet "$scratch/utf8.txt"
+    refused applet "$(dirname "$tool")/../lib/libcorekit.so"
+fi
 # A line whose other end answers each text with itself in capitals.
 python3 - "$scratch/dev/COM7" <<'PYTHON' &
 import os, pty, sys, tty

@@ -1,6 +1,7 @@
 #include "corekit/hosts/ui/DLG_SCMStatus.h"
 
 #include "corekit/foundation/ChainedException.h"
+#include "corekit/framework/WinApp.h"
 #include "corekit/platform/Cursors.h"
 #include "corekit/platform/Statics.h"
 #include "corekit/platform/Waits.h"
@@ -15,7 +16,8 @@ using namespace corekit::detail::dialogs;
 constexpr DWORD timeToAppear = 100; // milliseconds
 } // namespace
 
-DLG_SCMStatus::DLG_SCMStatus(unsigned int textId) : ProgressDialogBase(""), m_text(LoadResourceString(textId))
+DLG_SCMStatus::DLG_SCMStatus(unsigned int textId)
+    : ProgressDialogBase(AfxGetApp() ? AfxGetApp()->m_pszAppName : ""), m_text(LoadResourceString(textId))
 {
     for (WORD number = corekit::detail::firstTurningIcon; HICON & icon : m_icons)
         icon = LoadIconA(nullptr, MAKEINTRESOURCEA(number++));

@@ -39,6 +39,7 @@ std::pair<std::string, std::string> takeLine(std::string_view& rest)
         const bool goesOn = passes || (isContinued(line) && !(isFirst && isComment(trimmed(line))));
         if (!passes) joined.append(goesOn ? line.substr(0, line.size() - 1) : line);
         if (goesOn && !passes) joined += ' ';
+        if (goesOn && rest.empty()) whole += '\n'; // or what is added below would be part of it
         if (!goesOn || rest.empty()) return {whole, joined};
     }
 }
