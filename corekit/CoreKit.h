@@ -4,7 +4,9 @@
 
 #include "corekit/commands/CmdItem.h"
 #include "corekit/commands/CustomAcceleratorTable.h"
+#include "corekit/commands/KeyAssignments.h"
 #include "corekit/commands/KeyTables.h"
+#include "corekit/commands/MacroBitmaps.h"
 #include "corekit/commands/MacroProfile.h"
 #include "corekit/devices/AspiCommands.h"
 #include "corekit/devices/Scsi.h"

@@ -26,11 +26,17 @@ public:
         m_bytes.push_back(std::move(dib));
         m_names.push_back("#" + std::to_string(number));
     }
+    // A key table under that number.
+    void AddTable(int number, std::span<const std::byte> table)
+    {
+        m_tables.push_back({"#" + std::to_string(number), table});
+    }
     void Use()
     {
         m_resources.clear();
         for (std::size_t i = 0; i < m_bytes.size(); ++i)
             m_resources.push_back({"#2", m_names[i].c_str(), m_bytes[i]});
+        for (const auto& [name, table] : m_tables) m_resources.push_back({"#9", name.c_str(), table});
         AfxSetResources(m_resources);
     }
     ~StripResources() { AfxSetResources({}); }
@@ -38,5 +44,6 @@ public:
 private:
     std::vector<std::vector<std::byte>> m_bytes;
     std::vector<std::string> m_names;
+    std::vector<std::pair<std::string, std::span<const std::byte>>> m_tables;
     std::vector<BinaryResource> m_resources;
 };

@@ -1,9 +1,16 @@
 #include "corekit/commands/ui/CommandList.h"
 
+#include "corekit/commands/ui/AXPropertySheet.h"
 #include "corekit/commands/ui/IntelliToolBar.h"
+#include "corekit/commands/ui/PPage_CustomiseKeyboard.h"
+#include "corekit/commands/ui/PPage_CustomiseToolbars.h"
+#include "corekit/commands/ui/PPage_MacroToolbar.h"
 #include "corekit/foundation/AcceleratorResource.h"
+#include "corekit/framework/ui/FrameWnd.h"
+#include "corekit/resources/Messages.h"
 
 #include <algorithm>
+#include <utility>
 
 IMPLEMENT_DYNAMIC(CCommandList, CObject)
 
@@ -106,6 +113,42 @@ void CCommandList::GetDefaultAccelTable(int tableId, AccelArray& entries)
     const std::vector<ACCEL> keys = LoadKeys(static_cast<UINT>(tableId));
     entries.SetSize(static_cast<int>(keys.size()));
     std::ranges::copy(keys, entries.GetData());
+}
+
+int CCommandList::FindAccelTableID(const CString& name) const
+{
+    for (auto table = m_tables.rbegin(); table != m_tables.rend(); ++table)
+        if (table->name == name) return static_cast<int>(table->id);
+    return -1;
+}
+
+void CCommandList::GetDefaultAccelTableByIndex(int index, AccelArray& entries) const
+{
+    if (index >= 0 && index < GetRegisteredAccelTableSize())
+        GetDefaultAccelTable(static_cast<int>(m_tables[static_cast<std::size_t>(index)].id), entries);
+}
+
+int CCommandList::Configure(CFrameWnd* frame, UINT tableId, CPropertyStore* keyStore,
+                            CPropertyStore* macroStore, CPropertyStore* macroListA,
+                            CPropertyStore* macroListB, int* changed, int* showToolbar)
+{
+    const auto table = std::ranges::find(m_tables, tableId, &KeyTable::id);
+    if (table == m_tables.end()) return 0;
+    CAXPropertySheet sheet(static_cast<UINT>(message::customiseTitle), frame);
+    sheet.SetAutoDeleteMode(1);
+    sheet.AddPage(new PPage_CustomiseToolbars(frame, *this));
+    sheet.AddPage(new PPage_CustomiseKeyboard(*this, table->name));
+    if (macroStore)
+        sheet.AddPage(
+            new PPage_MacroToolbar(frame, macroStore, macroListA, macroListB, changed, showToolbar));
+    if (sheet.DoModal() != IDOK) return 0;
+    SaveAcceleratorTables(keyStore);
+    for (auto each = m_tables.rbegin(); each != m_tables.rend(); ++each) {
+        if (!each->handle) continue;
+        DestroyAcceleratorTable(std::exchange(each->handle, nullptr));
+        GetAcceleratorTable(each->id);
+    }
+    return 1;
 }
 
 void CCommandList::GetCustomAccelTableArray(CustomTableArray& tables) const { tables.Copy(m_customTables); }

@@ -54,6 +54,12 @@ public:
     int LoadAcceleratorTables(CPropertyStore* store);
     int SaveAcceleratorTables(CPropertyStore* store) const;
 
+    // The user's changes: keys, toolbars and, with a macro store, the macro toolbar, whose changed and shown
+    // flags are the host's. 1 after OK, when the keys have been stored (a key store may be null) and the
+    // tables that were built have been built anew; 0 after Cancel or for a table that is not registered.
+    int Configure(CFrameWnd* frame, UINT tableId, CPropertyStore* keyStore, CPropertyStore* macroStore,
+                  CPropertyStore* macroListA, CPropertyStore* macroListB, int* changed, int* showToolbar);
+
     // ---- Toolbars that a user gets at first
     void RegisterDefaultToolbar(UINT id, const char* name, const CUIntArray& buttons);
     int GetDefaultToolbarCount() const { return static_cast<int>(m_defaultToolbars.size()); }
@@ -74,6 +80,9 @@ public:
     int SaveToolBars(CPropertyStore* store) const { return store != nullptr; }
 
 private:
+    friend class PPage_CustomiseKeyboard;
+    friend class DLG_NewToolbar;
+
     struct KeyTable {
         CString name; // of the place where the keys count
         UINT id, fixedId;
@@ -86,6 +95,9 @@ private:
     };
 
     int GetCommandIndex(UINT command) const;
+    int GetRegisteredAccelTableSize() const { return static_cast<int>(m_tables.size()); }
+    int FindAccelTableID(const CString& name) const; // of the last table of that name, -1 without one
+    void GetDefaultAccelTableByIndex(int index, AccelArray& entries) const;
     int FindCustomAccelTable(UINT tableId) const;
     HACCEL Build(const KeyTable& table) const;
 

@@ -6,6 +6,7 @@
 #include "corekit/platform/Controls.h"
 #include "corekit/platform/DialogTemplate.h"
 #include "corekit/platform/Edits.h"
+#include "corekit/platform/HotKeys.h"
 #include "corekit/platform/ListBoxes.h"
 #include "corekit/platform/ProgressBars.h"
 #include "corekit/platform/Statics.h"

@@ -3,6 +3,7 @@
 #include "corekit/resources/dialogs/About.h"
 #include "corekit/resources/dialogs/CodePage.h"
 #include "corekit/resources/dialogs/CustomMessages.h"
+#include "corekit/resources/dialogs/CustomisePages.h"
 #include "corekit/resources/dialogs/Fonts.h"
 #include "corekit/resources/dialogs/LoggingDetails.h"
 #include "corekit/resources/dialogs/OptionsPages.h"
@@ -23,8 +24,13 @@ std::span<const DialogTemplate> corekit::detail::dialogTable()
         customMessage3Wide,
         customMessage4,
         customMessage5,
+        customiseKeyboard,
+        customiseToolbars,
         loggingDetails,
+        macroToolbar,
         miscellaneous,
+        newButton,
+        newToolbar,
         optionsBlank,
         progress,
         progressTwin,
