@@ -13,7 +13,7 @@ usage: ./go COMMAND [ARGUMENTS]
   test [PATTERN]   build everything and run the tests (those whose name matches PATTERN)
   build            build the libraries and the tool
   setup [SECTION]  install missing packages (default: build ui test)
-  bench [NAME...]  measure against the peers a user would pick, print the ratios
+  bench [NAME...]  measure against the peers a user would pick, print the ratios; --quick, --write docs
   fuzz [SECONDS]   run every fuzz target for SECONDS (default 60)
   asan | tsan      the core tests under address and undefined-behaviour, or thread, sanitizer
   format [--check] lay out the sources by .clang-format

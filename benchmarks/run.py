@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""run.py BINARIES [NAME...]: runs the benchmark programs and prints, for every path measured, each
-peer's rate and how many times the best peer CoreKit is. Names are <subject>/<path>/<peer>."""
+"""Runs the benchmark programs and prints, for every path measured, each peer's rate and how many times the best peer
+CoreKit is. Benchmarks are named <subject>/<path>/<peer>."""
+import argparse
 import collections
 import glob
 import json
@@ -9,40 +10,9 @@ import subprocess
 import sys
 import tempfile
 
-# What each path must reach, as a multiple of the best peer, or of the one named.
-GOALS = {
-    "chardata/general_type_random_bmp": 4, "chardata/general_type_text": 4,
-    "chardata/bidi_type_random_bmp": 4, "chardata/bidi_type_text": 4,
-    "chardata/to_upper_random_bmp": 4, "chardata/to_upper_text": 4,
-    "bidi/latin": 8, "bidi/mixed_ltr": 5, "bidi/mixed_rtl": 5,
-    "shaping/arabic": 3,
-    "indic/devanagari": 20, "indic/bengali": 20, "indic/tamil": 20, "indic/mixed": 20,
-    "streams/memory_write": 1.2, "streams/memory_read": 1.5,
-    "streams/file_write": 1.5, "streams/file_read": 1.2,
-    "strings/copy": 1, "strings/find_units": 1, "strings/make": (1, "qt6_qstring"), "strings/equal": (1, "qt6_qstring"),
-    "edit/key_4_kib": 1, "edit/key_64_kib": 1, "list/fill_100000_rows": 1,
-    "draw/measure": 5, "draw/raster": 1.5, "manager/start": 0.5,
-    "registry/read": 2,
-    "logging/flushed_line": (1.4, "spdlog"), "logging/filtered_out": 2,
-    "words/lookup_hit": (3, "lmdb"), "words/lookup_miss": (3, "lmdb"), "words/wildcard_queries": (3, "sorted_fnmatch"),
-    "settings/serialise": (1, "rapidjson"), "settings/deserialise": (2, "qt6_cbor"), "settings/lookup": (1, "jansson"), "settings/lookup_second_thread": (1, "jansson"),
-    "conversion/wildcards": (1, "fnmatch"), "conversion/adler32": 5,
-    "conversion/quicksort": 0.9, "conversion/sort_integers": 0.9, "conversion/sort_texts": 0.9,
-    "records/add": (1.3, "lmdb"), "records/delete": (5, "lmdb"), "records/get": 1, "records/replace": 1,
-    "ports/batch_of_10000": (1, "libuv"), "ports/round_trip": 1,
-    "codepages/read_utf8": (1, "icu"), "codepages/write_utf8": (1, "icu"),
-    "codepages/read_65001": (1, "icu"), "codepages/write_65001": (1, "icu"),
-    "codepages/read_1256": 0.9, "codepages/write_1256": 0.9, "codepages/read_932": 0.9, "codepages/write_932": 0.9,
-    "sockets/echo_64": 1, "sockets/echo_4096": 1,
-    "ftp/upload_64_mib": 1, "ftp/download_64_mib": 1, "ftp/upload_small_files": 1, "ftp/download_small_files": 1,
-    "graphics/load_24": 1, "graphics/save_24": 1, "graphics/draw_24": 0.83, "graphics/stretch_24": 0.83,
-    "graphics/button": 0.83,
-    "devices/serial_echo_64": 0.9, "devices/serial_echo_1024": 0.9, "devices/service_status": 0.9,
-    "packing/deflate": 0.97, "packing/inflate": 0.97,
-}
+import page
+from goals import GOALS, LEAST
 
-# How often a second at least, whatever peers do.
-LEAST = {"graphics/flip": 250, "prompter/frame_40_lines": 250}
 TIME_UNITS = {"ns": 1e9, "us": 1e6, "ms": 1e3, "s": 1}
 
 
@@ -57,9 +27,10 @@ def human(rate):
     return f"{rate:.3g} /s"
 
 
-def run(program, scratch):
+def run(program, scratch, quick):
     result = os.path.join(scratch, os.path.basename(program) + ".json")
-    subprocess.run([program, "--benchmark_repetitions=5", "--benchmark_min_time=0.1",
+    repetitions, seconds = (3, 0.02) if quick else (5, 0.1)
+    subprocess.run([program, f"--benchmark_repetitions={repetitions}", f"--benchmark_min_time={seconds}",
                     "--benchmark_report_aggregates_only=true", f"--benchmark_out={result}",
                     "--benchmark_out_format=json"],
                    check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
@@ -68,44 +39,66 @@ def run(program, scratch):
         return json.load(file)["benchmarks"]
 
 
-def main():
-    folder, names = sys.argv[1], sys.argv[2:]
-    programs = sorted(glob.glob(os.path.join(folder, "bench_*")))
-    if names:
-        programs = [p for p in programs if os.path.basename(p)[6:] in names]
-    if not programs:
-        sys.exit("run.py: no such benchmark")
+def measure(programs, quick):
+    """Rates by path and peer, in the order of the programs."""
     paths = collections.OrderedDict()
     # In memory where there is such a place, so that no disk takes part.
     with tempfile.TemporaryDirectory(dir="/dev/shm" if os.path.isdir("/dev/shm") else None) as scratch:
         for program in programs:
             print(os.path.basename(program), file=sys.stderr)
-            for b in run(program, scratch):
+            for b in run(program, scratch, quick):
                 if b.get("aggregate_name") == "median":
-                    subject, path, peer = b["run_name"].removesuffix("/real_time").removesuffix("/manual_time").split("/", 2)
+                    name = b["run_name"].removesuffix("/real_time").removesuffix("/manual_time")
+                    subject, path, peer = name.split("/", 2)
                     paths.setdefault(f"{subject}/{path}", {})[peer] = rate_of(b)
-    short = 0
+    return paths
+
+
+class Row:
+    """One path: our rate, the best peer's, and whether the goal is reached."""
+
+    def __init__(self, path, rates):
+        self.path, self.rates = path, rates
+        self.ours = rates.get("corekit", 0)
+        self.peers = {k: v for k, v in rates.items() if k != "corekit" and not k.startswith("limit")}
+        self.best = max(self.peers, key=self.peers.get, default=None)
+        self.ratio = self.ours / self.peers[self.best] if self.best else None
+        goal = GOALS.get(path)
+        self.goal, self.against = goal if isinstance(goal, tuple) else (goal, self.best)
+        self.least = LEAST.get(path)
+        self.is_short = bool(self.goal and self.best and self.ours < self.goal * self.peers[self.against]
+                             or self.least and self.ours < self.least)
+
+    def print(self):
+        best = f"{self.best or '-'} {human(self.peers.get(self.best, 0))}"
+        print(f"{self.path:36} {human(self.ours):>10} {best:>28} {self.ratio or 0:7.2f} {self.goal or '':>6}"
+              f"{' of ' + self.against if self.goal and self.against != self.best else ''}"
+              f"{f'  {self.least} /s wanted' if self.least else ''}{'  short' if self.is_short else ''}")
+        for peer in sorted(self.rates, key=self.rates.get, reverse=True):
+            if peer not in ("corekit", self.best):
+                print(f"{'':36} {'':>10} {peer + ' ' + human(self.rates[peer]):>28}")
+
+
+def main():
+    arguments = argparse.ArgumentParser(prog="./go bench", description=__doc__)
+    arguments.add_argument("binaries", help=argparse.SUPPRESS)
+    arguments.add_argument("names", nargs="*", metavar="NAME", help="subjects, by default all")
+    arguments.add_argument("--quick", action="store_true", help="shorter and less sure")
+    arguments.add_argument("--write", metavar="DIR", help="write performance.md and performance.svg there, too")
+    given = arguments.parse_args()
+    programs = sorted(glob.glob(os.path.join(given.binaries, "bench_*")))
+    if given.names:
+        programs = [p for p in programs if os.path.basename(p)[6:] in given.names]
+    if not programs:
+        sys.exit("run.py: no such benchmark")
+    rows = [Row(path, rates) for path, rates in measure(programs, given.quick).items()]
     print(f"{'path':36} {'CoreKit':>10} {'best peer':>28} {'ratio':>7} {'goal':>6}")
-    for path, rates in paths.items():
-        ours = rates.get("corekit", 0)
-        peers = {k: v for k, v in rates.items() if k != "corekit" and not k.startswith("limit")}
-        best = max(peers, key=peers.get, default=None)
-        ratio = ours / peers[best] if best else 0
-        goal, against = GOALS.get(path), best
-        if isinstance(goal, tuple):
-            goal, against = goal
-        mark = "" if not goal or not best or ours >= goal * peers[against] else "  short"
-        least = LEAST.get(path)
-        if least:
-            mark += f"  {least} /s wanted" + ("" if ours >= least else ", short")
-        short += "short" in mark
-        print(f"{path:36} {human(ours):>10} {(best or '-') + ' ' + human(peers.get(best, 0)):>28} "
-              f"{ratio:7.2f} {goal if goal else '':>6}"
-              f"{' of ' + against if goal and against != best else ''}{mark}")
-        for peer in sorted(rates, key=rates.get, reverse=True):
-            if peer not in ("corekit", best):
-                print(f"{'':36} {'':>10} {peer + ' ' + human(rates[peer]):>28}")
+    for row in rows:
+        row.print()
+    short = sum(row.is_short for row in rows)
     print(f"{short} path(s) short of their goal" if short else "every path reaches its goal")
+    if given.write:
+        page.write(given.write, rows, human)
 
 
 main()
