@@ -21,8 +21,8 @@ namespace {
 
 enum class Kind { batch, roundTrip };
 
-constexpr std::size_t kJobs = 10000;
-constexpr int kWorkers = 2;
+constexpr std::size_t jobCount = 10000;
+constexpr int workerCount = 2;
 
 std::uint64_t work(std::uint64_t x) { return x * 6364136223846793005u + 1442695040888963407u; }
 
@@ -62,15 +62,15 @@ std::uint64_t sumOf(const std::vector<std::uint64_t>& values)
 template <class Submit>
 void batch(benchmark::State& state, Submit submit)
 {
-    std::vector<std::uint64_t> values(kJobs);
+    std::vector<std::uint64_t> values(jobCount);
     std::mutex lock;
     std::condition_variable told;
     bool isDone = false;
     std::atomic<std::size_t> left = 0;
     for (auto _ : state) {
-        left = kJobs;
+        left = jobCount;
         isDone = false;
-        for (std::size_t i = 0; i < kJobs; ++i)
+        for (std::size_t i = 0; i < jobCount; ++i)
             submit([&, i] {
                 values[i] = work(i);
                 if (--left > 0) return;
@@ -82,7 +82,7 @@ void batch(benchmark::State& state, Submit submit)
         told.wait(guard, [&] { return isDone; });
         benchmark::DoNotOptimize(sumOf(values));
     }
-    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(kJobs));
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(jobCount));
 }
 
 template <class Submit>
@@ -112,7 +112,7 @@ void corekitBatch(benchmark::State& state, CIOCPManager& manager)
     };
     static std::atomic<std::size_t> left;
     static const HANDLE told = CreateEventA(nullptr, FALSE, FALSE, nullptr);
-    std::vector<Job> jobs(kJobs);
+    std::vector<Job> jobs(jobCount);
     for (Job& job : jobs)
         job.OnComplete = [](CompletionRecord* record, DWORD) {
             Job& own = *static_cast<Job*>(record);
@@ -120,8 +120,8 @@ void corekitBatch(benchmark::State& state, CIOCPManager& manager)
             if (--left == 0) SetEvent(told);
         };
     for (auto _ : state) {
-        left = kJobs;
-        for (std::size_t i = 0; i < kJobs; ++i) {
+        left = jobCount;
+        for (std::size_t i = 0; i < jobCount; ++i) {
             jobs[i].value = i;
             PostQueuedCompletionStatus(manager.GetPort(), 0, 1, &jobs[i]);
         }
@@ -130,7 +130,7 @@ void corekitBatch(benchmark::State& state, CIOCPManager& manager)
         for (const Job& job : jobs) sum += job.value;
         benchmark::DoNotOptimize(sum);
     }
-    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(kJobs));
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(jobCount));
 }
 
 // The result comes back through a second port.
@@ -157,7 +157,7 @@ void corekitRoundTrip(benchmark::State& state, CIOCPManager& manager)
 void corekit(benchmark::State& state, Kind kind)
 {
     CIOCPManager manager;
-    manager.Initialise(kWorkers, kWorkers);
+    manager.Initialise(workerCount, workerCount);
     (kind == Kind::batch ? corekitBatch : corekitRoundTrip)(state, manager);
     manager.Shutdown();
 }
@@ -166,18 +166,18 @@ void mutexQueue(benchmark::State& state, Kind kind)
 {
     MutexQueue<std::function<void()>> queue;
     std::vector<std::thread> workers;
-    for (int i = 0; i < kWorkers; ++i)
+    for (int i = 0; i < workerCount; ++i)
         workers.emplace_back([&] {
             while (auto job = queue.pop()) job();
         });
     measure(state, kind, [&](auto job) { queue.push(std::move(job)); });
-    for (int i = 0; i < kWorkers; ++i) queue.push(nullptr);
+    for (int i = 0; i < workerCount; ++i) queue.push(nullptr);
     for (std::thread& worker : workers) worker.join();
 }
 
 void asioPool(benchmark::State& state, Kind kind)
 {
-    asio::thread_pool pool(kWorkers);
+    asio::thread_pool pool(workerCount);
     measure(state, kind, [&](auto job) { asio::post(pool, std::move(job)); });
     pool.join();
 }
@@ -185,7 +185,7 @@ void asioPool(benchmark::State& state, Kind kind)
 void qtPool(benchmark::State& state, Kind kind)
 {
     QThreadPool pool;
-    pool.setMaxThreadCount(kWorkers);
+    pool.setMaxThreadCount(workerCount);
     measure(state, kind, [&](auto job) { pool.start(std::function<void()>(std::move(job))); });
     pool.waitForDone();
 }
@@ -199,7 +199,7 @@ void uvQueue(benchmark::State& state, Kind kind)
     };
     uv_loop_t loop;
     uv_loop_init(&loop);
-    std::vector<Request> requests(kind == Kind::batch ? kJobs : 1);
+    std::vector<Request> requests(kind == Kind::batch ? jobCount : 1);
     for (auto _ : state) {
         std::uint64_t sum = 0;
         for (Request& request : requests) {

@@ -53,7 +53,7 @@ std::optional<int> Find(std::string_view text)
     for (const std::string_view prefix : {"cp", "ibm", "ibm-", "windows-"})
         if (const auto page = Prefixed(text, prefix, 0)) return page;
     if (const auto page = Prefixed(text, "iso-8859-", 28590)) return page;
-    for (const auto& row : corekit::detail::kCodePageNameRows)
+    for (const auto& row : corekit::detail::codePageNameRows)
         if (Same(text, static_cast<const char*>(GetCodePageName(row.codePage))))
             return static_cast<int>(row.codePage);
     return {};
@@ -88,7 +88,7 @@ void PrintCodePages()
 {
     listed.clear();
     EnumSystemCodePagesA(List, CP_INSTALLED);
-    for (const auto& row : corekit::detail::kCodePageNameRows)
+    for (const auto& row : corekit::detail::codePageNameRows)
         listed[static_cast<int>(row.codePage)] = GetCodePageName(row.codePage);
     for (int i = 0; i < cconvGetCPCount(); ++i) listed[cconvGetCodePage(i)] = cconvGetCPName(i);
     TableRows rows{{"number", "name", "converts", "text"}};

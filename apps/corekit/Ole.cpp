@@ -19,9 +19,9 @@
 #include <vector>
 
 namespace {
-constexpr UINT kShareReading = 0x20, kReadWrite = 0x12;
-constexpr std::size_t kPiece = 65536;
-constexpr int kDeepest = 64;
+constexpr UINT shareReading = 0x20, readWrite = 0x12;
+constexpr std::size_t pieceSize = 65536;
+constexpr int deepest = 64;
 
 struct Options {
     std::string file, folder = ".", name, source;
@@ -64,7 +64,7 @@ using Visit =
 
 void Walk(IStorage* storage, const std::vector<std::string>& path, const Visit& visit)
 {
-    if (path.size() > kDeepest) throw std::runtime_error("storages too deep");
+    if (path.size() > deepest) throw std::runtime_error("storages too deep");
     STATSTG element;
     for (DWORD index = 0;; ++index) {
         const HRESULT result = storage->StatElement(index, &element);
@@ -91,7 +91,7 @@ void Open(COleFile& file, const std::string& name, UINT flags)
 void List(const Options& options)
 {
     COleFile file;
-    Open(file, options.file, kShareReading);
+    Open(file, options.file, shareReading);
     TableRows rows = {{"kind", "bytes", "name"}};
     Walk(file.GetStorage(), {}, [&](IStorage*, const STATSTG& element, const std::vector<std::string>& path) {
         std::string name;
@@ -112,9 +112,9 @@ void CopyOut(IStorage* storage, const STATSTG& element, const std::filesystem::p
     // Something that is a link already would be followed out of the folder.
     if (std::filesystem::is_symlink(target)) throw std::runtime_error(target.string() + ": is a link");
     OutputFile file(target);
-    std::vector<char> piece(kPiece);
+    std::vector<char> piece(pieceSize);
     for (DWORD count = 1; count != 0;) {
-        if (stream->Read(piece.data(), kPiece, &count) < 0)
+        if (stream->Read(piece.data(), pieceSize, &count) < 0)
             throw std::runtime_error(target.filename().string() + ": is damaged");
         file.Write({piece.data(), count});
     }
@@ -124,7 +124,7 @@ void CopyOut(IStorage* storage, const STATSTG& element, const std::filesystem::p
 void Extract(const Options& options)
 {
     COleFile file;
-    Open(file, options.file, kShareReading);
+    Open(file, options.file, shareReading);
     int count = 0;
     std::size_t total = 0;
     Walk(file.GetStorage(), {}, [&](IStorage*, const STATSTG&, const std::vector<std::string>&) { ++total; });
@@ -157,13 +157,13 @@ void Add(const Options& options)
         options.name.empty() ? std::filesystem::path(options.source).filename().string() : options.name;
     COleFile file;
     if (std::filesystem::exists(options.file))
-        Open(file, options.file, kReadWrite);
+        Open(file, options.file, readWrite);
     else
         file.Create(options.file.c_str(), 0);
     {
         const std::unique_ptr<COleStream> stream(file.CreateStream(Wide(name).c_str()));
-        std::vector<char> piece(kPiece);
-        while (source.read(piece.data(), kPiece), source.gcount() > 0)
+        std::vector<char> piece(pieceSize);
+        while (source.read(piece.data(), pieceSize), source.gcount() > 0)
             stream->Write(piece.data(), static_cast<DWORD>(source.gcount()));
         if (source.bad()) throw std::runtime_error(options.source + ": cannot be read");
         stream->Flush();

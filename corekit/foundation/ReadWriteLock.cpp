@@ -6,12 +6,12 @@ IMPLEMENT_DYNAMIC(CReadWriteLock, CObject)
 
 namespace {
 
-constexpr DWORD kSlice = 1000; // milliseconds
+constexpr DWORD slice = 1000; // milliseconds
 
 // A wait that fails ends as if the token had been had.
 void takeToken(HANDLE token)
 {
-    while (WaitForSingleObject(token, kSlice) == WAIT_TIMEOUT) {
+    while (WaitForSingleObject(token, slice) == WAIT_TIMEOUT) {
     }
 }
 

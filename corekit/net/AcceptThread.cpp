@@ -11,10 +11,10 @@
 #include <span>
 
 namespace {
-constexpr DWORD kRetryMs = 50; // until a connection that could not be taken is asked for again
+constexpr DWORD retryMs = 50; // until a connection that could not be taken is asked for again
 } // namespace
 
-constinit XSocketApi::AcceptEntry XSocketApi::m_acceptTable[kMostSockets] = {};
+constinit XSocketApi::AcceptEntry XSocketApi::m_acceptTable[mostSockets] = {};
 constinit std::size_t XSocketApi::m_acceptCount = 0;
 constinit std::recursive_mutex XSocketApi::m_acceptCrit;
 constinit HANDLE XSocketApi::m_hAcceptThread = nullptr;
@@ -54,7 +54,7 @@ UINT XSocketApi::AcceptThread(void*)
     for (;;) {
         HANDLE events[MAXIMUM_WAIT_OBJECTS];
         const DWORD count = CopyEvents(events);
-        const DWORD result = WaitForMultipleObjects(count, events, FALSE, isShort ? kRetryMs : INFINITE);
+        const DWORD result = WaitForMultipleObjects(count, events, FALSE, isShort ? retryMs : INFINITE);
         if (result == WAIT_OBJECT_0) {
             if (m_bTerminateAccept) return 0;
         } else if (result > WAIT_OBJECT_0 && result < WAIT_OBJECT_0 + count) {
@@ -87,7 +87,7 @@ bool XSocketApi::ServeSignalled(HANDLE event)
 bool XSocketApi::ServeAll()
 {
     const std::lock_guard lock(m_acceptCrit);
-    XListenSocket* listening[kMostSockets];
+    XListenSocket* listening[mostSockets];
     const std::size_t count = m_acceptCount;
     for (std::size_t i = 0; i < count; ++i) listening[i] = m_acceptTable[i].socket;
     bool isDone = true;
@@ -131,7 +131,7 @@ void XSocketApi::RegisterListenSocket(XListenSocket* listener)
 
 void XSocketApi::Select(XListenSocket* listener)
 {
-    if (m_acceptCount == kMostSockets) ThrowChainedException(nullptr, message::tooManyListenSockets);
+    if (m_acceptCount == mostSockets) ThrowChainedException(nullptr, message::tooManyListenSockets);
     const HANDLE event = scCreateEvent(nullptr, 0, 0, nullptr);
     try {
         listener->WSAEventSelect(event, FD_ACCEPT);

@@ -13,7 +13,7 @@ IMPLEMENT_DYNAMIC(CFtpClient, CObject)
 namespace {
 using corekit::detail::FtpReader;
 
-constexpr DWORD kReplyLimit = 10 * 60 * 1000; // milliseconds that a reply may take, however it comes
+constexpr DWORD replyLimit = 10 * 60 * 1000; // milliseconds that a reply may take, however it comes
 
 std::string_view View(const CString& text)
 {
@@ -117,9 +117,9 @@ int CFtpClient::GetMoreData(DWORD size, DWORD limit)
 int CFtpClient::ReadOneLine(CString& line, DWORD start)
 {
     while (!m_received.TakeLine(line)) {
-        if (m_received.Bytes().size() > FtpReader::kMostReply || timeGetTime() - start > kReplyLimit)
+        if (m_received.Bytes().size() > FtpReader::mostReply || timeGetTime() - start > replyLimit)
             return BreakOff();
-        if (!GetMoreData(kControlRead, m_timeout)) return 0;
+        if (!GetMoreData(controlRead, m_timeout)) return 0;
     }
     return 1;
 }
@@ -128,13 +128,13 @@ int CFtpClient::GetServerMessage(CStringArray& lines)
 {
     lines.RemoveAll();
     const DWORD start = timeGetTime();
-    for (std::size_t taken = 0; taken <= FtpReader::kMostReply;) {
+    for (std::size_t taken = 0; taken <= FtpReader::mostReply;) {
         CString line;
         if (!ReadOneLine(line, start)) return 0;
         LogString(0, line);
         lines.Add(line);
         if (corekit::detail::IsLastLineOfReply(View(line))) return 1;
-        taken += static_cast<std::size_t>(line.GetLength()) + corekit::detail::FtpListingSplitter::kLineCost;
+        taken += static_cast<std::size_t>(line.GetLength()) + corekit::detail::FtpListingSplitter::lineCost;
     }
     return BreakOff();
 }
@@ -169,8 +169,8 @@ void CFtpClient::DropLateReply()
         if (m_received.TakeLine(line)) {
             LogString(0, line);
             m_expectsLateReply = !corekit::detail::IsLastLineOfReply(View(line));
-        } else if (m_socket->ReadSocket(m_received.Room(kControlRead), kControlRead, received, 0) &&
-                   received > 0 && m_received.Bytes().size() <= FtpReader::kMostReply) {
+        } else if (m_socket->ReadSocket(m_received.Room(controlRead), controlRead, received, 0) &&
+                   received > 0 && m_received.Bytes().size() <= FtpReader::mostReply) {
             m_received.Added(received);
         } else {
             return;

@@ -79,7 +79,7 @@ public:
 private:
     using Socket = std::unique_ptr<XSocket>;
 
-    static constexpr DWORD kControlRead = 0x1000; // bytes of a reply or a listing that are read at once
+    static constexpr DWORD controlRead = 0x1000; // bytes of a reply or a listing that are read at once
 
     int GetMoreData(DWORD size, DWORD limit);
     int ReadOneLine(CString& line, DWORD start);

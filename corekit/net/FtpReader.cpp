@@ -9,8 +9,8 @@
 namespace corekit::detail {
 namespace {
 
-constexpr char kCr = '\r';
-constexpr char kEndOfData = 4;
+constexpr char cr = '\r';
+constexpr char endOfData = 4;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -61,11 +61,11 @@ bool FtpListingSplitter::Add(std::string_view bytes)
         const std::string_view part = bytes.substr(0, end);
         m_rest.Append(part.data(), static_cast<int>(part.size()));
         if (end == bytes.npos) break;
-        if (!m_rest.IsEmpty()) m_taken += kLineCost;
+        if (!m_rest.IsEmpty()) m_taken += lineCost;
         End();
         bytes.remove_prefix(end + 1);
     }
-    return m_taken <= kMost;
+    return m_taken <= most;
 }
 
 void FtpListingSplitter::End()
@@ -103,7 +103,7 @@ bool FtpReader::TakeLine(CString& line)
     if (bytes.empty()) return false;
     // Not in the last byte: the one behind the CR goes with it.
     const std::size_t last = bytes.size() - 1;
-    const std::size_t end = bytes.substr(0, last).find(kCr, m_searched);
+    const std::size_t end = bytes.substr(0, last).find(cr, m_searched);
     if (end == bytes.npos) {
         m_searched = last;
         return false;
@@ -122,7 +122,7 @@ FtpReader::Fast FtpReader::TakeFastLines(CStringArray& lines)
         const std::size_t end = bytes.substr(0, last).find_first_of("\r\4", m_searched);
         if (end == bytes.npos) {
             m_searched = last;
-            return bytes.size() > kMostReply ? Fast::isTooLarge : Fast::needsMore;
+            return bytes.size() > mostReply ? Fast::isTooLarge : Fast::needsMore;
         }
         const std::string_view line = bytes.substr(0, end);
         const bool isReply = StartsWithCode(line) && (line[3] == ' ' || line[3] == '-');
@@ -131,7 +131,7 @@ FtpReader::Fast FtpReader::TakeFastLines(CStringArray& lines)
             return Fast::isWhole;
         }
         lines.Add(TextOf(line));
-        const bool isEnd = bytes[end] == kEndOfData;
+        const bool isEnd = bytes[end] == endOfData;
         Consume(end + (isEnd ? 1 : 2));
         if (isEnd) return Fast::isWhole;
     }
@@ -140,7 +140,7 @@ FtpReader::Fast FtpReader::TakeFastLines(CStringArray& lines)
 FtpReader::Fast FtpReader::TakeFastData(CStream& stream)
 {
     const std::string_view bytes = Bytes();
-    const std::size_t end = std::min(bytes.find(kEndOfData), bytes.size());
+    const std::size_t end = std::min(bytes.find(endOfData), bytes.size());
     if (end > 0) stream.Write(bytes.data(), static_cast<DWORD>(end));
     const bool isWhole = end < bytes.size();
     Consume(end + isWhole);

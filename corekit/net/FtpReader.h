@@ -25,8 +25,8 @@ COREKIT_API FtpPassiveAddress PassiveAddressIn(std::string_view line);
 // Splits the bytes of a listing into lines at CR and LF; empty lines vanish.
 class COREKIT_API FtpListingSplitter {
 public:
-    static constexpr std::size_t kMost = 64 << 20; // bytes, with what a line costs beside its text
-    static constexpr std::size_t kLineCost = 32;
+    static constexpr std::size_t most = 64 << 20; // bytes, with what a line costs beside its text
+    static constexpr std::size_t lineCost = 32;
 
     explicit FtpListingSplitter(CStringArray& lines) : m_lines(lines) {}
     bool Add(std::string_view bytes); // false when the listing has become too large
@@ -42,7 +42,7 @@ private:
 // that something is not whole yet continue where they were when more bytes are there.
 class COREKIT_API FtpReader {
 public:
-    static constexpr std::size_t kMostReply = 256 << 10; // bytes of a line, and of a whole reply
+    static constexpr std::size_t mostReply = 256 << 10; // bytes of a line, and of a whole reply
 
     // Room for `size` bytes at the end; Added says how many of them were used.
     char* Room(std::size_t size);

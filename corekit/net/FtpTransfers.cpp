@@ -14,10 +14,13 @@
 namespace {
 using namespace corekit::detail;
 
-constexpr DWORD kBlock = 256 << 10; // bytes of file data that are moved at once
-constexpr int kFileReadLimit = 20000;
+constexpr DWORD blockSize = 256 << 10; // bytes of file data that are moved at once
+constexpr int fileReadLimit = 20000;
 
-std::unique_ptr<char[]> NewBlock(DWORD size = kBlock) { return std::make_unique_for_overwrite<char[]>(size); }
+std::unique_ptr<char[]> NewBlock(DWORD size = blockSize)
+{
+    return std::make_unique_for_overwrite<char[]>(size);
+}
 
 CString LastOf(const CStringArray& lines) { return lines.GetAt(lines.GetUpperBound()); }
 
@@ -103,7 +106,7 @@ int CFtpClient::ReadSocketToStream(XSocket& socket, CStream& stream)
     const DWORD position = stream.GetCurrentPos(), start = timeGetTime();
     const auto block = NewBlock();
     for (DWORD received = 0;;) {
-        if (!socket.ReadSocket(block.get(), kBlock, received, kFileReadLimit)) return 0;
+        if (!socket.ReadSocket(block.get(), blockSize, received, fileReadLimit)) return 0;
         if (received == 0) break;
         stream.Write(block.get(), received);
     }
@@ -116,7 +119,7 @@ int CFtpClient::WriteStreamToSocket(XSocket& socket, CStream& stream, DWORD& sen
     const DWORD total = stream.GetSize();
     const auto block = NewBlock();
     for (DWORD position = stream.GetCurrentPos(); position < total;) {
-        const DWORD part = std::min(total - position, kBlock);
+        const DWORD part = std::min(total - position, blockSize);
         stream.Read(block.get(), part);
         if (!WriteDataToSocket(socket, block.get(), part)) return 0;
         position += part;
@@ -222,15 +225,15 @@ int CFtpClient::GetFile_AvidFast(const char* name, CStream& stream)
 int CFtpClient::ReadFastModeData(CStringArray& lines)
 {
     lines.RemoveAll();
-    for (std::size_t taken = 0; taken <= FtpListingSplitter::kMost;) {
+    for (std::size_t taken = 0; taken <= FtpListingSplitter::most;) {
         const std::size_t before = m_received.Bytes().size();
         const int count = lines.GetSize();
         const auto found = m_received.TakeFastLines(lines);
         if (found == FtpReader::Fast::isWhole) return 1;
         if (found == FtpReader::Fast::isTooLarge) break;
         const auto added = static_cast<std::size_t>(lines.GetSize() - count);
-        taken += before - m_received.Bytes().size() + added * FtpListingSplitter::kLineCost;
-        if (!GetMoreData(kControlRead, m_timeout)) return 0;
+        taken += before - m_received.Bytes().size() + added * FtpListingSplitter::lineCost;
+        if (!GetMoreData(controlRead, m_timeout)) return 0;
     }
     return BreakOff();
 }
@@ -239,7 +242,7 @@ int CFtpClient::ReadFastModeData(CStream& stream)
 {
     const DWORD position = stream.GetCurrentPos(), start = timeGetTime();
     while (m_received.TakeFastData(stream) != FtpReader::Fast::isWhole)
-        if (!GetMoreData(kBlock, m_timeout)) return 0;
+        if (!GetMoreData(blockSize, m_timeout)) return 0;
     LogString(0, Summary("Transfer complete", stream, position, start));
     return 1;
 }

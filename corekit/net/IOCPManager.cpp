@@ -14,16 +14,16 @@ IMPLEMENT_DYNAMIC(CIOCPManager, CObject)
 static_assert(sizeof(CompletionRecord) == sizeof(OVERLAPPED) + 2 * sizeof(void*));
 
 namespace {
-constexpr ULONG_PTR kStop = 0;
+constexpr ULONG_PTR stop = 0;
 } // namespace
 
 void CIOCPManager::Initialise(int threadCount, int concurrency)
 {
-    const HANDLE port = CreateIoCompletionPort(INVALID_HANDLE_VALUE, nullptr, kStop,
+    const HANDLE port = CreateIoCompletionPort(INVALID_HANDLE_VALUE, nullptr, stop,
                                                static_cast<DWORD>(std::max(concurrency, 0)));
     if (port == nullptr) ThrowChainedException(GetLastErrorException(), message::createPortFailed);
     if (const HANDLE before = m_port.exchange(port); before != nullptr) CloseHandle(before);
-    for (int i = std::min(threadCount, kMaxThreads - m_threadCount); i > 0; --i) StartThread();
+    for (int i = std::min(threadCount, maxThreads - m_threadCount); i > 0; --i) StartThread();
 }
 
 // The thread waits until its handle is copied: its object goes with it.
@@ -45,7 +45,7 @@ void CIOCPManager::Shutdown()
 {
     if (m_port == nullptr) return;
     for (int i = 0; i < m_threadCount; ++i)
-        PostQueuedCompletionStatus(m_port, 0, kStop, reinterpret_cast<OVERLAPPED*>(this));
+        PostQueuedCompletionStatus(m_port, 0, stop, reinterpret_cast<OVERLAPPED*>(this));
     const auto count = static_cast<DWORD>(std::exchange(m_threadCount, 0));
     if (count > 0) WaitForMultipleObjects(count, m_threads.data(), TRUE, INFINITE);
     std::for_each_n(m_threads.begin(), count, [](HANDLE thread) { CloseHandle(thread); });
@@ -71,7 +71,7 @@ void CIOCPManager::WorkerThread()
         OVERLAPPED* overlapped;
         const BOOL succeeded = GetQueuedCompletionStatus(m_port, &moved, &key, &overlapped, INFINITE);
         auto* const record = static_cast<CompletionRecord*>(overlapped);
-        if (succeeded && key == kStop) return;
+        if (succeeded && key == stop) return;
         if (succeeded)
             record->OnComplete(record, moved);
         else if (record != nullptr)

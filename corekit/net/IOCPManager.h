@@ -39,7 +39,7 @@ struct CompletionRecord : OVERLAPPED {
 class COREKIT_API CIOCPManager : public CObject {
     DECLARE_DYNAMIC(CIOCPManager)
 public:
-    static constexpr int kMaxThreads = 64;
+    static constexpr int maxThreads = 64;
 
     CIOCPManager() = default;
     // Does not stop anything: call Shutdown before.
@@ -70,5 +70,5 @@ private:
 
     std::atomic<HANDLE> m_port = nullptr;
     int m_threadCount = 0;
-    std::array<HANDLE, kMaxThreads> m_threads{};
+    std::array<HANDLE, maxThreads> m_threads{};
 };

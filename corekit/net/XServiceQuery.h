@@ -22,8 +22,8 @@ public:
     void EndQuery();
 
 private:
-    static constexpr std::size_t kRoom = 2048; // bytes for what a record points to
+    static constexpr std::size_t room = 2048; // bytes for what a record points to
 
     HANDLE m_hLookup = INVALID_HANDLE_VALUE;
-    alignas(WSAQUERYSETA) char m_result[sizeof(WSAQUERYSETA) + kRoom];
+    alignas(WSAQUERYSETA) char m_result[sizeof(WSAQUERYSETA) + room];
 };

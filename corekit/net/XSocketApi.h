@@ -87,7 +87,7 @@ private:
         XListenSocket* socket;
     };
 
-    static constexpr std::size_t kMostSockets = 63; // one wait of 64 is for the control event
+    static constexpr std::size_t mostSockets = 63; // one wait of 64 is for the control event
 
     static FARPROC GetProc(HINSTANCE library, const char* name);
     static void BindFunctions(HINSTANCE library);
@@ -101,7 +101,7 @@ private:
     static void Forget(XListenSocket* listener);
 
     static std::atomic<int> m_bInitDone;
-    static AcceptEntry m_acceptTable[kMostSockets]; // the first m_acceptCount; guarded by m_acceptCrit
+    static AcceptEntry m_acceptTable[mostSockets]; // the first m_acceptCount; guarded by m_acceptCrit
     static std::size_t m_acceptCount;
     static std::recursive_mutex m_acceptCrit; // held during OnAccept
     static HANDLE m_hAcceptThread;

@@ -11,14 +11,14 @@
 
 namespace corekit::detail {
 
-inline constexpr std::size_t kRunUnits = 8;
-inline constexpr std::size_t kRunBytes = 16; // of eight two-byte characters
+inline constexpr std::size_t runUnits = 8;
+inline constexpr std::size_t runBytes = 16; // of eight two-byte characters
 
 // Lanes at the front that fit, of a lane mask.
 inline std::size_t leadingLanes(Units fitting)
 {
     const unsigned stop = laneBits(fitting) ^ 0xFFFF;
-    return stop != 0 ? firstLane(stop) : kRunUnits;
+    return stop != 0 ? firstLane(stop) : runUnits;
 }
 
 // 8 bytes to 8 units.

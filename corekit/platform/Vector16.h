@@ -29,8 +29,8 @@ inline Units spreadUnit(char16_t unit)
 // Whether a block that starts here ends in the same page. No machine has smaller pages.
 inline bool isBlockInPage(const void* p)
 {
-    constexpr std::uintptr_t kPage = 4096;
-    return reinterpret_cast<std::uintptr_t>(p) % kPage <= kPage - sizeof(Units);
+    constexpr std::uintptr_t pageSize = 4096;
+    return reinterpret_cast<std::uintptr_t>(p) % pageSize <= pageSize - sizeof(Units);
 }
 
 COREKIT_READS_WHOLE_BLOCKS inline Units anyBlock(const void* p)

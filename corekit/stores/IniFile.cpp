@@ -21,15 +21,15 @@
 IMPLEMENT_DYNAMIC(CIniFile, CObject)
 
 namespace {
-constexpr DWORD kStringBuffer = 256;
-constexpr DWORD kVariableBuffer = 1024;
-constexpr std::size_t kGuidLength = 38;
-constexpr char kDigits[] = "0123456789ABCDEF";
+constexpr DWORD stringBuffer = 256;
+constexpr DWORD variableBuffer = 1024;
+constexpr std::size_t guidLength = 38;
+constexpr char hexDigits[] = "0123456789ABCDEF";
 
 // The whole value, however long; empty if it is missing.
 std::string WholeValue(const char* file, const char* section, const char* key)
 {
-    for (std::vector<char> buffer(kStringBuffer);; buffer.resize(buffer.size() * 4)) {
+    for (std::vector<char> buffer(stringBuffer);; buffer.resize(buffer.size() * 4)) {
         const auto size = static_cast<DWORD>(buffer.size());
         const DWORD length = GetPrivateProfileStringA(section, key, "", buffer.data(), size, file);
         if (length + 1 < size) return std::string(buffer.data(), length);
@@ -56,7 +56,7 @@ std::optional<std::string> Expanded(std::string macro)
     } else if (_stricmp(macro.c_str(), "ComputerName") == 0) {
         text = SysInfo().GetComputerNameA().GetString();
     } else {
-        char value[kVariableBuffer] = "";
+        char value[variableBuffer] = "";
         const DWORD length = GetEnvironmentVariableA(macro.c_str(), value, sizeof value);
         if (length == 0 || length >= sizeof value) return std::nullopt;
         text = value;
@@ -81,7 +81,7 @@ void CIniFile::Attach(const char* path, int bMustExist)
 
 int CIniFile::GetString(const char* section, const char* key, CString& value) const
 {
-    char buffer[kStringBuffer];
+    char buffer[stringBuffer];
     if (GetPrivateProfileStringA(section, key, "", buffer, sizeof buffer, m_path) == 0) return 0;
     value = buffer;
     return 1;
@@ -128,8 +128,8 @@ DWORD CIniFile::GetHex(const char* section, const char* key, DWORD fallback) con
     if (!GetString(section, key, value)) return fallback;
     // Out of the range of 32 bits it is the greatest number, whatever its sign.
     const long long number = std::strtoll(value, nullptr, 16);
-    constexpr long long kGreatest = std::numeric_limits<DWORD>::max();
-    return static_cast<DWORD>(number > kGreatest || number < -kGreatest ? kGreatest : number);
+    constexpr long long greatestNumber = std::numeric_limits<DWORD>::max();
+    return static_cast<DWORD>(number > greatestNumber || number < -greatestNumber ? greatestNumber : number);
 }
 
 void CIniFile::SetHex(const char* section, const char* key, DWORD value)
@@ -153,9 +153,9 @@ int CIniFile::GetClassID(const char* section, const char* key, _GUID* id) const
 
 void CIniFile::SetClassID(const char* section, const char* key, const _GUID& id)
 {
-    WCHAR wide[kGuidLength + 1];
+    WCHAR wide[guidLength + 1];
     StringFromGUID2(id, wide, static_cast<int>(std::size(wide)));
-    SetString(section, key, std::string(wide, wide + kGuidLength).c_str());
+    SetString(section, key, std::string(wide, wide + guidLength).c_str());
 }
 
 int CIniFile::GetDataBlock(const char* section, const char* key, void* data, int size) const
@@ -174,8 +174,8 @@ void CIniFile::SetDataBlock(const char* section, const char* key, const void* da
     const auto* bytes = static_cast<const BYTE*>(data);
     std::string text;
     for (int i = 0; i < size; ++i) {
-        text += kDigits[bytes[i] >> 4];
-        text += kDigits[bytes[i] & 15];
+        text += hexDigits[bytes[i] >> 4];
+        text += hexDigits[bytes[i] & 15];
     }
     SetString(section, key, text.c_str());
 }
@@ -248,7 +248,7 @@ void CIniFile::SetUnicodeString(const char* section, const char* key, const WCHA
     std::string text = std::to_string(wide.size());
     text += '!';
     for (const WCHAR unit : wide)
-        for (int shift = 0; shift < 16; shift += 4) text += kDigits[unit >> shift & 15];
+        for (int shift = 0; shift < 16; shift += 4) text += hexDigits[unit >> shift & 15];
     SetString(section, key, text.c_str());
 }
 

@@ -15,9 +15,9 @@
 IMPLEMENT_DYNAMIC(CRegistryKey, CObject)
 
 namespace {
-constexpr DWORD kReadWrite = 0x2001F;
-constexpr int kEnumBuffer = 512;
-constexpr int kGuidBuffer = 39;
+constexpr DWORD readWrite = 0x2001F;
+constexpr int enumBuffer = 512;
+constexpr int guidBuffer = 39;
 
 void Check(LONG code, UINT messageId)
 {
@@ -63,7 +63,7 @@ int CRegistryKey::OpenRemoteKey(const char* machine, HKEY hive)
 void CRegistryKey::Attach(HKEY key)
 {
     HKEY own = nullptr;
-    RegOpenKeyExA(key, nullptr, 0, kReadWrite, &own);
+    RegOpenKeyExA(key, nullptr, 0, readWrite, &own);
     Replace(own);
 }
 
@@ -100,12 +100,12 @@ bool CRegistryKey::ReadBinary(const char* name, void* buffer, DWORD size) const
 
 int CRegistryKey::GetValue(const char* name, CString& value) const
 {
-    constexpr DWORD kSpare = 16;
+    constexpr DWORD spare = 16;
     DWORD type = REG_NONE, size = 0;
     if (RegQueryValueExA(m_hKey, name, nullptr, &type, nullptr, &size) != 0 || type != REG_SZ) return 0;
-    if (size > static_cast<DWORD>(std::numeric_limits<int>::max()) - kSpare) return 0;
-    std::string text(size + kSpare, '\0');
-    size += kSpare - 1;
+    if (size > static_cast<DWORD>(std::numeric_limits<int>::max()) - spare) return 0;
+    std::string text(size + spare, '\0');
+    size += spare - 1;
     if (RegQueryValueExA(m_hKey, name, nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &size) != 0)
         return 0;
     if (type != REG_SZ) return 0;
@@ -245,10 +245,10 @@ void CRegistryKey::SetValue(const char* name, const CByteArray& value)
 
 void CRegistryKey::SetValue(const char* name, const _GUID& value)
 {
-    WCHAR wide[kGuidBuffer];
-    char text[kGuidBuffer];
-    StringFromGUID2(value, wide, kGuidBuffer);
-    for (int i = 0; i < kGuidBuffer; ++i) text[i] = static_cast<char>(wide[i]);
+    WCHAR wide[guidBuffer];
+    char text[guidBuffer];
+    StringFromGUID2(value, wide, guidBuffer);
+    for (int i = 0; i < guidBuffer; ++i) text[i] = static_cast<char>(wide[i]);
     SetValue(name, text);
 }
 
@@ -274,7 +274,7 @@ void CRegistryKey::DeleteSubKeys()
 {
     for (const std::string& name : RegistryKeyNames(m_hKey)) {
         CRegistryKey child;
-        if (child.Open(m_hKey, name.c_str(), kReadWrite)) {
+        if (child.Open(m_hKey, name.c_str(), readWrite)) {
             child.DeleteContents();
             child.Close();
         }
@@ -284,7 +284,7 @@ void CRegistryKey::DeleteSubKeys()
 
 int CRegistryKey::EnumKey(int index, CString& name, CString& className, _FILETIME* time) const
 {
-    char key[kEnumBuffer], keyClass[kEnumBuffer];
+    char key[enumBuffer], keyClass[enumBuffer];
     DWORD keySize = sizeof key, classSize = sizeof keyClass;
     if (RegEnumKeyExA(m_hKey, static_cast<DWORD>(index), key, &keySize, nullptr, keyClass, &classSize,
                       time) != 0)
@@ -296,7 +296,7 @@ int CRegistryKey::EnumKey(int index, CString& name, CString& className, _FILETIM
 
 int CRegistryKey::EnumValue(int index, CString& name, DWORD& type) const
 {
-    char value[kEnumBuffer];
+    char value[enumBuffer];
     DWORD size = sizeof value, found = REG_NONE;
     if (RegEnumValueA(m_hKey, static_cast<DWORD>(index), value, &size, nullptr, &found, nullptr, nullptr) !=
         0)

@@ -9,9 +9,9 @@
 #include <optional>
 
 namespace {
-constexpr char kDigits[] = "0123456789ABCDEF";
-constexpr std::string_view kBlanks = " \t\r";
-constexpr int kDeepest = 512;
+constexpr char hexDigits[] = "0123456789ABCDEF";
+constexpr std::string_view blanks = " \t\r";
+constexpr int deepest = 512;
 
 [[noreturn]] void Refuse(const char* reason) { ThrowChainedException(nullptr, reason); }
 
@@ -45,15 +45,15 @@ std::optional<std::string> Converted(UINT from, UINT to, std::string_view text)
 
 std::string_view Trimmed(std::string_view text)
 {
-    const auto first = text.find_first_not_of(kBlanks);
+    const auto first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
+    return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
 void AppendHex(std::string& to, unsigned char byte)
 {
-    to += kDigits[byte >> 4];
-    to += kDigits[byte & 15];
+    to += hexDigits[byte >> 4];
+    to += hexDigits[byte & 15];
 }
 
 int HexDigit(char c)
@@ -135,7 +135,7 @@ std::string Bytes(std::string_view text)
 {
     std::string bytes;
     for (std::size_t at = 0; at < text.size();) {
-        if (kBlanks.find(text[at]) != std::string_view::npos) {
+        if (blanks.find(text[at]) != std::string_view::npos) {
             ++at;
             continue;
         }
@@ -237,7 +237,7 @@ void ExportKey(HKEY key, const std::string& path, int depth, std::string& text)
         text +=
             Quoted(Converted(CP_ACP, CP_UTF8, name).value_or("?")) + " = " + FormatRegistryValue(item) + "\n";
     }
-    if (depth == kDeepest) return;
+    if (depth == deepest) return;
     for (const std::string& name : RegistryKeyNames(key)) {
         CRegistryKey child;
         if (child.Open(key, name.c_str(), KEY_READ)) ExportKey(child, path + "\\" + name, depth + 1, text);
@@ -300,7 +300,7 @@ std::string FormatRegistryValue(const RegistryItem& item)
 RegistryItem ParseRegistryValue(std::string_view text)
 {
     text = Trimmed(text);
-    const std::string_view form = text.substr(0, text.find_first_of(kBlanks));
+    const std::string_view form = text.substr(0, text.find_first_of(blanks));
     text = Trimmed(text.substr(form.size()));
     RegistryItem item;
     if (form == "text" || form == "expand") {
@@ -321,7 +321,7 @@ RegistryItem ParseRegistryValue(std::string_view text)
     } else if (form == "binary") {
         item = {REG_BINARY, Bytes(text)};
     } else if (form == "type") {
-        const std::string_view type = text.substr(0, text.find_first_of(kBlanks));
+        const std::string_view type = text.substr(0, text.find_first_of(blanks));
         item = {ParseNumber(type), Bytes(text.substr(type.size()))};
     } else {
         Refuse("a value must be text, expand, texts, number, binary or type");

@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr DWORD kPending = ERROR_IO_PENDING;
-constexpr DWORD kLong = 20000; // milliseconds that never pass when all is well
+constexpr DWORD pending = ERROR_IO_PENDING;
+constexpr DWORD veryLong = 20000; // milliseconds that never pass when all is well
 
 // What one call took from a port.
 struct Taken {
@@ -42,7 +42,7 @@ public:
         if (m_port != nullptr) CloseHandle(m_port);
         m_port = nullptr;
     }
-    Taken Take(DWORD milliseconds = kLong) const
+    Taken Take(DWORD milliseconds = veryLong) const
     {
         Taken taken;
         taken.succeeded =
@@ -77,21 +77,21 @@ TEST(CompletionPort, PassesPostedValuesOnInOrder)
 
 TEST(CompletionPort, EveryPostIsTakenByOneThread)
 {
-    constexpr int kEach = 20000, kProducers = 3, kTakers = 4;
-    const Port port(kTakers);
-    std::vector<std::atomic<int>> seen(kEach * kProducers);
+    constexpr int eachCount = 20000, producerCount = 3, takers = 4;
+    const Port port(takers);
+    std::vector<std::atomic<int>> seen(eachCount * producerCount);
     std::vector<std::thread> threads;
-    for (int i = 0; i < kTakers; ++i)
+    for (int i = 0; i < takers; ++i)
         threads.emplace_back([&] {
             for (Taken taken = port.Take(); taken.key != 0; taken = port.Take()) ++seen[taken.moved];
         });
     std::vector<std::thread> producers;
-    for (DWORD p = 0; p < kProducers; ++p)
+    for (DWORD p = 0; p < producerCount; ++p)
         producers.emplace_back([&, p] {
-            for (DWORD i = 0; i < kEach; ++i) port.Post(p * kEach + i, 1);
+            for (DWORD i = 0; i < eachCount; ++i) port.Post(p * eachCount + i, 1);
         });
     for (std::thread& producer : producers) producer.join();
-    for (int i = 0; i < kTakers; ++i) port.Post(0, 0);
+    for (int i = 0; i < takers; ++i) port.Post(0, 0);
     for (std::thread& thread : threads) thread.join();
     EXPECT_TRUE(std::ranges::all_of(seen, [](const std::atomic<int>& n) { return n == 1; }));
 }
@@ -150,11 +150,11 @@ TEST(CompletionPort, RefusesWhatMakesNoSense)
 
 TEST(CompletionPort, LimitsHowManyWorkAtOnce)
 {
-    constexpr int kThreads = 4, kPosts = 200;
+    constexpr int threadCount = 4, posts = 200;
     const Port port(1);
     std::atomic<int> inside = 0, most = 0, done = 0;
     std::vector<std::thread> threads;
-    for (int i = 0; i < kThreads; ++i)
+    for (int i = 0; i < threadCount; ++i)
         threads.emplace_back([&] {
             while (port.Take().key != 0) {
                 const int now = ++inside;
@@ -165,28 +165,28 @@ TEST(CompletionPort, LimitsHowManyWorkAtOnce)
                 ++done;
             }
         });
-    for (int i = 0; i < kPosts; ++i) port.Post(0, 1);
-    for (int i = 0; i < kThreads; ++i) port.Post(0, 0);
+    for (int i = 0; i < posts; ++i) port.Post(0, 1);
+    for (int i = 0; i < threadCount; ++i) port.Post(0, 0);
     for (std::thread& thread : threads) thread.join();
-    EXPECT_EQ(done, kPosts);
+    EXPECT_EQ(done, posts);
     // A loaded machine may keep a thread from its processor so long that it looks blocked.
-    EXPECT_LT(most, kThreads);
+    EXPECT_LT(most, threadCount);
 }
 
 TEST(CompletionPort, BlockedThreadsDoNotCountTowardsTheLimit)
 {
-    constexpr int kThreads = 8;
+    constexpr int threadCount = 8;
     const Port port(1);
     const HANDLE all = CreateEventA(nullptr, TRUE, FALSE, nullptr);
     std::atomic<int> arrived = 0;
     std::vector<std::thread> threads;
-    for (int i = 0; i < kThreads; ++i)
+    for (int i = 0; i < threadCount; ++i)
         threads.emplace_back([&] {
             port.Take();
-            if (++arrived == kThreads) SetEvent(all);
-            EXPECT_EQ(WaitForSingleObject(all, kLong), WAIT_OBJECT_0);
+            if (++arrived == threadCount) SetEvent(all);
+            EXPECT_EQ(WaitForSingleObject(all, veryLong), WAIT_OBJECT_0);
         });
-    for (int i = 0; i < kThreads; ++i) port.Post(0, 1);
+    for (int i = 0; i < threadCount; ++i) port.Post(0, 1);
     for (std::thread& thread : threads) thread.join();
     CloseHandle(all);
 }
@@ -212,7 +212,7 @@ protected:
     static void ExpectPending(BOOL result)
     {
         EXPECT_FALSE(result);
-        EXPECT_EQ(GetLastError(), kPending);
+        EXPECT_EQ(GetLastError(), pending);
     }
 
     const TempFolder m_folder;
@@ -253,39 +253,39 @@ TEST_F(PortFiles, PlainFileMovesBytesWhenTheCompletionIsTaken)
 
 TEST_F(PortFiles, ManyTransfersOfOneFileByManyThreads)
 {
-    constexpr DWORD kBlock = 512, kBlocks = 500;
+    constexpr DWORD blockSize = 512, blockCount = 500;
     const HANDLE file = Open("blocks");
     ASSERT_NE(CreateIoCompletionPort(file, m_port, 1, 0), nullptr);
     struct Block : OVERLAPPED {
-        std::array<char, kBlock> bytes;
+        std::array<char, blockSize> bytes;
     };
-    std::vector<Block> blocks(kBlocks);
+    std::vector<Block> blocks(blockCount);
     const auto takeAll = [&] {
         std::vector<std::thread> threads;
-        std::atomic<DWORD> left = kBlocks;
+        std::atomic<DWORD> left = blockCount;
         for (int i = 0; i < 4; ++i)
             threads.emplace_back([&] {
                 while (left > 0) {
                     const Taken taken = m_port.Take(10);
                     if (taken.overlapped == nullptr) continue;
-                    EXPECT_EQ(taken.moved, kBlock);
+                    EXPECT_EQ(taken.moved, blockSize);
                     --left;
                 }
             });
         for (std::thread& thread : threads) thread.join();
     };
-    for (DWORD i = 0; i < kBlocks; ++i) {
-        blocks[i].Offset = i * kBlock;
+    for (DWORD i = 0; i < blockCount; ++i) {
+        blocks[i].Offset = i * blockSize;
         blocks[i].bytes.fill(static_cast<char>(i % 251));
-        ExpectPending(WriteFile(file, blocks[i].bytes.data(), kBlock, nullptr, &blocks[i]));
+        ExpectPending(WriteFile(file, blocks[i].bytes.data(), blockSize, nullptr, &blocks[i]));
     }
     takeAll();
     for (Block& block : blocks) {
         block.bytes.fill(0);
-        ExpectPending(ReadFile(file, block.bytes.data(), kBlock, nullptr, &block));
+        ExpectPending(ReadFile(file, block.bytes.data(), blockSize, nullptr, &block));
     }
     takeAll();
-    for (DWORD i = 0; i < kBlocks; ++i)
+    for (DWORD i = 0; i < blockCount; ++i)
         ASSERT_TRUE(
             std::ranges::all_of(blocks[i].bytes, [&](char c) { return c == static_cast<char>(i % 251); }));
     CloseHandle(file);
@@ -419,8 +419,8 @@ TEST_F(PortFiles, ClosingWhileBytesArriveReportsEachTransferOnce)
     std::thread taker([&] {
         while (m_port.Take().key != 0) ++reported;
     });
-    constexpr int kRounds = 300;
-    for (int i = 0; i < kRounds; ++i) {
+    constexpr int rounds = 300;
+    for (int i = 0; i < rounds; ++i) {
         const HANDLE pipe = Open("race", OPEN_EXISTING);
         ASSERT_NE(CreateIoCompletionPort(pipe, m_port, 1, 0), nullptr);
         OVERLAPPED read;

@@ -15,8 +15,8 @@
 
 namespace {
 
-constexpr DWORD kReadWrite = GENERIC_READ | GENERIC_WRITE;
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
+constexpr DWORD readWrite = GENERIC_READ | GENERIC_WRITE;
+constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
 
 class Files : public ::testing::Test {
 protected:
@@ -40,7 +40,7 @@ protected:
         if (handle != INVALID_HANDLE_VALUE) open.push_back(handle);
         return handle;
     }
-    HANDLE newFile(const char* name) { return create(name, kReadWrite, kShareAll, CREATE_NEW); }
+    HANDLE newFile(const char* name) { return create(name, readWrite, shareAll, CREATE_NEW); }
     void put(const char* name, std::string_view text) { std::ofstream(path(name)) << text; }
     std::uintmax_t sizeOf(const char* name) const { return std::filesystem::file_size(path(name)); }
 
@@ -89,7 +89,7 @@ TEST_F(Files, EachDispositionMakesKeepsOrEmpties)
         const std::string name = std::to_string(&c - cases);
         if (c.exists) put(name.c_str(), "abc");
         SetLastError(1);
-        const HANDLE file = create(name.c_str(), GENERIC_WRITE, kShareAll, c.disposition);
+        const HANDLE file = create(name.c_str(), GENERIC_WRITE, shareAll, c.disposition);
         EXPECT_EQ(file == INVALID_HANDLE_VALUE, c.error != 0);
         EXPECT_EQ(GetLastError(), c.error != 0 ? c.error : c.after);
         if (c.error == 0 || c.exists) {
@@ -111,7 +111,7 @@ TEST_F(Files, NamesThatCannotBeOpenedTellWhy)
         {path("no\\such\\file"), GENERIC_READ, ERROR_PATH_NOT_FOUND},
         {path("sub/file/x"), GENERIC_READ, ERROR_PATH_NOT_FOUND},
         {path("sub"), GENERIC_READ, ERROR_ACCESS_DENIED},
-        {path("sub"), kReadWrite, ERROR_ACCESS_DENIED},
+        {path("sub"), readWrite, ERROR_ACCESS_DENIED},
         {path("sub"), 0, ERROR_ACCESS_DENIED},
         {path(std::string(300, 'n').c_str()), GENERIC_READ, ERROR_FILENAME_EXCED_RANGE},
     };
@@ -122,7 +122,7 @@ TEST_F(Files, NamesThatCannotBeOpenedTellWhy)
     }
     EXPECT_EQ(create("x", GENERIC_READ, 0, 6), INVALID_HANDLE_VALUE);
     EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-    const HANDLE both = create("sub\\file", GENERIC_READ, kShareAll, OPEN_EXISTING); // either separator
+    const HANDLE both = create("sub\\file", GENERIC_READ, shareAll, OPEN_EXISTING); // either separator
     EXPECT_EQ(read(both, 9), "x");
 }
 
@@ -133,13 +133,13 @@ TEST_F(Files, ShareModesHoldWithinTheProcess)
         bool opens;
     } const cases[] = {
         {GENERIC_READ, FILE_SHARE_READ, GENERIC_READ, FILE_SHARE_READ, true},
-        {GENERIC_READ, FILE_SHARE_READ, GENERIC_WRITE, kShareAll, false},
-        {GENERIC_READ, kShareAll, GENERIC_WRITE, FILE_SHARE_WRITE, false}, // does not share what is held
-        {GENERIC_WRITE, FILE_SHARE_READ, GENERIC_READ, kShareAll, true},
+        {GENERIC_READ, FILE_SHARE_READ, GENERIC_WRITE, shareAll, false},
+        {GENERIC_READ, shareAll, GENERIC_WRITE, FILE_SHARE_WRITE, false}, // does not share what is held
+        {GENERIC_WRITE, FILE_SHARE_READ, GENERIC_READ, shareAll, true},
         {GENERIC_WRITE, FILE_SHARE_READ, GENERIC_READ, FILE_SHARE_READ, false},
-        {kReadWrite, 0, GENERIC_READ, kShareAll, false},
-        {kReadWrite, 0, 0, 0, true}, // asks for nothing
-        {kReadWrite, kShareAll, kReadWrite, kShareAll, true},
+        {readWrite, 0, GENERIC_READ, shareAll, false},
+        {readWrite, 0, 0, 0, true}, // asks for nothing
+        {readWrite, shareAll, readWrite, shareAll, true},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(&c - cases);
@@ -152,7 +152,7 @@ TEST_F(Files, ShareModesHoldWithinTheProcess)
         CloseHandle(first);
         CloseHandle(second);
         open.clear();
-        EXPECT_NE(create("f", kReadWrite, 0, OPEN_EXISTING), INVALID_HANDLE_VALUE); // nothing is left behind
+        EXPECT_NE(create("f", readWrite, 0, OPEN_EXISTING), INVALID_HANDLE_VALUE); // nothing is left behind
         CloseHandle(open.back());
         open.clear();
         std::filesystem::remove(folder / "g");
@@ -163,7 +163,7 @@ TEST_F(Files, RefusedOpeningLeavesTheContent)
 {
     put("f", "abc");
     create("f", GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
-    EXPECT_EQ(create("f", GENERIC_WRITE, kShareAll, CREATE_ALWAYS), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(create("f", GENERIC_WRITE, shareAll, CREATE_ALWAYS), INVALID_HANDLE_VALUE);
     EXPECT_EQ(sizeOf("f"), 3u);
 }
 
@@ -188,7 +188,7 @@ TEST_F(Files, UnsharedFileKeepsOtherProcessesOut)
     const std::string name = path("f");
     EXPECT_EQ(errorInChild(name, GENERIC_READ, FILE_SHARE_READ), 0u);
     const HANDLE alone = create("f", GENERIC_READ, 0, OPEN_EXISTING);
-    EXPECT_EQ(errorInChild(name, GENERIC_READ, kShareAll), ERROR_SHARING_VIOLATION);
+    EXPECT_EQ(errorInChild(name, GENERIC_READ, shareAll), ERROR_SHARING_VIOLATION);
     CloseHandle(alone);
     open.clear();
     create("f", GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
@@ -252,7 +252,7 @@ TEST_F(Files, PositionsBeyondTwoAndFourGigabytes)
 
 TEST_F(Files, OverlappedTransfersTakeTheirOwnPlace)
 {
-    const HANDLE file = create("f", kReadWrite, 0, CREATE_NEW, FILE_FLAG_OVERLAPPED);
+    const HANDLE file = create("f", readWrite, 0, CREATE_NEW, FILE_FLAG_OVERLAPPED);
     const HANDLE done = CreateEventA(nullptr, FALSE, FALSE, nullptr);
     open.push_back(done);
     OVERLAPPED at;
@@ -276,8 +276,8 @@ TEST_F(Files, OverlappedTransfersTakeTheirOwnPlace)
 TEST_F(Files, RightsAndKindsAreKept)
 {
     put("f", "abc");
-    const HANDLE reader = create("f", GENERIC_READ, kShareAll, OPEN_EXISTING);
-    const HANDLE writer = create("f", GENERIC_WRITE, kShareAll, OPEN_EXISTING);
+    const HANDLE reader = create("f", GENERIC_READ, shareAll, OPEN_EXISTING);
+    const HANDLE writer = create("f", GENERIC_WRITE, shareAll, OPEN_EXISTING);
     const HANDLE looker = create("f", 0, 0, OPEN_EXISTING);
     const HANDLE event = CreateEventA(nullptr, FALSE, FALSE, nullptr);
     open.push_back(event);
@@ -300,7 +300,7 @@ TEST_F(Files, RightsAndKindsAreKept)
 TEST_F(Files, DeletionMindsWhoHasTheFileOpen)
 {
     put("f", "abc");
-    const HANDLE holder = create("f", GENERIC_READ, kShareAll, OPEN_EXISTING);
+    const HANDLE holder = create("f", GENERIC_READ, shareAll, OPEN_EXISTING);
     EXPECT_FALSE(DeleteFileA(path("f").c_str()));
     EXPECT_EQ(GetLastError(), ERROR_SHARING_VIOLATION);
     CloseHandle(holder);
@@ -310,7 +310,7 @@ TEST_F(Files, DeletionMindsWhoHasTheFileOpen)
     EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
     EXPECT_FALSE(DeleteFileA(folder.c_str()));
     EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
-    const HANDLE brief = create("t", kReadWrite, 0, CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE);
+    const HANDLE brief = create("t", readWrite, 0, CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE);
     EXPECT_TRUE(std::filesystem::exists(folder / "t"));
     CloseHandle(brief);
     open.clear();

@@ -12,18 +12,18 @@
 #include <vector>
 
 namespace {
-constexpr const char* kPersons = "\xEF\xBB\xBF; studio A\r\n"
-                                 "\r\n"
-                                 "[ Display ]   \r\n"
-                                 "  Width =  1920   ; not a remark\r\n"
-                                 "this line says nothing\r\n"
-                                 "Title=\" quoted \"\r\n"
-                                 "Empty=\r\n"
-                                 "width=7\r\n"
-                                 "\r\n"
-                                 "; about sound\r\n"
-                                 "[Sound]\r\n"
-                                 "Level=3";
+constexpr const char* personsFile = "\xEF\xBB\xBF; studio A\r\n"
+                                    "\r\n"
+                                    "[ Display ]   \r\n"
+                                    "  Width =  1920   ; not a remark\r\n"
+                                    "this line says nothing\r\n"
+                                    "Title=\" quoted \"\r\n"
+                                    "Empty=\r\n"
+                                    "width=7\r\n"
+                                    "\r\n"
+                                    "; about sound\r\n"
+                                    "[Sound]\r\n"
+                                    "Level=3";
 
 class Profiles : public testing::Test {
 protected:
@@ -36,7 +36,7 @@ protected:
     }
     std::string After(const char* section, const char* key, const char* value)
     {
-        WriteWhole(m_file, kPersons);
+        WriteWhole(m_file, personsFile);
         EXPECT_TRUE(WritePrivateProfileStringA(section, key, value, m_file.c_str()));
         return ReadWhole(m_file);
     }
@@ -52,7 +52,7 @@ protected:
 
 TEST_F(Profiles, ValuesAreFoundWithoutBlanksCaseAndQuotationMarks)
 {
-    WriteWhole(m_file, kPersons);
+    WriteWhole(m_file, personsFile);
     const struct {
         const char *section, *key, *value;
     } rows[] = {{"display", "WIDTH", "1920   ; not a remark"},
@@ -75,7 +75,7 @@ TEST_F(Profiles, ValuesAreFoundWithoutBlanksCaseAndQuotationMarks)
 
 TEST_F(Profiles, ChangeTouchesItsLineAndNoOtherByte)
 {
-    const std::string persons = kPersons;
+    const std::string persons = personsFile;
     EXPECT_EQ(After("DISPLAY", "width", "80"), Changed(persons, "1920   ; not a remark", "80"));
     EXPECT_EQ(After("Display", "Title", "1920   ; x"), Changed(persons, "\" quoted \"", "1920   ; x"));
     EXPECT_EQ(After("Display", "Empty", "no more"), Changed(persons, "Empty=", "Empty=no more"));
@@ -110,7 +110,7 @@ TEST_F(Profiles, NamesThatWouldNotBeReadBackAreRefused)
 
 TEST_F(Profiles, ReplacedFileKeepsItsRightsAndItsLink)
 {
-    WriteWhole(m_folder / "real.ini", kPersons);
+    WriteWhole(m_folder / "real.ini", personsFile);
     chmod((m_folder / "real.ini").c_str(), 0604);
     std::filesystem::create_symlink("real.ini", m_file);
     ASSERT_TRUE(WritePrivateProfileStringA("Sound", "Level", "4", m_file.c_str()));

@@ -13,12 +13,12 @@
 #include <vector>
 
 namespace {
-constexpr DWORD kReadWrite = 0x2001F;
+constexpr DWORD readWrite = 0x2001F;
 
 HKEY Create(const char* path)
 {
     HKEY key = nullptr;
-    return RegCreateKeyExA(HKEY_LOCAL_MACHINE, path, 0, nullptr, 0, kReadWrite, nullptr, &key, nullptr) == 0
+    return RegCreateKeyExA(HKEY_LOCAL_MACHINE, path, 0, nullptr, 0, readWrite, nullptr, &key, nullptr) == 0
                ? key
                : nullptr;
 }
@@ -63,7 +63,7 @@ class RegistryProcesses : public RegistryHome {};
 // The reader's cache is warm before every write.
 TEST_F(RegistryProcesses, FinishedWriteIsSeenByTheNextReadElsewhere)
 {
-    constexpr DWORD kRounds = 500;
+    constexpr DWORD rounds = 500;
     const HKEY key = Create("Software\\Test");
     ASSERT_TRUE(key);
     int toChild[2], toParent[2];
@@ -71,7 +71,7 @@ TEST_F(RegistryProcesses, FinishedWriteIsSeenByTheNextReadElsewhere)
     ASSERT_EQ(pipe(toParent), 0);
     const pid_t child = Start([&] {
         DWORD told = 0;
-        for (DWORD round = 1; round <= kRounds; ++round) {
+        for (DWORD round = 1; round <= rounds; ++round) {
             if (read(toChild[0], &told, sizeof told) != sizeof told) return 3;
             for (int repeat = 0; repeat < 3; ++repeat)
                 if (Get(key, "Count") != told) return 1;
@@ -79,7 +79,7 @@ TEST_F(RegistryProcesses, FinishedWriteIsSeenByTheNextReadElsewhere)
         }
         return Set(key, "From child", 1) ? 0 : 2;
     });
-    for (DWORD round = 1, answer = 0; round <= kRounds; ++round) {
+    for (DWORD round = 1, answer = 0; round <= rounds; ++round) {
         ASSERT_TRUE(Set(key, "Count", round));
         ASSERT_EQ(write(toChild[1], &round, sizeof round), ssize_t(sizeof round));
         if (read(toParent[0], &answer, sizeof answer) != sizeof answer || answer != round) break;
@@ -150,11 +150,11 @@ TEST_F(RegistryProcesses, UserWhoMayOnlyReadIsRefusedWritingAndStillReads)
     chmod(m_home.Path().c_str(), 0555);
     const auto look = [] {
         HKEY opened = nullptr;
-        if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\\Test", 0, kReadWrite, &opened) !=
+        if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\\Test", 0, readWrite, &opened) !=
             LONG(ERROR_ACCESS_DENIED))
             return 1;
-        if (RegCreateKeyExA(HKEY_LOCAL_MACHINE, "New", 0, nullptr, 0, kReadWrite, nullptr, &opened,
-                            nullptr) != LONG(ERROR_ACCESS_DENIED))
+        if (RegCreateKeyExA(HKEY_LOCAL_MACHINE, "New", 0, nullptr, 0, readWrite, nullptr, &opened, nullptr) !=
+            LONG(ERROR_ACCESS_DENIED))
             return 2;
         if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\\Test", 0, KEY_READ, &opened) != 0) return 3;
         if (RegSetValueExA(opened, "v", 0, REG_DWORD, nullptr, 0) != LONG(ERROR_ACCESS_DENIED)) return 4;
@@ -172,7 +172,7 @@ TEST_F(RegistryProcesses, VolatileKeysGoWithTheMachinesRestart)
     const HKEY top = Create("Software");
     HKEY key = nullptr;
     ASSERT_EQ(
-        RegCreateKeyExA(top, "Passing", 0, nullptr, REG_OPTION_VOLATILE, kReadWrite, nullptr, &key, nullptr),
+        RegCreateKeyExA(top, "Passing", 0, nullptr, REG_OPTION_VOLATILE, readWrite, nullptr, &key, nullptr),
         0);
     RegCloseKey(Create("Software\\Passing\\Below"));
     ASSERT_TRUE(Set(key, "v", 1));

@@ -7,7 +7,7 @@
 #include <vector>
 
 namespace {
-constexpr DWORD kReadWrite = 0x2001F;
+constexpr DWORD readWrite = 0x2001F;
 
 std::string EnumName(HKEY key, DWORD index, bool values)
 {
@@ -22,7 +22,7 @@ class RegistryTest : public RegistryHome {
 protected:
     ~RegistryTest() override { RegCloseKey(m_key); }
 
-    HKEY Create(const char* path, DWORD access = kReadWrite)
+    HKEY Create(const char* path, DWORD access = readWrite)
     {
         HKEY key = nullptr;
         EXPECT_EQ(RegCreateKeyExA(HKEY_LOCAL_MACHINE, path, 0, nullptr, 0, access, nullptr, &key, nullptr),
@@ -113,7 +113,7 @@ TEST_F(RegistryTest, NamesIgnoreCaseAndKeepTheirFirstSpelling)
 TEST_F(RegistryTest, WrongCallsHaveTheirPublishedCodes)
 {
     HKEY key = nullptr;
-    const auto open = [&](const char* path) { return RegOpenKeyExA(m_key, path, 0, kReadWrite, &key); };
+    const auto open = [&](const char* path) { return RegOpenKeyExA(m_key, path, 0, readWrite, &key); };
     EXPECT_EQ(open("Missing"), LONG(ERROR_FILE_NOT_FOUND));
     EXPECT_EQ(open("\\Leading"), LONG(ERROR_BAD_PATHNAME));
     EXPECT_EQ(open(std::string(256, 'k').c_str()), LONG(ERROR_INVALID_PARAMETER));
@@ -152,7 +152,7 @@ TEST_F(RegistryTest, OpeningMakesNoFileAndRemoteMachinesAreOutOfReach)
     const TempFolder other;
     setenv("COREKIT_HOME", (other / "deep/er").c_str(), 1);
     HKEY key = nullptr;
-    EXPECT_EQ(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software", 0, kReadWrite, &key), LONG(ERROR_FILE_NOT_FOUND));
+    EXPECT_EQ(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software", 0, readWrite, &key), LONG(ERROR_FILE_NOT_FOUND));
     EXPECT_FALSE(std::filesystem::exists(other / "deep"));
     RegCloseKey(Create("Software"));
     EXPECT_TRUE(std::filesystem::exists(other / "deep/er/registry.db"));
@@ -170,10 +170,10 @@ TEST_F(RegistryTest, DamagedFileIsReportedAndLeftAsItIs)
     WriteWhole(other / "registry.db", garbage);
     setenv("COREKIT_HOME", other.Path().c_str(), 1);
     HKEY key = nullptr;
-    EXPECT_EQ(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software", 0, kReadWrite, &key),
+    EXPECT_EQ(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software", 0, readWrite, &key),
               LONG(ERROR_REGISTRY_CORRUPT));
     EXPECT_EQ(
-        RegCreateKeyExA(HKEY_LOCAL_MACHINE, "Software", 0, nullptr, 0, kReadWrite, nullptr, &key, nullptr),
+        RegCreateKeyExA(HKEY_LOCAL_MACHINE, "Software", 0, nullptr, 0, readWrite, nullptr, &key, nullptr),
         LONG(ERROR_REGISTRY_CORRUPT));
     EXPECT_EQ(ReadWhole(other / "registry.db"), garbage);
 }

@@ -14,7 +14,7 @@
 #include <memory>
 
 namespace {
-constexpr UINT kReadWrite = 0x12;
+constexpr UINT readWrite = 0x12;
 
 std::string Output(const std::string& command)
 {
@@ -105,7 +105,7 @@ TEST_F(OleFile, OnlyWhatWasCommittedIsThereOnReopening)
     Put(file, u"SMALL", "changed");
     file.Close();
 
-    ASSERT_EQ(file.Open(m_path.c_str(), kReadWrite), 1);
+    ASSERT_EQ(file.Open(m_path.c_str(), readWrite), 1);
     EXPECT_EQ(Get(file, u"sMALL"), "abc");
     EXPECT_EQ(Get(file, u"Large"), m_large);
     EXPECT_EQ(MessageOf([&] { file.OpenStream(u"Late"); }), "[OLE File] Open stream failed, name=Late");
@@ -146,7 +146,7 @@ TEST_F(OleFile, CreateSparesExistingFilesUntilCommit)
     file.Create(m_path.c_str(), 1);
     EXPECT_NE(MessageOf([&] { file.OpenStream(u"One"); }), "");
     file.Close();
-    ASSERT_EQ(file.Open(m_path.c_str(), kReadWrite), 1);
+    ASSERT_EQ(file.Open(m_path.c_str(), readWrite), 1);
     EXPECT_EQ(Get(file, u"One"), "1");
     EXPECT_NE(MessageOf([&] { file.Create((m_folder / "no/such").c_str(), 1); }), "");
     EXPECT_EQ(Get(file, u"One"), "1") << "a failed create keeps what is open";
@@ -156,7 +156,7 @@ TEST_F(OleFile, SharingNamesAndEndsAreGuarded)
 {
     COleFile file, other;
     file.Create(m_path.c_str(), 0);
-    EXPECT_EQ(other.Open(m_path.c_str(), kReadWrite), 0);
+    EXPECT_EQ(other.Open(m_path.c_str(), readWrite), 0);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(STG_E_SHAREVIOLATION));
     const std::u16string longest(31, u'n'), tooLong(32, u'n');
     Put(file, longest.c_str(), "x");
@@ -195,7 +195,7 @@ TEST_F(OleFile, ItsDescriptorsStayInThisProcess)
     Put(file, u"part", "text");
     file.Commit();
     file.Close();
-    ASSERT_TRUE(file.Open(name.c_str(), kReadWrite));
+    ASSERT_TRUE(file.Open(name.c_str(), readWrite));
     EXPECT_EQ(Get(file, u"part"), "text");
     int open = 0;
     for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
@@ -230,7 +230,7 @@ TEST_F(OleFile, WeReadWhatAnotherProgramWrote)
     WriteWhole(m_folder / "two", m_large);
     Output("cd " + m_folder.Path() + " && gsf createole file.cmp one two");
     COleFile file;
-    ASSERT_EQ(file.Open(m_path.c_str(), kReadWrite), 1);
+    ASSERT_EQ(file.Open(m_path.c_str(), readWrite), 1);
     EXPECT_EQ(Get(file, u"ONE"), "first");
     EXPECT_EQ(Get(file, u"two"), m_large);
     Put(file, u"three", "added");
@@ -312,7 +312,7 @@ TEST_F(OleFile, AStreamWithSectorsOfAnotherIsRefused)
     bytes.replace(two + 116, 4, bytes, one + 116, 4);
     WriteWhole(m_path, bytes);
     COleFile file;
-    ASSERT_EQ(file.Open(m_path.c_str(), kReadWrite), 1);
+    ASSERT_EQ(file.Open(m_path.c_str(), readWrite), 1);
     EXPECT_EQ(Get(file, u"One"), m_large);
     EXPECT_EQ(MessageOf([&] { file.OpenStream(u"Two"); }), "[OLE File] Open stream failed, name=Two");
 }

@@ -31,7 +31,7 @@ struct TextRow {
 
 constexpr DWORD Code(HRESULT result) { return static_cast<DWORD>(result); }
 
-constexpr TextRow kTexts[] = {
+constexpr TextRow textRows[] = {
     {ERROR_SUCCESS, "No error."},
     {ERROR_INVALID_FUNCTION, "This function does not apply here."},
     {ERROR_FILE_NOT_FOUND, "The file was not found."},
@@ -141,12 +141,12 @@ constexpr TextRow kTexts[] = {
     {Code(STG_E_INVALIDNAME), "The name cannot be that of an element of a compound file."},
     {Code(STG_E_DOCFILECORRUPT), "The compound file is damaged."},
 };
-static_assert(std::ranges::is_sorted(kTexts, {}, &TextRow::code));
+static_assert(std::ranges::is_sorted(textRows, {}, &TextRow::code));
 
 } // namespace
 
 const char* corekit::detail::systemTextOf(DWORD code)
 {
-    const auto* row = std::ranges::lower_bound(kTexts, code, {}, &TextRow::code);
-    return row != std::end(kTexts) && row->code == code ? row->text : nullptr;
+    const auto* row = std::ranges::lower_bound(textRows, code, {}, &TextRow::code);
+    return row != std::end(textRows) && row->code == code ? row->text : nullptr;
 }

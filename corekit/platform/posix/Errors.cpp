@@ -19,7 +19,7 @@ struct ErrnoRow {
 };
 
 // Where several values share a number, the first one supplies the machine's text for it.
-constexpr ErrnoRow kErrnoTable[] = {
+constexpr ErrnoRow errnoTable[] = {
     {ENOENT, ERROR_FILE_NOT_FOUND},
     {ENOTDIR, ERROR_PATH_NOT_FOUND},
     {EMFILE, ERROR_TOO_MANY_OPEN_FILES},
@@ -92,16 +92,16 @@ namespace corekit::detail {
 
 DWORD errorFromErrno(int value)
 {
-    const auto* row = std::ranges::find(kErrnoTable, value, &ErrnoRow::value);
-    return row != std::end(kErrnoTable) ? row->code : ERROR_GEN_FAILURE;
+    const auto* row = std::ranges::find(errnoTable, value, &ErrnoRow::value);
+    return row != std::end(errnoTable) ? row->code : ERROR_GEN_FAILURE;
 }
 
 void setLastErrorFromErrno() { lastError = errorFromErrno(errno); }
 
 std::string machineTextOf(DWORD code)
 {
-    const auto* row = std::ranges::find(kErrnoTable, code, &ErrnoRow::code);
-    return row != std::end(kErrnoTable) ? std::generic_category().message(row->value) : std::string();
+    const auto* row = std::ranges::find(errnoTable, code, &ErrnoRow::code);
+    return row != std::end(errnoTable) ? std::generic_category().message(row->value) : std::string();
 }
 
 } // namespace corekit::detail

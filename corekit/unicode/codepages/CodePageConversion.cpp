@@ -79,7 +79,7 @@ void WidenIscii(StringW& out, const char* text, int length)
     out.Empty();
     std::transform(text, text + length, out.GetBufferSetLength(length), [](char c) {
         const auto byte = static_cast<unsigned char>(c);
-        return byte < 0x80 ? WCHAR{byte} : kIsciiUpperUnits[byte - 0x80u];
+        return byte < 0x80 ? WCHAR{byte} : isciiUpperUnits[byte - 0x80u];
     });
 }
 
@@ -127,28 +127,28 @@ void AnsiToUnicode(int codePage, StringW& out, const char* text, int length)
 void UnicodeToUTF8(const WCHAR* text, int length, StringA& out)
 {
     const std::u16string_view all(text, static_cast<std::size_t>(LengthOf(text, length)));
-    char aside[3 * shortText + kUtf8Slack];
+    char aside[3 * shortText + utf8Slack];
     out.Empty();
     if (all.size() <= shortText) {
         out.AssignCopy(static_cast<int>(EncodeUtf8(all, aside)), aside);
         return;
     }
-    const int bytes = CountedLength(Utf8Length(all) + kUtf8Slack) - static_cast<int>(kUtf8Slack);
-    EncodeUtf8(all, out.GetBuffer(bytes + static_cast<int>(kUtf8Slack)));
+    const int bytes = CountedLength(Utf8Length(all) + utf8Slack) - static_cast<int>(utf8Slack);
+    EncodeUtf8(all, out.GetBuffer(bytes + static_cast<int>(utf8Slack)));
     out.ReleaseBuffer(bytes);
 }
 
 BOOL UTF8toUnicode(const char* text, int length, StringW& out)
 {
     const std::string_view all(text, static_cast<std::size_t>(LengthOf(text, length)));
-    WCHAR aside[shortText + kUtf16Slack];
+    WCHAR aside[shortText + utf16Slack];
     DecodedUtf8 decoded;
     out.Empty();
     if (all.size() <= shortText) {
         decoded = DecodeUtf8(all, aside);
         out.AssignCopy(static_cast<int>(decoded.units), aside);
     } else {
-        decoded = DecodeUtf8(all, out.GetBuffer(CountedLength(Utf16Length(all) + kUtf16Slack)));
+        decoded = DecodeUtf8(all, out.GetBuffer(CountedLength(Utf16Length(all) + utf16Slack)));
         out.ReleaseBuffer(static_cast<int>(decoded.units));
     }
     return decoded.isWhole;

@@ -13,7 +13,7 @@ struct CodePageNameRow {
 
 // By ascending number. The first is the page 037, whose number was once read as octal: nobody finds it
 // under 37.
-inline constexpr CodePageNameRow kCodePageNameRows[] = {
+inline constexpr CodePageNameRow codePageNameRows[] = {
     {31, message::codePage037},      {437, message::codePage437},     {500, message::codePage500},
     {708, message::codePage708},     {709, message::codePage709},     {710, message::codePage710},
     {711, message::codePage711},     {720, message::codePage720},     {737, message::codePage737},

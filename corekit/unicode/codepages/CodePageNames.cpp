@@ -25,10 +25,10 @@ constexpr CharSetRow charSetRows[] = {
 
 CString GetCodePageName(UINT codePage)
 {
-    static_assert(std::ranges::is_sorted(kCodePageNameRows, {}, &CodePageNameRow::codePage));
-    const auto row = std::ranges::lower_bound(kCodePageNameRows, codePage, {}, &CodePageNameRow::codePage);
+    static_assert(std::ranges::is_sorted(codePageNameRows, {}, &CodePageNameRow::codePage));
+    const auto row = std::ranges::lower_bound(codePageNameRows, codePage, {}, &CodePageNameRow::codePage);
     CString name;
-    if (row != std::end(kCodePageNameRows) && row->codePage == codePage)
+    if (row != std::end(codePageNameRows) && row->codePage == codePage)
         name.LoadString(row->textId);
     else
         name.Format(message::codePageUnrecognised, codePage);

@@ -82,9 +82,9 @@ std::size_t Utf8Length(std::u16string_view text)
 
 std::size_t EncodeUtf8(std::u16string_view text, char* to)
 {
-    auto at = EncodeBlocks({text.data(), to}, LastBlock(text, kRunUnits));
+    auto at = EncodeBlocks({text.data(), to}, LastBlock(text, runUnits));
     // The rest, with a stop behind it that no run of short characters passes.
-    WCHAR rest[2 * kRunUnits] = {};
+    WCHAR rest[2 * runUnits] = {};
     WCHAR* const restEnd = std::copy(at.from, text.data() + text.size(), rest);
     *restEnd = 0xFFFF;
     at = EncodeBlocks({rest, at.to}, restEnd);
@@ -98,11 +98,11 @@ std::size_t Utf16Length(std::string_view text)
 
 DecodedUtf8 DecodeUtf8(std::string_view text, WCHAR* to)
 {
-    const char* const last = LastBlock(text, kRunBytes);
+    const char* const last = LastBlock(text, runBytes);
     auto at = DecodeBlocks({text.data(), to}, last);
     if (at.from >= last) {
         // The rest, with a stop behind it that belongs to no character.
-        char rest[2 * kRunBytes] = {};
+        char rest[2 * runBytes] = {};
         char* const restEnd = std::copy(at.from, text.data() + text.size(), rest);
         *restEnd = '\xFF';
         at = DecodeBlocks({rest, at.to}, restEnd);

@@ -9,8 +9,8 @@
 namespace corekit::detail {
 
 // What the places below must have behind the result; it is written to and means nothing.
-inline constexpr std::size_t kUtf8Slack = 16; // bytes
-inline constexpr std::size_t kUtf16Slack = 8; // units
+inline constexpr std::size_t utf8Slack = 16; // bytes
+inline constexpr std::size_t utf16Slack = 8; // units
 
 std::size_t Utf8Length(std::u16string_view text);
 // Returns how many bytes it wrote.

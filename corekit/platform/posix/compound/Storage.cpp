@@ -29,8 +29,8 @@ using corekit::detail::CompoundState;
 using corekit::detail::Descriptor;
 using corekit::detail::ReplacedFile;
 
-constexpr std::size_t kLongestName = 31;
-constexpr DWORD kAccessBits = 3, kShareBits = 0x70;
+constexpr std::size_t longestName = 31;
+constexpr DWORD accessBits = 3, shareBits = 0x70;
 
 HRESULT ResultOf(DWORD error)
 {
@@ -104,7 +104,7 @@ bool IsBroken(std::u16string_view name)
 // A file of others may hold names that nobody may make.
 bool IsElementName(std::u16string_view name, NameUse use = NameUse::find)
 {
-    if (name.empty() || name.size() > kLongestName) return false;
+    if (name.empty() || name.size() > longestName) return false;
     return use == NameUse::find || (name.find_first_of(u"/\\:!") == name.npos && !IsBroken(name));
 }
 
@@ -322,7 +322,7 @@ private:
     static void Describe(CompoundNode& node, STATSTG* status)
     {
         *status = STATSTG();
-        node.Name().copy(status->pwcsName, kLongestName);
+        node.Name().copy(status->pwcsName, longestName);
         status->type = node.IsStorage() ? STGTY_STORAGE : STGTY_STREAM;
         if (node.IsStorage())
             status->clsid = node.classId;
@@ -336,7 +336,7 @@ private:
 
 DWORD ShareOf(DWORD mode)
 {
-    switch (mode & kShareBits) {
+    switch (mode & shareBits) {
     case STGM_SHARE_DENY_WRITE:
         return FILE_SHARE_READ;
     case STGM_SHARE_DENY_READ:
@@ -352,7 +352,7 @@ std::shared_ptr<CompoundDocument> NewDocument(const WCHAR* name, DWORD mode)
 {
     auto document = std::make_shared<CompoundDocument>();
     document->path = corekit::detail::nativePath(PathOf(name).c_str());
-    document->mayWrite = (mode & kAccessBits) != STGM_READ;
+    document->mayWrite = (mode & accessBits) != STGM_READ;
     document->access = GENERIC_READ | (document->mayWrite ? GENERIC_WRITE : 0);
     document->share = ShareOf(mode);
     return document;

@@ -17,8 +17,8 @@ namespace {
 // An open adaptor: its host, by the kernel's number.
 class ScsiPort final : public Object {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::scsiPort;
-    explicit ScsiPort(unsigned number) : Object(kKind), host(number) {}
+    static constexpr ObjectKind objectKind = ObjectKind::scsiPort;
+    explicit ScsiPort(unsigned number) : Object(objectKind), host(number) {}
 
     const unsigned host;
 };

@@ -52,7 +52,7 @@ private:
 };
 
 SerialPort::SerialPort(Descriptor line, const FileId& id, DWORD access)
-    : IoObject(kKind, std::move(line), Flow::stream, access), m_id(id), m_use{access, 0},
+    : IoObject(objectKind, std::move(line), Flow::stream, access), m_id(id), m_use{access, 0},
       m_lanes(std::make_shared<Channel>(descriptor()))
 {
     setChannel(m_lanes);

@@ -9,7 +9,7 @@ namespace corekit::detail {
 
 class SerialPort final : public IoObject {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::serialPort;
+    static constexpr ObjectKind objectKind = ObjectKind::serialPort;
 
     // The opening was entered with claimFile, which this object undoes.
     SerialPort(Descriptor line, const FileId& id, DWORD access);

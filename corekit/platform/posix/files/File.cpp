@@ -16,7 +16,7 @@ std::string nativePath(const char* name)
 }
 
 File::File(Descriptor descriptor, const FileId& id, const FileUse& use, Flow flow)
-    : IoObject(kKind, std::move(descriptor), flow, use.access), m_id(id), m_use(use)
+    : IoObject(objectKind, std::move(descriptor), flow, use.access), m_id(id), m_use(use)
 {
 }
 

@@ -15,7 +15,7 @@ std::string nativePath(const char* name);
 
 class File : public IoObject {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::file;
+    static constexpr ObjectKind objectKind = ObjectKind::file;
 
     // An access of 0 takes no part in sharing; any other was entered with claimFile, which this object
     // undoes.

@@ -20,10 +20,10 @@ using namespace corekit::detail;
 
 class FileMapping : public Object {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::fileMapping;
+    static constexpr ObjectKind objectKind = ObjectKind::fileMapping;
 
     FileMapping(Descriptor own, const FileId& file, std::uint64_t bytes, bool mayWrite)
-        : Object(kKind), descriptor(std::move(own)), id(file), size(bytes), writable(mayWrite)
+        : Object(objectKind), descriptor(std::move(own)), id(file), size(bytes), writable(mayWrite)
     {
     }
 

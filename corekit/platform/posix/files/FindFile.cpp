@@ -19,10 +19,10 @@ using namespace corekit::detail;
 // A search keeps its folder open, so its matches stay those of the folder that it began in.
 class Search : public Object {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::search;
+    static constexpr ObjectKind objectKind = ObjectKind::search;
 
     Search(Descriptor folder, std::vector<std::string> names)
-        : Object(kKind), m_folder(std::move(folder)), m_names(std::move(names))
+        : Object(objectKind), m_folder(std::move(folder)), m_names(std::move(names))
     {
     }
 

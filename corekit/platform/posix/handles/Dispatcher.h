@@ -64,9 +64,9 @@ private:
 
 class Event final : public Waitable {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::event;
+    static constexpr ObjectKind objectKind = ObjectKind::event;
     Event(bool manualReset, bool signalled)
-        : Waitable(kKind), m_manualReset(manualReset), m_signalled(signalled)
+        : Waitable(objectKind), m_manualReset(manualReset), m_signalled(signalled)
     {
     }
 
@@ -90,8 +90,8 @@ private:
 
 class Mutex final : public Waitable {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::mutex;
-    Mutex() : Waitable(kKind) {}
+    static constexpr ObjectKind objectKind = ObjectKind::mutex;
+    Mutex() : Waitable(objectKind) {}
     ~Mutex() override;
 
     bool isReadyFor(const Owner& owner) const override { return m_owner == nullptr || m_owner == &owner; }

@@ -11,8 +11,8 @@ namespace corekit::detail {
 namespace {
 
 // Untouched slots cost no memory: the table lies in pages that the system supplies on first use.
-constexpr std::uint32_t kSlots = 1u << 18;
-constinit std::array<HandleSlot, kSlots> slots;
+constexpr std::uint32_t slotCount = 1u << 18;
+constinit std::array<HandleSlot, slotCount> slots;
 
 // Slots are handed out oldest first, so that a stale handle stays recognisable for as long as possible.
 class FreeSlots {
@@ -21,7 +21,7 @@ public:
     {
         const std::lock_guard lock(m_mutex);
         // Untouched slots first while there are few, then those that have rested longest.
-        if (m_fresh < kSlots && (m_resting < kRest || m_first == 0)) return &slots[m_fresh++];
+        if (m_fresh < slotCount && (m_resting < rest || m_first == 0)) return &slots[m_fresh++];
         if (m_first == 0) return nullptr;
         HandleSlot& slot = slots[m_first];
         m_first = slot.next;
@@ -39,7 +39,7 @@ public:
     }
 
 private:
-    static constexpr std::uint32_t kRest = 64;
+    static constexpr std::uint32_t rest = 64;
     std::mutex m_mutex;
     std::uint32_t m_fresh = 1; // slot 0 is never used: 0 ends the list
     std::uint32_t m_first = 0;
@@ -61,7 +61,7 @@ void freeSlot(HandleSlot& slot)
 bool HandleSlot::enter()
 {
     std::uint32_t seen = state.load(std::memory_order_relaxed);
-    while ((seen & kOpen) != 0)
+    while ((seen & openBit) != 0)
         if (state.compare_exchange_weak(seen, seen + 2, std::memory_order_acquire, std::memory_order_relaxed))
             return true;
     return false;
@@ -83,7 +83,7 @@ HandleSlot* openSlotFor(Object& object)
     slot->object = &object;
     slot->kind.store(object.kind(), std::memory_order_release);
     slot->turn.store(slot->turn.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
-    slot->state.store(HandleSlot::kOpen, std::memory_order_release);
+    slot->state.store(HandleSlot::openBit, std::memory_order_release);
     return slot;
 }
 } // namespace
@@ -111,7 +111,7 @@ HANDLE openCounted(Object& object)
 HandleSlot* slotOf(HANDLE handle)
 {
     const auto value = reinterpret_cast<std::uintptr_t>(handle);
-    if (value < kSlots) {
+    if (value < slotCount) {
         HandleSlot& slot = slots[value];
         return slot.kind.load(std::memory_order_acquire) == ObjectKind::socket ? &slot : nullptr;
     }
@@ -162,12 +162,12 @@ BOOL CloseHandle(HANDLE handle)
     std::uint32_t before;
     if (std::mutex* const mutex = slot->object->closingLock()) {
         const std::lock_guard lock(*mutex);
-        before = slot->state.fetch_and(~HandleSlot::kOpen, std::memory_order_acq_rel);
+        before = slot->state.fetch_and(~HandleSlot::openBit, std::memory_order_acq_rel);
     } else {
-        before = slot->state.fetch_and(~HandleSlot::kOpen, std::memory_order_acq_rel);
+        before = slot->state.fetch_and(~HandleSlot::openBit, std::memory_order_acq_rel);
     }
     slot->leave();
-    if ((before & HandleSlot::kOpen) != 0) return TRUE;
+    if ((before & HandleSlot::openBit) != 0) return TRUE;
     SetLastError(ERROR_INVALID_HANDLE);
     return FALSE;
 }

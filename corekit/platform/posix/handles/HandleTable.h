@@ -32,7 +32,7 @@ enum class ObjectKind : std::uint8_t {
     token
 };
 
-// A kernel object; each kind derives its operations from here and names itself in kKind.
+// A kernel object; each kind derives its operations from here and names itself in objectKind.
 class Object {
 public:
     explicit Object(ObjectKind kind) : m_kind(kind) {}
@@ -63,7 +63,7 @@ private:
 };
 
 struct alignas(32) HandleSlot {
-    static constexpr std::uint32_t kOpen = 1; // the rest of `state` counts users by two
+    static constexpr std::uint32_t openBit = 1; // the rest of `state` counts users by two
 
     std::atomic<std::uint32_t> state{0};
     std::uint32_t next = 0;
@@ -74,7 +74,7 @@ struct alignas(32) HandleSlot {
     // How often the slot was opened: tells an open handle from an earlier one with the same value.
     std::atomic<std::uint32_t> turn{0};
 
-    bool isOpen() const { return (state.load(std::memory_order_acquire) & kOpen) != 0; }
+    bool isOpen() const { return (state.load(std::memory_order_acquire) & openBit) != 0; }
     bool enter(); // becomes a user; false when closed
     void addUser()
     {
@@ -102,7 +102,7 @@ std::uint32_t slotNumber(HANDLE handle);
 template <typename T>
 constexpr bool isOfKind(ObjectKind kind)
 {
-    return kind == T::kKind;
+    return kind == T::objectKind;
 }
 
 // A user of the object behind a handle, if it is a T.

@@ -31,7 +31,7 @@ template <typename T>
 T* openObject(HANDLE handle)
 {
     HandleSlot* const slot = openSlot(handle);
-    if (slot == nullptr || slot->kind.load(std::memory_order_acquire) != T::kKind) return nullptr;
+    if (slot == nullptr || slot->kind.load(std::memory_order_acquire) != T::objectKind) return nullptr;
     return static_cast<T*>(slot->object);
 }
 

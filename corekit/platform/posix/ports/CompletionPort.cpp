@@ -1,7 +1,7 @@
 #include "corekit/platform/CompletionPort.h"
 
-#include "corekit/platform/posix/ports/CompletionQueue.h"
 #include "corekit/platform/posix/Errno.h"
+#include "corekit/platform/posix/ports/CompletionQueue.h"
 #include "corekit/platform/posix/ports/IoObject.h"
 
 #include <new>
@@ -12,10 +12,10 @@ using namespace corekit::detail;
 
 class CompletionPort final : public Object {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::completionPort;
+    static constexpr ObjectKind objectKind = ObjectKind::completionPort;
 
     explicit CompletionPort(DWORD concurrency)
-        : Object(kKind), queue(std::make_shared<CompletionQueue>(concurrency))
+        : Object(objectKind), queue(std::make_shared<CompletionQueue>(concurrency))
     {
     }
     ~CompletionPort() override { queue->close(); }

@@ -1,7 +1,7 @@
 #include "corekit/platform/posix/ports/CompletionQueue.h"
 
-#include "corekit/platform/posix/threads/CpuRelax.h"
 #include "corekit/platform/posix/ports/PlacedTransfer.h"
+#include "corekit/platform/posix/threads/CpuRelax.h"
 
 #include <algorithm>
 #include <ctime>
@@ -15,11 +15,11 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr std::size_t kFirstPlaces = 64;
-constexpr int kLockTries = 100;
-constexpr auto kSpinTime = 30us; // about what falling asleep and being woken cost together
-constexpr int kMostSpinFailures = 8;
-constexpr auto kWatchTime = 4ms; // a thread without processor time for so long is blocked
+constexpr std::size_t firstPlaces = 64;
+constexpr int lockTries = 100;
+constexpr auto spinTime = 30us; // about what falling asleep and being woken cost together
+constexpr int mostSpinFailures = 8;
+constexpr auto watchTime = 4ms; // a thread without processor time for so long is blocked
 
 DWORD processors()
 {
@@ -30,7 +30,7 @@ DWORD processors()
 // The lock is held for some nanoseconds at a time: worth a few tries before the kernel is asked to wait.
 std::unique_lock<std::mutex> quickLock(std::mutex& mutex)
 {
-    for (int i = 0; i < kLockTries; ++i) {
+    for (int i = 0; i < lockTries; ++i) {
         if (mutex.try_lock()) return std::unique_lock(mutex, std::adopt_lock);
         cpuRelax();
     }
@@ -95,7 +95,7 @@ CompletionQueue::Membership& CompletionQueue::membership()
 
 CompletionQueue::CompletionQueue(DWORD concurrency) : m_limit(concurrency != 0 ? concurrency : processors())
 {
-    m_ring.resize(kFirstPlaces);
+    m_ring.resize(firstPlaces);
 }
 
 CompletionQueue::~CompletionQueue() { close(); }
@@ -225,7 +225,7 @@ void CompletionQueue::waitForWork(Lock& lock, Deadline deadline)
         m_hasWatch = true;
         for (Worker* worker = m_workers; worker != nullptr; worker = worker->next)
             worker->seen = worker->used();
-        const auto until = Clock::now() + kWatchTime;
+        const auto until = Clock::now() + watchTime;
         sleep(lock, deadline ? std::min(*deadline, until) : until);
         m_hasWatch = false;
         if (Clock::now() >= until) discountBlocked();
@@ -246,14 +246,14 @@ void CompletionQueue::spin(Lock& lock)
 {
     m_hasSpinner = true;
     lock.unlock();
-    const auto until = Clock::now() + kSpinTime;
+    const auto until = Clock::now() + spinTime;
     const auto isFilled = [this] { return m_count.load(std::memory_order_relaxed) != 0; };
     do
         for (int i = 0; i < 20 && !isFilled(); ++i) cpuRelax();
     while (!isFilled() && Clock::now() < until);
     lock = quickLock(m_lock);
     m_hasSpinner = false;
-    m_spinFailures = m_count != 0 ? 0 : std::min(m_spinFailures + 1, kMostSpinFailures);
+    m_spinFailures = m_count != 0 ? 0 : std::min(m_spinFailures + 1, mostSpinFailures);
     m_spinPause = m_spinFailures == 0 ? 0 : (1 << m_spinFailures) - 1;
 }
 

@@ -6,7 +6,7 @@
 
 namespace corekit::detail {
 namespace {
-constexpr Transfer kCancelled{0, ERROR_OPERATION_ABORTED};
+constexpr Transfer cancelled{0, ERROR_OPERATION_ABORTED};
 } // namespace
 
 PlacedTransfer::PlacedTransfer(std::shared_ptr<PlacedChannel> channel, const Request& request)
@@ -25,13 +25,13 @@ PlacedTransfer::~PlacedTransfer()
 void PlacedTransfer::cancelWaiting()
 {
     m_channel->m_waiting.erase(std::exchange(m_inList, m_channel->m_waiting.end()));
-    settle(*m_request.overlapped, kCancelled);
+    settle(*m_request.overlapped, cancelled);
 }
 
 Transfer PlacedTransfer::carryOut()
 {
     std::unique_lock lock(m_channel->m_lock);
-    if (m_inList == m_channel->m_waiting.end()) return kCancelled;
+    if (m_inList == m_channel->m_waiting.end()) return cancelled;
     m_channel->m_waiting.erase(std::exchange(m_inList, m_channel->m_waiting.end()));
     Transfer result;
     {

@@ -82,9 +82,9 @@ void PolledChannel::onReady(std::uint32_t ready)
 {
     const std::lock_guard lock(m_lock);
     if (m_isClosed) return;
-    constexpr std::uint32_t kEither = EPOLLERR | EPOLLHUP;
-    if ((ready & (EPOLLIN | EPOLLRDHUP | kEither)) != 0) serve(Direction::read, CompletionQueue::Wake::later);
-    if ((ready & (EPOLLOUT | kEither)) != 0) serve(Direction::write, CompletionQueue::Wake::later);
+    constexpr std::uint32_t either = EPOLLERR | EPOLLHUP;
+    if ((ready & (EPOLLIN | EPOLLRDHUP | either)) != 0) serve(Direction::read, CompletionQueue::Wake::later);
+    if ((ready & (EPOLLOUT | either)) != 0) serve(Direction::write, CompletionQueue::Wake::later);
 }
 
 void PolledChannel::onRoundEnd()

@@ -18,7 +18,7 @@
 namespace corekit::detail {
 namespace {
 
-constexpr int kRound = 256; // descriptors told of in one round
+constexpr int roundSize = 256; // descriptors told of in one round
 
 class Poller {
 public:
@@ -36,7 +36,7 @@ private:
         std::shared_ptr<Watcher> watcher;
         std::uint32_t turn = 0;
     };
-    using Round = std::array<epoll_event, kRound>;
+    using Round = std::array<epoll_event, roundSize>;
 
     int start();
     int control(int operation, int descriptor, std::uint32_t events, std::uint32_t turn);
@@ -134,14 +134,14 @@ void Poller::run()
 {
     Round round;
     for (;;) {
-        const int count = ::epoll_wait(m_epoll, round.data(), kRound, -1);
+        const int count = ::epoll_wait(m_epoll, round.data(), roundSize, -1);
         if (count > 0) tell(round, count);
     }
 }
 
 void Poller::tell(const Round& round, int count)
 {
-    std::array<std::shared_ptr<Watcher>, kRound> watchers;
+    std::array<std::shared_ptr<Watcher>, roundSize> watchers;
     {
         const std::lock_guard lock(m_lock);
         for (int i = 0; i < count; ++i) {

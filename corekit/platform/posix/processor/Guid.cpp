@@ -5,9 +5,9 @@
 #include <string_view>
 
 namespace {
-constexpr std::u16string_view kForm = u"{00000000-0000-0000-0000-000000000000}";
+constexpr std::u16string_view form = u"{00000000-0000-0000-0000-000000000000}";
 // The order in which the bytes of the structure stand in the text.
-constexpr std::array<int, 16> kOrder = {3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
+constexpr std::array<int, 16> byteOrder = {3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
 
 int Digit(WCHAR c)
 {
@@ -22,16 +22,16 @@ HRESULT CLSIDFromString(const WCHAR* text, GUID* guid)
 {
     *guid = GUID();
     if (!text || *text == 0) return 0;
-    if (std::u16string_view(text).size() != kForm.size()) return CO_E_CLASSSTRING;
+    if (std::u16string_view(text).size() != form.size()) return CO_E_CLASSSTRING;
     std::array<BYTE, 16> bytes{};
-    for (std::size_t i = 0, digit = 0; i < kForm.size(); ++i) {
-        if (kForm[i] != u'0') {
-            if (text[i] != kForm[i]) return CO_E_CLASSSTRING;
+    for (std::size_t i = 0, digit = 0; i < form.size(); ++i) {
+        if (form[i] != u'0') {
+            if (text[i] != form[i]) return CO_E_CLASSSTRING;
             continue;
         }
         const int value = Digit(text[i]);
         if (value < 0) return CO_E_CLASSSTRING;
-        BYTE& byte = bytes[static_cast<std::size_t>(kOrder[digit++ / 2])];
+        BYTE& byte = bytes[static_cast<std::size_t>(byteOrder[digit++ / 2])];
         byte = static_cast<BYTE>(byte << 4 | value);
     }
     std::memcpy(guid, bytes.data(), sizeof *guid);
@@ -40,15 +40,15 @@ HRESULT CLSIDFromString(const WCHAR* text, GUID* guid)
 
 int StringFromGUID2(const GUID& guid, WCHAR* text, int size)
 {
-    if (size <= static_cast<int>(kForm.size())) return 0;
+    if (size <= static_cast<int>(form.size())) return 0;
     std::array<BYTE, 16> bytes;
     std::memcpy(bytes.data(), &guid, sizeof guid);
-    for (std::size_t i = 0, digit = 0; i < kForm.size(); ++i) {
-        text[i] = kForm[i];
-        if (kForm[i] != u'0') continue;
-        const BYTE byte = bytes[static_cast<std::size_t>(kOrder[digit / 2])];
+    for (std::size_t i = 0, digit = 0; i < form.size(); ++i) {
+        text[i] = form[i];
+        if (form[i] != u'0') continue;
+        const BYTE byte = bytes[static_cast<std::size_t>(byteOrder[digit / 2])];
         text[i] = u"0123456789ABCDEF"[digit++ % 2 == 0 ? byte >> 4 : byte & 15];
     }
-    text[kForm.size()] = 0;
-    return static_cast<int>(kForm.size()) + 1;
+    text[form.size()] = 0;
+    return static_cast<int>(form.size()) + 1;
 }

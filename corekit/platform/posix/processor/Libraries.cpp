@@ -65,7 +65,7 @@ HMODULE socketModule()
 HMODULE LoadLibraryA(const char* name)
 {
     if (!name || !*name) return fail<HMODULE>(ERROR_MOD_NOT_FOUND, nullptr);
-    if (::strcasecmp(name, kSocketLibrary.data()) == 0) return socketModule();
+    if (::strcasecmp(name, socketLibrary.data()) == 0) return socketModule();
     void* const handle = ::dlopen(nativePath(name).c_str(), RTLD_LAZY | RTLD_LOCAL);
     link_map* map = nullptr;
     Dl_info info;

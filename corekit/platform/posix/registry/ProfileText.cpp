@@ -8,14 +8,14 @@ using corekit::detail::ProfileReader;
 using corekit::detail::SameProfileName;
 using Kind = ProfileLine::Kind;
 
-constexpr std::string_view kMark = "\xEF\xBB\xBF"; // of UTF-8, at the start of a file
-constexpr std::string_view kBlanks = " \t\r\n\v\f";
+constexpr std::string_view mark = "\xEF\xBB\xBF"; // of UTF-8, at the start of a file
+constexpr std::string_view blanks = " \t\r\n\v\f";
 
 std::string_view Trimmed(std::string_view text)
 {
-    const auto first = text.find_first_not_of(kBlanks);
+    const auto first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos) return text.substr(text.size());
-    return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
+    return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
@@ -36,7 +36,7 @@ bool SameProfileName(std::string_view a, std::string_view b)
 }
 
 ProfileReader::ProfileReader(std::string_view text)
-    : m_text(text), m_at(text.starts_with(kMark) ? kMark.size() : 0)
+    : m_text(text), m_at(text.starts_with(mark) ? mark.size() : 0)
 {
 }
 
@@ -99,7 +99,7 @@ std::string ProfileText::Names(const char* section, std::size_t limit) const
 
 std::string_view ProfileText::Start() const
 {
-    return std::string_view(m_text).substr(0, m_text.starts_with(kMark) ? kMark.size() : 0);
+    return std::string_view(m_text).substr(0, m_text.starts_with(mark) ? mark.size() : 0);
 }
 
 // That of the first line.
@@ -132,11 +132,11 @@ void ProfileText::Set(std::string_view section, std::string_view key, std::strin
     }
     if (place == std::string::npos) {
         const bool apart =
-            !m_text.empty() && m_text != kMark && !m_text.ends_with("\n\n") && !m_text.ends_with("\n\r\n");
+            !m_text.empty() && m_text != mark && !m_text.ends_with("\n\n") && !m_text.ends_with("\n\r\n");
         added = (apart ? end : std::string()) + "[" + std::string(section) + "]" + end + added;
         place = m_text.size();
     }
-    if (place > 0 && m_text[place - 1] != '\n' && m_text != kMark) added = end + added;
+    if (place > 0 && m_text[place - 1] != '\n' && m_text != mark) added = end + added;
     m_text.insert(place, added);
     m_isChanged = true;
 }

@@ -20,9 +20,9 @@ using corekit::detail::RegistryStore;
 using corekit::detail::RegistryValue;
 using corekit::detail::SqliteError;
 
-constexpr DWORD kGenericRead = 0x80000000, kGenericWrite = 0x40000000, kGenericAll = 0x10000000;
-constexpr DWORD kMaximumAllowed = 0x02000000;
-constexpr DWORD kWritingRights = KEY_SET_VALUE | KEY_CREATE_SUB_KEY | 0x20 | 0xD0000; // links, delete, owner
+constexpr DWORD genericRead = 0x80000000, genericWrite = 0x40000000, genericAll = 0x10000000;
+constexpr DWORD maximumAllowed = 0x02000000;
+constexpr DWORD writingRights = KEY_SET_VALUE | KEY_CREATE_SUB_KEY | 0x20 | 0xD0000; // links, delete, owner
 
 struct OpenKey {
     std::shared_ptr<RegistryStore> store; // null: a free slot
@@ -108,17 +108,17 @@ void Require(bool condition, DWORD code = ERROR_INVALID_PARAMETER)
     if (!condition) throw RegistryError{code};
 }
 
-constexpr int kSerialShift = 24;
-constexpr std::uintptr_t kSlotMask = (1u << kSerialShift) - 1;
+constexpr int serialShift = 24;
+constexpr std::uintptr_t slotMask = (1u << serialShift) - 1;
 
 // A handle is the number of a slot, from 1, and that slot's serial number.
 OpenKey* FindSlot(HKEY key)
 {
     const auto number = reinterpret_cast<std::uintptr_t>(key);
-    const std::uintptr_t slot = number & kSlotMask;
+    const std::uintptr_t slot = number & slotMask;
     if (slot == 0 || slot > Slots().size()) return nullptr;
     OpenKey& open = Slots()[slot - 1];
-    return open.store && open.serial == number >> kSerialShift ? &open : nullptr;
+    return open.store && open.serial == number >> serialShift ? &open : nullptr;
 }
 
 std::vector<std::uintptr_t>& FreeSlots()
@@ -130,7 +130,7 @@ std::vector<std::uintptr_t>& FreeSlots()
 HKEY NewHandle(std::shared_ptr<RegistryStore> store, RegistryStore::Key key, DWORD access)
 {
     if (FreeSlots().empty()) {
-        Require(Slots().size() < kSlotMask, ERROR_NOT_ENOUGH_MEMORY);
+        Require(Slots().size() < slotMask, ERROR_NOT_ENOUGH_MEMORY);
         FreeSlots().reserve(Slots().size() + 1); // so that closing never fails
         Slots().emplace_back();
         FreeSlots().push_back(Slots().size());
@@ -139,15 +139,16 @@ HKEY NewHandle(std::shared_ptr<RegistryStore> store, RegistryStore::Key key, DWO
     FreeSlots().pop_back();
     OpenKey& open = Slots()[slot - 1];
     open = {std::move(store), key, access, open.serial};
-    return reinterpret_cast<HKEY>(slot | static_cast<std::uintptr_t>(open.serial) << kSerialShift);
+    return reinterpret_cast<HKEY>(slot | static_cast<std::uintptr_t>(open.serial) << serialShift);
 }
 
 // A hive, or a copy of the open key's record.
 OpenKey Opened(HKEY key, DWORD access = 0)
 {
     if (key == HKEY_LOCAL_MACHINE)
-        return {RegistryStore::Current(), RegistryDatabase::kMachine, KEY_ALL_ACCESS};
-    if (key == HKEY_CURRENT_USER) return {RegistryStore::Current(), RegistryDatabase::kUser, KEY_ALL_ACCESS};
+        return {RegistryStore::Current(), RegistryDatabase::machineHive, KEY_ALL_ACCESS};
+    if (key == HKEY_CURRENT_USER)
+        return {RegistryStore::Current(), RegistryDatabase::userHive, KEY_ALL_ACCESS};
     const OpenKey* open = FindSlot(key);
     Require(open, ERROR_INVALID_HANDLE);
     Require((open->access & access) == access, ERROR_ACCESS_DENIED);
@@ -165,11 +166,11 @@ std::string PathOf(const char* subKey)
 // What the handle may do in the end; throws 5 for more than this user may.
 DWORD Granted(const RegistryStore& store, DWORD access)
 {
-    if (access & kMaximumAllowed) return store.MayWrite() ? KEY_ALL_ACCESS : KEY_READ;
-    if (access & kGenericAll) access |= KEY_ALL_ACCESS;
-    if (access & kGenericRead) access |= KEY_READ;
-    if (access & kGenericWrite) access |= KEY_WRITE;
-    Require(!(access & kWritingRights) || store.MayWrite(), ERROR_ACCESS_DENIED);
+    if (access & maximumAllowed) return store.MayWrite() ? KEY_ALL_ACCESS : KEY_READ;
+    if (access & genericAll) access |= KEY_ALL_ACCESS;
+    if (access & genericRead) access |= KEY_READ;
+    if (access & genericWrite) access |= KEY_WRITE;
+    Require(!(access & writingRights) || store.MayWrite(), ERROR_ACCESS_DENIED);
     return access;
 }
 
@@ -225,7 +226,7 @@ LONG RegCloseKey(HKEY key)
         OpenKey* open = FindSlot(key);
         Require(open, ERROR_INVALID_HANDLE);
         *open = {nullptr, 0, 0, open->serial + 1};
-        FreeSlots().push_back(reinterpret_cast<std::uintptr_t>(key) & kSlotMask);
+        FreeSlots().push_back(reinterpret_cast<std::uintptr_t>(key) & slotMask);
     });
 }
 
@@ -243,7 +244,7 @@ LONG RegConnectRegistryA(const char* machine, HKEY hive, HKEY* result)
         };
         Require(name.empty() || is(".") || is("localhost") || is(own), ERROR_BAD_NETPATH);
         const OpenKey local = Opened(hive);
-        *result = NewHandle(local.store, local.key, Granted(*local.store, kMaximumAllowed));
+        *result = NewHandle(local.store, local.key, Granted(*local.store, maximumAllowed));
     });
 }
 

@@ -17,14 +17,14 @@
 namespace {
 using namespace std::chrono_literals;
 
-constexpr int kApplication = 0x434B5247; // "CKRG"
-constexpr int kVersion = 1;
-constexpr auto kPatience = 5s; // how long another process may keep the file busy
+constexpr int application = 0x434B5247; // "CKRG"
+constexpr int formatVersion = 1;
+constexpr auto patience = 5s; // how long another process may keep the file busy
 // Who waited in vain does not wait as long again soon: a program reads a dozen settings when it starts.
-constexpr auto kImpatience = 100ms;
-constexpr auto kRemembered = 10s;
+constexpr auto impatience = 100ms;
+constexpr auto remembered = 10s;
 
-constexpr const char* kTables = R"(
+constexpr const char* tables = R"(
 CREATE TABLE keys(
   id INTEGER PRIMARY KEY AUTOINCREMENT,
   parent INTEGER NOT NULL, folded TEXT NOT NULL, name TEXT NOT NULL, class TEXT NOT NULL,
@@ -40,7 +40,7 @@ INSERT INTO keys VALUES(2, 0, 'HKEY_CURRENT_USER', 'HKEY_CURRENT_USER', '', 0, 0
 PRAGMA application_id = 1129009735;
 PRAGMA user_version = 1;
 )";
-static_assert(kApplication == 1129009735);
+static_assert(application == 1129009735);
 
 std::int64_t AskNumber(sqlite3* database, const char* sql)
 {
@@ -117,8 +117,8 @@ void RegistryDatabase::Connect(bool mayWrite)
         MakeTables();
         DropVolatileKeys();
     }
-    if (AskNumber(m_database, "PRAGMA application_id") != kApplication ||
-        AskNumber(m_database, "PRAGMA user_version") != kVersion)
+    if (AskNumber(m_database, "PRAGMA application_id") != application ||
+        AskNumber(m_database, "PRAGMA user_version") != formatVersion)
         throw SqliteError{SQLITE_NOTADB};
     PrepareStatements();
     FindHeader();
@@ -137,8 +137,8 @@ bool RegistryDatabase::WaitsOn(int tries)
     const Clock::time_point now = Clock::now();
     if (tries == 0) {
         const auto last = inVain.find(m_path);
-        const bool isImpatient = last != inVain.end() && now - last->second < kRemembered;
-        m_waitsUntil = now + (isImpatient ? Clock::duration(kImpatience) : Clock::duration(kPatience));
+        const bool isImpatient = last != inVain.end() && now - last->second < remembered;
+        m_waitsUntil = now + (isImpatient ? Clock::duration(impatience) : Clock::duration(patience));
     }
     if (now >= m_waitsUntil) {
         inVain[m_path] = now;
@@ -163,7 +163,7 @@ void RegistryDatabase::MakeTables()
     if (AskNumber(m_database, "PRAGMA user_version") != 0) return;
     Execute("BEGIN IMMEDIATE");
     try {
-        if (AskNumber(m_database, "SELECT count(*) FROM sqlite_schema") == 0) Execute(kTables);
+        if (AskNumber(m_database, "SELECT count(*) FROM sqlite_schema") == 0) Execute(tables);
         Execute("COMMIT");
     } catch (...) {
         sqlite3_exec(m_database, "ROLLBACK", nullptr, nullptr, nullptr);
@@ -173,9 +173,9 @@ void RegistryDatabase::MakeTables()
 
 void RegistryDatabase::DropVolatileKeys()
 {
-    constexpr const char* kOld = "SELECT id FROM keys WHERE boot IS NOT NULL AND boot <> ?1";
-    if (!SqliteStatement(m_database, kOld).BindText(1, BootId()).Step()) return;
-    const std::string gone = std::string("WITH RECURSIVE gone(id) AS (") + kOld +
+    constexpr const char* old = "SELECT id FROM keys WHERE boot IS NOT NULL AND boot <> ?1";
+    if (!SqliteStatement(m_database, old).BindText(1, BootId()).Step()) return;
+    const std::string gone = std::string("WITH RECURSIVE gone(id) AS (") + old +
                              " UNION SELECT keys.id FROM keys JOIN gone ON keys.parent = gone.id) ";
     Execute("BEGIN IMMEDIATE");
     SqliteStatement(m_database, (gone + "DELETE FROM items WHERE key IN gone").c_str())
@@ -231,12 +231,12 @@ bool RegistryDatabase::Unchanged()
         const std::int64_t version = row->Number(0);
         return std::exchange(m_seenVersion, version) == version;
     }
-    std::array<std::uint64_t, kHeaderWords> now;
-    for (std::size_t i = 0; i < kHeaderWords; ++i) now[i] = m_header[i];
+    std::array<std::uint64_t, headerWords> now;
+    for (std::size_t i = 0; i < headerWords; ++i) now[i] = m_header[i];
     std::atomic_thread_fence(std::memory_order_acquire);
     // A writer changes the second copy first: only two equal ones are a state that was committed.
-    const bool whole = now[0] != 0 && std::equal(now.begin(), now.begin() + kHeaderWords / 2,
-                                                 now.begin() + kHeaderWords / 2);
+    const bool whole =
+        now[0] != 0 && std::equal(now.begin(), now.begin() + headerWords / 2, now.begin() + headerWords / 2);
     const bool same = whole && now == m_seen;
     m_seen = now;
     return same;

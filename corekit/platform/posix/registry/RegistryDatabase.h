@@ -16,7 +16,7 @@ namespace corekit::detail {
 class RegistryDatabase {
 public:
     // The keys that are always there; no other key has a number this low.
-    static constexpr std::int64_t kMachine = 1, kUser = 2;
+    static constexpr std::int64_t machineHive = 1, userHive = 2;
 
     // Null if the file is missing and need not be made. Throws SqliteError; a file that is not ours counts
     // as damaged. Without the right to write, the connection only reads.
@@ -62,13 +62,13 @@ private:
     void PrepareStatements();
     void FindHeader();
 
-    static constexpr std::size_t kHeaderWords = 12; // both copies of the shared header
+    static constexpr std::size_t headerWords = 12; // both copies of the shared header
 
     const std::string m_path;
     sqlite3* m_database = nullptr;
     SqliteStatement m_begin, m_commit, m_rollback, m_dataVersion;
     const volatile std::uint64_t* m_header = nullptr;
-    std::array<std::uint64_t, kHeaderWords> m_seen{};
+    std::array<std::uint64_t, headerWords> m_seen{};
     std::int64_t m_seenVersion = -1;
     std::chrono::steady_clock::time_point m_waitsUntil;
     dev_t m_device = 0;

@@ -8,11 +8,11 @@
 #include <sys/stat.h>
 
 namespace {
-constexpr std::size_t kCacheLimit = 4 << 20;
-constexpr std::size_t kCacheOverhead = 128; // of one entry, roughly
-constexpr std::size_t kLongestKeyName = 255;
-constexpr std::size_t kLongestValueName = 16383;
-constexpr std::int64_t kDeepest = 512;
+constexpr std::size_t cacheLimit = 4 << 20;
+constexpr std::size_t cacheOverhead = 128; // of one entry, roughly
+constexpr std::size_t longestKeyName = 255;
+constexpr std::size_t longestValueName = 16383;
+constexpr std::int64_t deepest = 512;
 
 bool IsText(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ; }
 
@@ -120,7 +120,7 @@ void RegistryStore::Forget()
 
 void RegistryStore::MakeRoom(std::size_t bytes)
 {
-    if (m_cachedBytes + bytes > kCacheLimit) Forget();
+    if (m_cachedBytes + bytes > cacheLimit) Forget();
     m_cachedBytes += bytes;
 }
 
@@ -131,14 +131,14 @@ bool RegistryStore::MayWrite() const
 
 bool RegistryStore::Exists(Key key)
 {
-    if (key <= RegistryDatabase::kUser) return true;
+    if (key <= RegistryDatabase::userHive) return true;
     RegistryDatabase* database = Reader();
     return database && SqliteRow(database->keyDepth.Bind(1, key));
 }
 
 RegistryStore::Key RegistryStore::Child(Key parent, std::string_view name)
 {
-    const std::string folded = FoldName(StoredName(name, kLongestKeyName));
+    const std::string folded = FoldName(StoredName(name, longestKeyName));
     const SqliteRow row(m_database->findKey.Bind(1, parent).BindText(2, folded));
     return row ? row->Number(0) : 0;
 }
@@ -156,12 +156,12 @@ RegistryStore::Key RegistryStore::Walk(Key from, std::string_view path)
 RegistryStore::Key RegistryStore::Find(Key from, const std::string& path)
 {
     RegistryDatabase* database = Reader();
-    if (!database) return path.empty() && from <= RegistryDatabase::kUser ? from : 0;
+    if (!database) return path.empty() && from <= RegistryDatabase::userHive ? from : 0;
     const auto cached = m_paths.find(Place{from, path});
     if (cached != m_paths.end()) return cached->second;
     if (!Exists(from)) throw RegistryError{ERROR_KEY_DELETED};
     const Key found = Walk(from, path);
-    MakeRoom(path.size() + kCacheOverhead);
+    MakeRoom(path.size() + cacheOverhead);
     m_paths.insert_or_assign({from, path}, found);
     return found;
 }
@@ -180,7 +180,7 @@ std::pair<RegistryStore::Key, bool> RegistryStore::Create(Key from, const std::s
     bool made = false;
     std::string_view rest = path;
     for (std::string_view name = NextName(rest); !name.empty(); name = NextName(rest)) {
-        if (++depth > kDeepest) throw RegistryError{ERROR_INVALID_PARAMETER};
+        if (++depth > deepest) throw RegistryError{ERROR_INVALID_PARAMETER};
         const Key parent = from;
         from = Child(parent, name);
         if (from != 0) continue;
@@ -194,8 +194,8 @@ std::pair<RegistryStore::Key, bool> RegistryStore::Create(Key from, const std::s
 RegistryStore::Key RegistryStore::Make(Key parent, std::string_view name, std::int64_t depth,
                                        std::string_view className, bool isVolatile)
 {
-    const std::string stored = StoredName(name, kLongestKeyName), folded = FoldName(stored);
-    const std::string storedClass = StoredName(className, kLongestKeyName);
+    const std::string stored = StoredName(name, longestKeyName), folded = FoldName(stored);
+    const std::string storedClass = StoredName(className, longestKeyName);
     m_database->insertKey.Bind(1, parent).BindText(2, folded).BindText(3, stored).BindText(4, storedClass);
     m_database->insertKey.Bind(5, depth)
         .Bind(6, Now())
@@ -208,7 +208,7 @@ RegistryStore::Key RegistryStore::Make(Key parent, std::string_view name, std::i
 
 void RegistryStore::Delete(Key key)
 {
-    if (key <= RegistryDatabase::kUser) throw RegistryError{ERROR_ACCESS_DENIED};
+    if (key <= RegistryDatabase::userHive) throw RegistryError{ERROR_ACCESS_DENIED};
     RegistryDatabase& database = Writer();
     RegistryDatabase::Transaction transaction(database);
     if (SqliteRow(database.childOf.Bind(1, key))) throw RegistryError{ERROR_ACCESS_DENIED};
@@ -227,7 +227,7 @@ const RegistryValue* RegistryStore::Value(Key key, std::string_view name)
     if (cached != m_values.end()) return cached->second.exists ? &cached->second.value : nullptr;
 
     CachedValue value{false, {REG_NONE, {}}};
-    const std::string folded = FoldName(StoredName(name, kLongestValueName));
+    const std::string folded = FoldName(StoredName(name, longestValueName));
     if (const SqliteRow row(database->findValue.Bind(1, key).BindText(2, folded)); row) {
         const std::string_view data = row->Bytes(1);
         value = {
@@ -236,14 +236,14 @@ const RegistryValue* RegistryStore::Value(Key key, std::string_view name)
     } else if (!Exists(key)) {
         throw RegistryError{ERROR_KEY_DELETED};
     }
-    MakeRoom(name.size() + value.value.data.size() + kCacheOverhead);
+    MakeRoom(name.size() + value.value.data.size() + cacheOverhead);
     const auto place = m_values.insert_or_assign({key, std::string(name)}, std::move(value)).first;
     return place->second.exists ? &place->second.value : nullptr;
 }
 
 void RegistryStore::SetValue(Key key, std::string_view name, DWORD type, std::string_view data)
 {
-    const std::string stored = StoredName(name, kLongestValueName), folded = FoldName(stored);
+    const std::string stored = StoredName(name, longestValueName), folded = FoldName(stored);
     // Text that the code page cannot carry there and back is kept as the bytes it came as.
     const auto text = IsText(type) ? NarrowToUtf8(data) : std::nullopt;
     RegistryDatabase& database = Writer();
@@ -258,7 +258,7 @@ void RegistryStore::SetValue(Key key, std::string_view name, DWORD type, std::st
 
 bool RegistryStore::DeleteValue(Key key, std::string_view name)
 {
-    const std::string folded = FoldName(StoredName(name, kLongestValueName));
+    const std::string folded = FoldName(StoredName(name, longestValueName));
     RegistryDatabase& database = Writer();
     RegistryDatabase::Transaction transaction(database);
     database.touchKey.Bind(1, key).Bind(2, Now()).Run();
@@ -281,11 +281,11 @@ const std::vector<RegistryEntry>& RegistryStore::List(Key key, std::string_view 
     if (cached != m_lists.end()) return cached->second;
     if (!Exists(key)) throw RegistryError{ERROR_KEY_DELETED};
     std::vector<RegistryEntry> entries;
-    std::size_t bytes = kCacheOverhead;
+    std::size_t bytes = cacheOverhead;
     SqliteStatement& list = kind == "keys" ? database->listKeys : database->listValues;
     for (list.Bind(1, key); list.Step();) {
         entries.push_back({Utf8ToNarrow(list.Bytes(0)), Utf8ToNarrow(list.Bytes(1)), list.Number(2)});
-        bytes += kCacheOverhead + entries.back().name.size();
+        bytes += cacheOverhead + entries.back().name.size();
     }
     MakeRoom(bytes);
     return m_lists.insert_or_assign({key, std::string(kind)}, std::move(entries)).first->second;

@@ -16,8 +16,8 @@ using namespace corekit::detail;
 
 class EventSource final : public Object {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::eventSource;
-    explicit EventSource(const char* eventName) : Object(kKind), name(eventName) {}
+    static constexpr ObjectKind objectKind = ObjectKind::eventSource;
+    explicit EventSource(const char* eventName) : Object(objectKind), name(eventName) {}
 
     const std::string name;
 };

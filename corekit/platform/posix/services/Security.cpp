@@ -19,8 +19,8 @@ std::size_t sizeOf(BYTE subAuthorities)
 
 class Token final : public Object {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::token;
-    Token() : Object(kKind), state(administratorState()) {}
+    static constexpr ObjectKind objectKind = ObjectKind::token;
+    Token() : Object(objectKind), state(administratorState()) {}
 
     const Administrator state;
 };

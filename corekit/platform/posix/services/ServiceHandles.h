@@ -8,9 +8,9 @@ namespace corekit::detail {
 
 class ServiceManager final : public Object {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::serviceManager;
+    static constexpr ObjectKind objectKind = ObjectKind::serviceManager;
     ServiceManager(std::shared_ptr<SystemBus> connection, std::string folder)
-        : Object(kKind), bus(std::move(connection)), unitFolder(std::move(folder))
+        : Object(objectKind), bus(std::move(connection)), unitFolder(std::move(folder))
     {
     }
 
@@ -20,9 +20,10 @@ public:
 
 class Service final : public Object {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::service;
+    static constexpr ObjectKind objectKind = ObjectKind::service;
     Service(const ServiceManager& manager, std::string unitName)
-        : Object(kKind), bus(manager.bus), unit(std::move(unitName)), file(manager.unitFolder + "/" + unit)
+        : Object(objectKind), bus(manager.bus), unit(std::move(unitName)),
+          file(manager.unitFolder + "/" + unit)
     {
     }
 

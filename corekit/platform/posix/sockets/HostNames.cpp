@@ -18,13 +18,13 @@
 namespace {
 using namespace corekit::detail;
 
-constexpr std::size_t kMostAddresses = 24; // a record of them fits the 2 KB that callers are used to offer
+constexpr std::size_t mostAddresses = 24; // a record of them fits the 2 KB that callers are used to offer
 
 class NameLookup final : public Object {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::nameLookup;
+    static constexpr ObjectKind objectKind = ObjectKind::nameLookup;
     NameLookup(std::string host, std::vector<in_addr> addresses)
-        : Object(kKind), m_host(std::move(host)), m_addresses(std::move(addresses))
+        : Object(objectKind), m_host(std::move(host)), m_addresses(std::move(addresses))
     {
     }
     // The size that the record takes.
@@ -84,7 +84,7 @@ std::vector<in_addr> addressesOf(const char* host)
     addrinfo* found = nullptr;
     std::vector<in_addr> addresses;
     if (::getaddrinfo(host, nullptr, &hints, &found) != 0) return fail(WSAHOST_NOT_FOUND, addresses);
-    for (const addrinfo* entry = found; entry && addresses.size() < kMostAddresses; entry = entry->ai_next)
+    for (const addrinfo* entry = found; entry && addresses.size() < mostAddresses; entry = entry->ai_next)
         addresses.push_back(reinterpret_cast<const sockaddr_in*>(entry->ai_addr)->sin_addr);
     ::freeaddrinfo(found);
     return addresses;
@@ -200,8 +200,8 @@ int WSALookupServiceEnd(HANDLE lookup)
 
 int WSAEnumProtocolsA(int* wanted, WSAPROTOCOL_INFOA* buffer, DWORD* size)
 {
-    static constexpr WSAPROTOCOL_INFOA kProtocols[] = {{AF_INET, SOCK_STREAM, IPPROTO_TCP, "TCP/IP"},
-                                                       {AF_INET, SOCK_DGRAM, IPPROTO_UDP, "UDP/IP"}};
+    static constexpr WSAPROTOCOL_INFOA protocols[] = {{AF_INET, SOCK_STREAM, IPPROTO_TCP, "TCP/IP"},
+                                                      {AF_INET, SOCK_DGRAM, IPPROTO_UDP, "UDP/IP"}};
     if (!size) return fail(WSAEFAULT, SOCKET_ERROR);
     const auto isWanted = [wanted](int protocol) {
         if (!wanted) return true;
@@ -210,13 +210,13 @@ int WSAEnumProtocolsA(int* wanted, WSAPROTOCOL_INFOA* buffer, DWORD* size)
         return false;
     };
     int count = 0;
-    for (const auto& protocol : kProtocols) count += isWanted(protocol.iProtocol);
+    for (const auto& protocol : protocols) count += isWanted(protocol.iProtocol);
     const auto bytes = static_cast<DWORD>(static_cast<std::size_t>(count) * sizeof *buffer);
     if (!buffer || *size < bytes) {
         *size = bytes;
         return fail(WSAENOBUFS, SOCKET_ERROR);
     }
-    for (const auto& protocol : kProtocols)
+    for (const auto& protocol : protocols)
         if (isWanted(protocol.iProtocol)) *buffer++ = protocol;
     return count;
 }

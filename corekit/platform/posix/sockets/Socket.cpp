@@ -19,7 +19,7 @@ struct Row {
 };
 
 // Where a socket's reason has another number than a file's.
-constexpr Row kSocketErrors[] = {
+constexpr Row socketErrors[] = {
     {EINTR, WSAEINTR},      {EBADF, WSAENOTSOCK},        {EACCES, WSAEACCES},  {EPERM, WSAEACCES},
     {EFAULT, WSAEFAULT},    {EINVAL, WSAEINVAL},         {EMFILE, WSAEMFILE},  {ENFILE, WSAEMFILE},
     {EPIPE, WSAECONNRESET}, {EOPNOTSUPP, WSAEOPNOTSUPP}, {ENOMEM, WSAENOBUFS},
@@ -27,7 +27,7 @@ constexpr Row kSocketErrors[] = {
 } // namespace
 
 Socket::Socket(Descriptor descriptor)
-    : IoObject(kKind, std::move(descriptor), Flow::socket, GENERIC_READ | GENERIC_WRITE),
+    : IoObject(objectKind, std::move(descriptor), Flow::socket, GENERIC_READ | GENERIC_WRITE),
       receiveLimit(SO_RCVTIMEO), sendLimit(SO_SNDTIMEO)
 {
 }
@@ -78,8 +78,8 @@ try {
 
 DWORD socketErrorFromErrno(int value)
 {
-    const auto* row = std::ranges::find(kSocketErrors, value, &Row::value);
-    return row != std::end(kSocketErrors) ? row->code : errorFromErrno(value);
+    const auto* row = std::ranges::find(socketErrors, value, &Row::value);
+    return row != std::end(socketErrors) ? row->code : errorFromErrno(value);
 }
 
 int failSocket(int value) { return fail(socketErrorFromErrno(value), SOCKET_ERROR); }

@@ -14,7 +14,7 @@ class NetworkEvents;
 
 class Socket final : public IoObject {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::socket;
+    static constexpr ObjectKind objectKind = ObjectKind::socket;
     explicit Socket(Descriptor descriptor);
     ~Socket() override;
 

@@ -19,7 +19,7 @@ FARPROC untyped(Function* function)
     return std::bit_cast<FARPROC>(function);
 }
 
-const Row kFunctions[] = {
+const Row functions[] = {
     {"WSAAddressToStringA", untyped(WSAAddressToStringA)},
     {"WSACleanup", untyped(WSACleanup)},
     {"WSACloseEvent", untyped(WSACloseEvent)},
@@ -64,6 +64,6 @@ const Row kFunctions[] = {
 
 FARPROC corekit::detail::socketFunction(std::string_view name)
 {
-    const auto* row = std::ranges::lower_bound(kFunctions, name, {}, &Row::name);
-    return row != std::end(kFunctions) && row->name == name ? row->function : nullptr;
+    const auto* row = std::ranges::lower_bound(functions, name, {}, &Row::name);
+    return row != std::end(functions) && row->name == name ? row->function : nullptr;
 }

@@ -7,7 +7,7 @@
 
 namespace corekit::detail {
 
-inline constexpr std::string_view kSocketLibrary = "WS2_32.DLL"; // in any case
+inline constexpr std::string_view socketLibrary = "WS2_32.DLL"; // in any case
 
 // Null for a name that it does not have.
 FARPROC socketFunction(std::string_view name);

@@ -21,7 +21,7 @@ namespace {
 using namespace corekit::detail;
 using Clock = std::chrono::steady_clock;
 
-constexpr DWORD kLongest = 1u << 30; // what the kernel is asked to keep; twelve days
+constexpr DWORD longest = 1u << 30; // what the kernel is asked to keep; twelve days
 
 class Deadline {
 public:
@@ -66,7 +66,7 @@ Moved moveWithin(const Socket& socket, Socket::Limit& limit, DWORD milliseconds,
     const Deadline deadline(milliseconds);
     const bool kernelWaits = milliseconds != 0 && !socket.neverWaits();
     if (kernelWaits)
-        if (const int error = limit.set(socket.descriptor(), milliseconds > kLongest ? 0 : milliseconds))
+        if (const int error = limit.set(socket.descriptor(), milliseconds > longest ? 0 : milliseconds))
             return {-1, error};
     ssize_t count = call(kernelWaits ? 0 : MSG_DONTWAIT);
     while (count < 0 && (errno == EAGAIN || errno == EINTR)) {

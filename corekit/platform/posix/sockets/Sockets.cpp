@@ -32,7 +32,7 @@ struct OptionRow {
 };
 
 // Of level 0xFFFF.
-constexpr OptionRow kOptions[] = {
+constexpr OptionRow optionRows[] = {
     {0x0004, SO_REUSEADDR}, {0x0008, SO_KEEPALIVE}, {0x0020, SO_BROADCAST}, {0x0080, SO_LINGER},
     {0x1001, SO_SNDBUF},    {0x1002, SO_RCVBUF},    {0x1005, SO_SNDTIMEO},  {0x1006, SO_RCVTIMEO},
 };
@@ -41,8 +41,8 @@ int setSocketOption(Socket& socket, int option, const char* value, int length)
 {
     int number = 0;
     std::memcpy(&number, value, std::min<std::size_t>(sizeof number, static_cast<std::size_t>(length)));
-    const auto* row = std::ranges::find(kOptions, option, &OptionRow::documented);
-    if (row == std::end(kOptions)) return fail(WSAENOPROTOOPT, SOCKET_ERROR);
+    const auto* row = std::ranges::find(optionRows, option, &OptionRow::documented);
+    if (row == std::end(optionRows)) return fail(WSAENOPROTOOPT, SOCKET_ERROR);
     if (row->machine == SO_RCVTIMEO || row->machine == SO_SNDTIMEO) {
         auto& limit = row->machine == SO_RCVTIMEO ? socket.receiveLimit : socket.sendLimit;
         limit.own = static_cast<DWORD>(number);

@@ -11,9 +11,9 @@ std::size_t copyWhileAscii(std::basic_string_view<From> text, Sink<To>& sink, Bl
 {
     const std::size_t count = std::min(text.size(), sink.room());
     To* const to = sink.place();
-    std::size_t i = 0, run = kRunUnits;
-    for (; i + kRunUnits <= count && run == kRunUnits; i += run) run = copyBlock(text.data() + i, to + i);
-    for (; run == kRunUnits && i < count && (text[i] & ~0x7F) == 0; ++i) to[i] = static_cast<To>(text[i]);
+    std::size_t i = 0, run = runUnits;
+    for (; i + runUnits <= count && run == runUnits; i += run) run = copyBlock(text.data() + i, to + i);
+    for (; run == runUnits && i < count && (text[i] & ~0x7F) == 0; ++i) to[i] = static_cast<To>(text[i]);
     sink.advance(i);
     return i;
 }

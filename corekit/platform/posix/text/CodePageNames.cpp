@@ -9,7 +9,7 @@ using enum ConverterKind;
 
 // The two Chinese, the Japanese and the Korean page of another desktop system stand on the national sets that
 // they extend; bytes of their own are among the patches.
-constexpr CodePageName kNames[] = {
+constexpr CodePageName names[] = {
     {37, icu, "ibm-37"},
     {437, icu, "ibm-437"},
     {500, icu, "ibm-500"},
@@ -120,10 +120,10 @@ constexpr CodePageName kNames[] = {
     {65000, icu, "UTF-7"},
     {65001, own, "UTF-8"},
 };
-static_assert(std::ranges::is_sorted(kNames, {}, &CodePageName::number));
+static_assert(std::ranges::is_sorted(names, {}, &CodePageName::number));
 
 } // namespace
 
-std::span<const CodePageName> codePageNames() { return kNames; }
+std::span<const CodePageName> codePageNames() { return names; }
 
 } // namespace corekit::detail

@@ -9,7 +9,7 @@
 namespace corekit::detail {
 namespace {
 
-constexpr CodePagePatch kPatches[] = {
+constexpr CodePagePatch patches[] = {
     {10001, 0x5C, u"\u00A5"},
     {10001, 0x80, u"\\"},
     {10001, 0xA0, u"\u00A0"},
@@ -67,14 +67,14 @@ constexpr CodePagePatch kPatches[] = {
     {20833, 0x0E, u"\x0E\x0F"},
     {21027, 0x0E, u"\x0E\x0F"},
 };
-static_assert(std::ranges::is_sorted(kPatches, {}, &CodePagePatch::page));
+static_assert(std::ranges::is_sorted(patches, {}, &CodePagePatch::page));
 
 } // namespace
 
 std::span<const CodePagePatch> codePagePatches(UINT page)
 {
-    return {std::ranges::lower_bound(kPatches, page, {}, &CodePagePatch::page),
-            std::ranges::upper_bound(kPatches, page, {}, &CodePagePatch::page)};
+    return {std::ranges::lower_bound(patches, page, {}, &CodePagePatch::page),
+            std::ranges::upper_bound(patches, page, {}, &CodePagePatch::page)};
 }
 
 } // namespace corekit::detail

@@ -6,7 +6,7 @@ namespace {
 
 using enum Script;
 
-constexpr Language kLanguages[] = {
+constexpr Language languageRows[] = {
     {"en", "", 0x0409, 1252, 437, latin, "English"},
     {"en", "GB", 0x0809, 1252, 850, latin, "English"},
     {"en", "AU", 0x0C09, 1252, 850, latin, "English"},
@@ -115,6 +115,6 @@ constexpr Language kLanguages[] = {
 
 } // namespace
 
-std::span<const Language> languages() { return kLanguages; }
+std::span<const Language> languages() { return languageRows; }
 
 } // namespace corekit::detail

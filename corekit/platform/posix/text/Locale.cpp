@@ -78,7 +78,7 @@ struct PageBit {
     unsigned bit;
 };
 
-constexpr PageBit kPageBits[] = {
+constexpr PageBit pageBits[] = {
     {1252, 0}, {1250, 1}, {1251, 2}, {1253, 3}, {1254, 4}, {1255, 5}, {1256, 6}, {1257, 7},
     {1258, 8}, {874, 16}, {932, 17}, {936, 18}, {949, 19}, {950, 20}, {866, 49}, {862, 53},
     {857, 56}, {855, 57}, {852, 58}, {775, 59}, {737, 60}, {720, 61}, {850, 62}, {437, 63},
@@ -91,14 +91,14 @@ LOCALESIGNATURE signatureOf(const Language& language)
     LOCALESIGNATURE signature{};
     for (const unsigned bit : {0u, 1u}) setBit(signature.lsUsb, bit);
     for (const unsigned bit : rangeBits(language.script)) setBit(signature.lsUsb, bit);
-    for (const PageBit& entry : kPageBits)
+    for (const PageBit& entry : pageBits)
         if (entry.page == language.ansiPage || entry.page == language.oemPage)
             setBit(signature.lsCsbDefault, entry.bit);
     std::ranges::copy(signature.lsCsbDefault, signature.lsCsbSupported);
     return signature;
 }
 
-constexpr LANGID kLanguageMask = 0x3FF;
+constexpr LANGID languageMask = 0x3FF;
 
 } // namespace
 
@@ -123,7 +123,7 @@ const Language* findLanguage(LANGID id)
     const auto rows = languages();
     if (const auto exact = std::ranges::find(rows, id, &Language::id); exact != rows.end()) return &*exact;
     const auto kin = std::ranges::find_if(
-        rows, [id](const Language& row) { return (row.id & kLanguageMask) == (id & kLanguageMask); });
+        rows, [id](const Language& row) { return (row.id & languageMask) == (id & languageMask); });
     return kin != rows.end() ? &*kin : nullptr;
 }
 

@@ -19,7 +19,7 @@ using corekit::detail::Units;
 
 namespace {
 
-constexpr std::size_t kLanes = 8;
+constexpr std::size_t lanes = 8;
 
 // Bytes by which an address lies behind its block's start.
 std::uintptr_t offsetInBlock(const WCHAR* p) { return reinterpret_cast<std::uintptr_t>(p) % sizeof(Units); }
@@ -42,9 +42,9 @@ COREKIT_READS_WHOLE_BLOCKS std::size_t equalPrefix(const WCHAR* a, const WCHAR* 
             const unsigned end = laneBits(equalLanes(units, Units{}));
             const unsigned stop = (~same & 0xFFFF) | end;
             if (stop != 0) return i + firstLane(stop);
-            i += kLanes;
+            i += lanes;
         } else {
-            for (const std::size_t next = i + kLanes; i < next; ++i)
+            for (const std::size_t next = i + lanes; i < next; ++i)
                 if (a[i] != b[i] || a[i] == 0) return i;
         }
     }
@@ -64,7 +64,7 @@ COREKIT_READS_WHOLE_BLOCKS const WCHAR* findUnitOrEnd(const WCHAR* text, WCHAR u
     unsigned bits = laneBits(equalLanes(units, Units{}) | equalLanes(units, wanted)) >> offset;
     if (bits != 0) return text + firstLane(bits);
     do {
-        block += kLanes;
+        block += lanes;
         units = alignedBlock(block);
         bits = laneBits(equalLanes(units, Units{}) | equalLanes(units, wanted));
     } while (bits == 0);
@@ -223,7 +223,7 @@ int _wtoi(const WCHAR* text)
 std::size_t find(std::u16string_view hay, WCHAR unit, std::size_t from)
 {
     const Units wanted = spreadUnit(unit);
-    for (; from + kLanes <= hay.size(); from += kLanes)
+    for (; from + lanes <= hay.size(); from += lanes)
         if (const unsigned bits = laneBits(equalLanes(loadUnits(&hay[from]), wanted)); bits != 0)
             return from + firstLane(bits);
     for (; from < hay.size(); ++from)
@@ -242,11 +242,11 @@ std::size_t find(std::u16string_view hay, std::u16string_view needle, std::size_
     const Units first = spreadUnit(needle.front());
     const Units last = spreadUnit(needle.back());
     const WCHAR* const text = hay.data();
-    for (; from + span + 2 * kLanes <= hay.size(); from += 2 * kLanes) {
+    for (; from + span + 2 * lanes <= hay.size(); from += 2 * lanes) {
         const WCHAR* const p = text + from;
         const Units low = equalLanes(loadUnits(p), first) & equalLanes(loadUnits(p + span), last);
         const Units high =
-            equalLanes(loadUnits(p + kLanes), first) & equalLanes(loadUnits(p + span + kLanes), last);
+            equalLanes(loadUnits(p + lanes), first) & equalLanes(loadUnits(p + span + lanes), last);
         for (unsigned bits = laneBits(low) | laneBits(high) << 16; bits != 0;) {
             const std::size_t lane = firstLane(bits);
             if (std::memcmp(p + lane + 1, needle.data() + 1, middle) == 0) return from + lane;

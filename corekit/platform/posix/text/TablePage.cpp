@@ -5,8 +5,8 @@
 namespace corekit::detail {
 namespace {
 
-constexpr WCHAR kUnknown = 0xFFFD;
-constexpr std::array<WORD, 256> kNoCodes{};
+constexpr WCHAR unknown = 0xFFFD;
+constexpr std::array<WORD, 256> noCodes{};
 
 // Converters made for the mainframe's habits swap three control characters.
 bool isSwappedControl(BYTE byte, WCHAR unit)
@@ -27,10 +27,10 @@ WCHAR patchOf(std::span<const CodePagePatch> patches, BYTE byte)
 
 TablePage::TablePage(PageSource& source, std::span<const CodePagePatch> patches)
 {
-    m_codes.fill(&kNoCodes);
+    m_codes.fill(&noCodes);
     readSingleBytes(source, patches);
     if (const WORD code = codeOf(u'?'); code > 0 && code < 0x100) m_questionMark = static_cast<BYTE>(code);
-    m_hasHoles = std::ranges::find(m_units, kUnknown) != m_units.end();
+    m_hasHoles = std::ranges::find(m_units, unknown) != m_units.end();
     m_isSingle = std::ranges::all_of(m_trails, [](const auto& trails) { return trails == nullptr; });
 }
 
@@ -43,13 +43,13 @@ void TablePage::readSingleBytes(PageSource& source, std::span<const CodePagePatc
         const auto answer = unit != 0 ? PageSource::Answer::unit : source.decode({&text, 1}, unit);
         // What an extension of ASCII leaves open there are control characters.
         if (answer == PageSource::Answer::nothing)
-            unit = m_hasAscii && byte >= 0x80 && byte < 0xA0 ? byte : kUnknown;
+            unit = m_hasAscii && byte >= 0x80 && byte < 0xA0 ? byte : unknown;
         if (isSwappedControl(byte, unit)) unit = byte;
         if (byte < 0x80) m_hasAscii = m_hasAscii && unit == byte;
-        m_units[byte] = answer == PageSource::Answer::leadByte ? kUnknown : unit;
+        m_units[byte] = answer == PageSource::Answer::leadByte ? unknown : unit;
         if (answer == PageSource::Answer::leadByte)
             readTrails(source, byte);
-        else if (unit != kUnknown)
+        else if (unit != unknown)
             enter(source, unit, byte);
     }
 }
@@ -57,11 +57,11 @@ void TablePage::readSingleBytes(PageSource& source, std::span<const CodePagePatc
 void TablePage::readTrails(PageSource& source, BYTE lead)
 {
     auto trails = std::make_unique<Trails>();
-    trails->fill(kUnknown);
+    trails->fill(unknown);
     for (unsigned trail = 0x20; trail < 0x100; ++trail) {
         const char text[] = {static_cast<char>(lead), static_cast<char>(trail)};
-        WCHAR unit = kUnknown;
-        if (source.decode({text, 2}, unit) != PageSource::Answer::unit || unit == kUnknown) continue;
+        WCHAR unit = unknown;
+        if (source.decode({text, 2}, unit) != PageSource::Answer::unit || unit == unknown) continue;
         (*trails)[trail] = unit;
         enter(source, unit, static_cast<WORD>(lead << 8 | trail));
     }
@@ -97,9 +97,9 @@ std::size_t TablePage::widenDouble(std::string_view text, Sink<WCHAR>& sink) con
     if (m_trails[lead] && text.size() > 1) {
         const auto trail = static_cast<BYTE>(text[1]);
         unit = (*m_trails[lead])[trail];
-        if (unit != kUnknown || trail >= 0x80) bytes = 2;
+        if (unit != unknown || trail >= 0x80) bytes = 2;
     }
-    if (unit == kUnknown) sink.markUnknown();
+    if (unit == unknown) sink.markUnknown();
     sink.put(unit);
     return bytes;
 }
@@ -113,7 +113,7 @@ Converted TablePage::widen(std::string_view text, WCHAR* result, std::size_t siz
         std::size_t i = m_hasAscii ? copyAscii(text, front) : 0;
         for (; i < written; ++i) result[i] = m_units[static_cast<BYTE>(text[i])];
         converted.hasUnknown = m_hasHoles && std::ranges::any_of(text, [this](char c) {
-                                   return m_units[static_cast<BYTE>(c)] == kUnknown;
+                                   return m_units[static_cast<BYTE>(c)] == unknown;
                                });
         return converted;
     }

@@ -6,7 +6,7 @@
 namespace corekit::detail {
 namespace {
 
-constexpr WCHAR kReplacement = 0xFFFD;
+constexpr WCHAR replacement = 0xFFFD;
 
 bool isTrail(unsigned char byte) { return (byte & 0xC0) == 0x80; }
 
@@ -67,7 +67,7 @@ std::size_t widenRuns(std::string_view text, Sink<WCHAR>& sink)
     WCHAR* to = sink.place();
     const char* const fromEnd = from + text.size();
     const WCHAR* const end = to + sink.room();
-    while (left(from, fromEnd) >= kRunBytes && left(to, end) >= kRunUnits) {
+    while (left(from, fromEnd) >= runBytes && left(to, end) >= runUnits) {
         const auto lead = static_cast<unsigned char>(*from);
         if (lead < 0x80) {
             const std::size_t run = widenAscii(from, to);
@@ -97,7 +97,7 @@ std::size_t narrowRuns(std::u16string_view text, Sink<char>& sink)
     char* to = sink.place();
     const WCHAR* const fromEnd = from + text.size();
     const char* const end = to + sink.room();
-    while (left(from, fromEnd) >= kRunUnits && left(to, end) >= kRunBytes) {
+    while (left(from, fromEnd) >= runUnits && left(to, end) >= runBytes) {
         const WCHAR unit = *from;
         if (unit < 0x80) {
             const std::size_t run = narrowAscii(from, to);
@@ -123,16 +123,16 @@ std::size_t narrowRuns(std::u16string_view text, Sink<char>& sink)
 // The same for a text that is shorter than a block, with something behind it at which every run stops.
 std::size_t widenRest(std::string_view text, Sink<WCHAR>& sink)
 {
-    char rest[2 * kRunBytes] = {};
+    char rest[2 * runBytes] = {};
     *std::ranges::copy(text, rest).out = '\xFF';
-    return widenRuns({rest, text.size() + kRunBytes}, sink);
+    return widenRuns({rest, text.size() + runBytes}, sink);
 }
 
 std::size_t narrowRest(std::u16string_view text, Sink<char>& sink)
 {
-    WCHAR rest[2 * kRunUnits] = {};
+    WCHAR rest[2 * runUnits] = {};
     *std::ranges::copy(text, rest).out = 0xDFFF;
-    return narrowRuns({rest, text.size() + kRunUnits}, sink);
+    return narrowRuns({rest, text.size() + runUnits}, sink);
 }
 
 class Utf8Page final : public CodePage {
@@ -141,7 +141,7 @@ public:
     {
         Sink<WCHAR> sink(result, size);
         while (!text.empty()) {
-            const bool isShort = text.size() < kRunBytes;
+            const bool isShort = text.size() < runBytes;
             text.remove_prefix(isShort ? widenRest(text, sink) : widenRuns(text, sink));
             if (text.empty()) break;
             const auto lead = static_cast<unsigned char>(text[0]);
@@ -154,7 +154,7 @@ public:
                 sink.put(pair, 2);
             } else if (character.point == 0 && lead != 0) {
                 sink.markUnknown();
-                sink.put(kReplacement);
+                sink.put(replacement);
             } else {
                 sink.put(static_cast<WCHAR>(character.point));
             }
@@ -167,7 +167,7 @@ public:
     {
         Sink<char> sink(result, size);
         while (!text.empty()) {
-            const bool isShort = text.size() < kRunUnits;
+            const bool isShort = text.size() < runUnits;
             text.remove_prefix(isShort ? narrowRest(text, sink) : narrowRuns(text, sink));
             if (text.empty()) break;
             char32_t point = text[0];
@@ -178,7 +178,7 @@ public:
                     units = 2;
                 } else {
                     sink.markUnknown();
-                    point = kReplacement;
+                    point = replacement;
                 }
             }
             text.remove_prefix(units);

@@ -8,22 +8,22 @@
 namespace {
 
 // The length in bytes stands in the four bytes before the text; eight are taken to keep the text aligned.
-constexpr std::size_t kPrefix = 8;
+constexpr std::size_t prefix = 8;
 
-char* blockOf(BSTR text) { return reinterpret_cast<char*>(text) - kPrefix; }
+char* blockOf(BSTR text) { return reinterpret_cast<char*>(text) - prefix; }
 
 } // namespace
 
 BSTR SysAllocStringLen(const WCHAR* text, UINT length)
 {
-    if (length > (0xFFFFFFFFu - kPrefix) / sizeof(WCHAR) - 1) return nullptr;
+    if (length > (0xFFFFFFFFu - prefix) / sizeof(WCHAR) - 1) return nullptr;
     const DWORD bytes = length * static_cast<DWORD>(sizeof(WCHAR));
-    char* block = static_cast<char*>(std::malloc(kPrefix + bytes + sizeof(WCHAR)));
+    char* block = static_cast<char*>(std::malloc(prefix + bytes + sizeof(WCHAR)));
     if (block == nullptr) return nullptr;
-    std::memcpy(block + kPrefix - sizeof bytes, &bytes, sizeof bytes);
-    if (text != nullptr) std::memcpy(block + kPrefix, text, bytes);
-    std::memset(block + kPrefix + bytes, 0, sizeof(WCHAR));
-    return reinterpret_cast<BSTR>(block + kPrefix);
+    std::memcpy(block + prefix - sizeof bytes, &bytes, sizeof bytes);
+    if (text != nullptr) std::memcpy(block + prefix, text, bytes);
+    std::memset(block + prefix + bytes, 0, sizeof(WCHAR));
+    return reinterpret_cast<BSTR>(block + prefix);
 }
 
 BSTR SysAllocString(const WCHAR* text)
@@ -40,7 +40,7 @@ UINT SysStringLen(BSTR text)
 {
     if (text == nullptr) return 0;
     DWORD bytes;
-    std::memcpy(&bytes, blockOf(text) + kPrefix - sizeof bytes, sizeof bytes);
+    std::memcpy(&bytes, blockOf(text) + prefix - sizeof bytes, sizeof bytes);
     return bytes / static_cast<UINT>(sizeof(WCHAR));
 }
 

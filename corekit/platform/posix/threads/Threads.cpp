@@ -2,8 +2,8 @@
 
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Handles.h"
-#include "corekit/platform/posix/handles/Dispatcher.h"
 #include "corekit/platform/posix/Errno.h"
+#include "corekit/platform/posix/handles/Dispatcher.h"
 #include "corekit/platform/posix/threads/ThreadId.h"
 
 #include <algorithm>
@@ -17,15 +17,15 @@ namespace {
 
 class Thread final : public Waitable {
 public:
-    static constexpr ObjectKind kKind = ObjectKind::thread;
+    static constexpr ObjectKind objectKind = ObjectKind::thread;
     Thread(LPTHREAD_START_ROUTINE routine, void* parameter, SIZE_T stackBytes)
-        : Waitable(kKind), m_routine(routine), m_parameter(parameter), m_stackBytes(stackBytes),
+        : Waitable(objectKind), m_routine(routine), m_parameter(parameter), m_stackBytes(stackBytes),
           m_id(nextThreadId())
     {
     }
     // Stands for the calling thread, which was not started here.
     explicit Thread(int priorityNow)
-        : Waitable(kKind), isStarted(true), priority(priorityNow), m_id(currentThreadId())
+        : Waitable(objectKind), isStarted(true), priority(priorityNow), m_id(currentThreadId())
     {
     }
 
