@@ -120,6 +120,7 @@
 #include "corekit/platform/Files.h"
 #include "corekit/platform/FileTimes.h"
 #include "corekit/platform/FindFile.h"
+#include "corekit/platform/FrameParts.h"
 #include "corekit/platform/GdiBitmaps.h"
 #include "corekit/platform/GdiContexts.h"
 #include "corekit/platform/GdiFonts.h"

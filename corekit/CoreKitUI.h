@@ -56,6 +56,7 @@
 #include "corekit/framework/ui/MessageMap.h"
 #include "corekit/framework/ui/MessageMapWindow.h"
 #include "corekit/framework/ui/MiniDockFrameWnd.h"
+#include "corekit/framework/ui/OleDropTarget.h"
 #include "corekit/framework/ui/ProgressCtrl.h"
 #include "corekit/framework/ui/PropertyPage.h"
 #include "corekit/framework/ui/PropertySheet.h"

@@ -17,6 +17,9 @@ COREKIT_API UINT DragQueryFileA(HDROP drop, UINT index, char* buffer, UINT size)
 COREKIT_API BOOL DragQueryPoint(HDROP drop, POINT* point);
 COREKIT_API void DragFinish(HDROP drop); // after the last use
 
+// The format of files that are dragged: what is got of it is an HDROP for DragFinish to end.
+inline constexpr UINT CF_HDROP = 15;
+
 inline constexpr DWORD DROPEFFECT_NONE = 0, DROPEFFECT_COPY = 1, DROPEFFECT_MOVE = 2, DROPEFFECT_LINK = 4,
                        DROPEFFECT_SCROLL = 0x80000000;
 
@@ -26,9 +29,8 @@ namespace corekit::detail {
 class COREKIT_API DraggedData {
 public:
     virtual ~DraggedData() = default;
-    virtual bool hasFormat(UINT format) const = 0; // CF_TEXT, CF_UNICODETEXT or a registered one
+    virtual bool hasFormat(UINT format) const = 0; // CF_TEXT, CF_UNICODETEXT, CF_HDROP or a registered one
     virtual HGLOBAL get(UINT format) const = 0;    // for the caller to free; null if there is none
-    virtual UINT fileCount() const = 0;
 };
 
 // Points are in the client area; answers are DROPEFFECT_ values.

@@ -27,6 +27,8 @@ COREKIT_API void KeyUp(int virtualKey, std::initializer_list<int> held = {});
 COREKIT_API void TypeText(std::u16string_view text);
 // Text that an input method composed, whole.
 COREKIT_API void ComposeText(std::u16string_view text);
+// Text that it is still composing.
+COREKIT_API void ComposeUnfinished(std::u16string_view text);
 
 COREKIT_API void Click(HWND window, POINT point, Button button = Button::left, Clicks clicks = Clicks::one,
                        std::initializer_list<int> held = {});
@@ -39,6 +41,12 @@ COREKIT_API void MouseUp(HWND window, POINT point, Button button = Button::left,
 COREKIT_API void Drag(HWND window, POINT from, POINT to, Button button = Button::left);
 // 120 a notch, up positive.
 COREKIT_API void TurnWheel(HWND window, POINT point, int delta);
+
+// Drags from elsewhere to the point and lets go there; whether it was taken.
+COREKIT_API bool DropText(HWND window, POINT point, std::u16string_view text);
+COREKIT_API bool DropFiles(HWND window, POINT point, std::initializer_list<const char*> names);
+// Drags a text there and on, out of the window again.
+COREKIT_API void DragTextAcross(HWND window, POINT point, std::u16string_view text);
 
 // Deals with everything that waits: posted messages, paints, timers that are due.
 COREKIT_API void RunWaiting();

@@ -56,7 +56,7 @@ bool EditWindow::MakeControls()
                       m_keyboards.Create("COMBOBOX", "", choice, anywhere, this, keyboardsId) &&
                       m_faceLabel.Create("STATIC", "&Font", label, anywhere, this, faceLabelId) &&
                       m_faces.Create("COMBOBOX", "", choice, anywhere, this, facesId) &&
-                      m_text.Create(this, textId, anywhere);
+                      m_text.Create(this, textId, anywhere) && m_drop.Register(&m_text);
     CRect client;
     GetClientRect(&client);
     OnSize(0, client.right, client.bottom);

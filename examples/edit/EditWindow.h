@@ -1,6 +1,8 @@
 // The window of the example: which keyboard types, which face writes, and the text.
 #pragma once
 
+#include "TextDrop.h"
+
 #include "corekit/framework/ui/Wnd.h"
 #include "corekit/unicode/ui/edit/MultilineUnicodeEditCtl.h"
 
@@ -34,5 +36,6 @@ private:
 
     CWnd m_keyboardLabel, m_keyboards, m_faceLabel, m_faces;
     CMultilineUnicodeEditCtl m_text;
+    TextDrop m_drop{m_text};
     int m_shownKeyboard = -1;
 };

@@ -4,6 +4,7 @@
 #include "corekit/platform/Caret.h"
 #include "corekit/platform/Clipboard.h"
 #include "corekit/platform/Gdi.h"
+#include "corekit/platform/Input.h"
 #include "corekit/platform/Memory.h"
 #include "corekit/platform/Painting.h"
 
@@ -90,6 +91,29 @@ TEST_F(TextServices, TheCaretIsSeenWhereItStandsAndNowhereElse)
     EXPECT_TRUE(DestroyCaret());
     EXPECT_EQ(PixelAt(41, 16), white);
     EXPECT_FALSE(ShowCaret(top));
+}
+
+TEST_F(TextServices, WhatIsBeingComposedStandsAtTheCaret)
+{
+    SetFocus(top);
+    ASSERT_TRUE(CreateCaret(top, nullptr, 1, 20));
+    SetCaretPos(30, 10);
+    const auto inked = [this](int left, int right) {
+        for (int x = left; x < right; ++x)
+            for (int y = 10; y < 30; ++y)
+                if (PixelAt(x, y) != RGB(255, 255, 255)) return true;
+        return false;
+    };
+    told.clear();
+    ComposeUnfinished(u"n\u012B");
+    EXPECT_TRUE(inked(30, 40));
+    EXPECT_FALSE(inked(0, 28));
+    EXPECT_EQ(Count(WM_CHAR), 0) << "nothing is final yet";
+    ComposeText(u"\u4F60");
+    EXPECT_FALSE(inked(30, 40));
+    ASSERT_NE(Last(WM_CHAR), nullptr);
+    EXPECT_EQ(Last(WM_CHAR)->wParam, finalCharacterBit | 0x4F60);
+    DestroyCaret();
 }
 
 TEST_F(TextServices, DrawingAtAnyTimeStaysUntilTheNextPaint)

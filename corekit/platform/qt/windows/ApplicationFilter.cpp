@@ -4,6 +4,7 @@
 #include "corekit/platform/posix/user/WindowTable.h"
 #include "corekit/platform/qt/windows/BareWindow.h"
 #include "corekit/platform/qt/windows/DropEvents.h"
+#include "corekit/platform/qt/windows/FrameDragging.h"
 #include "corekit/platform/qt/windows/MessageLoop.h"
 #include "corekit/platform/qt/windows/WindowState.h"
 #include "corekit/platform/qt/windows/WindowTables.h"
@@ -67,6 +68,16 @@ void tellColours()
     }
 }
 
+void tellProgramActive(bool isActive)
+{
+    static constinit bool wasActive = false;
+    if (std::exchange(wasActive, isActive) == isActive) return;
+    for (const HWND handle : windowTables().handles()) {
+        const Window* const window = windowTables().find(handle);
+        if (window && !window->isChild()) SendMessageA(handle, WM_ACTIVATEAPP, isActive, 0);
+    }
+}
+
 class Filter final : public QObject {
 public:
     bool eventFilter(QObject* receiver, QEvent* event) override
@@ -91,6 +102,8 @@ private:
         Window* const window = Window::of(&receiver);
         switch (event->type()) {
         case QEvent::KeyPress:
+            if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && giveUpFrameDrag()) return true;
+            [[fallthrough]];
         case QEvent::KeyRelease:
             return keyEvent(window && isPart(*window, receiver) ? nullptr : window, &receiver,
                             static_cast<QKeyEvent*>(event));
@@ -190,6 +203,8 @@ void startWindows()
     filter = new Filter;
     filter->setParent(QCoreApplication::instance());
     QCoreApplication::instance()->installEventFilter(filter);
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, filter,
+                     [](Qt::ApplicationState state) { tellProgramActive(state == Qt::ApplicationActive); });
     QGuiApplication::setQuitOnLastWindowClosed(false);
     joinMessageLoops();
 }

@@ -5,6 +5,7 @@
 #include "corekit/platform/Menus.h"
 #include "corekit/platform/Painting.h"
 #include "corekit/platform/qt/windows/BareWindow.h"
+#include "corekit/platform/qt/windows/FrameDragging.h"
 #include "corekit/platform/qt/windows/WindowClass.h"
 #include "corekit/platform/qt/windows/WindowState.h"
 #include "corekit/platform/Timers.h"
@@ -74,7 +75,8 @@ LRESULT defaultMouse(Window& window, UINT message, WPARAM wParam, LPARAM lParam)
     }
     case WM_SETCURSOR:
         if (window.isChild() && SendMessageA(window.parent(), message, wParam, lParam)) return TRUE;
-        return setClassCursor(window);
+        return setFrameCursor(static_cast<SHORT>(LOWORD(static_cast<DWORD_PTR>(lParam)))) ||
+               setClassCursor(window);
     case WM_MOUSEACTIVATE:
         return askParent(window, message, wParam, lParam, MA_ACTIVATE);
     default: // the wheel, and what asks for a menu
@@ -167,6 +169,12 @@ LRESULT commonDefault(Window& window, UINT message, WPARAM wParam, LPARAM lParam
         return defaultKey(window, message, wParam);
     case WM_NCHITTEST:
         return HTCLIENT;
+    case WM_NCLBUTTONDOWN:
+        return pressFrame(window, static_cast<int>(wParam), lParam);
+    case WM_NCLBUTTONDBLCLK:
+        return pressFrameTwice(window, static_cast<int>(wParam));
+    case WM_CAPTURECHANGED:
+        return endFrameDrag(window.handle()), 0;
     default:
         return 0;
     }

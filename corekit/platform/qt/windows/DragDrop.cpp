@@ -32,9 +32,13 @@ std::set<DroppedFiles*>& dropsOut() // given to windows and not finished
     return *out;
 }
 
-std::unordered_map<HWND, DropTarget*>& targets()
+struct Registered {
+    DropTarget* target;
+    DWORD effect; // what it answered last
+};
+std::unordered_map<HWND, Registered>& targets()
 {
-    static auto* const all = new std::unordered_map<HWND, DropTarget*>;
+    static auto* const all = new std::unordered_map<HWND, Registered>;
     return *all;
 }
 
@@ -46,12 +50,26 @@ std::vector<std::string> filesIn(const QMimeData& data)
     return names;
 }
 
+DroppedFiles* giveOut(std::vector<std::string> names)
+{
+    auto files = std::make_unique<DroppedFiles>();
+    files->names = std::move(names);
+    dropsOut().insert(files.get());
+    return files.release();
+}
+
 class Dragged final : public DraggedData {
 public:
     explicit Dragged(const QMimeData& data) : m_data(data) {}
-    bool hasFormat(UINT format) const override { return mediaHas(m_data, format); }
-    HGLOBAL get(UINT format) const override { return blockOfMedia(m_data, format); }
-    UINT fileCount() const override { return static_cast<UINT>(filesIn(m_data).size()); }
+    bool hasFormat(UINT format) const override
+    {
+        return format == CF_HDROP ? !filesIn(m_data).empty() : mediaHas(m_data, format);
+    }
+    HGLOBAL get(UINT format) const override
+    {
+        if (format != CF_HDROP) return blockOfMedia(m_data, format);
+        return hasFormat(format) ? reinterpret_cast<HGLOBAL>(giveOut(filesIn(m_data))) : nullptr;
+    }
 
 private:
     const QMimeData& m_data;
@@ -95,13 +113,36 @@ void dropFiles(Window& window, const QMimeData& data, POINT point)
 {
     RECT client{};
     GetClientRect(window.handle(), &client);
-    auto files = std::make_unique<DroppedFiles>();
-    files->names = filesIn(data);
-    files->point = point;
-    files->isInClient = point.x >= 0 && point.y >= 0 && point.x < client.right && point.y < client.bottom;
-    DroppedFiles* const given = files.release();
-    dropsOut().insert(given);
+    DroppedFiles* const given = giveOut(filesIn(data));
+    given->point = point;
+    given->isInClient = point.x >= 0 && point.y >= 0 && point.x < client.right && point.y < client.bottom;
     SendMessageA(window.handle(), WM_DROPFILES, reinterpret_cast<WPARAM>(given), 0);
+}
+
+} // namespace
+
+namespace {
+
+// A movement is always accepted, or the toolkit would send no more of them; what cannot be dropped here has
+// no action.
+void moveOver(QDropEvent& event, HWND handle, const DraggedData& dragged, POINT point)
+{
+    DropTarget& target = *targets().at(handle).target;
+    const DWORD effect = event.type() == QEvent::DragEnter
+                             ? target.enter(handle, dragged, keysOf(event), point)
+                             : target.over(handle, dragged, keysOf(event), point);
+    if (const auto still = targets().find(handle); still != targets().end()) still->second.effect = effect;
+    event.setDropAction(actionOf(effect));
+    event.accept();
+}
+
+void letGoOver(QDropEvent& event, HWND handle, const DraggedData& dragged, POINT point)
+{
+    const auto [target, effect] = targets().at(handle);
+    if (actionOf(effect) != Qt::IgnoreAction)
+        return answer(event, target->drop(handle, dragged, effectOf(actionOf(effect)), point));
+    target->leave(handle);
+    answer(event, DROPEFFECT_NONE);
 }
 
 } // namespace
@@ -110,28 +151,24 @@ bool dropEvent(Window& window, QWidget& receiver, QEvent* raw)
 {
     const HWND handle = window.handle();
     const auto found = targets().find(handle);
-    DropTarget* const target = found == targets().end() ? nullptr : found->second;
+    const bool hasTarget = found != targets().end();
     if (raw->type() == QEvent::DragLeave) {
-        if (target) target->leave(handle);
-        return target != nullptr;
+        if (hasTarget) found->second.target->leave(handle);
+        return hasTarget;
     }
     auto& event = static_cast<QDropEvent&>(*raw);
     const QMimeData* const data = event.mimeData();
-    if (!data || (!target && !takesFiles(window, *data))) return false;
+    if (!data || (!hasTarget && !takesFiles(window, *data))) return false;
     if (!window.isEnabled()) return event.ignore(), true;
     const POINT point = window.toClient(receiver.mapTo(window.widget(), event.position().toPoint()));
-    if (!target) {
+    if (!hasTarget) {
         answer(event, DROPEFFECT_COPY);
         if (raw->type() == QEvent::Drop) dropFiles(window, *data, point);
         return true;
     }
     const Dragged dragged(*data);
-    if (raw->type() == QEvent::DragEnter)
-        answer(event, target->enter(handle, dragged, keysOf(event), point));
-    else if (raw->type() == QEvent::DragMove)
-        answer(event, target->over(handle, dragged, keysOf(event), point));
-    else
-        answer(event, target->drop(handle, dragged, effectOf(event.proposedAction()), point));
+    raw->type() == QEvent::Drop ? letGoOver(event, handle, dragged, point)
+                                : moveOver(event, handle, dragged, point);
     return true;
 }
 
@@ -145,7 +182,7 @@ bool setDropTarget(HWND handle, DropTarget* target)
         targets().erase(handle);
         return true;
     }
-    targets()[handle] = target;
+    targets()[handle] = {target, DROPEFFECT_NONE};
     window->widget()->setAcceptDrops(true);
     return true;
 }

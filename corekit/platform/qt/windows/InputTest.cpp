@@ -189,16 +189,23 @@ void TypeText(std::u16string_view text)
     if (!composed.empty()) ComposeText(composed);
 }
 
-void ComposeText(std::u16string_view text)
+namespace {
+void sendComposed(std::u16string_view unfinished, std::u16string_view final)
 {
     QWidget* const widget = detail::onToolkitThread() ? QApplication::focusWidget() : nullptr;
     if (!widget) return;
-    QInputMethodEvent event;
-    event.setCommitString(
-        QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size())));
+    const auto wide = [](std::u16string_view text) {
+        return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+    };
+    QInputMethodEvent event(wide(unfinished), {});
+    event.setCommitString(wide(final));
     QCoreApplication::sendEvent(widget, &event);
     RunWaiting();
 }
+} // namespace
+
+void ComposeText(std::u16string_view text) { sendComposed({}, text); }
+void ComposeUnfinished(std::u16string_view text) { sendComposed(text, {}); }
 
 void MouseDown(HWND window, POINT point, Button button, std::initializer_list<int> held)
 {

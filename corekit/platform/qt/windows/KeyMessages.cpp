@@ -2,6 +2,7 @@
 #include "corekit/platform/Input.h"
 #include "corekit/platform/KeyboardLayouts.h"
 #include "corekit/platform/qt/windows/ApplicationFilter.h"
+#include "corekit/platform/qt/windows/Composition.h"
 #include "corekit/platform/qt/windows/KeyCodes.h"
 #include "corekit/platform/qt/windows/WindowTables.h"
 
@@ -134,6 +135,7 @@ bool composedText(Window& window, QInputMethodEvent* event)
 {
     if (window.paintsItself()) return false; // controls compose by themselves
     event->accept();
+    showComposition(window, event->preeditString());
     if (window.isEnabled()) sendCharacters(window.handle(), WM_CHAR, event->commitString(), 1);
     return true;
 }

@@ -1,6 +1,7 @@
 // Mouse and wheel become messages.
 #include "corekit/platform/Input.h"
 #include "corekit/platform/qt/windows/ApplicationFilter.h"
+#include "corekit/platform/qt/windows/FrameDragging.h"
 #include "corekit/platform/qt/windows/WindowClass.h"
 #include "corekit/platform/qt/windows/WindowState.h"
 #include "corekit/platform/qt/windows/WindowTables.h"
@@ -88,12 +89,12 @@ Window* underPointer(Window* held, const QMouseEvent& event, QPoint inWidget)
 }
 
 // Whether the click may go on to the window.
-bool mayClick(Window& window, UINT message)
+bool mayClick(Window& window, UINT message, int part = HTCLIENT)
 {
     const HWND handle = window.handle();
     const LRESULT answer =
         SendMessageA(handle, WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(GetAncestor(handle, GA_ROOT)),
-                     static_cast<LPARAM>(MAKELONG(HTCLIENT, static_cast<WORD>(message))));
+                     static_cast<LPARAM>(MAKELONG(static_cast<WORD>(part), static_cast<WORD>(message))));
     return answer != MA_ACTIVATEANDEAT && answer != MA_NOACTIVATEANDEAT && IsWindow(handle);
 }
 
@@ -118,6 +119,23 @@ void send(Window& window, QWidget& receiver, QMouseEvent& event, UINT message, Q
     offerAndSend(made);
 }
 
+constexpr UINT toFrame =
+    WM_NCMOUSEMOVE - WM_MOUSEMOVE; // from a message of the client area to that of the frame
+
+// A part that is not the client area has messages of its own; the default drags by it.
+void sendToFrame(Window& window, QMouseEvent& event, UINT message, int part)
+{
+    const HWND handle = window.handle();
+    if (isButtonDown(message) && !mayClick(window, message, part)) return;
+    SendMessageA(handle, WM_SETCURSOR, reinterpret_cast<WPARAM>(handle),
+                 static_cast<LPARAM>(MAKELONG(static_cast<WORD>(part), static_cast<WORD>(message))));
+    if (!IsWindow(handle)) return;
+    const QPoint global = event.globalPosition().toPoint();
+    const POINT at{global.x(), global.y()};
+    MSG made{handle, message + toFrame, static_cast<WPARAM>(part), packed(at), messageTime(), at};
+    offerAndSend(made);
+}
+
 } // namespace
 
 void followHeldKeys(Qt::KeyboardModifiers held, int except);
@@ -130,6 +148,7 @@ bool mouseEvent(QWidget& receiver, QEvent* raw)
     if (!captured && (!hit || (isPart(*hit, receiver) && hit->isEnabled()))) return false;
     followHeldKeys(event->modifiers(), 0);
     event->accept();
+    if (dragFrame(*event)) return true;
     Window* target = captured ? captured : enabledFrom(hit);
     if (!target || !target->widget()) return true;
     QPoint place = target == hit || target->widget()->isAncestorOf(&receiver)
@@ -141,6 +160,13 @@ bool mouseEvent(QWidget& receiver, QEvent* raw)
     }
     const UINT message = messageOf(*event, *target);
     if (!message) return true;
+    if (!captured) {
+        const std::shared_ptr<Window> asked = Window::share(target->handle());
+        const int part = partUnder(*target, event->globalPosition().toPoint());
+        if (!asked || !asked->isAlive()) return true;
+        if (part != HTCLIENT && part != HTTRANSPARENT && part != HTNOWHERE)
+            return sendToFrame(*asked, *event, message, part), true;
+    }
     if (target == hit) {
         send(*target, receiver, *event, message, place);
         return true;

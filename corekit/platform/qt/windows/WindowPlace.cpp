@@ -3,6 +3,7 @@
 #include "corekit/platform/Input.h"
 #include "corekit/platform/Painting.h"
 #include "corekit/platform/qt/windows/BareWindow.h"
+#include "corekit/platform/qt/windows/FrameDragging.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
 #include "corekit/platform/qt/windows/WindowState.h"
 #include "corekit/platform/qt/windows/WindowTables.h"
@@ -117,8 +118,11 @@ void setShown(const std::shared_ptr<Window>& window, int how)
         if (window->isAlive()) window->widget()->hide();
         return;
     }
+    followSizeLimits(*window);
+    if (!window->isAlive()) return;
     window->widget()->setAttribute(Qt::WA_ShowWithoutActivating, !activates(how));
     showAs(*window->widget(), how);
+    if (window->isAlive()) followSizeLimits(*window); // the frame is known now
     if (!window->isAlive()) return;
     if (!window->isChild()) window->tellPlace();
     if (window->isAlive() && !window->isChild() && activates(how)) SetActiveWindow(handle);
