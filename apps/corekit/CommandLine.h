@@ -9,7 +9,7 @@ class App;
 }
 
 // The words as the parser wants them, the last one first. It takes "[a,b]" for a list of values; such a word
-// is marked, and MarksTaken has every option take the mark off again: what is typed is what arrives.
+// is marked, and TakeMarks has every option take the mark off again: what is typed is what arrives.
 std::vector<std::string> MarkedWords(int count, char** words);
 void TakeMarks(CLI::App& app);
 

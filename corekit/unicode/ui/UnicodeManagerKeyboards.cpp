@@ -9,6 +9,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -22,9 +23,9 @@ WORD languageOf(HKL layout) { return LOWORD(reinterpret_cast<UINT_PTR>(layout));
 bool sameLanguage(DWORD a, DWORD b) { return (a & languageBits) == (b & languageBits); }
 
 template <class Keyboard, class... Arguments>
-void add(CArray<CKBLayout*, CKBLayout*>& keyboards, Arguments... arguments)
+void add(CArray<CKBLayout*, CKBLayout*>& keyboards, Arguments&&... arguments)
 {
-    auto keyboard = std::make_unique<Keyboard>(arguments...);
+    auto keyboard = std::make_unique<Keyboard>(std::forward<Arguments>(arguments)...);
     keyboards.Add(keyboard.get());
     keyboard.release();
 }

@@ -15,18 +15,17 @@ enum class CtrlRule {
 
 class COREKIT_API TableKeyboard : public CKBLayout {
 public:
-    void Activate() override { ActivateHelper(0); }
-    void Deactivate() override {}
-    int TranslateKey(MSG* message) override;
-    HKL GetLayoutHandle() const override { return nullptr; }
-
-protected:
     // The table must outlive the keyboard.
     TableKeyboard(const char* name, WORD locale, int codePage, const KeyTable& table,
                   CtrlRule ctrl = CtrlRule::passes)
         : CKBLayout(name, locale, codePage), m_table(table), m_ctrl(ctrl)
     {
     }
+
+    void Activate() override { ActivateHelper(0); }
+    void Deactivate() override {}
+    int TranslateKey(MSG* message) override;
+    HKL GetLayoutHandle() const override { return nullptr; }
 
 private:
     const KeyTable& m_table;
