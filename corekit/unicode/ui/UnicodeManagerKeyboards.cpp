@@ -12,6 +12,8 @@
 #include <utility>
 #include <vector>
 
+using namespace corekit::detail;
+
 namespace {
 
 constexpr int greatestLayouts = 1024;
