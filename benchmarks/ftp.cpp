@@ -198,7 +198,7 @@ void add(const std::string& who)
     const auto one = [&](const char* path, auto run, std::size_t size, int count) {
         benchmark::RegisterBenchmark(("ftp/" + std::string(path) + "/" + who).c_str(), run, size, count)
             ->UseRealTime()
-            ->Unit(benchmark::millisecond);
+            ->Unit(benchmark::kMillisecond);
     };
     one("upload_64_mib", upload<Client>, large, 1);
     one("download_64_mib", download<Client>, large, 1);

@@ -308,7 +308,7 @@ void add(const char* peer, bool synced, Make make)
             state.SetItemsProcessed(std::int64_t(state.iterations()) * records);
             if (op != Op::Delete) state.SetBytesProcessed(bytes);
         });
-        row->Unit(benchmark::millisecond);
+        row->Unit(benchmark::kMillisecond);
         if (synced) row->UseRealTime(); // waiting for the device costs no processor time
     }
 }
