@@ -93,6 +93,7 @@
 #include "corekit/net/XSocket.h"
 #include "corekit/net/XSocketApi.h"
 #include "corekit/platform/Accelerators.h"
+#include "corekit/platform/AppBars.h"
 #include "corekit/platform/Buttons.h"
 #include "corekit/platform/CodePages.h"
 #include "corekit/platform/Com.h"

@@ -137,6 +137,7 @@
 #include "corekit/unicode/ui/UsbRanges.h"
 #include "corekit/unicode/ui/UsualFonts.h"
 #include "corekit/unicode/ui/XPCConfigNode.h"
+#include "corekit/windows/ui/AppBar.h"
 #include "corekit/windows/ui/DockableWindow.h"
 #include "corekit/windows/ui/DockBarEx.h"
 #include "corekit/windows/ui/MultiViewListBox.h"

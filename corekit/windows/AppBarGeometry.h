@@ -3,12 +3,11 @@
 #pragma once
 
 #include "corekit/framework/Geometry.h"
-#include "corekit/platform/Export.h"
+#include "corekit/platform/AppBars.h"
 
 #include <cstddef>
 
-// States of an application bar: the edge it is docked to, or one of the two below.
-inline constexpr UINT ABE_LEFT = 0, ABE_TOP = 1, ABE_RIGHT = 2, ABE_BOTTOM = 3;
+// States of an application bar: the edge it is docked to (ABE_), or one of these two.
 inline constexpr UINT appBarFloat = static_cast<UINT>(-2);
 inline constexpr UINT appBarUnknown = static_cast<UINT>(-1); // no bar of the desktop
 

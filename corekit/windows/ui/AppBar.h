@@ -1,0 +1,101 @@
+// A dialog that docks to an edge of the screen and keeps that strip for itself, floats, or hides on its edge
+// until the mouse comes near.
+//
+//     class CClockBar : public CAppBar {
+//     public:
+//         CClockBar() : CAppBar(IDD_CLOCK) { m_dwFlags = appBarAllowTopBottom | appBarAllowAutohide; }
+//     };
+//     bar.Create(IDD_CLOCK, &frame);
+//     bar.SetState(ABE_TOP);
+//
+// The template is a pop-up without caption, with WS_THICKFRAME if the bar may be sized: it is moved by its
+// body and sized by its inner side. The host keeps an APPBARSTATE from run to run. A host that allows sizing
+// sets the increments above 0. User-interface thread only.
+#pragma once
+
+#include "corekit/framework/ui/Dialog.h"
+#include "corekit/windows/AppBarGeometry.h"
+
+class COREKIT_API CAppBar : public CDialog {
+    DECLARE_DYNAMIC(CAppBar)
+public:
+    static UINT s_uAppBarNotifyMsg; // by which the desktop calls back
+
+    explicit CAppBar(UINT templateId, CWnd* parent = nullptr);
+    ~CAppBar() override;
+
+    using CDialog::Create;
+    BOOL Create(UINT templateId, CWnd* parent = nullptr);
+
+    // Puts a state in force: an edge, appBarFloat, appBarUnknown; or the present one once more.
+    void SetState() { SetState(GetState()); }
+    void SetState(UINT state);
+    void SetState(const APPBARSTATE& state);
+    UINT GetState() const { return m_proposed != appBarUnknown ? m_proposed : m_state.uState; }
+    void GetState(APPBARSTATE* state) const; // as many bytes as its first member says
+
+    BOOL IsBarAutohide() const { return m_state.fAutohide; }
+    BOOL IsBarAlwaysOnTop() const { return m_state.fAlwaysOnTop; }
+    void GetFloatRect(CRect* rect) const { *rect = CRect(m_state.rcFloat); }
+    UINT GetDockedDim(UINT edge) const { return edge <= ABE_BOTTOM ? m_state.auDimsDock[edge] : 0; }
+    UINT GetAutohideEdge(); // on which the bar hides itself, appBarUnknown for none
+
+    static bool IsEdgeLeftOrRight(UINT edge) { return corekit::detail::IsSideEdge(edge); }
+    static bool IsEdgeTopOrBottom(UINT edge) { return corekit::detail::IsEndEdge(edge); }
+    // The state for a bar that is dragged to the point of the screen.
+    static UINT GetEdgeFromPoint(DWORD flags, CPoint point);
+    static void ResetSystemKnowledge() {}
+    // Follows the task bar where the options allow it: bit 0 hides itself, bit 1 always on top.
+    void MimicState(DWORD changed, DWORD state);
+
+    // The host's answers. What the user is moving the bar to (1), or the state now in force (0).
+    virtual void OnAppBarStateChange(int proposed, UINT state);
+    virtual void OnAppBarForcedToDocked(); // another bar hides on the edge: says so in a box
+    virtual void OnABNFullScreenApp(int open);
+    virtual void OnABNPosChanged();
+    virtual void OnABNStateChange(DWORD changed, DWORD state);
+    virtual void OnABNWindowArrange(int beginning);
+
+    BOOL PreTranslateMessage(MSG* message) override;
+
+protected:
+    UINT_PTR SHAppBarMessage(DWORD message, UINT edge = 0, LONG param = 0, CRect* rect = nullptr);
+    UINT CalcProposedState(const CPoint& point) const;
+    void GetRect(UINT state, CRect* rect);
+    int AdjustLocationForAutohide(int show, CRect* rect) const; // 0: the bar does not hide itself
+    void ShowHiddenAppBar(int show = 1);
+    void SlideWindow(const CRect& end); // in 400 ms
+
+    int OnCreate(CREATESTRUCTA* create);
+    void OnDestroy();
+    void OnWindowPosChanged(WINDOWPOS* place);
+    void OnActivate(UINT state, CWnd* other, BOOL minimised);
+    void OnTimer(UINT_PTR id);
+    LRESULT OnNcHitTest(CPoint point);
+    void OnLButtonDown(UINT flags, CPoint point);
+    void OnMouseMove(UINT flags, CPoint point);
+    void OnLButtonUp(UINT flags, CPoint point);
+    void OnCaptureChanged(CWnd* other);
+    LRESULT OnNcMouseMove(WPARAM wParam, LPARAM lParam);
+    LRESULT OnEnterSizeMove(WPARAM wParam, LPARAM lParam);
+    LRESULT OnMoving(WPARAM wParam, LPARAM lParam);
+    LRESULT OnSizing(WPARAM wParam, LPARAM lParam);
+    LRESULT OnExitSizeMove(WPARAM wParam, LPARAM lParam);
+    LRESULT OnAppBarCallbackMsg(WPARAM wParam, LPARAM lParam);
+    DECLARE_MESSAGE_MAP()
+
+    DWORD m_taskBarState = 0;
+    APPBARSTATE m_state{};
+    DWORD m_dwFlags = 0; // appBarAllow...
+    CSize m_increment;   // of the client area while the user sizes the bar
+    UINT m_proposed = appBarUnknown;
+    BOOL m_fullScreenOpen = FALSE, m_visibleWhileHidden = FALSE;
+
+private:
+    void Track(CPoint screen);
+
+    UINT m_trackedHit = 0; // what the user holds, 0 for nothing
+    CPoint m_trackedFrom, m_trackedAt; // on the screen
+    CRect m_trackedRect;
+    bool m_slides = false, m_isPressed = false;
+};

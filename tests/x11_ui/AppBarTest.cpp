@@ -1,0 +1,94 @@
+#include "corekit/platform/AppBars.h"
+
+#include "XServer.h"
+
+#include "corekit/platform/InputTest.h"
+#include "corekit/platform/SystemColours.h"
+#include "corekit/platform/SystemInfo.h"
+#include "corekit/platform/Toolkit.h"
+#include "corekit/platform/Windows.h"
+
+#include <chrono>
+#include <functional>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace {
+
+using namespace corekit::test;
+
+HWND Bar()
+{
+    const WNDCLASSA bars{0, DefWindowProcA, 0, 0, nullptr, nullptr, nullptr, nullptr, nullptr, "Bar"};
+    RegisterClassA(&bars);
+    const HWND window = CreateWindowExA(WS_EX_TOOLWINDOW, "Bar", "", WS_POPUP | WS_VISIBLE, 0, 0, 320, 40,
+                                        nullptr, nullptr, nullptr, nullptr);
+    APPBARDATA data{sizeof data, window, WM_USER, 0, {}, 0};
+    return SHAppBarMessage(ABM_NEW, &data) ? window : nullptr;
+}
+
+bool TakesEdge(HWND window)
+{
+    APPBARDATA data{sizeof data, window, 0, ABE_LEFT, {}, TRUE};
+    return SHAppBarMessage(ABM_SETAUTOHIDEBAR, &data) != 0;
+}
+
+bool Becomes(const std::function<bool()>& condition)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (!condition() && std::chrono::steady_clock::now() < end) {
+        RunWaiting();
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return condition();
+}
+
+int FreeFrom()
+{
+    RECT area{};
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
+    return static_cast<int>(area.top);
+}
+
+TEST(AppBarOnX, TheWindowManagerKeepsTheStripFree)
+{
+    static XServer server;
+    ASSERT_TRUE(server.IsRunning());
+    ASSERT_EQ(std::system("openbox >/dev/null 2>&1 &"), 0); // goes with the server
+    setenv("QT_QPA_PLATFORM", "xcb", 1);
+    ASSERT_TRUE(StartToolkit());
+    const HWND bar = Bar();
+    ASSERT_TRUE(bar);
+    APPBARDATA data{sizeof data, bar, 0, ABE_TOP, {0, 0, 320, 40}, 0};
+    EXPECT_TRUE(SHAppBarMessage(ABM_SETPOS, &data));
+    EXPECT_TRUE(Becomes([] { return FreeFrom() == 40; }));
+    EXPECT_TRUE(SHAppBarMessage(ABM_REMOVE, &data));
+    EXPECT_TRUE(Becomes([] { return FreeFrom() == 0; }));
+}
+
+TEST(AppBarOnX, OneBarOfAllProgramsHidesOnAnEdge)
+{
+    static XServer server;
+    ASSERT_TRUE(server.IsRunning());
+    setenv("QT_QPA_PLATFORM", "xcb", 1);
+    int done[2], go[2];
+    ASSERT_EQ(pipe(done) + pipe(go), 0);
+    const pid_t other = fork();
+    if (other == 0) {
+        const bool taken = StartToolkit() && TakesEdge(Bar());
+        char c = taken ? 'y' : 'n';
+        if (write(done[1], &c, 1) == 1 && read(go[0], &c, 1) >= 0) _exit(0);
+        _exit(1);
+    }
+    char answer = 0;
+    ASSERT_EQ(read(done[0], &answer, 1), 1);
+    EXPECT_EQ(answer, 'y');
+    ASSERT_TRUE(StartToolkit());
+    const HWND bar = Bar();
+    EXPECT_FALSE(TakesEdge(bar));
+    EXPECT_EQ(write(go[1], "g", 1), 1);
+    waitpid(other, nullptr, 0);
+    EXPECT_TRUE(Becomes([bar] { return TakesEdge(bar); })); // free as its program has gone
+}
+
+} // namespace
