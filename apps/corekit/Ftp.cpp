@@ -5,7 +5,6 @@
 #include "Table.h"
 #include "Terminal.h"
 
-#include "corekit/foundation/ChainedException.h"
 #include "corekit/net/FtpClient.h"
 #include "corekit/platform/Files.h"
 #include "corekit/platform/HarmlessText.h"
@@ -15,7 +14,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -53,6 +51,8 @@ public:
         if (options.verbose) m_client.SetLoggingCallback(&Show, nullptr);
         m_client.SetTimeout(static_cast<unsigned long>(options.limit * 1000));
         m_client.SetDataToControlHost(!options.trust);
+        m_mostMilliseconds = static_cast<unsigned long>(options.mostSeconds * 1000);
+        StartClock();
         Must(m_client.Connect(place.host.c_str(), place.port, account.user.c_str(), account.password.c_str(),
                               1));
         if (options.fast) Must(m_client.SetConnectionMode(ftpModeAvidFast));
@@ -62,6 +62,8 @@ public:
     Session& operator=(const Session&) = delete;
 
     CFtpClient* operator->() { return &m_client; }
+    // The next file has its time for itself.
+    void StartClock() { m_client.SetTotalTimeout(m_mostMilliseconds); }
     // Throws what the client says of a failure.
     void Must(int done, const std::string& name = {})
     {
@@ -70,6 +72,7 @@ public:
         text += std::string(": ") + m_client.GetLastError().GetString();
         if (!m_client.GetLastFtpMessage().IsEmpty())
             text += std::string(" ") + m_client.GetLastFtpMessage().GetString();
+        if (m_client.IsTimeOver()) text += "; it took longer than --max-time";
         throw std::runtime_error(text);
     }
 
@@ -81,43 +84,29 @@ private:
 
     Client m_client;
     std::string m_host;
+    unsigned long m_mostMilliseconds = 0;
 };
 
 // A file that shows how far its transfer has come.
 class Watched : public CFileStream {
 public:
-    Watched(const std::string& what, std::uintmax_t size, double mostSeconds)
-        : m_bar(what, size), m_mostSeconds(mostSeconds)
-    {
-    }
+    Watched(const std::string& what, std::uintmax_t size) : m_bar(what, size) {}
     std::string Summary() const { return m_bar.Summary(); }
 
 protected:
     void InternalRead(void* buffer, DWORD count) override
     {
-        CheckTime();
         CFileStream::InternalRead(buffer, count);
         m_bar.Advance(count);
     }
     void InternalWrite(const void* buffer, DWORD count) override
     {
-        CheckTime();
         CFileStream::InternalWrite(buffer, count);
         m_bar.Advance(count);
     }
 
 private:
-    using Clock = std::chrono::steady_clock;
-    void CheckTime() const
-    {
-        const std::chrono::duration<double> gone = Clock::now() - m_start;
-        if (m_mostSeconds > 0 && gone.count() > m_mostSeconds)
-            ThrowChainedException(nullptr, "the transfer took longer than --max-time");
-    }
-
     TransferBar m_bar;
-    double m_mostSeconds;
-    Clock::time_point m_start = Clock::now();
 };
 
 std::vector<std::string> Lines(Session& session, bool isLong)
@@ -161,7 +150,7 @@ void GetOne(Session& session, const std::string& name, const Options& options, s
     if (!corekit::detail::IsInsideName(leaf)) throw std::runtime_error(name + ": no name of a file");
     const std::string path = (fs::path(options.folder) / leaf).string();
     OutputFile target(path);
-    Watched file(leaf, size, options.mostSeconds);
+    Watched file(leaf, size);
     target.Open(file);
     session.Must(session->GetFileToStream(name.c_str(), file), name);
     file.Flush();
@@ -175,7 +164,10 @@ void Get(const Options& options)
     Session session(options);
     std::vector<std::string> listing;
     if (TransferBar::IsVisible()) listing = Lines(session, true);
-    for (const std::string& name : options.names) GetOne(session, name, options, SizeIn(listing, name));
+    for (const std::string& name : options.names) {
+        session.StartClock();
+        GetOne(session, name, options, SizeIn(listing, name));
+    }
 }
 
 void Put(const Options& options)
@@ -185,8 +177,9 @@ void Put(const Options& options)
     Session session(options);
     for (const std::string& path : options.names) {
         const std::string name = fs::path(path).filename().string();
-        Watched file(name, fs::file_size(path), options.mostSeconds);
+        Watched file(name, fs::file_size(path));
         if (!file.Open(path.c_str(), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, 0)) FailFor(path);
+        session.StartClock();
         session.Must(session->UploadStream(name.c_str(), file), path);
         Print("%s: %s\n", path.c_str(), file.Summary().c_str());
     }
@@ -196,8 +189,10 @@ template <int (CFtpClient::*operation)(const char*)>
 void Each(const Options& options)
 {
     Session session(options);
-    for (const std::string& name : options.names)
+    for (const std::string& name : options.names) {
+        session.StartClock();
         session.Must(((*session.operator->()).*operation)(name.c_str()), name);
+    }
 }
 
 bool HasControl(const std::string& text)
@@ -218,7 +213,9 @@ void AddSessionOptions(CLI::App& command, const std::shared_ptr<Options>& option
     command
         .add_option("--timeout", options->limit, "Seconds to wait for the server at each step, by default 30")
         ->check(CLI::Range(0.001, 86400.0));
-    command.add_option("--max-time", options->mostSeconds, "Seconds that one file may take in all")
+    command
+        .add_option("--max-time", options->mostSeconds,
+                    "Seconds that a listing, or each file or folder, may take in all")
         ->check(CLI::Range(0.001, 1e9));
     command.add_flag("--fast", options->fast,
                      "The AvidFast mode, where a downloaded file ends at its first byte 4");

@@ -20,6 +20,7 @@ constexpr int failed = 2; // the exit code for wrong arguments and for work that
 
 int Complain(std::string text)
 {
+    text.resize(text.find_last_not_of(" \r\n") + 1);
     for (char& c : text)
         if (c == '\n' || c == '\r') c = ' ';
     text = corekit::detail::HarmlessText(text, corekit::detail::LineEnds::escaped);

@@ -13,6 +13,7 @@ IMPLEMENT_DYNAMIC(CFtpClient, CObject)
 namespace {
 using corekit::detail::FtpReader;
 
+constexpr DWORD timedWrite = 16 << 10;       // bytes
 constexpr DWORD replyLimit = 10 * 60 * 1000; // milliseconds that a reply may take, however it comes
 
 std::string_view View(const CString& text)
@@ -34,6 +35,8 @@ CFtpClient& CFtpClient::operator=(const CFtpClient& other)
     m_mode = other.m_mode;
     m_callback = other.m_callback;
     m_timeout = other.m_timeout;
+    m_total = other.m_total;
+    m_totalStart = other.m_totalStart;
     m_dataToControlHost = other.m_dataToControlHost;
     return *this;
 }
@@ -84,9 +87,31 @@ CException* CFtpClient::GetException() const
 
 // --- bytes and lines
 
+void CFtpClient::SetTotalTimeout(unsigned long milliseconds)
+{
+    m_total = static_cast<DWORD>(milliseconds);
+    m_totalStart = timeGetTime();
+}
+
+DWORD CFtpClient::TimeLeft() const
+{
+    if (m_total == 0) return INFINITE;
+    return m_total - std::min(m_total, timeGetTime() - m_totalStart);
+}
+
+// Under a total limit the time is looked at between small pieces, as a socket's limit begins anew with each
+// move.
 int CFtpClient::WriteDataToSocket(XSocket& socket, const void* data, DWORD size)
 {
-    return socket.WriteSocket(data, size, static_cast<int>(m_timeout)) ? 1 : Failed(message::ftpSocketFailed);
+    const DWORD most = m_total ? timedWrite : size;
+    for (auto* next = static_cast<const char*>(data); size > 0;) {
+        const DWORD part = std::min(size, most);
+        if (!socket.WriteSocket(next, part, static_cast<int>(Within(m_timeout))) || IsTimeOver())
+            return IsTimeOver() ? BreakOff() : Failed(message::ftpSocketFailed);
+        next += part;
+        size -= part;
+    }
+    return 1;
 }
 
 int CFtpClient::SendCommand(const char* command, const char* argument)
@@ -107,8 +132,10 @@ int CFtpClient::SendCommand(const char* command, const char* argument)
 int CFtpClient::GetMoreData(DWORD size, DWORD limit)
 {
     DWORD received = 0;
-    if (!m_socket || !m_socket->ReadSocket(m_received.Room(size), size, received, static_cast<int>(limit)))
-        return Failed(message::ftpSocketFailed);
+    const bool isRead = m_socket && m_socket->ReadSocket(m_received.Room(size), size, received,
+                                                         static_cast<int>(Within(limit)));
+    if (IsTimeOver()) return BreakOff();
+    if (!isRead) return Failed(message::ftpSocketFailed);
     if (received == 0) return Failed(message::ftpServerClosed);
     m_received.Added(received);
     return 1;
@@ -139,7 +166,7 @@ int CFtpClient::GetServerMessage(CStringArray& lines)
     return BreakOff();
 }
 
-// What the server sends has no end: nothing of it is of use any more.
+// What the server sends has no end, or comes too late: nothing of it is of use any more.
 int CFtpClient::BreakOff()
 {
     m_received = {};

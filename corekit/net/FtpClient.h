@@ -7,8 +7,8 @@
 //
 // Results are 1, or 0 with GetLastError (the library's text) and GetLastFtpMessage (the server's last line);
 // both stay until the next failure. What fails on a stream throws, after the transfer was ended with the
-// server. A server can cost the time limit at every read, and no more memory than 256 KiB for a reply and
-// 64 MiB for a listing. One thread at a time; nothing is locked.
+// server. A server can cost the time limit at every read, all of them the total limit, and no more memory
+// than 256 KiB for a reply and 64 MiB for a listing. One thread at a time; nothing is locked.
 #pragma once
 
 #include "corekit/foundation/Stream.h"
@@ -48,6 +48,10 @@ public:
     // With 0 a connect takes as long as the system lets it.
     unsigned long GetTimeout() const { return m_timeout; }
     void SetTimeout(unsigned long milliseconds) { m_timeout = static_cast<DWORD>(milliseconds); }
+    // Bounds all that is asked for from now on, however many bytes move: what is not done after so many
+    // milliseconds fails, and the connection is closed. 0, as at first, takes the bound away.
+    void SetTotalTimeout(unsigned long milliseconds);
+    int IsTimeOver() const { return m_total != 0 && TimeLeft() == 0; }
     // Sends SITE IDLE and leaves the server's reply unread: the next command takes it for its own.
     int SetIdleTimeout(int value);
     // AvidFast is asked of the server (SITE FAST=4) and cannot be left; the others are not told to it.
@@ -95,7 +99,10 @@ private:
     int BreakOff();
     void ReadOwedReply();
     void DropLateReply();
-    DWORD ConnectLimit() const { return m_timeout ? m_timeout : INFINITE; }
+    DWORD TimeLeft() const;
+    DWORD Within(DWORD limit) const { return limit < TimeLeft() ? limit : TimeLeft(); }
+    DWORD ConnectLimit() const { return Within(m_timeout ? m_timeout : INFINITE); }
+    int AwaitTaken(XSocket& socket);
 
     int WaitForBanner();
     int LogonToSite(const char* user, const char* password);
@@ -126,6 +133,7 @@ private:
     LoggingCallback m_callback = nullptr;
     void* m_context = nullptr;
     DWORD m_timeout = 30000;
+    DWORD m_total = 0, m_totalStart = 0; // by timeGetTime
     int m_dataToControlHost = 0;
     bool m_expectsLateReply = false;
 };

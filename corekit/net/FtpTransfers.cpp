@@ -1,7 +1,9 @@
 // Listings and files of CFtpClient.
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/net/FtpClient.h"
+#include "corekit/platform/Errors.h"
 #include "corekit/platform/MulDiv.h"
+#include "corekit/platform/Sockets.h"
 #include "corekit/platform/SystemTime.h"
 #include "corekit/resources/Messages.h"
 #include "corekit/stores/MemoryStream.h"
@@ -15,7 +17,7 @@ namespace {
 using namespace corekit::detail;
 
 constexpr DWORD blockSize = 256 << 10; // bytes of file data that are moved at once
-constexpr int fileReadLimit = 20000;
+constexpr DWORD fileReadLimit = 20000;
 
 std::unique_ptr<char[]> NewBlock(DWORD size = blockSize)
 {
@@ -35,8 +37,8 @@ CString Summary(const char* what, CStream& stream, DWORD position, DWORD start)
     return text;
 }
 
-// The systems on both sides may hold megabytes that the server has yet to take: its reply may come as much
-// later as they need at 64 kB a second.
+// The server's system may hold megabytes that the server has yet to take: its reply may come as much later as
+// they need at 64 kB a second.
 DWORD LimitAfterUpload(DWORD limit, DWORD sent)
 {
     constexpr DWORD mostHeld = 8 << 20, bytesPerMillisecond = 64;
@@ -95,9 +97,9 @@ void CFtpClient::ReadSocketToArray(XSocket& socket, CStringArray& lines)
     const auto block = NewBlock(size);
     FtpListingSplitter splitter(lines);
     DWORD received = 0;
-    while (socket.ReadSocket(block.get(), size, received, static_cast<int>(m_timeout))) {
+    while (socket.ReadSocket(block.get(), size, received, static_cast<int>(Within(m_timeout)))) {
         if (received == 0) return splitter.End();
-        if (!splitter.Add({block.get(), received})) return CutOff(socket);
+        if (IsTimeOver() || !splitter.Add({block.get(), received})) return CutOff(socket);
     }
 }
 
@@ -106,8 +108,10 @@ int CFtpClient::ReadSocketToStream(XSocket& socket, CStream& stream)
     const DWORD position = stream.GetCurrentPos(), start = timeGetTime();
     const auto block = NewBlock();
     for (DWORD received = 0;;) {
-        if (!socket.ReadSocket(block.get(), blockSize, received, fileReadLimit)) return 0;
+        if (!socket.ReadSocket(block.get(), blockSize, received, static_cast<int>(Within(fileReadLimit))))
+            return 0;
         if (received == 0) break;
+        if (IsTimeOver()) return CutOff(socket), 0;
         stream.Write(block.get(), received);
     }
     LogString(0, Summary("Connection closed", stream, position, start));
@@ -126,6 +130,17 @@ int CFtpClient::WriteStreamToSocket(XSocket& socket, CStream& stream, DWORD& sen
         sent += part;
     }
     return 1;
+}
+
+// What was written may lie in this system's buffers for minutes. As long as the server takes of it, nothing
+// is late; a server that speaks before has a reason.
+int CFtpClient::AwaitTaken(XSocket& socket)
+{
+    if (!m_socket || !m_received.Bytes().empty()) return 1;
+    const DWORD limit = Within(ConnectLimit());
+    if (sockets::AwaitTaken(socket, *m_socket, limit, TimeLeft()) || ::GetLastError() != ERROR_TIMEOUT)
+        return 1;
+    return IsTimeOver() ? BreakOff() : Failed(message::ftpSocketFailed);
 }
 
 // --- listings
@@ -159,6 +174,7 @@ int CFtpClient::GetDirList_Passive(const char* command, CStringArray& lines)
         return LastOf(reply).Left(3) == "450" ? 1 : Failed(message::ftpListFailed, reply);
     ReadSocketToArray(*data, lines);
     data.reset();
+    if (IsTimeOver()) return BreakOff();
     if (!GetServerMessage(reply)) return 0;
     return GetResultClass(reply) == 2 ? 1 : Failed(message::ftpListFailed, reply);
 }
@@ -277,7 +293,8 @@ int CFtpClient::Upload_Passive(const char* name, CStream& stream)
     if (GetResultClass(reply) != 1) return Failed(message::ftpStoreFailed, reply);
     DWORD sent = 0;
     try {
-        if (!WriteStreamToSocket(*data, stream, sent)) {
+        if (!WriteStreamToSocket(*data, stream, sent) || !AwaitTaken(*data)) {
+            CutOff(*data);
             m_expectsLateReply = true;
             return 0;
         }

@@ -157,6 +157,9 @@ COREKIT_API DWORD inet_addr(const char* text); // 0xFFFFFFFF for text that is no
 COREKIT_API BOOL ReceiveWithin(SOCKET socket, void* buffer, DWORD size, DWORD* received, DWORD limit);
 // One attempt: at least one byte of a size above 0 when it succeeds.
 COREKIT_API BOOL SendWithin(SOCKET socket, const void* data, DWORD size, DWORD* sent, DWORD limit);
+// Waits until the other side's system has taken all that was sent, or until there is something to read on
+// `other`. The limit begins anew whenever it takes some; `most` is for all of it.
+COREKIT_API BOOL AwaitTaken(SOCKET socket, SOCKET other, DWORD limit, DWORD most);
 COREKIT_API BOOL ConnectWithin(SOCKET socket, const sockaddr* address, int length, DWORD limit);
 
 } // namespace sockets

@@ -431,6 +431,92 @@ TEST_F(Ftp, TheLimitBeginsAnewWithEveryPieceOfAReply)
     EXPECT_TRUE(connect()) << error();
 }
 
+TEST_F(Ftp, TheTotalLimitEndsWhatKeepsMoving)
+{
+    struct Case {
+        const char* name;
+        std::function<void(Session&)> script;
+        std::function<int(CFtpClient&)> call;
+    };
+    const auto drip = [](const loopback::End& to) {
+        while (to.send("x")) std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    };
+    const auto list = [](CFtpClient& ftp) {
+        CStringArray lines;
+        return ftp.GetNameList(lines);
+    };
+    const std::string large(24 << 20, 'u');
+    const Case cases[] = {
+        {"a reply", [&](Session& s) { drip(s.control()); }, [](CFtpClient& ftp) { return ftp.NoOp(); }},
+        {"a listing",
+         [&](Session& s) {
+             s.passive("A");
+             s.answer("NLST", "150 here\r\n226 all of it\r\n");
+             drip(s.data());
+         },
+         list},
+        {"a file to here",
+         [&](Session& s) {
+             s.passive("I");
+             s.answer("RETR f", "150 here\r\n");
+             drip(s.data());
+         },
+         [](CFtpClient& ftp) {
+             CMemoryStream stream(0, 4096);
+             return ftp.GetFileToStream("f", stream);
+         }},
+        {"a file to there",
+         [](Session& s) {
+             s.passive("I");
+             s.answer("STOR f", "150 go\r\n");
+             const loopback::End data = s.data();
+             while (!data.receive(1000).empty()) std::this_thread::sleep_for(std::chrono::milliseconds(2));
+         },
+         [&](CFtpClient& ftp) {
+             return ftp.UploadBuffer("f", large.data(), static_cast<unsigned>(large.size()));
+         }},
+    };
+    for (const Case& one : cases) {
+        CFtpClient own;
+        ScriptedFtp peer([&](Session& session) {
+            session.logon();
+            one.script(session);
+        });
+        own.SetTimeout(60'000);
+        ASSERT_TRUE(own.Connect("127.0.0.1", peer.port(), "u", "p", 0));
+        own.SetTotalTimeout(300);
+        EXPECT_FALSE(one.call(own)) << one.name;
+        EXPECT_TRUE(own.IsTimeOver()) << one.name;
+        EXPECT_STREQ(own.GetLastError(), "[FTP] Socket I/O failed") << one.name;
+        own.SetTotalTimeout(0);
+        EXPECT_FALSE(own.NoOp()) << one.name << ": a late reply is nobody's";
+        own.Disconnect();
+    }
+}
+
+// What was sent lies in this side's buffers for longer than a reply may take, but it flows.
+TEST_F(Ftp, AnUploadWaitsForItsReplyWhileTheServerTakesBytes)
+{
+    const std::string text(120'000, 'u');
+    begin([&](Session& session) {
+        session.answer("TYPE I", "200 ok\r\n");
+        const loopback::Listener slow;
+        slow.setReceiveBuffer(4096);
+        session.answer("PASV", Session::passiveReply(slow.port()));
+        session.answer("STOR f", "150 go\r\n");
+        const loopback::End data = slow.accept();
+        std::size_t taken = 0;
+        for (std::size_t part = 1; part > 0; taken += part) {
+            part = data.receive(3000).size();
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        }
+        EXPECT_EQ(taken, text.size());
+        session.say("226 all of it\r\n");
+    });
+    client.SetTimeout(1000);
+    EXPECT_TRUE(client.UploadBuffer("f", text.data(), static_cast<unsigned>(text.size()))) << error();
+}
+
 TEST_F(Ftp, ALimitOfNothingIsForRepliesNotForConnecting)
 {
     serve([](Session& session) { session.awaitEnd(); });

@@ -94,6 +94,10 @@ public:
         m_port = ntohs(where.sin_port);
     }
     int port() const { return m_port; }
+    void setReceiveBuffer(int size) const // of the connections to come
+    {
+        ::setsockopt(m_end.fd(), SOL_SOCKET, SO_RCVBUF, &size, sizeof size);
+    }
     void stop() { ::shutdown(m_end.fd(), SHUT_RDWR); } // ends accept on another thread
     // The next connection, sent at once; none after the time, or once stopped.
     End accept(int milliseconds = 10000) const

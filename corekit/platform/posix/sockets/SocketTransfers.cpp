@@ -14,7 +14,9 @@
 #include <chrono>
 #include <climits>
 #include <fcntl.h>
+#include <linux/sockios.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 
 namespace {
@@ -200,4 +202,25 @@ int sockets::connect(SOCKET number, const sockaddr* address, int length)
 int WSAConnect(SOCKET socket, const sockaddr* address, int length, WSABUF*, WSABUF*, QOS*, QOS*)
 {
     return sockets::connect(socket, address, length);
+}
+
+BOOL sockets::AwaitTaken(SOCKET number, SOCKET other, DWORD limit, DWORD most)
+{
+    const HandleUser<Socket> socket(handleOf(number)), watched(handleOf(other));
+    if (!socket || !watched) return fail(WSAENOTSOCK, FALSE);
+    const Deadline end(most);
+    Deadline idle(limit);
+    for (int before = INT_MAX, pause = 1;; pause = std::min(2 * pause, 50)) {
+        int left = 0;
+        if (::ioctl(socket->descriptor(), SIOCOUTQ, &left) != 0)
+            return fail(socketErrorFromErrno(errno), FALSE);
+        if (left == 0) return TRUE;
+        if (left < before) idle = Deadline(limit), pause = 1;
+        before = left;
+        if (idle.rest() == 0 || end.rest() == 0) return fail(ERROR_TIMEOUT, FALSE);
+        pollfd states[] = {{socket->descriptor(), 0, 0}, {watched->descriptor(), POLLIN, 0}};
+        ::poll(states, 2, pause); // of the first, only that it broke
+        if (states[1].revents != 0) return TRUE;
+        if (states[0].revents != 0) return fail(WSAECONNRESET, FALSE);
+    }
 }
