@@ -187,13 +187,25 @@ void AddFontFiles(const std::string& folder)
             throw std::runtime_error("cannot read the font " + file.string());
 }
 
-// A font of glyph codes draws them in this run even if it is not registered.
+// A font of glyph codes draws them in this run even if it is not registered. One that has letters of nobody
+// and does not say whose codes it holds is named, as nothing will be drawn with it.
 void UseGlyphFonts(const DrawOptions& options, CUnicodeManager& manager)
 {
     if (options.fontFolder.empty() || options.complex) return;
-    for (const std::string& face : options.fonts) {
+    const CFontDescriptor usual = UsualFonts(options.size);
+    std::vector<std::string> faces = options.fonts;
+    for (int i = 0; options.fonts.empty() && i < usual.GetCount(); ++i)
+        faces.emplace_back(static_cast<const char*>(usual.GetFont(i)));
+    for (const std::string& face : faces) {
         const CFontMapInfo* const info = manager.GetFontMapInfo(face.c_str());
-        if (info && info->GetSignature().GetCustomSignature() == 0) UseAsGlyphFont(face);
+        if (!info || info->GetSignature().GetCustomSignature() != 0 || UseAsGlyphFont(face)) continue;
+        DWORD ranges[4];
+        info->GetSignature().GetUsb(ranges);
+        if (std::ranges::all_of(ranges, [](DWORD word) { return word == 0; }))
+            std::fprintf(stderr,
+                         "corekit: %s is not used for glyph codes: its name ends in none of Devanagari, "
+                         "Bengali, Tamil\n",
+                         face.c_str());
     }
 }
 

@@ -13,6 +13,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -35,7 +37,7 @@ void NeedToolkit()
 
 struct BuildOptions {
     GlyphScript script = GlyphScript::Devanagari;
-    std::string base, name, folder;
+    std::string base, name, language, folder;
     bool isRegistered = false;
 };
 
@@ -49,7 +51,7 @@ void Save(const std::filesystem::path& path, const std::vector<BYTE>& bytes)
 void Build(const BuildOptions& options)
 {
     NeedToolkit();
-    const ShapingFace base(options.base.c_str());
+    const ShapingFace base(options.base.c_str(), options.language);
     if (!base.IsFound()) throw std::runtime_error("this machine has no face " + options.base);
     const std::string name =
         options.name.empty() ? "CoreKit " + std::string(NameOf(options.script)) : options.name;
@@ -65,6 +67,15 @@ void Build(const BuildOptions& options)
         Print("position %02X is left out: the face does not draw it apart\n", position);
 }
 
+// Empty if the text is a code of letters and hyphens, as "mr" or "sr-Latn" is; else what is wrong.
+std::string IsLanguage(const std::string& code)
+{
+    const bool isCode =
+        code.size() >= 2 && code.size() <= 35 && std::isalpha(static_cast<unsigned char>(code[0])) &&
+        std::ranges::all_of(code, [](unsigned char c) { return std::isalnum(c) || c == '-'; });
+    return isCode ? "" : code + " is no code of a language";
+}
+
 void AddBuild(CLI::App& fonts)
 {
     auto* command =
@@ -77,6 +88,10 @@ void AddBuild(CLI::App& fonts)
     command->add_option("--from", options->base, "The face whose shapes are taken over")
         ->required()
         ->type_name("FACE");
+    command
+        ->add_option("--language", options->language,
+                     "The language whose shapes are taken where the face has its own: mr, ne, as, ...")
+        ->check(CLI::Validator(IsLanguage, "CODE"));
     command->add_option("-o,--output", options->folder, "The folder for the font, made if it is missing")
         ->required()
         ->type_name("DIR");

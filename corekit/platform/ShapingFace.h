@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+struct hb_language_impl_t;
+
 // Coordinates are design units, x to the right and y upward from the baseline.
 struct OutlinePoint {
     double x = 0, y = 0;
@@ -34,8 +36,9 @@ struct ShapedPieces {
 // One face. User-interface thread; needs a running toolkit.
 class COREKIT_API ShapingFace {
 public:
-    // The regular style of the face with this name (UTF-8, without regard to case).
-    explicit ShapingFace(const char* name);
+    // The regular style of the face with this name (UTF-8, without regard to case), with the shapes that a
+    // language ("mr", "ne") has of its own; without one, those of most.
+    explicit ShapingFace(const char* name, const std::string& language = {});
     ~ShapingFace();
     ShapingFace(const ShapingFace&) = delete;
     ShapingFace& operator=(const ShapingFace&) = delete;
@@ -44,6 +47,8 @@ public:
     bool IsFound() const { return m_font != nullptr; }
 
     ShapedPieces Shape(std::u16string_view text) const;
+    // The same without the shapes of the language.
+    ShapedPieces ShapeForMost(std::u16string_view text) const;
     GlyphOutline Outline(unsigned glyph) const;
 
     int UnitsPerEm() const;
@@ -55,5 +60,7 @@ public:
 
 private:
     struct Font;
+    ShapedPieces ShapeIn(const hb_language_impl_t* language, std::u16string_view text) const;
+
     std::unique_ptr<Font> m_font;
 };

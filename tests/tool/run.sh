@@ -286,6 +286,10 @@ if "$tool" --help | grep -q "^ *draw "; then
     for script in Devanagari Bengali Tamil; do
         says "CoreKit-$script.ttf: [0-9]+ glyph codes" fonts build --script $script --from "Noto Sans $script" -o "$scratch/fonts" --register
     done
+    says 'Marathi-Devanagari.ttf: [0-9]+ glyph codes' fonts build --script devanagari --from 'Noto Sans Devanagari' -o "$scratch/fonts" \
+        --language mr --name 'Marathi Devanagari'
+    cmp -s "$scratch/fonts/Marathi-Devanagari.ttf" "$scratch/fonts/CoreKit-Devanagari.ttf" && fail 'no shapes of Marathi'
+    refused fonts build --script devanagari --from 'Noto Sans Devanagari' -o "$scratch/fonts" --language 'm!'
     COREKIT_HOME="$scratch/elsewhere" refused fonts compare "$scripts/tamil.txt" --font-file "$scratch/fonts/CoreKit-Tamil.ttf" \
         --font 'CoreKit Tamil' --with 'Noto Sans Tamil'
     # likeness LANGUAGE SCRIPT PERCENT: at least so many of its words are alike

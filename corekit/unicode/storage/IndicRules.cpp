@@ -136,8 +136,10 @@ std::size_t RestoreIndic(std::u16string_view stored, std::size_t at, std::u16str
 {
     stored.remove_prefix(at);
     constexpr auto from = &Spelling::stored, to = &Spelling::plain;
-    if (IsDevanagari(stored[0])) return Take(FindSpelling(devanagariSpellings, from, stored), from, to, text);
-    if (IsDevanagariGlyph(stored[0])) return RestoreDevanagari(stored, text);
+    if (IsDevanagari(stored[0]) || IsDevanagariGlyph(stored[0])) {
+        const std::size_t taken = Take(FindSpelling(devanagariSpellings, from, stored), from, to, text);
+        return taken || IsDevanagari(stored[0]) ? taken : RestoreDevanagari(stored, text);
+    }
     if (const std::size_t taken = RestoreSplitSign(stored, text)) return taken;
     if (const std::size_t taken = Take(FindSpelling(tamilDandas, from, stored), from, to, text)) return taken;
     if (IsBengaliGlyph(stored[0]))

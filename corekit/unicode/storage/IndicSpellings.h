@@ -11,6 +11,7 @@ inline constexpr Spelling devanagariSpellings[] = {
     {u"\u0936\u094D\u0930", u"\u097D"}, // sh-r
     {u"\u091C\u094D\u091E", u"\u097E"}, // j-ny
     {u"\u0915\u094D\u0937", u"\u097F"}, // k-ss
+    {u"\u0965", u"\uE0D9"},             // the double danda
 };
 
 inline constexpr Spelling bengaliSpellings[] = {

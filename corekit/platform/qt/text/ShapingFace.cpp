@@ -126,9 +126,10 @@ struct ShapingFace::Font {
     std::shared_ptr<corekit::detail::Typeface> typeface;
     FacePointer face;
     FontPointer font;
+    hb_language_t language = HB_LANGUAGE_INVALID;
 };
 
-ShapingFace::ShapingFace(const char* name)
+ShapingFace::ShapingFace(const char* name, const std::string& language)
 {
     if (!ToolkitIsRunning()) return;
     auto& list = corekit::detail::FontList::instance();
@@ -139,16 +140,25 @@ ShapingFace::ShapingFace(const char* name)
     m_font->typeface = std::move(typeface);
     m_font->face.reset(hb_face_create_for_tables(TableOf, m_font->typeface.get(), nullptr));
     m_font->font.reset(hb_font_create(m_font->face.get())); // its scale is that of the design
+    if (!language.empty())
+        m_font->language = hb_language_from_string(language.data(), static_cast<int>(language.size()));
 }
 
 ShapingFace::~ShapingFace() = default;
 
-ShapedPieces ShapingFace::Shape(std::u16string_view text) const
+ShapedPieces ShapingFace::Shape(std::u16string_view text) const { return ShapeIn(m_font->language, text); }
+ShapedPieces ShapingFace::ShapeForMost(std::u16string_view text) const
+{
+    return ShapeIn(HB_LANGUAGE_INVALID, text);
+}
+
+ShapedPieces ShapingFace::ShapeIn(const hb_language_impl_t* language, std::u16string_view text) const
 {
     const BufferPointer buffer(hb_buffer_create());
     hb_buffer_add_utf16(buffer.get(), reinterpret_cast<const std::uint16_t*>(text.data()),
                         static_cast<int>(text.size()), 0, static_cast<int>(text.size()));
     hb_buffer_guess_segment_properties(buffer.get());
+    if (language) hb_buffer_set_language(buffer.get(), language);
     hb_buffer_set_flags(buffer.get(), HB_BUFFER_FLAG_DO_NOT_INSERT_DOTTED_CIRCLE);
     hb_shape(m_font->font.get(), buffer.get(), nullptr, 0);
 

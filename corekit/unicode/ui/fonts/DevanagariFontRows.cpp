@@ -126,6 +126,7 @@ constexpr GlyphFontRow rows[] = {
     After(0xE0D6, u"\u092A", u"\u092A\u0941"),                    // sign u
     After(0xE0D7, u"\u092A", u"\u092A\u093C\u0941"),              // nukta sign u
     Hung(0xE0D8, u"\u091F", u"\u091F\u094D\u0930\u0941"),        // virama ra sign u
+    Whole(0xE0D9, u"\u0965"),                                     // double danda
     After(0xE0DA, u"\u092A", u"\u092A\u0942"),                    // sign uu
     After(0xE0DB, u"\u092A", u"\u092A\u093C\u0942"),              // nukta sign uu
     Hung(0xE0DC, u"\u091F", u"\u091F\u094D\u0930\u0942"),        // virama ra sign uu

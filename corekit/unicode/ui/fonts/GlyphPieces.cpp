@@ -130,12 +130,29 @@ GlyphPieceState GlyphPieces::Whole(const GlyphFontRow& row, GlyphPieceShape& sha
     return GlyphPieceState::made;
 }
 
+// Some languages have shapes without a stem for letters that others write with one, la of Marathi among them:
+// as the stem is drawn by its own code, such a letter is taken as most languages write it.
 GlyphPieceState GlyphPieces::Stemless(const GlyphFontRow& row, GlyphPieceShape& shape) const
 {
-    const GlyphPieceState state = Whole(row, shape);
-    shape.advance -= m_stemWidth;
-    shape.outline = PartOf(shape.outline, CutSide::left, shape.advance + m_stemInk);
-    return state;
+    ShapedPieces letter = m_face.Shape(row.text);
+    if (LacksGlyphs(letter)) return GlyphPieceState::inseparable;
+    if (!HasStem(letter)) letter = m_face.ShapeForMost(row.text);
+    shape.advance = letter.advance - m_stemWidth;
+    shape.outline = PartOf(Ink(letter), CutSide::left, shape.advance + m_stemInk);
+    return GlyphPieceState::made;
+}
+
+// An upright side behind the place where the letter is cut, from the headline half way down or more.
+bool GlyphPieces::HasStem(const ShapedPieces& letter) const
+{
+    const GlyphOutline ink = Ink(letter);
+    const double from = letter.advance - m_stemWidth + m_stemInk - near, height = ExtentOf(ink).top;
+    for (const OutlineContour& contour : ink)
+        for (const OutlineCurve& side : contour)
+            if (side.start.x > from && std::abs(side.start.x - side.end.x) < near &&
+                std::abs(side.start.y - side.end.y) > height / 2)
+                return true;
+    return false;
 }
 
 GlyphPieceState GlyphPieces::Beside(const GlyphFontRow& row, GlyphPieceShape& shape) const

@@ -35,6 +35,7 @@ private:
     const GlyphFontRow* RowOf(WORD code) const;
     GlyphPieceState Whole(const GlyphFontRow& row, GlyphPieceShape& shape) const;
     GlyphPieceState Stemless(const GlyphFontRow& row, GlyphPieceShape& shape) const;
+    bool HasStem(const ShapedPieces& letter) const;
     GlyphPieceState Beside(const GlyphFontRow& row, GlyphPieceShape& shape) const;
     GlyphPieceState Half(const GlyphFontRow& row, GlyphPieceShape& shape) const;
     void Beyond(const GlyphFontRow& row, GlyphPieceShape& shape) const;
