@@ -109,6 +109,10 @@ inline constexpr DevanagariWhole devanagariWholes[] = {
     {u"\u0915\u094D\u0936", 0xE099, 0}, // ka-sha
     {u"\u0932\u094D\u0930", 0xE09A, 0}, // la-ra
     {u"\u0937\u094D\u0930", 0xE09B, 0}, // ssa-ra
+    // Signs that ha takes into its shape.
+    {u"\u0939\u0941", 0xE09C, 0xE0FE},
+    {u"\u0939\u0942", 0xE09D, 0xE0FE},
+    {u"\u0939\u0943", 0xE09E, 0xE0FE},
 };
 // clang-format on
 

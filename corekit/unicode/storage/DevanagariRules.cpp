@@ -178,6 +178,14 @@ struct Syllable {
     bool isOwn = false;     // the shaping alone would not write it like this
 };
 
+// The end of the cluster if the rest of it is one, with a sign that the letter takes into its shape.
+const Piece* EndAt(std::u16string_view text, std::size_t at, std::size_t clusterEnd)
+{
+    const PieceList& ends = AllPieces().ends;
+    const Piece* const withSign = ends.OfText(text.substr(at, clusterEnd + 1 - at));
+    return withSign ? withSign : ends.OfText(text.substr(at, clusterEnd - at));
+}
+
 const Ending* EndingOf(std::u16string_view text, bool hasReph)
 {
     const auto isEnding = [&](const Ending& e) { return e.hasReph == hasReph && e.text == text; };
@@ -188,7 +196,7 @@ const Ending* EndingOf(std::u16string_view text, bool hasReph)
 bool ReadHalves(std::u16string_view text, std::size_t& at, std::size_t clusterEnd, Syllable& syllable)
 {
     int letters = syllable.hasReph;
-    while (!(syllable.end = AllPieces().ends.OfText(text.substr(at, clusterEnd - at)))) {
+    while (!(syllable.end = EndAt(text, at, clusterEnd))) {
         const bool isJoinedRa = text.substr(at).starts_with(u"\u0930\u094D\u200D"); // drawn as the other ra
         const Piece* const half =
             AllPieces().halves.AtText(isJoinedRa ? std::u16string_view(u"\u0931\u094D") : text.substr(at));
@@ -202,7 +210,7 @@ bool ReadHalves(std::u16string_view text, std::size_t& at, std::size_t clusterEn
         }
         ++letters;
     }
-    at = clusterEnd;
+    at += syllable.end->text.size();
     syllable.isOwn |= syllable.end->isOwn || letters >= 3; // more than the shaping keeps together
     return true;
 }
@@ -215,13 +223,14 @@ std::optional<Syllable> ReadSyllable(std::u16string_view text)
     std::size_t at = syllable.hasReph ? 2 : 0;
     if (clusterEnd == 0 || !ReadHalves(text, at, clusterEnd, syllable) || !syllable.isOwn)
         return std::nullopt;
-    if (at < text.size() && text[at] >= 0x093E && text[at] <= virama) ++at;
+    const std::size_t behindPiece = at;
+    if (at == clusterEnd && at < text.size() && text[at] >= 0x093E && text[at] <= virama) ++at;
     if (at < text.size() && text[at - 1] != virama && IsMark(text[at])) ++at;
     // A further mark would stand alone.
     if (at < text.size() &&
         (IsMark(text[at]) || text[at] == nukta || (text[at] >= 0x093E && text[at] <= virama)))
         return std::nullopt;
-    syllable.ending = EndingOf(text.substr(clusterEnd, at - clusterEnd), syllable.hasReph);
+    syllable.ending = EndingOf(text.substr(behindPiece, at - behindPiece), syllable.hasReph);
     syllable.length = at;
     return syllable.ending ? std::optional(syllable) : std::nullopt;
 }
