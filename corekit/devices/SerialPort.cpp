@@ -119,6 +119,7 @@ int CSerialPort::FlushPort(int clearOutput, int clearInput)
 
 int CSerialPort::ReadSynchronous(void* data, unsigned long size, unsigned long& received)
 {
+    const WaitsAtOnce waits;
     OVERLAPPED overlapped;
     overlapped.hEvent = m_readEvent;
     ResetEvent(m_readEvent);
@@ -132,6 +133,7 @@ int CSerialPort::ReadSynchronous(void* data, unsigned long size, unsigned long& 
 
 int CSerialPort::WriteSynchronous(const void* data, unsigned long size)
 {
+    const WaitsAtOnce waits;
     const char* rest = static_cast<const char*>(data);
     while (size > 0) {
         OVERLAPPED overlapped;

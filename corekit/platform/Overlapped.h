@@ -11,3 +11,15 @@ inline constexpr DWORD ERROR_IO_INCOMPLETE = 996;
 // (without one, for the outcome) if asked to, else it fails with 996. A failed transfer leaves its error as
 // last error.
 COREKIT_API BOOL GetOverlappedResult(HANDLE file, OVERLAPPED* overlapped, DWORD* moved, BOOL wait);
+
+// Says of the transfers that this thread begins while it lives: the thread waits for each with
+// GetOverlappedResult before it does anything else. Then nobody else needs to watch over them.
+class COREKIT_API WaitsAtOnce {
+public:
+    WaitsAtOnce();
+    WaitsAtOnce(const WaitsAtOnce&) = delete;
+    WaitsAtOnce& operator=(const WaitsAtOnce&) = delete;
+    ~WaitsAtOnce();
+
+    static bool Holds(); // on this thread
+};

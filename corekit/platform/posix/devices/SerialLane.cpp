@@ -1,6 +1,7 @@
 #include "corekit/platform/posix/devices/SerialLane.h"
 
 #include "corekit/platform/Errors.h"
+#include "corekit/platform/Overlapped.h"
 #include "corekit/platform/posix/Errno.h"
 
 #include <algorithm>
@@ -75,7 +76,7 @@ DWORD SerialLane::start(const Request& request)
     m_waiting.push_back({request, toPort});
     if (m_isCarried) return NO_ERROR;
     if (m_waiting.size() == 1) serve();
-    watchOn();
+    if (!WaitsAtOnce::Holds()) watchOn();
     return NO_ERROR;
 }
 
@@ -99,7 +100,7 @@ bool SerialLane::advance(Pending& pending, Transfer& result)
     while (pending.moved < buffer.count && error == NO_ERROR) {
         const Buffer rest{buffer.bytes + pending.moved, buffer.count - pending.moved};
         Transfer part;
-        if (!moveNow(m_line.get(), Flow::stream, direction, rest, part)) {
+        if (!moveNow(m_line.get(), Flow::line, direction, rest, part)) {
             const Deadline deadline = deadlineOf(pending);
             if (!deadline || Clock::now() < *deadline) return false;
             break;
@@ -150,7 +151,7 @@ bool SerialLane::watchLine()
     const std::uint32_t events = (m_direction == Direction::read ? EPOLLIN : EPOLLOUT) | EPOLLONESHOT;
     const int error = m_isWatched ? poller::rearm(m_line.get(), events)
                                   : poller::watch(m_line.get(), events, shared_from_this());
-    m_isWatched = error == 0;
+    m_isWatched = m_isArmed = error == 0;
     if (m_isWatched) return true;
     for (; !m_waiting.empty(); m_waiting.pop_front())
         report(m_waiting.front(), {m_waiting.front().moved, errorFromErrno(error)});
@@ -187,7 +188,7 @@ void SerialLane::carryOut(const OVERLAPPED& overlapped)
     std::unique_lock lock(m_lock);
     if (m_isCarried || !isWaitingFor(overlapped)) return;
     m_isCarried = true;
-    if (m_isWatched) poller::rearm(m_line.get(), EPOLLONESHOT);
+    if (std::exchange(m_isArmed, false)) poller::rearm(m_line.get(), EPOLLONESHOT);
     while (isWaitingFor(overlapped)) waitHere(lock);
     m_isCarried = false;
     if (!m_isClosed) watchOn();

@@ -62,6 +62,7 @@ private:
     PortBinding m_binding;
     std::deque<Pending> m_waiting;
     bool m_isWatched = false;
+    bool m_isArmed = false;  // the polling thread may be about to look
     bool m_hasTimer = false; // the polling thread watches the timer
     bool m_isCarried = false;
     bool m_isClosed = false;

@@ -14,7 +14,13 @@ std::shared_ptr<IoChannel> channelOf(HANDLE handle)
     const HandleUser<IoObject> object(handle);
     return object ? object->sharedChannel() : nullptr;
 }
+
+thread_local int waitingAtOnce = 0;
 } // namespace
+
+WaitsAtOnce::WaitsAtOnce() { ++waitingAtOnce; }
+WaitsAtOnce::~WaitsAtOnce() { --waitingAtOnce; }
+bool WaitsAtOnce::Holds() { return waitingAtOnce > 0; }
 
 BOOL GetOverlappedResult(HANDLE file, OVERLAPPED* overlapped, DWORD* moved, BOOL wait)
 {

@@ -50,6 +50,7 @@ ssize_t move(int fd, Flow flow, Direction direction, Buffer buffer, int socketFl
                    ? ::recv(fd, buffer.bytes, buffer.count, socketFlags)
                    : ::send(fd, buffer.bytes, buffer.count, socketFlags | MSG_NOSIGNAL);
     if (direction == Direction::read) return ::read(fd, buffer.bytes, buffer.count);
+    if (flow == Flow::line) return ::write(fd, buffer.bytes, buffer.count);
     const NoPipeSignal quiet;
     return ::write(fd, buffer.bytes, buffer.count);
 }

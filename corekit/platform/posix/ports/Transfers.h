@@ -15,6 +15,7 @@ enum class Direction : std::uint8_t { read, write };
 enum class Flow : std::uint8_t {
     placed, // a file with places
     stream, // a pipe or a terminal
+    line,   // a serial line: no signal comes from one
     socket
 };
 
