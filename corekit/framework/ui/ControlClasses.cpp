@@ -8,6 +8,7 @@
 #include "corekit/framework/ui/ImageList.h"
 #include "corekit/framework/ui/ListCtrl.h"
 #include "corekit/framework/ui/ProgressCtrl.h"
+#include "corekit/framework/ui/SafeHandle.h"
 #include "corekit/framework/ui/ScrollBar.h"
 #include "corekit/framework/ui/SpinButtonCtrl.h"
 #include "corekit/framework/ui/Static.h"
@@ -326,7 +327,7 @@ namespace {
 
 TOOLINFOA toolOf(CWnd* window, UINT_PTR id)
 {
-    const HWND handle = window->GetSafeHwnd();
+    const HWND handle = corekit::detail::safeHandle(window);
     TOOLINFOA info{};
     info.cbSize = sizeof info;
     if (id) {
@@ -399,7 +400,7 @@ BOOL CImageList::DeleteImageList() { return m_hImageList && ImageList_Destroy(De
 
 BOOL CImageList::DragEnter(CWnd* lock, POINT point)
 {
-    return ImageList_DragEnter(lock->GetSafeHwnd(), point.x, point.y);
+    return ImageList_DragEnter(corekit::detail::safeHandle(lock), point.x, point.y);
 }
 
-BOOL CImageList::DragLeave(CWnd* lock) { return ImageList_DragLeave(lock->GetSafeHwnd()); }
+BOOL CImageList::DragLeave(CWnd* lock) { return ImageList_DragLeave(corekit::detail::safeHandle(lock)); }

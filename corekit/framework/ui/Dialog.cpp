@@ -3,6 +3,7 @@
 #include "corekit/framework/Module.h"
 #include "corekit/framework/ResourceTypes.h"
 #include "corekit/framework/ui/DialogWindow.h"
+#include "corekit/framework/ui/SafeHandle.h"
 #include "corekit/framework/WinApp.h"
 
 IMPLEMENT_DYNAMIC(CDialog, CWnd)
@@ -74,7 +75,7 @@ void CDialog::EndDialog(int result)
 
 void CDialog::GotoDlgCtrl(CWnd* control)
 {
-    SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control->GetSafeHwnd()), 1);
+    SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(corekit::detail::safeHandle(control)), 1);
 }
 
 INT_PTR CDialog::DialogProcedure(HWND dialog, UINT message, WPARAM, LPARAM)

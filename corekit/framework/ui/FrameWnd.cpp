@@ -4,6 +4,7 @@
 #include "corekit/framework/ui/ControlBarStyles.h"
 #include "corekit/framework/ui/Document.h"
 #include "corekit/framework/ui/FrameMessages.h"
+#include "corekit/framework/ui/SafeHandle.h"
 #include "corekit/framework/ui/View.h"
 #include "corekit/framework/WinApp.h"
 #include "corekit/platform/Cursors.h"
@@ -50,8 +51,8 @@ BOOL CFrameWnd::Create(const char* className, const char* title, DWORD style, co
     const bool isPlaced = rect && rect->right > rect->left;
     return CreateEx(exStyle, className, title, style, isPlaced ? rect->left : CW_USEDEFAULT,
                     isPlaced ? rect->top : CW_USEDEFAULT, isPlaced ? rect->right - rect->left : CW_USEDEFAULT,
-                    isPlaced ? rect->bottom - rect->top : CW_USEDEFAULT, parent->GetSafeHwnd(), menu,
-                    context);
+                    isPlaced ? rect->bottom - rect->top : CW_USEDEFAULT, corekit::detail::safeHandle(parent),
+                    menu, context);
 }
 
 BOOL CFrameWnd::PreCreateWindow(CREATESTRUCTA& create)

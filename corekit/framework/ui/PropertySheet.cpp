@@ -1,6 +1,7 @@
 #include "corekit/framework/ui/PropertySheet.h"
 
 #include "corekit/framework/ui/DialogWindow.h"
+#include "corekit/framework/ui/SafeHandle.h"
 #include "corekit/platform/Keyboard.h"
 #include "corekit/platform/Tabs.h"
 #include "corekit/resources/dialogs/Sheets.h"
@@ -418,7 +419,7 @@ LRESULT CPropertySheet::OnSheetMessage(UINT message, WPARAM wParam, LPARAM lPara
         SetFinishText(reinterpret_cast<const char*>(lParam));
         return 0;
     case PSM_GETTABCONTROL:
-        return reinterpret_cast<LRESULT>(GetTabControl()->GetSafeHwnd());
+        return reinterpret_cast<LRESULT>(corekit::detail::safeHandle(GetTabControl()));
     default: // PSM_GETCURRENTPAGEHWND
         return reinterpret_cast<LRESULT>(GetActivePage() ? GetActivePage()->GetSafeHwnd() : nullptr);
     }

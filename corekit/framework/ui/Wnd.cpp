@@ -3,6 +3,7 @@
 #include "corekit/framework/MessageBox.h"
 #include "corekit/framework/ui/DC.h"
 #include "corekit/framework/ui/Menu.h"
+#include "corekit/framework/ui/SafeHandle.h"
 #include "corekit/framework/WinThread.h"
 #include "corekit/platform/Clipboard.h"
 #include "corekit/platform/MessageLoop.h"
@@ -51,7 +52,10 @@ void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, 
 
 // ---- The tree
 
-CWnd* CWnd::SetParent(CWnd* parent) { return FromHandle(::SetParent(m_hWnd, parent->GetSafeHwnd())); }
+CWnd* CWnd::SetParent(CWnd* parent)
+{
+    return FromHandle(::SetParent(m_hWnd, corekit::detail::safeHandle(parent)));
+}
 
 CWnd* CWnd::GetOwner() const { return IsWindow(m_hWndOwner) ? FromHandle(m_hWndOwner) : GetParent(); }
 
@@ -141,9 +145,12 @@ void CWnd::ClientToScreen(RECT* rect) const { MapRect(m_hWnd, nullptr, rect); }
 void CWnd::ScreenToClient(RECT* rect) const { MapRect(nullptr, m_hWnd, rect); }
 void CWnd::MapWindowPoints(CWnd* to, POINT* points, UINT count) const
 {
-    ::MapWindowPoints(m_hWnd, to->GetSafeHwnd(), points, count);
+    ::MapWindowPoints(m_hWnd, corekit::detail::safeHandle(to), points, count);
 }
-void CWnd::MapWindowPoints(CWnd* to, RECT* rect) const { MapRect(m_hWnd, to->GetSafeHwnd(), rect); }
+void CWnd::MapWindowPoints(CWnd* to, RECT* rect) const
+{
+    MapRect(m_hWnd, corekit::detail::safeHandle(to), rect);
+}
 
 // ---- Text and font
 

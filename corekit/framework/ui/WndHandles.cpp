@@ -1,5 +1,6 @@
 // Handles and objects: how they are bound, and how messages find the object.
 #include "corekit/framework/Exception.h"
+#include "corekit/framework/ui/SafeHandle.h"
 #include "corekit/framework/ui/WndMaps.h"
 #include "corekit/framework/WinApp.h"
 
@@ -83,7 +84,7 @@ BOOL CWnd::SubclassWindow(HWND window)
 
 BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent)
 {
-    return SubclassWindow(::GetDlgItem(parent->GetSafeHwnd(), static_cast<int>(id)));
+    return SubclassWindow(::GetDlgItem(corekit::detail::safeHandle(parent), static_cast<int>(id)));
 }
 
 HWND CWnd::UnsubclassWindow()
@@ -143,7 +144,7 @@ BOOL CWnd::CreateEx(DWORD exStyle, const char* className, const char* name, DWOR
                     CWnd* parent, UINT id, void* parameter)
 {
     return CreateEx(exStyle, className, name, style, rect.left, rect.top, rect.right - rect.left,
-                    rect.bottom - rect.top, parent->GetSafeHwnd(),
+                    rect.bottom - rect.top, corekit::detail::safeHandle(parent),
                     reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), parameter);
 }
 

@@ -1,5 +1,6 @@
 #include "corekit/hosts/ui/TrayIconApp.h"
 
+#include "corekit/framework/ui/SafeHandle.h"
 #include "corekit/hosts/ui/TrayAppWnd.h"
 #include "corekit/platform/Cursors.h"
 #include "corekit/platform/Tray.h"
@@ -19,7 +20,7 @@ NOTIFYICONDATA RecordOf(CTrayIcon& icon, UINT flags)
 {
     NOTIFYICONDATA data{};
     data.cbSize = sizeof data;
-    data.hWnd = AfxGetMainWnd()->GetSafeHwnd();
+    data.hWnd = corekit::detail::safeHandle(AfxGetMainWnd());
     data.uID = reinterpret_cast<UINT_PTR>(&icon);
     data.uFlags = flags;
     if (flags == 0) return data;

@@ -1,4 +1,5 @@
 // What the mouse does to tabs, scroll buttons, splitter and bar, and what is dragged over them.
+#include "corekit/framework/ui/SafeHandle.h"
 #include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/Cursors.h"
 #include "corekit/resources/Cursors.h"
@@ -160,7 +161,7 @@ void CTabbedOverlayWnd::OnMouseMove(UINT flags, CPoint point)
 void CTabbedOverlayWnd::StartTabDrag(CPoint point)
 {
     m_mouse = Mouse::draggingTab;
-    m_draggedPane = GetActivePane()->GetSafeHwnd();
+    m_draggedPane = safeHandle(GetActivePane());
     m_dropTarget = nullptr;
     m_dragEffect = 0;
     UpdateTabDrag(point);
@@ -171,7 +172,7 @@ void CTabbedOverlayWnd::UpdateTabDrag(CPoint point)
     ClientToScreen(&point);
     CWnd* target = nullptr;
     m_dragEffect = GetTabDragEffect(FromHandle(m_draggedPane), point, target);
-    m_dropTarget = target->GetSafeHwnd();
+    m_dropTarget = safeHandle(target);
     SetCursor(TabCursor(m_dragEffect));
 }
 

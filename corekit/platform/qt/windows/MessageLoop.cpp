@@ -70,14 +70,19 @@ public:
         isOnItsWay = false;
         if (heldAtLevel == loopLevel()) return true;
         MSG message;
-        if (!takePosted(message)) return true;
-        if (hasPosted()) wake();
-        if (message.message == WM_QUIT)
-            quit(static_cast<int>(message.wParam));
-        else
+        for (int i = 0; i < mostInARow && takePosted(message); ++i) {
+            if (hasPosted()) wake(); // a loop within this message delivers the rest
+            if (message.message == WM_QUIT) {
+                quit(static_cast<int>(message.wParam));
+                break;
+            }
             offerAndSend(message);
+        }
         return true;
     }
+
+private:
+    static constexpr int mostInARow = 64; // then it is the toolkit's turn
 };
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "corekit/unicode/ui/edit/MultilineUnicodeEditCtl.h"
 
 #include "corekit/foundation/AcceleratorResource.h"
+#include "corekit/framework/ui/SafeHandle.h"
 #include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/Cursors.h"
 #include "corekit/platform/Gdi.h"
@@ -107,7 +108,7 @@ void CMultilineUnicodeEditCtl::OnKillFocus(CWnd* next)
     HideCaret();
     DestroyCaret();
     Invalidate(FALSE);
-    const HWND to = next->GetSafeHwnd();
+    const HWND to = safeHandle(next);
     if (m_sink && to != m_hWnd && !(to && ::IsChild(to, m_hWnd))) m_sink->OnEditKillFocus();
 }
 
