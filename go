@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # One door to everything that is done with this tree. ./go help tells what.
 set -euo pipefail
+here=$PWD
 cd "$(dirname "${BASH_SOURCE[0]}")"
 packages=cmake/debian-packages.txt
 jobs=$(nproc)
@@ -10,6 +11,8 @@ help() {
 usage: ./go COMMAND [ARGUMENTS]
 
   demo [DIR]       draw examples/scripts/*.txt and the windows of the examples into DIR (default out/)
+  run-prompter [SCRIPT]
+                   build the prompter and start it
   test [PATTERN]   build everything and run the tests (those whose name matches PATTERN)
   build            build the libraries and the tool
   setup [SECTION]  install missing packages (default: build ui test)
@@ -154,6 +157,20 @@ demo)
     fi
     build release edit list options >&2
     draw_demo "${1:-out}"
+    ;;
+run-prompter)
+    need build
+    want_ui
+    mkdir -p build
+    configure release
+    cmake --build build/release -j "$jobs" --target prompter >&2
+    tree=$PWD
+    if [ ! -x "$tree/build/release/bin/prompter" ]; then
+        say "This build has no prompter, because the toolkit is missing."
+        exit 1
+    fi
+    cd "$here" # a script's name counts from where it was typed
+    exec "$tree/build/release/bin/prompter" "$@"
     ;;
 test)
     need build test

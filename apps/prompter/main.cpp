@@ -27,6 +27,9 @@ void Describe(CLI::App& app, Order& order)
     app.add_option("--codepage", order.desk.codePage,
                    "number of the code page of a script without a byte order mark");
     app.add_option("--news", order.desk.newsFolder, "folder whose new and changed .txt files become stories");
+    app.add_option("--controller", order.desk.controllerPort,
+                   "number of the serial port of a hand controller")
+        ->check(CLI::Range(1, 256));
     app.add_option("--settings", order.desk.settingsPath, "file of the settings")->capture_default_str();
     app.add_option("--remote", order.remotePort, "port for remote control, 0 for any free one")
         ->check(CLI::Range(0, 65535));

@@ -1,6 +1,5 @@
 #include "KeyboardPicture.h"
 
-#include "PixelCanvas.h"
 #include "ShownText.h"
 #include "TextFile.h"
 
@@ -40,7 +39,10 @@ const char* FaceFor(std::u16string_view text)
 
 class Artist {
 public:
-    Artist(const Board& board, int width, int height) : m_board(board), m_canvas(width, height, paper) {}
+    Artist(const Board& board, int width, int height)
+        : m_board(board), m_picture(std::make_unique<PixelCanvas>(width, height, paper)), m_canvas(*m_picture)
+    {
+    }
 
     // Gives the number of texts that found no room on their keys and stand below.
     int Draw(const std::string& name, const std::vector<KeyboardView>& views)
@@ -58,7 +60,7 @@ public:
         Notes(y);
         return static_cast<int>(m_notes.size());
     }
-    void Save(const std::string& path) { m_canvas.Save(path); }
+    std::unique_ptr<PixelCanvas> Take() { return std::move(m_picture); }
 
 private:
     void Title(const std::string& name)
@@ -129,14 +131,15 @@ private:
     }
 
     const Board& m_board;
-    PixelCanvas m_canvas;
+    std::unique_ptr<PixelCanvas> m_picture;
+    PixelCanvas& m_canvas;
     std::vector<std::u16string> m_notes;
 };
 
 } // namespace
 
-void DrawKeyboard(const std::string& name, const Board& board, const std::vector<KeyboardView>& views,
-                  const std::string& path)
+std::unique_ptr<PixelCanvas> DrawKeyboard(const std::string& name, const Board& board,
+                                          const std::vector<KeyboardView>& views)
 {
     int height = 2 * margin + titleHeight;
     for (const KeyboardView& view : views)
@@ -146,5 +149,5 @@ void DrawKeyboard(const std::string& name, const Board& board, const std::vector
     const int notes = draft.Draw(name, views); // which depend on how wide the letters are
     Artist artist(board, width, height + notes * noteHeight);
     artist.Draw(name, views);
-    artist.Save(path);
+    return artist.Take();
 }

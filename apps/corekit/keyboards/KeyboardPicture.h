@@ -2,8 +2,11 @@
 #pragma once
 
 #include "KeyboardViews.h"
+#include "PixelCanvas.h"
 
-// Draws every view below the other into a PNG file; the toolkit must be running. Throws std::runtime_error if
-// it cannot be written.
-void DrawKeyboard(const std::string& name, const Board& board, const std::vector<KeyboardView>& views,
-                  const std::string& path);
+#include <memory>
+
+// Draws every view below the other; the toolkit must be running. Throws std::runtime_error if there is no
+// memory for the picture.
+std::unique_ptr<PixelCanvas> DrawKeyboard(const std::string& name, const Board& board,
+                                          const std::vector<KeyboardView>& views);

@@ -3,8 +3,10 @@
 #include "KeyboardList.h"
 #include "KeyboardPicture.h"
 #include "KeyboardText.h"
+#include "Output.h"
 #include "Table.h"
 
+#include "corekit/platform/Gdi.h"
 #include "corekit/unicode/ui/keyboards/KBLayout.h"
 
 #include <CLI/CLI.hpp>
@@ -32,6 +34,11 @@ void ListKeyboards()
     PrintTable(rows);
 }
 
+void Save(const PixelCanvas& picture, const std::string& path)
+{
+    if (!SaveBitmapAsPng(picture.Bitmap(), path.c_str())) FailFor(path);
+}
+
 void ShowKeyboard(const KeyboardsOptions& options)
 {
     CKBLayout& keyboard = KeyboardNamed(options.name);
@@ -42,7 +49,7 @@ void ShowKeyboard(const KeyboardsOptions& options)
     if (options.file.empty())
         PrintKeyboard(name, board, views);
     else
-        DrawKeyboard(name, board, views, options.file);
+        Save(*DrawKeyboard(name, board, views), options.file);
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 #include "PixelCanvas.h"
-#include "Output.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,7 +44,7 @@ DWORD PixelOf(COLORREF colour) { return (colour & 0xFF) << 16 | (colour & 0xFF00
 
 } // namespace
 
-PixelCanvas::PixelCanvas(int width, int height, COLORREF paper) : m_width(width)
+PixelCanvas::PixelCanvas(int width, int height, COLORREF paper) : m_width(width), m_height(height)
 {
     BITMAPINFO info{};
     info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
@@ -98,9 +97,4 @@ int PixelCanvas::WidthOf(std::u16string_view text, const Lettering& lettering)
     SIZE size{};
     GetTextExtentPoint32W(m_dc, text.data(), static_cast<int>(text.size()), &size);
     return size.cx;
-}
-
-void PixelCanvas::Save(const std::string& path)
-{
-    if (!SaveBitmapAsPng(m_bitmap, path.c_str())) FailFor(path);
 }

@@ -27,8 +27,9 @@ public:
     int Text(int x, int baseline, std::u16string_view text, const Lettering& lettering, COLORREF colour);
     int WidthOf(std::u16string_view text, const Lettering& lettering);
 
-    // Writes a PNG file. Throws std::runtime_error if it cannot.
-    void Save(const std::string& path);
+    HBITMAP Bitmap() const { return m_bitmap; } // selected into Context()
+    HDC Context() const { return m_dc; }
+    SIZE Size() const { return {m_width, m_height}; }
 
 private:
     class Font;
@@ -37,5 +38,5 @@ private:
     HBITMAP m_bitmap = nullptr;
     HGDIOBJ m_before = nullptr;
     DWORD* m_pixels = nullptr;
-    int m_width;
+    int m_width, m_height;
 };

@@ -1,8 +1,10 @@
 #include "desk/Desk.h"
 
 #include "desk/DeskCommands.h"
+#include "desk/SettingsDialogs.h"
 
 #include "corekit/framework/MessageBox.h"
+#include "corekit/framework/Module.h"
 #include "corekit/framework/WinApp.h"
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/SystemColours.h"
@@ -31,8 +33,9 @@ END_MESSAGE_MAP()
 namespace {
 
 constexpr UINT listId = 100, editId = 101, previewId = 102;
-constexpr UINT_PTR frameTimer = 1, keepTimer = 2, newsTimer = 3;
-constexpr UINT frameMilliseconds = 16, keepMilliseconds = 3000, newsMilliseconds = 1000;
+constexpr UINT_PTR frameTimer = 1, keepTimer = 2, newsTimer = 3, displayTimer = 4;
+constexpr UINT frameMilliseconds = 16, keepMilliseconds = 3000, newsMilliseconds = 1000,
+               displayMilliseconds = 500;
 // Of the em: the cell is high in faces with Arabic letters.
 constexpr int editorSize = -24, listSize = -17, listWidth = 300, gap = 4;
 constexpr LANGID seenFromLetters = 0;
@@ -82,14 +85,16 @@ std::u16string PlainLinesOf(const StringW& stored, const std::u16string& before)
 Desk::Desk(const DeskOptions& options)
     : m_options(options), m_settings(LoadSettings(options.settingsPath)),
       m_file(options.recoveryFolder, options.codePage), m_session(m_file.TheScript()),
-      m_list(m_file.TheScript(), m_settings.session.rate), m_preview(m_session, {})
+      m_list(m_file.TheScript(), m_settings.session.rate), m_preview(m_session, {}),
+      m_outputs(m_session, [this] { LeavePrompt(); })
 {
 }
 
 Desk::~Desk()
 {
     m_remote.reset(); // its requests come here
-    m_outputs.clear();
+    m_controller.reset();
+    m_outputs.Forget();
     if (m_keys) DestroyAcceleratorTable(m_keys);
 }
 
@@ -100,6 +105,7 @@ void Desk::Open()
     // Scripts are read in their own order, in faces that this machine has, whatever the registry says.
     manager->OverrideSettings({TRUE, FALSE, manager->ExtraLineHeight(), manager->IsUnderlineSelectEnabled()});
     manager->OverrideControlsFont(UsualFonts(listSize));
+    AfxSetDialogTemplates(dialogs::all);
     m_file.Open(m_options.script);
     const std::int64_t now = PromptWnd::Now();
     m_session.SetSettings(m_settings.session, now);
@@ -119,8 +125,10 @@ void Desk::Open()
         SetTimer(newsTimer, newsMilliseconds);
     }
     OpenRemote();
+    OpenController();
     SetTimer(frameTimer, frameMilliseconds);
     SetTimer(keepTimer, keepMilliseconds);
+    SetTimer(displayTimer, displayMilliseconds);
 }
 
 int Desk::OnCreate(CREATESTRUCTA*)
@@ -249,7 +257,7 @@ void Desk::Tick()
     TakeEdits();
     if (!m_session.Tick(PromptWnd::Now())) return;
     m_preview.ShowFrame();
-    for (const auto& output : m_outputs) output->ShowFrame();
+    m_outputs.ShowFrame();
 }
 
 void Desk::OnTimer(UINT_PTR id)
@@ -260,6 +268,8 @@ void Desk::OnTimer(UINT_PTR id)
         m_file.KeepUnsaved();
     else if (id == newsTimer)
         LookForNews();
+    else if (id == displayTimer)
+        FollowDisplays();
     else
         Default();
 }
@@ -271,22 +281,18 @@ void Desk::StartPrompt(bool fromCursor)
     if (fromCursor)
         m_session.GoToOffset(m_editedStory, static_cast<std::size_t>(std::max(m_edit.GetCursorIndex(), 0)),
                              now);
-    if (m_outputs.empty()) {
-        const CRect screen(0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
-        auto output = std::make_unique<PromptWnd>(
-            m_session, m_settings.outputs.empty() ? FrameForm{} : m_settings.outputs.front().form);
-        output->onLeave = [this] { LeavePrompt(); };
-        if (!output->CreateOutput(nullptr, screen)) return;
-        m_outputs.push_back(std::move(output));
-    }
-    m_outputs.front()->SetFocus();
+    if (!m_isPrompting) ChooseStandIn();
+    m_isPrompting = true;
+    FollowDisplays();
+    m_outputs.TakeFocus();
 }
 
 void Desk::LeavePrompt()
 {
     m_session.Stop(PromptWnd::Now());
     // The window whose key this is must outlive the key.
-    for (const auto& output : m_outputs) output->DestroyWindow();
+    m_isPrompting = false;
+    m_outputs.Close();
     SetActiveWindow();
     m_edit.SetFocus();
     PostMessage(WM_COMMAND, leavePrompt);
@@ -327,11 +333,11 @@ void Desk::OnClose()
 
 void Desk::OnDestroy()
 {
-    for (const UINT_PTR timer : {frameTimer, keepTimer, newsTimer}) KillTimer(timer);
+    for (const UINT_PTR timer : {frameTimer, keepTimer, newsTimer, displayTimer}) KillTimer(timer);
     m_settings.speed = m_session.Speed();
     GetWindowRect(&m_settings.desk);
     SaveSettings(m_options.settingsPath, m_settings);
-    m_outputs.clear();
+    m_outputs.Forget();
     Default();
     PostQuitMessage(0);
 }

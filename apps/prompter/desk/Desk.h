@@ -7,8 +7,10 @@
 #include "desk/ScriptFile.h"
 #include "desk/StoryList.h"
 #include "model/NewsFolder.h"
+#include "remote/ControllerLine.h"
 #include "remote/RemoteServer.h"
-#include "view/PromptWnd.h"
+#include "view/Displays.h"
+#include "view/OutputWindows.h"
 #include "view/SettingsFile.h"
 
 #include "corekit/platform/PopupMenus.h"
@@ -26,6 +28,8 @@ struct DeskOptions {
     std::string recoveryFolder = UsualRecoveryFolder();
     std::string newsFolder; // empty: that of the settings
     std::optional<RemotePlace> remote;
+    int controllerPort = 0; // 0: that of the settings
+    std::function<std::vector<Display>()> listDisplays = &ListDisplays;
 };
 
 class Desk : public CWnd {
@@ -43,12 +47,14 @@ public:
     HWND Editor() const { return m_edit.m_hWnd; }
     HWND List() const { return m_list.m_hWnd; }
     // The windows on displays; empty while nothing is prompted.
-    const std::vector<std::unique_ptr<PromptWnd>>& Outputs() const { return m_outputs; }
+    const std::vector<OutputWindows::Window>& Outputs() const { return m_outputs.Windows(); }
+    bool HasController() const { return m_controller && m_controller->IsOpen(); }
 
     // ---- What menus and keys do
     void StartPrompt(bool fromCursor);
     void LeavePrompt();
     void Save();
+    void TakeSettings(const Settings& settings);
 
     BOOL PreTranslateMessage(MSG* message) override;
 
@@ -80,9 +86,14 @@ private:
     void ShowStory(int index); // after a change of the script
     void SaveAs();
     void SetStyle(const PromptStyle& style);
-    FrameForm& OutputForm();
-    void ToggleMirror(bool FrameForm::*axis);
-    void TurnDisplays();
+    void OpenController();
+    void ChooseStandIn();
+    std::vector<PlannedOutput> Plan();
+    void FollowDisplays();
+    POINT Middle() const;
+    void ChangeForms(const std::function<void(FrameForm&)>& change);
+    void ShowSettings();
+    void ShowKeyboards();
 
     DeskOptions m_options;
     Settings m_settings;
@@ -91,9 +102,12 @@ private:
     StoryList m_list;
     CMultilineUnicodeEditCtl m_edit;
     PromptWnd m_preview;
-    std::vector<std::unique_ptr<PromptWnd>> m_outputs;
+    OutputWindows m_outputs;
+    bool m_isPrompting = false;
+    std::string m_standIn; // the display that shows the prompt while none of the wanted ones is there
     std::optional<NewsFolder> m_news;
     std::optional<RemoteServer> m_remote;
+    std::optional<ControllerLine> m_controller;
     int m_remotePort = 0;
     HACCEL m_keys = nullptr;
     std::uint64_t m_editedStory = 0; // key

@@ -42,8 +42,7 @@ void Desk::MakeAccelerators()
 BOOL Desk::PreTranslateMessage(MSG* message)
 {
     // A display has its keys to itself.
-    const bool isPrompting =
-        std::ranges::any_of(m_outputs, [&](const auto& o) { return o->m_hWnd == message->hwnd; });
+    const bool isPrompting = m_outputs.Has(message->hwnd);
     if (!isPrompting && m_keys && TranslateAcceleratorA(m_hWnd, m_keys, message)) return TRUE;
     if (CUnicodeManager::GetObjectA()->TranslateMessageHook(message)) return TRUE;
     return CWnd::PreTranslateMessage(message);
@@ -52,7 +51,8 @@ BOOL Desk::PreTranslateMessage(MSG* message)
 BOOL Desk::OnCommand(WPARAM wParam, LPARAM lParam)
 {
     const UINT command = LOWORD(wParam);
-    if (lParam != 0 || command < saveScript || command > nextKeyboard) return CWnd::OnCommand(wParam, lParam);
+    if (lParam != 0 || command < saveScript || command > lastDeskCommand)
+        return CWnd::OnCommand(wParam, lParam);
     Perform(command);
     return TRUE;
 }
@@ -92,14 +92,19 @@ void Desk::Perform(UINT command)
     case startPromptAtCursor:
         return StartPrompt(command == startPromptAtCursor);
     case leavePrompt:
-        m_outputs.clear();
+        m_outputs.Forget();
         return;
     case mirrorSides:
-        return ToggleMirror(&FrameForm::mirrorLeftRight);
+        return ChangeForms([](FrameForm& f) { f.mirrorLeftRight = !f.mirrorLeftRight; });
     case mirrorTop:
-        return ToggleMirror(&FrameForm::mirrorTopBottom);
+        return ChangeForms([](FrameForm& f) { f.mirrorTopBottom = !f.mirrorTopBottom; });
     case turnDisplays:
-        return TurnDisplays();
+        return ChangeForms(
+            [](FrameForm& f) { f.turn = static_cast<Turn>((static_cast<int>(f.turn) + 1) % 4); });
+    case showSettings:
+        return ShowSettings();
+    case showKeyboards:
+        return ShowKeyboards();
     case largerText:
     case smallerText:
         style.size = std::clamp(style.size + (command == largerText ? 4 : -4), 16, 300);
@@ -140,27 +145,6 @@ void Desk::SetStyle(const PromptStyle& style)
 {
     m_settings.session.style = style;
     m_session.SetSettings(m_settings.session, PromptWnd::Now());
-}
-
-// The form of the displays; the copy on the desk stays as it is.
-FrameForm& Desk::OutputForm()
-{
-    if (m_settings.outputs.empty()) m_settings.outputs.push_back({});
-    return m_settings.outputs.front().form;
-}
-
-void Desk::ToggleMirror(bool FrameForm::*axis)
-{
-    FrameForm& form = OutputForm();
-    form.*axis = !(form.*axis);
-    for (const auto& output : m_outputs) output->SetForm(form);
-}
-
-void Desk::TurnDisplays()
-{
-    FrameForm& form = OutputForm();
-    form.turn = static_cast<Turn>((static_cast<int>(form.turn) + 1) % 4);
-    for (const auto& output : m_outputs) output->SetForm(form);
 }
 
 } // namespace prompter

@@ -29,6 +29,9 @@ enum DeskCommand : UINT {
     wider,
     narrower,
     nextKeyboard,
+    showSettings,
+    showKeyboards,
+    lastDeskCommand = showKeyboards,
 };
 
 struct DeskMenuItem {
@@ -39,7 +42,7 @@ struct DeskMenuItem {
     BYTE held; // FCONTROL, FSHIFT, FALT
 };
 
-inline constexpr int keyF5 = 0x74, keyUp = 0x26, keyDown = 0x28;
+inline constexpr int keyF4 = 0x73, keyF5 = 0x74, keyUp = 0x26, keyDown = 0x28;
 
 // clang-format off
 inline constexpr DeskMenuItem deskMenu[] = {
@@ -65,6 +68,9 @@ inline constexpr DeskMenuItem deskMenu[] = {
     {"&Prompt", "S&maller\tCtrl+-", smallerText, VK_OEM_MINUS, FCONTROL},
     {"&Prompt", "&Wider lines\tCtrl+.", wider, VK_OEM_PERIOD, FCONTROL},
     {"&Prompt", "&Narrower lines\tCtrl+,", narrower, VK_OEM_COMMA, FCONTROL},
+    {"&Prompt", nullptr, 0, 0, 0},
+    {"&Prompt", "S&ettings...\tF4", showSettings, keyF4, 0},
+    {"&Keyboard", "&Choose...\tCtrl+Alt+K", showKeyboards, 'K', FCONTROL | FALT},
     {"&Keyboard", "&Next\tCtrl+Alt+Right", nextKeyboard, 0, 0},
 };
 // clang-format on

@@ -14,6 +14,7 @@ struct FrameForm {
     Turn turn = Turn::none;
 
     bool IsPlain() const { return !mirrorLeftRight && !mirrorTopBottom && turn == Turn::none; }
+    friend bool operator==(const FrameForm&, const FrameForm&) = default;
     bool SwapsSides() const { return turn == Turn::quarter || turn == Turn::threeQuarters; }
 };
 

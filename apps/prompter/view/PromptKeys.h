@@ -1,28 +1,14 @@
 // What the keys of the prompt view do.
 #pragma once
 
+#include "model/PromptAction.h"
+
 #include "corekit/platform/Types.h"
 
 #include <span>
 #include <string_view>
 
 namespace prompter {
-
-enum class PromptAction {
-    startOrStop,
-    faster,
-    slower,
-    setSpeed, // value: tenths of the read rate
-    stepLines,
-    stepStories,
-    goToStart,
-    goToEnd,
-    toggleMarker,
-    stepMarkers,
-    blank,
-    askForStory, // digits follow, Return ends them
-    leave,
-};
 
 enum class Held { nothing, shift };
 

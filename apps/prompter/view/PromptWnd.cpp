@@ -104,38 +104,9 @@ bool PromptWnd::TakeStoryDigit(UINT key)
 
 void PromptWnd::Perform(const PromptKey& key)
 {
-    const std::int64_t now = Now();
-    switch (key.action) {
-    case PromptAction::startOrStop:
-        return m_session.Toggle(now);
-    case PromptAction::faster:
-        return m_session.SetSpeed(m_session.Speed() + key.value, now);
-    case PromptAction::slower:
-        return m_session.SetSpeed(m_session.Speed() - key.value, now);
-    case PromptAction::setSpeed:
-        return m_session.SetSpeed(key.value, now);
-    case PromptAction::stepLines:
-        return m_session.StepLines(key.value, now);
-    case PromptAction::stepStories:
-        return m_session.StepStories(key.value, now);
-    case PromptAction::goToStart:
-        return m_session.GoToStart(now);
-    case PromptAction::goToEnd:
-        return m_session.GoToEnd(now);
-    case PromptAction::toggleMarker:
-        return m_session.ToggleMarker(now);
-    case PromptAction::stepMarkers:
-        m_session.StepMarker(key.value, now);
-        return;
-    case PromptAction::blank:
-        return m_session.SetBlank(!m_session.IsBlank());
-    case PromptAction::askForStory:
-        m_storyDigits = 0;
-        return;
-    case PromptAction::leave:
-        if (onLeave) onLeave();
-        return;
-    }
+    if (m_session.Perform(key.action, key.value, Now())) return;
+    if (key.action == PromptAction::askForStory) m_storyDigits = 0;
+    if (key.action == PromptAction::leave && onLeave) onLeave();
 }
 
 BOOL PromptWnd::OnMouseWheel(UINT, short delta, CPoint)

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <ctime>
 
 namespace prompter {
 namespace {
@@ -12,6 +13,17 @@ namespace {
 constexpr std::int64_t second = 1000000;
 
 std::u16string Wide(const char* text) { return {text, text + std::char_traits<char>::length(text)}; }
+
+// The studio's clock; frames are those of the second.
+CTimecode LocalTime()
+{
+    std::timespec now{};
+    std::timespec_get(&now, TIME_UTC);
+    std::tm local{};
+    localtime_r(&now.tv_sec, &local);
+    const long frame = now.tv_nsec / (1000000000L / CTimecode::GetFramesPerSec());
+    return {local.tm_hour, local.tm_min, local.tm_sec, static_cast<int>(frame)};
+}
 
 bool IsSame(const FrameState& a, const FrameState& b)
 {
@@ -29,6 +41,8 @@ void Session::SetSettings(const SessionSettings& settings, std::int64_t now)
     m_face.SetStyle(settings.style);
     m_settings = settings;
     m_painter.SetStyle(settings.style);
+    if (settings.clock == Clock::pal) CTimecode::SetPAL();
+    if (settings.clock == Clock::ntsc) CTimecode::SetNTSC(0);
     m_frame.Resize(settings.frame);
     m_layout.SetForm(FramePainter::TextWidth(settings.style, settings.frame.cx), settings.style.LineHeight());
     m_scroller.SetPixelsPerSecond(m_layout.LineHeight() / settings.rate.SecondsPerLine(), now);
@@ -149,6 +163,38 @@ double Session::SecondsLeft(std::int64_t now) const
     return left < 0 ? -1 : static_cast<double>(left) * 1e-6;
 }
 
+bool Session::Perform(PromptAction action, int value, std::int64_t now)
+{
+    switch (action) {
+    case PromptAction::startOrStop:
+        return Toggle(now), true;
+    case PromptAction::faster:
+        return SetSpeed(Speed() + value, now), true;
+    case PromptAction::slower:
+        return SetSpeed(Speed() - value, now), true;
+    case PromptAction::setSpeed:
+        return SetSpeed(value, now), true;
+    case PromptAction::stepLines:
+        return StepLines(value, now), true;
+    case PromptAction::stepStories:
+        return StepStories(value, now), true;
+    case PromptAction::goToStart:
+        return GoToStart(now), true;
+    case PromptAction::goToEnd:
+        return GoToEnd(now), true;
+    case PromptAction::toggleMarker:
+        return ToggleMarker(now), true;
+    case PromptAction::stepMarkers:
+        return StepMarker(value, now), true;
+    case PromptAction::blank:
+        return SetBlank(!m_isBlank), true;
+    case PromptAction::askForStory:
+    case PromptAction::leave:
+        break;
+    }
+    return false;
+}
+
 std::string Session::Do(const RemoteCommand& command, std::int64_t now)
 {
     struct {
@@ -187,7 +233,7 @@ std::u16string Session::StatusLine(std::int64_t now) const
 {
     if (!m_settings.showsStatus) return {};
     const int frames = CTimecode::GetFramesPerSec();
-    const CTimecode clock = CTimecode::Now();
+    const CTimecode clock = LocalTime();
     const auto read = static_cast<int>(SecondsRead());
     const double left = SecondsLeft(now);
     char text[128];

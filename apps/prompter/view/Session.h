@@ -5,6 +5,7 @@
 // User-interface thread.
 #pragma once
 
+#include "model/PromptAction.h"
 #include "model/ReadRate.h"
 #include "model/Remote.h"
 #include "model/Scroller.h"
@@ -16,11 +17,14 @@
 
 namespace prompter {
 
+enum class Clock { machine, pal, ntsc }; // frames a second of the clock: as the machine is set, 25, 30
+
 struct SessionSettings {
     PromptStyle style;
     ReadRate rate;
     SIZE frame{1920, 1080};
     bool showsStatus = true;
+    Clock clock = Clock::machine;
     int countdownSeconds = 0;
 };
 
@@ -63,6 +67,8 @@ public:
     Anchor Place(std::int64_t now) const { return m_layout.AnchorAt(m_scroller.Position(now)); }
     double SecondsRead() const { return static_cast<double>(m_microsecondsRead) * 1e-6; }
     double SecondsLeft(std::int64_t now) const; // at this speed, -1 while it stands
+    // What a key or a hand controller asks for; false for what a window does itself (askForStory, leave).
+    bool Perform(PromptAction action, int value, std::int64_t now);
     // The answer to a line of remote control, which is carried out.
     std::string Do(const RemoteCommand& command, std::int64_t now);
 

@@ -27,6 +27,7 @@ constexpr NumberRow numberRows[] = {
     {"Seconds", 1, 3600, [](Settings& s) -> int& { return s.session.rate.seconds; }},
     {"Characters Per Line", 1, 1000, [](Settings& s) -> int& { return s.session.rate.charactersPerLine; }},
     {"Countdown", 0, 99, [](Settings& s) -> int& { return s.session.countdownSeconds; }},
+    {"Controller Port", 0, 256, [](Settings& s) -> int& { return s.controllerPort; }},
     {"Speed", -Scroller::speedSteps, Scroller::speedSteps, [](Settings& s) -> int& { return s.speed; }},
 };
 
@@ -84,6 +85,9 @@ void TakeNumbers(CPropertyStore& store, Settings& settings)
     }
     int mirrored = settings.session.style.brackets == Brackets::mirrored;
     store.GetValue("Mirror Brackets", mirrored);
+    int clock = 0;
+    store.GetValue("Clock", clock);
+    settings.session.clock = static_cast<Clock>(std::clamp(clock, 0, static_cast<int>(Clock::ntsc)));
     settings.session.style.brackets = mirrored ? Brackets::mirrored : Brackets::asTyped;
 }
 
@@ -100,7 +104,9 @@ void TakeLists(CPropertyStore& store, Settings& settings)
     for (int i = 0, count = CountOf(store, "Outputs", mostOutputs); i < count; ++i) {
         int form = 0;
         store.GetValue(Numbered("Output Form", i).c_str(), form);
-        settings.outputs.push_back({TextOf(store, Numbered("Output", i)), FormOf(form)});
+        int isOn = 1;
+        store.GetValue(Numbered("Output On", i).c_str(), isOn);
+        settings.outputs.push_back({TextOf(store, Numbered("Output", i)), FormOf(form), isOn != 0});
     }
     RECT desk = settings.desk;
     if (store.GetValue("Desk", desk) && desk.left < desk.right && desk.top < desk.bottom)
@@ -115,6 +121,7 @@ CPropertyStore StoreOf(Settings settings)
     for (const ColourRow& row : colourRows) store.SetValue(row.name, row.of(settings));
     for (const FlagRow& row : flagRows) store.SetValue(row.name, row.of(settings) ? 1 : 0);
     store.SetValue("Mirror Brackets", settings.session.style.brackets == Brackets::mirrored ? 1 : 0);
+    store.SetValue("Clock", static_cast<int>(settings.session.clock));
     const auto& faces = settings.session.style.faces;
     store.SetValue("Faces", static_cast<int>(faces.size()));
     for (std::size_t i = 0; i < faces.size(); ++i)
@@ -124,6 +131,7 @@ CPropertyStore StoreOf(Settings settings)
         const int number = static_cast<int>(i);
         store.SetValue(Numbered("Output", number).c_str(), settings.outputs[i].display.c_str());
         store.SetValue(Numbered("Output Form", number).c_str(), BitsOf(settings.outputs[i].form));
+        store.SetValue(Numbered("Output On", number).c_str(), settings.outputs[i].isOn ? 1 : 0);
     }
     store.SetValue("Desk", settings.desk);
     store.SetValue("News Folder", settings.newsFolder.c_str());

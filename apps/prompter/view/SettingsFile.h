@@ -3,7 +3,7 @@
 
 #include "view/Session.h"
 
-#include "model/FrameTransform.h"
+#include "model/OutputPlan.h"
 #include "remote/RemoteServer.h"
 
 #include <string>
@@ -11,17 +11,13 @@
 
 namespace prompter {
 
-struct OutputSettings {
-    std::string display; // its name, as the machine lists it
-    FrameForm form;
-};
-
 struct Settings {
     SessionSettings session;
     int speed = Scroller::stepsOfOne;
     std::vector<OutputSettings> outputs;
     RECT desk{80, 60, 1360, 860}; // where the operator's window stood
     std::string newsFolder;       // empty: none is watched
+    int controllerPort = 0;       // number of the hand controller's serial port, 0 for none
 };
 
 // $XDG_CONFIG_HOME/corekit/prompter.settings, else ~/.config/...

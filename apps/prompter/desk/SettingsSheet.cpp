@@ -1,0 +1,18 @@
+#include "desk/SettingsSheet.h"
+
+#include "desk/SettingsDialogs.h"
+
+namespace prompter {
+
+IMPLEMENT_DYNAMIC(SettingsSheet, CAXPropertySheet)
+
+SettingsSheet::SettingsSheet(const Settings& settings, std::vector<Display> there, CWnd* parent)
+    : CAXPropertySheet("Settings", parent), m_settings(settings), m_reading(m_settings), m_look(m_settings),
+      m_displays(m_settings, std::move(there))
+{
+    AddPage(&m_reading);
+    AddPage(&m_look);
+    AddPage(&m_displays);
+}
+
+} // namespace prompter
