@@ -100,6 +100,7 @@ TEST_F(OnTheDesk, TheSettingsAreTakenFromTheirPages)
         SetDlgItemTextA(sheet.GetActivePage()->m_hWnd, id, text);
     };
     const auto click = [&](int id) { sheet.GetActivePage()->SendDlgItemMessage(id, BM_CLICK); };
+    EXPECT_TRUE(IsDlgButtonChecked(sheet.GetActivePage()->m_hWnd, byCharactersRadio)) << "as it is set";
     click(bySecondsRadio);
     set(linesField, "2");
     set(secondsField, "9");

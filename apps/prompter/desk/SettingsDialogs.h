@@ -43,11 +43,11 @@ inline constexpr UINT readingId = 3100, lookId = 3101, displaysId = 3102, keyboa
 inline constexpr DialogItem readingItems[] = {
     box("Read rate", {7, 7, 246, 76}),
     radio(bySecondsRadio, "S&econds for a number of lines", {17, 20, 220, 11}, group),
-    label("&Lines:", {29, 36, 60, 10}),
+    radio(byCharactersRadio, "C&haracters for a line, 15 a second", {17, 52, 220, 11}),
+    label("&Lines:", {29, 36, 60, 10}, noId, SS_LEFT | WS_GROUP),
     edit(linesField, {91, 33, 40, 14}, ES_NUMBER),
     label("&Seconds:", {141, 36, 50, 10}),
     edit(secondsField, {193, 33, 40, 14}, ES_NUMBER),
-    radio(byCharactersRadio, "C&haracters for a line, 15 a second", {17, 52, 220, 11}),
     label("&Characters:", {29, 67, 60, 10}),
     edit(charactersField, {91, 64, 40, 14}, ES_NUMBER),
     label("Count&down, seconds:", {7, 94, 82, 10}),

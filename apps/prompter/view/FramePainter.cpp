@@ -33,7 +33,10 @@ void FramePainter::Paint(HDC dc, SIZE frame, const FrameState& state)
         return;
     }
     if (!state.isBlank) PaintLines(dc, frame, TopOf(state.position, frame.cy));
-    if (!state.status.empty()) PaintCentred(dc, frame, frame.cy - m_style.LineHeight(), state.status);
+    if (state.status.empty()) return;
+    const int top = frame.cy - m_style.LineHeight();
+    Fill(dc, {0, top, frame.cx, frame.cy}, m_style.back);
+    PaintCentred(dc, frame, top, state.status);
 }
 
 void FramePainter::PaintLines(HDC dc, SIZE frame, double top)
