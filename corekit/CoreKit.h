@@ -145,6 +145,7 @@
 #include "corekit/platform/Memory.h"
 #include "corekit/platform/Menus.h"
 #include "corekit/platform/Messages.h"
+#include "corekit/platform/Monitors.h"
 #include "corekit/platform/MulDiv.h"
 #include "corekit/platform/Normalization.h"
 #include "corekit/platform/Overlapped.h"

@@ -240,6 +240,7 @@ void Desk::ChooseStory(int index)
     if (story.key != m_editedStory || stored != m_shownText) {
         m_editedStory = story.key;
         m_edit.SetString(stored);
+        m_edit.CommitToUndoBuffer(); // undo never brings back another story
         m_shownText = m_edit.GetString();
     }
     m_list.Choose(index);

@@ -41,10 +41,12 @@ void Desk::MakeAccelerators()
 
 BOOL Desk::PreTranslateMessage(MSG* message)
 {
-    // A display has its keys to itself.
+    // A display has its keys to itself, whatever the keyboard of the editor makes of them.
     const bool isPrompting = m_outputs.Has(message->hwnd);
-    if (!isPrompting && m_keys && TranslateAcceleratorA(m_hWnd, m_keys, message)) return TRUE;
-    if (CUnicodeManager::GetObjectA()->TranslateMessageHook(message)) return TRUE;
+    if (isPrompting) return CWnd::PreTranslateMessage(message);
+    if (m_keys && TranslateAcceleratorA(m_hWnd, m_keys, message)) return TRUE;
+    const bool isWriting = message->hwnd != m_preview.m_hWnd;
+    if (isWriting && CUnicodeManager::GetObjectA()->TranslateMessageHook(message)) return TRUE;
     return CWnd::PreTranslateMessage(message);
 }
 

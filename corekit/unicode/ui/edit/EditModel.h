@@ -75,6 +75,7 @@ public:
     void ReplaceSel(const WCHAR* text);
     // Both states change places, and the selection goes.
     void UndoChanges();
+    void CommitToUndoBuffer() { m_undo = m_text; }
 
     // ---- Editing.
     // Nothing once the limit is reached, nor for a control character.

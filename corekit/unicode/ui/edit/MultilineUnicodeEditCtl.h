@@ -40,6 +40,8 @@ public:
     StringW GetString() const { return m_model.Text(); }
     // Puts text in the place of the selection and of one more character behind it. Nothing without one.
     void ReplaceSel(const WCHAR* text);
+    // What undo brings back next is the text as it is now.
+    void CommitToUndoBuffer() { m_model.CommitToUndoBuffer(); }
     // To the clipboard; 0 without a selection.
     int CopySelectedText();
     void MoveCursorToEnd();

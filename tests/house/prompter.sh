@@ -1,0 +1,149 @@
+#!/usr/bin/env bash
+# The prompter under an X server with a small window manager, used as a person would: prompter.sh PROMPTER [PICTURES].
+# Remote control tells where it stands; pictures of its windows tell what is seen, and are kept in PICTURES.
+set -u
+prompter=$1 pictures=${2:-}
+for tool in Xvfb openbox xdotool xwd xwdtopnm pnmtopng pnmflip; do
+    command -v "$tool" >/dev/null || { echo "prompter.sh: $tool is missing"; exit 1; }
+done
+home=$(mktemp -d)
+server= manager= program=
+finish() {
+    [ -z "$program" ] || kill "$program" 2>/dev/null
+    [ -z "$manager" ] || kill "$manager" 2>/dev/null
+    [ -z "$server" ] || kill "$server" 2>/dev/null
+    wait 2>/dev/null
+    rm -rf "$home"
+}
+trap finish EXIT
+fail() { echo "prompter.sh: $*"; exit 1; }
+
+mkfifo "$home/display"
+Xvfb -displayfd 3 -screen 0 1280x720x24 -nolisten tcp -noreset 3>"$home/display" 2>/dev/null &
+server=$!
+read -r number <"$home/display" || fail "no X server"
+export DISPLAY=:$number QT_QPA_PLATFORM=xcb COREKIT_HOME=$home/registry LC_ALL=C.UTF-8 HOME=$home
+export XDG_CONFIG_HOME=$home/config XDG_STATE_HOME=$home/state
+openbox >/dev/null 2>&1 &
+manager=$!
+
+# until_true COMMAND...: half a minute for it to succeed.
+until_true() {
+    for _ in $(seq 300); do
+        "$@" >/dev/null 2>&1 && return 0
+        sleep 0.1
+    done
+    return 1
+}
+until_true xdotool get_num_desktops || fail "no window manager"
+
+active_is() { [[ $(xdotool getactivewindow getwindowname) == $1 ]]; }
+expect_window() { until_true active_is "$1" || fail "no window '$1', but '$(xdotool getactivewindow getwindowname)'"; }
+# picture NAME: the active window, as pixels and for the eye.
+picture() {
+    xwd -silent -id "$(xdotool getactivewindow)" | xwdtopnm -quiet >"$home/$1.ppm"
+    [ -z "$pictures" ] || pnmtopng -quiet -compression 9 "$home/$1.ppm" >"$pictures/$1.png"
+}
+differs() { picture "$2" && ! cmp -s "$home/$1.ppm" "$home/$2.ppm"; }
+is_mirrored() { picture "$2" && cmp -s <(pnmflip -lr "$home/$1.ppm") "$home/$2.ppm"; }
+file_has() { grep -qF "$1" "$script"; }
+is_kept() { [ -n "$(find "$home/state" -name '*.unsaved' -newer "$home/typed")" ]; }
+# The answer to a line of remote control.
+ask() {
+    exec 5<>"/dev/tcp/127.0.0.1/$port" || return 1
+    printf '%s\n' "$1" >&5
+    read -r -t 10 answer <&5
+    exec 5>&-
+}
+state_is() { ask state && [[ $answer == $1 ]]; }
+expect_state() { until_true state_is "$1" || fail "state '$answer', not '$1'"; }
+open() {
+    : >"$home/port"
+    "$prompter" --remote 0 "$script" >"$home/port" &
+    program=$!
+}
+take_port() {
+    until_true grep -q port "$home/port" || fail "no remote control"
+    port=$(grep -o '[0-9]*$' "$home/port")
+}
+
+script=$home/evening.txt
+printf 'The harbour bridge is open.\nTraffic flows again.\n---\nWeather: rain in the west.\n---\nGood night.\n' >"$script"
+open
+take_port
+expect_window '*evening.txt - Prompter'
+expect_state 'ok stands speed 1.0 story 1 of 3'
+
+# Two scripts: the second through the keyboard that is picked by its picture.
+xdotool type --delay 20 'Tonight '
+xdotool key ctrl+alt+k
+expect_window 'Keyboards'
+xdotool type --delay 20 'Arabic'
+picture prompter-keyboards
+xdotool key Return
+expect_window '*evening.txt - Prompter'
+xdotool key --delay 20 h g space
+xdotool key ctrl+s
+until_true file_has 'Tonight ال The harbour' || fail "typed text was not saved: $(head -1 "$script")"
+
+# Without the clock, so that a frame at rest is the same as the next.
+xdotool key F4
+expect_window 'Settings'
+picture prompter-settings
+xdotool key alt+h Return
+expect_window '*evening.txt - Prompter'
+picture prompter-desk
+
+xdotool key F5
+expect_window 'Prompt'
+picture still
+xdotool key space
+expect_state 'ok runs speed 1.0 *'
+until_true differs still moved || fail "the prompt does not move"
+xdotool key Up Up
+expect_state 'ok runs speed 1.2 *'
+xdotool key shift+3
+expect_state 'ok runs speed -0.6 *'
+xdotool key space Next
+expect_state 'ok stands speed -0.6 story 2 of 3'
+xdotool key Home
+expect_state '*story 1 of 3'
+picture prompter-view
+
+# What is typed on the desk shows at once.
+desk=$(xdotool search --name 'evening.txt - Prompter' | head -1)
+view=$(xdotool getactivewindow)
+xdotool windowactivate --sync "$desk" key ctrl+Home
+xdotool type --delay 20 'Now'
+xdotool windowactivate --sync "$view"
+expect_window 'Prompt'
+until_true differs prompter-view edited || fail "an edit does not show in the prompt"
+
+xdotool windowactivate --sync "$desk" key alt+p
+xdotool key l
+xdotool windowactivate --sync "$view"
+until_true is_mirrored edited prompter-mirrored || fail "the prompt is not mirrored"
+xdotool key Escape
+expect_window '*evening.txt - Prompter'
+
+# A crash costs nothing that was typed before the last few seconds. (The keyboard is still the Arabic one.)
+xdotool type --delay 20 'lost?'
+touch "$home/typed"
+xdotool type --delay 20 ' no '
+until_true is_kept || fail "unsaved text is not kept"
+kill -9 "$program"
+wait "$program" 2>/dev/null
+open
+expect_window 'prompter'
+picture prompter-recovery
+xdotool key Return
+take_port
+expect_window '[*]*evening.txt - Prompter'
+xdotool key ctrl+s
+until_true file_has 'مخسف؟' || fail "recovered text was not saved: $(head -2 "$script")"
+until_true file_has 'Weather: rain in the west.' || fail "the script lost a story"
+xdotool key ctrl+q
+gone() { ! kill -0 "$program"; }
+until_true gone || fail "the prompter stays"
+program=
+echo "The prompter's test is through."
