@@ -42,9 +42,11 @@ expect_window() { until_true active_is "$1" || fail "no window '$1', but '$(xdot
 # picture NAME: the active window, as pixels and for the eye.
 picture() {
     xwd -silent -id "$(xdotool getactivewindow)" | xwdtopnm -quiet >"$home/$1.ppm"
-    [ -z "$pictures" ] || pnmtopng -quiet -compression 9 "$home/$1.ppm" >"$pictures/$1.png"
+    [ -z "$pictures" ] || [[ $1 == *-again ]] || pnmtopng -quiet -compression 9 "$home/$1.ppm" >"$pictures/$1.png"
 }
 differs() { picture "$2" && ! cmp -s "$home/$1.ppm" "$home/$2.ppm"; }
+# Whether the window rests: the picture NAME is then what it shows.
+rests() { picture "$1" && sleep 0.5 && picture "$1-again" && cmp -s "$home/$1.ppm" "$home/$1-again.ppm"; }
 is_mirrored() { picture "$2" && cmp -s <(pnmflip -lr "$home/$1.ppm") "$home/$2.ppm"; }
 file_has() { grep -qF "$1" "$script"; }
 is_kept() { [ -n "$(find "$home/state" -name '*.unsaved' -newer "$home/typed")" ]; }
@@ -90,7 +92,7 @@ until_true file_has 'Tonight ال The harbour' || fail "typed text was not saved
 xdotool key F4
 expect_window 'Settings'
 picture prompter-settings
-xdotool key alt+h Return
+xdotool key alt+k Return
 expect_window '*evening.txt - Prompter'
 picture prompter-desk
 
@@ -108,7 +110,7 @@ xdotool key space Next
 expect_state 'ok stands speed -0.6 story 2 of 3'
 xdotool key Home
 expect_state '*story 1 of 3'
-picture prompter-view
+until_true rests prompter-view || fail "the prompt does not stand"
 
 # What is typed on the desk shows at once.
 desk=$(xdotool search --name 'evening.txt - Prompter' | head -1)
@@ -118,11 +120,13 @@ xdotool type --delay 20 'Now'
 xdotool windowactivate --sync "$view"
 expect_window 'Prompt'
 until_true differs prompter-view edited || fail "an edit does not show in the prompt"
+until_true rests edited || fail "the prompt does not come to rest"
 
 xdotool windowactivate --sync "$desk" key alt+p
 xdotool key l
 xdotool windowactivate --sync "$view"
-until_true is_mirrored edited prompter-mirrored || fail "the prompt is not mirrored"
+until_true is_mirrored edited prompter-mirrored ||
+    fail "the prompt is not mirrored: $(xdotool getactivewindow getwindowname)"
 xdotool key Escape
 expect_window '*evening.txt - Prompter'
 

@@ -64,7 +64,7 @@ inline constexpr DeskMenuItem deskMenu[] = {
     {"&Prompt", "Mirror &top and bottom", mirrorTop, 0, 0},
     {"&Prompt", "T&urn by a quarter", turnDisplays, 0, 0},
     {"&Prompt", nullptr, 0, 0, 0},
-    {"&Prompt", "&Larger\tCtrl++", largerText, VK_OEM_PLUS, FCONTROL},
+    {"&Prompt", "La&rger\tCtrl++", largerText, VK_OEM_PLUS, FCONTROL},
     {"&Prompt", "S&maller\tCtrl+-", smallerText, VK_OEM_MINUS, FCONTROL},
     {"&Prompt", "&Wider lines\tCtrl+.", wider, VK_OEM_PERIOD, FCONTROL},
     {"&Prompt", "&Narrower lines\tCtrl+,", narrower, VK_OEM_COMMA, FCONTROL},

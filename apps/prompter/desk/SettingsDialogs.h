@@ -52,10 +52,10 @@ inline constexpr DialogItem readingItems[] = {
     edit(charactersField, {91, 64, 40, 14}, ES_NUMBER),
     label("Count&down, seconds:", {7, 94, 82, 10}),
     edit(countdownField, {91, 91, 40, 14}, ES_NUMBER),
-    check(statusCheck, "S&how clock, speed and times at the bottom", {7, 112, 240, 11}),
-    label("Cl&ock:", {7, 132, 82, 10}),
+    check(statusCheck, "Show cloc&k, speed and times at the bottom", {7, 112, 240, 11}),
+    label("&Frames a second:", {7, 132, 82, 10}),
     choice(clockChoice, {91, 129, 140, 80}),
-    label("Ha&nd controller at:", {7, 152, 82, 10}),
+    label("Hand controlle&r at:", {7, 152, 82, 10}),
     choice(portChoice, {91, 149, 140, 120}),
 };
 inline constexpr DialogTemplate reading = {readingId, "Reading", 260, 190, page, readingItems};

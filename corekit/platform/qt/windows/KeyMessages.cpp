@@ -110,6 +110,7 @@ bool keyEvent(Window* window, QObject* receiver, QKeyEvent* event)
     const HWND handle = window ? window->handle() : GetFocus();
     MSG pressed =
         stamped(handle, message, static_cast<WPARAM>(key.virtualKey), keyWord(key, wasDown || isUp, isUp));
+    if (!window && QApplication::activePopupWidget()) return false; // an open menu has the keys to itself
     if (!window) { // a menu or another part of the toolkit
         if (!offer(pressed)) return false;
         event->accept();
