@@ -150,4 +150,18 @@ xdotool key ctrl+q
 gone() { ! kill -0 "$program"; }
 until_true gone || fail "the prompter stays"
 program=
-echo "The prompter's test is through."
+# A script of a mebibyte in little memory.
+for i in $(seq 12000); do
+    [ $((i % 20)) -ne 0 ] || echo ---
+    echo 'Good evening. مساء الخير. ערב טוב. The old harbour bridge was closed in 1998.'
+done >"$script"
+open
+take_port
+expect_window '*evening.txt - Prompter'
+xdotool key F5
+expect_window 'Prompt'
+xdotool key space
+expect_state 'ok runs *'
+memory=$(awk '/^VmHWM/ { print $2 }' "/proc/$program/status")
+[ "$memory" -lt $((120 * 1024)) ] || fail "a script of $(wc -c <"$script") bytes takes $memory KiB"
+echo "The prompter's test is through; a script of $(wc -c <"$script") bytes takes $memory KiB."

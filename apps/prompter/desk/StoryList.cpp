@@ -4,6 +4,8 @@
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 #include "corekit/unicode/storage/StoredText.h"
 
+#include <algorithm>
+#include <string>
 #include <utility>
 
 namespace prompter {
@@ -21,6 +23,20 @@ namespace {
 
 constexpr int numberWidth = 48, timeWidth = 56;
 
+// A word of Hebrew is turned round when a cell is drawn, as letters without forms of their own are.
+void TurnHebrewWords(StringW& text)
+{
+    constexpr char16_t first = 0x0590, last = 0x05FF;
+    std::u16string units(text, static_cast<std::size_t>(text.GetLength()));
+    const auto isHebrew = [](char16_t c) { return c >= first && c <= last; };
+    for (auto at = units.begin(); at != units.end();) {
+        const auto from = std::find_if(at, units.end(), isHebrew);
+        at = std::find_if_not(from, units.end(), isHebrew);
+        std::reverse(from, at);
+    }
+    text = StringW(units.data(), static_cast<int>(units.size()));
+}
+
 // Cells are drawn as they are stored, so they are stored as they are drawn.
 StringW InDisplayOrder(const std::u16string& plain)
 {
@@ -28,6 +44,7 @@ StringW InDisplayOrder(const std::u16string& plain)
     CArray<int, int> order, types;
     ReorderToVisual(text, order, types, GetBaseLevel(text, text.GetLength()));
     MirrorRightToLeft(text, types);
+    TurnHebrewWords(text);
     return text;
 }
 
