@@ -32,6 +32,20 @@ complain "Includes that point upward:" "$(
             if (to_path ~ /^corekit\/unicode\/tables\// || part[1] ~ /\/ui\//) next
             if (from[2] in rank && to[2] in rank && rank[to[2]] > rank[from[2]]) print part[1] " -> " to_path
         }')"
+# A folder ui/ or qt/ is a room of its own, as are the tables of characters, which stand on StringW alone, and the names
+# of messages, on which all stand.
+complain "Rooms that include each other in a circle:" "$(
+    grep -rE '^ *#include *"corekit/[a-z]+/' corekit/*/ --include='*.h' --include='*.cpp' | awk '
+        function room(path, part) {
+            if (path ~ /^corekit\/unicode\/tables\//) return "tables"
+            if (path ~ /^corekit\/resources\/[Mm]essages\./) return "messages"
+            split(path, part, "/")
+            return part[2] (path ~ /\/(ui|qt)\// ? "/ui" : "")
+        }
+        {
+            from = room($0); sub(/^[^"]*"/, ""); to = room($0)
+            if (from != to && !(from == "tables" && /foundation\/StringW/)) print from, to
+        }' | sort -u | tsort 2>&1 >/dev/null)"
 complain "The tables of characters include more than StringW.h and basic types:" "$(
     grep -nE '#include *"corekit/' -r corekit/unicode/tables | grep -vE '"corekit/(unicode/tables/|foundation/StringW.h|platform/(Types|Export)\.h)')"
 complain "Platform conditionals outside corekit/platform:" "$(

@@ -82,10 +82,7 @@ void Walk(IStorage* storage, const std::vector<std::string>& path, const Visit& 
 
 void Open(COleFile& file, const std::string& name, UINT flags)
 {
-    if (!file.Open(name.c_str(), flags))
-        throw std::runtime_error(name + (COleFile::IsOleFile(name.c_str())
-                                             ? ": cannot be opened or is damaged"
-                                             : ": is no compound file"));
+    if (!file.Open(name.c_str(), flags)) FailFor(name);
 }
 
 void List(const Options& options)

@@ -14,6 +14,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pwd.h>
+#include <sys/epoll.h>
 #include <sys/file.h>
 #include <sys/syslog.h>
 
@@ -74,6 +75,28 @@ TEST(Forks, AChildsSocketsAreItsOwnAffair)
     WSACleanup();
 }
 #endif
+
+// A child that kept the instance could put in what it likes.
+TEST(Forks, WhatOthersPutIntoThePollerIsPassedOver)
+{
+    WSADATA data;
+    ASSERT_EQ(WSAStartup(2, &data), 0);
+    Watched ours;
+    int ends[2], instances = 0;
+    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    ASSERT_EQ(::write(ends[1], "x", 1), 1);
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code gone;
+        if (std::filesystem::read_symlink(entry.path(), gone) != "anon_inode:[eventpoll]") continue;
+        epoll_event wild{EPOLLIN | EPOLLONESHOT, {.u64 = 0x70000000}}; // far beyond every descriptor
+        instances += ::epoll_ctl(std::stoi(entry.path().filename()), EPOLL_CTL_ADD, ends[0], &wild) == 0;
+    }
+    EXPECT_GT(instances, 0);
+    EXPECT_TRUE(ours.hears());
+    ours.close();
+    for (const int end : ends) ::close(end);
+    WSACleanup();
+}
 
 TEST(Forks, ClosedFilesAreFreeThoughAChildLives)
 {

@@ -241,6 +241,34 @@ TEST_F(MiniUnz, DamageIsTold)
     }
 }
 
+TEST_F(MiniUnz, DamageOfWhatIsEncryptedIsSeenToo)
+{
+    WriteWhole(m_folder / "first", std::string(500, 'f'));
+    for (const char* way : {"-0", "-9"}) {
+        Shell(std::string("rm -f a.zip && zip -q -P word ") + way + " a.zip first");
+        std::string bytes = ReadWhole(m_folder / "a.zip");
+        bytes[bytes.find("PK\1\2") - 20] ^= 1; // before the sums, which stand behind the data
+        WriteWhole(m_folder / "a.zip", bytes);
+        shown.clear();
+        EXPECT_TRUE(Unzip("word"));
+        EXPECT_EQ(shown.size(), 1u) << way;
+        EXPECT_FALSE(fs::exists(m_folder / "out/first")) << way;
+    }
+}
+
+// Small archives grow without end where entries share their bytes.
+TEST_F(MiniUnz, EntriesThatOverlapAreRefused)
+{
+    Python("z.writestr('x','" + std::string(500, 'x') + "')\nz.writestr('x','y')\nz.close()\n");
+    std::string bytes = ReadWhole(m_folder / "a.zip");
+    const std::size_t second = bytes.rfind("PK\1\2");
+    bytes.replace(second + 42, 4, 4, '\0');
+    WriteWhole(m_folder / "a.zip", bytes);
+    EXPECT_TRUE(Unzip());
+    EXPECT_EQ(shown, std::vector<std::string>{"Error with zipfile in unzGetGlobalInfo"});
+    EXPECT_EQ(FilesIn(m_folder / "out"), 0u);
+}
+
 // A sink, since the copy in memory is the caller's wish.
 class Nowhere : public CMemoryStream {
 protected:

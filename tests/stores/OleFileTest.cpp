@@ -7,11 +7,13 @@
 #include "tests/stores/Thrown.h"
 #include "tests/TempFolder.h"
 
+#include <atomic>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <memory>
+#include <thread>
 
 namespace {
 constexpr UINT readWrite = 0x12;
@@ -205,6 +207,35 @@ TEST_F(OleFile, ItsDescriptorsStayInThisProcess)
         EXPECT_NE(fcntl(std::stoi(entry.path().filename()), F_GETFD) & FD_CLOEXEC, 0);
     }
     EXPECT_GE(open, 2);
+}
+
+// A program that starts meanwhile gets none of them.
+TEST_F(OleFile, NorDoesASaveShowItsDescriptorsToOtherPrograms)
+{
+    std::atomic<bool> isDone = false;
+    std::atomic<int> seen = 0, shared = 0;
+    std::thread looker([&] {
+        std::error_code gone;
+        while (!isDone)
+            for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+                const auto target = std::filesystem::read_symlink(entry.path(), gone).string();
+                if (target.find(".corekit-") == target.npos) continue;
+                const int flags = fcntl(std::stoi(entry.path().filename()), F_GETFD);
+                if (flags < 0 || std::filesystem::read_symlink(entry.path(), gone) != target) continue;
+                ++seen;
+                shared += (flags & FD_CLOEXEC) == 0;
+            }
+    });
+    COleFile file;
+    file.Create(m_path.c_str(), 0);
+    for (int save = 0; save < 1000 && seen < 20; ++save) {
+        Put(file, u"part", std::string(1 << 20, 'p'));
+        file.Commit();
+    }
+    isDone = true;
+    looker.join();
+    EXPECT_GT(seen, 0);
+    EXPECT_EQ(shared, 0);
 }
 
 TEST_F(OleFile, OtherProgramsReadOurs)

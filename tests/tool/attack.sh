@@ -113,6 +113,10 @@ chmod 600 x.ps
 [ -L link.ps ] && [ "$(stat -c %a x.ps)" = 600 ] || fail "settings set: $(ls -l x.ps link.ps)"
 for i in $(seq 12); do "$tool" settings set x.ps "n$i" "$i" & done
 wait
+for i in $(seq 6); do "$tool" ole add x.ole hello --name "w$i" 2>>busy & done
+wait
+! grep -v 'The compound file is in use' busy >odd || fail "ole add: $(cat odd)"
+[ $(("$("$tool" ole list x.ole | grep -c ' w[0-9]')" + $(wc -l <busy))) -eq 6 ] || fail "ole add: a change was lost: $(cat busy)"
 [ "$("$tool" settings show x.ps | grep -c '^n[0-9]')" -eq 12 ] || fail "settings set: changes lost: $("$tool" settings show x.ps)"
 [ "$(stat -c %a home/registry.db)" = 600 ] && [ "$(stat -c %a home)" = 700 ] || fail "registry: $(ls -la home)"
 [ -z "$(find . -name '*corekit-*')" ] || fail "left behind: $(find . -name '*corekit-*')"
