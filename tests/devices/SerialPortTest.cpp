@@ -250,6 +250,8 @@ TEST_F(SerialPort, PortsAreListedFromWhatTheKernelTells)
     add("ttyS1", "0"); // provided for, not found
     add("ttyUSB2", "");
     std::filesystem::create_directories(classes + "tty5"); // a screen
+    std::filesystem::create_directory_symlink("gone",
+                                              classes + "ttyS3"); // unplugged while the folder is read
     WriteWhole(classes + "ttyUSB2/device/product", "Prompter Link\n");
     CArray<int, int> ports;
     ports.Add(99);
