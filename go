@@ -123,7 +123,7 @@ draw_demo() {
     "$corekit" draw examples/scripts/indic/*.txt -o "$out/indic-platform" --complex
     # Windows that type, click and scroll by themselves.
     local example
-    for example in edit list options; do
+    for example in edit list options workbench; do
         build/release/bin/$example --picture "$out/$example.png"
     done
 }
@@ -155,7 +155,7 @@ demo)
         say "This build has no drawing, because the toolkit is missing."
         exit 1
     fi
-    build release edit list options >&2
+    build release edit list options workbench >&2
     draw_demo "${1:-out}"
     ;;
 run-prompter)

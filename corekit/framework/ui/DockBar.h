@@ -29,6 +29,8 @@ public:
     int GetDockedVisibleCount() const;
     CControlBar* GetDockedControlBar(int index) const; // row by row; null out of range
     BOOL HasBar(const CControlBar* bar) const;
+    // What the layout in hand leaves the dock, in the frame: a bar may take all of its length.
+    const CRect& GetRoom() const { return m_room; }
     // Where the user put it, in this window; none for a bar that stands elsewhere.
     std::optional<CPoint> WantedPlace(const CControlBar* bar) const;
 

@@ -1,0 +1,49 @@
+#include "ClockBar.h"
+
+#include "Commands.h"
+
+#include <ctime>
+
+BEGIN_MESSAGE_MAP(ClockBar, CAppBar)
+ON_WM_TIMER()
+END_MESSAGE_MAP()
+
+namespace {
+constexpr UINT_PTR clockTimer = 7;
+constexpr int textControl = 1001;
+} // namespace
+
+ClockBar::ClockBar() : CAppBar(clockDialog)
+{
+    m_dwFlags = appBarAllowLeftRight | appBarAllowTopBottom | appBarAllowFloat | appBarAllowAutohide |
+                appBarAllowOnTop;
+    m_increment = CSize(8, 8);
+    SetState(
+        APPBARSTATE{sizeof(APPBARSTATE), ABE_TOP, FALSE, FALSE, {140, 28, 140, 28}, {200, 200, 400, 228}});
+}
+
+bool ClockBar::Open(CWnd& owner)
+{
+    if (!Create(clockDialog, &owner)) return false;
+    ShowTime();
+    SetTimer(clockTimer, 1000);
+    ShowWindow(SW_SHOWNA);
+    SetState();
+    return true;
+}
+
+void ClockBar::OnTimer(UINT_PTR id)
+{
+    if (id == clockTimer) ShowTime();
+    CAppBar::OnTimer(id);
+}
+
+void ClockBar::ShowTime()
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    char text[64] = "";
+    std::strftime(text, sizeof text, "%A, %H:%M:%S", &local);
+    SetDlgItemText(textControl, text);
+}
