@@ -2,7 +2,7 @@
 # The prompter under an X server with a small window manager, used as a person would: prompter.sh PROMPTER [PICTURES].
 # Remote control tells where it stands; pictures of its windows tell what is seen, and are kept in PICTURES.
 set -u
-prompter=$1 pictures=${2:-}
+prompter=$1 pictures=${2:-} remote=$(dirname "$0")/../../examples/prompter-remote/prompter-remote
 for tool in Xvfb openbox xdotool xwd xwdtopnm pnmtopng pnmflip; do
     command -v "$tool" >/dev/null || { echo "prompter.sh: $tool is missing"; exit 1; }
 done
@@ -50,14 +50,7 @@ rests() { picture "$1" && sleep 0.5 && picture "$1-again" && cmp -s "$home/$1.pp
 is_mirrored() { picture "$2" && cmp -s <(pnmflip -lr "$home/$1.ppm") "$home/$2.ppm"; }
 file_has() { grep -qF "$1" "$script"; }
 is_kept() { [ -n "$(find "$home/state" -name '*.unsaved' -newer "$home/typed")" ]; }
-# The answer to a line of remote control.
-ask() {
-    exec 5<>"/dev/tcp/127.0.0.1/$port" || return 1
-    printf '%s\n' "$1" >&5
-    read -r -t 10 answer <&5
-    exec 5>&-
-}
-state_is() { ask state && [[ $answer == $1 ]]; }
+state_is() { answer=$("$remote" --at "127.0.0.1:$port" state) && [[ $answer == $1 ]]; }
 expect_state() { until_true state_is "$1" || fail "state '$answer', not '$1'"; }
 open() {
     : >"$home/port"
@@ -75,6 +68,9 @@ open
 take_port
 expect_window '*evening.txt - Prompter'
 expect_state 'ok stands speed 1.0 story 1 of 3'
+"$remote" --at "127.0.0.1:$port" 'speed 1.5' 'faster' state >"$home/answers" && fail "a wrong line of remote control is no error"
+grep -q "^error: no command 'faster'" "$home/answers" || fail "a wrong line is answered: $(cat "$home/answers")"
+"$remote" --at "127.0.0.1:$port" 'speed 1' || fail "remote control: no answer"
 
 # Two scripts: the second through the keyboard that is picked by its picture.
 xdotool type --delay 20 'Tonight '
