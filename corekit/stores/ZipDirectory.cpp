@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <limits>
 #include <memory>
 #include <minizip/unzip.h>
@@ -40,7 +41,13 @@ DWORDLONG SizeOf(std::FILE* file)
     return fseeko(file, 0, SEEK_END) == 0 ? static_cast<DWORDLONG>(std::max<off_t>(ftello(file), 0)) : 0;
 }
 
-File OpenFile(const std::string& path) { return {std::fopen(path.c_str(), "rbe"), &std::fclose}; }
+// A pipe would be waited for.
+File OpenFile(const std::string& path)
+{
+    std::error_code gone;
+    const bool isPlain = std::filesystem::is_regular_file(path, gone);
+    return {isPlain ? std::fopen(path.c_str(), "rbe") : nullptr, &std::fclose};
+}
 
 // Where the record at the end begins: the last one whose comment reaches to the end of the file.
 std::optional<DWORDLONG> FindEnd(std::FILE* file)

@@ -184,6 +184,7 @@ refused . ini get pipe a b
 refused pipe ole list pipe
 refused pipe records list pipe
 refused pipe inflate pipe there
+refused . unzip pipe -o there
 
 # --- nothing steers the terminal
 export evil=$'a\e]0;x\a\x7f\xc2\x9b\x9b'
