@@ -149,6 +149,7 @@
 #include "corekit/platform/MulDiv.h"
 #include "corekit/platform/Normalization.h"
 #include "corekit/platform/Overlapped.h"
+#include "corekit/platform/PairKerning.h"
 #include "corekit/platform/PictureFiles.h"
 #include "corekit/platform/PngFile.h"
 #include "corekit/platform/Profiles.h"

@@ -40,6 +40,7 @@ struct DrawOptions {
     bool bidi = false;
     bool complex = false;
     bool isSmall = false;
+    bool isKerned = false;
 };
 
 constexpr int margin = 24;
@@ -68,6 +69,7 @@ public:
     {
         for (const std::string& face : options.fonts) m_render.AddFont(face.c_str());
         if (options.fonts.empty()) AddUsualFonts();
+        m_render.UsePairKerning(options.isKerned ? PairKerning::on : PairKerning::off);
         m_render.Create(-options.size, 0, 0, 0); // the height of the letters, the same in every face
     }
 
@@ -278,6 +280,7 @@ void AddDrawCommand(CLI::App& app)
                      "Width of the pictures in pixels; without it, that of the widest line")
         ->check(CLI::Range(1, widest));
     command->add_flag("--bidi", options->bidi, "Order right-to-left text ourselves");
+    command->add_flag("--kerning", options->isKerned, "Kern pairs where the fonts have values for them");
     command->add_flag("--small", options->isSmall, "Take more time for smaller files");
     command->add_flag("--complex", options->complex,
                       "Leave all shaping to the platform (Devanagari, Bengali, Tamil)");

@@ -4,6 +4,7 @@
 #include "Raster.h"
 
 #include "corekit/framework/Geometry.h"
+#include "corekit/platform/PairKerning.h"
 #include "corekit/unicode/storage/StoredText.h"
 #include "corekit/unicode/tables/CharacterCodes.h"
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
@@ -25,6 +26,7 @@ public:
         if (!faces.glyphFont.empty()) m_render.AddFont(faces.glyphFont.c_str());
         m_render.AddFont(faces.base.c_str());
         m_render.Create(-emPixels, 0, 0, 0);
+        m_render.UsePairKerning(faces.isKerned ? PairKerning::on : PairKerning::off);
     }
     void Write(const Raster& raster, int x, int y, const std::u16string& word)
     {
@@ -41,9 +43,10 @@ private:
 
 class PlatformsHand {
 public:
-    explicit PlatformsHand(const std::string& face)
-        : m_font(
-              CreateFontA(-emPixels, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, face.c_str()))
+    explicit PlatformsHand(const ComparedFaces& faces)
+        : m_font(CreateFontA(-emPixels, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0,
+                             faces.base.c_str())),
+          m_options(faces.isKerned ? ETO_PAIRKERNING : 0)
     {
     }
     ~PlatformsHand() { DeleteObject(m_font); }
@@ -53,12 +56,13 @@ public:
     void Write(const Raster& raster, int x, int y, const std::u16string& word)
     {
         const HGDIOBJ before = SelectObject(raster.Context(), m_font);
-        ExtTextOutW(raster.Context(), x, y, 0, nullptr, word.c_str(), static_cast<UINT>(word.size()));
+        ExtTextOutW(raster.Context(), x, y, m_options, nullptr, word.c_str(), static_cast<UINT>(word.size()));
         SelectObject(raster.Context(), before);
     }
 
 private:
     HFONT m_font;
+    UINT m_options;
 };
 
 void MakeReady(const Raster& raster)
@@ -128,7 +132,7 @@ std::set<std::u16string> WordsOf(const std::vector<std::u16string>& texts)
 std::vector<WordLikeness> CompareWords(const std::vector<std::u16string>& texts, const ComparedFaces& faces)
 {
     OurHand ours(faces);
-    PlatformsHand platforms(faces.base);
+    PlatformsHand platforms(faces);
     std::vector<WordLikeness> compared;
     for (const std::u16string& word : WordsOf(texts)) {
         const Raster a(wordWidth, wordHeight), b(wordWidth, wordHeight);
@@ -154,7 +158,7 @@ void SaveWordPairs(const std::vector<WordLikeness>& words, const ComparedFaces& 
 {
     constexpr std::size_t most = 120; // rows of one picture
     OurHand ours(faces);
-    PlatformsHand platforms(faces.base);
+    PlatformsHand platforms(faces);
     const int rows = static_cast<int>(std::min(words.size(), most));
     const Raster sheet(2 * wordWidth, std::max(1, rows) * wordHeight);
     MakeReady(sheet);

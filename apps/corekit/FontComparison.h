@@ -13,6 +13,7 @@ struct WordLikeness {
 struct ComparedFaces {
     std::string glyphFont; // registered; empty for a script whose letters we draw with the face itself
     std::string base;
+    bool isKerned = false; // on both sides
 };
 
 // The words of the texts, each once, the least alike first. Both faces must be known. A word is letters with

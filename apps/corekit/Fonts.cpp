@@ -208,6 +208,7 @@ void AddCompare(CLI::App& fonts)
         ->needs(font)
         ->type_name("TTF");
     command->add_flag("--json", options->isJson, "Print one JSON object instead of a table");
+    command->add_flag("--kerning", options->faces.isKerned, "Kern pairs, on both sides");
     command->add_option("--worst", options->worst, "How many of the least alike words to list")
         ->capture_default_str();
     command->add_option("--picture", options->picture, "Draw the least alike words beside the platform's")

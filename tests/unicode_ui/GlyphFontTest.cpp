@@ -1,5 +1,6 @@
 #include "corekit/unicode/ui/fonts/GlyphFont.h"
 #include "corekit/platform/Gdi.h"
+#include "corekit/platform/PairKerning.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
 #include "tests/platform_ui/Canvas.h"
 #include "tests/RegistryHome.h"
@@ -73,6 +74,15 @@ TEST(GlyphFont, PiecesTogetherAreAsWideAsTheBaseFacesText)
         const int ours = WidthOf(font.name, c.positions, ETO_IGNORELANGUAGE);
         EXPECT_NEAR(ours, WidthOf(font.base, c.text, 0), 2) << font.name << " " << c.positions.size();
     }
+}
+
+TEST(GlyphFont, PairsAreKernedWhereItIsAskedFor)
+{
+    const BuiltFont& font = Font(GlyphScript::Devanagari);
+    constexpr std::u16string_view halfNaAndYa = u"\u0010\u00AA\u00C9";
+    const int platforms = WidthOf(font.base, u"\u0928\u094D\u092F", 0);
+    EXPECT_GT(WidthOf(font.name, halfNaAndYa, ETO_IGNORELANGUAGE), platforms + 10);
+    EXPECT_NEAR(WidthOf(font.name, halfNaAndYa, ETO_IGNORELANGUAGE | ETO_PAIRKERNING), platforms, 2);
 }
 
 TEST(GlyphFont, MarksTakeNoRoom)

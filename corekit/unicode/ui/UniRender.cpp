@@ -2,6 +2,7 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/Gdi.h"
+#include "corekit/platform/PairKerning.h"
 #include "corekit/resources/Messages.h"
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 #include "corekit/unicode/ui/FontDescriptor.h"
@@ -185,6 +186,7 @@ void CUniRender::DrawGlyphString(int x, int y, unsigned options, const CRect& re
                                  CArray<int, int>& types, int count, int extraSpacing)
 {
     if (!m_dc) return;
+    options = Options(options);
     count = lengthOf(glyphs, count);
     if (count == 0) {
         if (options & ETO_OPAQUE) ExtTextOutW(m_dc, x, y, options, &rect, u"", 0);
@@ -201,6 +203,11 @@ void CUniRender::DrawGlyphString(int x, int y, unsigned options, const CRect& re
         DrawMarks(m_run, y, rect);
         x = corekit::detail::WrapAdd(x, width);
     }
+}
+
+UINT CUniRender::Options(UINT options) const
+{
+    return m_kerning == PairKerning::on ? options | ETO_PAIRKERNING : options;
 }
 
 void CUniRender::DrawMarks(const GlyphRun& run, int y, const CRect& rect)
@@ -232,7 +239,7 @@ CSize CUniRender::CalcGlyphStringSize(const WCHAR* glyphs, int count, int extraS
         SIZE size{};
         SelectFont(m_run.slot);
         GetTextExtentPoint32W(m_dc, m_run.text.data(), static_cast<int>(m_run.text.size()), &size,
-                              m_run.options);
+                              Options(m_run.options));
         total.cx = corekit::detail::WrapAdd(total.cx, corekit::detail::WrapAdd(size.cx, m_run.extra));
         total.cy = std::max(total.cy, size.cy);
     }

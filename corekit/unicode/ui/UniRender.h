@@ -27,6 +27,8 @@
 
 class CFontDescriptor;
 
+enum class PairKerning : BYTE { off, on };
+
 class COREKIT_API CUniRender : public CObject {
     DECLARE_DYNAMIC(CUniRender)
 public:
@@ -43,6 +45,10 @@ public:
     void Create(int height, int bold, int underline, int italic);
     // Reset, AddFont for every face, Create with the descriptor's size.
     void CreateFromDescriptor(const CFontDescriptor& font, int bold, int underline, int italic);
+
+    // Whether pairs of glyph codes are kerned where the font has values for them. Off at first: widths are
+    // sums.
+    void UsePairKerning(PairKerning kerning) { m_kerning = kerning; }
 
     // The greatest height of all fonts. Needs no attached context.
     int GetHeight();
@@ -79,6 +85,9 @@ private:
     std::array<FontSlot, corekit::detail::FontCoverage::maxFonts> m_fonts;
     corekit::detail::FontCoverage m_coverage; // the slots' signatures
     HDC m_dc = nullptr;
+    UINT Options(UINT options) const;
+
+    PairKerning m_kerning = PairKerning::off;
     int m_height = 0;       // 0: to be computed
     int m_currentFont = -1; // slot selected into the context
     HGDIOBJ m_savedFont = nullptr;

@@ -1,4 +1,5 @@
 #include "corekit/platform/Errors.h"
+#include "corekit/platform/PairKerning.h"
 #include "corekit/platform/qt/text/GlyphPainter.h"
 #include "corekit/platform/qt/text/WideText.h"
 
@@ -10,12 +11,14 @@ using namespace corekit::detail;
 
 namespace {
 
-constexpr UINT knownOptions = ETO_OPAQUE | ETO_CLIPPED | ETO_RTLREADING | ETO_IGNORELANGUAGE;
+constexpr UINT knownOptions =
+    ETO_OPAQUE | ETO_CLIPPED | ETO_RTLREADING | ETO_IGNORELANGUAGE | ETO_PAIRKERNING;
 
 TextRun runOf(const WCHAR* text, std::size_t count, UINT options, UINT align, const int* distances)
 {
     TextRun run{std::u16string_view(text, count)};
     run.oneToOne = (options & ETO_IGNORELANGUAGE) != 0;
+    run.kerned = (options & ETO_PAIRKERNING) != 0;
     run.rightToLeft = ((options & ETO_RTLREADING) | (align & TA_RTLREADING)) != 0;
     if (distances) run.distances = std::span(distances, count);
     return run;

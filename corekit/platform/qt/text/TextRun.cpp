@@ -39,7 +39,7 @@ unsigned classesIn(std::u16string_view units)
 // whether they belong to the letters depends on their partners.
 Road roadOf(const TextRun& run, unsigned classes)
 {
-    if (classes & textComplex) return Road::shaped;
+    if (classes & textComplex || (run.kerned && run.units.size() <= longestShaped)) return Road::shaped;
     if (!(classes & (textLeft | textDigit))) {
         if (run.rightToLeft) return Road::reversed;
         if (!(classes & textRight)) return Road::straight;
@@ -77,6 +77,22 @@ bool isOneToOne(const SizedFont& font, const TextRun& run)
     return run.oneToOne || font.face().holdsPieces();
 }
 
+// How much further apart neighbours stand than their advances say.
+Subpixels kernBetween(SizedFont& font, char16_t left, char16_t right)
+{
+    const auto glyph = [&](char16_t c) { return font.page(c >> 8).glyphs[c & 0xFF]; };
+    const int units = font.face().kerning().Of(glyph(left), glyph(right));
+    const double perUnit = font.face().designPixels() / font.face().tables().unitsPerEm * font.scaleX();
+    return units == 0 ? 0 : std::llround(units * perUnit * wholePixel);
+}
+
+Subpixels kerningOf(SizedFont& font, std::u16string_view units)
+{
+    Subpixels sum = 0;
+    for (std::size_t i = 1; i < units.size(); ++i) sum += kernBetween(font, units[i - 1], units[i]);
+    return sum;
+}
+
 Subpixels sumOf(std::span<const int> distances)
 {
     Subpixels sum = 0;
@@ -103,9 +119,10 @@ Subpixels measureRun(SizedFont& font, const TextRun& run)
         classes |= table[c];
         width += font.page(c >> 8).advances[c & 0xFF];
     }
-    if (isOneToOne(font, run)) return width;
+    if (isOneToOne(font, run)) return run.kerned ? width + kerningOf(font, run.units) : width;
     const Road road = roadOf(run, classes);
-    if (road == Road::shaped) return shapedWidth(font, font.face().shape(run.units, run.rightToLeft));
+    if (road == Road::shaped)
+        return shapedWidth(font, font.face().shape(run.units, run.rightToLeft, run.kerned));
     if (road == Road::straight || !(classes & textMirrored)) return width;
     width = 0;
     showReversed(run, [&](char16_t c) { width += font.page(c >> 8).advances[c & 0xFF]; });
@@ -131,12 +148,17 @@ void placeRun(SizedFont& font, const TextRun& run, PlacedRun& placed)
             show(run.units[i]);
             pen = start + run.distances[i] * wholePixel;
         }
+    } else if (run.kerned && isOneToOne(font, run)) {
+        for (std::size_t i = 0; i < run.units.size(); ++i) {
+            if (i > 0) pen += kernBetween(font, run.units[i - 1], run.units[i]);
+            show(run.units[i]);
+        }
     } else if (road == Road::straight) {
         for (const char16_t c : run.units) show(c);
     } else if (road == Road::reversed) {
         showReversed(run, show);
     } else {
-        const ShapedText& shaped = font.face().shape(run.units, run.rightToLeft);
+        const ShapedText& shaped = font.face().shape(run.units, run.rightToLeft, run.kerned);
         for (const ShapedGlyph& g : shaped.glyphs)
             placed.glyphs.push_back({std::llround(g.x * font.scaleX() * wholePixel),
                                      static_cast<int>(std::lround(g.y * font.scaleY())), g.glyph});

@@ -10,6 +10,7 @@ namespace corekit::detail {
 struct TextRun {
     std::u16string_view units;
     bool oneToOne = false;
+    bool kerned = false;              // one to one by the kern table, else by the layout
     bool rightToLeft = false;         // the base direction
     std::span<const int> distances{}; // empty, or an advance in pixels for every unit
 };

@@ -113,23 +113,25 @@ const QPainterPath& Typeface::outline(std::uint16_t glyph)
     return outlines_.emplace(glyph, raw_.pathForGlyph(glyph)).first->second;
 }
 
-const ShapedText& Typeface::shape(std::u16string_view text, bool rightToLeft)
+const ShapedText& Typeface::shape(std::u16string_view text, bool rightToLeft, bool kerned)
 {
-    if (text.size() > longestCached) return uncached_ = layOut(text, rightToLeft);
-    LayoutCache& cache = layouts_[rightToLeft];
+    if (text.size() > longestCached) return uncached_ = layOut(text, rightToLeft, kerned);
+    LayoutCache& cache = layouts_[rightToLeft][kerned];
     if (const auto found = cache.find(text); found != cache.end()) return found->second;
     if (cache.size() >= cachedLayouts) cache.clear();
-    return cache.emplace(text, layOut(text, rightToLeft)).first->second;
+    return cache.emplace(text, layOut(text, rightToLeft, kerned)).first->second;
 }
 
-ShapedText Typeface::layOut(std::u16string_view text, bool rightToLeft) const
+ShapedText Typeface::layOut(std::u16string_view text, bool rightToLeft, bool kerned) const
 {
+    QFont font = font_;
+    font.setKerning(kerned);
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setTextDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     option.setWrapMode(QTextOption::NoWrap);
     option.setUseDesignMetrics(true);
     option.setFlags(QTextOption::IncludeTrailingSpaces);
-    QTextLayout layout(layoutText(text), font_);
+    QTextLayout layout(layoutText(text), font);
     layout.setTextOption(option);
     layout.beginLayout();
     QTextLine line = layout.createLine();
@@ -148,6 +150,16 @@ ShapedText Typeface::layOut(std::u16string_view text, bool rightToLeft) const
                                      static_cast<float>(positions[i].y() - baseline)});
     }
     return shaped;
+}
+
+const KernTable& Typeface::kerning()
+{
+    if (!kerning_) {
+        const QByteArray bytes = table("kern");
+        kerning_ = std::make_unique<const KernTable>(std::span(
+            reinterpret_cast<const BYTE*>(bytes.constData()), static_cast<std::size_t>(bytes.size())));
+    }
+    return *kerning_;
 }
 
 } // namespace corekit::detail

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "corekit/platform/qt/text/FontTables.h"
+#include "corekit/platform/qt/text/KernTable.h"
 
 #include <cstdint>
 #include <memory>
@@ -37,6 +38,7 @@ public:
     // A face that claims no Unicode range has pieces of writing at its codes, not characters: each is drawn
     // for itself and may touch the next.
     bool holdsPieces() const { return holdsPieces_; }
+    const KernTable& kerning();                           // read when it is asked for
     double designPixels() const { return designPixels_; } // per em
 
     // Glyphs and advances (in design pixels) of the 256 code units high * 256 ...
@@ -45,7 +47,7 @@ public:
     bool isBlank(std::uint16_t glyph) { return outline(glyph).isEmpty(); }
 
     // Lays logical text out with full shaping and ordering. The result stands until the next call.
-    const ShapedText& shape(std::u16string_view text, bool rightToLeft);
+    const ShapedText& shape(std::u16string_view text, bool rightToLeft, bool kerned = false);
 
 private:
     struct TextHash {
@@ -54,7 +56,7 @@ private:
     };
     using LayoutCache = std::unordered_map<std::u16string, ShapedText, TextHash, std::equal_to<>>;
 
-    ShapedText layOut(std::u16string_view text, bool rightToLeft) const;
+    ShapedText layOut(std::u16string_view text, bool rightToLeft, bool kerned) const;
 
     std::string name_;
     QFont font_;
@@ -63,8 +65,9 @@ private:
     bool holdsPieces_ = false;
     double designPixels_ = 0;
     std::unordered_map<std::uint16_t, QPainterPath> outlines_;
-    LayoutCache layouts_[2];
+    LayoutCache layouts_[2][2]; // by direction and kerning
     ShapedText uncached_;
+    std::unique_ptr<const KernTable> kerning_;
 };
 
 } // namespace corekit::detail

@@ -2,6 +2,7 @@
 
 #include "corekit/stores/RegistryKey.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
+#include "corekit/unicode/ui/fonts/GlyphKerning.h"
 #include "corekit/unicode/ui/fonts/GlyphPieces.h"
 #include "corekit/unicode/ui/fonts/TrueTypeFile.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
@@ -50,7 +51,8 @@ const char* NameOf(GlyphScript script) { return ScriptOf(script).name; }
 
 BuiltGlyphFont BuildGlyphFont(GlyphScript script, const ShapingFace& base, const std::string& faceName)
 {
-    GlyphPieces pieces(base, ScriptOf(script).rules);
+    const GlyphFontRules rules = ScriptOf(script).rules;
+    const GlyphPieces pieces(base, rules);
     BuiltGlyphFont built;
     TrueTypeFile file;
     file.unitsPerEm = base.UnitsPerEm();
@@ -63,6 +65,7 @@ BuiltGlyphFont BuildGlyphFont(GlyphScript script, const ShapingFace& base, const
     file.glyphs.push_back({{}, file.unitsPerEm / 2}); // what stands for a missing glyph
     file.glyphs.push_back({{}, static_cast<int>(base.Shape(u" ").advance)});
     file.codes = CodesOf(blankPosition, 1);
+    WORD glyphOf[lastPosition + 1] = {};
     for (int position = 1; position <= lastPosition; ++position) {
         if (position == blankPosition) continue;
         GlyphPieceShape shape;
@@ -75,11 +78,15 @@ BuiltGlyphFont BuildGlyphFont(GlyphScript script, const ShapingFace& base, const
         case GlyphPieceState::made:
             break;
         }
+        glyphOf[position] = static_cast<WORD>(file.glyphs.size());
         for (const TrueTypeCode& code : CodesOf(position, static_cast<WORD>(file.glyphs.size())))
             file.codes.push_back(code);
         file.glyphs.push_back({std::move(shape.outline), static_cast<int>(shape.advance)});
         ++built.pieces;
     }
+    for (const GlyphPair& pair : KerningOf(base, rules.rows, pieces))
+        file.pairs.push_back({glyphOf[pair.left & 0xFF], glyphOf[pair.right & 0xFF], pair.move});
+    std::erase_if(file.pairs, [](const TrueTypePair& p) { return p.left == 0 || p.right == 0; });
     built.file = file.Write();
     return built;
 }

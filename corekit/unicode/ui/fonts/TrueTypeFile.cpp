@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <span>
+#include <string_view>
 #include <utility>
 
 namespace corekit::detail {
@@ -298,6 +300,27 @@ Bytes PostScript(const TrueTypeFile& file)
     return b;
 }
 
+// ---- Kerning ----------------------------------------------------------------------------------
+
+// As many subtables as their length of 16 bits asks for.
+Bytes Kerning(std::vector<TrueTypePair> pairs)
+{
+    constexpr std::size_t most = 10000;
+    std::ranges::sort(pairs, {}, [](const TrueTypePair& p) { return std::pair(p.left, p.right); });
+    const auto count = static_cast<int>((pairs.size() + most - 1) / most);
+    Bytes b;
+    for (const int v : {0, count}) b.U16(v);
+    for (std::size_t at = 0; at < pairs.size(); at += most) {
+        const int n = static_cast<int>(std::min(most, pairs.size() - at)),
+                  power = static_cast<int>(std::log2(n));
+        const int range = 6 << power;
+        for (const int v : {0, 14 + 6 * n, 1, n, range, power, 6 * n - range}) b.U16(v);
+        for (const TrueTypePair& p : std::span(pairs).subspan(at, static_cast<std::size_t>(n)))
+            for (const int v : {int{p.left}, int{p.right}, p.move}) b.U16(v);
+    }
+    return b;
+}
+
 // ---- The file ---------------------------------------------------------------------------------
 
 DWORD SumOf(const std::vector<BYTE>& padded)
@@ -310,7 +333,7 @@ DWORD SumOf(const std::vector<BYTE>& padded)
 }
 
 struct Table {
-    const char* tag;
+    std::string_view tag;
     Bytes bytes;
 };
 
@@ -325,8 +348,9 @@ std::vector<BYTE> Assemble(std::vector<Table> tables)
     for (Table& table : tables) {
         const auto size = static_cast<DWORD>(table.bytes.Size());
         table.bytes.PadTo4();
-        if (std::string_view(table.tag) == "head") head = place;
-        for (int i = 0; i < 4; ++i) out.U8(static_cast<unsigned char>(table.tag[i]));
+        if (table.tag == "head") head = place;
+        for (int i = 0; i < 4; ++i)
+            out.U8(static_cast<unsigned char>(table.tag[static_cast<std::size_t>(i)]));
         out.U32(SumOf(table.bytes.data));
         out.U32(static_cast<DWORD>(place));
         out.U32(size);
@@ -344,16 +368,15 @@ std::vector<BYTE> Assemble(std::vector<Table> tables)
 std::vector<BYTE> TrueTypeFile::Write() const
 {
     GlyphTables t = TablesOf(glyphs);
-    return Assemble({{"OS/2", Os2(*this)},
-                     {"cmap", CharacterMap(*this)},
-                     {"glyf", std::move(t.outlines)},
-                     {"head", Head(*this, t.box)},
-                     {"hhea", HorizontalHeader(*this, t)},
-                     {"hmtx", std::move(t.widths)},
-                     {"loca", std::move(t.places)},
-                     {"maxp", Profile(*this, t)},
-                     {"name", Names(*this)},
-                     {"post", PostScript(*this)}});
+    std::vector<Table> tables{
+        {"OS/2", Os2(*this)},          {"cmap", CharacterMap(*this)},        {"glyf", std::move(t.outlines)},
+        {"head", Head(*this, t.box)},  {"hhea", HorizontalHeader(*this, t)}, {"hmtx", std::move(t.widths)},
+        {"loca", std::move(t.places)}, {"maxp", Profile(*this, t)},          {"name", Names(*this)},
+        {"post", PostScript(*this)}};
+    if (!pairs.empty()) // tables stand by their tags
+        tables.insert(std::ranges::find(tables, std::string_view("loca"), &Table::tag),
+                      {"kern", Kerning(pairs)});
+    return Assemble(std::move(tables));
 }
 
 } // namespace corekit::detail

@@ -14,11 +14,18 @@ struct TrueTypeCode {
     WORD character, glyph;
 };
 
+struct TrueTypePair {
+    WORD left, right; // glyphs
+    int move = 0;     // of the right one, to the right
+};
+
 struct TrueTypeFile {
     int unitsPerEm = 1000, ascent = 0, descent = 0;
     std::string family, copyright, licence, licenceAddress; // UTF-8
     std::vector<TrueTypeGlyph> glyphs;                      // the first stands for what is missing
     std::vector<TrueTypeCode> codes;                        // any order, each character once
+
+    std::vector<TrueTypePair> pairs; // for the kern table; any order, each pair once
 
     std::vector<BYTE> Write() const;
 };
