@@ -257,8 +257,8 @@ void Desk::Tick()
 {
     TakeEdits();
     if (!m_session.Tick(PromptWnd::Now())) return;
+    m_outputs.ShowFrame(); // first: the desk may wait
     m_preview.ShowFrame();
-    m_outputs.ShowFrame();
 }
 
 void Desk::OnTimer(UINT_PTR id)

@@ -46,7 +46,10 @@ bool OutputWindows::Has(HWND window) const
 
 void OutputWindows::ShowFrame()
 {
-    for (const Window& w : m_windows) w.window->ShowFrame();
+    for (const Window& w : m_windows) {
+        w.window->ShowFrame();
+        w.window->UpdateWindow();
+    }
 }
 
 void OutputWindows::TakeFocus()
