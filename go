@@ -19,6 +19,7 @@ usage: ./go COMMAND [ARGUMENTS]
   bench [NAME...]  measure against the peers a user would pick, print the ratios; --quick, --write docs
   fuzz [SECONDS]   run every fuzz target for SECONDS (default 60)
   asan | tsan      the core tests under address and undefined-behaviour, or thread, sanitizer
+  asan-windows     the window tests under the first; asan without a pattern runs them, too
   format [--check] lay out the sources by .clang-format
   lint             the house rules, then clang-tidy
   docs             the reference as web pages in build/docs/html; ends with 1 if a comment cannot be understood
@@ -128,6 +129,17 @@ draw_demo() {
     done
 }
 
+window_tests="windows_ui controls_ui dialogs_ui edit_ui drawing_ui"
+
+# sanitize_windows [PATTERN]: only what these tests need is built.
+sanitize_windows() {
+    need build test
+    want_ui
+    [ -z "$(missing ui)" ] || return 0
+    build asan-windows $(printf 'test_%s ' $window_tests)
+    run_tests asan-windows "${1:-^(${window_tests// /|})/}"
+}
+
 sanitized() {
     need build test
     build "$1"
@@ -178,7 +190,12 @@ test)
     build release
     run_tests release "$@"
     ;;
-asan | tsan) sanitized "$command" "$@" ;;
+asan)
+    sanitized asan "$@"
+    [ $# -gt 0 ] || sanitize_windows
+    ;;
+asan-windows) sanitize_windows "$@" ;;
+tsan) sanitized tsan "$@" ;;
 bench)
     need build bench
     want_ui
