@@ -23,6 +23,7 @@ ON_WM_SIZE()
 ON_WM_INITMENUPOPUP()
 ON_WM_ERASEBKGND()
 ON_WM_MENUSELECT()
+ON_WM_SHOWWINDOW()
 ON_MESSAGE(WM_IDLEUPDATECMDUI, &CFrameWnd::OnIdleUpdateCmdUI)
 END_MESSAGE_MAP()
 
@@ -141,6 +142,13 @@ void CFrameWnd::OnSize(UINT how, int width, int height)
 
 // A view covers the frame.
 BOOL CFrameWnd::OnEraseBkgnd(CDC* dc) { return m_pViewActive ? TRUE : CWnd::OnEraseBkgnd(dc); }
+
+// Bars that float come and go with the frame.
+void CFrameWnd::OnShowWindow(BOOL show, UINT why)
+{
+    CWnd::OnShowWindow(show, why);
+    DelayRecalcLayout();
+}
 
 // ---- What the status bar says
 

@@ -85,6 +85,7 @@ protected:
     void OnSize(UINT how, int width, int height);
     void OnInitMenuPopup(CMenu* menu, UINT index, BOOL isSystemMenu);
     BOOL OnEraseBkgnd(CDC* dc);
+    void OnShowWindow(BOOL show, UINT why);
     void OnMenuSelect(UINT id, UINT flags, HMENU menu);
     LRESULT OnIdleUpdateCmdUI(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()

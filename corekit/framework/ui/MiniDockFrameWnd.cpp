@@ -54,7 +54,9 @@ void CMiniDockFrameWnd::RecalcLayout(BOOL)
     m_wndDockBar.MoveWindow(CRect(CPoint(edge, edge + captionHeight), inside));
     if (place.Size() != size)
         SetWindowPos(nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    const bool shows = m_wndDockBar.GetDockedVisibleCount() > 0;
+    // Shown before the frame that it belongs to, it would not stay above that one.
+    const bool shows =
+        m_wndDockBar.GetDockedVisibleCount() > 0 && GetParent() && GetParent()->IsWindowVisible();
     if (shows != ((GetStyle() & WS_VISIBLE) != 0)) ShowWindow(shows ? SW_SHOWNA : SW_HIDE);
     if (CControlBar* const bar = OnlyBar()) {
         CString title, former;
