@@ -4,13 +4,13 @@
 
 namespace {
 
-// Letters of like size at one height of their cells; Amiri and DejaVu Sans, whose cells are higher, for
-// machines that have few others.
+// Letters of like size at one height of their cells.
 constexpr const char* faces[] = {
     "Noto Sans",     "Noto Naskh Arabic",    "Noto Serif Hebrew", "CoreKit Devanagari", "CoreKit Bengali",
     "CoreKit Tamil", "Noto Sans Devanagari", "Noto Sans Bengali", "Noto Sans Tamil",    "DejaVu Sans",
-    "Amiri",
 };
+// Its cells are four times as high as its letters, and so would be every line.
+constexpr const char* arabicWithoutNoto = "Amiri";
 
 } // namespace
 
@@ -21,5 +21,7 @@ CFontDescriptor UsualFonts(int size)
     fonts.SetSize(size);
     for (const char* const face : faces)
         if (manager->IsFontValid(face)) fonts.AddFont(face);
+    if (!manager->IsFontValid("Noto Naskh Arabic") && manager->IsFontValid(arabicWithoutNoto))
+        fonts.AddFont(arabicWithoutNoto);
     return fonts;
 }
