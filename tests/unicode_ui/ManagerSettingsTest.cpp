@@ -1,8 +1,10 @@
 #include "corekit/framework/Exception.h"
+#include "corekit/platform/GdiContexts.h"
 #include "corekit/stores/RegistryKey.h"
 #include "corekit/stores/RegistryText.h"
 #include "corekit/unicode/ui/keyboards/KBLayout.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
+#include "corekit/unicode/ui/UniRender.h"
 #include "tests/RegistryHome.h"
 
 #include <gtest/gtest.h>
@@ -98,6 +100,19 @@ TEST_F(ManagerSettings, ControlsFontComesBackAndFallsBack)
     manager.SetControlsFontDescriptor(CFontDescriptor()); // none is no choice
     manager.GetControlsFontDescriptor(font);
     EXPECT_STREQ(font.GetCombinedString(), "15\n1\nArial\n");
+}
+
+TEST_F(ManagerSettings, TheFontOfControlsDrawsWhateverFacesTheMachineHas)
+{
+    CFontDescriptor font;
+    manager.GetControlsFontDescriptor(font);
+    CUniRender render;
+    render.CreateFromDescriptor(font, FALSE, FALSE, FALSE);
+    const HDC context = CreateCompatibleDC(nullptr);
+    render.AttachDC(context);
+    EXPECT_GT(render.CalcLogicalStringSize(u"News", -1, 0).cx, 20);
+    render.DetachDC();
+    DeleteDC(context);
 }
 
 TEST_F(ManagerSettings, OverridesLeaveTheRegistryAlone)

@@ -62,6 +62,7 @@ void CUnicodeManager::InternalInit()
     m_dc.Attach(CreateCompatibleDC(nullptr));
     if (!EnumFontsA(m_dc.GetSafeHdc(), nullptr, &EnumFontsCallbackHelper, reinterpret_cast<LPARAM>(this)))
         AfxThrowMemoryException();
+    AddDefaultFace();
     InitKeyboards();
     LoadRegistryConfig();
 }
@@ -81,6 +82,14 @@ int CUnicodeManager::EnumFontsCallback(const LOGFONTA* font, DWORD type)
     m_fonts.SetAt(key, info.get());
     info.release();
     return 1;
+}
+
+// Where the machine has not got the face of controls, the platform draws another one under its name.
+void CUnicodeManager::AddDefaultFace()
+{
+    LOGFONTA font{};
+    std::strncpy(font.lfFaceName, defaultControlsFace, sizeof font.lfFaceName - 1);
+    EnumFontsCallback(&font, TRUETYPE_FONTTYPE);
 }
 
 bool CUnicodeManager::IsFontValid(const char* face) const

@@ -41,6 +41,7 @@ public:
     static CUnicodeManager* GetObjectA();
 
     // ---- Fonts. Names of faces compare without regard to case.
+    // "Arial" always is: where the machine has not got it, another face is drawn under its name.
     bool IsFontValid(const char* face) const;
     // The record of a face, its signature read; null for a face that the machine does not have.
     CFontMapInfo* GetFontMapInfo(const char* face);
@@ -172,6 +173,8 @@ private:
     bool StepKeyboard(int step);
     bool SendConverted(MSG& message, BYTE first, BYTE second) const;
     void LoadControlsFont(CRegistryKey& key);
+    static constexpr const char* defaultControlsFace = "Arial";
+    void AddDefaultFace();
     static int EnumFontsCallbackHelper(const LOGFONTA* font, const TEXTMETRICA* metrics, DWORD type,
                                        LPARAM manager);
     int EnumFontsCallback(const LOGFONTA* font, DWORD type);

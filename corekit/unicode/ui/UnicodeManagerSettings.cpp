@@ -18,7 +18,6 @@ constexpr const char* underlineSelectName = "Underline Select";
 constexpr const char* defaultLocaleName = "Default Locale";
 
 constexpr int defaultControlsSize = 15;
-constexpr const char* defaultControlsFace = "Arial";
 
 // Makes the key where it is missing. Where that cannot be, the settings are read as far as they are there, or
 // have their defaults.
