@@ -31,8 +31,8 @@ says() {
 
 refused
 refused nonsense
-refused fnts
-grep -q "did you mean 'fonts'?" "$scratch/err" || fail "no command like fnts: $(cat "$scratch/err")"
+refused regstry
+grep -q "did you mean 'registry'?" "$scratch/err" || fail "no command like regstry: $(cat "$scratch/err")"
 refused ole lst
 refused char
 refused char U+110000
