@@ -53,14 +53,14 @@ def table(rows, human):
     return "\n".join(lines)
 
 
-def write(folder, rows, human):
+def write(folder, rows, human, command):
     with open(os.path.join(folder, "performance.svg"), "w") as file:
         file.write(bars(rows))
     with open(os.path.join(folder, "performance.md"), "w") as file:
         file.write(f"""# Performance
 
 Each path is measured beside what one would use instead, in one process, with the same data; the median of a few
-runs counts. `./go bench --write docs` made this page on {versions()}.
+runs counts. `{command}` with `--write docs` made this page on {versions()}.
 
 {table(rows, human)}
 

@@ -50,6 +50,7 @@ def measure(programs, quick):
                 if b.get("aggregate_name") == "median":
                     name = b["run_name"].removesuffix("/real_time").removesuffix("/manual_time")
                     subject, path, peer = name.split("/", 2)
+                    peer = peer.split("/")[0]  # arguments follow; the path's name tells them
                     paths.setdefault(f"{subject}/{path}", {})[peer] = rate_of(b)
     return paths
 
@@ -98,7 +99,8 @@ def main():
     short = sum(row.is_short for row in rows)
     print(f"{short} path(s) short of their goal" if short else "every path reaches its goal")
     if given.write:
-        page.write(given.write, rows, human)
+        command = " ".join(["./go bench", *(["--quick"] if given.quick else []), *given.names])
+        page.write(given.write, rows, human, command)
 
 
 main()
