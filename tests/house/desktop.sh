@@ -3,38 +3,9 @@
 # Real focus, the clipboard between two processes, the mouse captured beyond the window.
 set -u
 edit=$1 list=$2 options=$3
-for tool in Xvfb openbox xdotool xclip; do
-    command -v "$tool" >/dev/null || { echo "desktop.sh: $tool is missing"; exit 1; }
-done
-home=$(mktemp -d)
-server= manager= program=
-finish() {
-    [ -z "$program" ] || kill "$program" 2>/dev/null
-    [ -z "$manager" ] || kill "$manager" 2>/dev/null
-    [ -z "$server" ] || kill "$server" 2>/dev/null
-    wait 2>/dev/null
-    rm -rf "$home"
-}
-trap finish EXIT
-fail() { echo "desktop.sh: $*"; exit 1; }
-
-mkfifo "$home/display"
-Xvfb -displayfd 3 -screen 0 1000x700x24 -nolisten tcp -noreset 3>"$home/display" 2>/dev/null &
-server=$!
-read -r number <"$home/display" || fail "no X server"
-export DISPLAY=:$number QT_QPA_PLATFORM=xcb COREKIT_HOME=$home/registry LC_ALL=C
-openbox >/dev/null 2>&1 &
-manager=$!
-
-# until_true COMMAND...: half a minute for it to succeed.
-until_true() {
-    for _ in $(seq 300); do
-        "$@" >/dev/null 2>&1 && return 0
-        sleep 0.1
-    done
-    return 1
-}
-until_true xdotool get_num_desktops || fail "no window manager"
+. "$(dirname "$0")/x_desktop.sh"
+export LC_ALL=C
+start_desktop 1000x700 xclip
 
 open() {
     "$2" &

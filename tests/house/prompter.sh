@@ -3,39 +3,9 @@
 # Remote control tells where it stands; pictures of its windows tell what is seen, and are kept in PICTURES.
 set -u
 prompter=$1 pictures=${2:-} remote=$(dirname "$0")/../../examples/prompter-remote/prompter-remote
-for tool in Xvfb openbox xdotool xwd xwdtopnm pnmtopng pnmflip; do
-    command -v "$tool" >/dev/null || { echo "prompter.sh: $tool is missing"; exit 1; }
-done
-home=$(mktemp -d)
-server= manager= program=
-finish() {
-    [ -z "$program" ] || kill "$program" 2>/dev/null
-    [ -z "$manager" ] || kill "$manager" 2>/dev/null
-    [ -z "$server" ] || kill "$server" 2>/dev/null
-    wait 2>/dev/null
-    rm -rf "$home"
-}
-trap finish EXIT
-fail() { echo "prompter.sh: $*"; exit 1; }
-
-mkfifo "$home/display"
-Xvfb -displayfd 3 -screen 0 1280x720x24 -nolisten tcp -noreset 3>"$home/display" 2>/dev/null &
-server=$!
-read -r number <"$home/display" || fail "no X server"
-export DISPLAY=:$number QT_QPA_PLATFORM=xcb COREKIT_HOME=$home/registry LC_ALL=C.UTF-8 HOME=$home
-export XDG_CONFIG_HOME=$home/config XDG_STATE_HOME=$home/state
-openbox >/dev/null 2>&1 &
-manager=$!
-
-# until_true COMMAND...: half a minute for it to succeed.
-until_true() {
-    for _ in $(seq 300); do
-        "$@" >/dev/null 2>&1 && return 0
-        sleep 0.1
-    done
-    return 1
-}
-until_true xdotool get_num_desktops || fail "no window manager"
+. "$(dirname "$0")/x_desktop.sh"
+export LC_ALL=C.UTF-8
+start_desktop 1280x720 xwd xwdtopnm pnmtopng pnmflip
 
 active_is() { [[ $(xdotool getactivewindow getwindowname) == $1 ]]; }
 expect_window() { until_true active_is "$1" || fail "no window '$1', but '$(xdotool getactivewindow getwindowname)'"; }
