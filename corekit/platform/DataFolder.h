@@ -19,6 +19,6 @@ bool MakeFolder(const std::string& path);
 bool IsOfSystem(const std::string& path);
 
 // Whether this user may write to the file, or make it and the folders above it.
-bool MayWrite(const std::string& path);
+COREKIT_API bool MayWrite(const std::string& path);
 
 } // namespace corekit::detail

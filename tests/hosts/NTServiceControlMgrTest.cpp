@@ -1,30 +1,14 @@
 #include "tests/hosts/FakeManager.h"
+#include "tests/support/Positions.h"
 #include "tests/TempFolder.h"
 
 #include "corekit/hosts/NTServiceControlMgr.h"
-#include "corekit/logging/ProgressSink.h"
 #include "corekit/platform/Errors.h"
 
 #include <chrono>
 #include <gtest/gtest.h>
 
 namespace {
-
-// The positions that it was told.
-class Positions : public CProgressSink {
-public:
-    std::vector<int> told;
-
-protected:
-    void DoSetPos(int position) override { told.push_back(position); }
-    void DoSetStatus(const char*) override {}
-    void DoSetRange(int, int) override {}
-    void DoSetStep(int) override {}
-    void DoStepIt() override {}
-    int DoMessageBox(const char*, unsigned int) override { return 0; }
-    CWnd* DoGetDialogOwnerWnd() override { return nullptr; }
-    int DoCancelPressed() override { return 0; }
-};
 
 class ServiceControl : public testing::Test {
 protected:
@@ -97,7 +81,7 @@ TEST_F(ServiceControl, AStartTurnsTheProgressUntilItRuns)
     };
     ASSERT_TRUE(manager.OpenLocal(SC_MANAGER_CONNECT));
     EXPECT_TRUE(manager.StartServiceA("a", &positions));
-    EXPECT_EQ(positions.told, (std::vector<int>{0, 2}));
+    EXPECT_EQ(positions.seen, (std::vector<int>{0, 2}));
     EXPECT_FALSE(manager.StartServiceA("a", nullptr));
     EXPECT_EQ(GetLastError(), ERROR_SERVICE_ALREADY_RUNNING);
 }
@@ -120,7 +104,7 @@ TEST_F(ServiceControl, EndsOtherThanTheWantedOneGiveNothing)
     };
     machine.Set("a.service", {"active", ""});
     EXPECT_TRUE(manager.StopService("a", &positions));
-    EXPECT_EQ(positions.told, (std::vector<int>{0, 1}));
+    EXPECT_EQ(positions.seen, (std::vector<int>{0, 1}));
 }
 
 // Whatever becomes of the bus, no call waits longer than its limit, and the reason is told.

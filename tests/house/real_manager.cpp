@@ -1,8 +1,9 @@
 // A service from its installation to its removal under a service manager that is not ours: real_manager
 // RUNTIME UNITS, where the manager's socket and its folder of units are. With -service it is that service.
+#include "tests/support/Positions.h"
+
 #include "corekit/hosts/NTServiceControlMgr.h"
 #include "corekit/hosts/ServiceApp.h"
-#include "corekit/logging/ProgressSink.h"
 #include "corekit/platform/Handles.h"
 #include "corekit/platform/Waits.h"
 
@@ -49,21 +50,6 @@ protected:
         *argv += isMine;
         return isMine;
     }
-};
-
-class Positions final : public CProgressSink {
-public:
-    std::vector<int> seen;
-
-protected:
-    void DoSetPos(int position) override { seen.push_back(position); }
-    void DoSetStatus(const char*) override {}
-    void DoSetRange(int, int) override {}
-    void DoSetStep(int) override {}
-    void DoStepIt() override {}
-    int DoMessageBox(const char*, unsigned int) override { return 0; }
-    CWnd* DoGetDialogOwnerWnd() override { return nullptr; }
-    int DoCancelPressed() override { return 0; }
 };
 
 int connectTo(const std::string& path)

@@ -71,6 +71,7 @@ is '[
   {"place": 0, "was": 0, "code": "U+05D0", "char": "א", "direction": "1 right-to-left", "general type": "other letter", "glyph codes": "U+05D0 א"}
 ]' shape א --json
 says '"what": "registry", "state": "(ok|missing)"' doctor --json
+COREKIT_HOME=/dev/null/home says '"registry", "state": "missing"' doctor --json
 
 [ "$(printf 'one two' | "$tool" deflate - - | "$tool" inflate - -)" = 'one two' ] || fail "no way there and back through pipes"
 [ "$(printf caf\\351 | "$tool" convert --from 1252 --to utf-8 - -o -)" = café ] || fail "convert through pipes"
