@@ -17,6 +17,7 @@ usage: ./go COMMAND [ARGUMENTS]
   build            build the libraries and the tool
   setup [SECTION]  install missing packages (default: build ui test)
   bench [NAME...]  measure against the peers a user would pick, print the ratios; --quick, --write docs
+  bench growth     measure how costs grow from a thousand entries to a million; --write docs
   fuzz [SECONDS]   run every fuzz target for SECONDS (default 60)
   asan | tsan      the core tests under address and undefined-behaviour, or thread, sanitizer
   asan-windows     the window tests under the first; asan without a pattern runs them, too
@@ -199,6 +200,11 @@ tsan) sanitized tsan "$@" ;;
 bench)
     need build bench
     want_ui
+    if [ "${1:-}" = growth ]; then
+        shift
+        build bench growth
+        exec python3 benchmarks/growth.py build/bench/bin "$@"
+    fi
     build bench
     python3 benchmarks/run.py build/bench/bin "$@"
     ;;

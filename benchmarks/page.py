@@ -53,9 +53,23 @@ def table(rows, human):
     return "\n".join(lines)
 
 
+GROWTH = "## Growth"  # what stands from there on is the other run's
+
+
+def read(folder):
+    """The page in two: what the peers' run wrote, and the growth's."""
+    try:
+        with open(os.path.join(folder, "performance.md")) as file:
+            peers, heading, growth = file.read().partition(GROWTH)
+            return peers, heading + growth
+    except FileNotFoundError:
+        return "# Performance\n\n", ""
+
+
 def write(folder, rows, human, command):
     with open(os.path.join(folder, "performance.svg"), "w") as file:
         file.write(bars(rows))
+    growth = read(folder)[1]
     with open(os.path.join(folder, "performance.md"), "w") as file:
         file.write(f"""# Performance
 
@@ -65,4 +79,20 @@ runs counts. `{command}` with `--write docs` made this page on {versions()}.
 {table(rows, human)}
 
 ![Bars: times the best peer](performance.svg)
+{chr(10) + growth if growth else ""}""")
+
+
+def write_growth(folder, curves):
+    peers = read(folder)[0].rstrip("\n")
+    with open(os.path.join(folder, "performance.md"), "w") as file:
+        file.write(f"""{peers}
+
+{GROWTH}
+
+What an operation costs among few entries and among many, in microseconds of processor time; the best of a few runs
+counts. `./go bench growth --write docs` made this part on {versions()}.
+
+{curves}
+
+![Lines: microseconds by number of entries](growth.svg)
 """)
