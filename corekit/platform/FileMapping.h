@@ -29,7 +29,11 @@ COREKIT_API HANDLE CreateFileMappingA(HANDLE file, _SECURITY_ATTRIBUTES* securit
 // 65536 (1132). FILE_MAP_WRITE allows both and needs PAGE_READWRITE. Null on failure.
 COREKIT_API void* MapViewOfFile(HANDLE mapping, DWORD access, DWORD offsetHigh, DWORD offsetLow,
                                 std::size_t bytes);
-// The address is the one that MapViewOfFile gave; any other is refused with 487.
+// Makes a view that begins with its file show the first `bytes` bytes of a larger mapping of the same file.
+// It may move, though not at every step: addresses are set aside for the next ones. Null on failure; then it
+// is as it was.
+COREKIT_API void* ExtendViewOfFile(const void* view, HANDLE mapping, std::size_t bytes);
+// The address is the one that MapViewOfFile or ExtendViewOfFile gave; any other is refused with 487.
 COREKIT_API BOOL UnmapViewOfFile(const void* view);
 // Returns when what was written to this many bytes of a view is on the device, up to the view's end for 0.
 // The address lies in a view.

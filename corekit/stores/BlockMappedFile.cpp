@@ -1,11 +1,13 @@
 #include "corekit/stores/BlockMappedFile.h"
 
 #include "corekit/framework/Exception.h"
+#include "corekit/stores/FreeRuns.h"
 
 #include <algorithm>
 #include <bit>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 IMPLEMENT_DYNAMIC(CBlockMappedFile, CObject)
 
@@ -14,6 +16,7 @@ using namespace corekit::detail;
 namespace {
 
 constexpr DWORD growth = 64;
+constexpr DWORD wordBlocks = 64; // of the map that are looked at together
 constexpr std::uint64_t largestFile = std::numeric_limits<DWORD>::max();
 
 std::uint64_t FileBytes(std::uint64_t blocks, DWORD blockSize)
@@ -30,6 +33,10 @@ bool IsShapeTrue(const BlockFileHeader& header, DWORD fileSize)
 
 } // namespace
 
+CBlockMappedFile::CBlockMappedFile() : m_freeRuns(std::make_unique<FreeRuns>()) {}
+
+CBlockMappedFile::~CBlockMappedFile() = default;
+
 int CBlockMappedFile::CreateFileA(const char* name, int blockSize, int blockShift, int blockCount)
 {
     EnsureClosed();
@@ -38,7 +45,6 @@ int CBlockMappedFile::CreateFileA(const char* name, int blockSize, int blockShif
     if (FileBytes(count, size) > largestFile) return 0;
     if (!m_file.CreateFileA(name, static_cast<DWORD>(FileBytes(count, size)))) return 0;
     m_writable = true;
-    m_firstFree = 0;
     m_header = {{},
                 blockFileVersion,
                 size,
@@ -65,7 +71,6 @@ int CBlockMappedFile::OpenFile(const char* name, int bWrite)
     EnsureClosed();
     if (!m_file.OpenFile(name, bWrite)) return 0;
     m_writable = bWrite != 0;
-    m_firstFree = 0;
     if (!LoadHeader()) {
         Close();
         return 0;
@@ -79,6 +84,7 @@ void CBlockMappedFile::Close()
     m_file.Close();
     m_name.Empty();
     m_header = {};
+    m_freeRuns->Forget();
     m_writable = false;
 }
 
@@ -134,21 +140,28 @@ void CBlockMappedFile::SetClassID(const GUID& classId)
 
 // --- the map
 
-// The first block of that state in [from, end), or `end`. What no page covers counts as allocated.
+// The bits of the 64 blocks that the block is one of. What no page covers counts as allocated.
+std::uint64_t CBlockMappedFile::MapWord(DWORD block) const
+{
+    const DWORD page = block / blocksOfMapPage;
+    if (page >= m_header.mapPages) return ~std::uint64_t{0};
+    std::uint64_t bits;
+    std::memcpy(&bits,
+                Bytes() + m_header.mapOffsets[page] + block % blocksOfMapPage / wordBlocks * sizeof bits,
+                sizeof bits);
+    return bits;
+}
+
+// The first block of that state in [from, end), or `end`.
 DWORD CBlockMappedFile::NextBlock(DWORD from, DWORD end, bool allocated) const
 {
-    constexpr DWORD wordBits = 64;
     while (from < end) {
-        const DWORD page = from / blocksOfMapPage;
-        if (page >= m_header.mapPages) return allocated ? from : end;
-        std::uint64_t bits;
-        const DWORD word = from % blocksOfMapPage / wordBits;
-        std::memcpy(&bits, Bytes() + m_header.mapOffsets[page] + word * sizeof bits, sizeof bits);
+        std::uint64_t bits = MapWord(from);
         if (!allocated) bits = ~bits;
-        bits &= ~std::uint64_t{0} << from % wordBits;
-        from -= from % wordBits;
+        bits &= ~std::uint64_t{0} << from % wordBlocks;
+        from -= from % wordBlocks;
         if (bits) return std::min(end, from + static_cast<DWORD>(std::countr_zero(bits)));
-        from += wordBits;
+        from += wordBlocks;
     }
     return end;
 }
@@ -166,6 +179,25 @@ void CBlockMappedFile::MarkBlocks(DWORD first, DWORD count, bool allocated)
         const auto bit = static_cast<BYTE>(1 << block % 8);
         bits = static_cast<BYTE>(allocated ? bits | bit : bits & ~bit);
     }
+    SummariseMap(first, first + count);
+}
+
+// Takes over what the map says of these blocks, as far as there is a summary. Those behind the file's end are
+// not free.
+void CBlockMappedFile::SummariseMap(DWORD first, DWORD end)
+{
+    constexpr DWORD stretch = FreeRuns::stretchBlocks;
+    end = std::min(end, m_freeRuns->Stretches() * stretch);
+    for (DWORD begin = first - first % stretch; begin < end; begin += stretch) {
+        std::uint64_t bits[FreeRuns::stretchWords];
+        for (DWORD block = begin; std::uint64_t & word : bits) {
+            const DWORD there = m_header.blockCount - std::min(m_header.blockCount, block);
+            word = there == 0 ? ~std::uint64_t{0} : MapWord(block);
+            if (there < wordBlocks) word |= ~std::uint64_t{0} << there;
+            block += wordBlocks;
+        }
+        m_freeRuns->Set(begin / stretch, bits);
+    }
 }
 
 // --- taking and freeing
@@ -177,22 +209,18 @@ DWORD CBlockMappedFile::TakeBlocks(DWORD first, DWORD count)
     return first;
 }
 
-DWORD CBlockMappedFile::AllocateSingleBlock(bool bExpand)
-{
-    if (!MayWrite()) return NoBlock;
-    for (;;) {
-        m_firstFree = NextBlock(m_firstFree, m_header.blockCount, false);
-        if (m_firstFree < m_header.blockCount) return TakeBlocks(m_firstFree, 1);
-        if (!bExpand) return NoBlock;
-        ExpandFile();
-    }
-}
-
-DWORD CBlockMappedFile::FindFreeRun(DWORD count) const
+// The first of the lowest free blocks that are so many in a run.
+DWORD CBlockMappedFile::FindFreeRun(DWORD count)
 {
     const DWORD blocks = m_header.blockCount;
-    if (std::uint64_t{count} + 4 >= blocks) return NoBlock;
-    for (DWORD first = NextBlock(m_firstFree, blocks, false); first < blocks && count <= blocks - first;) {
+    constexpr DWORD stretch = FreeRuns::stretchBlocks;
+    if (const DWORD stretches = (blocks + stretch - 1) / stretch; m_freeRuns->Stretches() < stretches) {
+        m_freeRuns->Make(stretches);
+        SummariseMap(0, blocks);
+    }
+    DWORD first = m_freeRuns->First(std::max(count, DWORD{1}));
+    if (first == NoBlock) return NoBlock;
+    for (first = NextBlock(first, blocks, false); first < blocks && count <= blocks - first;) {
         const DWORD end = NextBlock(first, first + count, true);
         if (end == first + count) return first;
         first = NextBlock(end, blocks, false);
@@ -200,11 +228,27 @@ DWORD CBlockMappedFile::FindFreeRun(DWORD count) const
     return NoBlock;
 }
 
+DWORD CBlockMappedFile::FindFreeRunBesideOthers(DWORD count)
+{
+    return std::uint64_t{count} + 4 >= m_header.blockCount ? NoBlock : FindFreeRun(count);
+}
+
+DWORD CBlockMappedFile::AllocateSingleBlock(bool bExpand)
+{
+    if (!MayWrite()) return NoBlock;
+    for (;;) {
+        const DWORD block = FindFreeRun(1);
+        if (block != NoBlock) return TakeBlocks(block, 1);
+        if (!bExpand) return NoBlock;
+        ExpandFile();
+    }
+}
+
 DWORD CBlockMappedFile::AllocateContiguousBlocks(DWORD count, bool bExpand)
 {
     if (!MayWrite()) return NoBlock;
     for (;;) {
-        const DWORD first = FindFreeRun(count);
+        const DWORD first = FindFreeRunBesideOthers(count);
         if (first != NoBlock) return TakeBlocks(first, count);
         if (!bExpand) return NoBlock;
         // What can never fit does not first fill the disk.
@@ -229,7 +273,6 @@ void CBlockMappedFile::FreeContiguousBlocks(DWORD first, DWORD count)
     count = std::min(count, m_header.blockCount - first);
     if (HoldsMap(first, count)) return;
     MarkBlocks(first, count, false);
-    m_firstFree = std::min(m_firstFree, first);
 }
 
 void CBlockMappedFile::FreeAllData()
@@ -238,7 +281,7 @@ void CBlockMappedFile::FreeAllData()
     for (DWORD page = 0; page < firstMapPages; ++page)
         std::memset(Bytes() + m_header.mapOffsets[page], 0, mapPageBytes);
     m_header.mapPages = firstMapPages;
-    m_firstFree = 0;
+    m_freeRuns->Forget();
     AllocateMapTables(m_header.blockCount);
     StoreHeader();
 }
@@ -254,7 +297,7 @@ void CBlockMappedFile::AllocateMapTables(DWORD count)
     if (missing > mostMapPages - m_header.mapPages) AfxThrowMemoryException();
     const DWORD blocks = GetRequiredBlockCount(missing * mapPageBytes);
     const auto pages = std::uint64_t{blocks} * m_header.blockSize / mapPageBytes;
-    DWORD first = FindFreeRun(blocks);
+    DWORD first = FindFreeRunBesideOthers(blocks);
     const bool inOldBlocks = first != NoBlock;
     if (!inOldBlocks) {
         first = m_header.blockCount;
@@ -268,6 +311,7 @@ void CBlockMappedFile::AllocateMapTables(DWORD count)
         std::memset(BlockAt(first), 0, std::size_t{blocks} << m_header.blockShift);
         MarkBlocks(first, blocks, true);
     }
+    m_freeRuns->Forget(); // blocks that no page covered may be free now
 }
 
 void CBlockMappedFile::ExpandFile()
@@ -280,6 +324,7 @@ void CBlockMappedFile::ExpandFile()
         AfxThrowNotSupportedException();
     }
     AllocateMapTables(static_cast<DWORD>(count));
-    m_header.blockCount = static_cast<DWORD>(count);
+    const DWORD oldCount = std::exchange(m_header.blockCount, static_cast<DWORD>(count));
     StoreHeader();
+    SummariseMap(oldCount, m_header.blockCount);
 }

@@ -14,13 +14,20 @@
 #include "corekit/stores/BlockFileFormat.h"
 #include "corekit/stores/MappedFile.h"
 
+#include <memory>
+
+namespace corekit::detail {
+class FreeRuns;
+}
+
 class COREKIT_API CBlockMappedFile : public CObject {
     DECLARE_DYNAMIC(CBlockMappedFile)
 
 public:
     static constexpr DWORD NoBlock = 0xFFFFFFFF;
 
-    CBlockMappedFile() = default;
+    CBlockMappedFile();
+    ~CBlockMappedFile() override;
 
     // A new file of so many free blocks. The size is a power of two, the shift its logarithm. 0 if the file
     // exists, cannot be made, or an argument is not allowed.
@@ -87,12 +94,15 @@ private:
     BYTE* BlockAt(DWORD block) const { return Bytes() + AbsoluteDataBlockOffset(block); }
     BYTE* Bytes() const { return static_cast<BYTE*>(m_file.GetViewBase()); }
 
+    std::uint64_t MapWord(DWORD block) const;
     DWORD NextBlock(DWORD from, DWORD end, bool allocated) const;
     bool HoldsMap(DWORD first, DWORD count) const;
     bool IsRangeAllocated(DWORD first, DWORD count) const;
     void MarkBlocks(DWORD first, DWORD count, bool allocated);
     DWORD TakeBlocks(DWORD first, DWORD count);
-    DWORD FindFreeRun(DWORD count) const;
+    void SummariseMap(DWORD first, DWORD end);
+    DWORD FindFreeRun(DWORD count);
+    DWORD FindFreeRunBesideOthers(DWORD count);
     void AllocateMapTables(DWORD count);
     void ExpandFile();
     bool MayWrite() const { return IsOpen() && m_writable; }
@@ -100,6 +110,6 @@ private:
     CMappedFile m_file;
     CString m_name;
     bool m_writable = false;
-    Header m_header{};     // as in the file, but out of reach of what is written to blocks
-    DWORD m_firstFree = 0; // no block below it is free
+    Header m_header{}; // as in the file, but out of reach of what is written to blocks
+    std::unique_ptr<corekit::detail::FreeRuns> m_freeRuns; // made by the first search
 };

@@ -74,7 +74,8 @@ int CMappedFile::AttachOpenFile(HANDLE file, int bWrite)
     return 1;
 }
 
-// A mapping of no size is one of the whole file, which is not what is meant here.
+// A new view, or more of the one that there is. A mapping of no size is one of the whole file, which is not
+// what is meant here.
 int CMappedFile::MakeView(HANDLE file, bool writable, DWORD size)
 {
     if (size == 0) {
@@ -84,7 +85,8 @@ int CMappedFile::MakeView(HANDLE file, bool writable, DWORD size)
     const HANDLE mapping =
         CreateFileMappingA(file, nullptr, writable ? PAGE_READWRITE : PAGE_READONLY, 0, size, nullptr);
     if (!mapping) return 0;
-    void* const base = MapViewOfFile(mapping, writable ? FILE_MAP_WRITE : FILE_MAP_READ, 0, 0, size);
+    void* const base = m_base ? ExtendViewOfFile(m_base, mapping, size)
+                              : MapViewOfFile(mapping, writable ? FILE_MAP_WRITE : FILE_MAP_READ, 0, 0, size);
     CloseKeepingError(mapping);
     if (!base) return 0;
     m_base = base;
@@ -108,9 +110,11 @@ int CMappedFile::ExtendFile(DWORD newSize)
     if (!IsOpen() || !m_writable) return 0;
     const DWORD oldSize = m_size;
     DWORD sizeOnDisk;
-    if (m_base) UnmapViewOfFile(m_base);
-    m_base = nullptr;
-    if (!MappableSize(m_file, sizeOnDisk) || !MakeView(m_file, true, std::max(newSize, oldSize))) return 0;
+    if (!MappableSize(m_file, sizeOnDisk) || !MakeView(m_file, true, std::max(newSize, oldSize))) {
+        if (m_base) UnmapViewOfFile(m_base);
+        m_base = nullptr;
+        return 0;
+    }
     // What the file had not before is zeros already.
     const DWORD stale = std::min(newSize, sizeOnDisk);
     if (stale > oldSize) std::memset(GetViewOffset(oldSize), 0, stale - oldSize);

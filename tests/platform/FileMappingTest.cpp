@@ -116,6 +116,29 @@ TEST(FileMapping, HolesHaveTheirRoomBeforeSomebodyWritesIntoThem)
     for (const HANDLE handle : {reading, writing, file}) CloseHandle(handle);
 }
 
+TEST(FileMapping, AViewGrowsWithItsFile)
+{
+    const HANDLE file = Open(testing::TempDir() + "mapping-growth", GENERIC_READ | GENERIC_WRITE);
+    constexpr DWORD first = 5000, step = 300'000;
+    HANDLE mapping = CreateFileMappingA(file, nullptr, PAGE_READWRITE, 0, first, nullptr);
+    void* view = MapViewOfFile(mapping, FILE_MAP_WRITE, 0, 0, 0);
+    EXPECT_FALSE(ExtendViewOfFile(view, mapping, first + 1)) << "the mapping has no more";
+    CloseHandle(mapping);
+    for (DWORD size = first; size < 20 * step; size += step) {
+        static_cast<char*>(view)[size - 1] = '!';
+        mapping = CreateFileMappingA(file, nullptr, PAGE_READWRITE, 0, size + step, nullptr);
+        view = ExtendViewOfFile(view, mapping, size + step);
+        CloseHandle(mapping);
+        ASSERT_TRUE(view);
+        EXPECT_EQ(static_cast<const char*>(view)[size - 1], '!');
+        EXPECT_EQ(static_cast<const char*>(view)[size + step - 1], 0);
+        EXPECT_TRUE(FlushViewOfFile(view, 0));
+    }
+    EXPECT_TRUE(UnmapViewOfFile(view));
+    EXPECT_FALSE(UnmapViewOfFile(view));
+    CloseHandle(file);
+}
+
 TEST(FileMapping, OffsetsGoByTheGranularityOfTheSystem)
 {
     SYSTEM_INFO system;

@@ -8,8 +8,10 @@
 #include <csignal>
 #include <cstring>
 #include <functional>
+#include <random>
 #include <string>
 #include <sys/resource.h>
+#include <vector>
 
 namespace {
 
@@ -217,6 +219,45 @@ TEST_F(BlockFileTest, RunAlmostAsLongAsTheFileIsSearched)
     EXPECT_EQ(file.GetBlockCount(), 84u);
     EXPECT_EQ(file.AllocateContiguousBlocks(300, true), 16u);
     EXPECT_EQ(file.GetBlockCount(), 340u);
+}
+
+TEST_F(BlockFileTest, TheLowestRunIsTakenHoweverTheMapLies)
+{
+    CBlockMappedFile file;
+    ASSERT_TRUE(file.CreateFileA(name.c_str(), 16, 4, 100));
+    std::vector<bool> used(100);
+    std::mt19937 random(5);
+    const auto lowest = [&](std::size_t count) {
+        for (std::size_t first = 0, run = 0; first + run < used.size();) {
+            if (used[first + run]) {
+                first += run + 1;
+                run = 0;
+            } else if (++run == count) {
+                return first;
+            }
+        }
+        return std::size_t{none};
+    };
+    for (int step = 0; step < 20000; ++step) {
+        const DWORD count = random() % 40 == 0 ? 1 + random() % 900 : 1 + random() % 6;
+        if (random() % 8 < 5) {
+            const DWORD first = random() % file.GetBlockCount();
+            file.FreeContiguousBlocks(first, count);
+            for (DWORD i = first; i < std::min(first + count, file.GetBlockCount()); ++i) used[i] = false;
+            continue;
+        }
+        while (count + 4 >= used.size() || lowest(count) == none) used.resize(used.size() + 64);
+        const std::size_t expected = lowest(count);
+        std::fill_n(used.begin() + static_cast<int>(expected), count, true);
+        ASSERT_EQ(file.AllocateContiguousBlocks(count, true), expected) << step;
+        ASSERT_EQ(file.GetBlockCount(), used.size()) << step;
+        if (step % 5000 == 0) {
+            file.Close();
+            ASSERT_TRUE(file.OpenFile(name.c_str(), 1));
+        }
+    }
+    EXPECT_GT(used.size(), 5000u);
+    EXPECT_LT(used.size(), 3u * 8192) << "the map takes no blocks for itself";
 }
 
 TEST_F(BlockFileTest, MapThatGrowsLosesBlocks)

@@ -35,6 +35,7 @@ public:
 
 struct View {
     std::size_t size;
+    std::size_t addresses; // that it has, some of them perhaps behind the file's end
     FileId file;
     std::uint64_t fileEnd; // of what it shows
 };
@@ -162,12 +163,41 @@ void* MapViewOfFile(HANDLE handle, DWORD access, DWORD offsetHigh, DWORD offsetL
     try {
         const std::lock_guard lock(views().mutex);
         views().byAddress.emplace(reinterpret_cast<std::uintptr_t>(view),
-                                  View{bytes, mapping->id, offset + bytes});
+                                  View{bytes, bytes, mapping->id, offset + bytes});
         return view;
     } catch (const std::bad_alloc&) {
         ::munmap(view, bytes);
         return fail(ERROR_NOT_ENOUGH_MEMORY, nullptr);
     }
+}
+
+void* ExtendViewOfFile(const void* view, HANDLE handle, std::size_t bytes)
+{
+    const HandleUser<FileMapping> mapping(handle);
+    if (!mapping) return fail(ERROR_INVALID_HANDLE, nullptr);
+    const std::lock_guard lock(views().mutex);
+    auto& all = views().byAddress;
+    const auto found = all.find(reinterpret_cast<std::uintptr_t>(view));
+    if (found == all.end()) return fail(ERROR_INVALID_ADDRESS, nullptr);
+    View& old = found->second;
+    if (!(old.file == mapping->id) || old.fileEnd != old.size || bytes < old.size)
+        return fail(ERROR_INVALID_PARAMETER, nullptr);
+    if (bytes > mapping->size) return fail(ERROR_ACCESS_DENIED, nullptr);
+
+    std::uintptr_t address = found->first;
+    if (bytes > old.addresses) {
+        const std::size_t ample = bytes + bytes / 2;
+        void* moved = ::mremap(reinterpret_cast<void*>(address), old.addresses, ample, MREMAP_MAYMOVE);
+        if (moved == MAP_FAILED) return fail(errorFromErrno(errno), nullptr);
+        old.addresses = ample;
+        address = reinterpret_cast<std::uintptr_t>(moved);
+    }
+    old.size = bytes;
+    old.fileEnd = bytes;
+    auto node = all.extract(found);
+    node.key() = address;
+    all.insert(std::move(node));
+    return reinterpret_cast<void*>(address);
 }
 
 BOOL UnmapViewOfFile(const void* view)
@@ -176,7 +206,7 @@ BOOL UnmapViewOfFile(const void* view)
     const std::lock_guard lock(views().mutex);
     const auto found = views().byAddress.find(address);
     if (found == views().byAddress.end()) return fail(ERROR_INVALID_ADDRESS, FALSE);
-    ::munmap(reinterpret_cast<void*>(address), found->second.size);
+    ::munmap(reinterpret_cast<void*>(address), found->second.addresses);
     views().byAddress.erase(found);
     return TRUE;
 }
