@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
+#include <filesystem>
 #include <glog/logging.h>
 #include <log4cplus/fileappender.h>
 #include <log4cplus/initializer.h>
@@ -60,8 +61,9 @@ void CoreKit(benchmark::State& state, unsigned long mask, bool composes)
     CLogTarget log;
     if (!log.CreateLogFile("corekit", Folder().c_str(), 1)) state.SkipWithError("open");
     log.SetLogMask(mask);
-    const std::string file =
-        Folder() + corekit::detail::LogFileNames("corekit", "").OfDay(std::time(nullptr)).replace(0, 1, "/");
+    std::string file;
+    for (const auto& entry : std::filesystem::directory_iterator(Folder()))
+        if (entry.path().filename().string().starts_with("corekit")) file = entry.path();
     if (composes)
         EachMessage(state, file, [&log](const Message& m) {
             StringA text;

@@ -10,6 +10,7 @@
 
 #include <cstdlib>
 
+using namespace corekit;
 using namespace corekit::detail;
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)

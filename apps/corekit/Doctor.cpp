@@ -23,8 +23,8 @@ Finding FindRegistry()
     HKEY key = nullptr;
     const bool opens = RegOpenKeyExA(HKEY_LOCAL_MACHINE, "", 0, readAndWrite, &key) == ERROR_SUCCESS;
     if (opens) RegCloseKey(key);
-    const std::string folder = corekit::detail::DataFolder();
-    return {"registry", opens && corekit::detail::MayWrite(folder + "/registry.db"), folder,
+    const std::string folder = corekit::DataFolder();
+    return {"registry", opens && corekit::MayWrite(folder + "/registry.db"), folder,
             "let this user write there, or set COREKIT_HOME to another folder"};
 }
 

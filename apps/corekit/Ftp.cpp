@@ -36,7 +36,7 @@ struct Options {
 void Show(void*, int, const char* line)
 {
     const bool isSecret = std::string_view(line).starts_with("PASS ");
-    const std::string shown = corekit::detail::HarmlessText(line, corekit::detail::LineEnds::escaped);
+    const std::string shown = corekit::HarmlessText(line, corekit::LineEnds::escaped);
     std::fprintf(stderr, "%s\n", isSecret ? "PASS ..." : shown.c_str());
 }
 
@@ -146,8 +146,8 @@ std::uintmax_t SizeIn(const std::vector<std::string>& listing, const std::string
 // The file takes its name when it is whole.
 void GetOne(Session& session, const std::string& name, const Options& options, std::uintmax_t size)
 {
-    const std::string leaf = corekit::detail::LastPart(name);
-    if (!corekit::detail::IsInsideName(leaf)) throw std::runtime_error(name + ": no name of a file");
+    const std::string leaf = corekit::LastPart(name);
+    if (!corekit::IsInsideName(leaf)) throw std::runtime_error(name + ": no name of a file");
     const std::string path = (fs::path(options.folder) / leaf).string();
     OutputFile target(path);
     Watched file(leaf, size);

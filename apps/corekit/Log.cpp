@@ -42,7 +42,7 @@ struct Options {
 
 DWORD LevelOf(const std::string& name)
 {
-    if (const DWORD level = corekit::detail::LogLevelOfName(name)) return level;
+    if (const DWORD level = corekit::LogLevelOfName(name)) return level;
     throw std::runtime_error("'" + name +
                              "' is no level; they are Debug, Trace, Information, Warning, MinorError, "
                              "MajorError and CriticalError");
@@ -88,7 +88,7 @@ std::string Harmless(const std::string& line)
 {
     const StringW wide(line.c_str());
     const std::string text = Utf8({wide, static_cast<std::size_t>(wide.GetLength())});
-    return corekit::detail::HarmlessText(text, corekit::detail::LineEnds::escaped);
+    return corekit::HarmlessText(text, corekit::LineEnds::escaped);
 }
 
 // A line as it is to be shown.

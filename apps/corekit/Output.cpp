@@ -23,7 +23,7 @@ void PrintBytes(std::string_view bytes)
 {
     static const bool isTerminal = TerminalColumns(StandardStream::Output) > 0;
     std::string shown;
-    if (isTerminal) bytes = shown = corekit::detail::HarmlessText(bytes, corekit::detail::LineEnds::kept);
+    if (isTerminal) bytes = shown = corekit::HarmlessText(bytes, corekit::LineEnds::kept);
     if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) != bytes.size()) FailToPrint();
 }
 
@@ -54,6 +54,6 @@ void FailFor(const std::string& name)
 
 void WriteOutput(const std::string& target, std::string_view bytes)
 {
-    corekit::detail::ReplacedFile file(target);
+    corekit::ReplacedFile file(target);
     if (!file || !file.Write(bytes) || !file.Commit()) FailFor(target);
 }

@@ -28,5 +28,5 @@ public:
 
 private:
     std::string m_target;
-    corekit::detail::ReplacedFile m_file;
+    corekit::ReplacedFile m_file;
 };

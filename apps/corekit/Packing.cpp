@@ -213,7 +213,7 @@ std::string PasswordFor(const Archive& archive)
 
 void Unzip(const Archive& archive)
 {
-    const auto directory = corekit::detail::ZipDirectory::Read(archive.file);
+    const auto directory = corekit::ZipDirectory::Read(archive.file);
     if (!directory) throw std::runtime_error(archive.file + ": no zip archive");
     const std::string password = PasswordFor(archive);
     fs::create_directories(archive.folder);

@@ -206,7 +206,7 @@ void Set(const Options& given)
         throw std::runtime_error("too many nested stores");
     options.value = options.names.back();
     options.names.pop_back();
-    const corekit::detail::FileTurn turn(options.file); // another one's change is not lost
+    const corekit::FileTurn turn(options.file); // another one's change is not lost
     CPropertyStore store;
     if (std::filesystem::exists(options.file)) store = CPropertyStore(Load(options.file));
     SetBelow(store, options, 0);

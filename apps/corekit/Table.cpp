@@ -36,7 +36,7 @@ std::string LinedUp(const std::vector<std::string>& row, const std::vector<std::
 
 void PrintForReaders(TableRows rows)
 {
-    using corekit::detail::HarmlessText, corekit::detail::LineEnds;
+    using corekit::HarmlessText, corekit::LineEnds;
     if (TerminalColumns(StandardStream::Output) > 0)
         for (auto& row : rows)
             for (std::string& cell : row) cell = HarmlessText(cell, LineEnds::escaped);

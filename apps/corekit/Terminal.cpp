@@ -24,7 +24,7 @@ std::string Bar(std::uintmax_t done, std::uintmax_t total)
 
 std::string Harmless(const std::string& text)
 {
-    return corekit::detail::HarmlessText(text, corekit::detail::LineEnds::escaped);
+    return corekit::HarmlessText(text, corekit::LineEnds::escaped);
 }
 
 std::string Amount(double bytes)

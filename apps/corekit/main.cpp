@@ -23,7 +23,7 @@ int Complain(std::string text)
     text.resize(text.find_last_not_of(" \r\n") + 1);
     for (char& c : text)
         if (c == '\n' || c == '\r') c = ' ';
-    text = corekit::detail::HarmlessText(text, corekit::detail::LineEnds::escaped);
+    text = corekit::HarmlessText(text, corekit::LineEnds::escaped);
     std::fprintf(stderr, "corekit: %s\n", text.c_str());
     return failed;
 }

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace corekit::detail {
+namespace corekit {
 namespace {
 
 CString NameOf(const char* what, int button)
@@ -55,4 +55,4 @@ void SaveMacroButtons(CPropertyStore& store, const std::vector<MacroButton>& but
     }
 }
 
-} // namespace corekit::detail
+} // namespace corekit

@@ -10,7 +10,7 @@
 
 class CPropertyStore;
 
-namespace corekit::detail {
+namespace corekit {
 
 struct MacroButton {
     CString name;
@@ -27,4 +27,4 @@ COREKIT_API std::vector<MacroButton> LoadMacroButtons(CPropertyStore& store);
 // Replaces all values of the store.
 COREKIT_API void SaveMacroButtons(CPropertyStore& store, const std::vector<MacroButton>& buttons);
 
-} // namespace corekit::detail
+} // namespace corekit

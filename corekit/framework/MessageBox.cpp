@@ -41,7 +41,7 @@ int StockMessageBox(CWnd* parent, const char* text, UINT flags)
     if (const MessageBoxHandler handler = current.load())
         if (const int answer = handler(parent, text, flags)) return answer;
     std::fprintf(stderr, "%s\n",
-                 corekit::detail::HarmlessText(text, corekit::detail::LineEnds::kept).c_str());
+                 corekit::HarmlessText(text, corekit::LineEnds::kept).c_str());
     return CautiousAnswer(flags);
 }
 

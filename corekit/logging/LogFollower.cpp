@@ -34,7 +34,7 @@ LogLine ParseLogLine(std::string_view line)
     if (line.size() < textAt || !IsTime(line.substr(0, timeLength))) return {{}, 0, line};
     std::string_view name = line.substr(levelAt, levelLength);
     name = name.substr(0, name.find(' '));
-    const DWORD level = corekit::detail::LogLevelOfName(name);
+    const DWORD level = corekit::LogLevelOfName(name);
     return {line.substr(0, timeLength), level ? level : someLevel, line.substr(textAt)};
 }
 

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <string>
 
-namespace corekit::detail {
+namespace corekit {
 namespace {
 
 // By number of the bit; the last for all else.
@@ -38,4 +38,4 @@ DWORD LogLevelOfName(std::string_view name)
     return 0;
 }
 
-} // namespace corekit::detail
+} // namespace corekit

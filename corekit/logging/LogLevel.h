@@ -16,7 +16,7 @@ enum eLogLevel : DWORD {
     logCriticalError = 64,
 };
 
-namespace corekit::detail {
+namespace corekit {
 
 // "Debug", "Trace", "Information", "Warning", "MinorError", "MajorError" or "CriticalError"; "*Unknown*" for
 // what is not one level.
@@ -26,4 +26,4 @@ COREKIT_API std::string_view LogLevelField(DWORD level);
 // The level of that name, case aside; 0 if there is none.
 COREKIT_API DWORD LogLevelOfName(std::string_view name);
 
-} // namespace corekit::detail
+} // namespace corekit

@@ -17,8 +17,8 @@ using corekit::detail::AppendFile;
 using corekit::detail::Hold;
 using corekit::detail::LogDay;
 using corekit::detail::LogFileNames;
-using corekit::detail::LogLevelField;
-using corekit::detail::LogLevelName;
+using corekit::LogLevelField;
+using corekit::LogLevelName;
 
 constexpr std::size_t longestPiece = 1024;
 constexpr std::size_t keptRoom = 64 * 1024; // of the line buffer, from one message to the next

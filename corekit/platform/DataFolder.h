@@ -5,11 +5,16 @@
 
 #include <string>
 
-namespace corekit::detail {
+namespace corekit {
 
 // $COREKIT_HOME; else /var/lib/corekit for a user who may write there; else $XDG_DATA_HOME/corekit, by
 // default ~/.local/share/corekit. Asked anew at each call; the folder need not exist.
 COREKIT_API std::string DataFolder();
+
+// Whether this user may write to the file, or make it and the folders above it.
+COREKIT_API bool MayWrite(const std::string& path);
+
+namespace detail {
 
 // Makes the folder and those above it that are missing, for this user alone unless they lie below /var.
 // False with errno set.
@@ -18,7 +23,5 @@ bool MakeFolder(const std::string& path);
 // Whether the path lies where the system keeps what all its users share.
 bool IsOfSystem(const std::string& path);
 
-// Whether this user may write to the file, or make it and the folders above it.
-COREKIT_API bool MayWrite(const std::string& path);
-
-} // namespace corekit::detail
+} // namespace detail
+} // namespace corekit

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace corekit::detail {
+namespace corekit {
 
 enum class LineEnds { kept, escaped };
 
@@ -15,4 +15,4 @@ enum class LineEnds { kept, escaped };
 // to be kept (LF and CRLF).
 COREKIT_API std::string HarmlessText(std::string_view text, LineEnds ends);
 
-} // namespace corekit::detail
+} // namespace corekit

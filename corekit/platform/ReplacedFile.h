@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace corekit::detail {
+namespace corekit {
 
 // A new file that takes the place of another whole, or not at all.
 //
@@ -58,4 +58,4 @@ private:
     int m_folder;
 };
 
-} // namespace corekit::detail
+} // namespace corekit

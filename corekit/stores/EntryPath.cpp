@@ -34,7 +34,7 @@ bool ForEachPart(const std::string& name, Visit visit)
 }
 } // namespace
 
-namespace corekit::detail {
+namespace corekit {
 
 bool IsInsideName(const std::string& name)
 {
@@ -52,6 +52,8 @@ bool IsInsideName(const std::string& name)
 }
 
 std::string LastPart(const std::string& name) { return name.substr(name.find_last_of(separators) + 1); }
+
+namespace detail {
 
 std::string PathBelow(const std::string& folder, const std::string& name)
 {
@@ -93,4 +95,5 @@ void ChangeFileDate(const std::string& path, DWORD dosDate)
     CloseHandle(file);
 }
 
-} // namespace corekit::detail
+} // namespace detail
+} // namespace corekit

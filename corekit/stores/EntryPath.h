@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace corekit::detail {
+namespace corekit {
 
 // Whether a name from outside, of an archive's entry or a server's file, may be appended to a folder: it is
 // relative, has no drive, no part ".." and no zero byte, its last part is not ".", and it is no longer and no
@@ -15,6 +15,8 @@ COREKIT_API bool IsInsideName(const std::string& name);
 
 // What stands behind the last separator, which `/` and `\` both are.
 COREKIT_API std::string LastPart(const std::string& name);
+
+namespace detail {
 
 // The folder and the name below it; the name alone for an empty folder.
 std::string PathBelow(const std::string& folder, const std::string& name);
@@ -30,4 +32,5 @@ bool MakeFolders(const std::string& folder, const std::string& name);
 // Gives the file the entry's date.
 void ChangeFileDate(const std::string& path, DWORD dosDate);
 
-} // namespace corekit::detail
+} // namespace detail
+} // namespace corekit

@@ -19,6 +19,7 @@
 IMPLEMENT_DYNAMIC(CMiniUnz, CObject)
 
 namespace {
+using namespace corekit;
 using namespace corekit::detail;
 
 std::string NativePath(std::string path)

@@ -84,7 +84,7 @@ std::optional<End> ReadEnd(std::FILE* file)
 }
 
 // Sizes and places that do not fit 32 bits stand in a field of their own, in this order.
-void Widen(std::string_view extra, ZipDirectoryEntry& entry)
+void Widen(std::string_view extra, corekit::ZipDirectoryEntry& entry)
 {
     while (extra.size() >= 4) {
         const auto size = static_cast<std::size_t>(Number(extra, 2, 2));
@@ -100,7 +100,7 @@ void Widen(std::string_view extra, ZipDirectoryEntry& entry)
 }
 } // namespace
 
-namespace corekit::detail {
+namespace corekit {
 
 std::optional<ZipDirectory> ZipDirectory::Read(const std::string& path)
 {
@@ -155,6 +155,8 @@ DWORDLONG ZipDirectory::UnpackedSize() const
         sum = entry.size > ~sum ? std::numeric_limits<DWORDLONG>::max() : sum + entry.size;
     return sum;
 }
+
+namespace detail {
 
 bool IsConfirmed(const std::string& path, const ZipDirectoryEntry& entry)
 {
@@ -224,4 +226,5 @@ void* OpenZip(const std::string& path)
     return unzOpen2_64(path.c_str(), &functions);
 }
 
-} // namespace corekit::detail
+} // namespace detail
+} // namespace corekit

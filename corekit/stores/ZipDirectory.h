@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace corekit::detail {
+namespace corekit {
 
 struct ZipDirectoryEntry {
     DWORDLONG place;  // of its row, as unzSetOffset64 takes it
@@ -38,6 +38,8 @@ private:
     bool m_isWhole = false;
 };
 
+namespace detail {
+
 // Opens the archive for the functions of minizip, which see it end without a comment: they would search that
 // for records of theirs. Null if they find no archive.
 void* OpenZip(const std::string& path);
@@ -45,4 +47,5 @@ void* OpenZip(const std::string& path);
 // Whether the entry's own header has the name and the date that the directory has.
 bool IsConfirmed(const std::string& path, const ZipDirectoryEntry& entry);
 
-} // namespace corekit::detail
+} // namespace detail
+} // namespace corekit

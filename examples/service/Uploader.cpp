@@ -35,7 +35,7 @@ std::string OneLine(std::string line)
 {
     for (char& c : line)
         if (c == '\n' || c == '\r') c = ' ';
-    return corekit::detail::HarmlessText(line, corekit::detail::LineEnds::escaped);
+    return corekit::HarmlessText(line, corekit::LineEnds::escaped);
 }
 std::string OneLine(const CString& text) { return OneLine(std::string(text.GetString())); }
 
@@ -184,6 +184,6 @@ bool Uploader::PutAway(const Path& script, DWORD size)
 void Uploader::Tell(eAlertCategory category, const Path& script, const std::string& what)
 {
     const std::string name =
-        corekit::detail::HarmlessText(script.filename().string(), corekit::detail::LineEnds::escaped);
+        corekit::HarmlessText(script.filename().string(), corekit::LineEnds::escaped);
     m_alerts.Alert(category, (name + ": " + what).c_str());
 }

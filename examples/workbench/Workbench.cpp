@@ -261,7 +261,7 @@ void Workbench::Load()
     m_keys = m_settings.GetPropertyStore("Keys");
     m_macros = m_settings.GetPropertyStore("Macros");
     if (m_macros.GetPropertyStoreValueCount() == 0)
-        corekit::detail::SaveMacroButtons(m_macros, {{"Next", "Next story", {}, "Goes to the next story"},
+        corekit::SaveMacroButtons(m_macros, {{"Next", "Next story", {}, "Goes to the next story"},
                                                      {"Mark", "Go to the mark", {}, "Goes to the mark"}});
     for (const char* name : {"Go to the mark", "Next story"})
         m_macroNames.SetPropertyStore(name, CPropertyStore());

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+using namespace corekit;
 using namespace corekit::detail;
 
 namespace {

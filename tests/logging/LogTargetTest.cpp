@@ -225,8 +225,8 @@ TEST(LogLevels, HaveTheirNames)
     EXPECT_EQ(CLogTarget::GetLevelName(64), "CriticalError");
     for (const unsigned long other : {0ul, 3ul, 128ul, 0x80000000ul})
         EXPECT_EQ(CLogTarget::GetLevelName(other), "*Unknown*");
-    EXPECT_EQ(corekit::detail::LogLevelOfName("minorerror"), 16u);
-    EXPECT_EQ(corekit::detail::LogLevelOfName("minor"), 0u);
+    EXPECT_EQ(corekit::LogLevelOfName("minorerror"), 16u);
+    EXPECT_EQ(corekit::LogLevelOfName("minor"), 0u);
 }
 
 } // namespace

@@ -16,9 +16,9 @@
 
 namespace {
 namespace fs = std::filesystem;
-using corekit::detail::HarmlessText;
-using corekit::detail::LineEnds;
-using corekit::detail::ReplacedFile;
+using corekit::HarmlessText;
+using corekit::LineEnds;
+using corekit::ReplacedFile;
 
 int failingSync = 0; // the how manyth call fails from here on; 0 is none
 

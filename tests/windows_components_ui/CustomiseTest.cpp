@@ -17,6 +17,7 @@
 #include "tests/windows_components_ui/Strips.h"
 
 using namespace corekit::test;
+using namespace corekit;
 using namespace corekit::detail;
 
 namespace {

@@ -108,7 +108,7 @@ void ScriptFile::Write(const std::string& path)
     const auto bytes = EncodeScript(m_script.Text(), m_form);
     if (!bytes)
         Fail("save", path, "its encoding lacks a character of the script; save it under another name");
-    corekit::detail::ReplacedFile file(path);
+    corekit::ReplacedFile file(path);
     if (!file || !file.Write(*bytes) || !file.Commit()) Fail("save", path, LastErrorText());
     m_script.MarkSaved();
     m_isRecovered = false;

@@ -34,7 +34,7 @@ bool WriteStoreFile(const std::string& path, CPropertyStore store)
     CMemoryStream stream(0, 65536);
     store.WriteStream(stream);
     const auto* const bytes = static_cast<const char*>(stream.GetMemoryBufferPointer());
-    corekit::detail::ReplacedFile file(path);
+    corekit::ReplacedFile file(path);
     return file && file.Write({bytes, stream.GetSize()}) && file.Commit();
 }
 

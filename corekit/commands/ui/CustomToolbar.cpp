@@ -9,6 +9,7 @@
 
 #include <algorithm>
 
+using namespace corekit;
 using namespace corekit::detail;
 
 IMPLEMENT_DYNAMIC(CCustomToolbar, CDialogBar)

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+using namespace corekit;
 using namespace corekit::detail;
 
 IMPLEMENT_DYNAMIC(PPage_MacroToolbar, CAXPropertyPage)

@@ -27,7 +27,7 @@ using corekit::detail::CompoundNode;
 using corekit::detail::CompoundReader;
 using corekit::detail::CompoundState;
 using corekit::detail::Descriptor;
-using corekit::detail::ReplacedFile;
+using corekit::ReplacedFile;
 
 constexpr std::size_t longestName = 31;
 constexpr DWORD accessBits = 3, shareBits = 0x70;

@@ -30,7 +30,7 @@ std::string Above(const std::string& path)
 }
 } // namespace
 
-namespace corekit::detail {
+namespace corekit {
 
 std::string DataFolder()
 {
@@ -40,6 +40,18 @@ std::string DataFolder()
     const char* data = Variable("XDG_DATA_HOME");
     return (data ? std::string(data) : HomeFolder() + "/.local/share") + "/corekit";
 }
+
+bool MayWrite(const std::string& path)
+{
+    std::string place = path;
+    while (faccessat(AT_FDCWD, place.c_str(), F_OK, AT_EACCESS) != 0) {
+        if (errno != ENOENT || place == "/" || place == ".") return false;
+        place = Above(place);
+    }
+    return faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+namespace detail {
 
 bool MakeFolder(const std::string& path)
 {
@@ -55,14 +67,5 @@ bool MakeFolder(const std::string& path)
 
 bool IsOfSystem(const std::string& path) { return path.starts_with("/var/"); }
 
-bool MayWrite(const std::string& path)
-{
-    std::string place = path;
-    while (faccessat(AT_FDCWD, place.c_str(), F_OK, AT_EACCESS) != 0) {
-        if (errno != ENOENT || place == "/" || place == ".") return false;
-        place = Above(place);
-    }
-    return faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) == 0;
-}
-
-} // namespace corekit::detail
+} // namespace detail
+} // namespace corekit

@@ -73,7 +73,11 @@ Descriptor OpenFolderOf(const std::string& target)
 }
 } // namespace
 
-namespace corekit::detail {
+namespace corekit {
+
+using detail::errorFromErrno;
+using detail::nativePath;
+using detail::setLastErrorFromErrno;
 
 ReplacedFile::ReplacedFile(const std::string& target) : m_target(Followed(nativePath(target.c_str())))
 {
@@ -185,4 +189,4 @@ FileTurn::~FileTurn()
     ::close(m_folder);
 }
 
-} // namespace corekit::detail
+} // namespace corekit

@@ -16,6 +16,7 @@
 #include <unistd.h>
 
 namespace {
+using namespace corekit;
 using namespace corekit::detail;
 
 // Nothing, with errno, if the file cannot be read.

@@ -126,7 +126,7 @@ void RegistryStore::MakeRoom(std::size_t bytes)
 
 bool RegistryStore::MayWrite() const
 {
-    return detail::MayWrite(m_path) && detail::MayWrite(m_path.substr(0, m_path.rfind('/')));
+    return corekit::MayWrite(m_path) && corekit::MayWrite(m_path.substr(0, m_path.rfind('/')));
 }
 
 bool RegistryStore::Exists(Key key)

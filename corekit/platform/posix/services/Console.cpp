@@ -40,7 +40,7 @@ void WriteConsoleText(const char* text, WORD colour)
     if (text == nullptr) return;
     if (!isatty(STDOUT_FILENO)) return writeOut(text);
     // A line end comes last, so that a colour never fills the line below.
-    std::string body = corekit::detail::HarmlessText(text, corekit::detail::LineEnds::kept), end;
+    std::string body = corekit::HarmlessText(text, corekit::LineEnds::kept), end;
     const char* const refusal = std::getenv("NO_COLOR"); // see no-color.org
     if (colour == 0 || (refusal && *refusal)) return writeOut(body);
     while (body.ends_with('\n')) {

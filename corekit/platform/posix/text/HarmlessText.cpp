@@ -26,7 +26,7 @@ void Escape(std::string& shown, const char* form, unsigned code)
 }
 } // namespace
 
-std::string corekit::detail::HarmlessText(std::string_view text, LineEnds ends)
+std::string corekit::HarmlessText(std::string_view text, LineEnds ends)
 {
     std::string shown;
     shown.reserve(text.size());

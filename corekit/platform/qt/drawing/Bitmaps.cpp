@@ -110,7 +110,7 @@ BOOL SaveBitmapAsPng(HBITMAP handle, const char* path, PngEffort effort)
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
     }
-    corekit::detail::ReplacedFile file(path);
+    corekit::ReplacedFile file(path);
     const QByteArray& png = picture.data();
     return file && file.Write({png.data(), static_cast<std::size_t>(png.size())}) && file.Commit();
 }
