@@ -153,7 +153,8 @@ public:
     void Search(std::size_t count)
     {
         workload::Rng random(1);
-        for (std::size_t i = 0; i < count; ++i) Find(random.below(static_cast<std::uint32_t>(count)));
+        for (std::size_t i = 0; i < count / 16 + few; ++i)
+            Find(random.below(static_cast<std::uint32_t>(count)));
     }
 
 private:
@@ -171,7 +172,7 @@ const Curve addAfterSearches({"words: add after searches", 1.5}, [](std::size_t 
     return Microseconds(count / 4, [&](std::size_t i) { words.Add(count + i); });
 });
 
-const Curve findWord({"words: find", 1}, [](std::size_t count) {
+const Curve findWord({"words: find", 1, 10'000'000}, [](std::size_t count) {
     Words words(count);
     words.Search(count);
     workload::Rng random(2);

@@ -1,106 +1,102 @@
 #include "corekit/stores/WordIndex.h"
 
-#include <algorithm>
 #include <bit>
+#include <new>
+#include <utility>
 
 namespace corekit::detail {
 
 namespace {
 
 constexpr std::size_t leastSlots = 1024;
-constexpr std::size_t mostSlots = std::size_t{1} << 21; // 12 MiB
-constexpr std::size_t longestChain = 4096;              // also of what a hostile file may put in one
+constexpr std::size_t longestChain = 4096; // also of what a hostile file may put in one
 
+constexpr std::size_t MostWords(std::size_t slots) { return slots / 20 * 17; }
 DWORD PlaceOf(DWORD block, DWORD at) { return block * wordsOfLeaf + at; }
-
-// The words of the leaves if they stand as they should: together, terminated, each above the one before.
-std::size_t CountSoundWords(std::span<const DWORD> leaves, const WordLeaf* blocks)
-{
-    std::size_t count = 0;
-    const WordEntry* before = nullptr;
-    for (const DWORD block : leaves) {
-        const WordLeaf& leaf = blocks[block];
-        const DWORD last = leaf.LastUsed();
-        for (DWORD at = 0; at <= last; ++at) {
-            const WordEntry& entry = leaf[at];
-            if (entry.id == 0 || !entry.IsTerminated()) return 0;
-            if (before && CompareWords(before->word, entry) >= 0) return 0;
-            before = &entry;
-        }
-        count += last + 1;
-    }
-    return count;
-}
 
 } // namespace
 
-bool WordIndex::Build(std::span<const DWORD> leaves, const WordLeaf* blocks)
+const WordEntry& WordIndex::EntryOf(Slot slot, const WordLeaf* blocks)
+{
+    const auto place = static_cast<DWORD>(slot & ((Slot{1} << placeBits) - 1));
+    return blocks[place / wordsOfLeaf][place % wordsOfLeaf];
+}
+
+bool WordIndex::Build(std::span<const DWORD> leaves, const WordLeaf* blocks, const LeafOrder& order)
 {
     Forget();
-    const std::size_t count = CountSoundWords(leaves, blocks);
-    const std::size_t slots = std::max(leastSlots, std::bit_ceil(count + count / 2));
-    if (count == 0 || slots > mostSlots) return false;
-    m_tags.resize(slots + longestChain);
-    m_places.resize(slots + longestChain);
-    m_mostWords = slots / 20 * 17;
-    m_shift = 64 - std::countr_zero(slots);
-    for (const DWORD block : leaves) {
-        const DWORD last = blocks[block].LastUsed();
-        for (DWORD at = 0; at <= last; ++at)
-            if (!Insert(NormalWord::HashOf(blocks[block][at]), PlaceOf(block, at))) {
-                Forget();
-                return false;
-            }
-    }
+    std::size_t count = 0, slots = leastSlots;
+    for (const DWORD block : leaves) count += order.Used(block);
+    while (MostWords(slots) <= count) slots *= 2;
+    Resize(slots);
+    for (const DWORD block : leaves)
+        for (DWORD at = 0; at < order.Used(block); ++at)
+            if (!Insert(SlotOf(NormalWord::HashOf(blocks[block][at]), PlaceOf(block, at))))
+                return Forget(), false;
     return true;
 }
 
-bool WordIndex::Insert(std::uint64_t hash, DWORD place)
+// What was there goes into the new slots nearly in their order. False if a chain becomes too long.
+bool WordIndex::Resize(std::size_t slots)
 {
-    std::size_t slot = hash >> m_shift;
-    const std::size_t end = slot + longestChain;
-    while (slot != end && m_tags[slot]) ++slot;
-    if (slot == end) return false;
-    m_tags[slot] = TagOf(hash);
-    m_places[slot] = place;
+    const std::vector<Slot> old = std::exchange(m_slots, std::vector<Slot>(slots + longestChain));
+    m_count = 0;
+    m_mostWords = MostWords(slots);
+    m_shift = 64 - std::countr_zero(slots);
+    for (const Slot slot : old)
+        if (slot && !Insert(slot)) return false;
+    return true;
+}
+
+bool WordIndex::Insert(Slot slot)
+{
+    std::size_t at = slot >> m_shift;
+    const std::size_t end = at + longestChain;
+    while (at != end && m_slots[at]) ++at;
+    if (at == end) return false;
+    m_slots[at] = slot;
     ++m_count;
     return true;
 }
 
 WordIndex::Answer WordIndex::Find(const NormalWord& word, const WordLeaf* blocks, DWORD& id) const
 {
-    const Tag tag = TagOf(word.Hash());
     bool moved = false;
-    std::size_t slot = word.Hash() >> m_shift;
-    for (const std::size_t end = slot + longestChain; slot != end && m_tags[slot]; ++slot) {
-        if (m_tags[slot] != tag) continue;
-        const DWORD place = m_places[slot];
-        const WordEntry& entry = blocks[place / wordsOfLeaf][place % wordsOfLeaf];
+    std::size_t at = word.Hash() >> m_shift;
+    for (const std::size_t end = at + longestChain; at != end && m_slots[at]; ++at) {
+        if (!IsAlike(m_slots[at], word.Hash())) continue;
+        const WordEntry& entry = EntryOf(m_slots[at], blocks);
         if (entry.id && word.Is(entry)) {
             id = entry.id;
             return Answer::Found;
         }
-        moved = true; // or another word with this tag
+        moved = true; // or another word with this hash
     }
     return moved ? Answer::Moved : Answer::Absent;
 }
 
 void WordIndex::Learn(const NormalWord& word, DWORD block, DWORD at, const WordLeaf* blocks)
 {
-    const Tag tag = TagOf(word.Hash());
-    for (std::size_t slot = word.Hash() >> m_shift; m_tags[slot]; ++slot) {
-        if (m_tags[slot] != tag) continue;
-        // A slot that still leads to a word with this tag is that word's.
-        const WordEntry& entry = blocks[m_places[slot] / wordsOfLeaf][m_places[slot] % wordsOfLeaf];
-        if (entry.id && TagOf(NormalWord::HashOf(entry)) == tag) continue;
-        m_places[slot] = PlaceOf(block, at);
+    std::size_t slot = word.Hash() >> m_shift;
+    for (const std::size_t end = slot + longestChain; slot != end && m_slots[slot]; ++slot) {
+        if (!IsAlike(m_slots[slot], word.Hash())) continue;
+        // A slot that still leads to a word with this hash is that word's.
+        const WordEntry& entry = EntryOf(m_slots[slot], blocks);
+        if (entry.id && IsAlike(m_slots[slot], NormalWord::HashOf(entry))) continue;
+        m_slots[slot] = SlotOf(word.Hash(), PlaceOf(block, at));
         return;
     }
 }
 
+// Where there is no memory for a larger table there is none; searches go without.
 void WordIndex::Add(const NormalWord& word, DWORD block, DWORD at)
 {
-    if (m_count >= m_mostWords || !Insert(word.Hash(), PlaceOf(block, at))) Forget();
+    try {
+        const bool hasRoom = m_count < m_mostWords || Resize((m_slots.size() - longestChain) * 2);
+        if (!hasRoom || !Insert(SlotOf(word.Hash(), PlaceOf(block, at)))) Forget();
+    } catch (const std::bad_alloc&) {
+        Forget();
+    }
 }
 
 } // namespace corekit::detail

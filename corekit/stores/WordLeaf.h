@@ -5,7 +5,10 @@
 #include "corekit/platform/Runtime.h"
 #include "corekit/platform/Types.h"
 
+#include <algorithm>
+#include <bit>
 #include <cstring>
+#include <span>
 #include <string_view>
 
 namespace corekit::detail {
@@ -76,6 +79,13 @@ public:
     bool IsLong() const { return m_length >= wordUnits; }
     const WCHAR* Text() const { return m_units; }
     std::uint64_t Hash() const { return m_hash; }
+    // Four units from there on; what lies behind the word is 0.
+    std::uint64_t FourAt(DWORD unit) const
+    {
+        std::uint64_t four;
+        std::memcpy(&four, m_units + unit, sizeof four);
+        return four;
+    }
 
     bool Is(const WordEntry& entry) const
     {
@@ -149,5 +159,46 @@ private:
     std::size_t m_length;
     std::uint64_t m_hash = 0;
 };
+
+// The same order for a word, four units a step.
+inline int CompareWords(const NormalWord& word, const WordEntry& entry)
+{
+    constexpr std::uint64_t ones = 0x0001000100010001, tops = 0x8000800080008000;
+    for (DWORD unit = 0; unit < wordUnits; unit += 4) {
+        const std::uint64_t ours = word.FourAt(unit);
+        std::uint64_t theirs = 0;
+        std::memcpy(&theirs, entry.word + unit, std::min<std::size_t>(8, (wordUnits - unit) * sizeof(WCHAR)));
+        const std::uint64_t different = ours ^ theirs, end = (ours - ones) & ~ours & tops;
+        if (different == 0 && end == 0) continue;
+        const int at = std::countr_zero(different) & ~15;
+        if (end && std::countr_zero(end) < at) return 0; // what stands behind the end does not count
+        return static_cast<WCHAR>(ours >> at) < static_cast<WCHAR>(theirs >> at) ? -1 : 1;
+    }
+    return 0;
+}
+
+// How many of the entries, which ascend, are in front of what is looked for. The entries of three comparisons
+// are fetched at once, since fetching takes longer than comparing.
+template <class IsInFront>
+DWORD CountInFront(std::span<const WordEntry> entries, IsInFront isInFront)
+{
+    DWORD first = 0;
+    for (auto end = static_cast<DWORD>(entries.size()); first < end;) {
+        const DWORD step = (end - first + 7) / 8;
+        for (DWORD at = first; at < end; at += step) __builtin_prefetch(&entries[at]);
+        DWORD low = 0, high = (end - first + step - 1) / step;
+        while (low < high) {
+            const DWORD middle = (low + high) / 2;
+            if (isInFront(entries[first + middle * step]))
+                low = middle + 1;
+            else
+                high = middle;
+        }
+        if (low == 0) break;
+        end = std::min(end, first + low * step);
+        first += (low - 1) * step + 1;
+    }
+    return first;
+}
 
 } // namespace corekit::detail

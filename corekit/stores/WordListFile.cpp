@@ -1,6 +1,7 @@
 #include "corekit/stores/WordListFile.h"
 
 #include "corekit/framework/Exception.h"
+#include "corekit/stores/LeafOrder.h"
 #include "corekit/stores/WordIndex.h"
 #include "corekit/stores/WordSignatures.h"
 
@@ -23,8 +24,8 @@ constexpr DWORD leavesOfBlock = blockSize / sizeof(DWORD);
 } // namespace
 
 CWordListFile::CWordListFile()
-    : m_header(std::make_unique<Header>()), m_index(std::make_unique<WordIndex>()),
-      m_signatures(std::make_unique<WordSignatures>())
+    : m_header(std::make_unique<Header>()), m_order(std::make_unique<LeafOrder>()),
+      m_index(std::make_unique<WordIndex>()), m_signatures(std::make_unique<WordSignatures>())
 {
 }
 
@@ -41,6 +42,7 @@ int CWordListFile::Create(const char* name)
     m_header->longBlocks = 1;
     m_header->longBlock = m_blocks.AllocateSingleBlock(true);
     StoreHeader();
+    m_order->Make({}, Blocks());
     return 1;
 }
 
@@ -60,10 +62,11 @@ void CWordListFile::Close()
 {
     m_blocks.EnsureClosed();
     *m_header = {};
+    m_order->Forget();
     m_index->Forget();
     m_signatures->Forget();
     m_searches = 0;
-    m_mayIndex = true;
+    m_mayLearn = true;
 }
 
 // Header, master index and leaves are blocks in use, and no block is two of them.
@@ -115,6 +118,21 @@ WordLeaf& CWordListFile::LeafAt(DWORD leaf) const
 
 CWordListFile::Place CWordListFile::FindPlace(const Word& word) const
 {
+    if (!m_order->IsReady()) return FindPlaceBySteps(word);
+    const DWORD number = m_order->LeafOf(word);
+    const Leaf& leaf = LeafAt(number);
+    const DWORD used = m_order->Used(MasterIndex()[number]);
+    const DWORD at = CountInFront({leaf.entries, used},
+                                  [&word](const WordEntry& entry) { return CompareWords(word, entry) > 0; });
+    if (at < used) return {number, at, CompareWords(word, leaf[at]) == 0};
+    // What comes between two leaves goes to the second.
+    if (number + 1 < m_header->masterCount) return {number + 1, 0, false};
+    return {number, at, false};
+}
+
+// The search for lists of which it is not known whether they are in order.
+CWordListFile::Place CWordListFile::FindPlaceBySteps(const Word& word) const
+{
     DWORD low = 0, high = m_header->masterCount - 1;
     while (low < high) {
         const DWORD middle = (low + high) / 2;
@@ -152,7 +170,7 @@ DWORD CWordListFile::FindWord(const WCHAR* text)
     if (!IsOpen() || m_header->masterCount == 0) return 0;
     const Word word(text);
     if (word.IsLong()) return FindLongWord(word);
-    if (!m_index->IsReady()) Learn();
+    if (!m_index->IsReady()) Learn(true);
     if (!m_index->IsReady()) return FindInOrder(word, false);
     DWORD id = 0;
     const auto answer = m_index->Find(word, Blocks(), id);
@@ -167,14 +185,16 @@ DWORD CWordListFile::FindInOrder(const Word& word, bool moved)
     return LeafAt(place.leaf)[place.at].id;
 }
 
-// The index is made when as many searches have been made as it has leaves: from then on it pays.
-void CWordListFile::Learn()
+// Order and index are made when as many searches have been made as there are leaves: from then on they pay.
+void CWordListFile::Learn(bool words)
 {
-    if (!m_mayIndex || m_searches++ < m_header->masterCount) return;
+    if (!m_mayLearn || m_searches++ < m_header->masterCount) return;
+    m_searches = 0;
     const std::span leaves(MasterIndex(), m_header->masterCount);
     const auto isLegal = [this](DWORD block) { return m_blocks.IsBlockLegal(block); };
-    m_mayIndex = std::ranges::all_of(leaves, isLegal) && m_index->Build(leaves, Blocks());
-    m_searches = 0;
+    if (!m_order->IsReady())
+        m_mayLearn = std::ranges::all_of(leaves, isLegal) && m_order->Make(leaves, Blocks());
+    if (words && m_mayLearn) m_mayLearn = m_index->Build(leaves, Blocks(), *m_order);
 }
 
 // --- adding
@@ -188,8 +208,7 @@ DWORD CWordListFile::AddWord(const WCHAR* text, DWORD id)
         if (id) AddFirstWord(word, id);
         return id;
     }
-    DWORD known = 0;
-    if (m_index->IsReady() && m_index->Find(word, Blocks(), known) == WordIndex::Answer::Found) return known;
+    if (!m_order->IsReady()) Learn(false);
     const Place place = FindPlace(word);
     if (place.found) return LeafAt(place.leaf)[place.at].id;
     if (id) AddAt(place, word, id);
@@ -207,20 +226,22 @@ void CWordListFile::AddFirstWord(const Word& word, DWORD id)
 {
     const DWORD block = TakeBlock();
     MasterIndex()[0] = block;
-    PutWord({0, 0, false}, word, id, 0);
+    if (m_order->IsReady()) m_order->Insert(0, LeafAt(0)[0]);
     m_header->masterCount = 1;
     StoreHeader();
+    PutWord({0, 0, false}, word, id, 0);
 }
 
 void CWordListFile::AddAt(Place place, const Word& word, DWORD id)
 {
-    DWORD used = LeafAt(place.leaf).LastUsed() + 1;
+    const DWORD block = MasterIndex()[place.leaf];
+    DWORD used = m_order->IsReady() ? m_order->Used(block) : LeafAt(place.leaf).LastUsed() + 1;
     if (LeafAt(place.leaf).IsFull()) {
         SplitLeaf(place);
         used = wordsOfLeaf / 2;
     }
     PutWord(place, word, id, used);
-    m_index->Add(word, MasterIndex()[place.leaf], place.at);
+    if (m_index->IsReady()) m_index->Add(word, MasterIndex()[place.leaf], place.at);
 }
 
 void CWordListFile::PutWord(Place place, const Word& word, DWORD id, DWORD used)
@@ -229,7 +250,11 @@ void CWordListFile::PutWord(Place place, const Word& word, DWORD id, DWORD used)
     if (place.at < used) std::copy_backward(&leaf[place.at], &leaf[0] + used, &leaf[0] + used + 1);
     leaf[place.at].id = id;
     word.PutInto(leaf[place.at]);
-    m_signatures->ForgetLeaf(MasterIndex()[place.leaf]);
+    const DWORD block = MasterIndex()[place.leaf];
+    m_signatures->ForgetLeaf(block);
+    if (!m_order->IsReady()) return;
+    m_order->SetUsed(block, used + 1);
+    if (place.at == 0) m_order->SetFirst(place.leaf, leaf[0]);
 }
 
 // The upper half of the leaf goes to a new one behind it; the place moves with it.
@@ -240,6 +265,11 @@ void CWordListFile::SplitLeaf(Place& place)
     const DWORD block = TakeBlock();
     Leaf& lower = LeafAt(place.leaf);
     Leaf& upper = *static_cast<Leaf*>(m_blocks.DataBlockPtr(block));
+    if (m_order->IsReady()) { // first, because it may find no memory
+        m_order->SetUsed(block, half);
+        m_order->Insert(place.leaf + 1, lower[half]);
+        m_order->SetUsed(MasterIndex()[place.leaf], half);
+    }
     std::copy_n(&lower[half], half, &upper[0]);
     std::fill_n(&lower[half], half, WordEntry{});
 

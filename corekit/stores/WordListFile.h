@@ -5,19 +5,22 @@
 // docs/formats/word-list.md.
 //
 // An object belongs to one thread at a time, and an open file to one object: nobody else can open it
-// meanwhile. After the first searches a table of the words is kept in memory, half of the file's size or
-// less, so that finding a word takes one look. Words are in the file at once and reach the device with Flush
-// or Close. A full disk throws CNotSupportedException and leaves the list as it was.
+// meanwhile. Kept in memory are the first word of each leaf (1 to 4 bytes a word) and, after the first
+// searches, a table that finds a word with one look (10 to 19 bytes a word), and what patterns need (12 bytes
+// an entry, for leaves that patterns have looked at). Words are in the file at once and reach the device with
+// Flush or Close. A full disk throws CNotSupportedException and leaves the list as it was.
 #pragma once
 
 #include "corekit/framework/Array.h"
 #include "corekit/stores/BlockMappedFile.h"
 
 #include <memory>
+#include <string_view>
 
 class StringW;
 
 namespace corekit::detail {
+class LeafOrder;
 class NormalWord;
 class WordIndex;
 class WordSignatures;
@@ -72,19 +75,24 @@ private:
     DWORD TakeBlock();
 
     Place FindPlace(const Word& word) const;
+    Place FindPlaceBySteps(const Word& word) const;
     DWORD FindInOrder(const Word& word, bool moved);
     void AddFirstWord(const Word& word, DWORD id);
     void AddAt(Place place, const Word& word, DWORD id);
     void SplitLeaf(Place& place);
     void CheckMasterIndexSpace();
     void PutWord(Place place, const Word& word, DWORD id, DWORD used);
-    void Learn();
+    void Learn(bool words);
 
     DWORD FirstLeafOf(const WCHAR* prefix) const;
     void FindPatternNormalList(const StringW& prefix, const StringW& pattern, CDWordArray& ids);
     void LinearSearchNormalList(const StringW& pattern, CDWordArray& ids);
     bool LinearSearchEntireList(const StringW& pattern, CDWordArray& ids);
-    void MatchLeaf(DWORD leaf, const WCHAR* pattern, std::uint64_t wanted, CDWordArray& ids);
+    void AppendLeaf(DWORD leaf, CDWordArray& ids);
+    void MatchLeafByPrefix(DWORD leaf, std::u16string_view prefix, const WCHAR* pattern, std::uint64_t wanted,
+                           CDWordArray& ids);
+    void MatchLeaf(DWORD leaf, DWORD begin, DWORD end, const WCHAR* pattern, std::uint64_t wanted,
+                   CDWordArray& ids);
     static void CombineResults(CDWordArray& target, const CDWordArray& source);
 
     // The block that is set aside for long words is not used.
@@ -95,8 +103,9 @@ private:
 
     CBlockMappedFile m_blocks;
     std::unique_ptr<Header> m_header; // as in block 0, but out of reach of what is written there
+    std::unique_ptr<corekit::detail::LeafOrder> m_order;
     std::unique_ptr<corekit::detail::WordIndex> m_index;
     std::unique_ptr<corekit::detail::WordSignatures> m_signatures;
-    DWORD m_searches = 0; // made without the index
-    bool m_mayIndex = true;
+    DWORD m_searches = 0; // made without order or index
+    bool m_mayLearn = true;
 };

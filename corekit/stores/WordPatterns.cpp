@@ -1,17 +1,33 @@
 // The searches by pattern of CWordListFile, and its way of taking a text apart.
 #include "corekit/foundation/StringW.h"
 #include "corekit/foundation/WildCards.h"
+#include "corekit/stores/LeafOrder.h"
 #include "corekit/stores/WordListFile.h"
 #include "corekit/stores/WordSignatures.h"
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 
 #include <algorithm>
+#include <span>
 
 using namespace corekit::detail;
 
 namespace {
 
 std::u16string_view View(const StringW& text) { return {text, static_cast<std::size_t>(text.GetLength())}; }
+
+// Whether the pattern says no more than how a word begins.
+bool IsPrefixWithStar(std::u16string_view pattern)
+{
+    return pattern.size() > 1 && pattern.find_first_of(u"*?\"") == pattern.size() - 1 &&
+           pattern.back() == u'*';
+}
+
+void Append(CDWordArray& ids, std::span<const DWORD> more)
+{
+    const int size = ids.GetSize();
+    ids.SetSize(size + static_cast<int>(more.size()));
+    std::ranges::copy(more, ids.GetData() + size);
+}
 
 } // namespace
 
@@ -38,6 +54,8 @@ int CWordListFile::FindPattern(const WCHAR* text, CDWordArray& ids)
 // not, so that a prefix inside a leaf leads behind that leaf. Callers know the results of this one.
 DWORD CWordListFile::FirstLeafOf(const WCHAR* prefix) const
 {
+    // Where words stand in order, that scan finds no entry that is not in use in front of one that is.
+    if (m_order->IsReady()) return std::min(m_order->FirstFrom(prefix), m_header->masterCount - 1);
     DWORD low = 0, high = m_header->masterCount - 1;
     while (low < high) {
         const DWORD middle = (low + high) / 2;
@@ -59,11 +77,19 @@ DWORD CWordListFile::FirstLeafOf(const WCHAR* prefix) const
 void CWordListFile::FindPatternNormalList(const StringW& prefix, const StringW& pattern, CDWordArray& ids)
 {
     if (m_header->masterCount == 0) return;
+    if (!m_order->IsReady()) Learn(false);
     const DWORD first = FirstLeafOf(prefix);
     const WordSignature wanted = SignatureOfPattern(View(pattern));
-    for (DWORD leaf = first; leaf < m_header->masterCount; ++leaf) {
-        if (leaf != first && !LeafAt(leaf)[0].Text().starts_with(View(prefix))) break;
-        MatchLeaf(leaf, pattern, wanted, ids);
+    DWORD end = first + 1;
+    while (end < m_header->masterCount && LeafAt(end)[0].Text().starts_with(View(prefix))) ++end;
+    const bool isPrefix = m_order->IsReady() && IsPrefixWithStar(View(pattern));
+    for (DWORD leaf = first; leaf < end; ++leaf) {
+        if (isPrefix && leaf > first && leaf + 1 < end)
+            AppendLeaf(leaf, ids);
+        else if (isPrefix)
+            MatchLeafByPrefix(leaf, View(prefix), pattern, wanted, ids);
+        else
+            MatchLeaf(leaf, 0, wordsOfLeaf, pattern, wanted, ids);
     }
 }
 
@@ -80,15 +106,39 @@ void CWordListFile::LinearSearchNormalList(const StringW& pattern, CDWordArray& 
 {
     ids.RemoveAll();
     const WordSignature wanted = SignatureOfPattern(View(pattern));
-    for (DWORD leaf = 0; leaf < m_header->masterCount; ++leaf) MatchLeaf(leaf, pattern, wanted, ids);
+    for (DWORD leaf = 0; leaf < m_header->masterCount; ++leaf)
+        MatchLeaf(leaf, 0, wordsOfLeaf, pattern, wanted, ids);
 }
 
-void CWordListFile::MatchLeaf(DWORD number, const WCHAR* pattern, WordSignature wanted, CDWordArray& ids)
+// Between two leaves whose first words begin with the prefix all words do.
+void CWordListFile::AppendLeaf(DWORD number, CDWordArray& ids)
+{
+    const auto known = m_signatures->Of(MasterIndex()[number], LeafAt(number));
+    Append(ids, {known.ids, known.used});
+}
+
+// Words that begin with the prefix stand together; any other may still have it behind a separator.
+void CWordListFile::MatchLeafByPrefix(DWORD number, std::u16string_view prefix, const WCHAR* pattern,
+                                      WordSignature wanted, CDWordArray& ids)
 {
     const Leaf& leaf = LeafAt(number);
-    const auto signatures = m_signatures->Of(MasterIndex()[number], leaf);
-    for (DWORD at = 0; at < signatures.used; ++at) {
-        if ((signatures.words[at] & wanted) != wanted) continue;
+    const auto known = m_signatures->Of(MasterIndex()[number], leaf);
+    const std::span words(leaf.entries, known.used);
+    const auto head = [&](const WordEntry& entry) { return entry.Text().substr(0, prefix.size()); };
+    const auto begin = std::ranges::lower_bound(words, prefix, {}, head) - words.begin();
+    const auto end = std::ranges::upper_bound(words, prefix, {}, head) - words.begin();
+    MatchLeaf(number, 0, static_cast<DWORD>(begin), pattern, wanted, ids);
+    Append(ids, {known.ids + begin, known.ids + end});
+    MatchLeaf(number, static_cast<DWORD>(end), known.used, pattern, wanted, ids);
+}
+
+void CWordListFile::MatchLeaf(DWORD number, DWORD begin, DWORD end, const WCHAR* pattern,
+                              WordSignature wanted, CDWordArray& ids)
+{
+    const Leaf& leaf = LeafAt(number);
+    const auto known = m_signatures->Of(MasterIndex()[number], leaf);
+    for (DWORD at = begin; at < std::min(end, known.used); ++at) {
+        if ((known.words[at] & wanted) != wanted) continue;
         WCHAR word[wordUnits + 1] = {};
         leaf[at].Text().copy(word, wordUnits);
         if (MatchWildCardString(word, pattern, 1) >= 0) ids.Add(leaf[at].id);

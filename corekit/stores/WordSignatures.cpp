@@ -46,17 +46,21 @@ WordSignature SignatureOfPattern(std::u16string_view pattern)
 
 WordSignatures::OfLeaf WordSignatures::Of(DWORD block, const WordLeaf& leaf)
 {
+    const std::size_t first = std::size_t{block} * wordsOfLeaf;
     if (block >= m_used.size()) {
         m_used.resize(block + 1, unknown);
-        m_words.resize((std::size_t{block} + 1) * wordsOfLeaf);
+        m_words.resize(first + wordsOfLeaf);
+        m_ids.resize(first + wordsOfLeaf);
     }
-    WordSignature* const words = m_words.data() + std::size_t{block} * wordsOfLeaf;
     if (m_used[block] == unknown) {
         DWORD used = 0;
-        for (; used < wordsOfLeaf && leaf[used].id; ++used) words[used] = SignatureOf(leaf[used].Text());
+        for (; used < wordsOfLeaf && leaf[used].id; ++used) {
+            m_words[first + used] = SignatureOf(leaf[used].Text());
+            m_ids[first + used] = leaf[used].id;
+        }
         m_used[block] = static_cast<BYTE>(used);
     }
-    return {m_used[block], words};
+    return {m_used[block], m_words.data() + first, m_ids.data() + first};
 }
 
 } // namespace corekit::detail

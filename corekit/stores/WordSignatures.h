@@ -13,12 +13,14 @@ using WordSignature = std::uint64_t;
 // What every word that the pattern matches has in its signature.
 WordSignature SignatureOfPattern(std::u16string_view pattern);
 
-// The signatures of a list's leaves, made when they are first asked for.
+// The signatures of a list's leaves, and its identifiers beside each other, made when they are first asked
+// for.
 class WordSignatures {
 public:
     struct OfLeaf {
         DWORD used; // entries in front of the first that is not in use
         const WordSignature* words;
+        const DWORD* ids;
     };
     OfLeaf Of(DWORD block, const WordLeaf& leaf);
 
@@ -33,6 +35,7 @@ private:
 
     std::vector<BYTE> m_used;           // by block
     std::vector<WordSignature> m_words; // 64 for each block
+    std::vector<DWORD> m_ids;           // 64 for each block
 };
 
 } // namespace corekit::detail
