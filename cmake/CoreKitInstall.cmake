@@ -11,8 +11,8 @@ foreach(target ${installed_targets})
   install(TARGETS ${target} EXPORT CoreKitTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${target} NAMELINK_COMPONENT dev)
 endforeach()
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/corekit DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h"
-  PATTERN "*.inc" PATTERN "*Impl.h" EXCLUDE)
+install(CODE "set(SOURCE \"${PROJECT_SOURCE_DIR}\")\nset(INCLUDES \"${CMAKE_INSTALL_INCLUDEDIR}\")")
+install(SCRIPT ${PROJECT_SOURCE_DIR}/cmake/CoreKitHeaders.cmake)
 install(EXPORT CoreKitTargets NAMESPACE CoreKit:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/CoreKit)
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/CoreKitConfig.cmake.in
   ${PROJECT_BINARY_DIR}/CoreKitConfig.cmake INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/CoreKit)

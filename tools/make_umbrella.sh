@@ -6,11 +6,18 @@ cd "$(dirname "$0")/.."
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
+# What of a header lies outside of the namespaces of helpers.
+outside_of_detail() {
+    awk '/^namespace (corekit::)?detail \{/ { depth = 0; inside = 1 }
+         inside { depth += gsub(/\{/, "{") - gsub(/\}/, "}"); inside = depth > 0; next }
+         1' "$1"
+}
+
 # Public is what other code may call; insides of headers and sources are not.
 public() {
     find corekit -mindepth 2 -name '*.h' -not -name '*Impl.h' -not -path '*/qt/*' -not -path '*/posix/*' -not -path '*/resources/*' | LC_ALL=C sort -f |
         while read -r header; do
-            if grep -q COREKIT_API "$header" || ! grep -q 'namespace corekit::detail' "$header"; then echo "$header"; fi
+            if outside_of_detail "$header" | grep -q COREKIT_API || ! grep -qE 'namespace (corekit::)?detail' "$header"; then echo "$header"; fi
         done
     find corekit -maxdepth 1 -name '*.h' -not -name 'CoreKit*.h' | LC_ALL=C sort -f
 }

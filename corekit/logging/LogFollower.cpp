@@ -1,5 +1,6 @@
 #include "corekit/logging/LogFollower.h"
 
+#include "corekit/logging/LogFiles.h"
 #include "corekit/logging/LogLevel.h"
 #include "corekit/platform/FileAttributes.h"
 
@@ -38,19 +39,23 @@ LogLine ParseLogLine(std::string_view line)
     return {line.substr(0, timeLength), level ? level : someLevel, line.substr(textAt)};
 }
 
-CLogFollower::CLogFollower(const char* baseName, const char* directory) : m_names(baseName, directory) {}
+CLogFollower::CLogFollower(const char* baseName, const char* directory)
+    : m_names(std::make_unique<corekit::detail::LogFileNames>(baseName, directory))
+{
+}
+CLogFollower::~CLogFollower() = default;
 
 // The file after the current one; empty if there is none.
 std::string CLogFollower::NextFile() const
 {
-    const std::vector<std::string> days = m_names.Days();
+    const std::vector<std::string> days = m_names->Days();
     if (m_path.empty()) {
         if (!days.empty()) return days.back();
-        return GetFileAttributesA(m_names.Single().c_str()) != INVALID_FILE_ATTRIBUTES ? m_names.Single()
-                                                                                       : "";
+        return GetFileAttributesA(m_names->Single().c_str()) != INVALID_FILE_ATTRIBUTES ? m_names->Single()
+                                                                                        : "";
     }
     const auto later = std::ranges::upper_bound(days, m_path); // dates sort as text
-    return m_path == m_names.Single() || later == days.end() ? "" : *later;
+    return m_path == m_names->Single() || later == days.end() ? "" : *later;
 }
 
 bool CLogFollower::ReadLine(std::string& line)

@@ -11,12 +11,17 @@
 // when that is there and the old one is at its end. The log need not exist yet. One thread.
 #pragma once
 
-#include "corekit/logging/LogFiles.h"
+#include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
 
 #include <fstream>
+#include <memory>
 #include <string>
 #include <string_view>
+
+namespace corekit::detail {
+class LogFileNames;
+}
 
 // A line in its parts, which lie in the line. Where an entry's text has line ends, the lines behind the first
 // have no time and level 0.
@@ -30,6 +35,7 @@ COREKIT_API LogLine ParseLogLine(std::string_view line);
 class COREKIT_API CLogFollower {
 public:
     CLogFollower(const char* baseName, const char* directory);
+    ~CLogFollower();
 
     // The next whole line, without its end. False if there is none yet.
     bool Next(std::string& line);
@@ -40,7 +46,7 @@ private:
     std::string NextFile() const;
     bool ReadLine(std::string& line);
 
-    corekit::detail::LogFileNames m_names;
+    std::unique_ptr<corekit::detail::LogFileNames> m_names;
     std::string m_path;
     std::ifstream m_file;
     std::string m_started; // a line whose end is not there yet

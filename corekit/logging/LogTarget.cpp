@@ -2,6 +2,8 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/foundation/TimeFunctions.h"
+#include "corekit/logging/LogFiles.h"
+#include "corekit/platform/AppendFile.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
 #include "corekit/stores/RegistryKey.h"
@@ -13,12 +15,12 @@ IMPLEMENT_DYNAMIC(CLogTarget, CCriticalObject)
 
 namespace {
 
+using corekit::LogLevelField;
+using corekit::LogLevelName;
 using corekit::detail::AppendFile;
 using corekit::detail::Hold;
 using corekit::detail::LogDay;
 using corekit::detail::LogFileNames;
-using corekit::LogLevelField;
-using corekit::LogLevelName;
 
 constexpr std::size_t longestPiece = 1024;
 constexpr std::size_t keptRoom = 64 * 1024; // of the line buffer, from one message to the next
@@ -35,7 +37,9 @@ std::string LossText(DWORD count, DWORD error)
 
 } // namespace
 
-CLogTarget::CLogTarget() = default;
+CLogTarget::CLogTarget() : m_file(std::make_unique<AppendFile>()), m_names(std::make_unique<LogFileNames>())
+{
+}
 CLogTarget::~CLogTarget() { CloseLogFile(); }
 
 StringA CLogTarget::GetLevelName(unsigned long level)
@@ -44,17 +48,17 @@ StringA CLogTarget::GetLevelName(unsigned long level)
     return {name.data(), static_cast<int>(name.size())};
 }
 
-std::string CLogTarget::PathAt(long now) const { return m_isDaily ? m_names.OfDay(now) : m_names.Single(); }
+std::string CLogTarget::PathAt(long now) const { return m_isDaily ? m_names->OfDay(now) : m_names->Single(); }
 
 int CLogTarget::CreateLogFile(const char* baseName, const char* directory, int daily)
 {
     const Hold hold(*this);
-    if (m_file.IsOpen()) return 0;
+    if (m_file->IsOpen()) return 0;
     const long now = time_GetCurrentTime(0);
-    m_names = LogFileNames(baseName ? baseName : "", directory ? directory : "");
+    *m_names = LogFileNames(baseName ? baseName : "", directory ? directory : "");
     m_isDaily = daily != 0;
     m_fileDay = LogDay(now);
-    if (!m_file.Open(PathAt(now).c_str())) return 0;
+    if (!m_file->Open(PathAt(now).c_str())) return 0;
     m_lost = 0;
     m_isOpen = true;
     WriteLogEntry(now, logInformation, "Log file opened");
@@ -64,10 +68,10 @@ int CLogTarget::CreateLogFile(const char* baseName, const char* directory, int d
 void CLogTarget::CloseLogFile()
 {
     const Hold hold(*this);
-    if (!m_file.IsOpen()) return;
+    if (!m_file->IsOpen()) return;
     WriteLogEntry(time_GetCurrentTime(0), logInformation, "Log file closed");
     m_isOpen = false;
-    m_file.Close();
+    m_file->Close();
 }
 
 DWORD CLogTarget::GetLossReason()
@@ -89,7 +93,7 @@ void CLogTarget::LogMessage(unsigned long level, const WCHAR* text)
 void CLogTarget::WriteMessage(DWORD level, const char* text)
 {
     const Hold hold(*this);
-    if (!m_file.IsOpen()) return; // closed in the meantime
+    if (!m_file->IsOpen()) return; // closed in the meantime
     const long now = time_GetCurrentTime(0);
     if (m_isDaily && (now == m_stampTime ? m_stampDay : LogDay(now)) != m_fileDay) RollOver(now);
     WriteLogEntry(now, level, text ? text : "");
@@ -126,7 +130,7 @@ void CLogTarget::WriteLogEntry(long now, DWORD level, std::string_view text)
         AppendLine(level, text.substr(0, longestPiece));
     AppendLine(level, text);
 
-    if (m_file.Append({m_lines.data(), m_used})) {
+    if (m_file->Append({m_lines.data(), m_used})) {
         m_lost = 0;
     } else {
         ++m_lost;
@@ -140,7 +144,7 @@ void CLogTarget::RollOver(long now)
     AppendFile next;
     if (next.Open(PathAt(now).c_str())) {
         WriteLogEntry(now, logInformation, "Date rollover detected, log file closed.");
-        m_file = std::move(next);
+        *m_file = std::move(next);
         m_fileDay = LogDay(now);
         WriteLogEntry(now, logInformation, "Log file opened after date rollover");
         LogInfoMsg(CoreKitVersionText());
@@ -164,7 +168,7 @@ void CLogTarget::NoteStart(long now)
 
 void CLogTarget::DeleteOldFiles(long now)
 {
-    const std::vector<std::string> files = m_names.Existing();
+    const std::vector<std::string> files = m_names->Existing();
     const auto kept = static_cast<std::size_t>(m_oldDays.load(std::memory_order_relaxed)) + 1;
     for (std::size_t i = 0; i + kept < files.size(); ++i)
         if (!DeleteFileA(files[i].c_str()))

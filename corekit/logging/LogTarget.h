@@ -23,16 +23,20 @@
 
 #include "corekit/foundation/CriticalObject.h"
 #include "corekit/foundation/StringA.h"
-#include "corekit/logging/LogFiles.h"
 #include "corekit/logging/LogLevel.h"
-#include "corekit/platform/AppendFile.h"
 
 #include <atomic>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 class CPropertySheet;
+
+namespace corekit::detail {
+class AppendFile;
+class LogFileNames;
+} // namespace corekit::detail
 
 class COREKIT_API CLogTarget : public CCriticalObject {
     DECLARE_DYNAMIC(CLogTarget)
@@ -86,10 +90,10 @@ public:
     // "*Unknown*" for what is not one level.
     static StringA GetLevelName(unsigned long level);
 
-    // Adds a page, made with new, on which the user edits the three values, which must outlive it; `enabled` may be
-    // null. The title is that of the string, 0 "Logging". In the window library.
-    static void AddPropertyPage(CPropertySheet& sheet, unsigned int captionId, int* enabled, unsigned long* mask,
-                                int* days);
+    // Adds a page, made with new, on which the user edits the three values, which must outlive it; `enabled`
+    // may be null. The title is that of the string, 0 "Logging". In the window library.
+    static void AddPropertyPage(CPropertySheet& sheet, unsigned int captionId, int* enabled,
+                                unsigned long* mask, int* days);
 
 private:
     bool Takes(unsigned long level) const
@@ -107,8 +111,8 @@ private:
     void NoteStart(long now);
     void DeleteOldFiles(long now);
 
-    corekit::detail::AppendFile m_file;
-    corekit::detail::LogFileNames m_names;
+    std::unique_ptr<corekit::detail::AppendFile> m_file;
+    std::unique_ptr<corekit::detail::LogFileNames> m_names;
     bool m_isDaily = false;
     long m_fileDay = 0; // the day that the open file is for
     std::atomic<bool> m_isOpen = false;

@@ -3,6 +3,7 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/framework/Module.h"
+#include "corekit/net/FtpReader.h"
 #include "corekit/platform/SystemTime.h"
 #include "corekit/resources/Messages.h"
 
@@ -27,7 +28,9 @@ bool IsOneLine(std::string_view text) { return text.find_first_of("\r\n") == tex
 CString LastOf(const CStringArray& lines) { return lines.GetAt(lines.GetUpperBound()); }
 } // namespace
 
-CFtpClient::CFtpClient(const CFtpClient& other) : CObject() { *this = other; }
+CFtpClient::CFtpClient() : m_received(std::make_unique<FtpReader>()) {}
+CFtpClient::CFtpClient(const CFtpClient& other) : CFtpClient() { *this = other; }
+CFtpClient::~CFtpClient() = default;
 
 CFtpClient& CFtpClient::operator=(const CFtpClient& other)
 {
@@ -132,19 +135,19 @@ int CFtpClient::SendCommand(const char* command, const char* argument)
 int CFtpClient::GetMoreData(DWORD size, DWORD limit)
 {
     DWORD received = 0;
-    const bool isRead = m_socket && m_socket->ReadSocket(m_received.Room(size), size, received,
+    const bool isRead = m_socket && m_socket->ReadSocket(m_received->Room(size), size, received,
                                                          static_cast<int>(Within(limit)));
     if (IsTimeOver()) return BreakOff();
     if (!isRead) return Failed(message::ftpSocketFailed);
     if (received == 0) return Failed(message::ftpServerClosed);
-    m_received.Added(received);
+    m_received->Added(received);
     return 1;
 }
 
 int CFtpClient::ReadOneLine(CString& line, DWORD start)
 {
-    while (!m_received.TakeLine(line)) {
-        if (m_received.Bytes().size() > FtpReader::mostReply || timeGetTime() - start > replyLimit)
+    while (!m_received->TakeLine(line)) {
+        if (m_received->Bytes().size() > FtpReader::mostReply || timeGetTime() - start > replyLimit)
             return BreakOff();
         if (!GetMoreData(controlRead, m_timeout)) return 0;
     }
@@ -169,7 +172,7 @@ int CFtpClient::GetServerMessage(CStringArray& lines)
 // What the server sends has no end, or comes too late: nothing of it is of use any more.
 int CFtpClient::BreakOff()
 {
-    m_received = {};
+    *m_received = {};
     if (m_socket) m_socket->Close();
     return Failed(message::ftpSocketFailed);
 }
@@ -193,12 +196,12 @@ void CFtpClient::DropLateReply()
 {
     for (CString line; m_expectsLateReply;) {
         DWORD received = 0;
-        if (m_received.TakeLine(line)) {
+        if (m_received->TakeLine(line)) {
             LogString(0, line);
             m_expectsLateReply = !corekit::detail::IsLastLineOfReply(View(line));
-        } else if (m_socket->ReadSocket(m_received.Room(controlRead), controlRead, received, 0) &&
-                   received > 0 && m_received.Bytes().size() <= FtpReader::mostReply) {
-            m_received.Added(received);
+        } else if (m_socket->ReadSocket(m_received->Room(controlRead), controlRead, received, 0) &&
+                   received > 0 && m_received->Bytes().size() <= FtpReader::mostReply) {
+            m_received->Added(received);
         } else {
             return;
         }

@@ -12,10 +12,13 @@
 #pragma once
 
 #include "corekit/foundation/Stream.h"
-#include "corekit/net/FtpReader.h"
 #include "corekit/net/XSocket.h"
 
 #include <memory>
+
+namespace corekit::detail {
+class FtpReader;
+}
 
 enum eFtpMode : int {
     ftpModeNormal = 0,   // the server connects back: there is none, every transfer fails
@@ -29,12 +32,12 @@ public:
     // kind 0: what is done and what goes to and fro, the password included; 1: errors.
     using LoggingCallback = void (*)(void* context, int kind, const char* text);
 
-    CFtpClient() = default;
+    CFtpClient();
     // A copy shares the connection, and takes the mode, the callback without its context, and the settings.
     // Only one of the two may Disconnect, and they may not work at once.
     CFtpClient(const CFtpClient& other);
     CFtpClient& operator=(const CFtpClient& other);
-    ~CFtpClient() override = default; // closes nothing: see Disconnect
+    ~CFtpClient() override; // closes nothing: see Disconnect
 
     // Connects and logs on. A connection that stands is forgotten, not closed.
     int Connect(const char* host, int port, const char* user, const char* password, int noDelay);
@@ -128,7 +131,7 @@ private:
     XSocket* m_socket = nullptr;
     CString m_lastError;
     CString m_lastMessage;
-    corekit::detail::FtpReader m_received; // control bytes that nobody has consumed
+    std::unique_ptr<corekit::detail::FtpReader> m_received; // control bytes that nobody has consumed
     eFtpMode m_mode = ftpModePassive;
     LoggingCallback m_callback = nullptr;
     void* m_context = nullptr;

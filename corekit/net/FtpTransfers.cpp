@@ -1,6 +1,8 @@
 // Listings and files of CFtpClient.
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/net/FtpClient.h"
+
+#include "corekit/net/FtpReader.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/MulDiv.h"
 #include "corekit/platform/Sockets.h"
@@ -136,7 +138,7 @@ int CFtpClient::WriteStreamToSocket(XSocket& socket, CStream& stream, DWORD& sen
 // is late; a server that speaks before has a reason.
 int CFtpClient::AwaitTaken(XSocket& socket)
 {
-    if (!m_socket || !m_received.Bytes().empty()) return 1;
+    if (!m_socket || !m_received->Bytes().empty()) return 1;
     const DWORD limit = Within(ConnectLimit());
     if (sockets::AwaitTaken(socket, *m_socket, limit, TimeLeft()) || ::GetLastError() != ERROR_TIMEOUT)
         return 1;
@@ -242,13 +244,13 @@ int CFtpClient::ReadFastModeData(CStringArray& lines)
 {
     lines.RemoveAll();
     for (std::size_t taken = 0; taken <= FtpListingSplitter::most;) {
-        const std::size_t before = m_received.Bytes().size();
+        const std::size_t before = m_received->Bytes().size();
         const int count = lines.GetSize();
-        const auto found = m_received.TakeFastLines(lines);
+        const auto found = m_received->TakeFastLines(lines);
         if (found == FtpReader::Fast::isWhole) return 1;
         if (found == FtpReader::Fast::isTooLarge) break;
         const auto added = static_cast<std::size_t>(lines.GetSize() - count);
-        taken += before - m_received.Bytes().size() + added * FtpListingSplitter::lineCost;
+        taken += before - m_received->Bytes().size() + added * FtpListingSplitter::lineCost;
         if (!GetMoreData(controlRead, m_timeout)) return 0;
     }
     return BreakOff();
@@ -257,7 +259,7 @@ int CFtpClient::ReadFastModeData(CStringArray& lines)
 int CFtpClient::ReadFastModeData(CStream& stream)
 {
     const DWORD position = stream.GetCurrentPos(), start = timeGetTime();
-    while (m_received.TakeFastData(stream) != FtpReader::Fast::isWhole)
+    while (m_received->TakeFastData(stream) != FtpReader::Fast::isWhole)
         if (!GetMoreData(blockSize, m_timeout)) return 0;
     LogString(0, Summary("Transfer complete", stream, position, start));
     return 1;
