@@ -2,6 +2,7 @@
 // build time includes what it uses instead. Made by tools/make_umbrella.sh.
 #pragma once
 
+#include "corekit/CoreKit.h"
 #include "corekit/commands/ui/AboutDialog.h"
 #include "corekit/commands/ui/AXPropertyPage.h"
 #include "corekit/commands/ui/AXPropertySheet.h"
@@ -20,7 +21,6 @@
 #include "corekit/commands/ui/PPage_Miscellaneous.h"
 #include "corekit/commands/ui/PPage_OptionsMgrBlank.h"
 #include "corekit/commands/ui/SoloCategoryPropSheet.h"
-#include "corekit/CoreKit.h"
 #include "corekit/devices/ui/PPage_SerialPort.h"
 #include "corekit/foundation/ui/BitmapResource.h"
 #include "corekit/foundation/ui/DrawHelpers.h"
