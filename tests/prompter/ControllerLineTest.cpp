@@ -24,7 +24,8 @@ protected:
         }
         return holds();
     }
-    static constexpr auto start = PromptAction::startOrStop;
+    using Kind = ControllerEvent::Kind;
+    static constexpr ControllerEvent start{Kind::button, 1};
 
     std::vector<ControllerEvent> events;
     const ControllerLine::Handler note = [this](const ControllerEvent& event) { events.push_back(event); };
@@ -40,8 +41,7 @@ TEST_F(Controller, TellsWhatItsPairsMeanInOrder)
     ASSERT_TRUE(Wait([&] { return events.size() == 2; }));
     Send("\x42");
     ASSERT_TRUE(Wait([&] { return events.size() == 3; }));
-    const std::vector<ControllerEvent> expected = {
-        {start}, {PromptAction::setSpeed, 10}, {PromptAction::stepLines, 2}};
+    const std::vector<ControllerEvent> expected = {start, {Kind::speed, 10}, {Kind::wheel, 2}};
     EXPECT_EQ(events, expected);
 }
 
@@ -58,7 +58,7 @@ TEST_F(Controller, IsTakenAgainAfterItWasUnplugged)
     std::filesystem::create_symlink(name, folder / "dev/COM7");
     ASSERT_TRUE(Wait([&] { return line.IsOpen(); }));
     EXPECT_EQ(write(again, "\x82\x01", 2), 2);
-    EXPECT_TRUE(Wait([&] { return events == std::vector<ControllerEvent>{{start}}; }));
+    EXPECT_TRUE(Wait([&] { return events == std::vector<ControllerEvent>{start}; }));
     close(slave);
     close(again);
 }

@@ -54,20 +54,18 @@ std::vector<ControllerEvent> EventsOf(std::initializer_list<int> bytes)
 TEST(HandController, PairsMeanSpeedWheelAndButtons)
 {
     using Events = std::vector<ControllerEvent>;
-    using enum PromptAction;
-    EXPECT_EQ(EventsOf({0x80, 64, 0x80, 0, 0x80, 127}),
-              (Events{{setSpeed, 0}, {setSpeed, -64}, {setSpeed, 63}}));
-    EXPECT_EQ(EventsOf({0x81, 63, 0x81, 66}), (Events{{stepLines, -1}, {stepLines, 2}}));
-    EXPECT_EQ(EventsOf({0x82, 1, 0x82, 3, 0x82, 7}),
-              (Events{{startOrStop}, {stepStories, 1}, {stepMarkers, -1}}));
+    using enum ControllerEvent::Kind;
+    EXPECT_EQ(EventsOf({0x80, 64, 0x80, 0, 0x80, 127}), (Events{{speed, 0}, {speed, -64}, {speed, 63}}));
+    EXPECT_EQ(EventsOf({0x81, 63, 0x81, 66}), (Events{{wheel, -1}, {wheel, 2}}));
+    EXPECT_EQ(EventsOf({0x82, 1, 0x82, 12}), (Events{{button, 1}, {button, 12}}));
 }
 
 TEST(HandController, WhatDoesNotFitIsPassedOver)
 {
-    const std::vector<ControllerEvent> start = {{PromptAction::startOrStop}};
+    const std::vector<ControllerEvent> start = {{ControllerEvent::Kind::button, 1}};
     EXPECT_EQ(EventsOf({5, 64, 0x82, 1}), start) << "joined in the middle of a pair";
     EXPECT_EQ(EventsOf({0x80, 0x82, 1}), start) << "a byte was lost";
-    EXPECT_EQ(EventsOf({0x82, 0, 0x82, 11, 0x9F, 1, 1, 0x82, 1}), start) << "unknown ones";
+    EXPECT_EQ(EventsOf({0x82, 0, 0x9F, 1, 1, 0x82, 1}), start) << "unknown ones";
 }
 
 TEST(ColourNames, GoThereAndBack)

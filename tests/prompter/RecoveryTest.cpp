@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 using namespace prompter;
 
 namespace {
@@ -12,16 +14,35 @@ TEST(Recovery, UnsavedTextIsOfferedToItsOwnScriptUntilItIsDropped)
 {
     const TempFolder folder;
     const std::string store = folder / "state/unsaved";
-    const Recovery one(store, "/scripts/one.txt"), two(store, "/scripts/two.txt");
-    EXPECT_EQ(one.Left(), std::nullopt);
+    std::optional<Recovery> one(std::in_place, store, "/scripts/one.txt");
+    const Recovery two(store, "/scripts/two.txt");
+    EXPECT_EQ(one->Left(), std::nullopt);
     const std::u16string text = u"\u0633\u0644\u0627\u0645\n\xD800 odd\n";
-    ASSERT_TRUE(one.Keep(u"first"));
-    ASSERT_TRUE(one.Keep(text));
-    EXPECT_EQ(one.Left(), text);
+    ASSERT_TRUE(one->Keep(u"first"));
+    ASSERT_TRUE(one->Keep(text));
+    EXPECT_EQ(one->Left(), text);
     EXPECT_EQ(two.Left(), std::nullopt);
-    EXPECT_EQ(Recovery(store, "/scripts/../scripts/one.txt").Left(), text) << "the same file by another name";
-    one.Drop();
-    EXPECT_EQ(one.Left(), std::nullopt);
+    one.emplace(store, "/scripts/../scripts/one.txt");
+    EXPECT_EQ(one->Left(), text) << "the same file by another name";
+    one->Drop();
+    EXPECT_EQ(one->Left(), std::nullopt);
+}
+
+TEST(Recovery, PromptersWithOneScriptKeepATextEach)
+{
+    const TempFolder folder;
+    const auto open = [&] { return std::make_unique<Recovery>(folder.Path(), "a.txt"); };
+    auto one = open();
+    ASSERT_TRUE(one->Keep(u"one"));
+    auto two = open();
+    EXPECT_EQ(two->Left(), std::nullopt) << "the first one still runs";
+    ASSERT_TRUE(two->Keep(u"two"));
+    one->Drop(); // saved
+    one.reset();
+    two.reset(); // lost
+    one = open();
+    EXPECT_EQ(one->Left(), u"two");
+    EXPECT_EQ(open()->Left(), std::nullopt);
 }
 
 TEST(Recovery, ADamagedFileIsNoOffer)

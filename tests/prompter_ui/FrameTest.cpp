@@ -1,12 +1,12 @@
 #include "view/FramePainter.h"
 
-#include "corekit/platform/Gdi.h"
 #include "corekit/platform/Toolkit.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 using namespace prompter;
@@ -23,21 +23,6 @@ protected:
         CUnicodeManager::Initialise(1);
         CUnicodeManager::GetObjectA()->OverrideSettings({TRUE, FALSE, FALSE, FALSE});
     }
-    void SetUp() override
-    {
-        BITMAPINFO info{};
-        info.bmiHeader = {sizeof(BITMAPINFOHEADER), size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        void* bits = nullptr;
-        m_bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        m_pixels = static_cast<const std::uint32_t*>(bits);
-        m_dc = CreateCompatibleDC(nullptr);
-        SelectObject(m_dc, m_bitmap);
-    }
-    void TearDown() override
-    {
-        DeleteDC(m_dc);
-        DeleteObject(m_bitmap);
-    }
     void Show(std::u16string_view text, const FrameState& state = {})
     {
         m_style.size = 48;
@@ -47,7 +32,8 @@ protected:
         m_layout.Update(m_script, m_face, {&m_held, 1});
         FramePainter painter(m_layout, m_face);
         painter.SetStyle(m_style);
-        painter.Paint(m_dc, size, state);
+        ASSERT_TRUE(m_frame.Resize(size));
+        painter.Paint(m_frame, state);
     }
     // Pixels of the colour within a part of the frame.
     int Count(COLORREF colour, RECT part) const
@@ -55,7 +41,7 @@ protected:
         int count = 0;
         for (int y = part.top; y < part.bottom; ++y)
             for (int x = part.left; x < part.right; ++x) {
-                const std::uint32_t p = m_pixels[y * size.cx + x];
+                const std::uint32_t p = m_frame.Pixels()[static_cast<std::size_t>(y * size.cx + x)];
                 count += RGB(p >> 16 & 0xFF, p >> 8 & 0xFF, p & 0xFF) == colour;
             }
         return count;
@@ -67,11 +53,7 @@ protected:
     Script m_script;
     PromptLayout m_layout;
     Anchor m_held;
-
-private:
-    HBITMAP m_bitmap = nullptr;
-    HDC m_dc = nullptr;
-    const std::uint32_t* m_pixels = nullptr;
+    FrameBuffer m_frame;
 };
 
 TEST_F(Frame, ParagraphsAndTheMarkStandWhereTheirDirectionBegins)
@@ -107,6 +89,33 @@ TEST_F(Frame, ABlankFrameShowsNothingAndACountdownOnlyItself)
     Show(u"one\ntwo", {.countdown = 3});
     EXPECT_GT(White({300, 150, 500, 300}), 50);
     EXPECT_EQ(White({0, 0, 300, 450}), 0);
+}
+
+// Scripts with ink far above and below their lines, close together, with both sides of the mark.
+TEST_F(Frame, OneThatMovedIsTheSameAsOneDrawnAnew)
+{
+    m_style.lineGap = 0;
+    std::u16string text;
+    for (int i = 0; i < 12; ++i)
+        text += u"Agj\u00C5\u1EA4 \u0926\u0941\u0930\u094D\u0917\u093E\n"
+                u"\u0628\u0650\u0633\u0652\u0645\u0650 "
+                u"\u0671\u0644\u0644\u0651\u064E\u0670\u0647\u0650\n\u05E9\u05BC\u05C1\u05B8\n\n";
+    Show(text);
+    FramePainter moving(m_layout, m_face), anew(m_layout, m_face);
+    moving.SetStyle(m_style);
+    anew.SetStyle(m_style);
+    FrameBuffer moved, drawn;
+    ASSERT_TRUE(moved.Resize(size) && drawn.Resize(size));
+    FrameState state{.position = 300, .status = u"12:00", .markers = {480, 960}};
+    for (const double by : {1.0, 0.4, 0.4, 7.0, -3.0, 0.0, 48.0, -200.0, 371.5, 500.0, -1.0, -0.5, 90.0}) {
+        state.position += by;
+        if (by == 90.0) state.markers.pop_back();
+        state.status[0] = static_cast<char16_t>(u'1' + static_cast<int>(std::abs(by)) % 3);
+        moving.Paint(moved, state);
+        anew.Forget();
+        anew.Paint(drawn, state);
+        ASSERT_TRUE(std::ranges::equal(moved.Pixels(), drawn.Pixels())) << "after " << by;
+    }
 }
 
 // Brackets around a Hebrew word open towards it.

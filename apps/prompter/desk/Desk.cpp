@@ -1,5 +1,6 @@
 #include "desk/Desk.h"
 
+#include "desk/CommandKeys.h"
 #include "desk/DeskCommands.h"
 #include "desk/SettingsDialogs.h"
 
@@ -33,9 +34,8 @@ END_MESSAGE_MAP()
 namespace {
 
 constexpr UINT listId = 100, editId = 101, previewId = 102;
-constexpr UINT_PTR frameTimer = 1, keepTimer = 2, newsTimer = 3, displayTimer = 4;
-constexpr UINT frameMilliseconds = 16, keepMilliseconds = 3000, newsMilliseconds = 1000,
-               displayMilliseconds = 500;
+constexpr UINT_PTR keepTimer = 2, newsTimer = 3, displayTimer = 4;
+constexpr UINT keepMilliseconds = 3000, newsMilliseconds = 1000, displayMilliseconds = 500;
 // Of the em: the cell is high in faces with Arabic letters.
 constexpr int editorSize = -24, listSize = -17, listWidth = 300, gap = 4;
 constexpr LANGID seenFromLetters = 0;
@@ -83,19 +83,18 @@ std::u16string PlainLinesOf(const StringW& stored, const std::u16string& before)
 } // namespace
 
 Desk::Desk(const DeskOptions& options)
-    : m_options(options), m_settings(LoadSettings(options.settingsPath)),
-      m_file(options.recoveryFolder, options.codePage), m_session(m_file.TheScript()),
-      m_list(m_file.TheScript(), m_settings.session.rate), m_preview(m_session, {}),
-      m_outputs(m_session, [this] { LeavePrompt(); })
+    : m_options(options), m_settings(LoadSettings(options.settingsPath)), m_file(options.recoveryFolder, 0),
+      m_session(m_file.TheScript()), m_list(m_file.TheScript(), m_settings.session.rate),
+      m_preview(m_session, {}), m_outputs(m_session, [this] { LeavePrompt(); }), m_keptSettings(m_settings)
 {
 }
 
 Desk::~Desk()
 {
+    m_clock.reset();
     m_remote.reset(); // its requests come here
     m_controller.reset();
     m_outputs.Forget();
-    if (m_keys) DestroyAcceleratorTable(m_keys);
 }
 
 void Desk::Open()
@@ -106,6 +105,9 @@ void Desk::Open()
     manager->OverrideSettings({TRUE, FALSE, manager->ExtraLineHeight(), manager->IsUnderlineSelectEnabled()});
     manager->OverrideControlsFont(UsualFonts(listSize));
     AfxSetDialogTemplates(dialogs::all);
+    RegisterCommands();
+    TakeKeys(m_settings.keys);
+    m_file.SetCodePage(CodePage());
     m_file.Open(m_options.script);
     const std::int64_t now = PromptWnd::Now();
     m_session.SetSettings(m_settings.session, now);
@@ -113,20 +115,15 @@ void Desk::Open()
     if (!CreateEx(0, AfxRegisterWndClass(0), "Prompter", WS_OVERLAPPEDWINDOW, m_settings.desk, nullptr, 0))
         throw std::runtime_error("no window can be opened");
     MakeMenu();
-    MakeAccelerators();
     m_list.Refresh();
     ChooseStory(0);
     ShowTitle();
     ShowWindow(SW_SHOW);
     OfferLeft();
-    const std::string& news = m_options.newsFolder.empty() ? m_settings.newsFolder : m_options.newsFolder;
-    if (!news.empty()) {
-        m_news.emplace(news);
-        SetTimer(newsTimer, newsMilliseconds);
-    }
+    WatchNews();
     OpenRemote();
     OpenController();
-    SetTimer(frameTimer, frameMilliseconds);
+    m_clock.emplace([this] { Tick(); });
     SetTimer(keepTimer, keepMilliseconds);
     SetTimer(displayTimer, displayMilliseconds);
 }
@@ -180,7 +177,9 @@ void Desk::OnSetFocus(CWnd*) { m_edit.SetFocus(); }
 void Desk::ShowTitle()
 {
     const std::string name = m_file.Path().empty() ? "New script" : m_file.Path();
-    SetWindowText((std::string(m_file.IsModified() ? "* " : "") + name + " - Prompter").c_str());
+    SetWindowText((std::string(m_file.IsModified() ? "* " : "") + name + " - Prompter" +
+                   (m_cannotKeep ? " (unsaved text cannot be kept for a crash)" : ""))
+                      .c_str());
 }
 
 void Desk::OfferLeft()
@@ -196,24 +195,83 @@ void Desk::OfferLeft()
     ChooseStory(0);
 }
 
+void Desk::TakeScript(const std::string& path)
+{
+    m_file.SetCodePage(CodePage());
+    m_file.Open(path);
+    m_session.GoToStart(PromptWnd::Now());
+    m_session.ForgetMarkers();
+    m_editedStory = 0;
+    ScriptChanged();
+    ChooseStory(0);
+    OfferLeft();
+}
+
+void Desk::OpenScript(const std::string& path)
+{
+    if (!MayClose()) return;
+    try {
+        TakeScript(path);
+    } catch (const std::runtime_error& e) {
+        Complain(e.what());
+    }
+}
+
+unsigned Desk::CodePage() const
+{
+    return m_options.codePage ? m_options.codePage : static_cast<unsigned>(m_settings.codePage);
+}
+
 void Desk::OpenRemote()
 {
-    if (!m_options.remote) return;
+    m_remote.reset();
+    m_remotePort = 0;
+    const bool isWanted = m_options.remote || m_settings.hasRemote;
+    if (!isWanted) return;
     m_remote.emplace([this](std::string_view line) {
         const std::string answer = m_session.Do(ParseRemoteLine(line), PromptWnd::Now());
         Tick();
         return answer;
     });
-    m_remotePort = m_remote->Listen(*m_options.remote);
+    if (m_options.remote) {
+        m_remotePort = m_remote->Listen(*m_options.remote);
+        return;
+    }
+    try {
+        m_remotePort = m_remote->Listen(m_settings.remote);
+    } catch (CException* e) { // another prompter may have the port
+        m_remote.reset();
+        char why[512] = "";
+        e->GetErrorMessage(why, sizeof why);
+        e->Delete();
+        Complain((std::string("There is no remote control: ") + why).c_str());
+    } catch (const std::exception& e) {
+        m_remote.reset();
+        Complain((std::string("There is no remote control: ") + e.what()).c_str());
+    }
 }
+
+void Desk::WatchNews()
+{
+    m_news.reset();
+    const std::string& folder = m_options.newsFolder.empty() ? m_settings.newsFolder : m_options.newsFolder;
+    if (folder.empty()) return;
+    m_news.emplace(folder);
+    SetTimer(newsTimer, newsMilliseconds);
+}
+
+void Desk::Complain(const char* why) { StockMessageBox(this, why, MB_OK | MB_ICONEXCLAMATION); }
 
 void Desk::LookForNews()
 {
+    if (!m_news) return;
     bool changed = false;
     TakeEdits();
     for (const NewsFolder::News& one : m_news->Look()) {
-        const std::u16string text = DecodeScript(one.bytes, m_options.codePage).text;
-        changed |= m_file.TheScript().TakeNews(one.name, text, m_editedStory) != Script::News::unchanged;
+        const std::u16string text = DecodeScript(one.bytes, CodePage()).text;
+        const bool isText = text.find(u'\0') == text.npos;
+        if (isText)
+            changed |= m_file.TheScript().TakeNews(one.name, text, m_editedStory) != Script::News::unchanged;
     }
     if (!changed) return;
     ScriptChanged();
@@ -263,16 +321,22 @@ void Desk::Tick()
 
 void Desk::OnTimer(UINT_PTR id)
 {
-    if (id == frameTimer)
-        Tick();
-    else if (id == keepTimer)
-        m_file.KeepUnsaved();
+    if (id == keepTimer)
+        KeepUnsaved();
     else if (id == newsTimer)
         LookForNews();
     else if (id == displayTimer)
         FollowDisplays();
     else
         Default();
+}
+
+void Desk::KeepUnsaved()
+{
+    const bool isKept = m_file.KeepUnsaved();
+    if (isKept == !m_cannotKeep) return;
+    m_cannotKeep = !isKept;
+    ShowTitle();
 }
 
 void Desk::StartPrompt(bool fromCursor)
@@ -302,10 +366,15 @@ void Desk::LeavePrompt()
 void Desk::Save()
 {
     TakeEdits();
+    if (m_file.Path().empty()) return SaveAs();
+    if (m_file.IsChangedOnDisk() &&
+        StockMessageBox(this, "Another program has changed the file since it was opened. Write over it?",
+                        MB_YESNO | MB_ICONEXCLAMATION) != IDYES)
+        return;
     try {
         m_file.Save();
     } catch (const std::runtime_error& e) {
-        StockMessageBox(this, e.what(), MB_OK | MB_ICONEXCLAMATION);
+        Complain(e.what());
     }
     ShowTitle();
 }
@@ -314,8 +383,7 @@ bool Desk::MayClose()
 {
     TakeEdits();
     if (!m_file.IsModified()) return true;
-    switch (StockMessageBox(this, "Save the script before the prompter ends?",
-                            MB_YESNOCANCEL | MB_ICONQUESTION)) {
+    switch (StockMessageBox(this, "Save the script?", MB_YESNOCANCEL | MB_ICONQUESTION)) {
     case IDYES:
         Save();
         return !m_file.IsModified();
@@ -334,10 +402,11 @@ void Desk::OnClose()
 
 void Desk::OnDestroy()
 {
-    for (const UINT_PTR timer : {frameTimer, keepTimer, newsTimer, displayTimer}) KillTimer(timer);
+    m_clock.reset();
+    for (const UINT_PTR timer : {keepTimer, newsTimer, displayTimer}) KillTimer(timer);
     m_settings.speed = m_session.Speed();
     GetWindowRect(&m_settings.desk);
-    SaveSettings(m_options.settingsPath, m_settings);
+    KeepSettings();
     m_outputs.Forget();
     Default();
     PostQuitMessage(0);

@@ -1,20 +1,21 @@
 // The operator's window: stories, the editor of the chosen one, and what the displays show.
 //
-// It owns the script, the session and the windows of the displays, and drives the frames by a timer. Lives on
+// It owns the script, the session and the windows of the displays, and drives the frames by a clock. Lives on
 // the user-interface thread from its creation to the end of the program.
 #pragma once
 
+#include "desk/ScriptEdit.h"
 #include "desk/ScriptFile.h"
 #include "desk/StoryList.h"
 #include "model/NewsFolder.h"
 #include "remote/ControllerLine.h"
 #include "remote/RemoteServer.h"
 #include "view/Displays.h"
+#include "view/FrameClock.h"
 #include "view/OutputWindows.h"
 #include "view/SettingsFile.h"
 
 #include "corekit/platform/PopupMenus.h"
-#include "corekit/unicode/ui/edit/MultilineUnicodeEditCtl.h"
 
 #include <memory>
 #include <optional>
@@ -23,10 +24,10 @@ namespace prompter {
 
 struct DeskOptions {
     std::string script;
-    unsigned codePage = 0;
+    unsigned codePage = 0; // 0: that of the settings
     std::string settingsPath = UsualSettingsPath();
     std::string recoveryFolder = UsualRecoveryFolder();
-    std::string newsFolder; // empty: that of the settings
+    std::string newsFolder; // empty: that of the settings, as below
     std::optional<RemotePlace> remote;
     int controllerPort = 0; // 0: that of the settings
     std::function<std::vector<Display>()> listDisplays = &ListDisplays;
@@ -50,10 +51,14 @@ public:
     const std::vector<OutputWindows::Window>& Outputs() const { return m_outputs.Windows(); }
     bool HasController() const { return m_controller && m_controller->IsOpen(); }
 
+    // Brings script, frame and windows up to date; the clock calls it sixty times a second.
+    void Tick();
+
     // ---- What menus and keys do
     void StartPrompt(bool fromCursor);
     void LeavePrompt();
     void Save();
+    void OpenScript(const std::string& path); // empty: a new one; the one that is open is offered to be saved
     void TakeSettings(const Settings& settings);
 
     BOOL PreTranslateMessage(MSG* message) override;
@@ -71,20 +76,28 @@ protected:
 
 private:
     void MakeMenu();
-    void MakeAccelerators();
     void LayOutPanes(int width, int height);
     void ShowTitle();
     void OfferLeft();
+    void TakeScript(const std::string& path);
     void OpenRemote();
+    void WatchNews();
     void LookForNews();
+    void KeepUnsaved();
+    void KeepSettings();
+    unsigned CodePage() const;
     void TakeEdits();            // what was typed goes into the script
     void ChooseStory(int index); // and shows it in the editor
     void ScriptChanged();        // the list and the prompt follow
-    void Tick();
     bool MayClose();
     void Perform(UINT command);
     void ShowStory(int index); // after a change of the script
     void SaveAs();
+    void AskForScript();
+    void ChangeKeys();
+    void TakeController(const ControllerEvent& event);
+    void TakeButton(int button);
+    void Complain(const char* why);
     void SetStyle(const PromptStyle& style);
     void OpenController();
     void ChooseStandIn();
@@ -100,7 +113,7 @@ private:
     ScriptFile m_file;
     Session m_session;
     StoryList m_list;
-    CMultilineUnicodeEditCtl m_edit;
+    ScriptEdit m_edit;
     PromptWnd m_preview;
     OutputWindows m_outputs;
     bool m_isPrompting = false;
@@ -108,8 +121,11 @@ private:
     std::optional<NewsFolder> m_news;
     std::optional<RemoteServer> m_remote;
     std::optional<ControllerLine> m_controller;
+    std::optional<FrameClock> m_clock; // of the frames, while the window is there
     int m_remotePort = 0;
-    HACCEL m_keys = nullptr;
+    Settings m_keptSettings;         // as they stand in the file
+    bool m_isChangingKeys = false;   // a button of the controller is then a key to be given
+    bool m_cannotKeep = false;       // unsaved text is not safe
     std::uint64_t m_editedStory = 0; // key
     StringW m_shownText;             // what the editor was given, or was last seen with
 };

@@ -1,4 +1,5 @@
 // The menu of the desk, its keys, and what they do.
+#include "desk/CommandKeys.h"
 #include "desk/Desk.h"
 #include "desk/DeskCommands.h"
 
@@ -9,13 +10,18 @@
 #include <algorithm>
 #include <stdexcept>
 #include <string_view>
-#include <vector>
 
 namespace prompter {
+namespace {
 
+constexpr const char* scriptFilter = "Scripts (*.txt)|*.txt|All files (*)|*||";
+
+} // namespace
+
+// Each item with the key that it has now.
 void Desk::MakeMenu()
 {
-    const HMENU bar = CreateMenu();
+    const HMENU bar = CreateMenu(), former = ::GetMenu(m_hWnd);
     HMENU menu = nullptr;
     std::string_view open;
     for (const DeskMenuItem& item : deskMenu) {
@@ -24,19 +30,12 @@ void Desk::MakeMenu()
             menu = CreatePopupMenu();
             AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), item.menu);
         }
-        AppendMenuA(menu, item.text ? MF_STRING : MF_SEPARATOR, item.command, item.text);
+        const CString key = KeyNameOf(deskKeys, item.command);
+        const CString text = CString(item.text ? item.text : "") + (key.IsEmpty() ? "" : "\t") + key;
+        AppendMenuA(menu, item.text ? MF_STRING : MF_SEPARATOR, item.command, text);
     }
     ::SetMenu(m_hWnd, bar);
-}
-
-void Desk::MakeAccelerators()
-{
-    std::vector<ACCEL> rows;
-    for (const DeskMenuItem& item : deskMenu)
-        if (item.key)
-            rows.push_back({static_cast<BYTE>(FVIRTKEY | item.held), static_cast<WORD>(item.key),
-                            static_cast<WORD>(item.command)});
-    m_keys = CreateAcceleratorTableA(rows.data(), static_cast<int>(rows.size()));
+    if (former) DestroyMenu(former);
 }
 
 BOOL Desk::PreTranslateMessage(MSG* message)
@@ -44,7 +43,8 @@ BOOL Desk::PreTranslateMessage(MSG* message)
     // A display has its keys to itself, whatever the keyboard of the editor makes of them.
     const bool isPrompting = m_outputs.Has(message->hwnd);
     if (isPrompting) return CWnd::PreTranslateMessage(message);
-    if (m_keys && TranslateAcceleratorA(m_hWnd, m_keys, message)) return TRUE;
+    const HACCEL keys = KeyTable(deskKeys);
+    if (keys && TranslateAcceleratorA(m_hWnd, keys, message)) return TRUE;
     const bool isWriting = message->hwnd != m_preview.m_hWnd;
     if (isWriting && CUnicodeManager::GetObjectA()->TranslateMessageHook(message)) return TRUE;
     return CWnd::PreTranslateMessage(message);
@@ -66,6 +66,10 @@ void Desk::Perform(UINT command)
     const int index = std::max(script.IndexOf(m_editedStory), 0);
     PromptStyle style = m_settings.session.style;
     switch (command) {
+    case newScript:
+        return OpenScript({});
+    case openScript:
+        return AskForScript();
     case saveScript:
         return Save();
     case saveScriptAs:
@@ -105,6 +109,8 @@ void Desk::Perform(UINT command)
             [](FrameForm& f) { f.turn = static_cast<Turn>((static_cast<int>(f.turn) + 1) % 4); });
     case showSettings:
         return ShowSettings();
+    case changeKeys:
+        return ChangeKeys();
     case showKeyboards:
         return ShowKeyboards();
     case largerText:
@@ -130,15 +136,20 @@ void Desk::ShowStory(int index)
     ChooseStory(index);
 }
 
+void Desk::AskForScript()
+{
+    CFileDialog dialog(TRUE, "txt", nullptr, OFN_FILEMUSTEXIST, scriptFilter, this);
+    if (dialog.DoModal() == IDOK) OpenScript(static_cast<const char*>(dialog.GetPathName()));
+}
+
 void Desk::SaveAs()
 {
-    CFileDialog dialog(FALSE, "txt", m_file.Path().c_str(), OFN_OVERWRITEPROMPT,
-                       "Scripts (*.txt)|*.txt|All files (*)|*||", this);
+    CFileDialog dialog(FALSE, "txt", m_file.Path().c_str(), OFN_OVERWRITEPROMPT, scriptFilter, this);
     if (dialog.DoModal() != IDOK) return;
     try {
         m_file.SaveAs(static_cast<const char*>(dialog.GetPathName()));
     } catch (const std::runtime_error& e) {
-        StockMessageBox(this, e.what(), MB_OK | MB_ICONEXCLAMATION);
+        Complain(e.what());
     }
     ShowTitle();
 }
@@ -147,6 +158,7 @@ void Desk::SetStyle(const PromptStyle& style)
 {
     m_settings.session.style = style;
     m_session.SetSettings(m_settings.session, PromptWnd::Now());
+    KeepSettings();
 }
 
 } // namespace prompter

@@ -1,4 +1,4 @@
-// The commands of the desk: where they stand in its menu, and their keys.
+// The commands of the desk: where they stand in its menu, and the keys that they have at first.
 #pragma once
 
 #include "corekit/platform/Keyboard.h"
@@ -8,6 +8,7 @@
 
 namespace prompter {
 
+// The numbers are kept with the keys of users: new ones go to the end.
 enum DeskCommand : UINT {
     saveScript = 200,
     saveScriptAs,
@@ -31,47 +32,55 @@ enum DeskCommand : UINT {
     nextKeyboard,
     showSettings,
     showKeyboards,
-    lastDeskCommand = showKeyboards,
+    newScript,
+    openScript,
+    changeKeys,
+    lastDeskCommand = changeKeys,
 };
 
 struct DeskMenuItem {
     const char* menu; // the menu that it stands in; those of one menu follow each other
-    const char* text; // null for a line between items
+    const char*
+        text; // null for a line between items; a key that is not for the user to change stands behind a tab
     UINT command;
     int key;   // virtual key, 0 for none
     BYTE held; // FCONTROL, FSHIFT, FALT
+    const char* description;
 };
-
-inline constexpr int keyF4 = 0x73, keyF5 = 0x74, keyUp = 0x26, keyDown = 0x28;
 
 // clang-format off
 inline constexpr DeskMenuItem deskMenu[] = {
-    {"&File", "&Save\tCtrl+S", saveScript, 'S', FCONTROL},
-    {"&File", "Save &as...\tCtrl+Shift+S", saveScriptAs, 'S', FCONTROL | FSHIFT},
-    {"&File", nullptr, 0, 0, 0},
-    {"&File", "&Quit\tCtrl+Q", quitDesk, 'Q', FCONTROL},
-    {"&Story", "&New\tCtrl+N", addStory, 'N', FCONTROL},
-    {"&Story", "Move &up\tCtrl+Shift+Up", moveStoryUp, keyUp, FCONTROL | FSHIFT},
-    {"&Story", "Move &down\tCtrl+Shift+Down", moveStoryDown, keyDown, FCONTROL | FSHIFT},
-    {"&Story", "&Skip, or read again\tCtrl+K", skipStory, 'K', FCONTROL},
-    {"&Story", "&Keep this one of the same file", keepStory, 0, 0},
-    {"&Story", nullptr, 0, 0, 0},
-    {"&Story", "&Remove", removeStory, 0, 0},
-    {"&Prompt", "&Start\tF5", startPrompt, keyF5, 0},
-    {"&Prompt", "Start at the &cursor\tShift+F5", startPromptAtCursor, keyF5, FSHIFT},
-    {"&Prompt", nullptr, 0, 0, 0},
-    {"&Prompt", "Mirror &left and right", mirrorSides, 0, 0},
-    {"&Prompt", "Mirror &top and bottom", mirrorTop, 0, 0},
-    {"&Prompt", "T&urn by a quarter", turnDisplays, 0, 0},
-    {"&Prompt", nullptr, 0, 0, 0},
-    {"&Prompt", "La&rger\tCtrl++", largerText, VK_OEM_PLUS, FCONTROL},
-    {"&Prompt", "S&maller\tCtrl+-", smallerText, VK_OEM_MINUS, FCONTROL},
-    {"&Prompt", "&Wider lines\tCtrl+.", wider, VK_OEM_PERIOD, FCONTROL},
-    {"&Prompt", "&Narrower lines\tCtrl+,", narrower, VK_OEM_COMMA, FCONTROL},
-    {"&Prompt", nullptr, 0, 0, 0},
-    {"&Prompt", "S&ettings...\tF4", showSettings, keyF4, 0},
-    {"&Keyboard", "&Choose...\tCtrl+Alt+K", showKeyboards, 'K', FCONTROL | FALT},
-    {"&Keyboard", "&Next\tCtrl+Alt+Right", nextKeyboard, 0, 0},
+    {"&File", "&New", newScript, 'N', FCONTROL | FSHIFT, "Begins a script."},
+    {"&File", "&Open...", openScript, 'O', FCONTROL, "Opens another script."},
+    {"&File", "&Save", saveScript, 'S', FCONTROL, "Writes the script to its file."},
+    {"&File", "Save &as...", saveScriptAs, 'S', FCONTROL | FSHIFT, "Writes the script to another file."},
+    {"&File", nullptr, 0, 0, 0, nullptr},
+    {"&File", "&Quit", quitDesk, 'Q', FCONTROL, "Ends the prompter."},
+    {"&Story", "&New", addStory, 'N', FCONTROL, "Begins a story behind this one."},
+    {"&Story", "Move &up", moveStoryUp, VK_UP, FCONTROL | FSHIFT, "Moves the story up by one."},
+    {"&Story", "Move &down", moveStoryDown, VK_DOWN, FCONTROL | FSHIFT, "Moves the story down by one."},
+    {"&Story", "&Skip, or read again", skipStory, 'K', FCONTROL, "Leaves the story out, or takes it in again."},
+    {"&Story", "&Keep this one of the same file", keepStory, 'K', FCONTROL | FSHIFT,
+     "Of stories that came from the same file only this one stays."},
+    {"&Story", nullptr, 0, 0, 0, nullptr},
+    {"&Story", "&Remove", removeStory, VK_DELETE, FCONTROL | FSHIFT, "Takes the story out of the script."},
+    {"&Prompt", "&Start", startPrompt, VK_F1 + 4, 0, "Shows the prompt on its displays."},
+    {"&Prompt", "Start at the &cursor", startPromptAtCursor, VK_F1 + 4, FSHIFT,
+     "Shows the prompt from the line where the editor's cursor stands."},
+    {"&Prompt", nullptr, 0, 0, 0, nullptr},
+    {"&Prompt", "Mirror &left and right", mirrorSides, 'M', FCONTROL | FSHIFT, "Mirrors the displays that show the prompt."},
+    {"&Prompt", "Mirror &top and bottom", mirrorTop, 'T', FCONTROL | FSHIFT, "Mirrors the displays that show the prompt."},
+    {"&Prompt", "T&urn by a quarter", turnDisplays, 'R', FCONTROL | FSHIFT, "Turns the displays that show the prompt."},
+    {"&Prompt", nullptr, 0, 0, 0, nullptr},
+    {"&Prompt", "La&rger", largerText, VK_OEM_PLUS, FCONTROL, "Makes the text of the prompt larger."},
+    {"&Prompt", "S&maller", smallerText, VK_OEM_MINUS, FCONTROL, "Makes the text of the prompt smaller."},
+    {"&Prompt", "&Wider lines", wider, VK_OEM_PERIOD, FCONTROL, "Makes the margins of the prompt narrower."},
+    {"&Prompt", "&Narrower lines", narrower, VK_OEM_COMMA, FCONTROL, "Makes the margins of the prompt wider."},
+    {"&Prompt", nullptr, 0, 0, 0, nullptr},
+    {"&Prompt", "S&ettings...", showSettings, VK_F1 + 3, 0, "Read rate, look, displays, files and remote control."},
+    {"&Prompt", "&Keys...", changeKeys, VK_F1 + 3, FSHIFT, "Gives commands other keys."},
+    {"&Keyboard", "&Choose...", showKeyboards, 'K', FCONTROL | FALT, "Shows the keyboards, one of which types."},
+    {"&Keyboard", "&Next\tCtrl + Alt + Right Arrow", nextKeyboard, 0, 0, nullptr},
 };
 // clang-format on
 

@@ -1,7 +1,13 @@
-// The desk and what is around it: displays that show the prompt, the hand controller, the settings of both.
+// The desk and what is around it: displays that show the prompt, the hand controller, keys and settings.
+#include "desk/CommandKeys.h"
 #include "desk/Desk.h"
 #include "desk/KeyboardsDialog.h"
 #include "desk/SettingsSheet.h"
+
+#include "corekit/commands/ui/PPage_CustomiseKeyboard.h"
+#include "corekit/platform/Input.h"
+
+#include <utility>
 
 namespace prompter {
 
@@ -47,6 +53,7 @@ void Desk::ChangeForms(const std::function<void(FrameForm&)>& change)
     if (!m_isPrompting) ChooseStandIn();
     for (const PlannedOutput& output : Plan()) change(SettingsOf(m_settings.outputs, output.display).form);
     FollowDisplays();
+    KeepSettings();
 }
 
 void Desk::OpenController()
@@ -54,10 +61,46 @@ void Desk::OpenController()
     m_controller.reset();
     const int port = m_options.controllerPort ? m_options.controllerPort : m_settings.controllerPort;
     if (port == 0) return;
-    m_controller.emplace(port, [this](const ControllerEvent& event) {
-        m_session.Perform(event.action, event.value, PromptWnd::Now());
-        Tick();
-    });
+    m_controller.emplace(port, [this](const ControllerEvent& event) { TakeController(event); });
+}
+
+void Desk::TakeController(const ControllerEvent& event)
+{
+    using Kind = ControllerEvent::Kind;
+    const std::int64_t now = PromptWnd::Now();
+    if (event.kind == Kind::button)
+        TakeButton(event.value);
+    else
+        m_session.Perform(event.kind == Kind::speed ? PromptAction::setSpeed : PromptAction::stepLines,
+                          event.value, now);
+    Tick();
+}
+
+// A button does what its key does, and is that key where one is asked for.
+void Desk::TakeButton(int button)
+{
+    if (button > mostButtons) return;
+    if (m_isChangingKeys) {
+        ::PostMessageA(::GetFocus(), WM_KEYDOWN, static_cast<WPARAM>(KeyOfButton(button)), 1);
+        return;
+    }
+    if (const PromptCommand* const command = FindPromptCommand(CommandOfButton(button)))
+        m_session.Perform(command->action, command->value, PromptWnd::Now());
+}
+
+void Desk::ChangeKeys()
+{
+    CAXPropertySheet sheet("Keys", this);
+    PPage_CustomiseKeyboard page(GetCommandList(), "Prompt view");
+    sheet.AddPage(&page);
+    m_isChangingKeys = true;
+    const INT_PTR answer = sheet.DoModal();
+    m_isChangingKeys = false;
+    if (answer != IDOK) return;
+    GetCommandList().RebuildAcceleratorTables();
+    m_settings.keys = DifferingKeys();
+    MakeMenu();
+    KeepSettings();
 }
 
 void Desk::ShowSettings()
@@ -73,17 +116,34 @@ void Desk::ShowKeyboards()
     m_edit.SetFocus();
 }
 
+// What the command line asked for holds until the settings ask for something else.
 void Desk::TakeSettings(const Settings& settings)
 {
-    const bool hasOtherPort = settings.controllerPort != m_settings.controllerPort;
-    m_settings.session = settings.session;
-    m_settings.outputs = settings.outputs;
-    m_settings.controllerPort = settings.controllerPort;
-    m_session.SetSettings(m_settings.session, PromptWnd::Now());
+    const Settings before = std::exchange(m_settings, settings);
+    const std::int64_t now = PromptWnd::Now();
+    const auto isSame = [&](auto... of) { return ((m_settings.*of == before.*of) && ...); };
+    m_session.SetSettings(m_settings.session, now);
     m_list.Refresh(); // whose times follow the read rate
-    if (hasOtherPort) OpenController();
+    if (!isSame(&Settings::controllerPort)) {
+        m_options.controllerPort = 0;
+        OpenController();
+    }
+    if (!isSame(&Settings::newsFolder)) {
+        m_options.newsFolder.clear();
+        WatchNews();
+    }
+    if (!isSame(&Settings::codePage)) m_options.codePage = 0;
+    if (!isSame(&Settings::hasRemote, &Settings::remote)) {
+        m_options.remote.reset();
+        OpenRemote();
+    }
     FollowDisplays();
-    SaveSettings(m_options.settingsPath, m_settings);
+    KeepSettings();
+}
+
+void Desk::KeepSettings()
+{
+    if (SaveSettings(m_options.settingsPath, m_settings, m_keptSettings)) m_keptSettings = m_settings;
 }
 
 } // namespace prompter

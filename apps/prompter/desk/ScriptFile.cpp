@@ -34,6 +34,16 @@ std::string BytesOf(const std::string& path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+// A file in the place of one that nobody may write to would be no less of a loss.
+bool IsReadOnly(const std::string& path)
+{
+    constexpr fs::perms writing = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    std::error_code error;
+    if (!fs::is_regular_file(path, error)) return false;
+    return (fs::status(path, error).permissions() & writing) == fs::perms::none ||
+           !std::fstream(path, std::ios::in | std::ios::out | std::ios::binary);
+}
+
 std::string LastErrorText()
 {
     CException* const reason = GetLastErrorException();
@@ -56,7 +66,7 @@ std::string UsualRecoveryFolder()
 }
 
 ScriptFile::ScriptFile(std::string recoveryFolder, unsigned codePage)
-    : m_folder(std::move(recoveryFolder)), m_codePage(codePage), m_recovery(Recovery(m_folder, ""))
+    : m_folder(std::move(recoveryFolder)), m_codePage(codePage)
 {
 }
 
@@ -64,14 +74,31 @@ void ScriptFile::Open(const std::string& path)
 {
     ScriptText read;
     std::error_code error;
+    const Stamp stamp = StampOf(path);
     if (!path.empty() && fs::exists(path, error)) read = DecodeScript(BytesOf(path), m_codePage);
     m_script.SetText(read.text);
     m_form = read.form;
     m_isExact = read.isExact;
     m_isRecovered = false;
     m_path = path;
+    m_stamp = stamp;
     m_recovery.emplace(m_folder, path);
     m_keptVersion = m_script.Version();
+}
+
+ScriptFile::Stamp ScriptFile::StampOf(const std::string& path)
+{
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(path, error);
+    if (error) return {};
+    return {size, fs::last_write_time(path, error).time_since_epoch().count()};
+}
+
+// One that was removed has nothing that a save could take away.
+bool ScriptFile::IsChangedOnDisk() const
+{
+    const Stamp now = StampOf(m_path);
+    return now != Stamp{} && now != m_stamp;
 }
 
 void ScriptFile::TakeLeft(std::u16string_view text)
@@ -108,18 +135,22 @@ void ScriptFile::Write(const std::string& path)
     const auto bytes = EncodeScript(m_script.Text(), m_form);
     if (!bytes)
         Fail("save", path, "its encoding lacks a character of the script; save it under another name");
+    if (IsReadOnly(path)) Fail("save", path, "it is read-only; save the script under another name");
     corekit::ReplacedFile file(path);
     if (!file || !file.Write(*bytes) || !file.Commit()) Fail("save", path, LastErrorText());
+    m_stamp = StampOf(path);
     m_script.MarkSaved();
     m_isRecovered = false;
     m_keptVersion = m_script.Version();
     m_recovery->Drop();
 }
 
-void ScriptFile::KeepUnsaved()
+bool ScriptFile::KeepUnsaved()
 {
-    if (m_script.Version() == m_keptVersion) return;
-    if (m_recovery->Keep(m_script.Text())) m_keptVersion = m_script.Version();
+    if (m_script.Version() == m_keptVersion) return true;
+    if (!m_recovery->Keep(m_script.Text())) return false;
+    m_keptVersion = m_script.Version();
+    return true;
 }
 
 } // namespace prompter

@@ -16,6 +16,7 @@ public:
     // UTF-8.
     ScriptFile(std::string recoveryFolder, unsigned codePage);
 
+    void SetCodePage(unsigned codePage) { m_codePage = codePage; } // at the next Open
     // An empty path is a new script. Throws std::runtime_error with the reason in one line.
     void Open(const std::string& path);
     // What a crash has left of this script.
@@ -25,8 +26,10 @@ public:
     // Throws std::runtime_error: what cannot be written, and that an inexact file needs another name.
     void Save();
     void SaveAs(const std::string& path);
-    // Keeps the text if it has changed since it was last kept or saved.
-    void KeepUnsaved();
+    // Whether another program has written to the file since it was opened or saved.
+    bool IsChangedOnDisk() const;
+    // Keeps the text if it has changed since it was last kept or saved; false if that cannot be done.
+    bool KeepUnsaved();
     void DropUnsaved() { m_recovery->Drop(); }
 
     Script& TheScript() { return m_script; }
@@ -35,13 +38,21 @@ public:
 
 private:
     void Write(const std::string& path);
+    // Of the file as it is on the disk, zeros without one.
+    struct Stamp {
+        std::uint64_t size = 0;
+        std::int64_t time = 0;
+        friend bool operator==(const Stamp&, const Stamp&) = default;
+    };
+    static Stamp StampOf(const std::string& path);
 
     Script m_script;
     std::string m_folder, m_path;
     unsigned m_codePage;
     TextForm m_form;
     bool m_isExact = true, m_isRecovered = false;
-    std::optional<Recovery> m_recovery;
+    std::optional<Recovery> m_recovery; // once a script is open
+    Stamp m_stamp;
     std::uint64_t m_keptVersion = 0;
 };
 

@@ -32,13 +32,20 @@ enum SettingsControl : int {
     turnChoice,
     keyboardList,
     keyboardPicture,
+    newsField,
+    browseNews,
+    codePageChoice,
+    remoteCheck,
+    remotePortField,
+    remoteAddressField,
+    remoteWordField,
 };
 
 namespace dialogs {
 using namespace corekit::detail::dialogs;
 // clang-format off
 
-inline constexpr UINT readingId = 3100, lookId = 3101, displaysId = 3102, keyboardsId = 3103;
+inline constexpr UINT readingId = 3100, lookId = 3101, displaysId = 3102, keyboardsId = 3103, filesId = 3104;
 
 inline constexpr DialogItem readingItems[] = {
     box("Read rate", {7, 7, 246, 76}),
@@ -98,6 +105,27 @@ inline constexpr DialogItem displaysItems[] = {
 };
 inline constexpr DialogTemplate displays = {displaysId, "Displays", 260, 190, page, displaysItems};
 
+inline constexpr DialogItem filesItems[] = {
+    label("&News folder:", {7, 10, 70, 10}),
+    edit(newsField, {79, 7, 118, 14}),
+    button(browseNews, "&Browse...", {201, 7, 52, 14}),
+    label("Files in it that appear or change and end in .txt become stories. Empty: none is watched.",
+          {79, 24, 174, 20}),
+    label("&Code page:", {7, 53, 70, 10}),
+    choice(codePageChoice, {79, 50, 174, 160}),
+    label("Of scripts and news without a byte order mark, from the next that is opened.", {79, 67, 174, 20}),
+    box("Remote control", {7, 90, 246, 94}),
+    check(remoteCheck, "&Take lines over TCP", {17, 103, 220, 11}),
+    label("&Port:", {29, 121, 48, 10}),
+    edit(remotePortField, {79, 118, 40, 14}, ES_NUMBER),
+    label("&Address:", {29, 139, 48, 10}),
+    edit(remoteAddressField, {79, 136, 100, 14}),
+    label("&Word:", {29, 157, 48, 10}),
+    edit(remoteWordField, {79, 154, 100, 14}),
+    label("Other machines reach no address that begins with 127.", {29, 171, 220, 10}),
+};
+inline constexpr DialogTemplate files = {filesId, "Files and remote", 260, 190, page, filesItems};
+
 inline constexpr DialogItem keyboardsItems[] = {
     label("&Keyboards:", {7, 7, 100, 10}),
     list(keyboardList, {7, 19, 110, 168}),
@@ -108,6 +136,6 @@ inline constexpr DialogItem keyboardsItems[] = {
 inline constexpr DialogTemplate keyboards = {keyboardsId, "Keyboards", 497, 215, modal, keyboardsItems};
 
 // clang-format on
-inline constexpr DialogTemplate all[] = {reading, look, displays, keyboards};
+inline constexpr DialogTemplate all[] = {reading, look, displays, files, keyboards};
 } // namespace dialogs
 } // namespace prompter

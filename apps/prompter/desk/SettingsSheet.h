@@ -1,4 +1,5 @@
-// The settings as the operator changes them: the read rate and the clock, the look, the displays.
+// The settings as the operator changes them: the read rate and the clock, the look, the displays, files and
+// remote control.
 //
 // The sheet works on a copy; who shows it takes the result when it was confirmed.
 #pragma once
@@ -72,6 +73,29 @@ private:
     std::vector<OutputSettings> m_outputs; // a row each
 };
 
+class FilesPage : public CAXPropertyPage {
+    DECLARE_DYNAMIC(FilesPage)
+public:
+    explicit FilesPage(Settings& settings);
+    void LoadPage() override;
+    int CommitPage() override;
+    void UpdateControls() override;
+
+protected:
+    void DoDataExchange(CDataExchange* exchange) override;
+    void OnBrowse();
+    void OnRemote();
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void FillCodePages();
+
+    Settings& m_settings;
+    CString m_news, m_address, m_word;
+    int m_hasRemote = 0, m_remotePort = 0, m_codePage = 0;
+    std::vector<int> m_codePages; // of the rows
+};
+
 class SettingsSheet : public CAXPropertySheet {
     DECLARE_DYNAMIC(SettingsSheet)
 public:
@@ -83,6 +107,7 @@ private:
     ReadingPage m_reading;
     LookPage m_look;
     DisplaysPage m_displays;
+    FilesPage m_files;
 };
 
 } // namespace prompter

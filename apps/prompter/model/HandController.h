@@ -1,14 +1,10 @@
 // The bytes of a hand controller: pairs of which the first alone has its top bit set.
 //
 //     80 vv   speed: vv - 64 tenths of the read rate, so that 64 stands still and 0 is as fast as it goes
-//     back 81 vv   wheel: vv - 64 lines on 82 nn   button nn was pressed: 1 start and pause, 2 and 3 a story
-//     back and on, 4 to the beginning,
-//             5 blank, 6 marker, 7 and 8 to the last and next marker, 9 and 10 a line back and on
+//     back 81 vv   wheel: vv - 64 lines on 82 nn   button nn was pressed, counted from 1
 //
 // A byte that does not fit is passed over, so that a parser that joins late is in step with the next pair.
 #pragma once
-
-#include "model/PromptAction.h"
 
 #include <cstdint>
 #include <optional>
@@ -16,8 +12,8 @@
 namespace prompter {
 
 struct ControllerEvent {
-    PromptAction action;
-    int value = 0;
+    enum class Kind { speed, wheel, button } kind;
+    int value; // tenths of the read rate, lines, number of the button
 
     friend bool operator==(const ControllerEvent&, const ControllerEvent&) = default;
 };

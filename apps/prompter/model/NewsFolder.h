@@ -22,7 +22,7 @@ public:
     // What is new since the last look. A file that cannot be read, or is above largestNews, is passed over.
     std::vector<News> Look();
 
-    static constexpr std::uint64_t largestNews = 16u << 20; // bytes
+    static constexpr std::uint64_t largestNews = 1u << 20; // bytes
 
 private:
     struct Seen {

@@ -2,6 +2,8 @@
 
 #include "model/StoreFile.h"
 
+#include "corekit/platform/Files.h"
+
 #include <cstdio>
 #include <filesystem>
 
@@ -10,6 +12,8 @@ namespace {
 
 constexpr const char* scriptName = "Script";
 constexpr const char* textName = "Text";
+constexpr const char* lockName = ".lock";
+constexpr int mostPlaces = 8; // prompters with one script
 
 std::string Absolute(std::string_view path)
 {
@@ -31,9 +35,33 @@ std::uint64_t HashOf(std::string_view text)
 Recovery::Recovery(std::string folder, std::string_view scriptPath)
     : m_folder(std::move(folder)), m_script(Absolute(scriptPath))
 {
-    char name[40];
-    std::snprintf(name, sizeof name, "%016llx.unsaved", static_cast<unsigned long long>(HashOf(m_script)));
-    m_path = m_folder + "/" + name;
+    std::error_code error;
+    std::filesystem::create_directories(m_folder, error);
+    const auto place = [this](int number) {
+        char name[48];
+        std::snprintf(name, sizeof name, "/%016llx-%d.unsaved",
+                      static_cast<unsigned long long>(HashOf(m_script)), number);
+        return m_folder + name;
+    };
+    for (const bool mustBeLeft : {true, false})
+        for (int i = 0; i < mostPlaces && !m_lock; ++i)
+            if (m_path = place(i); !mustBeLeft || std::filesystem::exists(m_path, error)) Hold(m_path);
+    if (!m_lock) m_path = place(0); // where nothing can be locked
+}
+
+Recovery::~Recovery()
+{
+    if (!m_lock) return;
+    std::remove((m_path + lockName).c_str());
+    CloseHandle(m_lock);
+}
+
+// A lock ends with the process that has it, however that ends.
+void Recovery::Hold(const std::string& path)
+{
+    const HANDLE lock = CreateFileA((path + lockName).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                    OPEN_ALWAYS, 0, nullptr);
+    if (lock != INVALID_HANDLE_VALUE) m_lock = lock;
 }
 
 std::optional<std::u16string> Recovery::Left() const

@@ -25,6 +25,7 @@ struct RemotePlace {
     std::string word;                  // empty: none is asked for
 
     bool IsLoopback() const { return address.starts_with("127."); }
+    friend bool operator==(const RemotePlace&, const RemotePlace&) = default;
 };
 
 class RemoteServer : private XListenSocket {

@@ -7,6 +7,11 @@
 #include "corekit/unicode/ui/UsualFonts.h"
 
 namespace prompter {
+namespace {
+
+constexpr std::size_t longestKept = 32, mostKept = 50000; // widths, of words of so many units
+
+} // namespace
 
 PromptFace::PromptFace() : m_measuring(CreateCompatibleDC(nullptr)) {}
 
@@ -15,6 +20,7 @@ PromptFace::~PromptFace() { DeleteDC(m_measuring); }
 void PromptFace::SetStyle(const PromptStyle& style)
 {
     m_brackets = style.brackets;
+    m_widths.clear();
     CFontDescriptor fonts = UsualFonts(-style.size);
     if (!style.faces.empty()) {
         fonts.Empty();
@@ -37,7 +43,16 @@ void PromptFace::Shape(std::u16string_view stored)
     manager->ConvertToGlyphs(m_text, m_text.GetLength(), m_glyphs);
 }
 
+// A script has few words, and those many times.
 int PromptFace::Width(std::u16string_view stored)
+{
+    if (stored.size() > longestKept) return Measured(stored);
+    if (const auto known = m_widths.find(stored); known != m_widths.end()) return known->second;
+    if (m_widths.size() >= mostKept) m_widths.clear();
+    return m_widths[std::u16string(stored)] = Measured(stored);
+}
+
+int PromptFace::Measured(std::u16string_view stored)
 {
     if (stored.empty()) return 0;
     Shape(stored);

@@ -6,6 +6,9 @@
 
 #include "corekit/unicode/ui/UniRender.h"
 
+#include <string>
+#include <unordered_map>
+
 namespace prompter {
 
 class PromptFace : public TextRuler {
@@ -25,12 +28,18 @@ public:
 private:
     // The line in display order as glyph codes, in m_glyphs and m_types.
     void Shape(std::u16string_view stored);
+    int Measured(std::u16string_view stored);
+
+    struct Hash : std::hash<std::u16string_view> {
+        using is_transparent = void;
+    };
 
     CUniRender m_render;
     HDC m_measuring; // a context for measuring, which has no pixels
     Brackets m_brackets = Brackets::mirrored;
     StringW m_text, m_glyphs;
     CArray<int, int> m_order, m_types;
+    std::unordered_map<std::u16string, int, Hash, std::equal_to<>> m_widths; // of words that were measured
 };
 
 } // namespace prompter

@@ -1,6 +1,7 @@
 #include "view/PromptWnd.h"
 
 #include "corekit/platform/Gdi.h"
+#include "corekit/platform/Input.h"
 #include "corekit/platform/Keyboard.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@ IMPLEMENT_DYNAMIC(PromptWnd, CWnd)
 BEGIN_MESSAGE_MAP(PromptWnd, CWnd)
 ON_WM_PAINT()
 ON_WM_ERASEBKGND()
-ON_WM_KEYDOWN()
 ON_WM_MOUSEWHEEL()
 ON_WM_LBUTTONDOWN()
 ON_WM_MOUSEMOVE()
@@ -78,35 +78,43 @@ void PromptWnd::OnPaint()
     EndPaint(&paint);
 }
 
-void PromptWnd::OnKeyDown(UINT key, UINT, UINT)
+// The keys of the view are what the user made them; those of the desk count after them.
+BOOL PromptWnd::PreTranslateMessage(MSG* message)
 {
-    if (m_storyDigits >= 0 && TakeStoryDigit(key)) return;
-    const bool shift = GetKeyState(VK_SHIFT) < 0;
-    if (const PromptKey* const action =
-            FindPromptKey(static_cast<int>(key), shift ? Held::shift : Held::nothing))
-        Perform(*action);
-    else
-        Default();
+    if (message->hwnd != m_hWnd) return CWnd::PreTranslateMessage(message);
+    if (message->message == WM_KEYDOWN && m_storyDigits >= 0 && TakeStoryDigit(message->wParam)) return TRUE;
+    const HACCEL keys = KeyTable(viewKeys);
+    return (keys && TranslateAcceleratorA(m_hWnd, keys, message)) || CWnd::PreTranslateMessage(message);
+}
+
+BOOL PromptWnd::OnCommand(WPARAM wParam, LPARAM lParam)
+{
+    const PromptCommand* const command = lParam ? nullptr : FindPromptCommand(LOWORD(wParam));
+    if (!command) return CWnd::OnCommand(wParam, lParam);
+    Perform(*command);
+    return TRUE;
 }
 
 // Whether the key belongs to the number of a story; any other ends it.
-bool PromptWnd::TakeStoryDigit(UINT key)
+bool PromptWnd::TakeStoryDigit(WPARAM key)
 {
-    if (key >= '0' && key <= '9') {
-        m_storyDigits = std::min(m_storyDigits * 10 + static_cast<int>(key - '0'), mostStories);
+    const WPARAM digit =
+        key >= static_cast<WPARAM>(VK_NUMPAD0) ? key - static_cast<WPARAM>(VK_NUMPAD0) : key - '0';
+    if (digit <= 9) {
+        m_storyDigits = std::min(m_storyDigits * 10 + static_cast<int>(digit), mostStories);
         return true;
     }
     const int number = std::exchange(m_storyDigits, -1);
-    if (key != static_cast<UINT>(VK_RETURN)) return false;
+    if (key != static_cast<WPARAM>(VK_RETURN)) return false;
     m_session.GoToStoryNumber(number, Now());
     return true;
 }
 
-void PromptWnd::Perform(const PromptKey& key)
+void PromptWnd::Perform(const PromptCommand& command)
 {
-    if (m_session.Perform(key.action, key.value, Now())) return;
-    if (key.action == PromptAction::askForStory) m_storyDigits = 0;
-    if (key.action == PromptAction::leave && onLeave) onLeave();
+    if (m_session.Perform(command.action, command.value, Now())) return;
+    if (command.action == PromptAction::askForStory) m_storyDigits = 0;
+    if (command.action == PromptAction::leave && onLeave) onLeave();
 }
 
 BOOL PromptWnd::OnMouseWheel(UINT, short delta, CPoint)

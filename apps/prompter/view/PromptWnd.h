@@ -3,7 +3,7 @@
 #pragma once
 
 #include "model/FrameTransform.h"
-#include "view/PromptKeys.h"
+#include "view/PromptCommands.h"
 #include "view/Session.h"
 
 #include "corekit/framework/ui/Wnd.h"
@@ -27,13 +27,15 @@ public:
     void SetForm(FrameForm form);
     FrameForm Form() const { return m_form; }
 
-    std::function<void()> onLeave; // Escape
+    std::function<void()> onLeave; // the command that leaves the view
     static std::int64_t Now();     // microseconds of the steady clock
 
+    BOOL PreTranslateMessage(MSG* message) override;
+
 protected:
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
     void OnPaint();
     BOOL OnEraseBkgnd(CDC*) { return TRUE; }
-    void OnKeyDown(UINT key, UINT repeat, UINT flags);
     BOOL OnMouseWheel(UINT flags, short delta, CPoint point);
     void OnLButtonDown(UINT flags, CPoint point);
     void OnMouseMove(UINT flags, CPoint point);
@@ -43,8 +45,8 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    void Perform(const PromptKey& key);
-    bool TakeStoryDigit(UINT key);
+    void Perform(const PromptCommand& command);
+    bool TakeStoryDigit(WPARAM key);
     double FramePixels(int windowPixels) const;
 
     Session& m_session;

@@ -28,7 +28,7 @@ CTimecode LocalTime()
 bool IsSame(const FrameState& a, const FrameState& b)
 {
     return std::lround(a.position) == std::lround(b.position) && a.isBlank == b.isBlank &&
-           a.countdown == b.countdown && a.status == b.status;
+           a.countdown == b.countdown && a.status == b.status && a.markers == b.markers;
 }
 
 } // namespace
@@ -68,6 +68,7 @@ void Session::LayOut(std::vector<Anchor> held, std::int64_t now)
             m_markers.push_back(held[i + 1]); // the marker goes with its story
     m_scroller.SetRange(m_layout.Height(), now);
     m_scroller.MoveTo(m_layout.YOf(held.front()), now);
+    m_painter.Forget();
     m_isStale = true;
 }
 
@@ -253,6 +254,7 @@ FrameState Session::StateAt(std::int64_t now) const
     state.isBlank = m_isBlank;
     if (IsCountingDown(now)) state.countdown = static_cast<int>((m_startsAt - now + second - 1) / second);
     state.status = StatusLine(now);
+    for (const Anchor& marker : m_markers) state.markers.push_back(m_layout.YOf(marker));
     return state;
 }
 
@@ -266,7 +268,7 @@ bool Session::Tick(std::int64_t now)
     m_lastTick = now;
     FrameState state = StateAt(now);
     if (!m_frame.Context() || (!m_isStale && IsSame(state, m_shown))) return false;
-    m_painter.Paint(m_frame.Context(), m_frame.Size(), state);
+    m_painter.Paint(m_frame, state);
     m_shown = std::move(state);
     m_isStale = false;
     return true;

@@ -59,7 +59,8 @@ public:
     bool IsBlank() const { return m_isBlank; }
 
     // ---- Markers, which move with their text
-    void ToggleMarker(std::int64_t now);              // at the line being read
+    void ToggleMarker(std::int64_t now); // at the line being read
+    void ForgetMarkers() { m_markers.clear(); }
     bool StepMarker(int direction, std::int64_t now); // false if there is none on that side
 
     // ---- Where it stands

@@ -28,6 +28,8 @@ constexpr NumberRow numberRows[] = {
     {"Characters Per Line", 1, 1000, [](Settings& s) -> int& { return s.session.rate.charactersPerLine; }},
     {"Countdown", 0, 99, [](Settings& s) -> int& { return s.session.countdownSeconds; }},
     {"Controller Port", 0, 256, [](Settings& s) -> int& { return s.controllerPort; }},
+    {"Remote Port", 0, 65535, [](Settings& s) -> int& { return s.remote.port; }},
+    {"Code Page", 0, 65535, [](Settings& s) -> int& { return s.codePage; }},
     {"Speed", -Scroller::speedSteps, Scroller::speedSteps, [](Settings& s) -> int& { return s.speed; }},
 };
 
@@ -48,6 +50,17 @@ struct FlagRow {
 constexpr FlagRow flagRows[] = {
     {"Use Seconds Per Line", [](Settings& s) -> bool& { return s.session.rate.bySeconds; }},
     {"Status", [](Settings& s) -> bool& { return s.session.showsStatus; }},
+    {"Remote", [](Settings& s) -> bool& { return s.hasRemote; }},
+};
+
+struct TextRow {
+    const char* name;
+    std::string& (*of)(Settings&);
+};
+constexpr TextRow textRows[] = {
+    {"News Folder", [](Settings& s) -> std::string& { return s.newsFolder; }},
+    {"Remote Address", [](Settings& s) -> std::string& { return s.remote.address; }},
+    {"Remote Word", [](Settings& s) -> std::string& { return s.remote.word; }},
 };
 
 std::string Numbered(const char* name, int number)
@@ -111,7 +124,9 @@ void TakeLists(CPropertyStore& store, Settings& settings)
     RECT desk = settings.desk;
     if (store.GetValue("Desk", desk) && desk.left < desk.right && desk.top < desk.bottom)
         settings.desk = desk;
-    settings.newsFolder = TextOf(store, "News Folder");
+    for (const TextRow& row : textRows)
+        if (CString text; store.GetValue(row.name, text)) row.of(settings) = static_cast<const char*>(text);
+    settings.keys = store.GetPropertyStore("Keys");
 }
 
 CPropertyStore StoreOf(Settings settings)
@@ -134,7 +149,8 @@ CPropertyStore StoreOf(Settings settings)
         store.SetValue(Numbered("Output On", number).c_str(), settings.outputs[i].isOn ? 1 : 0);
     }
     store.SetValue("Desk", settings.desk);
-    store.SetValue("News Folder", settings.newsFolder.c_str());
+    for (const TextRow& row : textRows) store.SetValue(row.name, row.of(settings).c_str());
+    store.SetPropertyStore("Keys", settings.keys);
     return store;
 }
 
@@ -158,9 +174,9 @@ Settings LoadSettings(const std::string& path)
     return settings;
 }
 
-bool SaveSettings(const std::string& path, const Settings& settings)
+bool SaveSettings(const std::string& path, const Settings& settings, const Settings& before)
 {
-    return WriteStoreFile(path, StoreOf(settings));
+    return WriteStoreChanges(path, StoreOf(settings), StoreOf(before));
 }
 
 } // namespace prompter

@@ -143,12 +143,17 @@ int CCommandList::Configure(CFrameWnd* frame, UINT tableId, CPropertyStore* keyS
             new PPage_MacroToolbar(frame, macroStore, macroListA, macroListB, changed, showToolbar));
     if (sheet.DoModal() != IDOK) return 0;
     SaveAcceleratorTables(keyStore);
+    RebuildAcceleratorTables();
+    return 1;
+}
+
+void CCommandList::RebuildAcceleratorTables()
+{
     for (auto each = m_tables.rbegin(); each != m_tables.rend(); ++each) {
         if (!each->handle) continue;
         DestroyAcceleratorTable(std::exchange(each->handle, nullptr));
         GetAcceleratorTable(each->id);
     }
-    return 1;
 }
 
 void CCommandList::GetCustomAccelTableArray(CustomTableArray& tables) const { tables.Copy(m_customTables); }

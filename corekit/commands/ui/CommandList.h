@@ -53,6 +53,8 @@ public:
     // 0 for a null store, else 1. Loading adds to what is there, so it is meant to run once.
     int LoadAcceleratorTables(CPropertyStore* store);
     int SaveAcceleratorTables(CPropertyStore* store) const;
+    // The tables that were built, anew from the keys as they are now; their handles stay where they stand.
+    void RebuildAcceleratorTables();
 
     // The user's changes: keys, toolbars and, with a macro store, the macro toolbar, whose changed and shown
     // flags are the host's. 1 after OK, when the keys have been stored (a key store may be null) and the

@@ -35,6 +35,17 @@ bool read(UINT format, StringW& text)
     return true;
 }
 
+void setClipboardText(HWND window, const StringW& text)
+{
+    if (!OpenClipboard(window)) return;
+    EmptyClipboard();
+    const StringA narrow(static_cast<const WCHAR*>(text));
+    put(CF_UNICODETEXT, static_cast<const WCHAR*>(text),
+        (static_cast<std::size_t>(text.GetLength()) + 1) * sizeof(WCHAR));
+    put(CF_TEXT, static_cast<const char*>(narrow), static_cast<std::size_t>(narrow.GetLength()) + 1);
+    CloseClipboard();
+}
+
 bool getClipboardText(HWND window, StringW& text)
 {
     if (!OpenClipboard(window)) return false;
@@ -50,14 +61,13 @@ int CMultilineUnicodeEditCtl::CopySelectedText()
     LookAround();
     StringW text;
     if (!m_model.GetSelectedText(text)) return 0;
-    OpenClipboard();
-    EmptyClipboard();
-    const StringA narrow(static_cast<const WCHAR*>(text));
-    put(CF_UNICODETEXT, static_cast<const WCHAR*>(text),
-        (static_cast<std::size_t>(text.GetLength()) + 1) * sizeof(WCHAR));
-    put(CF_TEXT, static_cast<const char*>(narrow), static_cast<std::size_t>(narrow.GetLength()) + 1);
-    CloseClipboard();
+    setClipboardText(m_hWnd, text);
     return 1;
+}
+
+void CMultilineUnicodeEditCtl::CopyText(int from, int to)
+{
+    setClipboardText(m_hWnd, m_model.Text().Mid(from, to - from));
 }
 
 void CMultilineUnicodeEditCtl::CutSelectedText()

@@ -82,4 +82,45 @@ void EditModel::PasteText(const StringW& text)
         ++m_cursor;
 }
 
+// ---- By index
+
+int EditModel::IndexOf(int position)
+{
+    const DisplayLines& lines = ConvertDataToDisplayLines();
+    const int line = lines.LineAt(position);
+    return std::clamp(lines.StartOf(line) + position - lines.PositionOf(line), 0, m_text.GetLength());
+}
+
+// Behind a newline at the end the cursor stands in a line beyond the last.
+int EditModel::PositionAt(int index)
+{
+    const DisplayLines& lines = ConvertDataToDisplayLines();
+    const int length = m_text.GetLength();
+    index = std::clamp(index, 0, length);
+    if (index == length && length > 0 && m_text[length - 1] == u'\n') return lines.PositionOf(lines.Count());
+    int line = 0;
+    for (int high = lines.Count(); high - line > 1;) {
+        const int middle = line + (high - line) / 2;
+        (lines.StartOf(middle) <= index ? line : high) = middle;
+    }
+    return lines.PositionOf(line) + index - lines.StartOf(line);
+}
+
+void EditModel::Select(int from, int to)
+{
+    m_anchor = PositionAt(from);
+    m_cursor = m_end = PositionAt(to);
+    if (from == to) ClearSelection();
+}
+
+void EditModel::ReplaceRange(int from, int to, const WCHAR* text)
+{
+    const StringW added(text);
+    m_undo = m_text;
+    ClearSelection();
+    Remove(from, to - from);
+    Insert(from, added, added.GetLength());
+    m_cursor = PositionAt(from + added.GetLength());
+}
+
 } // namespace corekit::detail

@@ -129,6 +129,28 @@ void CMultilineUnicodeEditCtl::SelectAllText()
     OfferSelection();
 }
 
+// ---- By index
+
+void CMultilineUnicodeEditCtl::GetSelection(int& from, int& to)
+{
+    from = to = m_model.CursorIndex();
+    if (!m_model.HasSelection()) return;
+    from = m_model.IndexOf(std::min(m_model.Anchor(), m_model.SelectionEnd()));
+    to = m_model.IndexOf(std::max(m_model.Anchor(), m_model.SelectionEnd()));
+}
+
+void CMultilineUnicodeEditCtl::Select(int from, int to)
+{
+    m_model.Select(from, to);
+    CursorMoved();
+}
+
+void CMultilineUnicodeEditCtl::Replace(int from, int to, const WCHAR* text)
+{
+    m_model.ReplaceRange(from, to, text);
+    TextChanged();
+}
+
 // ---- The cursor
 
 void CMultilineUnicodeEditCtl::DoCursorLeft()

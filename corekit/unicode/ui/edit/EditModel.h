@@ -125,6 +125,14 @@ public:
     // The cursor as an index into the string.
     int CursorIndex() { return m_cursor - GetCurrentCursorLine(); }
 
+    // ---- By index into the string, for hosts that edit by themselves.
+    int IndexOf(int position);
+    // Of the two positions where a line begins, the one in that line.
+    int PositionAt(int index);
+    void Select(int from, int to); // the cursor goes to `to`
+    // The cursor goes behind the new text and the selection goes; undo brings back what was.
+    void ReplaceRange(int from, int to, const WCHAR* text);
+
 private:
     struct Place {
         int line, offset;

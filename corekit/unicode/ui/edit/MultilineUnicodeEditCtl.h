@@ -70,6 +70,13 @@ public:
     const corekit::detail::EditModel& GetModel() const { return m_model; }
     int GetCursorIndex() { return m_model.CursorIndex(); } // into the string
 
+    // ---- By index into the string, for hosts that edit by themselves.
+    void GetSelection(int& from, int& to); // in ascending order; both are the cursor's without one
+    void Select(int from, int to);         // the cursor goes to `to`
+    void Replace(int from, int to,
+                 const WCHAR* text); // the cursor goes behind the text; undo brings back what was
+    void CopyText(int from, int to); // to the clipboard
+
     static CString m_strClassName; // of the window class
 
 protected:
