@@ -12,23 +12,23 @@ public:
     CCriticalObject() = default;
     ~CCriticalObject() override;
 
-    void EnterLock() { EnterCriticalSection(&m_section); }
-    void LeaveLock() { LeaveCriticalSection(&m_section); }
+    void EnterLock() const { EnterCriticalSection(&m_section); }
+    void LeaveLock() const { LeaveCriticalSection(&m_section); }
 
 private:
-    CRITICAL_SECTION m_section;
+    mutable CRITICAL_SECTION m_section;
 };
 
 namespace corekit::detail {
 // Holds an object's lock for a scope.
 class Hold {
 public:
-    explicit Hold(CCriticalObject& object) : m_object(object) { m_object.EnterLock(); }
+    explicit Hold(const CCriticalObject& object) : m_object(object) { m_object.EnterLock(); }
     ~Hold() { m_object.LeaveLock(); }
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
 
 private:
-    CCriticalObject& m_object;
+    const CCriticalObject& m_object;
 };
 } // namespace corekit::detail

@@ -2,28 +2,32 @@
 
 #include "corekit/foundation/TextConversion.h"
 #include "corekit/framework/Exception.h"
+#include "corekit/platform/Threads.h"
 #include "corekit/stores/PropertyStoreBody.h"
 
 #include <algorithm>
 #include <cstring>
 #include <new>
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 IMPLEMENT_DYNAMIC(CPropertyStore, CCriticalObject)
 
 namespace {
 
 using corekit::detail::Hold;
+using corekit::detail::ItemContent;
+using corekit::detail::NamedItem;
+using corekit::detail::NamedList;
+using corekit::detail::NameKey;
 using corekit::detail::PropertyStoreBody;
-using corekit::detail::PropertyStoreChild;
-using corekit::detail::PropertyStoreEntry;
-using corekit::detail::PropertyStoreRef;
 
 std::string_view Name(const char* name) { return name ? std::string_view(name) : std::string_view(); }
 
-// Runs an operation and tells exhausted memory as the framework does.
+// Runs an operation, and throws for exhausted memory what the framework throws.
 template <class Operation>
-auto MemoryTold(Operation operation)
+[[gnu::always_inline]] inline auto WithMemoryException(Operation operation)
 {
     try {
         return operation();
@@ -34,16 +38,31 @@ auto MemoryTold(Operation operation)
     }
 }
 
-StringA NameOf(const auto* element) { return element ? StringA(element->name.c_str()) : StringA(); }
-
-void AppendNames(const auto& list, int count, CArray<StringA, const char*>& names)
+PropertyStoreBody* Shared(PropertyStoreBody* body)
 {
-    for (int i = 0; i < count; ++i)
-        if (const auto* element = list.At(i)) names.Add(element->name.c_str());
+    if (body) body->Share();
+    return body;
+}
+
+PropertyStoreBody* SharedOf(const NamedItem* store)
+{
+    return store ? Shared(static_cast<PropertyStoreBody*>(store->Content())) : nullptr;
+}
+
+StringA NameOf(const NamedItem* item) { return item ? StringA(item->Name().data()) : StringA(); }
+
+ePSEntryType TypeOf(const NamedItem* value)
+{
+    return value ? static_cast<ePSEntryType>(value->Type()) : ePSNone;
+}
+
+void AppendNames(const NamedList& list, CArray<StringA, const char*>& names)
+{
+    list.ForEach([&](const NamedItem& item) { names.Add(item.Name().data()); });
 }
 
 // Text of a value, whole units only.
-std::u16string_view Units(const std::string& data, std::u16string& aligned)
+std::u16string_view Units(std::string_view data, std::u16string& aligned)
 {
     aligned.resize(data.size() / sizeof(WCHAR));
     std::memcpy(aligned.data(), data.data(), aligned.size() * sizeof(WCHAR));
@@ -51,7 +70,7 @@ std::u16string_view Units(const std::string& data, std::u16string& aligned)
 }
 
 template <class Text>
-void Narrow(const std::string& data, Text& value)
+void Narrow(std::string_view data, Text& value)
 {
     std::u16string aligned;
     value = corekit::detail::NarrowText(Units(data, aligned)).c_str();
@@ -59,75 +78,122 @@ void Narrow(const std::string& data, Text& value)
 
 } // namespace
 
-template <class Operation>
-auto CPropertyStore::Locked(Operation operation)
-{
-    if (m_isAlone) return MemoryTold(operation);
-    const Hold hold(*this);
-    return MemoryTold(operation);
-}
-
 template <class Use>
-int CPropertyStore::WithValue(const char* name, Use use)
+auto CPropertyStore::Look(Use use) const
 {
-    return Locked([&] {
-        const PropertyStoreEntry* entry = Body() ? Body()->Values().FindElement(Name(name)) : nullptr;
-        return entry ? use(entry->data) : 0;
+    return WithMemoryException([&] {
+        const Body* body = m_body.load(std::memory_order_acquire); // before the look at who else changes it
+        if (m_isMakersOwn.load(std::memory_order_relaxed) && GetCurrentThreadId() == m_maker)
+            return use(body);
+        const Hold hold(*this);
+        DropKept();
+        return use(static_cast<const Body*>(m_body.load(std::memory_order_relaxed)));
     });
 }
 
-CPropertyStore::CPropertyStore() = default;
-CPropertyStore::CPropertyStore(const CPropertyStore& source) : CCriticalObject(), m_body(source.Share()) {}
-CPropertyStore::CPropertyStore(const PropertyStoreRef& body) : m_body(body) {}
-CPropertyStore::~CPropertyStore() = default;
-
-PropertyStoreRef CPropertyStore::Share() const
+template <class Use>
+auto CPropertyStore::Change(Use use)
 {
-    return m_inner ? PropertyStoreRef::ShareOf(*m_inner) : m_body;
+    const Hold hold(*this);
+    return WithMemoryException(use);
 }
 
-PropertyStoreBody& CPropertyStore::Own()
+template <class Use>
+int CPropertyStore::WithValue(const char* name, Use use) const
 {
-    if (m_inner) {
-        m_body = Share();
-        m_inner = nullptr;
-    }
-    return m_body.Own();
+    return Look([&](const Body* body) {
+        const NamedItem* value = body ? body->Values().Find(name) : nullptr;
+        return value ? use(value->Data()) : 0;
+    });
+}
+
+CPropertyStore::CPropertyStore() : CPropertyStore(nullptr) {}
+CPropertyStore::CPropertyStore(const CPropertyStore& source) : CPropertyStore(source.Share()) {}
+CPropertyStore::CPropertyStore(Body* share) noexcept : m_body(share), m_maker(GetCurrentThreadId()) {}
+
+CPropertyStore::~CPropertyStore()
+{
+    if (Body* body = m_body.load(std::memory_order_relaxed)) body->Release();
+    if (m_kept) m_kept->Release();
+}
+
+CPropertyStore::Body* CPropertyStore::Share() const noexcept
+{
+    return Shared(m_body.load(std::memory_order_acquire));
+}
+
+// Before a change. The thread that made the store may be looking into it right now if another one makes the
+// change.
+void CPropertyStore::KeepForMaker() noexcept
+{
+    if (!m_isMakersOwn.load(std::memory_order_relaxed)) return DropKept();
+    if (GetCurrentThreadId() == m_maker) return;
+    m_kept = Share();
+    m_isMakersOwn.store(false, std::memory_order_relaxed);
+}
+
+void CPropertyStore::DropKept() const noexcept
+{
+    if (m_kept && GetCurrentThreadId() == m_maker) std::exchange(m_kept, nullptr)->Release();
+}
+
+void CPropertyStore::SetBody(Body* share) noexcept
+{
+    Body* before = m_body.load(std::memory_order_relaxed);
+    m_body.store(share, std::memory_order_release);
+    if (before) before->Release();
+}
+
+CPropertyStore::Body& CPropertyStore::OwnBody()
+{
+    KeepForMaker();
+    const Body* body = m_body.load(std::memory_order_relaxed);
+    if (!body)
+        SetBody(new Body);
+    else if (body->IsShared())
+        SetBody(new Body(*body));
+    return *m_body.load(std::memory_order_relaxed);
 }
 
 CPropertyStore& CPropertyStore::operator=(const CPropertyStore& source)
 {
     Empty();
-    m_body = source.Share();
+    SetBody(source.Share());
     return *this;
 }
 
 void CPropertyStore::Empty()
 {
-    Locked([&] {
-        m_body = PropertyStoreRef();
-        m_inner = nullptr;
+    Change([&] {
+        KeepForMaker();
+        SetBody(nullptr);
     });
 }
 
 // --- reading values
 
 template <class Value>
-int CPropertyStore::GetFirstBytes(const char* name, Value& value)
+int CPropertyStore::GetFirstBytes(const char* name, Value& value) const
 {
-    return WithValue(name, [&](const std::string& data) {
-        Value bytes{};
-        std::memcpy(&bytes, data.data(), std::min(sizeof bytes, data.size()));
-        value = bytes;
+    return WithValue(name, [&](std::string_view data) {
+        if (data.size() < sizeof value) {
+            value = Value{};
+            if (!data.empty()) std::memcpy(&value, data.data(), data.size());
+        } else {
+            std::memcpy(&value, data.data(), sizeof value);
+        }
         return 1;
     });
 }
 
-int CPropertyStore::GetValue(const char* name, int& value) & { return GetFirstBytes(name, value); }
-int CPropertyStore::GetValue(const char* name, unsigned int& value) & { return GetFirstBytes(name, value); }
-int CPropertyStore::GetValue(const char* name, _GUID& value) & { return GetFirstBytes(name, value); }
+int CPropertyStore::GetValue(const char* name, int& value) const { return GetFirstBytes(name, value); }
+int CPropertyStore::GetValue(const char* name, unsigned int& value) const
+{
+    return GetFirstBytes(name, value);
+}
+int CPropertyStore::GetValue(const char* name, _GUID& value) const { return GetFirstBytes(name, value); }
 
-int CPropertyStore::GetValue(const char* name, long& value) &
+int CPropertyStore::GetValue(const char* name, long& value) const
 {
     int low = 0;
     if (!GetFirstBytes(name, low)) return 0;
@@ -135,7 +201,7 @@ int CPropertyStore::GetValue(const char* name, long& value) &
     return 1;
 }
 
-int CPropertyStore::GetValue(const char* name, unsigned long& value) &
+int CPropertyStore::GetValue(const char* name, unsigned long& value) const
 {
     unsigned low = 0;
     if (!GetFirstBytes(name, low)) return 0;
@@ -143,9 +209,9 @@ int CPropertyStore::GetValue(const char* name, unsigned long& value) &
     return 1;
 }
 
-int CPropertyStore::GetValue(const char* name, StringW& value) &
+int CPropertyStore::GetValue(const char* name, StringW& value) const
 {
-    return WithValue(name, [&](const std::string& data) {
+    return WithValue(name, [&](std::string_view data) {
         const auto units = corekit::detail::CountedLength(data.size() / sizeof(WCHAR));
         StringW text;
         if (units > 0) {
@@ -157,34 +223,34 @@ int CPropertyStore::GetValue(const char* name, StringW& value) &
     });
 }
 
-int CPropertyStore::GetValue(const char* name, StringA& value) &
+int CPropertyStore::GetValue(const char* name, StringA& value) const
 {
-    return WithValue(name, [&](const std::string& data) {
+    return WithValue(name, [&](std::string_view data) {
         Narrow(data, value);
         return 1;
     });
 }
 
-int CPropertyStore::GetValue(const char* name, CString& value) &
+int CPropertyStore::GetValue(const char* name, CString& value) const
 {
-    return WithValue(name, [&](const std::string& data) {
+    return WithValue(name, [&](std::string_view data) {
         Narrow(data, value);
         return 1;
     });
 }
 
-int CPropertyStore::GetValue(const char* name, CByteArray& value) &
+int CPropertyStore::GetValue(const char* name, CByteArray& value) const
 {
-    return WithValue(name, [&](const std::string& data) {
+    return WithValue(name, [&](std::string_view data) {
         value.SetSize(corekit::detail::CountedLength(data.size()));
         if (!data.empty()) std::memcpy(value.GetData(), data.data(), data.size());
         return 1;
     });
 }
 
-int CPropertyStore::GetBinaryValue(const char* name, void* buffer, DWORD size) &
+int CPropertyStore::GetBinaryValue(const char* name, void* buffer, DWORD size) const
 {
-    return WithValue(name, [&](const std::string& data) {
+    return WithValue(name, [&](std::string_view data) {
         if (data.size() != size) return 0;
         if (size > 0) std::memcpy(buffer, data.data(), size);
         return 1;
@@ -195,24 +261,26 @@ int CPropertyStore::GetBinaryValue(const char* name, void* buffer, DWORD size) &
 
 void CPropertyStore::SetFirstBytes(const char* name, ePSEntryType type, const void* data, std::size_t size)
 {
-    Locked([&] {
-        auto& values = Own().Values();
-        if (PropertyStoreEntry* entry = values.FindElement(Name(name)))
-            std::memcpy(entry->data.data(), data, std::min(size, entry->data.size()));
-        else
-            values.Append({std::string(Name(name)), type, {static_cast<const char*>(data), size}});
+    Change([&] {
+        NamedList& values = OwnBody().ValuesToChange();
+        const std::string_view bytes(static_cast<const char*>(data), size);
+        const NameKey key(name);
+        NamedItem* value = values.Find(key);
+        if (!value) return values.Append(NamedItem::Make(key.Name(), type, bytes), key.Hash());
+        NamedItem& own = values.Own(*value, key.Hash());
+        std::memcpy(own.DataToChange(), data, std::min(size, own.Data().size()));
     });
 }
 
 void CPropertyStore::SetBytes(const char* name, ePSEntryType type, const void* data, std::size_t size)
 {
-    Locked([&] {
+    Change([&] {
+        NamedList& values = OwnBody().ValuesToChange();
         const std::string_view bytes(static_cast<const char*>(data), data ? size : 0);
-        auto& values = Own().Values();
-        if (PropertyStoreEntry* entry = values.FindElement(Name(name)))
-            entry->data = bytes;
-        else
-            values.Append({std::string(Name(name)), type, std::string(bytes)});
+        const NameKey key(name);
+        NamedItem* value = values.Find(key);
+        if (!value) return values.Append(NamedItem::Make(key.Name(), type, bytes), key.Hash());
+        values.Replace(*value, key.Hash(), NamedItem::Make(value->Name(), value->Type(), bytes));
     });
 }
 
@@ -233,7 +301,7 @@ void CPropertyStore::SetValue(const char* name, const WCHAR* text)
 
 void CPropertyStore::SetValue(const char* name, const char* text)
 {
-    const std::u16string wide = MemoryTold([&] { return corekit::detail::WideText(Name(text)); });
+    const std::u16string wide = WithMemoryException([&] { return corekit::detail::WideText(Name(text)); });
     SetBytes(name, ePSString, wide.data(), wide.size() * sizeof(WCHAR));
 }
 
@@ -249,129 +317,107 @@ void CPropertyStore::SetValue(const char* name, const CByteArray& value)
 
 void CPropertyStore::DeleteValue(const char* name)
 {
-    Locked([&] {
-        const int index = Body() ? Body()->Values().Find(Name(name)) : -1;
-        if (index >= 0) Own().Values().Remove(index);
+    Change([&] {
+        const Body* body = m_body.load(std::memory_order_relaxed);
+        if (!body || !body->Values().Find(name)) return;
+        NamedList& values = OwnBody().ValuesToChange();
+        values.Remove(*values.Find(name));
     });
 }
 
 // --- the list of values
 
-int CPropertyStore::GetPropertyStoreValueCount()
+int CPropertyStore::GetPropertyStoreValueCount() const
 {
-    return Locked([&] { return Body() ? Body()->Values().Count() : 0; });
+    return Look([&](const Body* body) { return body ? body->Values().Count() : 0; });
 }
 
-StringA CPropertyStore::GetPropertyStoreValueName(int index)
+StringA CPropertyStore::GetPropertyStoreValueName(int index) const
 {
-    return Locked([&] { return Body() ? NameOf(Body()->Values().At(index)) : StringA(); });
+    return Look([&](const Body* body) { return body ? NameOf(body->Values().At(index)) : StringA(); });
 }
 
-ePSEntryType CPropertyStore::GetPropertyStoreValueType(int index)
+ePSEntryType CPropertyStore::GetPropertyStoreValueType(int index) const
 {
-    return Locked([&] {
-        const PropertyStoreEntry* entry = Body() ? Body()->Values().At(index) : nullptr;
-        return entry ? entry->type : ePSNone;
+    return Look([&](const Body* body) { return body ? TypeOf(body->Values().At(index)) : ePSNone; });
+}
+
+ePSEntryType CPropertyStore::GetPropertyStoreValueType(const char* name) const
+{
+    return Look([&](const Body* body) { return body ? TypeOf(body->Values().Find(name)) : ePSNone; });
+}
+
+void CPropertyStore::GetPropertyStoreValueNames(CArray<StringA, const char*>& names) const
+{
+    Look([&](const Body* body) {
+        if (body) AppendNames(body->Values(), names);
     });
-}
-
-ePSEntryType CPropertyStore::GetPropertyStoreValueType(const char* name) &
-{
-    return Locked([&] {
-        const PropertyStoreEntry* entry = Body() ? Body()->Values().FindElement(Name(name)) : nullptr;
-        return entry ? entry->type : ePSNone;
-    });
-}
-
-void CPropertyStore::GetPropertyStoreValueNames(CArray<StringA, const char*>& names)
-{
-    if (const int count = GetPropertyStoreValueCount(); count > 0)
-        MemoryTold([&] { AppendNames(Body()->Values(), count, names); });
 }
 
 // --- nested stores
 
 void CPropertyStore::SetPropertyStore(const char* name, const CPropertyStore& store)
 {
-    PropertyStoreRef content = store.Share(); // a share of its own, for the store may be this one
-    Locked([&] {
-        auto& stores = Own().Stores();
-        if (PropertyStoreChild* child = stores.FindElement(Name(name)))
-            child->store = std::move(content);
-        else
-            stores.Append({std::string(Name(name)), std::move(content)});
+    ItemContent::Ref content(store.Share()); // before the change, for the store may be this one
+    Change([&] {
+        NamedList& stores = OwnBody().StoresToChange();
+        const NameKey key(name);
+        NamedItem* there = stores.Find(key);
+        if (!there) return stores.Append(NamedItem::Make(key.Name(), std::move(content)), key.Hash());
+        stores.Replace(*there, key.Hash(), NamedItem::Make(there->Name(), std::move(content)));
     });
 }
 
-CPropertyStore CPropertyStore::GetPropertyStore(const char* name) &
+CPropertyStore CPropertyStore::GetPropertyStore(const char* name) const
 {
-    return Locked([&] {
-        const PropertyStoreChild* child = Body() ? Body()->Stores().FindElement(Name(name)) : nullptr;
-        return child ? CPropertyStore(child->store) : CPropertyStore();
+    return CPropertyStore(
+        Look([&](const Body* body) { return body ? SharedOf(body->Stores().Find(name)) : nullptr; }));
+}
+
+CPropertyStore CPropertyStore::GetPropertyStore(int index) const
+{
+    return CPropertyStore(
+        Look([&](const Body* body) { return body ? SharedOf(body->Stores().At(index)) : nullptr; }));
+}
+
+int CPropertyStore::PropertyStoreExists(const char* name) const
+{
+    return Look([&](const Body* body) { return body && body->Stores().Find(name) ? 1 : 0; });
+}
+
+int CPropertyStore::GetPropertyStoreCount() const
+{
+    return Look([&](const Body* body) { return body ? body->Stores().Count() : 0; });
+}
+
+StringA CPropertyStore::GetPropertyStoreName(int index) const
+{
+    return Look([&](const Body* body) { return body ? NameOf(body->Stores().At(index)) : StringA(); });
+}
+
+void CPropertyStore::GetPropertyStoreNames(CArray<StringA, const char*>& names) const
+{
+    Look([&](const Body* body) {
+        if (body) AppendNames(body->Stores(), names);
     });
-}
-
-CPropertyStore CPropertyStore::GetPropertyStore(int index) &
-{
-    return Locked([&] {
-        const PropertyStoreChild* child = Body() ? Body()->Stores().At(index) : nullptr;
-        return child ? CPropertyStore(child->store) : CPropertyStore();
-    });
-}
-
-CPropertyStore CPropertyStore::GetPropertyStore(const char* name) &&
-{
-    return TakeNested(
-        MemoryTold([&] { return Body() ? Body()->Stores().FindElement(Name(name)) : nullptr; }));
-}
-
-CPropertyStore CPropertyStore::GetPropertyStore(int index) &&
-{
-    return TakeNested(MemoryTold([&] { return Body() ? Body()->Stores().At(index) : nullptr; }));
-}
-
-CPropertyStore CPropertyStore::TakeNested(const PropertyStoreChild* child)
-{
-    CPropertyStore nested;
-    if (!child || !child->store.Get()) return nested;
-    nested.m_inner = child->store.Get();
-    nested.m_body = std::move(m_body);
-    m_inner = nullptr;
-    return nested;
-}
-
-int CPropertyStore::PropertyStoreExists(const char* name) &
-{
-    return Locked([&] { return Body() && Body()->Stores().Find(Name(name)) >= 0 ? 1 : 0; });
-}
-
-int CPropertyStore::GetPropertyStoreCount()
-{
-    return Locked([&] { return Body() ? Body()->Stores().Count() : 0; });
-}
-
-StringA CPropertyStore::GetPropertyStoreName(int index)
-{
-    return Locked([&] { return Body() ? NameOf(Body()->Stores().At(index)) : StringA(); });
-}
-
-void CPropertyStore::GetPropertyStoreNames(CArray<StringA, const char*>& names)
-{
-    if (const int count = GetPropertyStoreCount(); count > 0)
-        MemoryTold([&] { AppendNames(Body()->Stores(), count, names); });
 }
 
 void CPropertyStore::DeletePropertyStore(const char* name)
 {
-    Locked([&] {
-        const int index = Body() ? Body()->Stores().Find(Name(name)) : -1;
-        if (index >= 0) Own().Stores().Remove(index);
+    Change([&] {
+        const Body* body = m_body.load(std::memory_order_relaxed);
+        if (!body || !body->Stores().Find(name)) return;
+        NamedList& stores = OwnBody().StoresToChange();
+        stores.Remove(*stores.Find(name));
     });
 }
 
 void CPropertyStore::DeletePropertyStore(int index)
 {
-    Locked([&] {
-        if (Body() && Body()->Stores().At(index)) Own().Stores().Remove(index);
+    Change([&] {
+        const Body* body = m_body.load(std::memory_order_relaxed);
+        if (!body || !body->Stores().At(index)) return;
+        NamedList& stores = OwnBody().StoresToChange();
+        stores.Remove(*stores.At(index));
     });
 }

@@ -23,7 +23,8 @@
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
 
-#include <string_view>
+#include <atomic>
+#include <cstddef>
 
 // How the bytes of a value are to be read. A stream may bring in other numbers; they are kept.
 enum ePSEntryType : DWORD {
@@ -36,41 +37,7 @@ enum ePSEntryType : DWORD {
 
 namespace corekit::detail {
 class PropertyStoreBody;
-struct PropertyStoreChild;
-
-// Shares a body with other stores and frees it after the last of them. No body is an empty one.
-class PropertyStoreRef {
-public:
-    constexpr PropertyStoreRef() noexcept = default;
-    explicit PropertyStoreRef(PropertyStoreBody* body) noexcept : m_body(body) {}
-    PropertyStoreRef(const PropertyStoreRef& other) noexcept;
-    PropertyStoreRef(PropertyStoreRef&& other) noexcept : m_body(other.m_body) { other.m_body = nullptr; }
-    PropertyStoreRef& operator=(PropertyStoreRef other) noexcept
-    {
-        PropertyStoreBody* mine = m_body;
-        m_body = other.m_body;
-        other.m_body = mine;
-        return *this;
-    }
-    ~PropertyStoreRef();
-
-    PropertyStoreBody* operator->() const noexcept { return m_body; }
-    PropertyStoreBody* Get() const noexcept { return m_body; }
-    PropertyStoreBody* Release() noexcept // the caller owns the share
-    {
-        PropertyStoreBody* body = m_body;
-        m_body = nullptr;
-        return body;
-    }
-    // One share more of a body that somebody holds.
-    static PropertyStoreRef ShareOf(PropertyStoreBody& body) noexcept;
-    // A body that nobody else sees, made or copied if need be.
-    PropertyStoreBody& Own();
-
-private:
-    PropertyStoreBody* m_body = nullptr;
-};
-} // namespace corekit::detail
+}
 
 class COREKIT_API CPropertyStore : public CCriticalObject {
     DECLARE_DYNAMIC(CPropertyStore)
@@ -85,23 +52,26 @@ public:
     // --- reading values: 1, or 0 for a missing name, with the output untouched
 
     // The first bytes of the value, whatever its type; bytes that it lacks read as 0.
-    int GetValue(const char* name, int& value) &;
-    int GetValue(const char* name, long& value) &; // 4 bytes, extended
-    int GetValue(const char* name, unsigned int& value) &;
-    int GetValue(const char* name, unsigned long& value) &; // 4 bytes, extended
-    int GetValue(const char* name, _GUID& value) &;
+    int GetValue(const char* name, int& value) const;
+    int GetValue(const char* name, long& value) const; // 4 bytes, extended
+    int GetValue(const char* name, unsigned int& value) const;
+    int GetValue(const char* name, unsigned long& value) const; // 4 bytes, extended
+    int GetValue(const char* name, _GUID& value) const;
     // The bytes as text, an odd last one left out.
-    int GetValue(const char* name, StringW& value) &;
-    int GetValue(const char* name, StringA& value) &; // narrowed by the active code page
-    int GetValue(const char* name, CString& value) &;
+    int GetValue(const char* name, StringW& value) const;
+    int GetValue(const char* name, StringA& value) const; // narrowed by the active code page
+    int GetValue(const char* name, CString& value) const;
     // All bytes of the value.
-    int GetValue(const char* name, CByteArray& value) &;
+    int GetValue(const char* name, CByteArray& value) const;
     // These find only a value of exactly their own size in bytes.
-    int GetBinaryValue(const char* name, void* buffer, DWORD size) &;
-    int GetValue(const char* name, POINT& value) & { return GetBinaryValue(name, &value, sizeof value); }
-    int GetValue(const char* name, SIZE& value) & { return GetBinaryValue(name, &value, sizeof value); }
-    int GetValue(const char* name, RECT& value) & { return GetBinaryValue(name, &value, sizeof value); }
-    int GetValue(const char* name, DWORDLONG& value) & { return GetBinaryValue(name, &value, sizeof value); }
+    int GetBinaryValue(const char* name, void* buffer, DWORD size) const;
+    int GetValue(const char* name, POINT& value) const { return GetBinaryValue(name, &value, sizeof value); }
+    int GetValue(const char* name, SIZE& value) const { return GetBinaryValue(name, &value, sizeof value); }
+    int GetValue(const char* name, RECT& value) const { return GetBinaryValue(name, &value, sizeof value); }
+    int GetValue(const char* name, DWORDLONG& value) const
+    {
+        return GetBinaryValue(name, &value, sizeof value);
+    }
 
     // --- writing values
 
@@ -125,48 +95,21 @@ public:
 
     // --- the list of values. An index outside it gives an empty name and ePSNone.
 
-    int GetPropertyStoreValueCount();
-    StringA GetPropertyStoreValueName(int index);
-    ePSEntryType GetPropertyStoreValueType(int index);
-    ePSEntryType GetPropertyStoreValueType(const char* name) &;
-    void GetPropertyStoreValueNames(CArray<StringA, const char*>& names); // appends
+    int GetPropertyStoreValueCount() const;
+    StringA GetPropertyStoreValueName(int index) const;
+    ePSEntryType GetPropertyStoreValueType(int index) const;
+    ePSEntryType GetPropertyStoreValueType(const char* name) const;
+    void GetPropertyStoreValueNames(CArray<StringA, const char*>& names) const; // appends
 
     // --- nested stores, always as copies. A missing name or index gives an empty store and deletes nothing.
 
     void SetPropertyStore(const char* name, const CPropertyStore& store);
-    CPropertyStore GetPropertyStore(const char* name) &;
-    CPropertyStore GetPropertyStore(int index) &;
-
-    // --- the same along a path, store.GetPropertyStore("A").GetPropertyStore("B").GetValue("C", value): a
-    // copy that has no name is known to nobody else, so these take no lock; the nested store takes it over
-
-    CPropertyStore GetPropertyStore(const char* name) &&;
-    CPropertyStore GetPropertyStore(int index) &&;
-    template <class Value>
-    int GetValue(const char* name, Value& value) &&
-    {
-        const Alone alone(m_isAlone);
-        return GetValue(name, value);
-    }
-    int GetBinaryValue(const char* name, void* buffer, DWORD size) &&
-    {
-        const Alone alone(m_isAlone);
-        return GetBinaryValue(name, buffer, size);
-    }
-    ePSEntryType GetPropertyStoreValueType(const char* name) &&
-    {
-        const Alone alone(m_isAlone);
-        return GetPropertyStoreValueType(name);
-    }
-    int PropertyStoreExists(const char* name) &&
-    {
-        const Alone alone(m_isAlone);
-        return PropertyStoreExists(name);
-    }
-    int PropertyStoreExists(const char* name) &;
-    int GetPropertyStoreCount();
-    StringA GetPropertyStoreName(int index);
-    void GetPropertyStoreNames(CArray<StringA, const char*>& names); // appends
+    CPropertyStore GetPropertyStore(const char* name) const;
+    CPropertyStore GetPropertyStore(int index) const;
+    int PropertyStoreExists(const char* name) const;
+    int GetPropertyStoreCount() const;
+    StringA GetPropertyStoreName(int index) const;
+    void GetPropertyStoreNames(CArray<StringA, const char*>& names) const; // appends
     void DeletePropertyStore(const char* name);
     void DeletePropertyStore(int index);
 
@@ -182,41 +125,39 @@ public:
     void ReadStream(CStream& stream);
     // Throws message::dataCorrupt, with nothing written, where stores nest deeper than deepestNesting: they
     // could not be read again.
-    void WriteStream(CStream& stream);
+    void WriteStream(CStream& stream) const;
 
     static constexpr int deepestNesting = 256;
 
 private:
-    explicit CPropertyStore(const corekit::detail::PropertyStoreRef& body);
+    using Body = corekit::detail::PropertyStoreBody;
 
-    template <class Operation>
-    auto Locked(Operation operation);
+    explicit CPropertyStore(Body* share) noexcept;
+
+    // Call use with the content, null for none.
+    template <class Use>
+    auto Look(Use use) const;
+    template <class Use>
+    auto Change(Use use);
     // Calls use with the bytes of the value; 1 if there is one.
     template <class Use>
-    int WithValue(const char* name, Use use);
+    int WithValue(const char* name, Use use) const;
     template <class Value>
-    int GetFirstBytes(const char* name, Value& value);
+    int GetFirstBytes(const char* name, Value& value) const;
     void SetInteger(const char* name, DWORD value);
     void SetFirstBytes(const char* name, ePSEntryType type, const void* data, std::size_t size);
     void SetBytes(const char* name, ePSEntryType type, const void* data, std::size_t size);
 
-    // The content; null for none.
-    corekit::detail::PropertyStoreBody* Body() const noexcept { return m_inner ? m_inner : m_body.Get(); }
-    // The same as a share of its own.
-    corekit::detail::PropertyStoreRef Share() const;
-    corekit::detail::PropertyStoreBody& Own();
-    CPropertyStore TakeNested(const corekit::detail::PropertyStoreChild* child);
+    Body* Share() const noexcept;
+    Body& OwnBody(); // one that no other store sees
+    void SetBody(Body* share) noexcept;
+    void KeepForMaker() noexcept;
+    void DropKept() const noexcept;
 
-    struct Alone {
-        explicit Alone(bool& flag) : m_flag(flag) { m_flag = true; }
-        Alone(const Alone&) = delete;
-        Alone& operator=(const Alone&) = delete;
-        ~Alone() { m_flag = false; }
-        bool& m_flag;
-    };
-
-    corekit::detail::PropertyStoreRef m_body;
-    bool m_isAlone = false; // the running operation needs no lock
-    // The content is this one, nested in m_body, which keeps it. Saves a share in the middle of a path.
-    corekit::detail::PropertyStoreBody* m_inner = nullptr;
+    std::atomic<Body*> m_body = nullptr;
+    // The thread that made the store looks into it without the lock, until another one changes it. What that
+    // one found stays until the first thread is seen not to be looking any more.
+    const DWORD m_maker;
+    std::atomic<bool> m_isMakersOwn = true;
+    mutable Body* m_kept = nullptr;
 };

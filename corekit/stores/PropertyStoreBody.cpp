@@ -2,8 +2,9 @@
 
 #include "corekit/foundation/TextConversion.h"
 
+#include <algorithm>
 #include <cstring>
-#include <mutex>
+#include <string>
 
 namespace corekit::detail {
 
@@ -11,13 +12,37 @@ namespace {
 
 constexpr DWORD emptyForm = 12; // the size of a form without elements
 
-// Held while a body is unpacked, and while one that is packed is copied.
-std::mutex g_packedBodies;
-
 // Takes apart bytes that were checked before.
 class FormParser {
 public:
     explicit FormParser(const PackedForm& form) : m_form(form), m_at(form.get()) { Get<DWORD>(); }
+
+    void AppendStores(NamedList& stores)
+    {
+        auto left = Get<DWORD>();
+        for (stores.Reserve(left); left > 0; --left) Append(stores, Store());
+    }
+
+    void AppendValues(NamedList& values)
+    {
+        auto left = Get<DWORD>();
+        values.Reserve(left);
+        while (left > 0) {
+            const DWORD some = std::min<DWORD>(left, 16);
+            ItemSlab slab(SizeOfSmallOnes(some));
+            for (DWORD i = 0; i < some; ++i) Append(values, Value(slab));
+            left -= some;
+        }
+    }
+
+private:
+    static void Append(NamedList& list, NamedItem::Ref item)
+    {
+        const std::uint32_t hash = item->Hash();
+        list.Append(std::move(item), hash);
+    }
+
+    static constexpr std::size_t small = 512; // what one value may keep in memory for another
 
     template <class T>
     T Get()
@@ -27,28 +52,6 @@ public:
         return value;
     }
 
-    PropertyStoreChild Store()
-    {
-        PropertyStoreChild child;
-        GetName(child.name);
-        const BYTE* begin = m_at;
-        const auto size = Get<DWORD>();
-        if (size > emptyForm) child.store = PropertyStoreRef(new PropertyStoreBody({m_form, begin}));
-        m_at = begin + size;
-        return child;
-    }
-
-    PropertyStoreEntry Value()
-    {
-        PropertyStoreEntry entry;
-        GetName(entry.name);
-        entry.type = static_cast<ePSEntryType>(Get<DWORD>());
-        const auto size = Get<DWORD>();
-        entry.data.assign(reinterpret_cast<const char*>(Take(size)), size);
-        return entry;
-    }
-
-private:
     const BYTE* Take(std::size_t size)
     {
         const BYTE* taken = m_at;
@@ -56,99 +59,155 @@ private:
         return taken;
     }
 
-    void GetName(std::string& name)
+    std::string_view Bytes(std::size_t size) { return {reinterpret_cast<const char*>(Take(size)), size}; }
+
+    NamedItem::Ref Store()
     {
-        const auto length = Get<WORD>();
-        const BYTE* from = Take(length * sizeof(WCHAR));
-        name.resize(length);
-        char* to = name.data();
+        const auto units = Get<WORD>();
+        m_name.resize(units);
+        const std::string_view name = Name(units, m_name.data());
+        const BYTE* begin = m_at;
+        const auto size = Get<DWORD>();
+        m_at = begin + size;
+        if (size <= emptyForm) return NamedItem::Make(name, nullptr);
+        return NamedItem::Make(name, ItemContent::Ref(new PropertyStoreBody({m_form, begin})));
+    }
+
+    // What the small ones among the next values take in a slab if all names are plain.
+    std::size_t SizeOfSmallOnes(DWORD count)
+    {
+        const BYTE* begin = m_at;
+        std::size_t all = 0;
+        for (DWORD i = 0; i < count; ++i) {
+            const auto units = Get<WORD>();
+            Take(units * sizeof(WCHAR) + sizeof(DWORD));
+            const auto size = Get<DWORD>();
+            Take(size);
+            if (const std::size_t one = ItemSlab::SizeOf(units, size); one <= small) all += one;
+        }
+        m_at = begin;
+        return all;
+    }
+
+    NamedItem::Ref Value(ItemSlab& slab)
+    {
+        const auto units = Get<WORD>();
+        const BYTE* behindName = m_at + units * sizeof(WCHAR);
+        DWORD size;
+        std::memcpy(&size, behindName + sizeof(DWORD), sizeof size);
+        const bool isSmall = ItemSlab::SizeOf(units, size) <= small;
+        if (!isSmall) m_name.resize(units);
+        const std::string_view name = Name(units, isSmall ? slab.NameRoom() : m_name.data());
+        const auto type = Get<DWORD>();
+        const std::string_view data = Bytes(Get<DWORD>());
+        if (name.data() == slab.NameRoom()) return slab.Make(name, type, data);
+        return NamedItem::Make(name, type, data);
+    }
+
+    // Writes a name of so many units there if it is plain, else into m_name.
+    std::string_view Name(std::size_t units, char* to)
+    {
+        const BYTE* from = Take(units * sizeof(WCHAR));
         unsigned notPlain = 0;
-        for (std::size_t i = 0; i < length; ++i) {
+        for (std::size_t i = 0; i < units; ++i) {
             WORD unit;
             std::memcpy(&unit, from + i * sizeof unit, sizeof unit);
             notPlain |= unit == 0 ? 0x80u : unit;
             to[i] = static_cast<char>(unit);
         }
-        if (notPlain >= 0x80) name = Narrowed(from, length);
-    }
-
-    static std::string Narrowed(const BYTE* from, std::size_t length)
-    {
-        std::u16string wide(length, u'\0');
-        std::memcpy(wide.data(), from, length * sizeof(WCHAR));
-        return NarrowText(wide).c_str(); // a name ends at a zero
+        if (notPlain < 0x80) return {to, units};
+        std::u16string wide(units, u'\0');
+        std::memcpy(wide.data(), from, units * sizeof(WCHAR));
+        return m_name = NarrowText(wide).c_str(); // a name ends at a zero
     }
 
     const PackedForm& m_form;
     const BYTE* m_at;
+    std::string m_name;
 };
 
 } // namespace
 
-PropertyStoreBody::PropertyStoreBody(const PropertyStoreBody& source)
+// Holds a body that is packed, so that no other thread unpacks it meanwhile. False for one that is not.
+class PropertyStoreBody::Turn {
+public:
+    explicit Turn(const PropertyStoreBody& body) : m_state(body.m_state)
+    {
+        int state = packed;
+        while (!m_state.compare_exchange_weak(state, unpacking, std::memory_order_acquire)) {
+            if (state == open) return;
+            if (state == unpacking) m_state.wait(unpacking, std::memory_order_relaxed);
+            state = packed;
+        }
+        m_isHeld = true;
+    }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+    ~Turn()
+    {
+        if (!m_isHeld) return;
+        m_state.store(m_next, std::memory_order_release);
+        m_state.notify_all();
+    }
+
+    explicit operator bool() const { return m_isHeld; }
+    void LeaveOpen() { m_next = open; }
+
+private:
+    std::atomic<int>& m_state;
+    int m_next = packed;
+    bool m_isHeld = false;
+};
+
+PropertyStoreBody::PropertyStoreBody(const PropertyStoreBody& source) : ItemContent()
 {
-    std::unique_lock lock(g_packedBodies, std::defer_lock);
-    if (source.IsPacked()) lock.lock();
+    const Turn turn(source);
     m_values = source.m_values;
     m_stores = source.m_stores;
+    if (!turn) return;
     m_packed = source.m_packed;
-    m_isPacked.store(!m_packed.empty(), std::memory_order_relaxed);
+    m_state.store(packed, std::memory_order_relaxed);
 }
 
-void PropertyStoreBody::Unpack()
+void PropertyStoreBody::Append(PackedForm form)
 {
-    const std::lock_guard lock(g_packedBodies);
-    if (m_packed.empty()) return; // another thread was faster
-    auto values = m_values;
-    auto stores = m_stores;
+    m_packed.push_back(std::move(form));
+    m_state.store(packed, std::memory_order_relaxed);
+}
+
+void PropertyStoreBody::Unpack() const
+{
+    Turn turn(*this);
+    if (!turn) return; // another thread was faster
+    NamedList stores = m_stores, values = m_values;
     for (const PackedForm& form : m_packed) {
         FormParser parser(form);
-        const auto storeCount = parser.Get<DWORD>();
-        stores.Reserve(storeCount);
-        for (DWORD i = 0; i < storeCount; ++i) stores.Append(parser.Store());
-        const auto valueCount = parser.Get<DWORD>();
-        values.Reserve(valueCount);
-        for (DWORD i = 0; i < valueCount; ++i) values.Append(parser.Value());
+        parser.AppendStores(stores);
+        parser.AppendValues(values);
     }
-    m_values = std::move(values);
     m_stores = std::move(stores);
+    m_values = std::move(values);
     m_packed = {};
-    m_isPacked.store(false, std::memory_order_release);
+    turn.LeaveOpen();
 }
 
-PropertyStoreBody& PropertyStoreRef::Own()
+// Takes a tree down one body after another, for nesting may be deeper than the stack: what ends while another
+// one does waits for it.
+void PropertyStoreBody::End() noexcept
 {
-    if (!m_body) {
-        m_body = new PropertyStoreBody;
-    } else if (m_body->IsShared()) {
-        *this = PropertyStoreRef(new PropertyStoreBody(*m_body));
-    }
-    return *m_body;
-}
-
-// Takes a tree down level by level, for nesting may be deeper than the stack. Bodies that are still packed
-// have nothing below them.
-void PropertyStoreBody::Free(PropertyStoreBody* body)
-{
-    std::vector<PropertyStoreRef> below;
-    const auto collect = [&below](PropertyStoreBody& parent) {
-        for (PropertyStoreChild& child : parent.m_stores.All()) {
-            const PropertyStoreBody* nested = child.store.Get();
-            if (!nested || nested->IsPacked() || nested->m_stores.Count() == 0) continue;
-            try {
-                below.push_back(std::move(child.store));
-            } catch (const std::bad_alloc&) {
-                return; // the rest goes down through its own destructors
-            }
-        }
+    struct Ending {
+        PropertyStoreBody* waiting = nullptr;
+        bool isRunning = false;
     };
-    collect(*body);
-    delete body;
-    while (!below.empty()) {
-        PropertyStoreRef next = std::move(below.back());
-        below.pop_back();
-        if (!next->IsShared()) collect(*next.Get());
+    [[gnu::tls_model("initial-exec")]] static constinit thread_local Ending ending;
+    m_nextToEnd = std::exchange(ending.waiting, this);
+    if (ending.isRunning) return;
+    ending.isRunning = true;
+    while (PropertyStoreBody* body = ending.waiting) {
+        ending.waiting = body->m_nextToEnd;
+        delete body;
     }
+    ending.isRunning = false;
 }
 
 } // namespace corekit::detail

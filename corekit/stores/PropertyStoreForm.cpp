@@ -3,6 +3,7 @@
 #include "corekit/foundation/TextConversion.h"
 #include "corekit/framework/Exception.h"
 #include "corekit/resources/Messages.h"
+#include "corekit/stores/PropertyStore.h"
 #include "corekit/stores/PropertyStoreBody.h"
 
 #include <cstring>
@@ -11,9 +12,8 @@
 
 namespace {
 
+using corekit::detail::NamedItem;
 using corekit::detail::PropertyStoreBody;
-using corekit::detail::PropertyStoreChild;
-using corekit::detail::PropertyStoreEntry;
 
 constexpr DWORD formVersion = 256;
 
@@ -39,7 +39,7 @@ public:
         m_used += size;
     }
 
-    void PutName(const std::string& name)
+    void PutName(std::string_view name)
     {
         const std::size_t bytes = sizeof(WORD) + name.size() * sizeof(WCHAR);
         if (bytes <= sizeof m_buffer) {
@@ -61,7 +61,7 @@ public:
 
 private:
     // False, with nothing written, for a name that only the code page can widen.
-    bool PutPlain(const std::string& name)
+    bool PutPlain(std::string_view name)
     {
         BYTE* to = m_buffer + m_used;
         const WORD length = static_cast<WORD>(name.size());
@@ -84,48 +84,49 @@ private:
     BYTE m_buffer[8192];
 };
 
-void PutValues(Writer& writer, PropertyStoreBody* body)
+const PropertyStoreBody* BodyOf(const NamedItem& store)
 {
-    if (!body) return writer.Put(0);
-    writer.Put(static_cast<DWORD>(body->Values().Count()));
-    for (const PropertyStoreEntry& entry : body->Values().All()) {
-        const auto size = static_cast<DWORD>(entry.data.size());
-        writer.PutName(entry.name);
-        writer.Put(entry.type);
-        writer.Put(size);
-        writer.PutBytes(entry.data.data(), size);
-    }
+    return static_cast<const PropertyStoreBody*>(store.Content());
 }
 
-bool IsDeeperThan(int levels, PropertyStoreBody* body)
+bool IsDeeperThan(int levels, const PropertyStoreBody* body)
 {
-    if (!body) return false;
-    for (const PropertyStoreChild& child : body->Stores().All())
-        if (levels == 0 || IsDeeperThan(levels - 1, child.store.Get())) return true;
-    return false;
+    bool isDeeper = false;
+    if (body)
+        body->Stores().ForEach([&](const NamedItem& store) {
+            isDeeper = isDeeper || levels == 0 || IsDeeperThan(levels - 1, BodyOf(store));
+        });
+    return isDeeper;
 }
 
-void PutTree(Writer& writer, PropertyStoreBody* body)
+void PutTree(Writer& writer, const PropertyStoreBody* body)
 {
     writer.Put(formVersion);
-    writer.Put(body ? static_cast<DWORD>(body->Stores().Count()) : 0);
-    if (body) {
-        for (const PropertyStoreChild& child : body->Stores().All()) {
-            writer.PutName(child.name);
-            PutTree(writer, child.store.Get());
-        }
-    }
-    PutValues(writer, body);
+    if (!body) return writer.Put(0), writer.Put(0);
+    writer.Put(static_cast<DWORD>(body->Stores().Count()));
+    body->Stores().ForEach([&](const NamedItem& store) {
+        writer.PutName(store.Name());
+        PutTree(writer, BodyOf(store));
+    });
+    writer.Put(static_cast<DWORD>(body->Values().Count()));
+    body->Values().ForEach([&](const NamedItem& value) {
+        const std::string_view data = value.Data();
+        writer.PutName(value.Name());
+        writer.Put(value.Type());
+        writer.Put(static_cast<DWORD>(data.size()));
+        writer.PutBytes(data.data(), data.size());
+    });
 }
 
 } // namespace
 
-void CPropertyStore::WriteStream(CStream& stream)
+void CPropertyStore::WriteStream(CStream& stream) const
 {
     try {
-        if (IsDeeperThan(deepestNesting, Body())) ThrowChainedException(nullptr, message::dataCorrupt);
+        const PropertyStoreBody* body = m_body.load(std::memory_order_acquire);
+        if (IsDeeperThan(deepestNesting, body)) ThrowChainedException(nullptr, message::dataCorrupt);
         const auto writer = std::make_unique<Writer>(stream);
-        PutTree(*writer, Body());
+        PutTree(*writer, body);
         writer->Flush();
     } catch (const std::bad_alloc&) {
         AfxThrowMemoryException();

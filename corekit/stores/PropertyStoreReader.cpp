@@ -2,6 +2,7 @@
 // somebody looks at them.
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/resources/Messages.h"
+#include "corekit/stores/PropertyStore.h"
 #include "corekit/stores/PropertyStoreBody.h"
 
 #include <algorithm>
@@ -193,7 +194,7 @@ void CPropertyStore::ReadStream(CStream& stream)
     try {
         Reader reader(stream);
         const auto keep = [&] {
-            if (PackedForm form = reader.TakeForm()) Own().Append(std::move(form));
+            if (PackedForm form = reader.TakeForm()) OwnBody().Append(std::move(form));
         };
         try {
             reader.ReadForm();

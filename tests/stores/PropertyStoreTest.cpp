@@ -5,8 +5,8 @@
 #include "corekit/stores/MemoryStream.h"
 #include "corekit/stores/PropertyStore.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
-#include <map>
 #include <random>
 #include <string>
 #include <thread>
@@ -16,7 +16,7 @@ namespace {
 
 constexpr GUID someGuid = {0x12345678, 0x9ABC, 0xDEF0, {1, 2, 3, 4, 5, 6, 7, 8}};
 
-std::string Written(CPropertyStore& store)
+std::string Written(const CPropertyStore& store)
 {
     CMemoryStream stream(64, 64);
     store.WriteStream(stream);
@@ -35,7 +35,7 @@ std::string Bytes(const char (&text)[n])
     return {text, n - 1};
 }
 
-int Int(CPropertyStore& store, const std::string& name)
+int Int(const CPropertyStore& store, const std::string& name)
 {
     int value = -1;
     return store.GetValue(name.c_str(), value) ? value : -1;
@@ -209,43 +209,71 @@ TEST(PropertyStore, EveryKindComesBackAsItWasSet)
     EXPECT_EQ(store.GetPropertyStoreValueType("rect"), ePSBinary);
 }
 
-// Against a plain list searched from its end, across the sizes at which the search changes its method.
-TEST(PropertyStore, LookUpsAgreeWithAListThroughSetsDeletesAndReads)
+// Against a plain list searched from its end, across the sizes at which the search changes its method. Copies
+// stay what they were.
+TEST(PropertyStore, LookUpsAgreeWithAListThroughSetsDeletesReadsAndCopies)
 {
-    std::mt19937 random(7);
-    CPropertyStore store;
-    std::vector<std::pair<int, int>> list; // name, value
-    const auto last = [&](int name) {
-        for (std::size_t i = list.size(); i-- > 0;)
-            if (list[i].first == name) return static_cast<int>(i);
-        return -1;
-    };
-    const auto text = [&](int name) {
-        std::string s = "Name" + std::string(static_cast<std::size_t>(name % 20), 'x') + std::to_string(name);
-        for (char& c : s) c = random() % 2 ? static_cast<char>(std::toupper(c)) : c;
-        return s;
-    };
-    for (int step = 0; step < 4000; ++step) {
-        const int name = static_cast<int>(random() % 60), at = last(name);
-        // Now and then mostly deletes, so that the list shrinks through the sizes that it grew through.
-        const auto what = random() % 100 + (step / 400 % 2 ? 25 : 0);
-        if (what < 45) {
-            store.SetValue(text(name).c_str(), step);
-            if (at >= 0)
-                list[static_cast<std::size_t>(at)].second = step;
-            else
-                list.push_back({name, step});
-        } else if (what < 75 || what > 85) {
-            store.DeleteValue(text(name).c_str());
-            if (at >= 0) list.erase(list.begin() + at);
-        } else if (what == 75 && list.size() < 100) {
-            ASSERT_EQ(ReadFrom(store, Written(store)), "nothing");
-            list.insert(list.end(), list.begin(), list.begin() + static_cast<std::ptrdiff_t>(list.size()));
+    struct Both {
+        CPropertyStore store;
+        std::vector<std::pair<unsigned, int>> list; // name, value
+
+        int Last(unsigned name) const
+        {
+            for (std::size_t i = list.size(); i-- > 0;)
+                if (list[i].first == name) return static_cast<int>(i);
+            return -1;
         }
-        const int asked = static_cast<int>(random() % 60), found = last(asked);
-        ASSERT_EQ(Int(store, text(asked)), found < 0 ? -1 : list[static_cast<std::size_t>(found)].second)
-            << step;
-        ASSERT_EQ(store.GetPropertyStoreValueCount(), static_cast<int>(list.size()));
+    };
+    for (const unsigned names : {12u, 60u, 700u}) {
+        std::mt19937 random(names);
+        const auto text = [&](unsigned name) {
+            std::string s = "Name" + std::string(name % 20, 'x') + std::to_string(name);
+            for (char& c : s) c = random() % 2 ? static_cast<char>(std::toupper(c)) : c;
+            return s;
+        };
+        const auto check = [&](const Both& both) {
+            const unsigned asked = random() % names;
+            const int found = both.Last(asked), count = both.store.GetPropertyStoreValueCount();
+            ASSERT_EQ(Int(both.store, text(asked)),
+                      found < 0 ? -1 : both.list[static_cast<std::size_t>(found)].second);
+            ASSERT_EQ(count, static_cast<int>(both.list.size()));
+            if (count == 0) return;
+            const auto index = static_cast<int>(random() % static_cast<unsigned>(count));
+            const std::string there = text(both.list[static_cast<std::size_t>(index)].first);
+            ASSERT_EQ(_stricmp(both.store.GetPropertyStoreValueName(index), there.c_str()), 0);
+        };
+        Both now, before;
+        for (int step = 0; step < 6000; ++step) {
+            const unsigned name = random() % names;
+            const int at = now.Last(name);
+            // Now and then mostly deletes, so that the list shrinks through the sizes that it grew through.
+            const auto what = random() % 100 + (step / 1500 % 2 ? 25 : 0);
+            if (what < 65) {
+                now.store.SetValue(text(name).c_str(), step);
+                if (at >= 0)
+                    now.list[static_cast<std::size_t>(at)].second = step;
+                else
+                    now.list.push_back({name, step});
+            } else if (what > 66) {
+                now.store.DeleteValue(text(name).c_str());
+                if (at >= 0) now.list.erase(now.list.begin() + at);
+            } else if (what == 65 && now.list.size() < names) {
+                ASSERT_EQ(ReadFrom(now.store, Written(now.store)), "nothing");
+                const auto half = static_cast<std::ptrdiff_t>(now.list.size());
+                now.list.insert(now.list.end(), now.list.begin(), now.list.begin() + half);
+            } else {
+                before = now;
+            }
+            check(now);
+            check(before);
+        }
+        while (now.store.GetPropertyStoreValueCount() > 0)
+            now.store.DeleteValue(now.store.GetPropertyStoreValueName(0));
+        now.list.clear();
+        now.store.SetValue(text(1).c_str(), 1);
+        now.list.push_back({1, 1});
+        check(now);
+        check(before);
     }
 }
 
@@ -452,4 +480,29 @@ TEST(PropertyStore, ThreadsMayShareAStoreAndItsCopies)
     std::thread threads[] = {std::thread(work, 0), std::thread(work, 1), std::thread(work, 2)};
     for (std::thread& thread : threads) thread.join();
     EXPECT_EQ(store.GetPropertyStoreValueCount(), 3 * (500 - 167));
+}
+
+// The thread that made a store needs no lock to look until another one changes it, and then does.
+TEST(PropertyStore, WhoMadeAStoreMayLookWhileOthersChangeIt)
+{
+    CPropertyStore old;
+    for (int i = 0; i < 40; ++i) old.SetValue(("name " + std::to_string(i)).c_str(), 0);
+    for (int round = 0; round < 100; ++round) {
+        CPropertyStore store = old;
+        std::atomic<bool> isDone = false;
+        std::thread other([&] {
+            for (int i = 1; i <= 50; ++i) store.SetValue("name 7", i);
+            store.Empty();
+            store.SetValue("NAME 7", 51);
+            isDone = true;
+        });
+        for (int last = 0, seen = 0; !isDone; last = seen) {
+            seen = Int(store, "name 7"); // -1 between the last two
+            EXPECT_TRUE(seen == -1 || seen >= last) << seen << " after " << last;
+        }
+        other.join();
+        EXPECT_EQ(Int(store, "name 7"), 51);
+        EXPECT_EQ(store.GetPropertyStoreValueCount(), 1);
+    }
+    EXPECT_EQ(Int(old, "name 7"), 0);
 }

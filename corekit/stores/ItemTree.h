@@ -1,0 +1,139 @@
+// Items by a path, sixteen ways at each step: their order of arrival, or the hash of their name.
+//
+// A tree that is copied shares its nodes with the copy. A change makes new ones along its own path only, and
+// none where the tree is the only one that holds them.
+#pragma once
+
+#include "corekit/stores/NamedItem.h"
+
+#include <bit>
+#include <cstdint>
+#include <utility>
+
+namespace corekit::detail {
+
+struct TreeNode {
+    ShareCount shares;
+    std::uint32_t level; // 0 for a bunch
+    std::uint32_t size;  // items in it and below
+};
+
+struct TreeBranch : TreeNode {
+    static constexpr unsigned bits = 4, ways = 1 << bits;
+    TreeNode* below[ways];
+};
+
+inline std::uint8_t TagOf(std::uint32_t hash) { return static_cast<std::uint8_t>(hash >> 24); }
+
+// The end of a path: its items, and in front of them the upper bits of each one's hash.
+struct TreeBunch : TreeNode {
+    std::uint32_t room;
+
+    static std::size_t TagRoom(std::uint32_t room) { return room <= 16 ? 16 : (room + 63u) / 64 * 64; }
+    std::uint8_t* Tags() { return reinterpret_cast<std::uint8_t*>(this + 1); }
+    const std::uint8_t* Tags() const { return reinterpret_cast<const std::uint8_t*>(this + 1); }
+    NamedItem** Items() { return reinterpret_cast<NamedItem**>(Tags() + TagRoom(room)); }
+    NamedItem* const* Items() const { return reinterpret_cast<NamedItem* const*>(Tags() + TagRoom(room)); }
+    // When each came to its list; only where the path is the hash.
+    std::uint64_t* Arrivals() { return reinterpret_cast<std::uint64_t*>(Items() + room); }
+
+    NamedItem* FindLast(const NameKey& name) const
+    {
+        if (room > 16) return FindLastAmongMany(name);
+        return LastOfName(EqualTags(0, name) & ((1u << size) - 1), 0, name);
+    }
+    std::uint32_t IndexOf(const NamedItem* item) const; // which is there
+
+private:
+    // Of the sixteen items from one on, those that have the tag of the name.
+    std::uint32_t EqualTags(std::uint32_t from, const NameKey& name) const
+    {
+        return Equal16(Load16(Tags() + from), Spread16(TagOf(name.Hash())));
+    }
+    template <class Bits>
+    NamedItem* LastOfName(Bits candidates, std::uint32_t from, const NameKey& name) const
+    {
+        for (; candidates != 0; candidates ^= std::bit_floor(candidates)) {
+            NamedItem* item = Items()[from + std::bit_width(candidates) - 1];
+            if (item->Has(name)) return item;
+        }
+        return nullptr;
+    }
+    // From the last 64 to the first.
+    NamedItem* FindLastAmongMany(const NameKey& name) const
+    {
+        for (std::uint32_t begin = (size - 1) / 64 * 64, left = size - begin;; begin -= 64, left = 64) {
+            const auto equal = [&](unsigned i) { return std::uint64_t{EqualTags(begin + i, name)} << i; };
+            const std::uint64_t candidates = equal(0) | equal(16) | equal(32) | equal(48);
+            NamedItem* found = LastOfName(candidates & ~std::uint64_t{0} >> (64 - left), begin, name);
+            if (found || begin == 0) return found;
+        }
+    }
+};
+
+enum class TreeOrder { Arrival, Hash };
+
+// The way on at a branch of that level: the highest digits of the arrival or the lowest of the hash first.
+template <TreeOrder order>
+unsigned Way(std::uint64_t path, unsigned level)
+{
+    constexpr unsigned hashLevels = 32 / TreeBranch::bits;
+    const unsigned digit = order == TreeOrder::Arrival ? level : hashLevels - level;
+    return path >> digit * TreeBranch::bits & (TreeBranch::ways - 1);
+}
+
+// By arrival it holds a share of each item. By hash it holds none: it stands beside one that does.
+template <TreeOrder order>
+class ItemTree {
+public:
+    static constexpr std::uint32_t bunchSize = order == TreeOrder::Arrival ? TreeBranch::ways : 64;
+
+    ItemTree() = default;
+    ItemTree(const ItemTree& other) : m_root(other.m_root)
+    {
+        if (m_root) m_root->shares.Share();
+    }
+    ItemTree(ItemTree&& other) noexcept : m_root(std::exchange(other.m_root, nullptr)) {}
+    ItemTree& operator=(ItemTree other) noexcept
+    {
+        std::swap(m_root, other.m_root);
+        return *this;
+    }
+    ~ItemTree() { Release(m_root); }
+
+    const TreeNode* Root() const { return m_root; }
+
+    // For an empty tree that will have so many items.
+    void Reserve(std::uint32_t count);
+    // Leaves the tree as it was when there is no memory.
+    void Add(NamedItem* item, std::uint32_t hash, std::uint64_t arrival);
+    // The bunch at the end of a path, with no other tree that sees it. It has an item.
+    TreeBunch& Own(std::uint64_t path);
+    // Takes out an item whose bunch is the tree's own.
+    void Remove(std::uint64_t path, const NamedItem* item);
+
+private:
+    struct Newcomer {
+        NamedItem* item;
+        std::uint32_t hash;
+        std::uint64_t arrival;
+        std::uint64_t Path() const { return order == TreeOrder::Arrival ? arrival : hash; }
+    };
+    static std::size_t SizeOf(std::uint32_t room);
+    static TreeBunch* MakeBunch(std::uint32_t room);
+    static void FreeNode(TreeNode* node);
+    static void Add(TreeNode*& link, unsigned level, const Newcomer& newcomer);
+    static void Part(TreeNode*& link, unsigned level);
+    static void RemoveFrom(TreeBunch& bunch, std::uint32_t index);
+    static void Remove(TreeNode*& link, std::uint64_t path, const NamedItem* item);
+    static TreeBranch& OwnBranch(TreeNode*& link);
+    static TreeBunch& OwnBunch(TreeNode*& link, std::uint32_t room);
+    static void Release(TreeNode* node);
+
+    TreeNode* m_root = nullptr;
+};
+
+extern template class ItemTree<TreeOrder::Arrival>;
+extern template class ItemTree<TreeOrder::Hash>;
+
+} // namespace corekit::detail
