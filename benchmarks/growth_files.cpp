@@ -36,14 +36,14 @@ public:
     ~Records() { m_file.Close(0); }
 
     CVariableLengthRecordFile* operator->() { return &m_file; }
-    int Add(int bFlush = 0) { return m_file.AddRecord(m_bytes, sizeof m_bytes, bFlush); }
+    int Add(int bFlush = 0) { return m_file.AddRecord(m_bytes, 2 * sectorSize, bFlush); }
     void Replace(int record, DWORD size) { m_file.ReplaceRecord(record, m_bytes, size, 0); }
 
     static constexpr DWORD sectorSize = 64;
 
 private:
     CVariableLengthRecordFile m_file;
-    BYTE m_bytes[2 * sectorSize] = {};
+    BYTE m_bytes[3 * sectorSize] = {};
 };
 
 const Curve addRecord({"records: add", 5}, [](std::size_t count) {
@@ -54,7 +54,7 @@ const Curve addRecord({"records: add", 5}, [](std::size_t count) {
 const Curve addAndFlush({"records: add with flush each", 5}, [](std::size_t count) {
     Records records(count);
     records->Flush();
-    return Microseconds(few, [&](std::size_t) { records.Add(1); });
+    return Microseconds(20 * few, [&](std::size_t) { records.Add(1); }); // the index moves now and then
 });
 
 const Curve deleteAndAdd({"records: delete and add again", 5}, [](std::size_t count) {
@@ -66,12 +66,29 @@ const Curve deleteAndAdd({"records: delete and add again", 5}, [](std::size_t co
     });
 });
 
+// Every second number is free, and the first search has sorted what that left.
+void MakeHoles(Records& records, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; i += 2) records->DeleteRecord(static_cast<int>(i), 0);
+    records.Replace(1, 3 * Records::sectorSize);
+    records->Flush();
+}
+
 const Curve replaceRecord({"records: replace by one that moves, among holes", 5}, [](std::size_t count) {
     Records records(count);
-    for (std::size_t i = 0; i < count; i += 2) records->DeleteRecord(static_cast<int>(i), 0);
+    MakeHoles(records, count);
     return Microseconds(few / 4, [&](std::size_t i) {
-        records.Replace(static_cast<int>(2 * i + 1), Records::sectorSize);
-        records.Replace(static_cast<int>(2 * i + 1), 2 * Records::sectorSize);
+        records.Replace(static_cast<int>(2 * i + 3), Records::sectorSize);
+        records.Replace(static_cast<int>(2 * i + 3), 2 * Records::sectorSize);
+    });
+});
+
+const Curve replaceAndFlush({"records: replace among holes with flush each", 5}, [](std::size_t count) {
+    Records records(count);
+    MakeHoles(records, count);
+    return Microseconds(few / 4, [&](std::size_t i) {
+        records.Replace(static_cast<int>(2 * i + 3), 2 * Records::sectorSize);
+        records->Flush();
     });
 });
 

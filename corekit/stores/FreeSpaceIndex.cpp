@@ -20,15 +20,35 @@ FreeSpaceIndex::FreeSpaceIndex(std::span<const VLRExtent> entries)
     if (!std::ranges::is_sorted(keys)) std::ranges::sort(keys); // several at one offset, in a damaged map
     m_byPlace.Assign(keys);
     SortLengths();
+    ForgetChanges();
 }
 
-std::vector<VLRExtent> FreeSpaceIndex::Entries() const
+std::vector<VLRExtent> FreeSpaceIndex::Entries(std::size_t first, std::size_t end) const
 {
     std::vector<VLRExtent> entries;
-    entries.reserve(Count());
-    for (auto place = m_byPlace.Begin(); !m_byPlace.IsEnd(place); place = m_byPlace.Next(place))
+    entries.reserve(end - first);
+    for (auto place = m_byPlace.AtRank(first); entries.size() < end - first; place = m_byPlace.Next(place))
         entries.push_back(FromPlaceKey(m_byPlace.At(place)));
     return entries;
+}
+
+FreeSpaceIndex::Ranks FreeSpaceIndex::Changed() const
+{
+    if (m_lowestChange > m_highestChange) return {0, 0};
+    return {m_byPlace.RankOf(m_byPlace.LowerBound(Key(m_lowestChange, 0))),
+            m_byPlace.RankOf(m_byPlace.LowerBound(Key(m_highestChange, 0xFFFFFFFF)))};
+}
+
+void FreeSpaceIndex::ForgetChanges()
+{
+    m_lowestChange = 0xFFFFFFFF;
+    m_highestChange = 0;
+}
+
+void FreeSpaceIndex::NoteChange(DWORD offset)
+{
+    m_lowestChange = std::min(m_lowestChange, offset);
+    m_highestChange = std::max(m_highestChange, offset);
 }
 
 std::optional<VLRExtent> FreeSpaceIndex::Find(DWORD length)
@@ -51,9 +71,11 @@ std::optional<VLRExtent> FreeSpaceIndex::Find(DWORD length)
 void FreeSpaceIndex::TakeFront(VLRExtent entry, DWORD length)
 {
     const auto place = m_byPlace.LowerBound(PlaceKey(entry));
+    NoteChange(entry.nOffset);
     if (entry.nSize <= length) return m_byPlace.Erase(place);
     const VLRExtent rest{entry.nOffset + length, entry.nSize - length};
     m_byPlace.Replace(place, PlaceKey(rest));
+    NoteChange(rest.nOffset);
     NoteLength(rest);
 }
 
@@ -63,6 +85,7 @@ void FreeSpaceIndex::TakeOut(VLRExtent stretch)
     if (m_byPlace.IsBegin(after)) return;
     const VLRExtent around = FromPlaceKey(m_byPlace.At(m_byPlace.Previous(after)));
     if (EndOf(around) < EndOf(stretch)) return;
+    NoteChange(around.nOffset);
     m_byPlace.Erase(m_byPlace.LowerBound(PlaceKey(around)));
     const VLRExtent before{around.nOffset, stretch.nOffset - around.nOffset};
     const VLRExtent behind{EndOf(stretch), EndOf(around) - EndOf(stretch)};
@@ -83,6 +106,8 @@ void FreeSpaceIndex::Add(VLRExtent entry)
     VLRExtent joined = entry;
     if (joinsBefore) joined = {before.nOffset, before.nSize + joined.nSize};
     if (joinsBehind) joined.nSize += behind.nSize;
+    NoteChange(joined.nOffset);
+    if (joinsBehind) NoteChange(behind.nOffset);
     if (joinsBefore && joinsBehind) {
         m_byPlace.Erase(after);
         m_byPlace.Replace(m_byPlace.LowerBound(PlaceKey(before)), PlaceKey(joined));

@@ -20,8 +20,9 @@ public:
     explicit FreeSpaceIndex(std::span<const VLRExtent> entries);
 
     std::size_t Count() const { return m_byPlace.Count(); }
-    // Every entry, ascending by offset.
-    std::vector<VLRExtent> Entries() const;
+    // The entries of these ranks, counted from the lowest offset; ascending.
+    std::vector<VLRExtent> Entries(std::size_t first, std::size_t end) const;
+    std::vector<VLRExtent> Entries() const { return Entries(0, Count()); }
 
     // The entry that the rule takes for `length` bytes, if there is any.
     std::optional<VLRExtent> Find(DWORD length);
@@ -32,7 +33,16 @@ public:
     // Adds an entry and joins it with those it touches.
     void Add(VLRExtent entry);
 
+    struct Ranks {
+        std::size_t first, end;
+    };
+    // Where entries have changed since the last ForgetChanges. Behind them they are the same ones, whose
+    // ranks are the same if the count is. Empty if there was no change.
+    Ranks Changed() const;
+    void ForgetChanges();
+
 private:
+    void NoteChange(DWORD offset);
     bool Holds(VLRExtent entry) const;
     void NoteLength(VLRExtent entry);
     void SettleLengths();
@@ -44,6 +54,8 @@ private:
     // them, and new ones wait until somebody looks, so that giving space back costs next to nothing.
     SortedKeys m_byLength;
     std::vector<std::uint64_t> m_newLengths;
+
+    DWORD m_lowestChange, m_highestChange; // offsets
 };
 
 } // namespace corekit::detail

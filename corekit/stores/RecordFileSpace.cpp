@@ -1,169 +1,305 @@
-// The record file's space: where records and areas are put, and the writing of index, map and header.
-#include "corekit/foundation/ChainedException.h"
+#include "corekit/stores/RecordFileSpace.h"
+
 #include "corekit/platform/Errors.h"
-#include "corekit/platform/Files.h"
 #include "corekit/resources/Messages.h"
-#include "corekit/stores/FreeSlots.h"
-#include "corekit/stores/FreeSpaceIndex.h"
-#include "corekit/stores/VariableLengthRecordFile.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
-using namespace corekit::detail;
+namespace corekit::detail {
 
 namespace {
 
-constexpr DWORD growSectors = 64; // the least by which a file grows
+constexpr DWORD growSectors = 64;      // the least by which a file grows
+constexpr int maxRecords = 0x1FFFFFFF; // the index of a file of 4 GiB cannot hold more
+constexpr int entriesOfPage = 64;      // of the index that are written together
 
 [[noreturn]] void ThrowTooLarge()
 {
-    ThrowChainedException(GetLastErrorException(ERROR_FILE_TOO_LARGE), message::recordFileSetLengthFailed);
+    ThrowRecordFileError(ERROR_FILE_TOO_LARGE, message::recordFileSetLengthFailed);
 }
 
 DWORD EntryBytes(DWORD count) { return count * static_cast<DWORD>(sizeof(VLRExtent)); }
 
+bool Overlap(DWORD offset, DWORD size, DWORD areaOffset, std::uint64_t areaSize)
+{
+    return offset < areaOffset + areaSize && areaOffset < std::uint64_t{offset} + size;
+}
+
 } // namespace
 
-DWORD CVariableLengthRecordFile::WholeSectors(DWORD size) const
+void RecordFileSpace::Make(VLRExtent free)
 {
-    const DWORD mask = m_header.sectorSize - 1;
-    return (size + mask) & ~mask;
+    m_list.Add(free);
+    m_wholeMap = true;
+    m_loaded = true;
 }
 
-DWORD CVariableLengthRecordFile::SectorCount(DWORD size) const
+void RecordFileSpace::Load()
 {
-    return size / m_header.sectorSize + (size % m_header.sectorSize != 0);
+    const RecordFileHeader& header = m_image.Header();
+    LoadEntries(m_list, header.mapOffset, header.mapEntries);
+    LoadEntries(m_index, header.indexOffset, header.indexEntries);
+    const std::span entries(m_index.GetData(), static_cast<std::size_t>(m_index.GetSize()));
+    m_inUse = static_cast<int>(
+        std::ranges::count_if(entries, [](const VLRExtent& entry) { return entry.nSize != 0; }));
+    m_loaded = true;
 }
 
-int CVariableLengthRecordFile::sortHelper(const void* first, const void* second)
+void RecordFileSpace::LoadEntries(CArray<VLRExtent>& to, DWORD offset, DWORD count)
+{
+    if (count == 0) return to.RemoveAll(); // wherever they would lie
+    const std::uint64_t bytes = std::uint64_t{count} * sizeof(VLRExtent);
+    if (offset + bytes > m_image.BytesOnDisk())
+        ThrowRecordFileError(ERROR_HANDLE_EOF, message::recordFileReadFailed);
+    to.SetSize(static_cast<int>(count));
+    m_image.ReadOnce(offset, to.GetData(), static_cast<DWORD>(bytes));
+}
+
+void RecordFileSpace::Forget()
+{
+    m_index.RemoveAll();
+    m_list.RemoveAll();
+    m_free.reset();
+    m_slots.reset();
+    m_inUse = 0;
+    m_changed.clear();
+    m_firstChanged = m_endOfChanged = 0;
+    m_wholeMap = m_loaded = false;
+}
+
+// --- the index
+
+void RecordFileSpace::SetEntry(int record, VLRExtent entry)
+{
+    VLRExtent& held = m_index[record];
+    m_inUse += (entry.nSize != 0) - (held.nSize != 0);
+    held = entry;
+    NoteEntries(record, record + 1);
+    if (!m_slots) return;
+    if (entry.nSize == 0)
+        m_slots->Add(static_cast<std::size_t>(record));
+    else
+        m_slots->Remove(static_cast<std::size_t>(record));
+}
+
+void RecordFileSpace::ExtendTo(int record)
+{
+    if (record >= maxRecords) ThrowTooLarge();
+    const int from = m_index.GetSize(), count = record + 1;
+    m_index.SetSize(count);
+    NoteEntries(from, count);
+    if (!m_slots) return;
+    for (int i = from; i < count; ++i) m_slots->Add(static_cast<std::size_t>(i));
+}
+
+int RecordFileSpace::FindFreeRecord()
+{
+    if (!m_slots) {
+        m_slots = std::make_unique<FreeSlots>();
+        for (int i = 0; i < m_index.GetSize(); ++i)
+            if (m_index[i].nSize == 0) m_slots->Add(static_cast<std::size_t>(i));
+    }
+    if (const auto lowest = m_slots->Lowest(); lowest >= 0) return static_cast<int>(lowest);
+    const int record = m_index.GetSize();
+    ExtendTo(record);
+    return record;
+}
+
+void RecordFileSpace::NoteEntries(int from, int to)
+{
+    if (from >= to) return;
+    const auto first = static_cast<std::size_t>(from / entriesOfPage);
+    const auto end = static_cast<std::size_t>((to - 1) / entriesOfPage + 1);
+    if (m_changed.size() < end) m_changed.resize(end);
+    std::fill(m_changed.begin() + static_cast<std::ptrdiff_t>(first),
+              m_changed.begin() + static_cast<std::ptrdiff_t>(end), true);
+    if (m_firstChanged == m_endOfChanged) m_firstChanged = first;
+    m_firstChanged = std::min(m_firstChanged, first);
+    m_endOfChanged = std::max(m_endOfChanged, end);
+}
+
+// --- free space
+
+int RecordFileSpace::sortHelper(const void* first, const void* second)
 {
     const DWORD one = static_cast<const VLRExtent*>(first)->nOffset;
     const DWORD other = static_cast<const VLRExtent*>(second)->nOffset;
     return (one > other) - (one < other);
 }
 
-void CVariableLengthRecordFile::SortFSM()
+void RecordFileSpace::SortList()
 {
-    if (m_FSM.GetSize() < 2) return;
-    std::qsort(m_FSM.GetData(), static_cast<std::size_t>(m_FSM.GetSize()), sizeof(VLRExtent), sortHelper);
+    if (m_list.GetSize() < 2) return;
+    std::qsort(m_list.GetData(), static_cast<std::size_t>(m_list.GetSize()), sizeof(VLRExtent), sortHelper);
 }
 
-void CVariableLengthRecordFile::MergeContiguousFSMEntries()
+void RecordFileSpace::MergeList()
 {
     int last = 0;
-    for (int i = 1; i < m_FSM.GetSize(); ++i) {
-        const VLRExtent entry = m_FSM[i];
-        if (m_FSM[last].nOffset + m_FSM[last].nSize == entry.nOffset)
-            m_FSM[last].nSize += entry.nSize;
+    for (int i = 1; i < m_list.GetSize(); ++i) {
+        const VLRExtent entry = m_list[i];
+        if (m_list[last].nOffset + m_list[last].nSize == entry.nOffset)
+            m_list[last].nSize += entry.nSize;
         else
-            m_FSM[++last] = entry;
+            m_list[++last] = entry;
     }
-    if (last + 1 < m_FSM.GetSize()) m_FSM.SetSize(last + 1);
+    if (last + 1 < m_list.GetSize()) m_list.SetSize(last + 1);
 }
 
-// The map as an index, made from the list at the first need.
-FreeSpaceIndex& CVariableLengthRecordFile::FreeSpace()
+// The map as an index, made from the list at the first need. A list that somebody else has written may not be
+// as it should.
+FreeSpaceIndex& RecordFileSpace::Index()
 {
-    if (!m_freeSpace) {
-        SortFSM();
-        MergeContiguousFSMEntries();
-        m_freeSpace = std::make_unique<FreeSpaceIndex>(
-            std::span(m_FSM.GetData(), static_cast<std::size_t>(m_FSM.GetSize())));
-        m_FSM.RemoveAll();
+    if (!m_free) {
+        const auto entries = [this] {
+            return std::span<const VLRExtent>(m_list.GetData(), static_cast<std::size_t>(m_list.GetSize()));
+        };
+        const auto isOutOfOrder = [](const VLRExtent& one, const VLRExtent& next) {
+            return std::uint64_t{one.nOffset} + one.nSize >= next.nOffset;
+        };
+        if (std::ranges::adjacent_find(entries(), isOutOfOrder) != entries().end()) {
+            SortList();
+            MergeList();
+            m_wholeMap = true;
+        }
+        m_free.emplace(entries());
+        m_list.RemoveAll();
     }
-    return *m_freeSpace;
+    return *m_free;
 }
 
-DWORD CVariableLengthRecordFile::MapCount() const
+DWORD RecordFileSpace::MapCount() const
 {
-    return static_cast<DWORD>(m_freeSpace ? m_freeSpace->Count() : static_cast<std::size_t>(m_FSM.GetSize()));
+    return static_cast<DWORD>(m_free ? m_free->Count() : static_cast<std::size_t>(m_list.GetSize()));
 }
 
-VLRExtent CVariableLengthRecordFile::FindFreeSpace(DWORD size)
+VLRExtent RecordFileSpace::Find(DWORD size)
 {
-    const DWORD whole = WholeSectors(size);
+    const DWORD whole = m_image.WholeSectors(size);
     if (whole < size) ThrowTooLarge();
     for (;;) {
-        if (const auto entry = FreeSpace().Find(whole)) return *entry;
+        if (const auto entry = Index().Find(whole)) return *entry;
         Grow(whole);
     }
 }
 
-void CVariableLengthRecordFile::Grow(DWORD wholeSize)
+void RecordFileSpace::Grow(DWORD wholeSize)
 {
+    RecordFileHeader& header = m_image.Header();
     const std::uint64_t chunk =
-        std::max(std::uint64_t{wholeSize}, std::uint64_t{growSectors} * m_header.sectorSize);
-    if (m_header.fileSize + chunk > 0xFFFFFFFF) ThrowTooLarge();
-    const VLRExtent added{m_header.fileSize, static_cast<DWORD>(chunk)};
-    SetNewFileSize(added.nOffset + added.nSize);
-    m_header.fileSize += added.nSize;
-    FreeSpace().Add(added);
+        std::max(std::uint64_t{wholeSize}, std::uint64_t{growSectors} * header.sectorSize);
+    if (header.fileSize + chunk > 0xFFFFFFFF) ThrowTooLarge();
+    const VLRExtent added{header.fileSize, static_cast<DWORD>(chunk)};
+    m_image.SetSize(added.nOffset + added.nSize);
+    header.fileSize += added.nSize;
+    Free(added);
 }
 
-DWORD CVariableLengthRecordFile::AllocateSpace(DWORD size)
+DWORD RecordFileSpace::Take(DWORD size)
 {
-    const VLRExtent entry = FindFreeSpace(size);
-    FreeSpace().TakeFront(entry, WholeSectors(size));
+    const VLRExtent entry = Find(size);
+    Index().TakeFront(entry, m_image.WholeSectors(size));
     return entry.nOffset;
 }
 
-// Space of another size in exchange for what is held: that is free first, so the new may overlap the old. If
-// there is none, all is as it was. The size may depend on the map as it is then.
-DWORD CVariableLengthRecordFile::Relocate(VLRExtent from, const std::function<DWORD()>& size)
+DWORD RecordFileSpace::Exchange(VLRExtent from, DWORD size)
 {
-    if (from.nSize == 0) return AllocateSpace(size());
-    FreeSpace().Add(from);
+    if (from.nSize == 0) return Take(size);
+    Free(from);
     try {
-        return AllocateSpace(size());
+        return Take(size);
     } catch (...) {
-        FreeSpace().TakeOut(from);
+        Index().TakeOut(from);
         throw;
     }
 }
 
-void CVariableLengthRecordFile::WriteIndex()
+// --- the areas
+
+void RecordFileSpace::NoteOverwritten(DWORD offset, DWORD size)
 {
-    const auto count = static_cast<DWORD>(m_index.GetSize());
+    const RecordFileHeader& header = m_image.Header();
+    const auto area = [&](DWORD sectors) { return std::uint64_t{sectors} * header.sectorSize; };
+    if (Overlap(offset, size, header.indexOffset, area(header.indexSectors))) NoteEntries(0, Count());
+    if (Overlap(offset, size, header.mapOffset, area(header.mapSectors))) m_wholeMap = true;
+}
+
+void RecordFileSpace::NoteAll()
+{
+    NoteEntries(0, Count());
+    m_wholeMap = true;
+}
+
+void RecordFileSpace::WriteIndex()
+{
+    RecordFileHeader& header = m_image.Header();
+    const auto count = static_cast<DWORD>(Count());
     const DWORD bytes = EntryBytes(count);
-    const std::uint64_t room = std::uint64_t{m_header.indexSectors} * m_header.sectorSize;
+    const std::uint64_t room = std::uint64_t{header.indexSectors} * header.sectorSize;
     if (bytes > room) {
-        m_header.indexOffset =
-            Relocate({m_header.indexOffset, static_cast<DWORD>(room)}, [bytes] { return bytes; });
-        m_header.indexSectors = SectorCount(bytes);
+        // Often it grows into free space behind it.
+        const DWORD offset = Exchange({header.indexOffset, static_cast<DWORD>(room)}, bytes);
+        if (std::exchange(header.indexOffset, offset) != offset) NoteEntries(0, Count());
+        header.indexSectors = m_image.SectorCount(bytes);
     }
-    if (count > 0) WriteBlock(m_header.indexOffset, m_index.GetData(), bytes);
-    m_header.indexEntries = count;
+    const auto end = m_changed.begin() + static_cast<std::ptrdiff_t>(m_endOfChanged);
+    auto page = m_changed.begin() + static_cast<std::ptrdiff_t>(m_firstChanged);
+    while ((page = std::find(page, end, true)) != end) {
+        const auto behind = std::find(page, end, false);
+        const auto from = static_cast<DWORD>(page - m_changed.begin()) * entriesOfPage;
+        const DWORD to = std::min(count, static_cast<DWORD>(behind - m_changed.begin()) * entriesOfPage);
+        m_image.Write(header.indexOffset + EntryBytes(from), m_index.GetData() + from, EntryBytes(to - from));
+        page = behind;
+    }
+    std::fill(m_changed.begin() + static_cast<std::ptrdiff_t>(m_firstChanged), end, false);
+    m_firstChanged = m_endOfChanged = 0;
+    header.indexEntries = count;
 }
 
-void CVariableLengthRecordFile::WriteFreeSpaceMap()
+// The old area is free first and so may add an entry or lose one; growing the file may add one too many, and
+// then the map moves again.
+void RecordFileSpace::MoveMapWhereItFits()
 {
-    if (MapCount() == 0) FindFreeSpace(growSectors * m_header.sectorSize);
-    // Growing the file for the map can add one entry too many for it: then it moves again.
-    while (EntryBytes(MapCount()) > std::uint64_t{m_header.mapSectors} * m_header.sectorSize) {
-        DWORD bytes = 0;
-        m_header.mapOffset =
-            Relocate({m_header.mapOffset, m_header.mapSectors * m_header.sectorSize},
-                     [this, &bytes] { return bytes = WholeSectors(EntryBytes(MapCount())); });
-        m_header.mapSectors = SectorCount(bytes);
+    RecordFileHeader& header = m_image.Header();
+    while (EntryBytes(MapCount()) > std::uint64_t{header.mapSectors} * header.sectorSize) {
+        const VLRExtent old{header.mapOffset, header.mapSectors * header.sectorSize};
+        if (old.nSize) Free(old);
+        const DWORD bytes = m_image.WholeSectors(EntryBytes(MapCount()));
+        try {
+            header.mapOffset = Take(bytes);
+        } catch (...) {
+            if (old.nSize) Index().TakeOut(old);
+            throw;
+        }
+        header.mapSectors = m_image.SectorCount(bytes);
+        m_wholeMap |= header.mapOffset != old.nOffset;
     }
-    if (m_freeSpace) {
-        const std::vector<VLRExtent> entries = m_freeSpace->Entries();
-        WriteBlock(m_header.mapOffset, entries.data(), EntryBytes(MapCount()));
-    } else {
-        WriteBlock(m_header.mapOffset, m_FSM.GetData(), EntryBytes(MapCount()));
-    }
-    m_header.mapEntries = MapCount();
 }
 
-void CVariableLengthRecordFile::WriteHeader() { WriteBlock(0, &m_header, sizeof m_header); }
-
-void CVariableLengthRecordFile::Flush()
+void RecordFileSpace::WriteMap()
 {
-    if (!m_loaded) return;
-    WriteIndex();
-    WriteFreeSpaceMap();
-    WriteHeader();
-    if (!FlushFileBuffers(m_file))
-        ThrowChainedException(GetLastErrorException(), message::recordFileWriteFailed);
+    RecordFileHeader& header = m_image.Header();
+    if (MapCount() == 0) Find(growSectors * header.sectorSize);
+    MoveMapWhereItFits();
+    const DWORD count = MapCount();
+    if (m_free) {
+        const auto changed = m_wholeMap ? FreeSpaceIndex::Ranks{0, count} : m_free->Changed();
+        // A map of another length has moved behind its first change.
+        const std::size_t end = count == header.mapEntries ? changed.end : count;
+        if (changed.first < end) {
+            const std::vector<VLRExtent> entries = m_free->Entries(changed.first, end);
+            const auto first = static_cast<DWORD>(changed.first);
+            m_image.Write(header.mapOffset + EntryBytes(first), entries.data(),
+                          EntryBytes(static_cast<DWORD>(entries.size())));
+        }
+        m_free->ForgetChanges();
+    } else if (m_wholeMap) {
+        m_image.Write(header.mapOffset, m_list.GetData(), EntryBytes(count));
+    }
+    m_wholeMap = false;
+    header.mapEntries = count;
 }
+
+} // namespace corekit::detail

@@ -74,6 +74,20 @@ SortedKeys::Place SortedKeys::Previous(Place place) const
     return {place.block - 1, m_blocks[place.block - 1]->count - 1};
 }
 
+std::size_t SortedKeys::RankOf(Place place) const
+{
+    std::size_t rank = place.index;
+    for (std::size_t block = 0; block < place.block; ++block) rank += m_blocks[block]->count;
+    return rank;
+}
+
+SortedKeys::Place SortedKeys::AtRank(std::size_t rank) const
+{
+    std::size_t block = 0;
+    while (block < m_blocks.size() && rank >= m_blocks[block]->count) rank -= m_blocks[block++]->count;
+    return {block, rank};
+}
+
 void SortedKeys::Insert(std::uint64_t key)
 {
     if (m_blocks.empty()) InsertBlock(0);

@@ -32,6 +32,9 @@ public:
     std::uint64_t At(Place place) const { return m_blocks[place.block]->keys[place.index]; }
     Place Next(Place place) const;
     Place Previous(Place place) const; // not of Begin()
+    // How many keys stand in front, and the other way round; these count blocks.
+    std::size_t RankOf(Place place) const;
+    Place AtRank(std::size_t rank) const;
 
     void Insert(std::uint64_t key);
     void Erase(Place place);

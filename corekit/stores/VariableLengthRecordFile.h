@@ -1,9 +1,9 @@
 // CVariableLengthRecordFile: numbered records of any length in one file of whole sectors.
 //
 // A record keeps its number for life, and its place until it grows past its sectors. Index and free-space map
-// are held in memory: records are written at once, but index and map reach the file only with Flush. Free
-// space is taken from the lowest entry that fits exactly, else from the front of the lowest that is long
-// enough, else the file grows by 64 sectors or more.
+// are held in memory: records are written at once, but index and map reach the file only with Flush, which
+// writes what has changed of them. Free space is taken from the lowest entry that fits exactly, else from the
+// front of the lowest that is long enough, else the file grows by 64 sectors or more.
 //
 // Failures of the file throw CChainedException (message::recordFileSeekFailed,
 // message::recordFileWriteFailed, message::recordFileReadFailed, message::recordFileSetLengthFailed) and
@@ -12,20 +12,19 @@
 // view of the file in memory, so the file must not be cut short by others while it is open.
 #pragma once
 
-#include "corekit/framework/Array.h"
+#include "corekit/framework/Object.h"
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
-#include "corekit/stores/FileView.h"
 #include "corekit/stores/RecordFileFormat.h"
 
-#include <functional>
 #include <memory>
 
 class CMemoryStream;
 
 namespace corekit::detail {
-class FreeSlots;
-class FreeSpaceIndex;
+class RecordFileChecker;
+class RecordFileImage;
+class RecordFileSpace;
 } // namespace corekit::detail
 
 class COREKIT_API CVariableLengthRecordFile : public CObject {
@@ -42,7 +41,7 @@ public:
     int CreateFileA(const char* name, DWORD sectorSize, DWORD initialSize);
     // 0 if the file cannot be opened, is of another kind, or its header cannot be true of it.
     int OpenFile(const char* name);
-    int IsOpen() const { return m_file != INVALID_HANDLE_VALUE; }
+    int IsOpen() const;
     void Close(int bFlush);
     // Index, map, header, in this order; returns when all is on the device.
     void Flush();
@@ -64,7 +63,7 @@ public:
     // 0 for a free number and one outside of the index.
     DWORD GetRecordSize(int record) const;
     // Free numbers included.
-    int GetRecordCount() const { return m_index.GetSize(); }
+    int GetRecordCount() const;
     int GetInUseRecordCount() const;
     int IsFileEmpty() const { return GetInUseRecordCount() == 0; }
 
@@ -103,58 +102,14 @@ protected:
     int CheckSetInUse(DWORD offset, DWORD size);
     void CheckFreeInUse(int sector);
     void CheckFreeInUse(DWORD offset, DWORD size);
-    int CheckSectorAlign(DWORD offset) const { return offset % m_header.sectorSize == 0; }
+    int CheckSectorAlign(DWORD offset) const;
 
 private:
-    static int sortHelper(const void* first, const void* second);
-
-    bool OpenExisting(const char* name);
     void Abandon() noexcept;
-    void ReadHeader();
-    void ReadIndexAndMap();
-    void ReadEntries(CArray<VLRExtent>& to, DWORD offset, DWORD count);
-    void ReadBytes(DWORD offset, void* data, DWORD size);
     void MakeFile(DWORD sectorSize, DWORD initialSize);
-
-    corekit::detail::FreeSpaceIndex& FreeSpace();
-    DWORD MapCount() const;
-    void Grow(DWORD wholeSize);
-    DWORD AllocateSpace(DWORD size);
-    DWORD Relocate(VLRExtent from, const std::function<DWORD()>& size);
-    void ExtendIndex(int count);
     void StoreRecord(int record, const void* data, DWORD size, int bFlush);
-    void SetEntry(int record, VLRExtent entry);
 
-    struct Findings;
-    DWORD AreaBytes(DWORD sectors) const;
-    DWORD CountUnmarked(DWORD offset, DWORD sectors) const;
-    void CheckPrintFormat(int level, const char* format, ...) const __attribute__((format(printf, 3, 4)));
-    void CheckSorry() const;
-    bool CheckOpen(const char* name);
-    void CheckPrintHeader() const;
-    bool CheckHeaderPossible();
-    bool CheckAreaSize(const char* area, DWORD entries, DWORD sectors) const;
-    bool CheckHeader();
-    bool CheckAreas(Findings& found);
-    bool CheckRecords(Findings& found);
-    bool CheckRecord(int record, Findings& found);
-    void CheckMap(Findings& found);
-    void CheckLostSectors(Findings& found);
-    void CheckRebuildMap(const Findings& found);
-    void CheckWriteBack(const Findings& found);
-
-    HANDLE m_file = INVALID_HANDLE_VALUE;
-    int m_bPrint = 0;
-    int m_bVerbose = 0;
-    int m_bRepair = 0;
-    CByteArray m_inUse; // a byte for each sector, for CheckFile
-    corekit::detail::RecordFileHeader m_header{};
-    CArray<VLRExtent> m_FSM; // the map as it was read; empty once m_freeSpace has taken it over
-    CArray<VLRExtent> m_index;
-
-    std::unique_ptr<corekit::detail::FreeSpaceIndex> m_freeSpace;
-    std::unique_ptr<corekit::detail::FreeSlots> m_freeSlots; // made when the first number is asked for
-    corekit::detail::FileView m_view;
-    std::uint64_t m_bytesOnDisk = 0;
-    bool m_loaded = false; // index and map were read or made, so there is something to flush
+    std::unique_ptr<corekit::detail::RecordFileImage> m_image;     // the file's bytes
+    std::unique_ptr<corekit::detail::RecordFileSpace> m_space;     // what lies where in it
+    std::unique_ptr<corekit::detail::RecordFileChecker> m_checker; // of both
 };
