@@ -63,10 +63,17 @@ public:
     Ch operator[](int index) const { return GetAt(index); }
 
     // Replaces one character. The index is expected below the length; outside the buffer nothing happens.
-    void SetAt(int index, Ch ch);
+    void SetAt(int index, Ch ch)
+    {
+        CopyBeforeWrite();
+        if (index >= 0 && index < GetAllocLength()) m_pchData[index] = ch;
+    }
 
     // Becomes the empty text. A locked buffer is kept.
-    void Empty();
+    void Empty()
+    {
+        if (!IsEmptyBuffer()) Clear();
+    }
 
     // Takes n characters from p, zeros included.
     void AssignCopy(int n, const Ch* p);
@@ -186,7 +193,12 @@ protected:
     void Init() { m_pchData = EmptyCharacters(Ch{}); }
     void AllocBuffer(int n);      // a new buffer of exactly n characters; the old one is not released
     void AllocBeforeWrite(int n); // an unshared buffer with room for n; the text may be lost
-    void CopyBeforeWrite();       // an unshared buffer with the same text
+    void CopyBeforeWrite()        // an unshared buffer with the same text
+    {
+        if (RefsOf(GetData()) >= 2) CopyShared();
+    }
+    void CopyShared();
+    void Clear();
     void AllocCopy(Self& dest, int copyLen, int copyIndex, int extraLen) const;
     void ConcatCopy(int n1, const Ch* p1, int n2, const Ch* p2);
     void ConcatInPlace(int n, const Ch* p);
@@ -200,9 +212,9 @@ protected:
     }
     static void Release(Data* data)
     {
-        if (data->data() != EmptyCharacters(Ch{}) && InterlockedDecrement(&data->nRefs) < 1) {
-            ::operator delete(data);
-        }
+        if (data->data() == EmptyCharacters(Ch{})) return;
+        // Who holds it alone, or has locked it, need not count down: nobody else can take a share.
+        if (RefsOf(data) <= 1 || InterlockedDecrement(&data->nRefs) == 0) ::operator delete(data);
     }
     static int SafeStrlen(const Ch* p) { return p ? CountedLength(TextLength(p)) : 0; }
 
@@ -211,7 +223,6 @@ protected:
     bool IsEmptyBuffer() const { return m_pchData == EmptyCharacters(Ch{}); }
     bool IsLocked() const { return RefsOf(GetData()) < 0 && !IsEmptyBuffer(); }
     bool IsOwnWithRoom(LONGLONG n) const { return RefsOf(GetData()) < 2 && n <= GetAllocLength(); }
-    bool PointsInside(const void* p) const;
     struct Hold;
     void SetLength(int n); // with the terminator, kept inside the buffer
     void CopyOfLocked(const SharedText& other);
@@ -237,7 +248,7 @@ inline void SharedText<Self, Ch>::AllocBuffer(int n)
 template <class Self, class Ch>
 inline int SharedText<Self, Ch>::Compare(const Ch* p) const
 {
-    return CompareText(m_pchData, GetLength(), p);
+    return CompareText(m_pchData, p);
 }
 
 } // namespace corekit::detail

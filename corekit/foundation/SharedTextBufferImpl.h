@@ -5,7 +5,6 @@
 #include "corekit/foundation/SharedText.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace corekit::detail {
 
@@ -35,13 +34,6 @@ void SharedText<Self, Ch>::SetLength(int n)
     m_pchData[data->nDataLength] = Ch{};
 }
 
-template <class Self, class Ch>
-bool SharedText<Self, Ch>::PointsInside(const void* p) const
-{
-    const std::less_equal<const void*> notAbove;
-    return !IsEmptyBuffer() && notAbove(m_pchData, p) && notAbove(p, m_pchData + GetAllocLength());
-}
-
 // Keeps a buffer alive until the text that may lie in it has been copied.
 template <class Self, class Ch>
 struct SharedText<Self, Ch>::Hold {
@@ -61,14 +53,13 @@ void SharedText<Self, Ch>::AllocBeforeWrite(int n)
 }
 
 template <class Self, class Ch>
-void SharedText<Self, Ch>::CopyBeforeWrite()
+void SharedText<Self, Ch>::CopyShared()
 {
-    if (RefsOf(GetData()) < 2) return;
-    const Hold old(GetData());
-    const int length = GetLength();
-    Init();
+    Data* const old = GetData();
+    const int length = old->nDataLength;
     AllocBuffer(length);
-    std::copy_n(old.data->data(), length, m_pchData);
+    std::memcpy(m_pchData, old->data(), static_cast<std::size_t>(length) * sizeof(Ch));
+    Release(old);
 }
 
 template <class Self, class Ch>
@@ -124,16 +115,16 @@ template <class Self, class Ch>
 void SharedText<Self, Ch>::AssignCopy(int n, const Ch* p)
 {
     n = std::max(n, 0);
-    if (!IsOwnWithRoom(n) && PointsInside(p)) {
-        const Hold old(GetData());
-        Init();
-        AllocBuffer(n);
-        std::copy_n(p, n, m_pchData);
+    const auto bytes = static_cast<std::size_t>(n) * sizeof(Ch);
+    if (IsOwnWithRoom(n)) {
+        if (n) std::memmove(m_pchData, p, bytes);
+        SetLength(n);
         return;
     }
-    AllocBeforeWrite(n);
-    if (n) std::memmove(m_pchData, p, static_cast<std::size_t>(n) * sizeof(Ch));
-    SetLength(n);
+    const Hold old(GetData()); // the text may lie in it
+    Init();
+    AllocBuffer(n);
+    std::memcpy(m_pchData, p, bytes);
 }
 
 template <class Self, class Ch>
@@ -212,17 +203,8 @@ void SharedText<Self, Ch>::UnlockBuffer()
     if (!IsEmptyBuffer()) InterlockedExchange(&GetData()->nRefs, 1);
 }
 
-// --- characters, searches, parts
-
 template <class Self, class Ch>
-void SharedText<Self, Ch>::SetAt(int index, Ch ch)
-{
-    CopyBeforeWrite();
-    if (index >= 0 && index < GetAllocLength()) m_pchData[index] = ch;
-}
-
-template <class Self, class Ch>
-void SharedText<Self, Ch>::Empty()
+void SharedText<Self, Ch>::Clear()
 {
     if (RefsOf(GetData()) < 0) {
         SetLength(0);

@@ -144,26 +144,29 @@ BOOL SharedText<Self, Ch>::LoadStringA(UINT id)
     return TRUE;
 }
 
+// Most texts are short: these are written aside, and no second time.
 template <class Self, class Ch>
 void SharedText<Self, Ch>::FormatFrom(const Ch* format, const FormatSource& source)
 {
+    constexpr int aside = 256;
+    Ch text[aside];
     BufferRange<Ch> own;
     if (!IsEmptyBuffer()) own = {m_pchData, m_pchData + GetAllocLength()};
-    const FormatRoom room = MeasureFormat(format, source, own);
-    if (room.readsBuffer) {
+    const FormatResult result = WriteFormat({text, text + aside}, format, source, own);
+    if (result.readsOwn) {
         Self apart;
         apart.FormatFrom(format, source);
         *this = static_cast<const SharedText&>(apart);
         return;
     }
-    for (int capacity = room.bound;;) {
-        Ch* buffer = GetBuffer(capacity);
-        const int needed = WriteFormat({buffer, buffer + GetAllocLength()}, format, source);
-        SetLength(std::min<int>(needed, GetAllocLength()));
-        if (needed <= GetAllocLength()) break;
-        capacity = needed;
+    Ch* const to = GetBuffer(std::max(result.room, result.length));
+    if (result.length <= aside) {
+        std::copy_n(text, result.length, to);
+    } else {
+        WriteFormat({to, to + GetAllocLength()}, format, source);
     }
-    ReleaseBuffer(-1);
+    SetLength(result.length);
+    if (result.hasCharacter) ReleaseBuffer(-1);
 }
 
 template <class Self, class Ch>

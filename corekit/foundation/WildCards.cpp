@@ -1,9 +1,11 @@
 #include "corekit/foundation/WildCards.h"
 
 #include "corekit/platform/Runtime.h"
+#include "corekit/platform/TextScan.h"
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -218,6 +220,54 @@ int Match(View text, View pattern, bool wholeWords)
     }
 }
 
+// A pattern of up to 16 units that begins with a star and has no question mark: most are so.
+class ShortPattern {
+public:
+    explicit ShortPattern(const WCHAR* pattern) : m_pattern(pattern)
+    {
+        if (*pattern == u'*') Scan();
+    }
+
+    bool IsOne() const { return m_stars != 0; }
+
+    // Finds the parts one behind the other.
+    int FindIn(View text) const
+    {
+        int first = 1; // what stars alone give
+        bool isFirst = true;
+        unsigned units = ~m_stars & m_inside;
+        for (std::size_t from = 0; units != 0; isFirst = false) {
+            const auto begin = static_cast<std::size_t>(std::countr_zero(units));
+            const auto size = static_cast<std::size_t>(std::countr_one(units >> begin));
+            from = corekit::detail::FindInUnits(text, {m_pattern + begin, size}, from);
+            if (from == View::npos) return none;
+            if (isFirst) first = static_cast<int>(from);
+            from += size;
+            units &= ~0u << (begin + size);
+        }
+        return first;
+    }
+
+private:
+    COREKIT_READS_WHOLE_BLOCKS void Scan()
+    {
+        using namespace corekit::detail;
+        if (!isInOnePage(m_pattern, 2 * sizeof(Units))) return;
+        const Units low = anyBlock(m_pattern), high = anyBlock(m_pattern + unitsAtOnce);
+        const auto where = [&](WCHAR unit) {
+            return markBits(equalUnits(low, spreadUnit(unit)), equalUnits(high, spreadUnit(unit)));
+        };
+        const unsigned end = where(0);
+        if (end == 0) return;
+        m_inside = (end & -end) - 1;
+        if (((where(u'?') | where(u'"')) & m_inside) == 0) m_stars = where(u'*') & m_inside;
+    }
+
+    const WCHAR* m_pattern;
+    unsigned m_inside = 0; // a bit for each unit
+    unsigned m_stars = 0;  // none if the pattern is another one
+};
+
 void AppendUpper(Copy& copy, View text)
 {
     for (const WCHAR c : text) copy.Append(CUnicodeCharTypes::MakeUpper(c));
@@ -241,6 +291,8 @@ int MatchText(View text, View pattern, bool caseSensitive, bool wholeWords)
 
 int MatchWildCardString(const WCHAR* text, const WCHAR* pattern, int caseSensitive)
 {
+    if (const ShortPattern parts(pattern); caseSensitive != 0 && parts.IsOne())
+        return parts.FindIn({text, crt16::wcslen(text)});
     return MatchText({text, crt16::wcslen(text)}, {pattern, crt16::wcslen(pattern)}, caseSensitive != 0,
                      false);
 }

@@ -68,8 +68,8 @@ public:
     bool IsSigned() const { return m_isSigned; }
     int Bits() const { return m_bits; } // of an integer, at least 32
     // By its sign to 64 bits; for a pointer, its address.
-    std::int64_t Integer() const { return m_integer; }
-    long double Real() const { return m_real; }
+    std::int64_t Integer() const { return m_type == Type::real ? 0 : m_integer; }
+    long double Real() const { return m_type == Type::real ? m_real : 0; }
     const void* Pointer() const
     {
         return m_type < Type::pointer ? nullptr
@@ -102,8 +102,10 @@ private:
     Type m_type = Type::none;
     bool m_isSigned = false;
     unsigned char m_bits = 32;
-    std::int64_t m_integer = 0; // also a pointer's address
-    long double m_real = 0;
+    union {
+        std::int64_t m_integer = 0; // also a pointer's address
+        long double m_real;
+    };
 };
 
 using FormatArguments = std::span<const FormatArgument>;

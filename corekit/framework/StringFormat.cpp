@@ -8,7 +8,7 @@ void CString::FormatFrom(const char* format, const FormatSource& source)
 {
     char small[256];
     if (!format) format = "";
-    const int length = WriteFormat({small, small + sizeof small}, format, source);
+    const int length = WriteFormat({small, small + sizeof small}, format, source).length;
     if (length <= static_cast<int>(sizeof small)) {
         *this = CString(small, length);
         return;

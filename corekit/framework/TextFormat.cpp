@@ -19,6 +19,8 @@ namespace {
 // plain characters get no more than this; a text that needs more grows the buffer when it is written.
 constexpr LONGLONG mostForPlainText = 1 << 20;
 
+constexpr LONGLONG roomOfNumber = 32;
+
 enum class Size { None, Char, Short, Long, LongLong, LongDouble };
 enum class Kind {
     Unknown,
@@ -69,7 +71,7 @@ int ReadNumber(const Ch*& p)
 }
 
 template <class Ch>
-bool IsOneOf(Ch ch, std::string_view set)
+constexpr bool IsOneOf(Ch ch, std::string_view set)
 {
     return std::any_of(set.begin(), set.end(), [ch](char c) { return static_cast<Ch>(c) == ch; });
 }
@@ -133,6 +135,26 @@ int LongPrefix(const Ch* p, Size& size)
     return 0;
 }
 
+// Reads a size prefix. Where the text from which characters count as plain begins early, that place.
+template <class Ch>
+const Ch* ReadSize(const Ch*& p, Item<Ch>& item)
+{
+    if (const int length = LongPrefix(p, item.size)) {
+        // Only the first letter of it, or both of hh and ll, pass for size and conversion; the rest is plain
+        // text.
+        const Ch* const counts = p + (length == 2 ? 2 : 1);
+        item.hasRoom = false;
+        p += length;
+        return counts;
+    }
+    if (*p == 'h' || *p == 'l') {
+        item.size = *p++ == 'h' ? Size::Short : Size::Long;
+    } else if (*p == 'L' || (IsOneOf(*p, "FN") && IsOneOf(p[1], "cCsSdiouxXpnefgG"))) {
+        item.size = *p++ == 'L' ? Size::LongDouble : Size::None;
+    }
+    return nullptr;
+}
+
 template <class Ch>
 Kind TextKind(char letter, Size size)
 {
@@ -145,17 +167,7 @@ template <class Ch>
 void ReadConversion(const Ch*& p, Item<Ch>& item)
 {
     const Ch* counts = nullptr;
-    if (const int length = LongPrefix(p, item.size)) {
-        // Only the first letter of it, or both of hh and ll, pass for size and conversion; the rest is plain
-        // text.
-        counts = p + (length == 2 ? 2 : 1);
-        item.hasRoom = false;
-        p += length;
-    } else if (*p == 'h' || *p == 'l') {
-        item.size = *p++ == 'h' ? Size::Short : Size::Long;
-    } else if (*p == 'L' || (IsOneOf(*p, "FN") && IsOneOf(p[1], "cCsSdiouxXpnefgG"))) {
-        item.size = *p++ == 'L' ? Size::LongDouble : Size::None;
-    }
+    if (IsOneOf(*p, "hljztILFN")) counts = ReadSize(p, item);
     item.letter = *p > 0 && *p < 0x80 ? static_cast<char>(*p) : '\0';
     switch (item.letter) {
     case 'c':
@@ -320,28 +332,6 @@ int BoundedLength(const Ch* p, int most)
     return most < 0 ? CountedLength(TextLength(p)) : TextLength(p, most);
 }
 
-template <class Ch, class Visitor>
-void WalkFormat(const Ch* format, FormatSource args, Visitor& visitor)
-{
-    for (const Ch* p = format; *p;) {
-        if (*p != '%' || p[1] == '%') {
-            p += *p == '%';
-            const Ch* plain = p++;
-            if (*plain != '%') {
-                while (*p && *p != '%') ++p;
-            }
-            visitor.Plain(plain, p);
-            continue;
-        }
-        Item<Ch> item{};
-        const Ch* percent = p++;
-        ReadFlagsAndWidth(p, item, args);
-        ReadConversion(p, item);
-        visitor.Convert(percent, item, Take(item, args));
-        p = item.end;
-    }
-}
-
 // --- the room
 
 template <class Ch>
@@ -351,12 +341,14 @@ struct Meter {
     LONGLONG plain = 0, items = 0;
     bool readsBuffer = false;
 
+    // Each character counts as many as the format still has.
     void Plain(const Ch* from, const Ch* to)
     {
-        for (; from < to; ++from) plain += formatEnd - from;
+        const LONGLONG n = to - from;
+        plain += n * (formatEnd - from) - n * (n - 1) / 2;
     }
 
-    void Convert(const Ch*, const Item<Ch>& item, const Value& value)
+    void Convert(const Item<Ch>& item, const Value& value)
     {
         items += LONGLONG{2} * item.hashes;
         if (item.hasRoom) items += Room(item, value);
@@ -372,7 +364,7 @@ struct Meter {
         case Kind::Signed:
         case Kind::Unsigned:
         case Kind::Pointer:
-            return std::max(LONGLONG{32}, asked);
+            return std::max(roomOfNumber, asked);
         case Kind::Real:
             return std::max(LONGLONG{128}, asked);
         case Kind::NarrowChar:
@@ -394,26 +386,24 @@ struct Meter {
     LONGLONG TextRoom(const Value& value, int precision)
     {
         if (!value.pointer) return 6;
-        const std::less_equal<const void*> notAbove;
-        readsBuffer |= notAbove(buffer.begin, value.pointer) && notAbove(value.pointer, buffer.end);
+        Look(value.pointer);
         const int most = precision > 0 ? precision : -1;
         return value.kind == Kind::NarrowText ? BoundedLength(value.narrow(), most)
                                               : BoundedLength(value.wide(), most);
     }
-};
 
-template <class Ch>
-FormatRoom Measure(const Ch* format, const FormatSource& args, BufferRange<Ch> buffer)
-{
-    const Ch* formatEnd = format + TextLength(format);
-    Meter<Ch> meter{formatEnd, buffer};
-    WalkFormat(format, args, meter);
-    const std::less_equal<const Ch*> notAbove;
-    const bool isOwnFormat = notAbove(buffer.begin, format) && notAbove(format, buffer.end);
-    const LONGLONG bound = std::min(meter.plain, mostForPlainText) + meter.items;
-    return {CountedLength(static_cast<std::size_t>(std::max(bound, LONGLONG{0}))),
-            meter.readsBuffer || isOwnFormat};
-}
+    void Look(const void* text)
+    {
+        const std::less_equal<const void*> notAbove;
+        readsBuffer |= notAbove(buffer.begin, text) && notAbove(text, buffer.end);
+    }
+
+    int Bound() const
+    {
+        const LONGLONG bound = std::min(plain, mostForPlainText) + items;
+        return CountedLength(static_cast<std::size_t>(std::max(bound, LONGLONG{0})));
+    }
+};
 
 // --- the text
 
@@ -426,12 +416,11 @@ struct Writer {
     void Put(const From* p, std::size_t n)
     {
         const std::size_t fits = std::min(n, Room());
-        std::transform(p, p + fits, out.begin + std::min(length, All()), [](From c) {
-            if constexpr (sizeof(From) < sizeof(Ch))
-                return static_cast<Ch>(static_cast<BYTE>(c));
-            else
-                return static_cast<Ch>(c);
-        });
+        Ch* const to = out.begin + std::min(length, All());
+        if constexpr (sizeof(From) < sizeof(Ch))
+            std::transform(p, p + fits, to, [](From c) { return static_cast<Ch>(static_cast<BYTE>(c)); });
+        else
+            std::copy_n(p, fits, to);
         length += n;
     }
     void Fill(std::size_t n, char with = ' ')
@@ -442,13 +431,11 @@ struct Writer {
     std::size_t All() const { return static_cast<std::size_t>(out.end - out.begin); }
     std::size_t Room() const { return All() - std::min(length, All()); }
 
-    void Plain(const Ch* from, const Ch* to) { Put(from, static_cast<std::size_t>(to - from)); }
-
     void Convert(const Ch* percent, const Item<Ch>& item, const Value& value)
     {
         switch (value.kind) {
         case Kind::Unknown:
-            return Plain(percent, item.end);
+            return Put(percent, static_cast<std::size_t>(item.end - percent));
         case Kind::Count:
             return;
         case Kind::Signed:
@@ -513,6 +500,15 @@ struct Writer {
         if (left) Fill(padding);
     }
 
+    void Decimal(LONGLONG value, bool isSigned)
+    {
+        char digits[24];
+        char* const end = isSigned
+                              ? std::to_chars(digits, std::end(digits), value).ptr
+                              : std::to_chars(digits, std::end(digits), static_cast<DWORDLONG>(value)).ptr;
+        Put(digits, static_cast<std::size_t>(end - digits));
+    }
+
     void Integer(const Item<Ch>& item, const Value& value)
     {
         const bool isNegative = value.kind == Kind::Signed && value.integer < 0;
@@ -571,31 +567,104 @@ struct Writer {
     }
 };
 
+// One walk over a format, which finds the room to reserve and writes what fits.
 template <class Ch>
-int Write(BufferRange<Ch> out, const Ch* format, const FormatSource& args)
-{
-    Writer<Ch> writer{out};
-    WalkFormat(format, args, writer);
-    return CountedLength(writer.length);
-}
+class Walk {
+public:
+    Walk(BufferRange<Ch> out, const Ch* format, const FormatSource& args, BufferRange<Ch> own)
+        : m_args(args), m_format(format),
+          m_end(format + TextLength(format)), m_meter{m_end, own}, m_writer{out}
+    {
+        m_meter.Look(format);
+    }
+
+    FormatResult Run()
+    {
+        for (const Ch* p = m_format; p < m_end;) {
+            if (*p != '%' || p[1] == '%') {
+                p = Plain(p);
+            } else if (Simple(p[1])) {
+                p += 2;
+            } else {
+                p = Convert(p);
+            }
+        }
+        return {CountedLength(m_writer.length), m_meter.Bound(), m_meter.readsBuffer, m_hasCharacter};
+    }
+
+private:
+    // Up to the next percent sign, or one of two.
+    const Ch* Plain(const Ch* p)
+    {
+        p += *p == '%';
+        const Ch* const plain = p++;
+        if (*plain != '%') p = FindPercent(p);
+        m_meter.Plain(plain, p);
+        m_writer.Put(plain, static_cast<std::size_t>(p - plain));
+        return p;
+    }
+
+    const Ch* FindPercent(const Ch* p) const
+    {
+        const Ch* const at = std::char_traits<Ch>::find(p, static_cast<std::size_t>(m_end - p), Ch{'%'});
+        return at ? at : m_end;
+    }
+
+    // Numbers and texts without flags and the like, of their own type: most are so.
+    bool Simple(Ch letter)
+    {
+        const FormatArgument* const argument = m_args.Known();
+        if (!argument) return false;
+        if (letter == 's') {
+            if (argument->GetType() != (sizeof(Ch) == 1 ? Type::narrow : Type::wide)) return false;
+            const auto* const text = static_cast<const Ch*>(argument->Pointer());
+            if (!text) return false;
+            const auto length = static_cast<std::size_t>(BoundedLength(text, -1));
+            m_meter.Look(text);
+            m_meter.items += std::max(static_cast<LONGLONG>(length), LONGLONG{1});
+            m_writer.Put(text, length);
+        } else {
+            if ((letter != 'd' && letter != 'u') || argument->GetType() != Type::integer) return false;
+            m_meter.items += roomOfNumber;
+            m_writer.Decimal(OfBits(argument->Integer(), argument->Bits(), letter == 'd'), letter == 'd');
+        }
+        m_args.SkipKnown();
+        return true;
+    }
+
+    const Ch* Convert(const Ch* p)
+    {
+        Item<Ch> item{};
+        const Ch* const percent = p++;
+        ReadFlagsAndWidth(p, item, m_args);
+        ReadConversion(p, item);
+        const Value value = Take(item, m_args);
+        m_hasCharacter |= value.kind == Kind::NarrowChar || value.kind == Kind::WideChar;
+        m_meter.Convert(item, value);
+        m_meter.Bound(); // what no memory can hold is not written
+        m_writer.Convert(percent, item, value);
+        return item.end;
+    }
+
+    FormatSource m_args;
+    const Ch* m_format;
+    const Ch* m_end;
+    Meter<Ch> m_meter;
+    Writer<Ch> m_writer;
+    bool m_hasCharacter = false;
+};
 
 } // namespace
 
-FormatRoom MeasureFormat(const char* format, const FormatSource& source, BufferRange<char> buffer)
+FormatResult WriteFormat(BufferRange<char> out, const char* format, const FormatSource& source,
+                         BufferRange<char> own)
 {
-    return Measure(format, source, buffer);
+    return Walk<char>(out, format, source, own).Run();
 }
-FormatRoom MeasureFormat(const WCHAR* format, const FormatSource& source, BufferRange<WCHAR> buffer)
+FormatResult WriteFormat(BufferRange<WCHAR> out, const WCHAR* format, const FormatSource& source,
+                         BufferRange<WCHAR> own)
 {
-    return Measure(format, source, buffer);
-}
-int WriteFormat(BufferRange<char> out, const char* format, const FormatSource& source)
-{
-    return Write(out, format, source);
-}
-int WriteFormat(BufferRange<WCHAR> out, const WCHAR* format, const FormatSource& source)
-{
-    return Write(out, format, source);
+    return Walk<WCHAR>(out, format, source, own).Run();
 }
 
 } // namespace corekit::detail

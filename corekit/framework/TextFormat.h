@@ -34,6 +34,10 @@ public:
         return first;
     }
 
+    // The next argument where the types are known, else null; SkipKnown passes it by.
+    const FormatArgument* Known() const { return m_list.empty() ? nullptr : m_list.data(); }
+    void SkipKnown() { m_list = m_list.subspan(1); }
+
 private:
     const bool m_hasTypes = true;
     FormatArguments m_list;
@@ -47,18 +51,19 @@ struct BufferRange {
     Ch* end = nullptr;
 };
 
-struct FormatRoom {
-    int bound;        // the room to reserve
-    bool readsBuffer; // the format or a text among the arguments lies in the buffer to be written
+struct FormatResult {
+    int length; // of the whole text
+    // The room that a string reserves for it: generous for plain characters (each counts as many as the
+    // format still has) and too small for a few forms, such as a width above the precision of a text.
+    int room;
+    bool readsOwn;     // the format or a text among the arguments lies in `own`
+    bool hasCharacter; // which may be a zero; texts hold none
 };
 
-// The room that a string reserves before it formats: generous for plain characters (each counts as many as
-// the format still has) and too small for a few forms, such as a width above the precision of a text.
-FormatRoom MeasureFormat(const char* format, const FormatSource& source, BufferRange<char> buffer);
-FormatRoom MeasureFormat(const WCHAR* format, const FormatSource& source, BufferRange<WCHAR> buffer);
-
-// Formats into the range as much as fits, without a terminator. How many characters the whole text has.
-int WriteFormat(BufferRange<char> out, const char* format, const FormatSource& source);
-int WriteFormat(BufferRange<WCHAR> out, const WCHAR* format, const FormatSource& source);
+// Formats into `out` as much as fits, without a terminator. Only a text that is longer needs a second call.
+FormatResult WriteFormat(BufferRange<char> out, const char* format, const FormatSource& source,
+                         BufferRange<char> own = {});
+FormatResult WriteFormat(BufferRange<WCHAR> out, const WCHAR* format, const FormatSource& source,
+                         BufferRange<WCHAR> own = {});
 
 } // namespace corekit::detail

@@ -48,7 +48,7 @@ private:
     // Of the sixteen items from one on, those that have the tag of the name.
     std::uint32_t EqualTags(std::uint32_t from, const NameKey& name) const
     {
-        return Equal16(Load16(Tags() + from), Spread16(TagOf(name.Hash())));
+        return equalBytes(loadBytes(Tags() + from), spreadByte(TagOf(name.Hash())));
     }
     template <class Bits>
     NamedItem* LastOfName(Bits candidates, std::uint32_t from, const NameKey& name) const

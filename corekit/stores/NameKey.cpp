@@ -36,21 +36,22 @@ NameKey::NameKey(const char* name) : m_name(name ? name : "")
     }
     char block[readable] = {};
     if (size > 0) std::memcpy(block, m_name, size);
-    SetShort(Load16(block), size);
+    SetShort(loadBytes(block), size);
 }
 
 void NameKey::SetLong(std::size_t size)
 {
     m_size = size;
     m_mixed = seed.start ^ size;
-    ForEachBlock(size, [&](std::size_t at) { Mix(Fold16(Load16(m_name + at))); });
+    ForEachBlock(size, [&](std::size_t at) { Mix(foldedBytes(loadBytes(m_name + at))); });
 }
 
 bool NameKey::AreLongNamesSame(const char* a, const char* b, std::size_t size)
 {
     std::uint32_t same = 0xFFFF;
-    ForEachBlock(size,
-                 [&](std::size_t at) { same &= Equal16(Fold16(Load16(a + at)), Fold16(Load16(b + at))); });
+    ForEachBlock(size, [&](std::size_t at) {
+        same &= equalBytes(foldedBytes(loadBytes(a + at)), foldedBytes(loadBytes(b + at)));
+    });
     return same == 0xFFFF;
 }
 

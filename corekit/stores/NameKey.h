@@ -1,8 +1,7 @@
 // What to look for a narrow name by, without regard to case as _stricmp sees it: only A to Z have case.
 #pragma once
 
-#include "corekit/platform/Compare16.h"
-#include "corekit/platform/Vector16.h"
+#include "corekit/platform/TextVector.h"
 
 #include <bit>
 #include <cstddef>
@@ -15,9 +14,9 @@ namespace corekit::detail {
 struct ShortText {
     COREKIT_READS_WHOLE_BLOCKS explicit ShortText(const char* text)
     {
-        if (!isBlockInPage(text)) return;
-        block = reinterpret_cast<Bytes16>(anyBlock(text));
-        const std::uint32_t zeros = Equal16(block, Bytes16{});
+        if (!isInOnePage(text, sizeof block)) return;
+        block = std::bit_cast<Bytes16>(anyBlock(text));
+        const std::uint32_t zeros = equalBytes(block, Bytes16{});
         isWhole = zeros != 0;
         size = static_cast<std::size_t>(std::countr_zero(zeros));
     }
@@ -35,7 +34,7 @@ public:
     NameKey(const char* name, std::size_t size) : m_name(name)
     {
         if (size <= readable)
-            SetShort(Load16(name), size);
+            SetShort(loadBytes(name), size);
         else
             SetLong(size);
     }
@@ -51,7 +50,7 @@ public:
     {
         if (size != m_size) return false;
         if (size > readable) return AreLongNamesSame(name, m_name, size);
-        return (Equal16(Fold16(Load16(name)), m_folded) | ~0u << size) == ~0u;
+        return (equalBytes(foldedBytes(loadBytes(name)), m_folded) | ~0u << size) == ~0u;
     }
 
 private:
@@ -76,7 +75,7 @@ private:
                                                    255, 255, 255, 255, 255, 255, 255, 255};
         m_size = size;
         m_mixed = seed.start ^ size;
-        m_folded = Fold16(block & Load16(masks + readable - size));
+        m_folded = foldedBytes(block & loadBytes(masks + readable - size));
         Mix(m_folded);
     }
     void SetLong(std::size_t size);

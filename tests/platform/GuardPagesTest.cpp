@@ -66,10 +66,10 @@ TEST(GuardPages, WideScansStayInTheirText)
         EXPECT_EQ(TextLength(p, n / 2), n / 2);
         EXPECT_EQ(FindInText(p, n, u'y'), -1);
         EXPECT_EQ(FindInText(p, n, u"xy"), -1);
-        EXPECT_EQ(MismatchInText(p, n, q, n), length);
+        EXPECT_EQ(MismatchInText(p, q), length);
         EXPECT_TRUE(SameUnits(p, q, length));
         EXPECT_TRUE(SameText(p, n, q, n));
-        EXPECT_EQ(CompareText(p, n, q), 0);
+        EXPECT_EQ(CompareText(p, q), 0);
         EXPECT_EQ(crt16::wcslen(p), length);
         EXPECT_EQ(crt16::wcscmp(p, q), 0);
         EXPECT_EQ(crt16::wcsncmp(p, q, length + 9), 0);
@@ -102,7 +102,7 @@ TEST(GuardPages, NarrowScansStayInTheirText)
         EXPECT_EQ(TextLength(p, INT_MAX), n);
         EXPECT_EQ(FindInText(p, n, 'y'), -1);
         EXPECT_EQ(FindInText(p, n, "xy"), -1);
-        EXPECT_EQ(CompareText(p, n, q), 0);
+        EXPECT_EQ(CompareText(p, q), 0);
         EXPECT_EQ(_stricmp(p, q), 0);
         EXPECT_EQ(_strnicmp(p, q, length + 9), 0);
         EXPECT_EQ(lstrlenA(p), n);

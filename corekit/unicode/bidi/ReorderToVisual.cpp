@@ -1,7 +1,7 @@
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 
+#include "corekit/platform/TextVector.h"
 #include "corekit/unicode/bidi/BidiRuns.h"
-#include "corekit/unicode/bidi/TextVector.h"
 #include "corekit/unicode/ScratchBuffer.h"
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 
@@ -36,17 +36,18 @@ int LeftToRightType(const WCHAR* text, int length, int i)
 
 // Of ASCII, all is left or neutral but the digits and the signs that may belong to a number. Those signs, and
 // what is not ASCII, need a look.
-Units AreDigits(Units c) { return InRange(c, u'0', u'9'); }
+Units AreDigits(Units c) { return unitsInRange(c, u'0', u'9'); }
 Units NeedLook(Units c)
 {
-    return InRange(c, u'#', u'%') | InRange(c, u'+', u'/') | InRange(c, u':', u':') |
-           InRange(c, 0x0080, 0xFFFF);
+    return unitsInRange(c, u'#', u'%') | unitsInRange(c, u'+', u'/') | unitsInRange(c, u':', u':') |
+           unitsInRange(c, 0x0080, 0xFFFF);
 }
 
 // Marks all that may run from right to left: Hebrew and Arabic, the mark, and what lies above the surrogates.
 Units MayRunRightToLeft(Units c)
 {
-    return InRange(c, 0x0590, 0x06FF) | InRange(c, 0x200F, 0x200F) | InRange(c, 0xE000, 0xFFFF);
+    return unitsInRange(c, 0x0590, 0x06FF) | unitsInRange(c, 0x200F, 0x200F) |
+           unitsInRange(c, 0xE000, 0xFFFF);
 }
 
 // Whether any character from `from` on may run from right to left. The text has eight at least.
@@ -54,10 +55,10 @@ bool HoldsRightToLeft(const WCHAR* text, int length, int from)
 {
     Units found{};
     for (int i = from; i < length; i += unitsAtOnce) {
-        const Units units = LoadUnits(text + std::min(i, length - unitsAtOnce));
+        const Units units = loadUnits(text + std::min(i, length - unitsAtOnce));
         found |= MayRunRightToLeft(units);
     }
-    return AnyMarked(found);
+    return markBits(found) != 0;
 }
 
 // False if a character may run from right to left; then the arrays hold nothing of use.
@@ -74,17 +75,17 @@ bool ReorderLeftToRight(const WCHAR* text, int length, int* order, int* types)
     bool searched = false;
     for (int i = 0; i < length; i += unitsAtOnce) {
         const int at = std::min(i, length - unitsAtOnce); // the last step may overlap the one before
-        const Units units = LoadUnits(text + at);
-        StoreSeries(order + at, at, 1);
-        StoreWide(types + at, AreDigits(units) & std::uint16_t{EN});
+        const Units units = loadUnits(text + at);
+        storeSeries(order + at, at, 1);
+        storeAsNumbers(types + at, AreDigits(units) & std::uint16_t{EN});
         const Units marks = NeedLook(units);
-        if (!AnyMarked(marks)) [[likely]]
+        if (markBits(marks) == 0) [[likely]]
             continue;
-        if (!searched && AnyMarked(InRange(units, 0x0080, 0xFFFF))) {
+        if (!searched && markBits(unitsInRange(units, 0x0080, 0xFFFF)) != 0) {
             if (HoldsRightToLeft(text, length, at)) return false;
             searched = true;
         }
-        ForEachMarked(marks, [&](int k) { types[at + k] = LeftToRightType(text, length, at + k); });
+        forEachMark(marks, [&](int k) { types[at + k] = LeftToRightType(text, length, at + k); });
     }
     return true;
 }
@@ -106,13 +107,13 @@ public:
     // The characters of a run, in logical order.
     void Forward(int start, int end, int type)
     {
-        Write(end - start, type, start, 1, [&](int i) { return LoadUnits(Logical() + start + i); });
+        Write(end - start, type, start, 1, [&](int i) { return loadUnits(Logical() + start + i); });
     }
     // The characters of a run, last to first.
     void Backward(int start, int end, int type)
     {
         Write(end - start, type, end - 1, -1,
-              [&](int i) { return Reversed(LoadUnits(Logical() + end - i - unitsAtOnce)); });
+              [&](int i) { return reversedUnits(loadUnits(Logical() + end - i - unitsAtOnce)); });
     }
 
 private:
@@ -125,9 +126,9 @@ private:
         const int end = m_at + count;
         for (; m_at < end && m_at <= m_length - unitsAtOnce;
              m_at += unitsAtOnce, first += direction * unitsAtOnce) {
-            Store(m_text + m_at, load(count - (end - m_at)));
-            StoreSeries(m_order + m_at, first, direction);
-            StoreSeries(m_types + m_at, type, 0);
+            storeUnits(m_text + m_at, load(count - (end - m_at)));
+            storeSeries(m_order + m_at, first, direction);
+            storeSeries(m_types + m_at, type, 0);
         }
         for (; m_at < end; ++m_at, first += direction) {
             m_text[m_at] = Logical()[first];

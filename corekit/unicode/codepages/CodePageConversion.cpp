@@ -4,8 +4,8 @@
 #include "corekit/platform/CodePages.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/TextScan.h"
+#include "corekit/platform/Utf8Text.h"
 #include "corekit/unicode/codepages/IsciiUnits.h"
-#include "corekit/unicode/codepages/OwnUtf8.h"
 
 #include <algorithm>
 #include <iterator>
@@ -56,12 +56,38 @@ void Fill(String& out, LONGLONG room, Convert convert)
     if (needed > 0) out.ReleaseBuffer(convert(out.GetBuffer(needed), needed));
 }
 
+// A short text of UTF-8, written aside; whether all of it was plain.
+bool WidenShort(Utf8Forms forms, std::string_view text, StringW& out)
+{
+    WCHAR aside[shortText];
+    const auto end = WidenUtf8(forms, text, aside, shortText);
+    out.AssignCopy(static_cast<int>(end.to - aside), aside);
+    return end.from == text.data() + text.size();
+}
+
+bool NarrowShort(Utf8Forms forms, std::u16string_view text, StringA& out)
+{
+    char aside[3 * shortText];
+    const auto end = NarrowUtf8(forms, text, aside, sizeof aside);
+    out.AssignCopy(static_cast<int>(end.to - aside), aside);
+    return end.from == text.data() + text.size();
+}
+
+bool IsShortUtf8(UINT page, int length) { return page == CP_UTF8 && length <= shortText; }
+
 void NarrowByMachine(UINT page, StringA& out, const WCHAR* text, int length)
 {
     out.Empty();
-    CPINFO info;
-    if (length == 0 || !GetCPInfo(page, &info)) return;
-    Fill<char>(out, LONGLONG{length} * info.MaxCharSize, [&](char* to, int size) {
+    if (length == 0) return;
+    const std::u16string_view all(text, static_cast<std::size_t>(length));
+    if (IsShortUtf8(page, length) && NarrowShort(Utf8Forms::proper, all, out)) return;
+    LONGLONG room = length;
+    if (length > shortText / 4) { // what is shorter fits aside, in nearly every page
+        CPINFO info;
+        if (!GetCPInfo(page, &info)) return;
+        room *= info.MaxCharSize;
+    }
+    Fill<char>(out, room, [&](char* to, int size) {
         return WideCharToMultiByte(page, 0, text, length, to, size, nullptr, nullptr);
     });
 }
@@ -70,6 +96,8 @@ void WidenByMachine(UINT page, StringW& out, const char* text, int length)
 {
     out.Empty();
     if (length == 0) return;
+    const std::string_view all(text, static_cast<std::size_t>(length));
+    if (IsShortUtf8(page, length) && WidenShort(Utf8Forms::proper, all, out)) return;
     Fill<WCHAR>(out, length,
                 [&](WCHAR* to, int size) { return MultiByteToWideChar(page, 0, text, length, to, size); });
 }
@@ -127,29 +155,21 @@ void AnsiToUnicode(int codePage, StringW& out, const char* text, int length)
 void UnicodeToUTF8(const WCHAR* text, int length, StringA& out)
 {
     const std::u16string_view all(text, static_cast<std::size_t>(LengthOf(text, length)));
-    char aside[3 * shortText + utf8Slack];
     out.Empty();
-    if (all.size() <= shortText) {
-        out.AssignCopy(static_cast<int>(EncodeUtf8(all, aside)), aside);
-        return;
-    }
-    const int bytes = CountedLength(Utf8Length(all) + utf8Slack) - static_cast<int>(utf8Slack);
-    EncodeUtf8(all, out.GetBuffer(bytes + static_cast<int>(utf8Slack)));
+    if (all.size() <= shortText) return void(NarrowShort(Utf8Forms::any, all, out));
+    const int bytes = CountedLength(Utf8Length(all));
+    NarrowUtf8(Utf8Forms::any, all, out.GetBuffer(bytes), static_cast<std::size_t>(bytes));
     out.ReleaseBuffer(bytes);
 }
 
 BOOL UTF8toUnicode(const char* text, int length, StringW& out)
 {
     const std::string_view all(text, static_cast<std::size_t>(LengthOf(text, length)));
-    WCHAR aside[shortText + utf16Slack];
-    DecodedUtf8 decoded;
     out.Empty();
-    if (all.size() <= shortText) {
-        decoded = DecodeUtf8(all, aside);
-        out.AssignCopy(static_cast<int>(decoded.units), aside);
-    } else {
-        decoded = DecodeUtf8(all, out.GetBuffer(CountedLength(Utf16Length(all) + utf16Slack)));
-        out.ReleaseBuffer(static_cast<int>(decoded.units));
-    }
-    return decoded.isWhole;
+    if (all.size() <= shortText) return WidenShort(Utf8Forms::any, all, out);
+    const int room = CountedLength(Utf16Length(all));
+    WCHAR* const to = out.GetBuffer(room);
+    const auto end = WidenUtf8(Utf8Forms::any, all, to, static_cast<std::size_t>(room));
+    out.ReleaseBuffer(static_cast<int>(end.to - to));
+    return end.from == text + all.size();
 }

@@ -1,5 +1,5 @@
 #include "corekit/platform/posix/text/CodePage.h"
-#include "corekit/platform/Utf8Runs.h"
+#include "corekit/platform/TextVector.h"
 
 #include <algorithm>
 
@@ -11,9 +11,10 @@ std::size_t copyWhileAscii(std::basic_string_view<From> text, Sink<To>& sink, Bl
 {
     const std::size_t count = std::min(text.size(), sink.room());
     To* const to = sink.place();
-    std::size_t i = 0, run = runUnits;
-    for (; i + runUnits <= count && run == runUnits; i += run) run = copyBlock(text.data() + i, to + i);
-    for (; run == runUnits && i < count && (text[i] & ~0x7F) == 0; ++i) to[i] = static_cast<To>(text[i]);
+    constexpr std::size_t block = unitsAtOnce;
+    std::size_t i = 0, run = block;
+    for (; i + block <= count && run == block; i += run) run = copyBlock(text.data() + i, to + i);
+    for (; run == block && i < count && (text[i] & ~0x7F) == 0; ++i) to[i] = static_cast<To>(text[i]);
     sink.advance(i);
     return i;
 }

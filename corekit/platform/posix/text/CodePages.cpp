@@ -1,7 +1,7 @@
 #include "corekit/platform/CodePages.h"
 
-#include "corekit/platform/posix/text/CodePage.h"
 #include "corekit/platform/posix/Errno.h"
+#include "corekit/platform/posix/text/CodePage.h"
 #include "corekit/platform/posix/text/Languages.h"
 #include "corekit/platform/Runtime.h"
 
@@ -40,9 +40,23 @@ UINT pageNumber(UINT codePage)
 
 const CodePage* pageOf(UINT codePage)
 {
-    if (codePage != CP_ACP) return findCodePage(pageNumber(codePage));
     static const CodePage* const active = findCodePage(GetACP());
-    return active;
+    static const CodePage* const utf8 = findCodePage(CP_UTF8);
+    if (codePage == CP_ACP) return active;
+    return codePage == CP_UTF8 ? utf8 : findCodePage(pageNumber(codePage));
+}
+
+DWORD widenFlags(UINT number)
+{
+    if (number == CP_UTF7) return 0;
+    return number == CP_UTF8 ? MB_ERR_INVALID_CHARS
+                             : MB_PRECOMPOSED | MB_USEGLYPHCHARS | MB_ERR_INVALID_CHARS;
+}
+
+DWORD narrowFlags(UINT number)
+{
+    if (number == CP_UTF7) return 0;
+    return number == CP_UTF8 ? WC_ERR_INVALID_CHARS : WC_NO_BEST_FIT_CHARS;
 }
 
 // What is wrong with the call whatever the page, or NO_ERROR.
@@ -73,13 +87,9 @@ UINT GetOEMCP() { return processLanguage().oemPage; }
 int MultiByteToWideChar(UINT codePage, DWORD flags, const char* text, int length, WCHAR* result, int size)
 {
     if (const DWORD no = objection(text, length, result, size); no != NO_ERROR) return fail(no, 0);
-    const UINT number = pageNumber(codePage);
     const CodePage* const page = pageOf(codePage);
     if (page == nullptr) return fail(ERROR_INVALID_PARAMETER, 0);
-    const DWORD allowed = number == CP_UTF7   ? 0
-                          : number == CP_UTF8 ? MB_ERR_INVALID_CHARS
-                                              : MB_PRECOMPOSED | MB_USEGLYPHCHARS | MB_ERR_INVALID_CHARS;
-    if ((flags & ~allowed) != 0) return fail(ERROR_INVALID_FLAGS, 0);
+    if (flags != 0 && (flags & ~widenFlags(pageNumber(codePage))) != 0) return fail(ERROR_INVALID_FLAGS, 0);
     const std::size_t count = length < 0 ? std::strlen(text) + 1 : static_cast<std::size_t>(length);
     const Converted converted = page->widen({text, count}, result, static_cast<std::size_t>(size));
     if (converted.hasUnknown && (flags & MB_ERR_INVALID_CHARS) != 0)
@@ -97,8 +107,7 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* text, int lengt
     const bool isUnicode = number == CP_UTF8 || number == CP_UTF7;
     if (isUnicode && (defaultChar != nullptr || usedDefault != nullptr))
         return fail(ERROR_INVALID_PARAMETER, 0);
-    const DWORD allowed = number == CP_UTF8 ? WC_ERR_INVALID_CHARS : isUnicode ? 0 : WC_NO_BEST_FIT_CHARS;
-    if ((flags & ~allowed) != 0) return fail(ERROR_INVALID_FLAGS, 0);
+    if ((flags & ~narrowFlags(number)) != 0) return fail(ERROR_INVALID_FLAGS, 0);
     const std::size_t count = length < 0 ? crt16::wcslen(text) + 1 : static_cast<std::size_t>(length);
     const std::string_view replacement =
         defaultChar != nullptr ? std::string_view(defaultChar) : std::string_view();

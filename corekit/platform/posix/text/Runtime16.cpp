@@ -1,75 +1,13 @@
 #include "corekit/platform/posix/text/CaseTables.h"
 #include "corekit/platform/Runtime.h"
-#include "corekit/platform/Vector16.h"
+#include "corekit/platform/TextScan.h"
 
 #include <algorithm>
 #include <climits>
-#include <cstring>
-#include <cwchar>
 
-using corekit::detail::anyBlock;
 using corekit::detail::caseTables;
-using corekit::detail::equalLanes;
-using corekit::detail::firstLane;
-using corekit::detail::isBlockInPage;
-using corekit::detail::laneBits;
-using corekit::detail::loadUnits;
-using corekit::detail::spreadUnit;
-using corekit::detail::Units;
 
 namespace {
-
-constexpr std::size_t lanes = 8;
-
-// Bytes by which an address lies behind its block's start.
-std::uintptr_t offsetInBlock(const WCHAR* p) { return reinterpret_cast<std::uintptr_t>(p) % sizeof(Units); }
-
-bool isAlignedToUnit(const WCHAR* p) { return reinterpret_cast<std::uintptr_t>(p) % sizeof(WCHAR) == 0; }
-
-COREKIT_READS_WHOLE_BLOCKS inline Units alignedBlock(const WCHAR* p)
-{
-    return *reinterpret_cast<const Units __attribute__((may_alias))*>(p);
-}
-
-// How many units from the start are equal and not the end.
-COREKIT_READS_WHOLE_BLOCKS std::size_t equalPrefix(const WCHAR* a, const WCHAR* b)
-{
-    std::size_t i = 0;
-    for (;;) {
-        if (isBlockInPage(a + i) && isBlockInPage(b + i)) {
-            const Units units = anyBlock(a + i);
-            const unsigned same = laneBits(equalLanes(units, anyBlock(b + i)));
-            const unsigned end = laneBits(equalLanes(units, Units{}));
-            const unsigned stop = (~same & 0xFFFF) | end;
-            if (stop != 0) return i + firstLane(stop);
-            i += lanes;
-        } else {
-            for (const std::size_t next = i + lanes; i < next; ++i)
-                if (a[i] != b[i] || a[i] == 0) return i;
-        }
-    }
-}
-
-// The first unit that is zero or equals `unit`.
-COREKIT_READS_WHOLE_BLOCKS const WCHAR* findUnitOrEnd(const WCHAR* text, WCHAR unit)
-{
-    if (!isAlignedToUnit(text)) {
-        while (*text != 0 && *text != unit) ++text;
-        return text;
-    }
-    const Units wanted = spreadUnit(unit);
-    const std::uintptr_t offset = offsetInBlock(text);
-    const WCHAR* block = text - offset / sizeof(WCHAR);
-    Units units = alignedBlock(block);
-    unsigned bits = laneBits(equalLanes(units, Units{}) | equalLanes(units, wanted)) >> offset;
-    if (bits != 0) return text + firstLane(bits);
-    do {
-        block += lanes;
-        units = alignedBlock(block);
-        bits = laneBits(equalLanes(units, Units{}) | equalLanes(units, wanted));
-    } while (bits == 0);
-    return block + firstLane(bits);
-}
 
 // A set small or large, asked once per unit: one bit per low byte sorts most units out at once.
 class UnitSet {
@@ -88,27 +26,13 @@ private:
     std::uint64_t m_lowBytes[4] = {};
 };
 
-std::size_t findShortTail(std::u16string_view hay, std::u16string_view needle, std::size_t from)
-{
-    const std::size_t last = hay.size() - needle.size();
-    for (; from <= last; ++from)
-        if (hay[from] == needle[0] &&
-            std::memcmp(&hay[from], needle.data(), needle.size() * sizeof(WCHAR)) == 0)
-            return from;
-    return crt16::npos;
-}
-
 } // namespace
 
 namespace crt16 {
 
-std::size_t wcslen(const WCHAR* text) { return static_cast<std::size_t>(findUnitOrEnd(text, 0) - text); }
+std::size_t wcslen(const WCHAR* text) { return corekit::detail::TextLength(text); }
 
-int wcscmp(const WCHAR* a, const WCHAR* b)
-{
-    const std::size_t place = equalPrefix(a, b);
-    return (a[place] > b[place]) - (a[place] < b[place]);
-}
+int wcscmp(const WCHAR* a, const WCHAR* b) { return corekit::detail::CompareText(a, b); }
 
 int wcsncmp(const WCHAR* a, const WCHAR* b, std::size_t count)
 {
@@ -128,7 +52,7 @@ int _wcsicmp(const WCHAR* a, const WCHAR* b)
 
 const WCHAR* wcschr(const WCHAR* text, WCHAR unit)
 {
-    const WCHAR* place = findUnitOrEnd(text, unit);
+    const WCHAR* place = corekit::detail::FindUnitOrEnd(text, unit);
     return *place == unit ? place : nullptr;
 }
 
@@ -222,38 +146,12 @@ int _wtoi(const WCHAR* text)
 
 std::size_t find(std::u16string_view hay, WCHAR unit, std::size_t from)
 {
-    const Units wanted = spreadUnit(unit);
-    for (; from + lanes <= hay.size(); from += lanes)
-        if (const unsigned bits = laneBits(equalLanes(loadUnits(&hay[from]), wanted)); bits != 0)
-            return from + firstLane(bits);
-    for (; from < hay.size(); ++from)
-        if (hay[from] == unit) return from;
-    return npos;
+    return corekit::detail::FindInUnits(hay, unit, from);
 }
 
-// A place is looked at only where the first and the last unit of the needle both fit; sixteen places a step.
 std::size_t find(std::u16string_view hay, std::u16string_view needle, std::size_t from)
 {
-    if (from > hay.size() || needle.size() > hay.size() - from) return npos;
-    if (needle.empty()) return from;
-    if (needle.size() == 1) return find(hay, needle[0], from);
-    const std::size_t span = needle.size() - 1;
-    const std::size_t middle = (needle.size() - 2) * sizeof(WCHAR);
-    const Units first = spreadUnit(needle.front());
-    const Units last = spreadUnit(needle.back());
-    const WCHAR* const text = hay.data();
-    for (; from + span + 2 * lanes <= hay.size(); from += 2 * lanes) {
-        const WCHAR* const p = text + from;
-        const Units low = equalLanes(loadUnits(p), first) & equalLanes(loadUnits(p + span), last);
-        const Units high =
-            equalLanes(loadUnits(p + lanes), first) & equalLanes(loadUnits(p + span + lanes), last);
-        for (unsigned bits = laneBits(low) | laneBits(high) << 16; bits != 0;) {
-            const std::size_t lane = firstLane(bits);
-            if (std::memcmp(p + lane + 1, needle.data() + 1, middle) == 0) return from + lane;
-            bits &= ~(3u << (lane * 2));
-        }
-    }
-    return from + span < hay.size() ? findShortTail(hay, needle, from) : npos;
+    return corekit::detail::FindInUnits(hay, needle, from);
 }
 
 } // namespace crt16

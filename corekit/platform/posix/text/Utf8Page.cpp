@@ -1,7 +1,5 @@
 #include "corekit/platform/posix/text/CodePage.h"
-#include "corekit/platform/Utf8Runs.h"
-
-#include <algorithm>
+#include "corekit/platform/Utf8Text.h"
 
 namespace corekit::detail {
 namespace {
@@ -36,12 +34,6 @@ Decoded decode(std::string_view text)
     return {point, length};
 }
 
-template <typename Unit>
-std::size_t left(const Unit* at, const Unit* end)
-{
-    return static_cast<std::size_t>(end - at);
-}
-
 void encode(char32_t point, Sink<char>& sink)
 {
     const auto tail = [&](unsigned shift) { return static_cast<char>(0x80 | (point >> shift & 0x3F)); };
@@ -59,134 +51,73 @@ void encode(char32_t point, Sink<char>& sink)
     }
 }
 
-// Characters at the front of the text that are short, or plain ones of three bytes, with room for a block;
-// the others are left.
-std::size_t widenRuns(std::string_view text, Sink<WCHAR>& sink)
+// The plain characters at the front of the text, as far as there is room; the others are left.
+template <class From, class To, class Convert>
+void takePlain(std::basic_string_view<From>& text, Sink<To>& sink, Convert convert)
 {
-    const char* from = text.data();
-    WCHAR* to = sink.place();
-    const char* const fromEnd = from + text.size();
-    const WCHAR* const end = to + sink.room();
-    while (left(from, fromEnd) >= runBytes && left(to, end) >= runUnits) {
-        const auto lead = static_cast<unsigned char>(*from);
-        if (lead < 0x80) {
-            const std::size_t run = widenAscii(from, to);
-            from += run;
-            to += run;
-        } else if (lead < 0xE0) {
-            const std::size_t run = widenPairs<Overlong::refused>(from, to);
-            if (run == 0) break;
-            from += 2 * run;
-            to += run;
+    const auto [from, to] = convert(Utf8Forms::proper, text, sink.place(), sink.room());
+    sink.advance(static_cast<std::size_t>(to - sink.place()));
+    text.remove_prefix(static_cast<std::size_t>(from - text.data()));
+}
+
+void widenOne(std::string_view& text, Sink<WCHAR>& sink)
+{
+    const auto lead = static_cast<unsigned char>(text[0]);
+    const Decoded character = lead < 0x80 ? Decoded{lead, 1} : decode(text);
+    text.remove_prefix(character.length);
+    if (character.point > 0xFFFF) {
+        const char32_t above = character.point - 0x10000;
+        const WCHAR pair[] = {static_cast<WCHAR>(0xD800 + (above >> 10)),
+                              static_cast<WCHAR>(0xDC00 + (above & 0x3FF))};
+        sink.put(pair, 2);
+    } else if (character.point == 0 && lead != 0) {
+        sink.markUnknown();
+        sink.put(replacement);
+    } else {
+        sink.put(static_cast<WCHAR>(character.point));
+    }
+}
+
+void narrowOne(std::u16string_view& text, Sink<char>& sink)
+{
+    char32_t point = text[0];
+    std::size_t units = 1;
+    if (point >= 0xD800 && point <= 0xDFFF) {
+        if (point < 0xDC00 && text.size() > 1 && text[1] >= 0xDC00 && text[1] <= 0xDFFF) {
+            point = 0x10000 + ((point - 0xD800) << 10) + (text[1] - 0xDC00);
+            units = 2;
         } else {
-            const unsigned second = static_cast<unsigned char>(from[1]) ^ 0x80u;
-            const unsigned third = static_cast<unsigned char>(from[2]) ^ 0x80u;
-            const auto unit = static_cast<WCHAR>(lead << 12 | second << 6 | third);
-            if (lead > 0xEF || (second | third) > 0x3F || unit < 0x800 || (unit & 0xF800) == 0xD800) break;
-            *to++ = unit;
-            from += 3;
+            sink.markUnknown();
+            point = replacement;
         }
     }
-    sink.advance(static_cast<std::size_t>(to - sink.place()));
-    return static_cast<std::size_t>(from - text.data());
+    text.remove_prefix(units);
+    encode(point, sink);
 }
 
-std::size_t narrowRuns(std::u16string_view text, Sink<char>& sink)
+// Most texts are plain from end to end.
+template <class From, class To, class Convert, class One>
+Converted convertAll(std::basic_string_view<From> text, To* result, std::size_t size, Convert plain, One one)
 {
-    const WCHAR* from = text.data();
-    char* to = sink.place();
-    const WCHAR* const fromEnd = from + text.size();
-    const char* const end = to + sink.room();
-    while (left(from, fromEnd) >= runUnits && left(to, end) >= runBytes) {
-        const WCHAR unit = *from;
-        if (unit < 0x80) {
-            const std::size_t run = narrowAscii(from, to);
-            from += run;
-            to += run;
-        } else if (unit < 0x800) {
-            const std::size_t run = narrowPairs(from, to);
-            from += run;
-            to += 2 * run;
-        } else {
-            if ((unit & 0xF800) == 0xD800) break;
-            to[0] = static_cast<char>(0xE0 | unit >> 12);
-            to[1] = static_cast<char>(0x80 | (unit >> 6 & 0x3F));
-            to[2] = static_cast<char>(0x80 | (unit & 0x3F));
-            to += 3;
-            ++from;
-        }
+    Sink<To> sink(result, size);
+    while (!text.empty()) {
+        takePlain(text, sink, plain);
+        if (!text.empty()) one(text, sink);
     }
-    sink.advance(static_cast<std::size_t>(to - sink.place()));
-    return static_cast<std::size_t>(from - text.data());
-}
-
-// The same for a text that is shorter than a block, with something behind it at which every run stops.
-std::size_t widenRest(std::string_view text, Sink<WCHAR>& sink)
-{
-    char rest[2 * runBytes] = {};
-    *std::ranges::copy(text, rest).out = '\xFF';
-    return widenRuns({rest, text.size() + runBytes}, sink);
-}
-
-std::size_t narrowRest(std::u16string_view text, Sink<char>& sink)
-{
-    WCHAR rest[2 * runUnits] = {};
-    *std::ranges::copy(text, rest).out = 0xDFFF;
-    return narrowRuns({rest, text.size() + runUnits}, sink);
+    return sink.converted();
 }
 
 class Utf8Page final : public CodePage {
 public:
     Converted widen(std::string_view text, WCHAR* result, std::size_t size) const override
     {
-        Sink<WCHAR> sink(result, size);
-        while (!text.empty()) {
-            const bool isShort = text.size() < runBytes;
-            text.remove_prefix(isShort ? widenRest(text, sink) : widenRuns(text, sink));
-            if (text.empty()) break;
-            const auto lead = static_cast<unsigned char>(text[0]);
-            const Decoded character = lead < 0x80 ? Decoded{lead, 1} : decode(text);
-            text.remove_prefix(character.length);
-            if (character.point > 0xFFFF) {
-                const char32_t above = character.point - 0x10000;
-                const WCHAR pair[] = {static_cast<WCHAR>(0xD800 + (above >> 10)),
-                                      static_cast<WCHAR>(0xDC00 + (above & 0x3FF))};
-                sink.put(pair, 2);
-            } else if (character.point == 0 && lead != 0) {
-                sink.markUnknown();
-                sink.put(replacement);
-            } else {
-                sink.put(static_cast<WCHAR>(character.point));
-            }
-        }
-        return sink.converted();
+        return convertAll(text, result, size, WidenUtf8, widenOne);
     }
-
     Converted narrow(std::u16string_view text, char* result, std::size_t size,
                      std::string_view) const override
     {
-        Sink<char> sink(result, size);
-        while (!text.empty()) {
-            const bool isShort = text.size() < runUnits;
-            text.remove_prefix(isShort ? narrowRest(text, sink) : narrowRuns(text, sink));
-            if (text.empty()) break;
-            char32_t point = text[0];
-            std::size_t units = 1;
-            if (point >= 0xD800 && point <= 0xDFFF) {
-                if (point < 0xDC00 && text.size() > 1 && text[1] >= 0xDC00 && text[1] <= 0xDFFF) {
-                    point = 0x10000 + ((point - 0xD800) << 10) + (text[1] - 0xDC00);
-                    units = 2;
-                } else {
-                    sink.markUnknown();
-                    point = replacement;
-                }
-            }
-            text.remove_prefix(units);
-            encode(point, sink);
-        }
-        return sink.converted();
+        return convertAll(text, result, size, NarrowUtf8, narrowOne);
     }
-
     std::size_t longest() const override { return 3; } // four bytes are two units
 };
 
