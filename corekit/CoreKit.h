@@ -172,7 +172,6 @@
 #include "corekit/platform/TreeViews.h"
 #include "corekit/platform/Types.h"
 #include "corekit/platform/UpDowns.h"
-#include "corekit/platform/Utf8Text.h"
 #include "corekit/platform/Variant.h"
 #include "corekit/platform/VersionInfo.h"
 #include "corekit/platform/Waits.h"

@@ -79,7 +79,7 @@ public:
     void AssignCopy(int n, const Ch* p);
 
     // -1, 0 or 1, by unsigned code values up to the first zero.
-    int Compare(const Ch* p) const;
+    int Compare(const Ch* p) const { return CompareText(m_pchData, p); }
     int CompareNoCase(const Ch* p) const; // the same with letter case folded; below, equal to or above 0
     int Collate(const Ch* p) const;       // by the order of the current locale; below, equal to or above 0
 
@@ -243,12 +243,6 @@ inline void SharedText<Self, Ch>::AllocBuffer(int n)
     *data = {1, n, n};
     m_pchData = data->data();
     m_pchData[n] = Ch{};
-}
-
-template <class Self, class Ch>
-inline int SharedText<Self, Ch>::Compare(const Ch* p) const
-{
-    return CompareText(m_pchData, p);
 }
 
 } // namespace corekit::detail

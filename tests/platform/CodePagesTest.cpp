@@ -198,6 +198,27 @@ TEST(CodePages, Utf8OfAnyLengthIsThatOfItsCharacters)
     }
 }
 
+// Much room is written to in whole windows, little goes in steps and single characters.
+TEST(CodePages, MalformedUtf8IsTheSameWithMuchRoomAndWithLittle)
+{
+    const std::string_view pieces[] = {"a",        "\x7F",     "\x80",     "\xBF", "\xC1\x80",    "\xC2\x80",
+                                       "\xDF\xBF", "\xE0\x9F", "\xE0\xA0", "\xBF", "\xED\x9F",    "\xED\xA0",
+                                       "\xE2",     "\xF0\x90", "\xF4\x8F", "\xFF", "\xE4\xB8\xAD"};
+    std::mt19937 random(5);
+    for (int turn = 0; turn < 20000; ++turn) {
+        std::string bytes;
+        for (unsigned n = random() % 12 + 1; n-- > 0;)
+            bytes += random() % 4 == 0 ? "\xD7\x90" : pieces[random() % std::size(pieces)];
+        const int length = static_cast<int>(bytes.size());
+        WCHAR much[200], little[200];
+        const int units = MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, much, 200);
+        ASSERT_EQ(MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, nullptr, 0), units);
+        ASSERT_EQ(MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, little, units), units);
+        ASSERT_EQ(std::u16string_view(much, static_cast<std::size_t>(units)),
+                  std::u16string_view(little, static_cast<std::size_t>(units)));
+    }
+}
+
 TEST(CodePages, ShortBufferFailsButKeepsWhatFits)
 {
     WCHAR wide[4] = {u'x', u'x', u'x', u'x'};

@@ -4,6 +4,7 @@
 #include "corekit/platform/CodePages.h"
 #include "corekit/platform/Runtime.h"
 #include "corekit/platform/TextScan.h"
+#include "corekit/unicode/codepages/CodePageConversion.h"
 
 #include <cstring>
 #include <functional>
@@ -87,6 +88,24 @@ TEST(GuardPages, WideScansStayInTheirText)
         EXPECT_EQ(made.GetLength(), 2 * n);
         EXPECT_EQ(StringW(p).Find(q), length ? -1 : 0);
         EXPECT_EQ(StringA(p).GetLength(), n);
+    });
+}
+
+TEST(GuardPages, Utf8OfAllLengthsOfCharactersStaysInItsText)
+{
+    Guarded narrow, wide;
+    std::u16string all;
+    for (unsigned i = 0; i < 150; ++i) all += u"aשक"[i * i % 3];
+    ForAllPlaces([&](std::size_t length, bool atEnd) {
+        const std::u16string units = all.substr(0, length);
+        StringA bytes;
+        UnicodeToUTF8(wide.put(units, atEnd), static_cast<int>(length), bytes);
+        const std::string copy(bytes.operator const char*(), static_cast<std::size_t>(bytes.GetLength()));
+        StringW back;
+        EXPECT_TRUE(UTF8toUnicode(narrow.put(copy, atEnd), bytes.GetLength(), back));
+        EXPECT_EQ(std::u16string(back), units);
+        AnsiToUnicode(CP_UTF8, back, narrow.put(copy, atEnd), bytes.GetLength());
+        EXPECT_EQ(std::u16string(back), units);
     });
 }
 
