@@ -58,9 +58,21 @@ until_true file_has 'Tonight ال The harbour' || fail "typed text was not saved
 xdotool key F4
 expect_window 'Settings'
 picture prompter-settings
-xdotool key alt+k Return
+xdotool key alt+k ctrl+Tab ctrl+Tab ctrl+Tab
+picture prompter-files
+xdotool key Return
 expect_window '*evening.txt - Prompter'
 picture prompter-desk
+
+# Another key for a command: it is pressed where the page asks for one.
+xdotool key shift+F4
+expect_window 'Keys'
+xdotool key alt+o
+xdotool type --delay 20 'Start'
+xdotool key alt+n p
+picture prompter-keys
+xdotool key Tab space Return
+expect_window '*evening.txt - Prompter'
 
 xdotool key F5
 expect_window 'Prompt'
@@ -72,7 +84,7 @@ xdotool key Up Up
 expect_state 'ok runs speed 1.2 *'
 xdotool key shift+3
 expect_state 'ok runs speed -0.6 *'
-xdotool key space Next
+xdotool key p Next
 expect_state 'ok stands speed -0.6 story 2 of 3'
 xdotool key Home
 expect_state '*story 1 of 3'

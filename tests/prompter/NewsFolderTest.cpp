@@ -43,6 +43,7 @@ TEST_F(Newsroom, AFileCountsOnceItHasStoodStill)
 TEST_F(Newsroom, OnlyPlainTextFilesOfTheFolderCount)
 {
     Write("b.part", "unfinished");
+    Write("huge.txt", std::string(NewsFolder::largestNews + 1, 'x'));
     std::filesystem::create_directory(m_folder / "c.txt");
     std::filesystem::create_symlink("/etc/hostname", m_folder / "d.txt");
     EXPECT_EQ(Look() + Look(), "");

@@ -19,8 +19,10 @@ TEST_F(OnTheDesk, ADisplayThatGoesAwayAndComesBackIsTakenAgain)
     desk.StartPrompt(false);
     EXPECT_EQ(Shown(desk), "HDMI-1 HDMI-2 ");
     EXPECT_TRUE(desk.Outputs()[0].window->Form().mirrorLeftRight);
+    const HWND gone = desk.Outputs()[0].window->m_hWnd;
     there = {one, three};
     EXPECT_EQ(Shown(desk), "HDMI-2 ");
+    EXPECT_FALSE(IsWindow(gone));
     there = {one};
     EXPECT_EQ(Shown(desk), "") << "the desk's own display is not covered";
     there = {one, two, three};
@@ -74,6 +76,12 @@ TEST_F(OnTheDesk, TheSettingsAreTakenFromTheirPages)
     sheet.GetActivePage()->SendMessage(WM_COMMAND, static_cast<WPARAM>(MAKELONG(displayList, LBN_SELCHANGE)));
     click(showHereCheck);
     click(mirrorTopCheck);
+    ASSERT_TRUE(sheet.SetActivePage(3));
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(sheet.GetActivePage()->m_hWnd, remotePortField)));
+    set(newsField, "/srv/news");
+    click(remoteCheck);
+    set(remotePortField, "4711");
+    sheet.GetActivePage()->SendDlgItemMessage(codePageChoice, CB_SETCURSEL, 1);
     sheet.SendMessage(PSM_PRESSBUTTON, PSBTN_OK);
     const Settings& taken = sheet.Result();
     EXPECT_TRUE(taken.session.rate.bySeconds);
@@ -82,9 +90,61 @@ TEST_F(OnTheDesk, TheSettingsAreTakenFromTheirPages)
     EXPECT_EQ(taken.session.style.size, 96);
     EXPECT_EQ(taken.session.style.faces, (std::vector<std::string>{"Noto Sans", "Amiri"}));
     EXPECT_EQ(taken.session.style.text, RGB(0xFF, 0xEE, 0));
+    EXPECT_EQ(taken.newsFolder, "/srv/news");
+    EXPECT_TRUE(taken.hasRemote);
+    EXPECT_EQ(taken.remote, (RemotePlace{"127.0.0.1", 4711, ""}));
+    EXPECT_GT(taken.codePage, 0);
     ASSERT_EQ(taken.outputs.size(), 1u);
     EXPECT_EQ(taken.outputs[0].display, "HDMI-1");
     EXPECT_TRUE(taken.outputs[0].form.mirrorTopBottom);
+}
+
+// What the settings ask for begins at once, without a restart.
+TEST_F(OnTheDesk, NewsAndRemoteControlFollowTheSettings)
+{
+    DeskOptions options = Options();
+    options.newsFolder = folder / "elsewhere";
+    Desk desk(options);
+    desk.Open();
+    EXPECT_EQ(desk.RemotePort(), 0);
+    std::filesystem::create_directory(folder / "news");
+    WriteWhole(folder / "news/a.txt", "first line\n");
+    WriteWhole(folder / "news/binary.txt", std::string("no\0text", 7));
+    Settings settings = LoadSettings(folder / "settings");
+    settings.newsFolder = folder / "news";
+    settings.hasRemote = true;
+    settings.remote.port = 0;
+    desk.TakeSettings(settings);
+    EXPECT_GT(desk.RemotePort(), 0);
+    for (int i = 0; i < 2; ++i) desk.SendMessage(WM_TIMER, 3);
+    const Script& script = desk.TheSession().TheScript();
+    ASSERT_EQ(script.Count(), 2);
+    EXPECT_EQ(script.At(1).text, u"first line\n");
+    settings.hasRemote = false;
+    desk.TakeSettings(settings);
+    EXPECT_EQ(desk.RemotePort(), 0);
+    EXPECT_EQ(LoadSettings(folder / "settings").newsFolder, folder / "news");
+    desk.DestroyWindow();
+}
+
+TEST_F(OnTheDesk, AFileThatMayNotBeOverwrittenStays)
+{
+    const std::string path = folder / "s.txt";
+    WriteWhole(path, "text\n");
+    ScriptFile file(folder / "state", 0);
+    file.Open(path);
+    file.TheScript().SetStoryText(0, u"new\n");
+    EXPECT_FALSE(file.IsChangedOnDisk());
+    WriteWhole(path, "by another\n");
+    EXPECT_TRUE(file.IsChangedOnDisk());
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+    EXPECT_THROW(file.Save(), std::runtime_error);
+    EXPECT_EQ(ReadWhole(path), "by another\n");
+    std::filesystem::remove(path);
+    EXPECT_FALSE(file.IsChangedOnDisk()) << "nothing can be lost";
+    file.Save();
+    EXPECT_EQ(ReadWhole(path), "new\n");
+    EXPECT_FALSE(file.IsChangedOnDisk());
 }
 
 } // namespace

@@ -118,6 +118,20 @@ TEST_F(Frame, OneThatMovedIsTheSameAsOneDrawnAnew)
     }
 }
 
+// The second line has no letter that would say so.
+TEST_F(Frame, ALineThatWasBrokenOffRunsAsItsParagraph)
+{
+    Show(u"\u05D7\u05D3\u05E9\u05D5\u05EA \u05D4\u05E2\u05E8\u05D1 \u05D4\u05E9\u05E0\u05D9\u05D9\u05DD "
+         u"12345678901234.");
+    const int second = 450 * 33 / 100 + 67, baseline = second + 67 * 3 / 4;
+    int left = 80, right = 720;
+    while (left < 720 && White({left, second, left + 1, second + 67}) == 0) ++left;
+    while (right > 80 && White({right - 1, second, right, second + 67}) == 0) --right;
+    ASSERT_LT(left, right);
+    EXPECT_EQ(White({left, second, left + 4, baseline - 12}), 0) << "the full stop stands at the left";
+    EXPECT_GT(White({right - 8, second, right, baseline - 12}), 0);
+}
+
 // Brackets around a Hebrew word open towards it.
 TEST_F(Frame, BracketsFaceTheWordThatTheyEnclose)
 {

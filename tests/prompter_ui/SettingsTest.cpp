@@ -39,6 +39,31 @@ TEST(Settings, ComeBackFromTheFileAndKeepWithinTheirBounds)
     EXPECT_EQ(read.speed, -15);
 }
 
+TEST(Settings, TwoPromptersWithOneFileKeepEachOthersChanges)
+{
+    const TempFolder folder;
+    const std::string path = folder / "s";
+    Settings start;
+    start.session.style.faces = {"Amiri"};
+    start.keys.SetValue("Custom Key Table Count", 0);
+    ASSERT_TRUE(SaveSettings(path, start));
+    Settings one = start, two = start;
+    one.session.style.size = 96;
+    one.remote = {"127.0.0.1", 4711, "sesame"};
+    one.keys.SetValue("Custom Key Table Count", 7);
+    ASSERT_TRUE(SaveSettings(path, one, start));
+    two.newsFolder = "/srv/news";
+    two.session.style.faces = {"Noto Sans", "Amiri"};
+    ASSERT_TRUE(SaveSettings(path, two, start));
+    Settings read = LoadSettings(path);
+    EXPECT_EQ(read.session.style.size, 96);
+    EXPECT_EQ(read.remote, one.remote);
+    EXPECT_EQ(read.newsFolder, "/srv/news");
+    EXPECT_EQ(read.session.style.faces, two.session.style.faces);
+    int count = 0;
+    EXPECT_TRUE(read.keys.GetValue("Custom Key Table Count", count) && count == 7);
+}
+
 TEST(Settings, ADamagedFileGivesDefaults)
 {
     const TempFolder folder;

@@ -35,7 +35,7 @@ namespace {
 
 constexpr UINT listId = 100, editId = 101, previewId = 102;
 constexpr UINT_PTR keepTimer = 2, newsTimer = 3, displayTimer = 4;
-constexpr UINT keepMilliseconds = 3000, newsMilliseconds = 1000, displayMilliseconds = 500;
+constexpr UINT keepMilliseconds = 3000, newsMilliseconds = 1000, displayMilliseconds = 100;
 // Of the em: the cell is high in faces with Arabic letters.
 constexpr int editorSize = -24, listSize = -17, listWidth = 300, gap = 4;
 constexpr LANGID seenFromLetters = 0;

@@ -5,10 +5,10 @@
 #include "corekit/framework/ui/DataExchange.h"
 #include "corekit/platform/CodePages.h"
 #include "corekit/platform/FileDialogs.h"
-#include "corekit/unicode/codepages/CodePageConversion.h"
 #include "corekit/unicode/codepages/CodePageNames.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace prompter {
 
@@ -18,6 +18,14 @@ BEGIN_MESSAGE_MAP(FilesPage, CAXPropertyPage)
 ON_BN_CLICKED(browseNews, &FilesPage::OnBrowse)
 ON_BN_CLICKED(remoteCheck, &FilesPage::OnRemote)
 END_MESSAGE_MAP()
+
+namespace {
+
+// What scripts were written in before Unicode.
+constexpr int usualPages[] = {1252, 1250, 1251, 1253, 1254, 1255, 1256, 1257, 1258,  874,   932,   936,
+                              949,  950,  437,  720,  850,  862,  864,  866,  28591, 28592, 28596, 28598};
+
+} // namespace
 
 FilesPage::FilesPage(Settings& settings) : CAXPropertyPage(dialogs::filesId), m_settings(settings) {}
 
@@ -49,10 +57,9 @@ void FilesPage::LoadPage()
 void FilesPage::FillCodePages()
 {
     m_codePages = {0};
-    for (int i = 0; i < cconvGetCPCount(); ++i) m_codePages.push_back(cconvGetCodePage(i));
     CPINFO info;
-    std::erase_if(m_codePages,
-                  [&](int page) { return page != 0 && !GetCPInfo(static_cast<UINT>(page), &info); });
+    std::ranges::copy_if(usualPages, std::back_inserter(m_codePages),
+                         [&](int page) { return GetCPInfo(static_cast<UINT>(page), &info); });
     if (std::ranges::find(m_codePages, m_settings.codePage) == m_codePages.end())
         m_codePages.push_back(m_settings.codePage);
     for (const int page : m_codePages) {

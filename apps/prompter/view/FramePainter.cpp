@@ -142,7 +142,8 @@ void FramePainter::PaintRows(FrameBuffer& frame, const FrameState& state, int to
                         [&](std::u16string_view text, const PromptLine& laid, double y) {
                             const int x =
                                 laid.rightToLeft ? size.cx - m_style.margin - laid.width : m_style.margin;
-                            m_face.Draw(dc, x, static_cast<int>(y) - top + m_style.Baseline(), text);
+                            m_face.Draw(dc, x, static_cast<int>(y) - top + m_style.Baseline(), text,
+                                        laid.rightToLeft ? 1 : 0);
                         });
     PaintMarkers(dc, size, state, top);
 }
@@ -154,7 +155,7 @@ void FramePainter::PaintMarkers(HDC dc, SIZE frame, const FrameState& state, int
     for (const double marker : state.markers) {
         const int y = static_cast<int>(std::lround(marker)) - top + (m_style.LineHeight() - height) / 2;
         if (y + height <= 0 || y >= frame.cy) continue;
-        const int inner = m_style.margin - width / 2;
+        const int inner = m_style.margin * 5 / 8;
         Fill(dc, {inner - width, y, inner, y + height}, m_style.mark);
         Fill(dc, {frame.cx - inner, y, frame.cx - inner + width, y + height}, m_style.mark);
     }
@@ -224,7 +225,7 @@ void FramePainter::PaintStatus(HDC dc, SIZE frame, const std::u16string& text)
 
 void FramePainter::PaintCentred(HDC dc, SIZE frame, int y, std::u16string_view text)
 {
-    m_face.Draw(dc, (frame.cx - m_face.Width(text)) / 2, y + m_style.Baseline(), text);
+    m_face.Draw(dc, (frame.cx - m_face.Width(text)) / 2, y + m_style.Baseline(), text, 0);
 }
 
 } // namespace prompter

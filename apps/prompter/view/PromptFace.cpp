@@ -30,13 +30,13 @@ void PromptFace::SetStyle(const PromptStyle& style)
     m_render.CreateFromDescriptor(fonts, 0, 0, 0);
 }
 
-void PromptFace::Shape(std::u16string_view stored)
+void PromptFace::Shape(std::u16string_view stored, int level)
 {
     const CUnicodeManager* const manager = CUnicodeManager::GetObjectA();
     m_text = StringW(stored.data(), static_cast<int>(stored.size()));
     m_types.RemoveAll();
     if (manager->IsBIDIEnabled(TRUE)) {
-        ReorderToVisual(m_text, m_order, m_types, GetBaseLevel(m_text, m_text.GetLength()));
+        ReorderToVisual(m_text, m_order, m_types, level);
         if (m_brackets == Brackets::mirrored) MirrorRightToLeft(m_text, m_types);
     }
     m_glyphs.Empty();
@@ -55,17 +55,17 @@ int PromptFace::Width(std::u16string_view stored)
 int PromptFace::Measured(std::u16string_view stored)
 {
     if (stored.empty()) return 0;
-    Shape(stored);
+    Shape(stored, GetBaseLevel(stored.data(), static_cast<int>(stored.size())));
     m_render.AttachDC(m_measuring);
     const int width = m_render.CalcGlyphStringSize(m_glyphs, m_glyphs.GetLength(), 0).cx;
     m_render.DetachDC();
     return width;
 }
 
-void PromptFace::Draw(HDC dc, int x, int baseline, std::u16string_view stored)
+void PromptFace::Draw(HDC dc, int x, int baseline, std::u16string_view stored, int level)
 {
     if (stored.empty()) return;
-    Shape(stored);
+    Shape(stored, level);
     SetBkMode(dc, TRANSPARENT); // a line with marks leaves it opaque
     m_render.AttachDC(dc);
     m_render.DrawGlyphString(x, baseline, 0, CRect(), m_glyphs, m_types, m_glyphs.GetLength(), 0);

@@ -22,12 +22,13 @@ public:
     void SetStyle(const PromptStyle& style);
 
     int Width(std::u16string_view stored) override;
-    // Colours are those of the context, whose alignment must be TA_LEFT | TA_BASELINE.
-    void Draw(HDC dc, int x, int baseline, std::u16string_view stored);
+    // `level` is that of the line's paragraph: 0, or 1 from right to left. Colours are those of the context,
+    // whose alignment must be TA_LEFT | TA_BASELINE.
+    void Draw(HDC dc, int x, int baseline, std::u16string_view stored, int level);
 
 private:
     // The line in display order as glyph codes, in m_glyphs and m_types.
-    void Shape(std::u16string_view stored);
+    void Shape(std::u16string_view stored, int level);
     int Measured(std::u16string_view stored);
 
     struct Hash : std::hash<std::u16string_view> {

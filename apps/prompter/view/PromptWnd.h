@@ -1,5 +1,6 @@
 // A window that shows the session's frame: a display in front of a camera, or the operator's copy of it.
-// Keys, wheel and dragging drive the session. The owner deletes it; user-interface thread.
+// Keys, wheel and dragging drive the session. The owner deletes it, and the window goes with it;
+// user-interface thread.
 #pragma once
 
 #include "model/FrameTransform.h"
@@ -16,6 +17,7 @@ class PromptWnd : public CWnd {
     DECLARE_DYNAMIC(PromptWnd)
 public:
     PromptWnd(Session& session, FrameForm form) : m_session(session), m_form(form) {}
+    ~PromptWnd() override { DestroyWindow(); }
 
     // A pane in a window of the desk.
     BOOL CreatePane(CWnd* parent, UINT id, const RECT& rect);
