@@ -23,5 +23,6 @@ public:
     void Inflate(CStream& in, int count, CStream& out);
 
 private:
+    static void InflateByBlocks(CStream& in, int count, CStream& out);
     [[noreturn]] static void Except(const char* message, int code);
 };

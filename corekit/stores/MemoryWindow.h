@@ -5,6 +5,7 @@
 #include "corekit/platform/Types.h"
 
 #include <cstring>
+#include <new>
 #include <utility>
 
 namespace corekit::detail {
@@ -12,21 +13,13 @@ namespace corekit::detail {
 // Out of line, to keep the small copies short.
 COREKIT_API void CopyLong(void* to, const void* from, DWORD count);
 
-// Forgets what the compiler knows of a block. Where a copy is inlined on a block of known size, it warns of
-// the moves that the count, which it does not know, rules out.
-inline const void* Plain(const void* p)
+// Values of the typed layer have 1, 2, 4 or 8 bytes, which are worth a move of their own. The blocks are
+// laundered, because where a copy is inlined on one of known size the compiler warns of the moves that the
+// count rules out.
+inline void CopyBytes(void* toBlock, const void* fromBlock, DWORD count)
 {
-    __asm__("" : "+r"(p));
-    return p;
-}
-
-// Values of the typed layer have 1, 2, 4 or 8 bytes, which are worth a move of their own.
-inline void CopyBytes(void* to, const void* from, DWORD count)
-{
-    if (!__builtin_constant_p(count)) {
-        from = Plain(from);
-        to = const_cast<void*>(Plain(to));
-    }
+    BYTE* const to = std::launder(static_cast<BYTE*>(toBlock));
+    const BYTE* const from = std::launder(static_cast<const BYTE*>(fromBlock));
     if (count == 4)
         std::memcpy(to, from, 4);
     else if (count == 2)
