@@ -28,6 +28,19 @@ void Add(const std::string& what, const std::string& peer, F lookup)
     }
 }
 
+// What no table can pass: one byte for each unit, read where it stands.
+template <class F>
+void AddLimit(const std::string& what, F lookup)
+{
+    static const auto flat = [&] {
+        std::vector<std::uint8_t> all;
+        for (std::uint32_t c = 0; c < 0x10000; ++c)
+            all.push_back(static_cast<std::uint8_t>(lookup(char16_t(c))));
+        return all;
+    }();
+    Add(what, "limit_flat_table", [table = flat.data()](char16_t c) { return table[c]; });
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -37,10 +50,14 @@ int main(int argc, char** argv)
     Add("general_type", "utf8proc", [](char16_t c) { return utf8proc_category(c); });
     Add("general_type", "qt6", [](char16_t c) { return QChar::category(c); });
 
+    AddLimit("general_type", [](char16_t c) { return CUnicodeCharTypes::GetGeneralType(c); });
+
     Add("bidi_type", "corekit", [](char16_t c) { return CUnicodeCharTypes::GetBiDirectionalType(c); });
     Add("bidi_type", "icu", [](char16_t c) { return u_charDirection(c); });
     Add("bidi_type", "fribidi", [](char16_t c) { return fribidi_get_bidi_type(c); });
     Add("bidi_type", "qt6", [](char16_t c) { return QChar::direction(c); });
+
+    AddLimit("bidi_type", [](char16_t c) { return CUnicodeCharTypes::GetBiDirectionalType(c); });
 
     Add("to_upper", "corekit", [](char16_t c) { return CUnicodeCharTypes::MakeUpper(c); });
     Add("to_upper", "icu", [](char16_t c) { return u_toupper(c); });

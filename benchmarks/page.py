@@ -48,6 +48,8 @@ def table(rows, human):
         goal = f"{row.goal}{f' of {row.against}' if row.against != row.best else ''}" if row.goal else ""
         if row.least:
             goal = f"{row.least} /s"
+        if row.is_short and row.limit_ratio():
+            goal += f", nothing passes {row.limit_ratio():.2f}"
         lines.append(f"| {row.path} | {human(row.ours)} | {peer} | {f'{row.ratio:.2f}' if row.ratio else ''} | "
                      f"{goal}{' (short)' if row.is_short else ''} |")
     return "\n".join(lines)

@@ -62,6 +62,7 @@ class Row:
         self.path, self.rates = path, rates
         self.ours = rates.get("corekit", 0)
         self.peers = {k: v for k, v in rates.items() if k != "corekit" and not k.startswith("limit")}
+        self.limit = max((v for k, v in rates.items() if k.startswith("limit")), default=None)
         self.best = max(self.peers, key=self.peers.get, default=None)
         self.ratio = self.ours / self.peers[self.best] if self.best else None
         goal = GOALS.get(path)
@@ -69,6 +70,10 @@ class Row:
         self.least = LEAST.get(path)
         self.is_short = bool(self.goal and self.best and self.ours < self.goal * self.peers[self.against]
                              or self.least and self.ours < self.least)
+
+    def limit_ratio(self):
+        """Times the peer that counts, what nothing could pass on this machine; None where nobody measured it."""
+        return self.limit / self.peers[self.against or self.best] if self.limit and self.best else None
 
     def print(self):
         best = f"{self.best or '-'} {human(self.peers.get(self.best, 0))}"

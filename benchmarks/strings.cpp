@@ -3,8 +3,11 @@
 #include "corekit/foundation/StringW.h"
 #include "workload.h"
 
+#include <atomic>
 #include <benchmark/benchmark.h>
 #include <cstdio>
+#include <fmt/format.h>
+#include <QByteArray>
 #include <QString>
 #include <thread>
 #include <unicode/unistr.h>
@@ -105,6 +108,28 @@ void CopyThenWrite(benchmark::State& state)
     Done(state);
 }
 
+// What sharing costs at least: one count up and one down, and of a copy that is written to the text besides.
+enum class Write { no, yes };
+
+template <Write write>
+void CountTwice(benchmark::State& state)
+{
+    const auto all = All<Std>();
+    std::atomic<int> count = 1;
+    for (auto _ : state) {
+        for (const auto& one : all) {
+            count.fetch_add(1);
+            if constexpr (write == Write::yes) {
+                std::u16string text = one;
+                text[0] = u'x';
+                benchmark::DoNotOptimize(text);
+            }
+            if (count.fetch_sub(1) == 1) state.SkipWithError("count");
+        }
+    }
+    Done(state);
+}
+
 template <class S>
 void Equal(benchmark::State& state)
 {
@@ -124,6 +149,19 @@ void Order(benchmark::State& state)
     for (auto _ : state) {
         std::size_t n = 0;
         for (std::size_t i = 1; i < a.size(); ++i) n += a[i - 1] < a[i];
+        benchmark::DoNotOptimize(n);
+    }
+    Done(state);
+}
+
+template <class Narrow>
+void OrderNarrow(benchmark::State& state)
+{
+    std::vector<Narrow> all;
+    for (const auto& line : Lines()) all.push_back(Narrow(workload::utf8(line).c_str()));
+    for (auto _ : state) {
+        std::size_t n = 0;
+        for (std::size_t i = 1; i < all.size(); ++i) n += all[i - 1] < all[i];
         benchmark::DoNotOptimize(n);
     }
     Done(state);
@@ -180,6 +218,13 @@ void FormatRuntime(benchmark::State& state)
     Done(state, 1);
 }
 
+void FormatFmt(benchmark::State& state)
+{
+    for (int i = 0; auto _ : state)
+        benchmark::DoNotOptimize(fmt::format("{} {} of {:08X}", "a short text", ++i, 77u));
+    Done(state, 1);
+}
+
 template <class S>
 void Register(const std::string& name)
 {
@@ -202,9 +247,15 @@ int main(int argc, char** argv)
     Register<QtText>("qt6_qstring");
     Register<Icu>("icu_unicode_string");
     Register<Std>("std_u16string");
+    benchmark::RegisterBenchmark("strings/copy/limit_two_counts", CountTwice<Write::no>);
+    benchmark::RegisterBenchmark("strings/copy_then_write/limit_two_counts", CountTwice<Write::yes>);
+    benchmark::RegisterBenchmark("strings/order_narrow/corekit", OrderNarrow<StringA>);
+    benchmark::RegisterBenchmark("strings/order_narrow/std_string", OrderNarrow<std::string>);
+    benchmark::RegisterBenchmark("strings/order_narrow/qt6_qbytearray", OrderNarrow<QByteArray>);
     benchmark::RegisterBenchmark("strings/format/corekit", FormatHere);
     benchmark::RegisterBenchmark("strings/format/qt6_qstring", FormatQt);
     benchmark::RegisterBenchmark("strings/format/c_runtime", FormatRuntime);
+    benchmark::RegisterBenchmark("strings/format/fmt", FormatFmt);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

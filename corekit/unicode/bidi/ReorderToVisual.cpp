@@ -50,29 +50,25 @@ Units MayRunRightToLeft(Units c)
            unitsInRange(c, 0xE000, 0xFFFF);
 }
 
-// Whether any character from `from` on may run from right to left. The text has eight at least.
-bool HoldsRightToLeft(const WCHAR* text, int length, int from)
+bool MayTurn(const WCHAR* text, int length)
 {
+    if (length < unitsAtOnce)
+        return std::any_of(text, text + length, [](WCHAR c) { return TypeOf(c) == R || TypeOf(c) == AN; });
     Units found{};
-    for (int i = from; i < length; i += unitsAtOnce) {
-        const Units units = loadUnits(text + std::min(i, length - unitsAtOnce));
-        found |= MayRunRightToLeft(units);
-    }
+    for (int i = 0; i < length; i += unitsAtOnce)
+        found |= MayRunRightToLeft(loadUnits(text + std::min(i, length - unitsAtOnce)));
     return markBits(found) != 0;
 }
 
-// False if a character may run from right to left; then the arrays hold nothing of use.
-bool ReorderLeftToRight(const WCHAR* text, int length, int* order, int* types)
+void ReorderLeftToRight(const WCHAR* text, int length, int* order, int* types)
 {
     if (length < unitsAtOnce) {
         for (int i = 0; i < length; ++i) {
             order[i] = i;
             types[i] = LeftToRightType(text, length, i);
-            if (types[i] == R || types[i] == AN) return false;
         }
-        return true;
+        return;
     }
-    bool searched = false;
     for (int i = 0; i < length; i += unitsAtOnce) {
         const int at = std::min(i, length - unitsAtOnce); // the last step may overlap the one before
         const Units units = loadUnits(text + at);
@@ -81,13 +77,8 @@ bool ReorderLeftToRight(const WCHAR* text, int length, int* order, int* types)
         const Units marks = NeedLook(units);
         if (markBits(marks) == 0) [[likely]]
             continue;
-        if (!searched && markBits(unitsInRange(units, 0x0080, 0xFFFF)) != 0) {
-            if (HoldsRightToLeft(text, length, at)) return false;
-            searched = true;
-        }
         forEachMark(marks, [&](int k) { types[at + k] = LeftToRightType(text, length, at + k); });
     }
-    return true;
 }
 
 // --- lines that are turned round, in part or wholly
@@ -196,9 +187,10 @@ void ReorderToVisual(StringW& text, CArray<int, int>& order, CArray<int, int>& t
     order.SetSize(length);
     types.SetSize(length);
     const bool rightToLeft = (baseLevel & 1) != 0;
-    if (rightToLeft || !ReorderLeftToRight(text, length, order.GetData(), types.GetData())) {
+    if (rightToLeft || MayTurn(text, length))
         ReorderBothWays(text, order.GetData(), types.GetData(), rightToLeft);
-    }
+    else
+        ReorderLeftToRight(text, length, order.GetData(), types.GetData());
 }
 
 int GetBaseLevel(const WCHAR* text, int count)
