@@ -1,10 +1,6 @@
 #include "corekit/foundation/StringA.h"
 #include "corekit/foundation/StringW.h"
-
-#include <gtest/gtest.h>
-#include <string>
-#include <thread>
-#include <vector>
+#include "TextFixture.h"
 
 namespace {
 
@@ -26,21 +22,11 @@ struct Open : Text {
 };
 
 template <class T>
-class SharedBuffer : public testing::Test {
+class SharedBuffer : public TextFixture<T> {
 protected:
     using String = T;
-    using Char = std::remove_cv_t<std::remove_pointer_t<decltype(std::declval<T>().GetBuffer(0))>>;
+    using Char = typename TextFixture<T>::Char;
 
-    static String Make(std::string_view ascii)
-    {
-        const std::basic_string<Char> wide(ascii.begin(), ascii.end());
-        return String(wide.data(), static_cast<int>(wide.size()));
-    }
-    static std::string Ascii(const String& text)
-    {
-        const Char* p = text;
-        return std::string(p, p + text.GetLength());
-    }
     static void ExpectHeader(const String& text, int refs, int length, int room)
     {
         EXPECT_EQ(text.GetData()->nRefs, refs);
@@ -159,26 +145,6 @@ TYPED_TEST(SharedBuffer, AppendsAllocateExactlyAndOnlyWhenTheyMust)
     EXPECT_EQ(this->Ascii(bare), "y");
 }
 
-TYPED_TEST(SharedBuffer, TextFromOwnBufferSurvivesAssignment)
-{
-    using Text = typename TestFixture::String;
-    using Ch = typename TestFixture::Char;
-    Text text = this->Make("abcdef");
-    text = static_cast<const Ch*>(text) + 2;
-    EXPECT_EQ(this->Ascii(text), "cdef");
-    {
-        const Text sharer(text);
-        text = static_cast<const Ch*>(text) + 1;
-        EXPECT_EQ(this->Ascii(sharer), "cdef");
-    }
-    EXPECT_EQ(this->Ascii(text), "def");
-    text = text;
-    EXPECT_EQ(this->Ascii(text), "def");
-    Text moved(std::move(text));
-    moved = std::move(moved);
-    EXPECT_EQ(this->Ascii(moved), "def");
-}
-
 TYPED_TEST(SharedBuffer, GetBufferKeepsTextAndReleaseStaysInside)
 {
     using Text = typename TestFixture::String;
@@ -201,22 +167,6 @@ TYPED_TEST(SharedBuffer, GetBufferKeepsTextAndReleaseStaysInside)
     this->ExpectHeader(text, 1, 0, 4);
     text.FreeExtra();
     this->ExpectEmptyBuffer(text);
-}
-
-TYPED_TEST(SharedBuffer, IndexesOutsideTouchNothing)
-{
-    using Ch = typename TestFixture::Char;
-    auto text = this->Make("abc");
-    for (const int index : {-1, INT_MIN, 4, INT_MAX}) {
-        EXPECT_EQ(text.GetAt(index), Ch{});
-        EXPECT_EQ(text[index], Ch{});
-        text.SetAt(index, 'x');
-        EXPECT_EQ(text.Find('c', index), -1);
-        EXPECT_EQ(text.Find(this->Make("c"), index), -1);
-    }
-    text.SetAt(3, 'x');
-    EXPECT_EQ(this->Ascii(text), "abc");
-    EXPECT_EQ(text.Find('c', 3), -1);
 }
 
 TYPED_TEST(SharedBuffer, DerivedClassesBuildExactBuffers)
@@ -244,28 +194,6 @@ TYPED_TEST(SharedBuffer, DerivedClassesBuildExactBuffers)
     part.AllocBeforeWrite(9);
     this->ExpectHeader(part, 1, 9, 9);
     EXPECT_EQ(Open<Text>::SafeStrlen(nullptr), 0);
-}
-
-TYPED_TEST(SharedBuffer, CountsHoldWhenThreadsShareABuffer)
-{
-    using Text = typename TestFixture::String;
-    const Text source = this->Make("shared");
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i) {
-        threads.emplace_back([&source] {
-            std::vector<Text> copies;
-            for (int round = 0; round < 2000; ++round) {
-                Text copy(source), empty;
-                copies.push_back(copy);
-                empty.Empty();
-                empty.ReleaseBuffer(0);
-                copy += 'x';
-                if (copies.size() == 50) copies.clear();
-            }
-        });
-    }
-    for (auto& thread : threads) thread.join();
-    this->ExpectHeader(source, 1, 6, 6);
 }
 
 } // namespace
