@@ -1,6 +1,6 @@
 #include "corekit/unicode/shaping/GlyphConversion.h"
 #include "ShapingSteps.h"
-#include "TabbedCases.h"
+#include "tests/support/TabbedCases.h"
 
 #include "corekit/unicode/tables/ArabicJoiningClasses.h"
 

@@ -1,6 +1,6 @@
 #include "ShapingSteps.h"
 #include "corekit/unicode/shaping/GlyphConversion.h"
-#include "TabbedCases.h"
+#include "tests/support/TabbedCases.h"
 
 #include <gtest/gtest.h>
 #include <random>

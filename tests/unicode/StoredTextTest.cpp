@@ -1,7 +1,7 @@
 #include "corekit/unicode/storage/StoredText.h"
 #include "corekit/platform/Normalization.h"
 
-#include "TabbedCases.h"
+#include "tests/support/TabbedCases.h"
 
 #include <gtest/gtest.h>
 
