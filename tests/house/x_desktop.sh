@@ -34,6 +34,12 @@ start_desktop() {
     Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp -noreset 3>"$home/display" 2>/dev/null &
     server=$!
     read -r number <"$home/display" || fail "no X server"
+    settle_on "$number"
+}
+
+# settle_on DISPLAY: a home and a window manager there.
+settle_on() {
+    local number=$1
     export DISPLAY=:$number QT_QPA_PLATFORM=xcb COREKIT_HOME=$home/registry HOME=$home
     export XDG_CONFIG_HOME=$home/config XDG_STATE_HOME=$home/state
     openbox >/dev/null 2>&1 &
