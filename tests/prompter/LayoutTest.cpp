@@ -47,6 +47,41 @@ struct View {
 
 using Lines = std::vector<std::string>;
 
+// Edits of a story one after the other, each compared with the same text laid out for the first time.
+TEST(PromptLayout, AnEditGivesTheLinesOfTheNewTextAndMeasuresOnlyWhatChanged)
+{
+    View edited(u"");
+    std::u16string text;
+    const auto put = [&](std::size_t at, std::size_t count, const char16_t* added) {
+        text.replace(std::min(at, text.size()), count, added);
+        edited.script.SetStoryText(0, text);
+        edited.ruler.measured = 0;
+        edited.Update();
+        View anew(u"");
+        anew.script.SetStoryText(0, text);
+        anew.Update();
+        EXPECT_EQ(edited.Lines(), anew.Lines()) << std::string(text.begin(), text.end());
+        EXPECT_EQ(edited.layout.Height(), anew.layout.Height());
+    };
+    put(0, 0, u"one two three four\nfive six seven eight\n\nnine ten\n");
+    put(4, 3, u"2");
+    EXPECT_LT(edited.ruler.measured, 30u) << "the other lines stay";
+    put(0, 0, u"\n");
+    put(text.size(), 0, u"eleven twelve");
+    put(text.size(), 0, u" thirteen");
+    put(text.size(), 0, u"\n");
+    put(text.size() - 1, 1, u"");
+    put(5, 30, u"x\ny\n");
+    put(1, 1, u"");
+    put(0, 1, u"");
+    put(2, 2, u"\n\n\n");
+    put(2, 1, u"");
+    put(0, text.size(), u"");
+    put(0, 0, u"\n");
+    put(0, 0, u"a\n");
+    put(1, 0, u"a");
+}
+
 TEST(PromptLayout, BreaksBetweenWordsAndWordsThatAreTooWide)
 {
     const struct {

@@ -3,6 +3,7 @@
 #include "desk/CommandKeys.h"
 #include "desk/DeskCommands.h"
 #include "desk/SettingsDialogs.h"
+#include "model/SameLines.h"
 
 #include "corekit/framework/MessageBox.h"
 #include "corekit/framework/Module.h"
@@ -16,6 +17,7 @@
 #include <algorithm>
 #include <stdexcept>
 #include <unordered_map>
+#include <utility>
 
 namespace prompter {
 
@@ -61,23 +63,41 @@ void ForEachLine(std::u16string_view text, Visit visit)
     }
 }
 
-// Lines that nobody edited are taken as they were read, wherever they stand now: what is stored of them is
-// the same.
-std::u16string PlainLinesOf(const StringW& stored, const std::u16string& before)
+// Lines that are stored as one of those before are taken as that one was read.
+std::u16string PlainLinesOf(std::u16string_view stored, std::u16string_view before)
 {
     std::unordered_map<std::u16string, std::u16string> read; // by what is stored of each
     ForEachLine(before, [&](const std::u16string& line, bool) {
         read.try_emplace(std::u16string(static_cast<const WCHAR*>(StoredOf(line))), line);
     });
     std::u16string result;
-    const std::u16string_view now(stored, static_cast<std::size_t>(stored.GetLength()));
-    ForEachLine(now, [&](const std::u16string& line, bool hasMore) {
+    ForEachLine(stored, [&](const std::u16string& line, bool hasMore) {
         const auto known = read.find(line);
         result += known != read.end() ? known->second
                                       : PlainOf(StringW(line.data(), static_cast<int>(line.size())));
         if (hasMore) result += u'\n';
     });
     return result;
+}
+
+std::u16string_view ViewOf(const StringW& text)
+{
+    return {static_cast<const WCHAR*>(text), static_cast<std::size_t>(text.GetLength())};
+}
+
+// The text of a story whose stored form was edited; lines that nobody edited stay as they were read.
+std::u16string EditedText(const StringW& storedBefore, const StringW& storedNow, const std::u16string& before)
+{
+    const std::u16string_view was = ViewOf(storedBefore), now = ViewOf(storedNow);
+    if (CountLineEnds(was) != CountLineEnds(before)) return PlainLinesOf(now, before);
+    const SameLines same = FindSameLines(was, now);
+    const std::size_t head = LineStart(before, CountLineEnds(was.substr(0, same.head)));
+    const std::size_t tail = same.tail == 0
+                                 ? before.size()
+                                 : LineStart(before, CountLineEnds(was.substr(0, was.size() - same.tail)));
+    const std::u16string_view changed = now.substr(same.head, now.size() - same.head - same.tail);
+    return before.substr(0, head) +
+           PlainLinesOf(changed, std::u16string_view(before).substr(head, tail - head)) + before.substr(tail);
 }
 
 } // namespace
@@ -283,8 +303,8 @@ void Desk::TakeEdits()
     const StringW text = m_edit.GetString();
     const int index = m_file.TheScript().IndexOf(m_editedStory);
     if (index < 0 || text == m_shownText) return;
-    m_shownText = text;
-    m_file.TheScript().SetStoryText(index, PlainLinesOf(text, m_file.TheScript().At(index).text));
+    const StringW before = std::exchange(m_shownText, text);
+    m_file.TheScript().SetStoryText(index, EditedText(before, text, m_file.TheScript().At(index).text));
     ScriptChanged();
 }
 

@@ -1,5 +1,7 @@
 #include "model/PromptLayout.h"
 
+#include "model/SameLines.h"
+
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 #include "corekit/unicode/storage/StoredText.h"
 
@@ -107,13 +109,39 @@ void PromptLayout::LayOutParagraph(LaidStory& story, std::size_t start, std::siz
 void PromptLayout::LayOut(LaidStory& story, TextRuler& ruler) const
 {
     story.lines.clear();
-    const std::u16string_view text = story.stored;
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t end = std::min(text.find(u'\n', at), text.size());
-        LayOutParagraph(story, at, end, ruler);
-        at = end + 1;
+    LayOutParagraphs(story, 0, story.stored.size(), ruler);
+    story.lines.push_back({story.stored.size(), 0, 0, false}); // the gap to the next story
+}
+
+void PromptLayout::LayOutParagraphs(LaidStory& story, std::size_t start, std::size_t end,
+                                    TextRuler& ruler) const
+{
+    for (std::size_t at = start; at < end;) {
+        const std::size_t paragraphEnd = std::min(story.stored.find(u'\n', at), end);
+        LayOutParagraph(story, at, paragraphEnd, ruler);
+        at = paragraphEnd + 1;
     }
-    story.lines.push_back({text.size(), 0, 0, false}); // the gap to the next story
+}
+
+// Lines before and behind those that differ stay as they are.
+void PromptLayout::LayOutChange(LaidStory& story, const std::u16string& plain, TextRuler& ruler) const
+{
+    const std::u16string_view before = story.plain;
+    const SameLines same = FindSameLines(before, plain);
+    const std::size_t head = LineStart(story.stored, CountLineEnds(before.substr(0, same.head)));
+    const std::size_t tail =
+        same.tail == 0 ? story.stored.size()
+                       : LineStart(story.stored, CountLineEnds(before.substr(0, before.size() - same.tail)));
+    const std::u16string changed = Stored(plain.substr(same.head, plain.size() - same.head - same.tail));
+    const auto first = std::ranges::lower_bound(story.lines, head, {}, &PromptLine::start);
+    const auto behind = std::ranges::lower_bound(story.lines, tail, {}, &PromptLine::start);
+    std::vector<PromptLine> kept(behind, story.lines.end());
+    for (PromptLine& line : kept) line.start = line.start - tail + head + changed.size();
+    story.lines.erase(first, story.lines.end());
+    story.stored.replace(head, tail - head, changed);
+    story.plain = plain;
+    LayOutParagraphs(story, head, head + changed.size(), ruler);
+    story.lines.insert(story.lines.end(), kept.begin(), kept.end());
 }
 
 std::vector<std::size_t> PromptLayout::PlaceIndexes(std::span<const Anchor> anchors) const
@@ -136,16 +164,17 @@ void PromptLayout::Update(const Script& script, TextRuler& ruler, std::span<Anch
         present.insert(story.key);
         const auto [at, isNew] = m_stories.try_emplace(story.key);
         LaidStory& laid = at->second;
-        if (isNew || laid.plain != story.text) {
-            std::u16string stored = Stored(story.text);
-            for (Anchor& anchor : held)
-                if (anchor.story == story.key) anchor.offset = Moved(anchor.offset, laid.stored, stored);
+        if (isNew) {
             laid.plain = story.text;
-            laid.stored = std::move(stored);
+            laid.stored = Stored(story.text);
             LayOut(laid, ruler);
-        } else if (m_isStale) {
-            LayOut(laid, ruler);
+        } else if (laid.plain != story.text) {
+            const std::u16string before = laid.stored;
+            LayOutChange(laid, story.text, ruler);
+            for (Anchor& anchor : held)
+                if (anchor.story == story.key) anchor.offset = Moved(anchor.offset, before, laid.stored);
         }
+        if (!isNew && m_isStale) LayOut(laid, ruler);
         if (story.isSkipped) continue;
         m_places.push_back({story.key, &laid, m_lineCount});
         m_lineCount += laid.lines.size();

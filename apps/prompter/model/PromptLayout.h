@@ -2,7 +2,7 @@
 // the line being read while the text around it changes.
 //
 // Texts are the stored form (corekit/unicode/storage/) of the stories; offsets count its UTF-16 units,
-// heights pixels. Only stories that have changed are laid out anew. Skipped stories take no room.
+// heights pixels. Only lines that have changed are laid out anew. Skipped stories take no room.
 #pragma once
 
 #include "model/Script.h"
@@ -65,6 +65,8 @@ private:
         std::size_t firstLine; // counted through all stories
     };
     void LayOut(LaidStory& story, TextRuler& ruler) const;
+    void LayOutChange(LaidStory& story, const std::u16string& plain, TextRuler& ruler) const;
+    void LayOutParagraphs(LaidStory& story, std::size_t start, std::size_t end, TextRuler& ruler) const;
     void LayOutParagraph(LaidStory& story, std::size_t start, std::size_t end, TextRuler& ruler) const;
     std::vector<std::size_t> PlaceIndexes(std::span<const Anchor> anchors) const;
     const Place* PlaceAt(std::size_t line) const;
