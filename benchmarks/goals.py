@@ -19,11 +19,11 @@ GOALS = {
     "draw/measure": 5, "draw/raster": 1.5, "manager/start": 0.5,
     "registry/read": 2, "registry/write": 1,
     "logging/flushed_line": (1.4, "spdlog"), "logging/formatted_line": (1.2, "spdlog"), "logging/filtered_out": 2,
-    "words/lookup_hit": (3, "lmdb"), "words/lookup_miss": (3, "lmdb"), "words/wildcard_queries": (3, "sorted_fnmatch"),
+    "words/lookup_hit": (3, "lmdb"), "words/lookup_miss": (3, "lmdb"), "words/prefix_found": (0.5, "sorted"), "words/wildcard_queries": (3, "sorted_fnmatch"),
     "settings/serialise": (1, "rapidjson"), "settings/deserialise": (2, "qt6_cbor"), "settings/lookup": (1, "jansson"), "settings/lookup_second_thread": (1, "jansson"),
     "conversion/wildcards": 1.5, "conversion/adler32": 5,
     "conversion/quicksort": 0.9, "conversion/sort_integers": 0.9, "conversion/sort_texts": 0.9,
-    "records/add": (1.3, "lmdb"), "records/delete": (5, "lmdb"), "records/get": 1, "records/replace": 1,
+    "records/add": (1.3, "lmdb_one_transaction"), "records/delete": (5, "lmdb_one_transaction"), "records/get": 1, "records/replace": 1.2,
     "ports/batch_of_10000": (1, "libuv"), "ports/round_trip": 1,
     "codepages/read_utf8": 1.2, "codepages/write_utf8": 1.2, "codepages/read_65001": 1, "codepages/write_65001": 1,
     "codepages/read_1256": 0.9, "codepages/write_1256": 0.9, "codepages/read_932": 0.9, "codepages/write_932": 0.9,
@@ -32,7 +32,7 @@ GOALS = {
     "graphics/load_24": 1, "graphics/save_24": 1, "graphics/draw_24": 0.83, "graphics/stretch_24": 0.83,
     "graphics/button": 0.83, "prompter/frame_40_lines": 2,
     "devices/serial_echo_64": 0.9, "devices/serial_echo_1024": 0.9, "devices/service_status": 0.9,
-    "packing/deflate": 0.97, "packing/inflate": 0.97,
+    "packing/deflate": 0.97, "packing/inflate": 1.5,
 }
 
 # How often a second at least, whatever peers do.

@@ -1,4 +1,7 @@
-// A megabyte of text through CDeflator and CInflator beside the plain calls of zlib.
+// A megabyte of text through CDeflator and CInflator beside the plain calls of zlib. Deflating cannot be
+// ahead of it: it is zlib's own work, because what is packed stays byte for byte what zlib makes of it, and
+// needs no more memory than two blocks however long the stream is. libdeflate would be faster and packs
+// otherwise.
 #include "corekit/stores/Deflator.h"
 #include "corekit/stores/Inflator.h"
 #include "corekit/stores/MemoryStream.h"
