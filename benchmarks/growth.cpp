@@ -12,7 +12,7 @@ namespace {
 double Best(const growth::Curve& curve, std::size_t count)
 {
     constexpr int mostRuns = 5;
-    constexpr double enough = 1.5; // seconds
+    constexpr double enough = 3.0; // seconds
     const std::clock_t start = std::clock();
     double best = curve.At(count);
     for (int run = 1; run < mostRuns; ++run) {

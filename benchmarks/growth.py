@@ -46,9 +46,9 @@ def cells(goal, measured, counts):
 
 def show(curves):
     counts = all_counts(curves)
-    print(f"{'microseconds at':50}" + "".join(f"{count:>11,}" for count in counts) + f"{'goal':>8}")
+    print(f"{'microseconds at':58}" + "".join(f"{count:>11,}" for count in counts) + f"{'goal':>8}")
     for name, (goal, measured) in curves.items():
-        print(f"{name:50}" + "".join(f"{cell:>11}" for cell in cells(goal, measured, counts)) + f"{goal:>8g}")
+        print(f"{name:58}" + "".join(f"{cell:>11}" for cell in cells(goal, measured, counts)) + f"{goal:>8g}")
     over = sum(any(value > goal for value in measured.values()) for goal, measured in curves.values())
     print(f"{over} curve(s) over their goal (*)" if over else "every curve stays under its goal")
 

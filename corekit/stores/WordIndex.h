@@ -26,6 +26,11 @@ public:
     Answer Find(const NormalWord& word, const WordLeaf* blocks, DWORD& id) const;
     // The place of a word that was Moved.
     void Learn(const NormalWord& word, DWORD block, DWORD at, const WordLeaf* blocks);
+    // Has what Add will look at fetched meanwhile.
+    void FetchFor(const NormalWord& word) const
+    {
+        if (IsReady()) __builtin_prefetch(&m_slots[word.Hash() >> m_shift], 1);
+    }
     // Of a word that is new.
     void Add(const NormalWord& word, DWORD block, DWORD at);
 

@@ -43,7 +43,6 @@ struct WordLeaf {
         while (at > 0 && entries[at].id == 0) --at;
         return at;
     }
-    bool IsFull() const { return entries[wordsOfLeaf - 1].id != 0; }
 };
 static_assert(sizeof(WordEntry) == 64 && sizeof(WordLeaf) == 4096);
 

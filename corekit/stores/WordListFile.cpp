@@ -209,6 +209,7 @@ DWORD CWordListFile::AddWord(const WCHAR* text, DWORD id)
         return id;
     }
     if (!m_order->IsReady()) Learn(false);
+    m_index->FetchFor(word);
     const Place place = FindPlace(word);
     if (place.found) return LeafAt(place.leaf)[place.at].id;
     if (id) AddAt(place, word, id);
@@ -236,7 +237,7 @@ void CWordListFile::AddAt(Place place, const Word& word, DWORD id)
 {
     const DWORD block = MasterIndex()[place.leaf];
     DWORD used = m_order->IsReady() ? m_order->Used(block) : LeafAt(place.leaf).LastUsed() + 1;
-    if (LeafAt(place.leaf).IsFull()) {
+    if (used == wordsOfLeaf) {
         SplitLeaf(place);
         used = wordsOfLeaf / 2;
     }
