@@ -1,5 +1,5 @@
 #include "RecordFiles.h"
-#include "tests/unicode/TabbedCases.h"
+#include "tests/support/TabbedCases.h"
 
 #include <algorithm>
 #include <utility>
