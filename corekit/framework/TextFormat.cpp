@@ -164,51 +164,39 @@ Kind TextKind(char letter, Size size)
 }
 
 template <class Ch>
+Kind KindOf(char letter, Size size)
+{
+    switch (letter) {
+    case 'c':
+    case 'C':
+    case 's':
+    case 'S':
+        return TextKind<Ch>(letter, size);
+    case 'd':
+    case 'i':
+        return Kind::Signed;
+    case 'o':
+    case 'u':
+    case 'x':
+    case 'X':
+        return Kind::Unsigned;
+    case 'p':
+        return Kind::Pointer;
+    case 'n':
+        return Kind::Count;
+    default:
+        return IsOneOf(letter, "efgGEFaA") ? Kind::Real : Kind::Unknown;
+    }
+}
+
+template <class Ch>
 void ReadConversion(const Ch*& p, Item<Ch>& item)
 {
     const Ch* counts = nullptr;
     if (IsOneOf(*p, "hljztILFN")) counts = ReadSize(p, item);
     item.letter = *p > 0 && *p < 0x80 ? static_cast<char>(*p) : '\0';
-    switch (item.letter) {
-    case 'c':
-    case 'C':
-    case 's':
-    case 'S':
-        item.kind = TextKind<Ch>(item.letter, item.size);
-        break;
-    case 'd':
-    case 'i':
-        item.kind = Kind::Signed;
-        break;
-    case 'o':
-    case 'u':
-    case 'x':
-    case 'X':
-        item.kind = Kind::Unsigned;
-        break;
-    case 'e':
-    case 'f':
-    case 'g':
-    case 'G':
-        item.kind = Kind::Real;
-        break;
-    case 'E':
-    case 'F':
-    case 'a':
-    case 'A':
-        item.kind = Kind::Real;
-        item.hasRoom = false;
-        break;
-    case 'p':
-        item.kind = Kind::Pointer;
-        break;
-    case 'n':
-        item.kind = Kind::Count;
-        break;
-    default:
-        item.hasRoom = false;
-        break;
-    }
+    item.kind = KindOf<Ch>(item.letter, item.size);
+    if (item.kind == Kind::Unknown || IsOneOf(item.letter, "EFaA")) item.hasRoom = false;
     if (*p) ++p;
     item.end = p;
     item.counts = counts ? counts : p;
