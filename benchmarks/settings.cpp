@@ -3,6 +3,7 @@
 #include "corekit/stores/PropertyStore.h"
 #include "workload.h"
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <jansson.h>
 #include <QCborMap>
@@ -206,6 +207,24 @@ void RapidRead(State& state)
     CountValues(state);
 }
 
+// In the text itself, which is used up: so each round takes a copy of it.
+void RapidReadInPlace(State& state)
+{
+    const RapidTree tree;
+    rapidjson::StringBuffer buffer;
+    rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+    tree.document.Accept(writer);
+    const std::vector<char> text(buffer.GetString(), buffer.GetString() + buffer.GetSize() + 1);
+    std::vector<char> used(text.size());
+    for (auto _ : state) {
+        std::copy(text.begin(), text.end(), used.begin());
+        rapidjson::Document document;
+        document.ParseInsitu(used.data());
+        benchmark::DoNotOptimize(document.MemberCount());
+    }
+    CountValues(state);
+}
+
 void RapidLookUp(State& state)
 {
     const RapidTree tree;
@@ -321,6 +340,7 @@ BENCHMARK(RapidWrite)->Name("settings/serialise/rapidjson");
 BENCHMARK(QtWrite)->Name("settings/serialise/qt6_cbor");
 BENCHMARK(CoreKitRead)->Name("settings/deserialise/corekit");
 BENCHMARK(RapidRead)->Name("settings/deserialise/rapidjson");
+BENCHMARK(RapidReadInPlace)->Name("settings/deserialise/rapidjson_in_place");
 BENCHMARK(QtRead)->Name("settings/deserialise/qt6_cbor");
 BENCHMARK(CoreKitLookUp)->Name("settings/lookup/corekit");
 BENCHMARK(RapidLookUp)->Name("settings/lookup/rapidjson");

@@ -126,7 +126,10 @@ inline std::uint32_t equalBytes(Bytes16 a, Bytes16 b) { return highBits(std::bit
 // Small letters for A to Z.
 inline Bytes16 foldedBytes(Bytes16 bytes)
 {
-    return bytes | ((bytes > spreadByte('A' - 1)) & (bytes < spreadByte('Z' + 1)) & spreadByte(0x20));
+    using Numbers8 [[gnu::vector_size(16)]] = std::uint8_t;
+    constexpr std::uint8_t toLowest = 128 - 'A'; // A becomes -128, Z the 25th after it
+    const auto moved = std::bit_cast<Bytes16>(std::bit_cast<Numbers8>(bytes) + toLowest);
+    return bytes | ((moved < spreadByte(128 + 26)) & spreadByte(0x20));
 }
 
 // 8 bytes to 8 units; how many at the front were ASCII. What is written behind those means nothing.

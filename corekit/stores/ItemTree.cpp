@@ -28,6 +28,15 @@ TreeBranch* MakeBranch(unsigned level)
 
 } // namespace
 
+// From the last 64 to the first.
+NamedItem* TreeBunch::FindLastAmongMany(NameKey name) const
+{
+    std::uint32_t from = (size - 1) / 64 * 64;
+    NamedItem* found = FindLastIn64(from, size - from, name);
+    for (; !found && from > 0; from -= 64) found = FindLastIn64(from - 64, 64, name);
+    return found;
+}
+
 std::uint32_t TreeBunch::IndexOf(const NamedItem* item) const
 {
     std::uint32_t i = size - 1;
@@ -152,11 +161,8 @@ void ItemTree<order>::Add(TreeNode*& link, unsigned level, const Newcomer& newco
         Part(link, level);
     if (link->level == 0) {
         TreeBunch& bunch = OwnBunch(link, link->size + 1);
-        bunch.Tags()[bunch.size] = TagOf(newcomer.hash);
-        bunch.Items()[bunch.size] = newcomer.item;
         if constexpr (order == TreeOrder::Hash) bunch.Arrivals()[bunch.size] = newcomer.arrival;
-        ++bunch.size;
-        return;
+        return bunch.Push(newcomer.item, newcomer.hash);
     }
     TreeBranch& branch = OwnBranch(link);
     Add(branch.below[Way<order>(newcomer.Path(), level)], level - 1, newcomer);

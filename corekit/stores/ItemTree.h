@@ -8,6 +8,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <limits>
 #include <utility>
 
 namespace corekit::detail {
@@ -37,10 +38,16 @@ struct TreeBunch : TreeNode {
     // When each came to its list; only where the path is the hash.
     std::uint64_t* Arrivals() { return reinterpret_cast<std::uint64_t*>(Items() + room); }
 
+    void Push(NamedItem* item, std::uint32_t hash) // into room that is there
+    {
+        Tags()[size] = TagOf(hash);
+        Items()[size++] = item;
+    }
     NamedItem* FindLast(const NameKey& name) const
     {
-        if (room > 16) return FindLastAmongMany(name);
-        return LastOfName(EqualTags(0, name) & ((1u << size) - 1), 0, name);
+        if (room <= 16) return LastOfName(EqualTags(0, name) & ((1u << size) - 1), 0, name);
+        if (size <= 64) return FindLastIn64(0, size, name);
+        return FindLastAmongMany(name);
     }
     std::uint32_t IndexOf(const NamedItem* item) const; // which is there
 
@@ -53,22 +60,22 @@ private:
     template <class Bits>
     NamedItem* LastOfName(Bits candidates, std::uint32_t from, const NameKey& name) const
     {
-        for (; candidates != 0; candidates ^= std::bit_floor(candidates)) {
-            NamedItem* item = Items()[from + std::bit_width(candidates) - 1];
+        constexpr int highest = std::numeric_limits<Bits>::digits - 1;
+        while (candidates != 0) {
+            const int i = highest - std::countl_zero(candidates);
+            NamedItem* item = Items()[from + static_cast<unsigned>(i)];
             if (item->Has(name)) return item;
+            candidates ^= Bits{1} << i;
         }
         return nullptr;
     }
-    // From the last 64 to the first.
-    NamedItem* FindLastAmongMany(const NameKey& name) const
+    NamedItem* FindLastIn64(std::uint32_t from, std::uint32_t count, const NameKey& name) const
     {
-        for (std::uint32_t begin = (size - 1) / 64 * 64, left = size - begin;; begin -= 64, left = 64) {
-            const auto equal = [&](unsigned i) { return std::uint64_t{EqualTags(begin + i, name)} << i; };
-            const std::uint64_t candidates = equal(0) | equal(16) | equal(32) | equal(48);
-            NamedItem* found = LastOfName(candidates & ~std::uint64_t{0} >> (64 - left), begin, name);
-            if (found || begin == 0) return found;
-        }
+        const auto equal = [&](unsigned i) { return std::uint64_t{EqualTags(from + i, name)} << i; };
+        const std::uint64_t candidates = equal(0) | equal(16) | equal(32) | equal(48);
+        return LastOfName(candidates & ~std::uint64_t{0} >> (64 - count), from, name);
     }
+    NamedItem* FindLastAmongMany(NameKey name) const;
 };
 
 enum class TreeOrder { Arrival, Hash };
@@ -105,6 +112,13 @@ public:
 
     // For an empty tree that will have so many items.
     void Reserve(std::uint32_t count);
+    // The only bunch, if it has room and no other tree sees it.
+    TreeBunch* OnlyBunchWithRoom() const
+    {
+        if (!m_root || m_root->level > 0 || m_root->shares.IsShared()) return nullptr;
+        auto* bunch = static_cast<TreeBunch*>(m_root);
+        return bunch->size < bunch->room ? bunch : nullptr;
+    }
     // Leaves the tree as it was when there is no memory.
     void Add(NamedItem* item, std::uint32_t hash, std::uint64_t arrival);
     // The bunch at the end of a path, with no other tree that sees it. It has an item.

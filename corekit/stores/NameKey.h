@@ -14,7 +14,7 @@ namespace corekit::detail {
 struct ShortText {
     COREKIT_READS_WHOLE_BLOCKS explicit ShortText(const char* text)
     {
-        if (!isInOnePage(text, sizeof block)) return;
+        if (!isInOnePage(text, sizeof(Bytes16))) return;
         block = std::bit_cast<Bytes16>(anyBlock(text));
         const std::uint32_t zeros = equalBytes(block, Bytes16{});
         isWhole = zeros != 0;
@@ -50,7 +50,10 @@ public:
     {
         if (size != m_size) return false;
         if (size > readable) return AreLongNamesSame(name, m_name, size);
-        return (equalBytes(foldedBytes(loadBytes(name)), m_folded) | ~0u << size) == ~0u;
+        const Bytes16 other = loadBytes(name);
+        const std::uint32_t behind = ~0u << size;
+        if ((equalBytes(other, m_block) | behind) == ~0u) return true; // mostly the case is the same, too
+        return (equalBytes(foldedBytes(other), foldedBytes(m_block)) | behind) == ~0u;
     }
 
 private:
@@ -74,16 +77,16 @@ private:
         static constexpr std::uint8_t masks[32] = {255, 255, 255, 255, 255, 255, 255, 255,
                                                    255, 255, 255, 255, 255, 255, 255, 255};
         m_size = size;
+        m_block = block;
         m_mixed = seed.start ^ size;
-        m_folded = foldedBytes(block & loadBytes(masks + readable - size));
-        Mix(m_folded);
+        Mix(foldedBytes(block & loadBytes(masks + readable - size)));
     }
     void SetLong(std::size_t size);
     static bool AreLongNamesSame(const char* a, const char* b, std::size_t size);
 
     const char* m_name;
     std::size_t m_size;
-    Bytes16 m_folded; // of a short name, with zeros behind it
+    Bytes16 m_block; // of a short name, and whatever is behind it
     std::uint64_t m_mixed;
 };
 

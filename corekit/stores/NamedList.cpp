@@ -47,7 +47,7 @@ void NamedList::IndexByHash()
     m_arrivals = bunch.size;
 }
 
-void NamedList::Append(NamedItem::Ref item, std::uint32_t hash)
+void NamedList::AppendToTree(NamedItem::Ref item, std::uint32_t hash)
 {
     if (!m_byHash.Root() && Count() == ItemTree<TreeOrder::Arrival>::bunchSize) IndexByHash();
     m_byArrival.Add(item.get(), hash, m_arrivals);

@@ -7,6 +7,7 @@
 #include "corekit/stores/ItemTree.h"
 
 #include <cstdint>
+#include <utility>
 
 namespace corekit::detail {
 
@@ -28,7 +29,12 @@ public:
 
     // For an empty list that will have so many items.
     void Reserve(std::uint32_t count) { m_byArrival.Reserve(count); }
-    void Append(NamedItem::Ref item, std::uint32_t hash);
+    void Append(NamedItem::Ref item, std::uint32_t hash)
+    {
+        TreeBunch* bunch = m_byHash.Root() ? nullptr : m_byArrival.OnlyBunchWithRoom();
+        if (!bunch) return AppendToTree(std::move(item), hash);
+        bunch->Push(item.release(), hash);
+    }
     void Replace(NamedItem& item, std::uint32_t hash, NamedItem::Ref by);
     void Remove(NamedItem& item);
     // The item, made this list's own, so that its bytes may change.
@@ -49,6 +55,7 @@ private:
     // What names are looked up in.
     const TreeNode* Root() const { return m_byHash.Root() ? m_byHash.Root() : m_byArrival.Root(); }
     static NamedItem* FindIn(const TreeNode* root, const NameKey& name);
+    void AppendToTree(NamedItem::Ref item, std::uint32_t hash);
     void IndexByHash();
     std::uint64_t ArrivalOf(const NamedItem& item, std::uint32_t hash);
 

@@ -79,7 +79,7 @@ void Narrow(std::string_view data, Text& value)
 } // namespace
 
 template <class Use>
-auto CPropertyStore::Look(Use use) const
+[[gnu::always_inline]] inline auto CPropertyStore::Look(Use use) const
 {
     return WithMemoryException([&] {
         const Body* body = m_body.load(std::memory_order_acquire); // before the look at who else changes it
@@ -87,7 +87,8 @@ auto CPropertyStore::Look(Use use) const
             return use(body);
         const Hold hold(*this);
         DropKept();
-        return use(static_cast<const Body*>(m_body.load(std::memory_order_relaxed)));
+        body = m_body.load(std::memory_order_relaxed);
+        return use(body);
     });
 }
 
@@ -99,7 +100,7 @@ auto CPropertyStore::Change(Use use)
 }
 
 template <class Use>
-int CPropertyStore::WithValue(const char* name, Use use) const
+[[gnu::always_inline]] inline int CPropertyStore::WithValue(const char* name, Use use) const
 {
     return Look([&](const Body* body) {
         const NamedItem* value = body ? body->Values().Find(name) : nullptr;

@@ -7,11 +7,12 @@
 // A set on a name that is there keeps the type of the value, whatever is set: keep a name to one type.
 //
 // Nobody gets a pointer into a store. To change a nested store, get it, change it, and set it back. A copy
-// costs next to nothing: copies share their content until one of them is changed.
+// costs next to nothing, and a change to it costs what it changes, however much the two share.
 //
-// The store's lock guards each operation but reading, writing, copying and the lists of names; those want
-// that no other thread changes the store meanwhile. Null names and texts are empty ones. Exhausted memory
-// throws the memory exception.
+// Each operation is one step for other threads, but for reading a stream, writing one and copying: those want
+// that no other thread changes the store meanwhile. The store's lock sees to it; the thread that made the
+// store looks without it as long as no other one has changed the store. Null names and texts are empty ones.
+// Exhausted memory throws the memory exception.
 #pragma once
 
 #include "corekit/foundation/CriticalObject.h"

@@ -1,6 +1,7 @@
 #include "corekit/stores/PropertyStoreBody.h"
 
 #include "corekit/foundation/TextConversion.h"
+#include "corekit/platform/TextVector.h"
 
 #include <algorithm>
 #include <cstring>
@@ -15,8 +16,18 @@ constexpr DWORD emptyForm = 12; // the size of a form without elements
 // Takes apart bytes that were checked before.
 class FormParser {
 public:
-    explicit FormParser(const PackedForm& form) : m_form(form), m_at(form.get()) { Get<DWORD>(); }
+    explicit FormParser(const PackedForm& form) : m_form(form), m_at(form.get())
+    {
+        m_end = form.get() + Get<DWORD>();
+    }
 
+    void AppendTo(NamedList& stores, NamedList& values)
+    {
+        AppendStores(stores);
+        AppendValues(values);
+    }
+
+private:
     void AppendStores(NamedList& stores)
     {
         auto left = Get<DWORD>();
@@ -25,24 +36,20 @@ public:
 
     void AppendValues(NamedList& values)
     {
-        auto left = Get<DWORD>();
-        values.Reserve(left);
-        while (left > 0) {
-            const DWORD some = std::min<DWORD>(left, 16);
-            ItemSlab slab(SizeOfSmallOnes(some));
-            for (DWORD i = 0; i < some; ++i) Append(values, Value(slab));
-            left -= some;
-        }
+        const auto count = Get<DWORD>();
+        values.Reserve(count);
+        ItemSlab slab;
+        for (DWORD left = count; left > 0; --left) Append(values, Value(slab, left));
     }
 
-private:
     static void Append(NamedList& list, NamedItem::Ref item)
     {
         const std::uint32_t hash = item->Hash();
         list.Append(std::move(item), hash);
     }
 
-    static constexpr std::size_t small = 512; // what one value may keep in memory for another
+    // What one value may keep in memory for another.
+    static constexpr std::size_t small = 512, slabSize = 2048;
 
     template <class T>
     T Get()
@@ -59,13 +66,10 @@ private:
         return taken;
     }
 
-    std::string_view Bytes(std::size_t size) { return {reinterpret_cast<const char*>(Take(size)), size}; }
-
     NamedItem::Ref Store()
     {
         const auto units = Get<WORD>();
-        m_name.resize(units);
-        const std::string_view name = Name(units, m_name.data());
+        const std::string_view name = Name(units, RoomForName(units));
         const BYTE* begin = m_at;
         const auto size = Get<DWORD>();
         m_at = begin + size;
@@ -73,56 +77,64 @@ private:
         return NamedItem::Make(name, ItemContent::Ref(new PropertyStoreBody({m_form, begin})));
     }
 
-    // What the small ones among the next values take in a slab if all names are plain.
-    std::size_t SizeOfSmallOnes(DWORD count)
-    {
-        const BYTE* begin = m_at;
-        std::size_t all = 0;
-        for (DWORD i = 0; i < count; ++i) {
-            const auto units = Get<WORD>();
-            Take(units * sizeof(WCHAR) + sizeof(DWORD));
-            const auto size = Get<DWORD>();
-            Take(size);
-            if (const std::size_t one = ItemSlab::SizeOf(units, size); one <= small) all += one;
-        }
-        m_at = begin;
-        return all;
-    }
-
-    NamedItem::Ref Value(ItemSlab& slab)
+    NamedItem::Ref Value(ItemSlab& slab, DWORD left)
     {
         const auto units = Get<WORD>();
-        const BYTE* behindName = m_at + units * sizeof(WCHAR);
         DWORD size;
-        std::memcpy(&size, behindName + sizeof(DWORD), sizeof size);
-        const bool isSmall = ItemSlab::SizeOf(units, size) <= small;
-        if (!isSmall) m_name.resize(units);
-        const std::string_view name = Name(units, isSmall ? slab.NameRoom() : m_name.data());
+        std::memcpy(&size, m_at + units * sizeof(WCHAR) + sizeof(DWORD), sizeof size);
+        const std::size_t room = ItemSlab::SizeOf(units, size);
+        const bool isSmall = room <= small;
+        if (isSmall && room > slab.Left()) slab.Start(std::min(slabSize, MostOf(left)));
+        const std::string_view name = Name(units, isSmall ? slab.NameRoom() : RoomForName(units));
         const auto type = Get<DWORD>();
-        const std::string_view data = Bytes(Get<DWORD>());
-        if (name.data() == slab.NameRoom()) return slab.Make(name, type, data);
-        return NamedItem::Make(name, type, data);
+        const BYTE* data = Take(Get<DWORD>());
+        if (isSmall && name.data() == slab.NameRoom()) return slab.Make(units, type, data, size);
+        return NamedItem::Make(name, type, {reinterpret_cast<const char*>(data), size});
     }
 
-    // Writes a name of so many units there if it is plain, else into m_name.
+    // No less than what the values that are left take as items, from the one whose name comes next.
+    std::size_t MostOf(DWORD left) const
+    {
+        constexpr std::size_t form = sizeof(WORD) + 2 * sizeof(DWORD); // of a value without name and data
+        const auto bytes = static_cast<std::size_t>(m_end - m_at) + sizeof(WORD);
+        return bytes + left * (ItemSlab::SizeOf(0, 0) - form);
+    }
+
+    // Writes a name of so many units there, and some bytes more, if it is plain; else into m_name.
     std::string_view Name(std::size_t units, char* to)
     {
         const BYTE* from = Take(units * sizeof(WCHAR));
-        unsigned notPlain = 0;
-        for (std::size_t i = 0; i < units; ++i) {
-            WORD unit;
-            std::memcpy(&unit, from + i * sizeof unit, sizeof unit);
-            notPlain |= unit == 0 ? 0x80u : unit;
-            to[i] = static_cast<char>(unit);
-        }
-        if (notPlain < 0x80) return {to, units};
+        if (NarrowPlain(from, units, to)) return {to, units};
         std::u16string wide(units, u'\0');
         std::memcpy(wide.data(), from, units * sizeof(WCHAR));
         return m_name = NarrowText(wide).c_str(); // a name ends at a zero
     }
 
+    // Reads and writes whole blocks of eight characters. False for a zero or one beyond ASCII.
+    static bool NarrowPlain(const BYTE* from, std::size_t units, char* to)
+    {
+        using Bytes8 = std::uint8_t __attribute__((vector_size(8)));
+        constexpr Units lanes{0, 1, 2, 3, 4, 5, 6, 7};
+        Units odd{};
+        for (std::size_t at = 0; at < units; at += 8) {
+            const Units block = loadUnits(from + at * sizeof(WCHAR));
+            const auto left = static_cast<char16_t>(std::min<std::size_t>(units - at, 8));
+            const auto isName = std::bit_cast<Units>(lanes < spreadUnit(left));
+            odd |= (block | (block - spreadUnit(1))) & isName;
+            const auto bytes = __builtin_convertvector(block, Bytes8);
+            std::memcpy(to + at, &bytes, sizeof bytes);
+        }
+        return markBits(zeroUnits(odd & spreadUnit(0xFF80))) == 0xFFFF;
+    }
+
+    char* RoomForName(std::size_t units)
+    {
+        m_name.resize(units + ItemSlab::slack);
+        return m_name.data();
+    }
+
     const PackedForm& m_form;
-    const BYTE* m_at;
+    const BYTE *m_at, *m_end;
     std::string m_name;
 };
 
@@ -166,12 +178,16 @@ PropertyStoreBody::PropertyStoreBody(const PropertyStoreBody& source) : ItemCont
     m_stores = source.m_stores;
     if (!turn) return;
     m_packed = source.m_packed;
+    m_morePacked = source.m_morePacked;
     m_state.store(packed, std::memory_order_relaxed);
 }
 
 void PropertyStoreBody::Append(PackedForm form)
 {
-    m_packed.push_back(std::move(form));
+    if (m_packed)
+        m_morePacked.push_back(std::move(form));
+    else
+        m_packed = std::move(form);
     m_state.store(packed, std::memory_order_relaxed);
 }
 
@@ -180,14 +196,12 @@ void PropertyStoreBody::Unpack() const
     Turn turn(*this);
     if (!turn) return; // another thread was faster
     NamedList stores = m_stores, values = m_values;
-    for (const PackedForm& form : m_packed) {
-        FormParser parser(form);
-        parser.AppendStores(stores);
-        parser.AppendValues(values);
-    }
+    FormParser(m_packed).AppendTo(stores, values);
+    for (const PackedForm& form : m_morePacked) FormParser(form).AppendTo(stores, values);
     m_stores = std::move(stores);
     m_values = std::move(values);
     m_packed = {};
+    m_morePacked = {};
     turn.LeaveOpen();
 }
 

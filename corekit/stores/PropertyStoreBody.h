@@ -20,7 +20,7 @@ using PackedForm = std::shared_ptr<const BYTE>;
 class PropertyStoreBody final : public ItemContent {
 public:
     PropertyStoreBody() = default;
-    explicit PropertyStoreBody(PackedForm form) { Append(std::move(form)); }
+    explicit PropertyStoreBody(PackedForm form) : m_state(packed), m_packed(std::move(form)) {}
     PropertyStoreBody(const PropertyStoreBody& source);
 
     // Look at the content, which other threads may do at the same time. Throw bad_alloc when there is no
@@ -48,7 +48,8 @@ private:
 
     mutable std::atomic<int> m_state = open;
     mutable NamedList m_values, m_stores;
-    mutable std::vector<PackedForm> m_packed; // what follows in the lists
+    mutable PackedForm m_packed;                  // what follows in the lists
+    mutable std::vector<PackedForm> m_morePacked; // and behind it, where several were read without a look
     PropertyStoreBody* m_nextToEnd = nullptr;
 };
 

@@ -160,15 +160,16 @@ private:
     void Grow(std::size_t size)
     {
         constexpr std::size_t large = 8 << 20, step = 1 << 20;
-        const std::size_t more = m_room < large ? m_room / 2 : std::max<std::size_t>(m_left, step);
-        SetRoom(m_end + std::max(size, more));
+        const std::size_t rest = std::max<std::size_t>(m_left, step);
+        SetRoom(m_end + std::max(size, m_room < large ? std::min(3 * m_room, rest) : rest));
     }
 
-    // With a count more than asked for, which a form that was cut short may need.
+    // With some bytes more than asked for: a form that was cut short may need another count, and names are
+    // unpacked by whole blocks.
     void SetRoom(std::size_t room)
     {
         if (room > std::numeric_limits<DWORD>::max()) throw std::length_error("property store");
-        void* bytes = std::realloc(m_bytes.get(), room + sizeof(DWORD));
+        void* bytes = std::realloc(m_bytes.get(), room + corekit::detail::ItemSlab::slack);
         if (!bytes) throw std::bad_alloc();
         static_cast<void>(m_bytes.release());
         m_bytes.reset(static_cast<BYTE*>(bytes));
