@@ -3,6 +3,7 @@
 with * where it is over the curve's goal."""
 import argparse
 import collections
+import colorsys
 import math
 import os
 import subprocess
@@ -10,9 +11,7 @@ import tempfile
 
 import page
 
-COLOURS = ["#2f7ed8", "#d1602a", "#3d9a50", "#b0409a", "#b8930e", "#18a0a8", "#d6405a", "#7a62c9", "#7c8b1d",
-           "#96663a", "#5d86a0", "#e0559a"]
-LEFT, TOP, PLOT_WIDTH, PLOT_HEIGHT, NAMES, LINE = 50, 34, 430, 430, 330, 15  # of the picture, in pixels
+LEFT, TOP, PLOT_WIDTH, PLOT_HEIGHT, NAMES, LINE = 50, 34, 430, 430, 390, 15  # of the picture, in pixels
 
 
 def measure(program, names):
@@ -75,6 +74,14 @@ def spread(wanted, bottom):
     return places
 
 
+def colour_of(i):
+    """One each, neighbours far apart, as bright as can be read on white and on black."""
+    bright = (0.40, 0.5)[i % 2]
+    shades = (colorsys.hls_to_rgb(i * 0.618 % 1, light / 100, 0.65) for light in range(15, 85))
+    best = min(shades, key=lambda rgb: abs(0.299 * rgb[0] + 0.587 * rgb[1] + 0.114 * rgb[2] - bright))
+    return "#" + "".join(f"{round(part * 255):02x}" for part in best)
+
+
 def picture(curves):
     """Lines over logarithmic axes, each with its name behind its end."""
     counts = all_counts(curves)
@@ -106,7 +113,7 @@ def picture(curves):
     by_end = sorted(curves.items(), key=lambda curve: y(curve[1][1][max(curve[1][1])]))
     ends = spread([y(measured[max(measured)]) for _, (_, measured) in by_end], bottom)
     for i, ((name, (_, measured)), end) in enumerate(zip(by_end, ends)):
-        colour, last = COLOURS[i % len(COLOURS)], max(measured)
+        colour, last = colour_of(i), max(measured)
         points = " ".join(f"{x(count):.1f},{y(value):.1f}" for count, value in measured.items())
         drawn.append(f'<polyline points="{points}" fill="none" stroke="{colour}" stroke-width="2"/>'
                      f'<line x1="{x(last):.1f}" y1="{y(measured[last]):.1f}" x2="{right + 12}" y2="{end:.1f}" '
@@ -129,4 +136,5 @@ def main():
         page.write_growth(given.write, table(curves))
 
 
-main()
+if __name__ == "__main__":
+    main()
