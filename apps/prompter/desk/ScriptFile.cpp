@@ -5,6 +5,7 @@
 #include "corekit/platform/ReplacedFile.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -82,6 +83,7 @@ void ScriptFile::Open(const std::string& path)
     m_isRecovered = false;
     m_path = path;
     m_stamp = stamp;
+    EndKeeping();
     m_recovery.emplace(m_folder, path);
     m_keptVersion = m_script.Version();
 }
@@ -123,7 +125,7 @@ void ScriptFile::SaveAs(const std::string& path)
     if (path != m_path && (!m_isExact || !EncodeScript(m_script.Text(), m_form))) m_form = {};
     Write(path);
     if (path != m_path) {
-        m_recovery->Drop();
+        DropUnsaved();
         m_path = path;
         m_recovery.emplace(m_folder, path);
     }
@@ -142,15 +144,34 @@ void ScriptFile::Write(const std::string& path)
     m_script.MarkSaved();
     m_isRecovered = false;
     m_keptVersion = m_script.Version();
-    m_recovery->Drop();
+    DropUnsaved();
 }
 
 bool ScriptFile::KeepUnsaved()
 {
-    if (m_script.Version() == m_keptVersion) return true;
-    if (!m_recovery->Keep(m_script.Text())) return false;
+    constexpr std::uint64_t none = ~std::uint64_t{0};
+    const bool isRunning =
+        m_keeping.valid() && m_keeping.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+    if (isRunning) return m_isKept;
+    if (m_keeping.valid()) m_isKept = m_keeping.get();
+    if (!m_isKept) m_keptVersion = none; // again
+    if (m_script.Version() == m_keptVersion) return m_isKept;
     m_keptVersion = m_script.Version();
-    return true;
+    m_keeping =
+        std::async(std::launch::async, [this, text = m_script.Text()] { return m_recovery->Keep(text); });
+    return m_isKept;
+}
+
+void ScriptFile::EndKeeping()
+{
+    if (m_keeping.valid()) m_keeping.get();
+    m_isKept = true;
+}
+
+void ScriptFile::DropUnsaved()
+{
+    EndKeeping();
+    m_recovery->Drop();
 }
 
 } // namespace prompter

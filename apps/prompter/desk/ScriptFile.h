@@ -5,6 +5,7 @@
 #include "model/Script.h"
 #include "model/ScriptText.h"
 
+#include <future>
 #include <optional>
 #include <string>
 
@@ -28,9 +29,10 @@ public:
     void SaveAs(const std::string& path);
     // Whether another program has written to the file since it was opened or saved.
     bool IsChangedOnDisk() const;
-    // Keeps the text if it has changed since it was last kept or saved; false if that cannot be done.
+    // Keeps the text if it has changed since it was last kept or saved. The disk is waited for on a thread,
+    // so that nothing stands still meanwhile; false if it could not be done the last time.
     bool KeepUnsaved();
-    void DropUnsaved() { m_recovery->Drop(); }
+    void DropUnsaved();
 
     Script& TheScript() { return m_script; }
     const std::string& Path() const { return m_path; }
@@ -38,6 +40,7 @@ public:
 
 private:
     void Write(const std::string& path);
+    void EndKeeping();
     // Of the file as it is on the disk, zeros without one.
     struct Stamp {
         std::uint64_t size = 0;
@@ -53,6 +56,8 @@ private:
     bool m_isExact = true, m_isRecovered = false;
     std::optional<Recovery> m_recovery; // once a script is open
     Stamp m_stamp;
+    bool m_isKept = true;
+    std::future<bool> m_keeping; // uses m_recovery
     std::uint64_t m_keptVersion = 0;
 };
 
