@@ -101,7 +101,6 @@
 #include "corekit/platform/DialogTemplate.h"
 #include "corekit/platform/Dibs.h"
 #include "corekit/platform/Displays.h"
-#include "corekit/platform/DragHover.h"
 #include "corekit/platform/Edits.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/EventLog.h"

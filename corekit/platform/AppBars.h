@@ -20,7 +20,9 @@ inline constexpr UINT ABE_LEFT = 0, ABE_TOP = 1, ABE_RIGHT = 2, ABE_BOTTOM = 3;
 struct APPBARDATA {
     DWORD cbSize;
     HWND hWnd;
-    UINT uCallbackMessage; // ABM_NEW: posted with ABN_POSCHANGED when another bar has changed
+    UINT uCallbackMessage; // ABM_NEW: posted with ABN_POSCHANGED when another bar has changed, and on an X11
+                           // desktop with ABN_FULLSCREENAPP when the first window of any program that covers
+                           // the whole screen has come (lParam 1) and when the last one has gone (0)
     UINT uEdge;            // ABE_; any other one stands for no strip
     RECT rc;               // asked for and, trimmed to what is free along the edge, given
     LPARAM lParam;         // ABM_SETAUTOHIDEBAR: whether to take the edge or to give it back

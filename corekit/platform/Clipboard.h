@@ -10,8 +10,8 @@
 //
 // What was set goes out at CloseClipboard. Text in one of the two text formats can be read in the other as
 // well. Blocks are global memory (Memory.h): what is set belongs to the clipboard from then on, what is got
-// stays the clipboard's and is good until it is closed. A program that owns the data and does not answer
-// makes reading fail after some seconds. User-interface thread.
+// stays the clipboard's and is good until it is closed. What a program holds that does not answer
+// within a quarter of a second is as if it were not there. User-interface thread.
 #pragma once
 
 #include "corekit/platform/Export.h"

@@ -7,8 +7,8 @@
 // WM_NOTIFY.
 //
 // Text: narrow text is in the active code page. Where a message has a twin whose name ends in W, that one
-// takes wide text; a name without a letter is the narrow form. The text of a control itself goes by
-// SetWindowTextW.
+// takes wide text; a name without a letter is the narrow form, or the wide one when it is sent by
+// SendMessageW. The text of a control itself goes by SetWindowTextW, too.
 //
 // Colours, fonts at the beginning and sizes of parts follow the theme. User-interface thread only.
 #pragma once

@@ -8,6 +8,7 @@
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
 
+#include <functional>
 #include <initializer_list>
 #include <string_view>
 
@@ -45,6 +46,9 @@ COREKIT_API void TurnWheel(HWND window, POINT point, int delta);
 // Drags from elsewhere to the point and lets go there; whether it was taken.
 COREKIT_API bool DropText(HWND window, POINT point, std::u16string_view text);
 COREKIT_API bool DropFiles(HWND window, POINT point, std::initializer_list<const char*> names);
+// Drags a text there and holds it until the condition is true, for half a minute at most; then drags it out.
+COREKIT_API void HoldTextOver(HWND window, POINT point, std::u16string_view text,
+                              const std::function<bool()>& until);
 // Drags a text there and on, out of the window again.
 COREKIT_API void DragTextAcross(HWND window, POINT point, std::u16string_view text);
 

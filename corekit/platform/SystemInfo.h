@@ -63,12 +63,21 @@ COREKIT_API BOOL ProcessIdToSessionId(DWORD processId, DWORD* sessionId);
 // Whether the process runs as the superuser, or with the rights of a group that looks after the machine.
 COREKIT_API BOOL IsUserAnAdmin();
 
-inline constexpr UINT SPI_GETWORKAREA = 0x30;
-// SPI_GETWORKAREA alone: the part of the main screen that bars leave free, a RECT. 0 while no window library
-// with an application is there to ask.
+inline constexpr UINT SPI_SETDRAGFULLWINDOWS =
+    0x25; // parameter: whether windows show what they hold while they move
+inline constexpr UINT SPI_GETDRAGFULLWINDOWS =
+    0x26; // a BOOL: as it was set in this program, else as the desktop has it
+inline constexpr UINT SPI_GETWORKAREA = 0x30; // a RECT: the part of the main screen that bars leave free
+// 0 for any other action, for null data, and for SPI_GETWORKAREA while no window library with an application
+// is there to ask. Nothing is written to the desktop's own settings.
 COREKIT_API BOOL SystemParametersInfoA(UINT action, UINT parameter, void* data, UINT notify);
 
 namespace corekit::detail {
-// How the window library tells the work area; null takes it away.
-COREKIT_API void SetWorkAreaSource(bool (*source)(RECT& area));
+// How the window library tells the work area, and whether the desktop lets windows move before the eyes; null
+// takes it away.
+struct DesktopSource {
+    bool (*workArea)(RECT& area);
+    bool (*animates)();
+};
+COREKIT_API void SetDesktopSource(const DesktopSource* source);
 } // namespace corekit::detail

@@ -145,6 +145,9 @@ COREKIT_API int GetWindowTextA(HWND window, char* buffer, int size);
 COREKIT_API int GetWindowTextW(HWND window, WCHAR* buffer, int size);
 COREKIT_API int GetWindowTextLengthA(HWND window);
 COREKIT_API int GetWindowTextLengthW(HWND window);
+// As SendMessageA, for messages that carry text without a W in their name: WM_SETTEXT and its like, EM_, LB_
+// and CB_ messages. Their text is wide here, and lengths count its units. What has no text goes as it is.
+COREKIT_API LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 namespace corekit::detail {
 // Called with each new handle before its first message; null for nobody. Returns the one before. The class

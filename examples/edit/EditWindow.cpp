@@ -27,6 +27,7 @@ BEGIN_MESSAGE_MAP(EditWindow, CWnd)
 ON_WM_SIZE()
 ON_WM_SETFOCUS()
 ON_WM_DESTROY()
+ON_WM_SYSCOLORCHANGE()
 ON_CONTROL(CBN_SELCHANGE, keyboardsId, &EditWindow::OnKeyboardChosen)
 ON_CONTROL(CBN_SELCHANGE, facesId, &EditWindow::OnFaceChosen)
 END_MESSAGE_MAP()
@@ -60,7 +61,14 @@ bool EditWindow::MakeControls()
     CRect client;
     GetClientRect(&client);
     OnSize(0, client.right, client.bottom);
+    OnSysColorChange();
     return made;
+}
+
+// The text follows the desktop, also to dark and back.
+void EditWindow::OnSysColorChange()
+{
+    m_text.SetColours(GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW));
 }
 
 void EditWindow::OnSize(UINT how, int width, int height)

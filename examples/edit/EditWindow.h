@@ -24,6 +24,7 @@ protected:
     void OnSize(UINT how, int width, int height);
     void OnSetFocus(CWnd* before);
     void OnDestroy();
+    void OnSysColorChange();
     void OnKeyboardChosen();
     void OnFaceChosen();
     DECLARE_MESSAGE_MAP()

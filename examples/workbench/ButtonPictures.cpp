@@ -40,10 +40,10 @@ bool Cells(double x, double y) { return std::fmod(x, 0.45) > 0.1 && std::fmod(y,
 bool Rows(double x, double y) { return x > 0.12 && x < 0.88 && std::fmod(y, 0.25) > 0.12; }
 bool Columns(double x, double y) { return Rows(x, y) && std::abs(x - 0.5) > 0.06; }
 
-constexpr Picture pictures[pictureCount] = {{Page, 0x3465A4},   {Folder, 0xC4A000}, {Disk, 0x204A87},
-                                            {Play, 0x4E9A06},   {Stop, 0xA40000},   {Faster, 0x555753},
-                                            {Slower, 0x555753}, {Mark, 0xCE5C00},   {Cells, 0x75507B},
-                                            {Rows, 0x75507B},   {Columns, 0x75507B}};
+constexpr Picture pictures[pictureCount] = {{Page, 0x5288CC},   {Folder, 0xC4A000}, {Disk, 0x5C7FB8},
+                                            {Play, 0x4E9A06},   {Stop, 0xD03030},   {Faster, 0x80837C},
+                                            {Slower, 0x80837C}, {Mark, 0xCE5C00},   {Cells, 0xA078A8},
+                                            {Rows, 0xA078A8},   {Columns, 0xA078A8}};
 constexpr DWORD nothing = 0xC0C0C0;
 
 } // namespace

@@ -2,10 +2,17 @@
 
 #include "Commands.h"
 
+#include "corekit/windows/controls/ui/MenuHelpersEx.h"
+
 #include <ctime>
 
 BEGIN_MESSAGE_MAP(ClockBar, CAppBar)
 ON_WM_TIMER()
+ON_WM_CONTEXTMENU()
+ON_COMMAND(clockHides, &ClockBar::OnHides)
+ON_UPDATE_COMMAND_UI(clockHides, &ClockBar::OnUpdateHides)
+ON_COMMAND(clockOnTop, &ClockBar::OnStaysOnTop)
+ON_UPDATE_COMMAND_UI(clockOnTop, &ClockBar::OnUpdateStaysOnTop)
 END_MESSAGE_MAP()
 
 namespace {
@@ -36,6 +43,26 @@ void ClockBar::OnTimer(UINT_PTR id)
 {
     if (id == clockTimer) ShowTime();
     CAppBar::OnTimer(id);
+}
+
+void ClockBar::OnContextMenu(CWnd*, CPoint point)
+{
+    CRightButtonMenu menu;
+    menu.Add(clockHides, "&Hide on the edge");
+    menu.Add(clockOnTop, "Stay on &top");
+    menu.Show(*this, point);
+}
+
+void ClockBar::OnHides()
+{
+    m_state.fAutohide = !m_state.fAutohide;
+    SetState();
+}
+
+void ClockBar::OnStaysOnTop()
+{
+    m_state.fAlwaysOnTop = !m_state.fAlwaysOnTop;
+    SetState();
 }
 
 void ClockBar::ShowTime()

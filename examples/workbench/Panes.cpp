@@ -1,5 +1,7 @@
 #include "Panes.h"
 
+#include "Commands.h"
+
 #include "corekit/framework/ui/DockBar.h"
 #include "corekit/framework/ui/ImageList.h"
 #include "corekit/framework/ui/WindowDC.h"
@@ -19,6 +21,7 @@ const Story stories[storyCount] = {
 namespace {
 
 constexpr int pictureSide = 64, clipCount = 40;
+constexpr UINT tabsId = 1, coloursId = 2;
 
 // A gradient with a disc, of another hue for each clip.
 void Paint(std::vector<BYTE>& pixels, int id)
@@ -44,11 +47,27 @@ int WholeHeight(const CDockableWindow& pane)
     return pane.m_pDockBar ? std::max(pane.m_pDockBar->GetRoom().Height() - margins, 60) : 300;
 }
 
-int ColoursPane::OnCreateContents(CREATESTRUCTA*, void*)
+BEGIN_MESSAGE_MAP(ColourPicker, CWnd)
+ON_WM_CREATE()
+ON_WM_SIZE()
+ON_COMMAND(tabsId, &ColourPicker::OnOther)
+ON_LBN_SELCHANGE(coloursId, &ColourPicker::OnColour)
+END_MESSAGE_MAP()
+
+bool ColourPicker::Create(CWnd& parent, UINT id)
 {
-    if (!m_colours.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_BORDER | LBS_NOINTEGRALHEIGHT, CRect(),
-                          this, contentsId))
-        return 0;
+    return CWnd::Create(AfxRegisterWndClass(0), "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, CRect(), &parent,
+                        id);
+}
+
+int ColourPicker::OnCreate(CREATESTRUCTA* create)
+{
+    constexpr DWORD list = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_BORDER | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT;
+    if (CWnd::OnCreate(create) == -1 || !m_for.Create(this, CRect(), tabsId) ||
+        !m_colours.Create(list, CRect(), this, coloursId))
+        return -1;
+    m_for.AddTab(u"Text");
+    m_for.AddTab(u"Ground");
     const struct {
         const char* name;
         COLORREF colour;
@@ -56,9 +75,41 @@ int ColoursPane::OnCreateContents(CREATESTRUCTA*, void*)
                    {"Blue", RGB(52, 101, 164)},   {"Red", RGB(204, 0, 0)},       {"Plum", RGB(117, 80, 123)},
                    {"Black", RGB(0, 0, 0)}};
     for (const auto& each : colours) m_colours.AddColour(each.name, each.colour);
-    m_colours.SetCurSel(1);
-    return 1;
+    OnOther();
+    return 0;
 }
+
+void ColourPicker::OnSize(UINT how, int width, int height)
+{
+    constexpr int tabs = 24;
+    CWnd::OnSize(how, width, height);
+    m_for.MoveWindow(0, 0, width, tabs);
+    m_colours.MoveWindow(0, tabs, width, std::max(0, height - tabs));
+}
+
+COLORREF ColourPicker::GetColour() const
+{
+    COLORREF colour = m_shown[IsForGround()];
+    m_colours.GetSelectedColour(colour);
+    return colour;
+}
+
+void ColourPicker::ShowColours(COLORREF text, COLORREF ground)
+{
+    m_shown[0] = text;
+    m_shown[1] = ground;
+    OnOther();
+}
+
+void ColourPicker::OnOther() { m_colours.SelectColour(m_shown[IsForGround()]); }
+
+void ColourPicker::OnColour()
+{
+    m_shown[IsForGround()] = GetColour();
+    AfxGetMainWnd()->SendMessage(WM_COMMAND, commandColour);
+}
+
+int ColoursPane::OnCreateContents(CREATESTRUCTA*, void*) { return m_picker.Create(*this, contentsId); }
 
 int PicturesPane::OnCreateContents(CREATESTRUCTA*, void*)
 {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corekit/windows/controls/ui/ColourListBox.h"
+#include "corekit/windows/controls/ui/TabBar.h"
 #include "corekit/windows/ui/DockableWindow.h"
 #include "corekit/windows/ui/MultiViewListBox.h"
 
@@ -15,9 +16,31 @@ extern const Story stories[storyCount];
 // Of the contents of a pane that stands in a dock from end to end.
 int WholeHeight(const CDockableWindow& pane);
 
+// A colour for the text of a story or for its ground: tabs above say for which. The frame hears
+// commandColour.
+class ColourPicker : public CWnd {
+public:
+    bool Create(CWnd& parent, UINT id);
+    bool IsForGround() const { return m_for.GetSelected() == 1; }
+    COLORREF GetColour() const;
+    void ShowColours(COLORREF text, COLORREF ground); // of the story that is shown now
+
+protected:
+    int OnCreate(CREATESTRUCTA* create);
+    void OnSize(UINT how, int width, int height);
+    void OnOther();
+    void OnColour();
+    DECLARE_MESSAGE_MAP()
+
+private:
+    CTabBar m_for;
+    CColourListBox m_colours;
+    COLORREF m_shown[2] = {RGB(0, 0, 0), RGB(255, 255, 255)};
+};
+
 class ColoursPane : public CDockableWindow {
 public:
-    CColourListBox m_colours;
+    ColourPicker m_picker;
 
 protected:
     int OnCreateContents(CREATESTRUCTA* create, void* parameters) override;

@@ -5,6 +5,8 @@
 
 #include "corekit/foundation/AcceleratorResource.h"
 #include "corekit/framework/Module.h"
+#include "corekit/platform/Buttons.h"
+#include "corekit/platform/Edits.h"
 #include "corekit/platform/Keyboard.h"
 #include "corekit/platform/Statics.h"
 #include "corekit/platform/WindowStyles.h"
@@ -29,6 +31,8 @@ constexpr ResourceString texts[] = {
     {commandCustomise, "Changes keys and tool bars.\nCustomise"},
     {commandClock, "Shows a clock at the edge of the screen.\nClock"},
     {commandExit, "Ends the program.\nExit"},
+    {commandFacts, "Changes what is known of the story.\nProperties"},
+    {57344, "Workbench"},
     {0xE001, "Ready"},
 };
 
@@ -43,7 +47,23 @@ constexpr auto fixedTable = AcceleratorResource(fixedKeyRows);
 
 constexpr DialogItem clockItems[] = {
     {"STATIC", "", 1001, 4, 3, 120, 12, WS_CHILD | WS_VISIBLE | SS_CENTERIMAGE, 0}};
-constexpr DialogTemplate dialogs[] = {{clockDialog, "Clock", 130, 18, WS_POPUP | WS_THICKFRAME, clockItems}};
+constexpr DWORD label = WS_CHILD | WS_VISIBLE, field = label | WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL,
+                pushed = label | WS_TABSTOP;
+constexpr DialogItem storyItems[] = {{"STATIC", "&Title:", -1, 7, 9, 60, 10, label},
+                                     {"EDIT", "", storyTitle, 70, 7, 110, 14, field},
+                                     {"STATIC", "&Begins at:", -1, 7, 28, 60, 10, label},
+                                     {"EDIT", "", storyBegin, 70, 26, 60, 14, field},
+                                     {"STATIC", "T&ext colour:", -1, 7, 47, 60, 10, label},
+                                     {"EDIT", "", storyText, 70, 45, 60, 14, field},
+                                     {"STATIC", "&Ground colour:", -1, 7, 66, 60, 10, label},
+                                     {"EDIT", "", storyGround, 70, 64, 60, 14, field},
+                                     {"STATIC", "&Channel:", -1, 7, 85, 60, 10, label},
+                                     {"EDIT", "", storyChannel, 70, 83, 60, 14, field},
+                                     {"BUTTON", "OK", 1, 76, 106, 50, 14, pushed | BS_DEFPUSHBUTTON},
+                                     {"BUTTON", "Cancel", 2, 130, 106, 50, 14, pushed}};
+constexpr DialogTemplate dialogs[] = {
+    {clockDialog, "Clock", 130, 18, WS_POPUP | WS_THICKFRAME, clockItems},
+    {storyDialog, "Story", 187, 127, WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME, storyItems}};
 
 } // namespace
 

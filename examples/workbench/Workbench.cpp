@@ -2,14 +2,10 @@
 
 #include "Commands.h"
 
-#include "corekit/commands/MacroProfile.h"
 #include "corekit/commands/ui/CommandList.h"
 #include "corekit/commands/ui/IntelliToolBar.h"
-#include "corekit/framework/Exception.h"
 #include "corekit/framework/ui/CmdUI.h"
-#include "corekit/platform/Files.h"
 #include "corekit/platform/Messages.h"
-#include "corekit/stores/FileStream.h"
 #include "corekit/windows/controls/ui/MenuHelpersEx.h"
 #include "corekit/windows/ui/DockBarEx.h"
 
@@ -28,7 +24,11 @@ ON_UPDATE_COMMAND_UI(commandPlay, &Workbench::OnUpdateRun)
 ON_UPDATE_COMMAND_UI(commandStop, &Workbench::OnUpdateHalt)
 ON_COMMAND_RANGE(commandFaster, commandSlower, &Workbench::OnSpeed)
 ON_COMMAND(commandMark, &Workbench::OnMark)
+ON_COMMAND(paneState, &Workbench::OnState)
 ON_COMMAND(paneProgress, &Workbench::OnMark)
+ON_COMMAND(commandFacts, &Workbench::OnFacts)
+ON_UPDATE_COMMAND_UI(commandFacts, &Workbench::OnUpdateFacts)
+ON_COMMAND(commandColour, &Workbench::OnColour)
 ON_COMMAND_RANGE(commandPictures, commandNames, &Workbench::OnView)
 ON_UPDATE_COMMAND_UI_RANGE(commandPictures, commandNames, &Workbench::OnUpdateView)
 ON_COMMAND(commandCustomise, &Workbench::OnCustomise)
@@ -82,25 +82,6 @@ void AddMenu(CMenu& bar, const char* title, std::initializer_list<std::pair<UINT
     bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(menu.Detach()), title);
 }
 
-// Tool bars as the user made them: for each its id, its name and its commands.
-void StoreToolbars(CPropertyStore& store)
-{
-    const CCommandList& list = GetCommandList();
-    store.SetValue("Large", CIntelliToolBar::UsingLargeButtons());
-    store.SetValue("Count", list.GetToolbarCount());
-    for (int i = 0; i < list.GetToolbarCount(); ++i) {
-        const CIntelliToolBar& bar = *list.GetToolbarByIndex(i);
-        CUIntArray buttons;
-        bar.GetButtonArray(buttons);
-        CPropertyStore one;
-        one.SetValue("ID", bar.GetDlgCtrlID());
-        one.SetValue("Name", static_cast<const char*>(bar.GetName()));
-        one.SetBinaryValue("Buttons", buttons.GetData(),
-                           static_cast<DWORD>(buttons.GetSize()) * sizeof(UINT));
-        store.SetPropertyStore(("Toolbar " + std::to_string(i)).c_str(), one);
-    }
-}
-
 } // namespace
 
 // ---- Opening
@@ -111,7 +92,7 @@ bool Workbench::Open()
     Load();
     const CRect place(60, 60, 1060, 700);
     if (!Create(nullptr, "Workbench", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, &place)) return false;
-    if (!MakeMenu() || !MakeBars() || !MakeStack()) return false;
+    if (!MakeMenu() || !MakeBars() || !MakeStacks()) return false;
     MakeToolbars();
     MakeMacroBar();
     RecalcLayout();
@@ -119,6 +100,7 @@ bool Workbench::Open()
     CDockBarEx::LoadControlBarStates(layout, this);
     m_keyTable = GetCommandList().GetAcceleratorTable(mainKeys);
     ShowState();
+    SetMessageText(0xE001u);
     ShowWindow(SW_SHOW);
     if (m_showsClock) OpenClock();
     return true;
@@ -132,6 +114,8 @@ bool Workbench::MakeMenu()
             {{commandNew, "&New\tCtrl+N"},
              {commandOpen, "&Open\tCtrl+O"},
              {commandSave, "&Save\tCtrl+S"},
+             {0, ""},
+             {commandFacts, "P&roperties..."},
              {0, ""},
              {commandExit, "E&xit\tCtrl+Q"}});
     AddMenu(bar, "&Prompter",
@@ -222,80 +206,53 @@ void Workbench::MakeMacroBar()
     DockControlBar(m_macroBar.get(), AFX_IDW_DOCKBAR_BOTTOM);
 }
 
-bool Workbench::MakeStack()
+bool Workbench::MakeStacks()
 {
-    if (!m_stack.Create(this, WS_CHILD | WS_VISIBLE, 0, CRect(), AFX_IDW_PANE_FIRST)) return false;
-    m_stack.EnableKeyboardTabChange(1);
-    for (const Story& story : stories) {
-        auto text = std::make_unique<CMultilineUnicodeEditCtl>();
-        if (!text->Create(&m_stack, 1, CRect())) return false;
-        text->SetInitialHighlightOff();
-        text->SetString(story.text);
-        m_stack.AttachPane(-1, text.get(), 0, story.title, 0);
-        m_texts.push_back(std::move(text));
+    if (!m_splitter.Create(this, CSplitterEx::aboveEachOther, CRect(), AFX_IDW_PANE_FIRST)) return false;
+    for (PaneStack& stack : m_stacks) {
+        if (!stack.Create(&m_splitter, WS_CHILD | WS_VISIBLE, 0, CRect(), 1)) return false;
+        stack.SetPartner(&stack == m_stacks ? m_stacks[1] : m_stacks[0]);
+        stack.EnableKeyboardTabChange(1);
+        stack.EnableTabDragging(1);
+        stack.EnableDragFocusSelect(1);
     }
-    m_stack.SetActivePane(0);
+    for (int i = 0; i < storyCount; ++i) {
+        StoryText& text = m_texts[i];
+        if (!text.Create(m_stacks, 1, CRect())) return false;
+        text.SetInitialHighlightOff();
+        text.SetString(stories[i].text);
+        text.SetColours(text.facts.text, text.facts.ground);
+    }
+    if (!m_frame.Create(*m_stacks, 1)) return false;
+    m_splitter.SetPanes(&m_stacks[0], &m_stacks[1]);
+    m_splitter.SetLeastSizes(60, 60);
+    FillStacks();
+    for (PaneStack& stack : m_stacks)
+        stack.chosen = [this](CWnd* pane) {
+            m_inFront = pane;
+            if (const StoryText* const story = Shown())
+                m_colours.m_picker.ShowColours(story->facts.text, story->facts.ground);
+        };
+    m_stacks[1].SetActivePane(0);
+    m_stacks[0].SetActivePane(0);
     return true;
 }
+
+// Panes are numbered: a story, or behind them the frame.
+void Workbench::Attach(PaneStack& stack, int pane)
+{
+    const bool isStory = pane >= 0 && pane < storyCount;
+    CWnd& window = isStory ? static_cast<CWnd&>(m_texts[pane]) : m_frame;
+    const StringW title = isStory ? m_texts[pane].facts.title : StringW(u"Frame");
+    stack.AttachPane(-1, &window, 0, title, 0);
+}
+
+StoryText* Workbench::Shown() const { return dynamic_cast<StoryText*>(m_inFront); }
 
 bool Workbench::OpenClock()
 {
     if (m_clockState.cbSize) m_clock.SetState(m_clockState);
     return m_clock.Open(*this);
-}
-
-// ---- What is kept
-
-void Workbench::Load()
-{
-    if (!m_settingsFile.empty()) {
-        try {
-            CFileStream file;
-            if (file.Open(m_settingsFile.c_str(), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING, 0))
-                m_settings.ReadStream(file);
-        } catch (CException* unreadable) {
-            unreadable->Delete(); // as if it were not there
-            m_settings.Empty();
-        }
-    }
-    m_keys = m_settings.GetPropertyStore("Keys");
-    m_macros = m_settings.GetPropertyStore("Macros");
-    if (m_macros.GetPropertyStoreValueCount() == 0)
-        corekit::SaveMacroButtons(m_macros, {{"Next", "Next story", {}, "Goes to the next story"},
-                                                     {"Mark", "Go to the mark", {}, "Goes to the mark"}});
-    for (const char* name : {"Go to the mark", "Next story"})
-        m_macroNames.SetPropertyStore(name, CPropertyStore());
-    m_settings.GetValue("Show Macros", m_showsMacros);
-    m_settings.GetValue("Show Clock", m_showsClock);
-    m_settings.GetBinaryValue("Clock", &m_clockState, sizeof m_clockState);
-    GetCommandList().LoadAcceleratorTables(&m_keys);
-}
-
-void Workbench::Store()
-{
-    if (m_settingsFile.empty()) return;
-    m_showsClock = m_clock.m_hWnd != nullptr;
-    m_clockState.cbSize = sizeof m_clockState;
-    if (m_showsClock) m_clock.GetState(&m_clockState);
-    CPropertyStore layout, toolbars;
-    CDockBarEx::SaveControlBarStates(layout, this);
-    StoreToolbars(toolbars);
-    m_settings.SetPropertyStore("Layout", layout);
-    m_settings.SetPropertyStore("Toolbars", toolbars);
-    m_settings.SetPropertyStore("Keys", m_keys);
-    m_settings.SetPropertyStore("Macros", m_macros);
-    m_settings.SetValue("Show Macros", m_showsMacros);
-    m_settings.SetValue("Show Clock", m_showsClock);
-    m_settings.SetBinaryValue("Clock", &m_clockState, sizeof m_clockState);
-    try {
-        CFileStream file;
-        if (!file.Open(m_settingsFile.c_str(), GENERIC_WRITE, 0, CREATE_ALWAYS, 0)) return;
-        m_settings.WriteStream(file);
-        file.Flush();
-    } catch (CException* error) {
-        error->ReportError(this);
-        error->Delete();
-    }
 }
 
 void Workbench::OnClose()
@@ -334,6 +291,8 @@ void Workbench::OnRun()
     ShowState();
 }
 
+void Workbench::OnState() { m_runs ? OnHalt() : OnRun(); }
+
 void Workbench::OnHalt()
 {
     m_runs = false;
@@ -355,8 +314,40 @@ void Workbench::OnUpdateRun(CCmdUI* item)
 void Workbench::OnUpdateHalt(CCmdUI* item) { item->Enable(m_runs); }
 
 void Workbench::OnMark() { SetMessageText("Marked."); }
-void Workbench::OnNew() { m_texts[0]->SetString(u""); }
-void Workbench::OnOpenStory() { m_texts[0]->SetString(stories[0].text); }
+
+void Workbench::OnNew()
+{
+    if (StoryText* const story = Shown()) story->SetString(u"");
+}
+
+void Workbench::OnOpenStory()
+{
+    if (StoryText* const story = Shown()) story->SetString(stories[story - m_texts].text);
+}
+
+void Workbench::OnFacts()
+{
+    StoryText* const story = Shown();
+    if (!story) return;
+    StoryDialog dialog(story->facts, this);
+    if (dialog.DoModal() != IDOK) return;
+    story->facts = dialog.m_facts;
+    for (PaneStack& stack : m_stacks)
+        if (const int pane = stack.GetPaneIndex(story); pane >= 0)
+            stack.SetPaneTitle(pane, story->facts.title);
+    story->SetColours(story->facts.text, story->facts.ground);
+    m_colours.m_picker.ShowColours(story->facts.text, story->facts.ground);
+    SetMessageText("The story begins at " + story->facts.begin.MakeString() + ".");
+}
+
+void Workbench::OnColour()
+{
+    StoryText* const story = Shown();
+    if (!story) return;
+    const ColourPicker& picker = m_colours.m_picker;
+    (picker.IsForGround() ? story->facts.ground : story->facts.text) = picker.GetColour();
+    story->SetColours(story->facts.text, story->facts.ground);
+}
 void Workbench::OnSave() { Store(); }
 
 void Workbench::OnView(UINT command)
@@ -394,8 +385,9 @@ void Workbench::OnUpdateClock(CCmdUI* item) { item->SetCheck(m_clock.m_hWnd != n
 LRESULT Workbench::OnMacro(WPARAM button, LPARAM)
 {
     const CString macro = m_macroBar ? m_macroBar->GetMacro(static_cast<int>(button)) : CString();
+    PaneStack& stack = m_stacks[m_stacks[0].GetPaneCount() == 0];
     if (macro == "Next story")
-        m_stack.SetActivePane((m_stack.GetPaneIndex(m_stack.GetActivePane()) + 1) % m_stack.GetPaneCount());
+        stack.SetActivePane((stack.GetPaneIndex(stack.GetActivePane()) + 1) % stack.GetPaneCount());
     else
         SetMessageText(macro);
     return 0;

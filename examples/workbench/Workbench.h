@@ -1,22 +1,29 @@
-// The window of the workbench: menus, tool bars that the user can change, docked panes, a stack of texts, a
-// status bar, a clock at the edge of the screen.
+// The window of the workbench: menus, tool bars that the user can change, docked panes, two stacks of panes
+// with texts and a frame, a status bar, a clock at the edge of the screen.
 //
 // Layout, keys, tool bars and clock are kept in one file, a property store.
 #pragma once
 
 #include "ClockBar.h"
+#include "FramePane.h"
 #include "Panes.h"
+#include "Stacks.h"
+#include "StoryDialog.h"
 
 #include "corekit/commands/ui/CustomToolbar.h"
 #include "corekit/framework/ui/FrameWnd.h"
 #include "corekit/stores/PropertyStore.h"
 #include "corekit/unicode/ui/edit/MultilineUnicodeEditCtl.h"
 #include "corekit/windows/controls/ui/AXStatusBar.h"
-#include "corekit/windows/ui/TabbedOverlayWnd.h"
+#include "corekit/windows/controls/ui/SplitterEx.h"
 
 #include <memory>
 #include <string>
-#include <vector>
+
+class StoryText : public CMultilineUnicodeEditCtl {
+public:
+    StoryFacts facts;
+};
 
 class Workbench : public CFrameWnd {
 public:
@@ -24,7 +31,7 @@ public:
     explicit Workbench(std::string settingsFile) : m_settingsFile(std::move(settingsFile)) {}
 
     bool Open();
-    CTabbedOverlayWnd& Stack() { return m_stack; }
+    PaneStack& Stack(int which) { return m_stacks[which]; }
 
 protected:
     BOOL PreTranslateMessage(MSG* message) override;
@@ -33,10 +40,14 @@ protected:
     void OnContextMenu(CWnd* window, CPoint point);
     void OnRun();
     void OnHalt();
+    void OnState();
     void OnSpeed(UINT command);
     void OnUpdateRun(CCmdUI* item);
     void OnUpdateHalt(CCmdUI* item);
     void OnMark();
+    void OnFacts();
+    void OnUpdateFacts(CCmdUI* item) { item->Enable(Shown() != nullptr); }
+    void OnColour();
     void OnNew();
     void OnOpenStory();
     void OnSave();
@@ -54,10 +65,16 @@ private:
     bool MakeBars();
     void MakeToolbars();
     void MakeMacroBar();
-    bool MakeStack();
+    bool MakeStacks();
+    void FillStacks();
+    void Attach(PaneStack& stack, int pane);
+    StoryText* Shown() const; // the story in front, null for none
     void ShowState();
+    // What is kept.
     void Load();
+    void LoadStories();
     void Store();
+    void StoreStories();
     bool OpenClock();
 
     std::string m_settingsFile;
@@ -66,8 +83,11 @@ private:
     CAXStatusBar m_status;
     ColoursPane m_colours;
     PicturesPane m_pictures;
-    CTabbedOverlayWnd m_stack;
-    std::vector<std::unique_ptr<CMultilineUnicodeEditCtl>> m_texts;
+    CSplitterEx m_splitter;
+    PaneStack m_stacks[2]; // above and below
+    StoryText m_texts[storyCount];
+    FramePane m_frame; // a pane, too
+    CWnd* m_inFront = nullptr;
     std::unique_ptr<CCustomToolbar> m_macroBar;
     ClockBar m_clock;
     APPBARSTATE m_clockState{};

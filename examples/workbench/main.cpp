@@ -52,7 +52,19 @@ void MoveAbout(Workbench& window)
     RunWaiting();
     window.SendMessage(WM_COMMAND, commandPlay);
     window.SendMessage(WM_COMMAND, commandFaster);
-    window.Stack().SetActivePane(2);
+    window.Stack(0).SetActivePane(2);
+    RunWaiting();
+    // The Bengali story goes below, dragged by its tab.
+    CRect from = window.Stack(0).GetStrip().TabRect(5), to = window.Stack(1).GetStrip().TabRect(0);
+    window.Stack(0).ClientToScreen(&from);
+    window.Stack(1).ClientToScreen(&to);
+    CPoint end = to.CenterPoint() + CSize(0, -2 * to.Height());
+    CPoint start = from.CenterPoint();
+    window.Stack(0).ScreenToClient(&start);
+    window.Stack(0).ScreenToClient(&end);
+    Drag(window.Stack(0).m_hWnd, start, end);
+    window.Stack(1).SetActivePane(0);
+    window.Stack(0).SetActivePane(2);
     RunWaiting();
     window.SendMessageToDescendants(WM_IDLEUPDATECMDUI, TRUE);
     RunWaiting();

@@ -2,6 +2,7 @@
 
 #include "corekit/platform/Buttons.h"
 #include "corekit/platform/ComboBoxes.h"
+#include "corekit/platform/Edits.h"
 #include "corekit/platform/HotKeys.h"
 #include "corekit/platform/Keyboard.h"
 #include "corekit/platform/ListBoxes.h"
@@ -55,6 +56,43 @@ TEST(ComboBoxes, KeepTypedTextApartFromTheList)
         TypeText(u"x");
         EXPECT_EQ(send(combo, CB_GETCURSEL), CB_ERR) << kind;
         EXPECT_TRUE(parent.heard(CBN_EDITCHANGE)) << kind;
+    }
+}
+
+// Text that the active code page lacks comes back as it was, also through a procedure in between.
+TEST(WideText, SurvivesInRowsAndFields)
+{
+    const WCHAR* const shin = u"\u05E9\u05DC\u05D5\u05DD";
+    Parent parent;
+    const struct {
+        const char* windowClass;
+        DWORD style;
+        UINT add, get, length, find;
+    } kinds[] = {
+        {WC_LISTBOXA, LBS_SORT, LB_ADDSTRING, LB_GETTEXT, LB_GETTEXTLEN, LB_FINDSTRINGEXACT},
+        {WC_COMBOBOXA, CBS_DROPDOWN, CB_ADDSTRING, CB_GETLBTEXT, CB_GETLBTEXTLEN, CB_FINDSTRINGEXACT}};
+    const auto wide = [](HWND window, UINT message, WPARAM wParam, const void* text) {
+        return SendMessageW(window, message, wParam, reinterpret_cast<LPARAM>(text));
+    };
+    for (const auto& kind : kinds) {
+        const HWND window = parent.add(kind.windowClass, "", kind.style);
+        send(window, kind.add, 0, "Abc");
+        EXPECT_EQ(wide(window, kind.add, 0, shin), 1) << kind.windowClass;
+        EXPECT_EQ(wide(window, kind.length, 1, nullptr), 4);
+        WCHAR row[8] = {};
+        EXPECT_EQ(wide(window, kind.get, 1, row), 4);
+        EXPECT_EQ(std::u16string_view(row), shin);
+        EXPECT_EQ(wide(window, kind.find, static_cast<WPARAM>(-1), shin), 1);
+        EXPECT_EQ(send(window, kind.find, static_cast<WPARAM>(-1), "abc"), 0) << "narrow text stays narrow";
+    }
+    for (const DWORD style : {DWORD{0}, ES_MULTILINE}) {
+        const HWND edit = parent.add(WC_EDITA, "", style);
+        EXPECT_TRUE(wide(edit, WM_SETTEXT, 0, shin));
+        wide(edit, EM_REPLACESEL, 0, u"\u0645");
+        EXPECT_EQ(wide(edit, WM_GETTEXTLENGTH, 0, nullptr), 5);
+        WCHAR text[8] = {6};
+        EXPECT_EQ(wide(edit, EM_GETLINE, 0, text), 5);
+        EXPECT_EQ(wide(edit, WM_GETTEXT, 4, text), 3) << "cut to the buffer";
     }
 }
 

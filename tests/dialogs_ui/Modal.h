@@ -8,6 +8,9 @@
 #include "corekit/platform/Timers.h"
 #include "corekit/platform/Toolkit.h"
 
+#include <QApplication>
+#include <QWidget>
+
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
@@ -37,6 +40,9 @@ public:
 
 private:
     static constexpr UINT turnMilliseconds = 15;
+    // Boxes of the toolkit are no windows of ours.
+    using Front = std::pair<HWND, const QWidget*>;
+    static Front InFront() { return {::GetActiveWindow(), QApplication::activeModalWidget()}; }
 
     static void Tick(HWND, UINT, UINT_PTR, DWORD)
     {
@@ -47,17 +53,17 @@ private:
     // An act that deals with what waits does not run the next one, only one that has opened another dialog.
     LRESULT Next()
     {
-        if (m_depth > 0 && ::GetActiveWindow() == m_activeBefore) return 0;
+        if (m_depth > 0 && InFront() == m_inFrontBefore) return 0;
         const Act act = m_acts.front();
         if (m_acts.size() > 1)
             m_acts.pop_front();
         else
             m_lastRan = true;
-        const HWND outer = std::exchange(m_activeBefore, ::GetActiveWindow());
+        const Front outer = std::exchange(m_inFrontBefore, InFront());
         ++m_depth;
         act();
         --m_depth;
-        m_activeBefore = outer;
+        m_inFrontBefore = outer;
         return 0;
     }
 
@@ -65,7 +71,7 @@ private:
     std::deque<Act> m_acts;
     MessageWindow m_window;
     int m_turns = 0, m_depth = 0;
-    HWND m_activeBefore = nullptr;
+    Front m_inFrontBefore;
     bool m_lastRan = false;
     UINT_PTR m_timer;
 };

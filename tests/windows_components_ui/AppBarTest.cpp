@@ -3,8 +3,10 @@
 #include "corekit/framework/Module.h"
 #include "corekit/platform/InputTest.h"
 #include "corekit/platform/SystemColours.h"
+#include "corekit/platform/SystemInfo.h"
 
 #include <gtest/gtest.h>
+#include <set>
 #include <string>
 
 using namespace corekit::test;
@@ -26,7 +28,16 @@ public:
     void Hide(BOOL hides) { m_state.fAutohide = hides; }
     using CAppBar::ShowHiddenAppBar;
     std::string log;
+    std::set<int> places; // tops, of all moves
 
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == WM_WINDOWPOSCHANGED) places.insert(reinterpret_cast<const WINDOWPOS*>(lParam)->y);
+        return CAppBar::WindowProc(message, wParam, lParam);
+    }
+
+public:
     void OnAppBarStateChange(int proposed, UINT state) override
     {
         log += (proposed ? "p" : "s") + std::to_string(static_cast<int>(state)) + " ";
@@ -90,6 +101,16 @@ TEST_F(AppBar, OneBarHidesItselfOnAnEdge)
     EXPECT_EQ(PlaceOf(first), CRect(0, height - rim, width, height - rim + 40));
     first.ShowHiddenAppBar(1);
     EXPECT_EQ(PlaceOf(first).bottom, height);
+    // It slides unless the user wants nothing to move; on the way it is seen at places between.
+    first.ShowWindow(SW_SHOWNA);
+    for (const UINT isAnimated : {1u, 0u}) {
+        SystemParametersInfoA(SPI_SETDRAGFULLWINDOWS, isAnimated, nullptr, 0);
+        first.places.clear();
+        first.ShowHiddenAppBar(0);
+        EXPECT_EQ(PlaceOf(first).top, height - rim);
+        EXPECT_EQ(first.places.size() > 1, isAnimated == 1);
+        first.ShowHiddenAppBar(1);
+    }
     second.Hide(TRUE);
     second.SetState(ABE_BOTTOM);
     EXPECT_EQ(second.log, "forced s3 ");

@@ -14,6 +14,7 @@
 #include "corekit/stores/PropertyStore.h"
 
 #include "tests/dialogs_ui/Modal.h"
+#include "tests/TempFolder.h"
 #include "tests/windows_components_ui/Strips.h"
 
 using namespace corekit::test;
@@ -131,8 +132,8 @@ TEST_F(Customise, KeysAreAssignedKeptAndInForce)
     HACCEL* const table = list.GetAcceleratorTable(500);
     ASSERT_TRUE(table);
     const HACCEL former = *table;
-    CString taken, unassigned;
-    bool offered = true;
+    CString taken, unassigned, afterwards;
+    bool offered = true, offeredAgain = true;
     const auto press = [](WORD key, BYTE held) {
         return [=] {
             Control(1044).SendMessage(HKM_SETHOTKEY, MAKEWORD(key, held));
@@ -155,10 +156,16 @@ TEST_F(Customise, KeysAreAssignedKeptAndInForce)
               press('K', HOTKEYF_CONTROL),
               [&] { unassigned = TextOf(1045); },
               Push(1046),
+              [&] {
+                  afterwards = TextOf(1045);
+                  offeredAgain = Control(1046).IsWindowEnabled();
+              },
               Confirm()};
     EXPECT_EQ(Configure(), 1);
     EXPECT_STREQ(taken, "File - Open");
     EXPECT_FALSE(offered);
+    EXPECT_STREQ(afterwards, "Play - Start");
+    EXPECT_FALSE(offeredAgain);
     EXPECT_STREQ(unassigned, "{Unassigned}");
     ACCEL rows[8];
     EXPECT_NE(*table, former);
@@ -252,6 +259,42 @@ TEST_F(Customise, MacroButtonsSurviveWithTheirBitmaps)
     EXPECT_STREQ(stored[0].name, "Two");
     EXPECT_STREQ(stored[1].command, "Clear");
     EXPECT_EQ(stored[1].bitmap, bitmap);
+}
+
+// By the file dialog, as a user does: 32 by 32 fits, a pixel more in either direction does not.
+TEST_F(Customise, AButtonTakesABitmapOfThirtyTwoPixelsAtMost)
+{
+    const TempFolder folder;
+    const struct {
+        int width, height;
+        bool fits;
+    } cases[] = {{32, 32, true}, {33, 1, false}, {1, 33, false}, {16, 8, true}};
+    for (const auto& each : cases) {
+        const std::string file = folder.Path() + "/button.bmp";
+        DibOf(Bitmap(each.width, each.height))->SaveDIBFile(file.c_str());
+        SaveMacroButtons(macros, {{"One", "", Bitmap(4, 4), ""}});
+        const Acts::Act choose = [&] {
+            TypeText(std::u16string(file.begin(), file.end()));
+            PressKey(VK_RETURN);
+        };
+        changed = 0;
+        bool shows = false;
+        const Acts::Act look = [&] { shows = Control(1002).IsWindowVisible(); };
+        if (each.fits) {
+            Acts acts{Go(2), Push(1042), choose, look, Confirm()};
+            EXPECT_EQ(Configure(), 1);
+        } else {
+            Acts acts{Go(2), Push(1042), choose, Press(VK_RETURN) /* the box */, look, Confirm()};
+            EXPECT_EQ(Configure(), 1);
+        }
+        EXPECT_EQ(shows, each.fits) << each.width;
+        EXPECT_EQ(changed, 1);
+        const std::vector<MacroButton> stored = LoadMacroButtons(macros);
+        ASSERT_EQ(stored.size(), 1u);
+        ASSERT_EQ(stored[0].bitmap.empty(), !each.fits);
+        const std::unique_ptr<CDib> kept = DibOf(stored[0].bitmap);
+        EXPECT_TRUE(!kept || CSize(kept->GetSize()) == CSize(each.width, each.height));
+    }
 }
 
 TEST_F(Customise, TheMacroToolbarAsksTheFrame)

@@ -297,6 +297,36 @@ TEST_F(Docking, EdgesAreDrawnOnTheSidesThatHaveThem)
     dc.SelectObject(former);
 }
 
+TEST_F(Docking, BarsOfOneRowComeBackInTheOrderThatTheUserGaveThem)
+{
+    const auto dockBeside = [this](CIntelliToolBar& bar, const CIntelliToolBar& other) {
+        frame->RecalcLayout();
+        CRect beside;
+        other.GetWindowRect(&beside);
+        beside.OffsetRect(beside.Width() + 1, 0);
+        frame->DockControlBar(&bar, AFX_IDW_DOCKBAR_TOP, &beside);
+        frame->RecalcLayout();
+    };
+    CPropertyStore store;
+    CIntelliToolBar *first = AddBar(800, {play}), *second = AddBar(801, {stop});
+    frame->DockControlBar(first, AFX_IDW_DOCKBAR_TOP);
+    dockBeside(*second, *first);
+    dockBeside(*first, *second); // the user drags it behind
+    ASSERT_LT(PlaceOf(second).left, PlaceOf(first).left);
+    const CRect firstPlace = PlaceOf(first), secondPlace = PlaceOf(second);
+    CDockBarEx::SaveControlBarStates(store, frame);
+    frame->DestroyWindow();
+    RunWaiting();
+    MakeFrame();
+    first = AddBar(800, {play});
+    second = AddBar(801, {stop});
+    frame->DockControlBar(first, AFX_IDW_DOCKBAR_TOP); // as at the first start
+    dockBeside(*second, *first);
+    CDockBarEx::LoadControlBarStates(store, frame);
+    EXPECT_EQ(PlaceOf(first), firstPlace);
+    EXPECT_EQ(PlaceOf(second), secondPlace);
+}
+
 TEST_F(Docking, TheLayoutSurvivesARestart)
 {
     CPropertyStore store;

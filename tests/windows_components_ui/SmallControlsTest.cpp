@@ -13,6 +13,8 @@
 #include "corekit/windows/controls/ui/SplitterEx.h"
 #include "corekit/windows/controls/ui/TabBar.h"
 
+#include "tests/dialogs_ui/Modal.h"
+
 #include <gtest/gtest.h>
 
 using namespace corekit::test;
@@ -68,6 +70,28 @@ protected:
 };
 
 } // namespace
+
+// What the menu still shows may be gone by the time that it is chosen.
+TEST_F(SmallControls, ACommandThatGoesWhileItsMenuIsOpenIsNotSent)
+{
+    for (const char* what : {"stays", "item", "menu", "owner"}) {
+        CParent owner;
+        owner.CreateEx(0, AfxRegisterWndClass(0), "owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300, 200,
+                       nullptr, nullptr);
+        CRightButtonMenu menu;
+        menu.Add(11, "&Go");
+        const Acts::Act goes = [&, gone = std::string(what)] {
+            if (gone == "item") menu.GetMenu().DeleteMenu(11, MF_BYCOMMAND);
+            if (gone == "menu") menu.GetMenu().DestroyMenu();
+            if (gone == "owner") owner.DestroyWindow();
+            PressKey('G');
+        };
+        Acts acts{goes, Press(VK_ESCAPE)};
+        const bool isSent = std::string(what) == "stays";
+        EXPECT_EQ(menu.Show(owner, CPoint(50, 50)), isSent ? 11u : 0u) << what;
+        EXPECT_EQ(owner.log, isSent ? "11 " : "") << what;
+    }
+}
 
 TEST_F(SmallControls, ASplitterKeepsSharesAndFolds)
 {

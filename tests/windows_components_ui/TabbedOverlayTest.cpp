@@ -254,4 +254,10 @@ TEST_F(TabbedOverlay, OpensATabThatSomethingIsHeldOver)
     EXPECT_EQ(hover.Due(1499), -1);
     EXPECT_EQ(hover.Due(1500), 2);
     EXPECT_EQ(hover.Due(1501), -1);
+
+    AddPanes(3);
+    overlay.EnableDragFocusSelect(1);
+    HoldTextOver(overlay, MiddleOf(1), u"anything", [&] { return Active() == 1; });
+    EXPECT_EQ(Active(), 1);
+    EXPECT_FALSE(DropText(overlay, MiddleOf(2), u"anything"));
 }

@@ -8,6 +8,8 @@
 #include "corekit/platform/Toolkit.h"
 #include "corekit/platform/Windows.h"
 
+#include <QWidget>
+
 #include <chrono>
 #include <functional>
 #include <gtest/gtest.h>
@@ -25,6 +27,14 @@ HWND Bar()
                                         nullptr, nullptr, nullptr, nullptr);
     APPBARDATA data{sizeof data, window, WM_USER, 0, {}, 0};
     return SHAppBarMessage(ABM_NEW, &data) ? window : nullptr;
+}
+
+// A window manager, which goes with the server. The toolkit asks once what it can do, so it has to be there
+// before.
+bool StartsManager()
+{
+    return std::system("openbox >/dev/null 2>&1 & timeout 60 sh -c "
+                       "'until xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 0x; do sleep 0.1; done'") == 0;
 }
 
 bool TakesEdge(HWND window)
@@ -54,7 +64,7 @@ TEST(AppBarOnX, TheWindowManagerKeepsTheStripFree)
 {
     static XServer server;
     ASSERT_TRUE(server.IsRunning());
-    ASSERT_EQ(std::system("openbox >/dev/null 2>&1 &"), 0); // goes with the server
+    ASSERT_TRUE(StartsManager());
     setenv("QT_QPA_PLATFORM", "xcb", 1);
     ASSERT_TRUE(StartToolkit());
     const HWND bar = Bar();
@@ -64,6 +74,39 @@ TEST(AppBarOnX, TheWindowManagerKeepsTheStripFree)
     EXPECT_TRUE(Becomes([] { return FreeFrom() == 40; }));
     EXPECT_TRUE(SHAppBarMessage(ABM_REMOVE, &data));
     EXPECT_TRUE(Becomes([] { return FreeFrom() == 0; }));
+}
+
+TEST(AppBarOnX, ABarHearsOfWindowsThatCoverTheScreen)
+{
+    static XServer server;
+    ASSERT_TRUE(server.IsRunning());
+    ASSERT_TRUE(StartsManager());
+    setenv("QT_QPA_PLATFORM", "xcb", 1);
+    ASSERT_TRUE(StartToolkit());
+    static int open = -1;
+    const HWND bar = Bar();
+    ASSERT_TRUE(bar);
+    SetWindowLongPtrA(bar, GWLP_WNDPROC,
+                      reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(
+                          [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+                              if (message == WM_USER && wParam == ABN_FULLSCREENAPP)
+                                  open = static_cast<int>(lParam);
+                              return DefWindowProcA(window, message, wParam, lParam);
+                          })));
+    RunWaiting();
+    EXPECT_EQ(open, -1);
+    QWidget film;
+    film.showFullScreen();
+    EXPECT_TRUE(Becomes([] { return open == 1; }));
+    const HWND late = Bar(); // a bar that comes later is told at once
+    open = -1;
+    film.showNormal();
+    EXPECT_TRUE(Becomes([] { return open == 0; }));
+    film.showFullScreen();
+    EXPECT_TRUE(Becomes([] { return open == 1; }));
+    film.close();
+    EXPECT_TRUE(Becomes([] { return open == 0; }));
+    DestroyWindow(late);
 }
 
 TEST(AppBarOnX, OneBarOfAllProgramsHidesOnAnEdge)

@@ -6,6 +6,7 @@
 #include "corekit/framework/ui/DC.h"
 #include "corekit/framework/ui/FrameWnd.h"
 #include "corekit/platform/Messages.h"
+#include "corekit/platform/SystemColours.h"
 
 #include <algorithm>
 
@@ -52,6 +53,7 @@ void CCustomToolbar::CMacroButton::DrawItem(DRAWITEMSTRUCT* item)
     GetWindowText(text);
     const HGDIOBJ former = dc.SelectObject(m_bar.m_font.m_hObject);
     dc.SetBkMode(TRANSPARENT);
+    dc.SetTextColor(GetSysColor(COLOR_BTNTEXT));
     dc.DrawText(text, &rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     dc.SelectObject(former);
 }

@@ -100,13 +100,11 @@ void CIntelliToolBar::ToggleButtonSize()
         CCmdItem item;
         const bool hasItem =
             button.idCommand && GetCommandList().GetItemByCommand(static_cast<UINT>(button.idCommand), item);
-        if (m_bLargeButtons)
-            SetSizesFor(large);
-        else
-            SetButtonSize(smallButton), SetBitmapSize(smallPicture);
+        const UINT bitmap = hasItem ? BitmapOf(item) : 0;
+        if (hasItem && !IsBitmapInstalled(bitmap) && !InstallBitmap(bitmap)) break;
+        SetButtonSize(m_bLargeButtons ? large + CSize(roomRoundLarge, roomRoundLarge) : smallButton);
         if (!hasItem) continue;
-        const UINT bitmap = BitmapOf(item);
-        if (!IsBitmapInstalled(bitmap) && !InstallBitmap(bitmap)) break;
+        SetBitmapSize(m_bLargeButtons ? large : smallPicture);
         button.iBitmap = static_cast<int>(item.m_nImageIndex) + GetBitmapImageStart(bitmap);
         DeleteButton(i);
         CToolBar::InsertButton(i, &button);

@@ -164,7 +164,6 @@ void PPage_CustomiseKeyboard::OnAssign()
     if (!ReadHotKey(key) || !key.cmd) return;
     m_keys.Assign(m_table, key, Defaults());
     SetModified(1);
-    OnClearKey();
     ShowKeys();
 }
 

@@ -7,6 +7,8 @@
 #include "corekit/framework/ui/Wnd.h"
 #include "corekit/platform/ComboBoxes.h"
 
+#include <string>
+
 class COREKIT_API CComboBox : public CWnd {
     DECLARE_DYNAMIC(CComboBox)
 
@@ -19,6 +21,8 @@ class COREKIT_API CComboBox : public CWnd {
     {
         return static_cast<int>(SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text)));
     }
+    int AddString(const WCHAR* text);
+    int InsertString(int index, const WCHAR* text);
     int InsertString(int index, const char* text)
     {
         return static_cast<int>(
@@ -74,7 +78,9 @@ class COREKIT_API CComboBox : public CWnd {
         return static_cast<int>(
             SendMessage(CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(buffer)));
     }
-    void GetLBText(int index, CString& text) const; // empty for an index that does not exist
+    void GetLBText(int index,
+                   CString& text) const; // empty for an index that does not exist, as the wide form
+    void GetLBText(int index, std::u16string& text) const;
     int GetLBTextLen(int index) const
     {
         return static_cast<int>(SendMessage(CB_GETLBTEXTLEN, static_cast<WPARAM>(index), 0));

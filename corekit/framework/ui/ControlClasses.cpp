@@ -78,6 +78,22 @@ void copyRowText(const CWnd& control, int length, UINT message, int index, CStri
     text.ReleaseBuffer(length);
 }
 
+int sendText(const CWnd& control, UINT message, int index, const WCHAR* text)
+{
+    return static_cast<int>(
+        ::SendMessageW(control.m_hWnd, message, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text)));
+}
+
+void copyRowText(const CWnd& control, UINT lengthMessage, UINT message, int index, std::u16string& text)
+{
+    const LRESULT length = ::SendMessageW(control.m_hWnd, lengthMessage, static_cast<WPARAM>(index), 0);
+    text.assign(static_cast<std::size_t>(std::max<LRESULT>(length, 0)) + 1, u'\0');
+    if (length > 0)
+        ::SendMessageW(control.m_hWnd, message, static_cast<WPARAM>(index),
+                       reinterpret_cast<LPARAM>(text.data()));
+    text.pop_back();
+}
+
 } // namespace
 
 BOOL CButton::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
@@ -131,6 +147,17 @@ void CListBox::GetText(int index, CString& text) const
     copyRowText(*this, GetTextLen(index), LB_GETTEXT, index, text);
 }
 
+void CListBox::GetText(int index, std::u16string& text) const
+{
+    copyRowText(*this, LB_GETTEXTLEN, LB_GETTEXT, index, text);
+}
+
+int CListBox::AddString(const WCHAR* text) { return sendText(*this, LB_ADDSTRING, 0, text); }
+int CListBox::InsertString(int index, const WCHAR* text)
+{
+    return sendText(*this, LB_INSERTSTRING, index, text);
+}
+
 UINT CListBox::ItemFromPoint(POINT point, BOOL& outside) const
 {
     const auto answer = static_cast<DWORD>(
@@ -143,6 +170,17 @@ UINT CListBox::ItemFromPoint(POINT point, BOOL& outside) const
 void CComboBox::GetLBText(int index, CString& text) const
 {
     copyRowText(*this, GetLBTextLen(index), CB_GETLBTEXT, index, text);
+}
+
+void CComboBox::GetLBText(int index, std::u16string& text) const
+{
+    copyRowText(*this, CB_GETLBTEXTLEN, CB_GETLBTEXT, index, text);
+}
+
+int CComboBox::AddString(const WCHAR* text) { return sendText(*this, CB_ADDSTRING, 0, text); }
+int CComboBox::InsertString(int index, const WCHAR* text)
+{
+    return sendText(*this, CB_INSERTSTRING, index, text);
 }
 
 HTREEITEM CTreeCtrl::InsertItem(const char* text, HTREEITEM parent, HTREEITEM after)

@@ -227,15 +227,23 @@ void CDockBar::SetBarInfo(const CControlBarInfo&) {}
 void CDockBar::SetRows(const std::vector<UINT>& ids, const std::vector<CControlBarInfo>& places,
                        CFrameWnd& site)
 {
+    // What stands here already leaves its place for the one that is named.
+    std::vector<Row> rows;
     bool startsRow = true;
     for (const UINT id : ids) {
         CControlBar* const bar = id ? site.GetControlBar(id) : nullptr;
         startsRow |= id == 0;
-        if (!bar || bar->IsDockBar() || bar->m_dwDockStyle == 0 || HasBar(bar)) continue;
+        if (!bar || bar->IsDockBar() || bar->m_dwDockStyle == 0) continue;
+        const auto isBar = [bar](const Place& place) { return place.bar == bar; };
+        if (std::ranges::any_of(rows, [&](const Row& row) { return std::ranges::any_of(row, isBar); }))
+            continue;
+        for (Row& row : m_rows) std::erase_if(row, isBar);
         const auto known = std::ranges::find(places, id, &CControlBarInfo::m_nBarID);
         TakeIn(bar);
-        if (startsRow) m_rows.emplace_back();
-        m_rows.back().push_back({bar, known == places.end() ? CPoint() : known->m_pointPos});
+        if (startsRow) rows.emplace_back();
+        rows.back().push_back({bar, known == places.end() ? CPoint() : known->m_pointPos});
         startsRow = false;
     }
+    std::erase_if(m_rows, [](const Row& row) { return row.empty(); });
+    m_rows.insert(m_rows.end(), rows.begin(), rows.end());
 }

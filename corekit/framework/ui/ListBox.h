@@ -7,6 +7,8 @@
 #include "corekit/framework/ui/Wnd.h"
 #include "corekit/platform/ListBoxes.h"
 
+#include <string>
+
 class COREKIT_API CListBox : public CWnd {
     DECLARE_DYNAMIC(CListBox)
 
@@ -19,6 +21,8 @@ class COREKIT_API CListBox : public CWnd {
     {
         return static_cast<int>(SendMessage(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text)));
     }
+    int AddString(const WCHAR* text);
+    int InsertString(int index, const WCHAR* text);
     int InsertString(int index, const char* text)
     {
         return static_cast<int>(
@@ -74,7 +78,8 @@ class COREKIT_API CListBox : public CWnd {
         return static_cast<int>(
             SendMessage(LB_GETTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(buffer)));
     }
-    void GetText(int index, CString& text) const; // empty for an index that does not exist
+    void GetText(int index, CString& text) const; // empty for an index that does not exist, as the wide form
+    void GetText(int index, std::u16string& text) const;
     int GetTextLen(int index) const
     {
         return static_cast<int>(SendMessage(LB_GETTEXTLEN, static_cast<WPARAM>(index), 0));

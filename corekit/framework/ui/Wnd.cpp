@@ -57,6 +57,13 @@ CWnd* CWnd::SetParent(CWnd* parent)
     return FromHandle(::SetParent(m_hWnd, corekit::detail::safeHandle(parent)));
 }
 
+BOOL CWnd::IsChild(const CWnd* window) const
+{
+    return ::IsChild(m_hWnd, corekit::detail::safeHandle(window));
+}
+
+void CWnd::SetOwner(const CWnd* owner) { m_hWndOwner = corekit::detail::safeHandle(owner); }
+
 CWnd* CWnd::GetOwner() const { return IsWindow(m_hWndOwner) ? FromHandle(m_hWndOwner) : GetParent(); }
 
 CWnd* CWnd::GetTopLevelParent() const { return FromHandle(::GetAncestor(m_hWnd, GA_ROOTOWNER)); }

@@ -75,14 +75,14 @@ public:
     CWnd* GetParent() const { return FromHandle(::GetParent(m_hWnd)); }
     CWnd* SetParent(CWnd* parent);
     CWnd* GetOwner() const;
-    void SetOwner(CWnd* owner) { m_hWndOwner = owner->GetSafeHwnd(); }
+    void SetOwner(const CWnd* owner); // null: the parent again
     CWnd* GetTopLevelParent() const;
     CFrameWnd* GetParentFrame() const; // null without one
     CFrameWnd* GetTopLevelFrame() const;
     CWnd* GetWindow(UINT which) const { return FromHandle(::GetWindow(m_hWnd, which)); }
     CWnd* GetTopWindow() const { return GetWindow(GW_CHILD); }
     CWnd* GetNextWindow(UINT which = GW_HWNDNEXT) const { return GetWindow(which); }
-    BOOL IsChild(const CWnd* window) const { return ::IsChild(m_hWnd, window->GetSafeHwnd()); }
+    BOOL IsChild(const CWnd* window) const;
     CWnd* GetDlgItem(int id) const { return FromHandle(::GetDlgItem(m_hWnd, id)); }
     CWnd* GetDescendantWindow(int id, BOOL onlyPermanent = FALSE) const;
     int GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }

@@ -40,16 +40,11 @@ BOOL DLG_ProgressWithCancel::OnSetCursor(CWnd*, UINT, UINT)
     return TRUE;
 }
 
-void DLG_ProgressWithCancel::PumpMessages()
-{
-    if (m_pumps) PumpAll();
-}
-
 void DLG_ProgressWithCancel::SetStatus(const char* text) { ProgressParts(*this).setStatus(text); }
 
 void DLG_ProgressWithCancel::SetStatus(unsigned int textId)
 {
-    PumpMessages();
+    PumpAll();
     SetStatus(LoadResourceString(textId));
 }
 
@@ -82,25 +77,25 @@ int DLG_ProgressWithCancel::SetStep(int step)
 
 int DLG_ProgressWithCancel::SetPos(int position)
 {
-    PumpMessages();
+    PumpAll();
     return ProgressParts(*this).moveTo(position, m_lower, m_upper);
 }
 
 int DLG_ProgressWithCancel::OffsetPos(int delta)
 {
-    PumpMessages();
+    PumpAll();
     return ProgressParts(*this).moveBy(delta, m_lower, m_upper);
 }
 
 int DLG_ProgressWithCancel::StepIt()
 {
-    PumpMessages();
+    PumpAll();
     return ProgressParts(*this).step(m_step, m_lower, m_upper);
 }
 
 int DLG_ProgressWithCancel::CheckCancelButton()
 {
-    PumpMessages();
+    PumpAll();
     return std::exchange(m_cancelled, 0);
 }
 

@@ -25,7 +25,8 @@ public:
     int SetStep(int step);
     int OffsetPos(int delta);
     int StepIt();
-    void EnablePumpMessages(int enable) { m_pumps = enable; }
+    // Nothing: Cancel could not be pressed if the windows stood still.
+    void EnablePumpMessages(int) {}
     // Whether Cancel has been pressed since the last call.
     int CheckCancelButton();
     CProgressSink* GetProgressSink() { return &m_sink; }
@@ -34,7 +35,6 @@ protected:
     BOOL OnInitDialog() override;
     void OnCancel() override { m_cancelled = 1; }
     BOOL OnSetCursor(CWnd* window, UINT hit, UINT message);
-    void PumpMessages();
     DECLARE_MESSAGE_MAP()
 
 private:
@@ -57,6 +57,6 @@ private:
     };
 
     int m_lower = 0, m_upper = 100, m_step = 1;
-    int m_pumps = 1, m_cancelled = 0;
+    int m_cancelled = 0;
     Sink m_sink{this};
 };

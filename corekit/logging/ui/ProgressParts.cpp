@@ -9,10 +9,10 @@ namespace {
 constexpr int statusControl = 1005, percentControl = 1004, barControl = 1003;
 } // namespace
 
-int percentage(int position, int lower, int upper)
+int percentage(long long position, int lower, int upper)
 {
-    const long long done = static_cast<long long>(position) - lower,
-                    whole = static_cast<long long>(upper) - lower;
+    const long long done = position - lower, whole = static_cast<long long>(upper) - lower;
+    if (whole <= 0) return 100;
     const long long share = done * 100 / whole;
     return static_cast<int>(share == 100 ? share : share % 100);
 }
@@ -50,19 +50,19 @@ int ProgressParts::moveBy(int delta, int lower, int upper)
 {
     const int before =
         static_cast<int>(m_dialog.SendDlgItemMessage(barControl, PBM_DELTAPOS, static_cast<WPARAM>(delta)));
-    showPercentage(before + delta, lower, upper);
+    showPercentage(static_cast<long long>(before) + delta, lower, upper);
     return before;
 }
 
 int ProgressParts::step(int step, int lower, int upper)
 {
     const int before = static_cast<int>(m_dialog.SendDlgItemMessage(barControl, PBM_STEPIT));
-    showPercentage(before + step, lower, upper);
+    showPercentage(static_cast<long long>(before) + step, lower, upper);
     return before;
 }
 
 // A text that stands there already is left alone, or it would flicker.
-void ProgressParts::showPercentage(int position, int lower, int upper)
+void ProgressParts::showPercentage(long long position, int lower, int upper)
 {
     const HWND control = ::GetDlgItem(m_dialog.m_hWnd, percentControl);
     if (!control) return;

@@ -1,14 +1,19 @@
 // The controls of a progress dialog with one bar. Without a window nothing happens.
 #pragma once
 
+#include <climits>
+
 class CWnd;
 
 namespace corekit::detail {
 
-// A range is never empty.
-constexpr int upperBound(int lower, int upper) { return upper > lower ? upper : lower + 1; }
+// A range is never empty, but for one that begins at the greatest number.
+constexpr int upperBound(int lower, int upper)
+{
+    return upper > lower || lower == INT_MAX ? upper : lower + 1;
+}
 // Where a position stands in its range; what is not 100 goes round at 100.
-int percentage(int position, int lower, int upper);
+int percentage(long long position, int lower, int upper);
 
 class ProgressParts {
 public:
@@ -24,7 +29,7 @@ public:
     int step(int step, int lower, int upper);
 
 private:
-    void showPercentage(int position, int lower, int upper);
+    void showPercentage(long long position, int lower, int upper);
 
     const CWnd& m_dialog;
 };

@@ -13,7 +13,9 @@ constexpr std::string_view colourLine = "\"a c #000000\",\n";
 constexpr std::size_t length = head.size() + turningSteps * colourLine.size() + body.size();
 using Picture = std::array<char, length>;
 
-// The newest dot is the darkest.
+// From the newest dot to the oldest: both can be told from a light ground as from a dark one.
+constexpr int newest[] = {0x22, 0x77, 0xDD}, oldest[] = {0x99, 0x99, 0x99};
+
 constexpr Picture pictureOf(int step)
 {
     constexpr std::string_view digits = "0123456789ABCDEF";
@@ -25,12 +27,17 @@ constexpr Picture pictureOf(int step)
     add(head);
     for (int dot = 0; dot < turningSteps; ++dot) {
         const int age = (step - dot + turningSteps) % turningSteps;
-        const char grey[] = {digits[static_cast<std::size_t>(2 + age)], '8'};
         const char letter = static_cast<char>('a' + dot);
         add("\"");
         add({&letter, 1});
         add(" c #");
-        for (int channel = 0; channel < 3; ++channel) add({grey, 2});
+        for (int channel = 0; channel < 3; ++channel) {
+            const int value =
+                newest[channel] + (oldest[channel] - newest[channel]) * age / (turningSteps - 1);
+            const char pair[] = {digits[static_cast<std::size_t>(value / 16)],
+                                 digits[static_cast<std::size_t>(value % 16)]};
+            add({pair, 2});
+        }
         add("\",\n");
     }
     add(body);

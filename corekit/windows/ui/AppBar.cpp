@@ -99,9 +99,7 @@ UINT_PTR CAppBar::SHAppBarMessage(DWORD message, UINT edge, LONG param, CRect* r
 void CAppBar::GetState(APPBARSTATE* state) const
 {
     const DWORD size = std::min<DWORD>(state->cbSize, sizeof m_state);
-    APPBARSTATE present = m_state;
-    present.uState = GetState();
-    std::memcpy(static_cast<void*>(state), &present, size);
+    std::memcpy(static_cast<void*>(state), &m_state, size);
 }
 
 void CAppBar::SetState(const APPBARSTATE& state)
@@ -208,7 +206,9 @@ void CAppBar::SlideWindow(const CRect& end)
 {
     CRect start;
     GetWindowRect(&start);
-    if (start != end && IsWindowVisible()) {
+    BOOL isAnimated = FALSE;
+    SystemParametersInfoA(SPI_GETDRAGFULLWINDOWS, 0, &isAnimated, 0);
+    if (isAnimated && start != end && IsWindowVisible()) {
         m_slides = true;
         using Clock = std::chrono::steady_clock;
         const auto begun = Clock::now();
@@ -318,7 +318,7 @@ void CAppBar::OnTimer(UINT_PTR id)
         CRect near;
         GetWindowRect(&near);
         near.InflateRect(2 * GetSystemMetrics(SM_CXDOUBLECLK), 2 * GetSystemMetrics(SM_CYDOUBLECLK));
-        if (!near.PtInRect(at) && m_visibleWhileHidden) ShowHiddenAppBar(0);
+        if (!near.PtInRect(at)) ShowHiddenAppBar(0);
     }
     CDialog::OnTimer(id);
 }

@@ -19,6 +19,8 @@ constexpr int lineStep = 5;
 
 constexpr DWORD effectMarks = 0xFF0000;
 constexpr DWORD effectBetween = 0x10000;
+// What is answered to something dragged over the strip while it has an effect there. Nothing can be dropped.
+constexpr DROPEFFECT dragAtWork = 0x20000;
 
 // The cursor for what a drop of a tab would do.
 HCURSOR TabCursor(DWORD effect)
@@ -253,7 +255,10 @@ void CTabbedOverlayWnd::PlaceActivePane()
 {
     CWnd* const pane = GetActivePane();
     if (!pane) return;
-    pane->MoveWindow(-m_horizontal.GetScrollPos(), 0, Pane(m_active).width, m_strip.PaneHeight());
+    CRect client;
+    GetClientRect(&client);
+    const int width = Pane(m_active).width ? Pane(m_active).width : client.Width();
+    pane->MoveWindow(-m_horizontal.GetScrollPos(), 0, width, m_strip.PaneHeight());
     pane->Invalidate();
 }
 
@@ -261,20 +266,31 @@ void CTabbedOverlayWnd::PlaceActivePane()
 
 void CTabbedOverlayWnd::EnableDragFocusSelect(int enable)
 {
-    SetDragHoverTarget(m_hWnd, enable ? this : nullptr);
-    m_hover.Leave();
+    enable ? static_cast<void>(m_dropTargetObject.Register(this)) : m_dropTargetObject.Revoke();
+    m_dropTargetObject.OnDragLeave(this);
 }
 
-void CTabbedOverlayWnd::DragEnter(POINT point) { m_hover.Enter(HitTestTab(point), point, Milliseconds()); }
-
-void CTabbedOverlayWnd::DragOver(POINT point)
+DROPEFFECT CTabbedOverlayWnd::DropTarget::WaitOver(int tab, CPoint point)
 {
-    const DWORD now = Milliseconds();
+    m_hover.Enter(tab, point, Milliseconds());
+    return tab < 0 ? DROPEFFECT_NONE : dragAtWork;
+}
+
+DROPEFFECT CTabbedOverlayWnd::DropTarget::OnDragEnter(CWnd*, COleDataObject*, DWORD, CPoint point)
+{
+    return WaitOver(m_overlay.HitTestTab(point), point);
+}
+
+DROPEFFECT CTabbedOverlayWnd::DropTarget::OnDragOver(CWnd*, COleDataObject*, DWORD, CPoint point)
+{
     if (m_hover.IsWaitingAt(point)) {
-        if (const int due = m_hover.Due(now); Has(due)) SetActivePane(due);
-        return;
+        if (const int due = m_hover.Due(Milliseconds()); m_overlay.Has(due)) m_overlay.SetActivePane(due);
+        return dragAtWork;
     }
-    const int tab = HitTestTab(point);
-    if (tab < 0) HitTabScroll(point);
-    m_hover.Enter(tab, point, now);
+    const int tab = m_overlay.HitTestTab(point);
+    if (tab < 0 && m_overlay.HitTabScroll(point)) {
+        m_hover.Leave();
+        return dragAtWork;
+    }
+    return WaitOver(tab, point);
 }

@@ -4,6 +4,8 @@
 #include "corekit/foundation/AcceleratorResource.h"
 #include "corekit/framework/Exception.h"
 #include "corekit/framework/MessageBox.h"
+#include "corekit/framework/ui/FrameWnd.h"
+#include "corekit/framework/ui/View.h"
 #include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/Cursors.h"
 #include "corekit/resources/Messages.h"
@@ -261,7 +263,11 @@ void CTabbedOverlayWnd::SetActivePane(int index)
     ShowPane(index);
     CWnd* const pane = GetPane(index);
     const HWND window = pane->GetSafeHwnd();
-    if (window) ::SetFocus(window);
+    auto* const view = dynamic_cast<CView*>(pane);
+    if (CFrameWnd* const frame = view ? view->GetParentFrame() : nullptr)
+        frame->SetActiveView(view);
+    else if (window)
+        ::SetFocus(window);
     if (window && ::IsWindow(window)) OnChangeActivePane(FromHandle(window), 1);
 }
 
@@ -274,8 +280,7 @@ int CTabbedOverlayWnd::SetPaneWidth(int, int width) { return SetActivePaneWidth(
 
 int CTabbedOverlayWnd::SetPaneWidth(const WCHAR* title, int width)
 {
-    const int index = GetPaneIndex(title);
-    return index < 0 ? -1 : SetPaneWidth(index, width);
+    return SetPaneWidth(GetPaneIndex(title), width);
 }
 
 int CTabbedOverlayWnd::SetActivePaneWidth(int width)

@@ -11,17 +11,17 @@
 #pragma once
 
 #include "corekit/foundation/StringW.h"
+#include "corekit/framework/ui/OleDropTarget.h"
 #include "corekit/framework/ui/ScrollBar.h"
 #include "corekit/framework/ui/WindowDC.h"
 #include "corekit/framework/ui/Wnd.h"
-#include "corekit/platform/DragHover.h"
 #include "corekit/unicode/ui/UniRender.h"
 #include "corekit/windows/TabHover.h"
 #include "corekit/windows/TabStrip.h"
 
 #include <vector>
 
-class COREKIT_API CTabbedOverlayWnd : public CWnd, private DragHoverTarget {
+class COREKIT_API CTabbedOverlayWnd : public CWnd {
     DECLARE_DYNAMIC(CTabbedOverlayWnd)
 public:
     CTabbedOverlayWnd();
@@ -63,8 +63,8 @@ public:
     // The width of the tab; 0 for an index that does not exist.
     int GetPaneWidth(int index) const;
     int GetPaneWidth(const CWnd* pane) const { return GetPaneWidth(GetPaneIndex(pane)); }
-    // All three set the width of the active pane, whichever is named, and return its former one. Without an
-    // active pane, or one of that title, the answer is -1.
+    // All three set the width of the active pane, whichever is named, and return its former one; -1 without
+    // an active pane.
     int SetPaneWidth(int index, int width);
     int SetPaneWidth(const WCHAR* title, int width);
     int SetActivePaneWidth(int width);
@@ -158,9 +158,20 @@ private:
     void UpdateTabDrag(CPoint point);
     void StepPane(int step);
 
-    void DragEnter(POINT point) override;
-    void DragOver(POINT point) override;
-    void DragLeave() override { m_hover.Leave(); }
+    // Looks on at what is dragged over the strip; nothing is dropped.
+    class DropTarget final : public COleDropTarget {
+    public:
+        explicit DropTarget(CTabbedOverlayWnd& overlay) : m_overlay(overlay) {}
+        DROPEFFECT OnDragEnter(CWnd*, COleDataObject*, DWORD, CPoint point) override;
+        DROPEFFECT OnDragOver(CWnd*, COleDataObject*, DWORD, CPoint point) override;
+        void OnDragLeave(CWnd*) override { m_hover.Leave(); }
+
+    private:
+        DROPEFFECT WaitOver(int tab, CPoint point);
+
+        CTabbedOverlayWnd& m_overlay;
+        corekit::detail::TabHover m_hover;
+    };
 
     CUniRender m_font, m_activeFont; // of the tabs; the bold one measures all
     int m_tabHeight = -1;            // -1: to be computed
@@ -178,7 +189,7 @@ private:
     CRect m_dragStart;                                                     // leaving it starts the drag
     HWND m_draggedPane = nullptr, m_dropTarget = nullptr;
     DWORD m_dragEffect = 0;
-    corekit::detail::TabHover m_hover;
+    DropTarget m_dropTargetObject{*this};
 
     CPen m_blackPen, m_greyPen, m_whitePen;
     CScrollBar m_horizontal;

@@ -17,7 +17,8 @@
 namespace {
 using namespace corekit::detail;
 
-std::atomic<bool (*)(RECT&)> workAreaSource = nullptr;
+constinit std::atomic<const corekit::detail::DesktopSource*> desktop = nullptr;
+constinit std::atomic<int> dragsFullWindows = -1; // not set
 
 DWORD processorsOfProcess()
 {
@@ -107,11 +108,21 @@ BOOL IsUserAnAdmin()
     return administratorState() == Administrator::effective;
 }
 
-BOOL SystemParametersInfoA(UINT action, UINT, void* data, UINT)
+BOOL SystemParametersInfoA(UINT action, UINT parameter, void* data, UINT)
 {
-    const auto source = workAreaSource.load();
-    if (action != SPI_GETWORKAREA || !data) return fail(ERROR_INVALID_PARAMETER, FALSE);
-    return source && source(*static_cast<RECT*>(data)) ? TRUE : fail(ERROR_NOT_SUPPORTED, FALSE);
+    const auto* const source = desktop.load();
+    if (action == SPI_SETDRAGFULLWINDOWS) {
+        dragsFullWindows = parameter != 0;
+        return TRUE;
+    }
+    if (!data || (action != SPI_GETWORKAREA && action != SPI_GETDRAGFULLWINDOWS))
+        return fail(ERROR_INVALID_PARAMETER, FALSE);
+    if (action == SPI_GETWORKAREA)
+        return source && source->workArea(*static_cast<RECT*>(data)) ? TRUE
+                                                                     : fail(ERROR_NOT_SUPPORTED, FALSE);
+    const int isSet = dragsFullWindows.load();
+    *static_cast<BOOL*>(data) = isSet >= 0 ? isSet : !source || source->animates();
+    return TRUE;
 }
 
-void corekit::detail::SetWorkAreaSource(bool (*source)(RECT&)) { workAreaSource = source; }
+void corekit::detail::SetDesktopSource(const DesktopSource* source) { desktop = source; }

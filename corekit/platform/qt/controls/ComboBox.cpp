@@ -5,6 +5,7 @@
 #include "corekit/platform/qt/controls/Make.h"
 #include "corekit/platform/qt/controls/OwnerDraw.h"
 #include "corekit/platform/qt/controls/RowDelegate.h"
+#include "corekit/platform/qt/windows/ClipboardOwner.h"
 
 #include <QScrollBar>
 #include <QStyle>
@@ -61,7 +62,7 @@ private:
     LRESULT insert(int index, LPARAM what);
     LRESULT remove(int index);
     void forgetItems();
-    LRESULT textOf(WPARAM index, char* buffer) const;
+    LRESULT textOf(WPARAM index, LPARAM buffer) const;
     LRESULT find(WPARAM after, LPARAM what, bool wholeText) const;
     LRESULT select(int row);
     LRESULT setHeight(int index, int height);
@@ -137,7 +138,7 @@ LRESULT ComboBox::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
             line()->copy();
             return 0;
         case WM_PASTE:
-            line()->paste();
+            if (clipboardAnswers()) line()->paste();
             return 0;
         case WM_CLEAR:
             if (line()->hasSelectedText()) line()->insert(QString());
@@ -174,11 +175,9 @@ LRESULT ComboBox::contents(UINT message, WPARAM wParam, LPARAM lParam)
     case CB_GETCOUNT:
         return m_rows.count();
     case CB_GETLBTEXT:
-        return textOf(wParam, reinterpret_cast<char*>(lParam));
+        return textOf(wParam, lParam);
     case CB_GETLBTEXTLEN:
-        return m_rows.has(wParam)
-                   ? static_cast<LRESULT>(toNarrow(m_rows.at(static_cast<int>(wParam)).text).size())
-                   : CB_ERR;
+        return m_rows.has(wParam) ? lengthOf(m_rows.at(static_cast<int>(wParam)).text, lParam) : CB_ERR;
     case CB_GETITEMDATA:
         return m_rows.has(wParam) ? static_cast<LRESULT>(m_rows.at(static_cast<int>(wParam)).data) : CB_ERR;
     case CB_SETITEMDATA:
@@ -248,7 +247,7 @@ Row ComboBox::rowFrom(LPARAM what) const
 {
     Row row;
     if (hasTexts())
-        row.text = textFrom(reinterpret_cast<const char*>(what));
+        row.text = textIn(what);
     else
         row.data = static_cast<UINT_PTR>(what);
     return row;
@@ -307,12 +306,12 @@ void ComboBox::forgetItems()
         sendDeleteItem(*this, ODT_COMBOBOX, static_cast<UINT>(row), m_rows.at(row).data);
 }
 
-LRESULT ComboBox::textOf(WPARAM index, char* buffer) const
+LRESULT ComboBox::textOf(WPARAM index, LPARAM buffer) const
 {
     if (!m_rows.has(index) || !buffer) return CB_ERR;
     const Row& row = m_rows.at(static_cast<int>(index));
-    if (hasTexts()) return copyWholeText(row.text, buffer);
-    std::memcpy(buffer, &row.data, sizeof row.data);
+    if (hasTexts()) return copyOut(row.text, buffer);
+    std::memcpy(reinterpret_cast<void*>(buffer), &row.data, sizeof row.data);
     return sizeof row.data;
 }
 
@@ -321,7 +320,7 @@ LRESULT ComboBox::find(WPARAM after, LPARAM what, bool wholeText) const
     if (!hasTexts())
         return m_rows.find(static_cast<int>(after),
                            [what](const Row& row) { return row.data == static_cast<UINT_PTR>(what); });
-    const QString text = textFrom(reinterpret_cast<const char*>(what));
+    const QString text = textIn(what);
     return m_rows.find(static_cast<int>(after), [&](const Row& row) {
         return wholeText ? compareTexts(row.text, text) == 0 : beginsWith(row.text, text);
     });

@@ -1,6 +1,7 @@
 #include "corekit/platform/qt/controls/Control.h"
 
 #include "corekit/platform/qt/controls/ToolkitFont.h"
+#include "corekit/platform/qt/windows/WideText.h"
 
 #include <QLabel>
 
@@ -93,6 +94,24 @@ bool Control::tellPlain(UINT code)
     NMHDR header{};
     notifyParent(header, code);
     return isAlive();
+}
+
+QString Control::textIn(LPARAM text) const
+{
+    return carriesWideText(handle(), text) ? textFrom(reinterpret_cast<const WCHAR*>(text))
+                                           : textFrom(reinterpret_cast<const char*>(text));
+}
+
+LRESULT Control::copyOut(const QString& text, LPARAM buffer) const
+{
+    if (carriesWideText(handle(), buffer))
+        return copyText(text, reinterpret_cast<WCHAR*>(buffer), static_cast<int>(text.size()) + 1);
+    return copyWholeText(text, reinterpret_cast<char*>(buffer));
+}
+
+LRESULT Control::lengthOf(const QString& text, LPARAM lParam) const
+{
+    return carriesWideText(handle(), lParam) ? text.size() : static_cast<LRESULT>(toNarrow(text).size());
 }
 
 QString withoutMnemonic(const QString& text)

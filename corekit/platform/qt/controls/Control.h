@@ -35,6 +35,12 @@ protected:
     // WM_NOTIFY with nothing but its header.
     bool tellPlain(UINT code);
 
+    // The text of the message in hand, and its way out: wide if the message is (SendMessageW). A buffer
+    // without a size is long enough by contract.
+    QString textIn(LPARAM text) const;
+    LRESULT copyOut(const QString& text, LPARAM buffer) const;
+    LRESULT lengthOf(const QString& text, LPARAM lParam) const;
+
     // What the control hears from the toolkit ends with the control, not with the widget: connect to this.
     const QObject* life() const { return &m_life; }
 

@@ -3,6 +3,8 @@
 #include "corekit/platform/qt/controls/LineEdit.h"
 #include "corekit/platform/qt/controls/Make.h"
 #include "corekit/platform/qt/controls/TextEdit.h"
+#include "corekit/platform/qt/windows/ClipboardOwner.h"
+#include "corekit/platform/qt/windows/WideText.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -104,7 +106,7 @@ LRESULT LineEdit::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
         selectInLine(*face(), static_cast<int>(wParam), static_cast<int>(lParam));
         return 0;
     case EM_REPLACESEL:
-        face()->insert(textFrom(reinterpret_cast<const char*>(lParam)));
+        face()->insert(textIn(lParam));
         if (!wParam && isAlive()) face()->forgetUndo();
         return 0;
     case EM_GETMODIFY:
@@ -141,7 +143,7 @@ LRESULT LineEdit::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
         face()->copy();
         return 0;
     case WM_PASTE:
-        if (!face()->isReadOnly()) face()->paste();
+        if (!face()->isReadOnly() && clipboardAnswers()) face()->paste();
         return 0;
     case WM_CLEAR:
         if (!face()->isReadOnly() && face()->hasSelectedText()) face()->insert(QString());
@@ -168,10 +170,8 @@ LRESULT LineEdit::words(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     case EM_LINELENGTH:
         return static_cast<int>(wParam) < 0 ? length - face()->selectedText().size() : length;
-    case EM_GETLINE: {
-        auto* const buffer = reinterpret_cast<char*>(lParam);
-        return wParam == 0 ? copyLine(face()->text(), buffer) : 0;
-    }
+    case EM_GETLINE:
+        return wParam == 0 ? copyLine(*this, face()->text(), lParam) : 0;
     case EM_GETFIRSTVISIBLELINE:
         return face()->cursorPositionAt({face()->contentsRect().left(), face()->height() / 2});
     case EM_POSFROMCHAR: {
@@ -200,15 +200,21 @@ LRESULT LineEdit::words(UINT message, WPARAM wParam, LPARAM lParam)
 
 } // namespace
 
-int copyLine(const QString& line, char* buffer)
+int copyLine(const Window& control, const QString& line, LPARAM buffer)
 {
-    if (!buffer) return 0;
+    auto* const into = reinterpret_cast<char*>(buffer);
+    if (!into) return 0;
     WORD size = 0;
-    std::memcpy(&size, buffer, sizeof size);
+    std::memcpy(&size, into, sizeof size);
+    if (carriesWideText(control.handle(), buffer)) {
+        const auto units = std::min<qsizetype>(line.size(), size);
+        std::memcpy(into, line.utf16(), static_cast<std::size_t>(units) * sizeof(WCHAR));
+        return static_cast<int>(units);
+    }
     std::string narrow = toNarrow(line);
     for (qsizetype units = line.size(); narrow.size() > size; --units)
         narrow = toNarrow(line.left(units - 1));
-    std::memcpy(buffer, narrow.data(), narrow.size());
+    std::memcpy(into, narrow.data(), narrow.size());
     return static_cast<int>(narrow.size());
 }
 

@@ -1,4 +1,5 @@
 #include "corekit/platform/qt/controls/LineEdit.h"
+#include "corekit/platform/qt/windows/ClipboardOwner.h"
 
 #include <QSignalBlocker>
 
@@ -85,6 +86,8 @@ void LineFace::forgetUndo()
     else
         setCursorPosition(cursor);
 }
+
+bool LineFace::event(QEvent* event) { return asksSilentClipboard(*event) || QLineEdit::event(event); }
 
 QRect LineFace::placeOf(int position)
 {

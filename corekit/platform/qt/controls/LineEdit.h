@@ -29,6 +29,9 @@ public:
     void forgetUndo();
     QRect placeOf(int position);
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
     class Validator;
 

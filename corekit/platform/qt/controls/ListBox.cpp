@@ -49,7 +49,7 @@ private:
     Row rowFrom(LPARAM what) const;
     void forget(int row);
     void forgetItems();
-    LRESULT textOf(WPARAM index, char* buffer) const;
+    LRESULT textOf(WPARAM index, LPARAM buffer) const;
     LRESULT find(WPARAM after, LPARAM what, bool wholeText) const;
 
     LRESULT setCurrent(int row);
@@ -158,11 +158,9 @@ LRESULT ListBox::contents(UINT message, WPARAM wParam, LPARAM lParam)
     case LB_GETCOUNT:
         return m_rows.count();
     case LB_GETTEXT:
-        return textOf(wParam, reinterpret_cast<char*>(lParam));
+        return textOf(wParam, lParam);
     case LB_GETTEXTLEN:
-        return m_rows.has(wParam)
-                   ? static_cast<LRESULT>(toNarrow(m_rows.at(static_cast<int>(wParam)).text).size())
-                   : LB_ERR;
+        return m_rows.has(wParam) ? lengthOf(m_rows.at(static_cast<int>(wParam)).text, lParam) : LB_ERR;
     case LB_GETITEMDATA:
         return m_rows.has(wParam) ? static_cast<LRESULT>(m_rows.at(static_cast<int>(wParam)).data) : LB_ERR;
     case LB_SETITEMDATA:
@@ -181,7 +179,7 @@ Row ListBox::rowFrom(LPARAM what) const
 {
     Row row;
     if (hasTexts())
-        row.text = textFrom(reinterpret_cast<const char*>(what));
+        row.text = textIn(what);
     else
         row.data = static_cast<UINT_PTR>(what);
     return row;
@@ -222,12 +220,12 @@ void ListBox::forgetItems()
     for (int row = 0; isOwnerDrawn() && isAlive() && row < m_rows.count(); ++row) forget(row);
 }
 
-LRESULT ListBox::textOf(WPARAM index, char* buffer) const
+LRESULT ListBox::textOf(WPARAM index, LPARAM buffer) const
 {
     if (!m_rows.has(index) || !buffer) return LB_ERR;
     const Row& row = m_rows.at(static_cast<int>(index));
-    if (hasTexts()) return copyWholeText(row.text, buffer);
-    std::memcpy(buffer, &row.data, sizeof row.data);
+    if (hasTexts()) return copyOut(row.text, buffer);
+    std::memcpy(reinterpret_cast<void*>(buffer), &row.data, sizeof row.data);
     return sizeof row.data;
 }
 
@@ -236,7 +234,7 @@ LRESULT ListBox::find(WPARAM after, LPARAM what, bool wholeText) const
     if (!hasTexts())
         return m_rows.find(static_cast<int>(after),
                            [what](const Row& row) { return row.data == static_cast<UINT_PTR>(what); });
-    const QString text = textFrom(reinterpret_cast<const char*>(what));
+    const QString text = textIn(what);
     return m_rows.find(static_cast<int>(after), [&](const Row& row) {
         return wholeText ? compareTexts(row.text, text) == 0 : beginsWith(row.text, text);
     });

@@ -56,6 +56,7 @@ class StatusBar final : public Control {
 public:
     explicit StatusBar(QWidget* parent) : Control(new QStatusBar(parent))
     {
+        widget()->setAutoFillBackground(true); // the window behind it may have another colour
         setParts(1, nullptr);
         m_simple = makePart();
         m_simple.face->hide();

@@ -1,6 +1,7 @@
 #include "corekit/platform/qt/controls/TextEdit.h"
 
 #include "corekit/platform/Edits.h"
+#include "corekit/platform/qt/windows/ClipboardOwner.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
@@ -29,6 +30,11 @@ public:
     std::function<void(const QString&)> enter;
 
 protected:
+    bool event(QEvent* event) override { return asksSilentClipboard(*event) || QPlainTextEdit::event(event); }
+    bool viewportEvent(QEvent* event) override
+    {
+        return asksSilentClipboard(*event) || QPlainTextEdit::viewportEvent(event);
+    }
     void keyPressEvent(QKeyEvent* event) override
     {
         const QString text = event->text();
@@ -268,7 +274,7 @@ LRESULT TextEdit::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
         select(static_cast<int>(wParam), static_cast<int>(lParam));
         return 0;
     case EM_REPLACESEL:
-        replaceSelection(textFrom(reinterpret_cast<const char*>(lParam)), wParam != 0);
+        replaceSelection(textIn(lParam), wParam != 0);
         return 0;
     case EM_GETMODIFY:
         return document().isModified();
@@ -299,7 +305,7 @@ LRESULT TextEdit::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
         face()->copy();
         return 0;
     case WM_PASTE:
-        face()->paste();
+        if (clipboardAnswers()) face()->paste();
         return 0;
     case WM_CLEAR:
         if (!face()->isReadOnly()) face()->textCursor().removeSelectedText();
@@ -331,9 +337,7 @@ LRESULT TextEdit::places(UINT message, WPARAM wParam, LPARAM lParam)
     }
     case EM_GETLINE: {
         const Line line = lineAt(argument);
-        return line.isThere()
-                   ? copyLine(line.block.text().mid(line.start, line.length), reinterpret_cast<char*>(lParam))
-                   : 0;
+        return line.isThere() ? copyLine(*this, line.block.text().mid(line.start, line.length), lParam) : 0;
     }
     case EM_POSFROMCHAR: {
         if (argument < 0 || argument > length()) return -1;

@@ -9,7 +9,7 @@ namespace corekit::detail {
 std::unique_ptr<Window> makeTextEdit(QWidget* parent);
 
 EntryRules rulesOf(DWORD style); // ES_
-// For EM_GETLINE: as much as the buffer's first word says, without a zero.
-int copyLine(const QString& line, char* buffer);
+// For EM_GETLINE: as much as the buffer's first word says, without a zero; wide if the message is.
+int copyLine(const Window& control, const QString& line, LPARAM buffer);
 
 } // namespace corekit::detail

@@ -1,6 +1,5 @@
 #include "corekit/platform/MessageBoxes.h"
 
-#include "corekit/platform/Input.h"
 #include "corekit/platform/qt/dialogs/OwnerHeld.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
 #include "corekit/platform/qt/windows/Window.h"
@@ -80,14 +79,8 @@ int MessageBoxA(HWND owner, const char* text, const char* caption, UINT type)
     box.setText(shown);
     box.setWindowTitle(caption ? fromNarrow(caption) : QCoreApplication::applicationName());
     box.setWindowModality(over ? Qt::WindowModal : Qt::ApplicationModal);
-    const HWND focus = GetFocus();
-    int answer = 0;
-    {
-        const OwnerHeld held(owner);
-        answer = ask(box, type);
-    }
-    if (IsWindow(focus)) SetFocus(focus);
-    return answer;
+    const OwnerHeld held(owner);
+    return ask(box, type);
 }
 
 bool corekit::detail::callOnToolkitThread(const std::function<void()>& work)

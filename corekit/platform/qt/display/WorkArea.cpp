@@ -1,8 +1,9 @@
-// Tells core the free part of the main screen.
+// Tells core the free part of the main screen, and whether the desktop is one that moves things about.
 #include "corekit/platform/SystemInfo.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
+#include <QStyle>
 
 namespace {
 bool WorkArea(RECT& area)
@@ -14,6 +15,13 @@ bool WorkArea(RECT& area)
     return true;
 }
 
-[[gnu::constructor]] void Start() { corekit::detail::SetWorkAreaSource(&WorkArea); }
-[[gnu::destructor]] void Stop() { corekit::detail::SetWorkAreaSource(nullptr); }
+bool Animates()
+{
+    const auto* const application = qobject_cast<QApplication*>(QCoreApplication::instance());
+    return !application || QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
+}
+
+constexpr corekit::detail::DesktopSource source{&WorkArea, &Animates};
+[[gnu::constructor]] void Start() { corekit::detail::SetDesktopSource(&source); }
+[[gnu::destructor]] void Stop() { corekit::detail::SetDesktopSource(nullptr); }
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "corekit/platform/DebugOutput.h"
 #include "corekit/platform/Messages.h"
-#include "corekit/platform/qt/shell/XStruts.h"
+#include "corekit/platform/qt/shell/FullScreenWatch.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
 #include "corekit/platform/qt/windows/Window.h"
 
@@ -10,6 +10,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 using namespace corekit::detail;
@@ -31,6 +32,7 @@ public:
         std::erase_if(m_bars, [](const Bar& bar) { return !IsWindow(bar.window); });
         for (HWND& hiding : m_hiding)
             if (!IsWindow(hiding)) hiding = nullptr;
+        if (m_bars.empty()) m_watch.reset();
         if (message == ABM_GETSTATE) return 0;
         if (message == ABM_GETAUTOHIDEBAR)
             return data.uEdge <= ABE_BOTTOM ? reinterpret_cast<UINT_PTR>(m_hiding[data.uEdge]) : 0;
@@ -46,8 +48,14 @@ private:
     {
         if (std::ranges::find(m_bars, data.hWnd, &Bar::window) != m_bars.end()) return 0;
         m_bars.push_back({data.hWnd, data.uCallbackMessage, ABE_BOTTOM + 1, {}, 0});
+        const bool isUsable = XStruts().isUsable();
+        if (isUsable && !m_watch)
+            m_watch = std::make_unique<FullScreenWatch>([this](bool isOpen) {
+                for (const Bar& bar : m_bars) tellOfFullScreen(bar, isOpen);
+            });
+        if (m_watch && m_watch->isOpen()) tellOfFullScreen(m_bars.back(), true);
         static bool isTold = false;
-        if (!XStruts().isUsable() && !std::exchange(isTold, true))
+        if (!isUsable && !std::exchange(isTold, true))
             OutputDebugStringA(
                 "[Application Bar] This desktop reserves no room: the bar is a plain window.\n");
         return 1;
@@ -60,6 +68,7 @@ private:
             setStrip(bar, widget, ABE_BOTTOM + 1, {});
             for (UINT edge = ABE_LEFT; edge <= ABE_BOTTOM; ++edge) hide(bar, widget, edge, false);
             std::erase_if(m_bars, [&](const Bar& each) { return each.window == data.hWnd; });
+            if (m_bars.empty()) m_watch.reset();
             return 1;
         case ABM_QUERYPOS:
             trim(data, widget);
@@ -146,6 +155,11 @@ private:
                 PostMessageA(other.window, other.callback, ABN_POSCHANGED, 0);
     }
 
+    static void tellOfFullScreen(const Bar& bar, bool isOpen)
+    {
+        if (bar.callback) PostMessageA(bar.window, bar.callback, ABN_FULLSCREENAPP, isOpen);
+    }
+
     static void tell(Bar& bar, const QWidget& widget)
     {
         const XStruts desktop;
@@ -156,6 +170,7 @@ private:
 
     std::vector<Bar> m_bars;
     HWND m_hiding[4] = {};
+    std::unique_ptr<FullScreenWatch> m_watch; // while there are bars
 };
 
 } // namespace

@@ -61,6 +61,17 @@ std::vector<std::uint32_t> XStruts::property(std::uint32_t window, const char* n
     return values;
 }
 
+void XStruts::hearOfProperties(std::uint32_t window) const
+{
+    const auto asked = xcb_get_window_attributes(m_connection, window);
+    const Reply<xcb_get_window_attributes_reply_t> present(
+        xcb_get_window_attributes_reply(m_connection, asked, nullptr));
+    if (!present || present->your_event_mask & XCB_EVENT_MASK_PROPERTY_CHANGE) return;
+    const std::uint32_t mask = present->your_event_mask | XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(m_connection, window, XCB_CW_EVENT_MASK, &mask);
+    xcb_flush(m_connection);
+}
+
 void XStruts::reserve(const QWidget& window, UINT edge, const QRect& strip) const
 {
     const QRect screen = QGuiApplication::primaryScreen()->geometry();

@@ -27,9 +27,13 @@ public:
     bool takeEdge(const QWidget& window, UINT edge) const;
     void giveBackEdge(const QWidget& window, UINT edge) const;
 
-private:
+    std::uint32_t root() const { return m_root; }
     std::uint32_t atomOf(const char* name) const;
     std::vector<std::uint32_t> property(std::uint32_t window, const char* name, std::uint32_t type) const;
+    // From here on the toolkit's connection is told when a property of the window changes.
+    void hearOfProperties(std::uint32_t window) const;
+
+private:
     std::uint32_t edgeAtom(UINT edge) const;
 
     xcb_connection_t* m_connection = nullptr;

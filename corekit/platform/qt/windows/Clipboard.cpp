@@ -3,6 +3,7 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Memory.h"
 #include "corekit/platform/posix/user/RegisteredNames.h"
+#include "corekit/platform/qt/windows/ClipboardOwner.h"
 #include "corekit/platform/qt/windows/MediaData.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
 #include "corekit/platform/qt/windows/Window.h"
@@ -149,7 +150,7 @@ public:
         if (m_isEmptied)
             return m_set.contains(format) ||
                    (isText(format) && (m_set.contains(CF_TEXT) || m_set.contains(CF_UNICODETEXT)));
-        const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+        const QMimeData* const data = present();
         return data && mediaHas(*data, format);
     }
 
@@ -173,8 +174,14 @@ private:
 
     static HGLOBAL fetched(UINT format)
     {
-        const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+        const QMimeData* const data = present();
         return data ? blockOfMedia(*data, format) : nullptr;
+    }
+
+    // Null also while its owner does not answer.
+    static const QMimeData* present()
+    {
+        return clipboardAnswers() ? QGuiApplication::clipboard()->mimeData() : nullptr;
     }
 
     void publish()
@@ -265,6 +272,7 @@ int GetSelectionText(WCHAR* buffer, int size)
 {
     if (buffer && size > 0) *buffer = 0;
     if (!hasToolkit() || (buffer && size < 1) || !QGuiApplication::clipboard()->supportsSelection()) return 0;
+    if (!clipboardAnswers(QClipboard::Selection)) return 0;
     const QString text = QGuiApplication::clipboard()->text(QClipboard::Selection);
     if (!buffer) return static_cast<int>(text.size());
     const int length = std::min(static_cast<int>(text.size()), size - 1);

@@ -6,11 +6,13 @@
 #include "corekit/platform/Painting.h"
 #include "corekit/platform/qt/windows/BareWindow.h"
 #include "corekit/platform/qt/windows/FrameDragging.h"
+#include "corekit/platform/qt/windows/WideText.h"
 #include "corekit/platform/qt/windows/WindowClass.h"
 #include "corekit/platform/qt/windows/WindowState.h"
 #include "corekit/platform/Timers.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
 #include <utility>
 
@@ -24,8 +26,12 @@ constexpr bool isInput(UINT message)
            (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_CONTEXTMENU;
 }
 
-LRESULT copyText(const Window& window, WPARAM size, char* buffer)
+LRESULT copyText(const Window& window, WPARAM size, LPARAM into)
 {
+    if (carriesWideText(window.handle(), into))
+        return GetWindowTextW(window.handle(), reinterpret_cast<WCHAR*>(into),
+                              static_cast<int>(std::min<WPARAM>(size, INT_MAX)));
+    auto* const buffer = reinterpret_cast<char*>(into);
     if (!buffer || size == 0) return 0;
     const std::string text = toNarrow(window.text());
     const std::size_t length = std::min<std::size_t>(text.size(), size - 1);
@@ -38,12 +44,16 @@ LRESULT defaultText(Window& window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_SETTEXT:
+        if (carriesWideText(window.handle(), lParam))
+            return SetWindowTextW(window.handle(), reinterpret_cast<const WCHAR*>(lParam));
         window.setText(fromNarrow(reinterpret_cast<const char*>(lParam)));
         return TRUE;
     case WM_GETTEXT:
-        return copyText(window, wParam, reinterpret_cast<char*>(lParam));
+        return copyText(window, wParam, lParam);
     default:
-        return static_cast<LRESULT>(toNarrow(window.text()).size());
+        return carriesWideText(window.handle(), lParam)
+                   ? window.text().size()
+                   : static_cast<LRESULT>(toNarrow(window.text()).size());
     }
 }
 

@@ -11,6 +11,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QTimer>
 #include <QUrl>
 
 #include <algorithm>
@@ -123,6 +124,48 @@ void dropFiles(Window& window, const QMimeData& data, POINT point)
 
 namespace {
 
+// While the mouse rests the toolkit is silent; a target is told where it is again and again.
+class Rest final : public QObject {
+public:
+    Rest()
+    {
+        m_timer.setInterval(interval);
+        connect(&m_timer, &QTimer::timeout, this, &Rest::tell);
+    }
+    void at(HWND window, const QMimeData& data, DWORD keys, POINT point)
+    {
+        m_window = window;
+        m_data = &data;
+        m_keys = keys;
+        m_point = point;
+        m_timer.start();
+    }
+    void end() { m_timer.stop(); }
+
+private:
+    static constexpr int interval = 100; // milliseconds
+
+    void tell()
+    {
+        const auto found = targets().find(m_window);
+        if (!m_data || found == targets().end()) return end();
+        const DWORD effect = found->second.target->over(m_window, Dragged(*m_data), m_keys, m_point);
+        if (const auto still = targets().find(m_window); still != targets().end())
+            still->second.effect = effect;
+    }
+
+    QTimer m_timer;
+    HWND m_window = nullptr;
+    QPointer<const QMimeData> m_data;
+    DWORD m_keys = 0;
+    POINT m_point{};
+};
+Rest& rest()
+{
+    static auto* const only = new Rest;
+    return *only;
+}
+
 // A movement is always accepted, or the toolkit would send no more of them; what cannot be dropped here has
 // no action.
 void moveOver(QDropEvent& event, HWND handle, const DraggedData& dragged, POINT point)
@@ -132,12 +175,14 @@ void moveOver(QDropEvent& event, HWND handle, const DraggedData& dragged, POINT 
                              ? target.enter(handle, dragged, keysOf(event), point)
                              : target.over(handle, dragged, keysOf(event), point);
     if (const auto still = targets().find(handle); still != targets().end()) still->second.effect = effect;
+    rest().at(handle, *event.mimeData(), keysOf(event), point);
     event.setDropAction(actionOf(effect));
     event.accept();
 }
 
 void letGoOver(QDropEvent& event, HWND handle, const DraggedData& dragged, POINT point)
 {
+    rest().end();
     const auto [target, effect] = targets().at(handle);
     if (actionOf(effect) != Qt::IgnoreAction)
         return answer(event, target->drop(handle, dragged, effectOf(actionOf(effect)), point));
@@ -153,6 +198,7 @@ bool dropEvent(Window& window, QWidget& receiver, QEvent* raw)
     const auto found = targets().find(handle);
     const bool hasTarget = found != targets().end();
     if (raw->type() == QEvent::DragLeave) {
+        rest().end();
         if (hasTarget) found->second.target->leave(handle);
         return hasTarget;
     }
@@ -180,6 +226,7 @@ bool setDropTarget(HWND handle, DropTarget* target)
     if (!window || !window->widget()) return false;
     if (!target) {
         targets().erase(handle);
+        window->widget()->setAcceptDrops(window->exStyle() & WS_EX_ACCEPTFILES);
         return true;
     }
     targets()[handle] = {target, DROPEFFECT_NONE};

@@ -4,6 +4,7 @@
 #include "corekit/platform/qt/windows/Window.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
 #include <QMimeData>
@@ -89,14 +90,21 @@ bool DropFiles(HWND window, POINT point, std::initializer_list<const char*> name
     return dropOn(window, point, data);
 }
 
-void DragTextAcross(HWND window, POINT point, std::u16string_view text)
+void HoldTextOver(HWND window, POINT point, std::u16string_view text, const std::function<bool()>& until)
 {
     QMimeData data;
     data.setText(wide(text));
     Target target(window, point);
     target.enter(data);
+    const QDeadlineTimer end(30'000);
+    while (!until() && !end.hasExpired()) RunFor(10);
     target.leave();
     RunWaiting();
+}
+
+void DragTextAcross(HWND window, POINT point, std::u16string_view text)
+{
+    HoldTextOver(window, point, text, [] { return true; });
 }
 
 } // namespace corekit::test

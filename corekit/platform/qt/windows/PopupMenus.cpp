@@ -39,6 +39,9 @@ public:
         connect(this, &QMenu::aboutToShow, this, [this, index] { fill(index); });
         connect(this, &QMenu::aboutToHide, this, [this] {
             SendMessageA(m_choice->window, WM_UNINITMENUPOPUP, reinterpret_cast<WPARAM>(m_menu), 0);
+            const bool isInner = qobject_cast<QMenu*>(parentWidget()) != nullptr;
+            if (!isInner)
+                SendMessageA(m_choice->window, WM_MENUSELECT, MAKELONG(0, 0xFFFF), 0); // all is closed
         });
     }
 
@@ -73,7 +76,9 @@ private:
             SendMessageA(m_choice->window, WM_MENUSELECT, MAKELONG(static_cast<WORD>(id), 0),
                          reinterpret_cast<LPARAM>(m_menu));
         });
-        connect(action, &QAction::triggered, this, [choice = m_choice, id] {
+        connect(action, &QAction::triggered, this, [choice = m_choice, menu = m_menu, id] {
+            constexpr UINT gone = 0xFFFFFFFF; // since it was shown
+            if (GetMenuState(menu, id, MF_BYCOMMAND) == gone) return;
             choice->chosen = id;
             if (!choice->isReturned) PostMessageA(choice->window, WM_COMMAND, LOWORD(id), 0);
         });
