@@ -66,8 +66,7 @@ void Workbench::Store()
 {
     if (m_settingsFile.empty()) return;
     m_showsClock = m_clock.m_hWnd != nullptr;
-    m_clockState.cbSize = sizeof m_clockState;
-    if (m_showsClock) m_clock.GetState(&m_clockState);
+    if (m_showsClock) KeepClock();
     CPropertyStore layout, toolbars;
     CDockBarEx::SaveControlBarStates(layout, this);
     StoreToolbars(toolbars);

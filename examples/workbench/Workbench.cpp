@@ -249,6 +249,12 @@ void Workbench::Attach(PaneStack& stack, int pane)
 
 StoryText* Workbench::Shown() const { return dynamic_cast<StoryText*>(m_inFront); }
 
+void Workbench::KeepClock()
+{
+    m_clockState.cbSize = sizeof m_clockState;
+    m_clock.GetState(&m_clockState);
+}
+
 bool Workbench::OpenClock()
 {
     if (m_clockState.cbSize) m_clock.SetState(m_clockState);
@@ -373,7 +379,7 @@ void Workbench::OnCustomise()
 void Workbench::OnClock()
 {
     if (m_clock.m_hWnd) {
-        m_clock.GetState(&m_clockState);
+        KeepClock();
         m_clock.DestroyWindow();
     } else {
         OpenClock();

@@ -76,6 +76,7 @@ private:
     void Store();
     void StoreStories();
     bool OpenClock();
+    void KeepClock();
 
     std::string m_settingsFile;
     CPropertyStore m_settings, m_keys, m_macros, m_macroNames;
@@ -90,7 +91,7 @@ private:
     CWnd* m_inFront = nullptr;
     std::unique_ptr<CCustomToolbar> m_macroBar;
     ClockBar m_clock;
-    APPBARSTATE m_clockState{};
+    APPBARSTATE m_clockState{}; // of no size before there was one
     int m_speed = 5, m_showsMacros = 1, m_showsClock = 0;
     bool m_runs = false;
 };

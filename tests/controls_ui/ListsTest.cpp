@@ -32,6 +32,12 @@ TEST(ListBoxes, SortFindAndSelect)
     Click(list, {row.left + 5, (row.top + row.bottom) / 2});
     EXPECT_EQ(send(list, LB_GETCURSEL), 2);
     EXPECT_TRUE(parent.heard(LBN_SELCHANGE));
+    EXPECT_EQ(send(list, LB_SETCURSEL, static_cast<WPARAM>(-1)), LB_ERR);
+    SetFocus(list);
+    parent.told.clear();
+    PressKey(VK_HOME);
+    EXPECT_EQ(send(list, LB_GETCURSEL), 0);
+    EXPECT_TRUE(parent.heard(LBN_SELCHANGE));
     EXPECT_EQ(send(list, LB_DELETESTRING, 2), 3);
     EXPECT_EQ(send(list, LB_GETTEXT, 3, "x"), LB_ERR);
 }

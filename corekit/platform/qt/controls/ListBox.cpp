@@ -1,6 +1,7 @@
 #include "corekit/platform/ListBoxes.h"
 
 #include "corekit/platform/Buttons.h"
+#include "corekit/platform/Keyboard.h"
 #include "corekit/platform/qt/controls/Make.h"
 #include "corekit/platform/qt/controls/OwnerDraw.h"
 #include "corekit/platform/qt/controls/RowDelegate.h"
@@ -53,6 +54,7 @@ private:
     LRESULT find(WPARAM after, LPARAM what, bool wholeText) const;
 
     LRESULT setCurrent(int row);
+    void selectCurrent();
     LRESULT current() const;
     LRESULT select(int first, int last, bool on);
     LRESULT selectedRows(int count, int* rows) const;
@@ -121,11 +123,21 @@ LRESULT ListBox::input(UINT message, WPARAM wParam, LPARAM lParam)
     const int program = std::exchange(m_program, 0);
     const auto self = share(handle());
     const LRESULT answer = Control::input(message, wParam, lParam);
+    if (isAlive() && message == WM_KEYDOWN && wParam >= VK_PRIOR && wParam <= VK_DOWN) selectCurrent();
     m_program = program;
     if (!isAlive() || message != WM_LBUTTONDBLCLK || !(style() & LBS_NOTIFY)) return answer;
     const QPoint inView = face()->viewport()->mapFrom(face(), toWidget(pointIn(lParam)));
     if (face()->indexAt(inView).isValid()) tell(LBN_DBLCLK);
     return answer;
+}
+
+// The toolkit leaves a row alone that a key would move to and that is the current one already.
+void ListBox::selectCurrent()
+{
+    const QModelIndex index = face()->currentIndex();
+    if (isMultiple() || style() & LBS_NOSEL || !index.isValid() || face()->selectionModel()->hasSelection())
+        return;
+    face()->selectionModel()->select(index, QItemSelectionModel::ClearAndSelect);
 }
 
 LRESULT ListBox::contents(UINT message, WPARAM wParam, LPARAM lParam)
