@@ -52,7 +52,7 @@ void Workbench::Load()
     m_macros = m_settings.GetPropertyStore("Macros");
     if (m_macros.GetPropertyStoreValueCount() == 0)
         corekit::SaveMacroButtons(m_macros, {{"Next", "Next story", {}, "Goes to the next story"},
-                                                     {"Mark", "Go to the mark", {}, "Goes to the mark"}});
+                                             {"Mark", "Go to the mark", {}, "Goes to the mark"}});
     for (const char* name : {"Go to the mark", "Next story"})
         m_macroNames.SetPropertyStore(name, CPropertyStore());
     m_settings.GetValue("Show Macros", m_showsMacros);

@@ -45,6 +45,15 @@ public:
     Workbench* m_window; // deletes itself with its window
 };
 
+CPoint PointOnTab(const PaneStack& stack, int tab)
+{
+    CRect client;
+    stack.GetClientRect(&client);
+    CPoint point(0, client.bottom - 5);
+    while (point.x < client.right && stack.HitTestTab(point) != tab) ++point.x;
+    return point + CSize(20, 0);
+}
+
 // What a user would do first.
 void MoveAbout(Workbench& window)
 {
@@ -55,12 +64,9 @@ void MoveAbout(Workbench& window)
     window.Stack(0).SetActivePane(2);
     RunWaiting();
     // The Bengali story goes below, dragged by its tab.
-    CRect from = window.Stack(0).GetStrip().TabRect(5), to = window.Stack(1).GetStrip().TabRect(0);
-    window.Stack(0).ClientToScreen(&from);
-    window.Stack(1).ClientToScreen(&to);
-    CPoint end = to.CenterPoint() + CSize(0, -2 * to.Height());
-    CPoint start = from.CenterPoint();
-    window.Stack(0).ScreenToClient(&start);
+    const CPoint start = PointOnTab(window.Stack(0), 5);
+    CPoint end = PointOnTab(window.Stack(1), 0) + CSize(0, -50);
+    window.Stack(1).ClientToScreen(&end);
     window.Stack(0).ScreenToClient(&end);
     Drag(window.Stack(0).m_hWnd, start, end);
     window.Stack(1).SetActivePane(0);

@@ -100,6 +100,8 @@ void CTabbedOverlayWnd::OnTimer(UINT_PTR id)
 
 // ---- The mouse
 
+int CTabbedOverlayWnd::HitTestTab(CPoint point) const { return m_strip.TabAt(point); }
+
 void CTabbedOverlayWnd::OnLButtonDown(UINT flags, CPoint point)
 {
     CWnd::OnLButtonDown(flags, point);

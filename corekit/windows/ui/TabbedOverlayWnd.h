@@ -84,7 +84,7 @@ public:
     int HitTabScroll(CPoint point);
     // Scrolls by one tab, the way of the button that was hit last.
     void DoTabScroll();
-    int HitTestTab(CPoint point) const { return m_strip.TabAt(point); } // -1 for none
+    int HitTestTab(CPoint point) const; // -1 for none
     const corekit::detail::TabStrip& GetStrip() const { return m_strip; }
 
     BOOL OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* info) override;
