@@ -55,7 +55,7 @@ TEST_F(FileDialogs, AFileThatIsThereIsOpened)
 {
     CFileDialog dialog(TRUE, "txt", nullptr, mustExist, filters, &owner);
     bool ownerTakesInput = true;
-    Acts acts{[&] { ownerTakesInput = owner.IsWindowEnabled(); }, Write(In("two.txt")), Press(VK_RETURN)};
+    Acts acts{[&] { ownerTakesInput = owner.IsWindowEnabled(); }, Write(In("two.txt")), PressReturnInField};
     EXPECT_EQ(dialog.DoModal(), IDOK);
     EXPECT_FALSE(ownerTakesInput);
     EXPECT_TRUE(owner.IsWindowEnabled());
@@ -68,7 +68,7 @@ TEST_F(FileDialogs, AFileThatIsThereIsOpened)
 TEST_F(FileDialogs, OneThatIsNotThereIsRefusedAndEscapeCancels)
 {
     CFileDialog dialog(TRUE, nullptr, nullptr, mustExist, filters, &owner);
-    Acts acts{Write(In("three.txt")), Press(VK_RETURN), Press(VK_RETURN) /* the box that says so */,
+    Acts acts{Write(In("three.txt")), PressReturnInField, Press(VK_RETURN) /* the box that says so */,
               Again(Press(escape))};
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
     EXPECT_STREQ(dialog.GetPathName(), "");
@@ -78,7 +78,7 @@ TEST_F(FileDialogs, SavingAddsTheExtensionAndAsksBeforeItReplaces)
 {
     CFileDialog fresh(FALSE, "txt", nullptr, OFN_OVERWRITEPROMPT, filters, &owner);
     {
-        Acts acts{Write(In("story")), Press(VK_RETURN)};
+        Acts acts{Write(In("story")), PressReturnInField};
         EXPECT_EQ(fresh.DoModal(), IDOK);
     }
     EXPECT_EQ(std::string(fresh.GetPathName()), In("story.txt"));
@@ -86,7 +86,7 @@ TEST_F(FileDialogs, SavingAddsTheExtensionAndAsksBeforeItReplaces)
         CFileDialog dialog(FALSE, "txt", nullptr, OFN_OVERWRITEPROMPT, filters, &owner);
         const Acts::Act answer = Press(replaces ? 'Y' : 'N', {VK_MENU}),
                         last = replaces ? answer : Again(Press(escape));
-        Acts acts{Write(In("one.txt")), Press(VK_RETURN), answer, last};
+        Acts acts{Write(In("one.txt")), PressReturnInField, answer, last};
         EXPECT_EQ(dialog.DoModal(), replaces ? IDOK : IDCANCEL);
     }
 }
@@ -95,7 +95,7 @@ TEST_F(FileDialogs, SeveralFilesComeAsPathsOfTheirOwn)
 {
     CFileDialog dialog(TRUE, nullptr, nullptr, mustExist | OFN_ALLOWMULTISELECT, nullptr, &owner);
     dialog.m_ofn.lpstrInitialDir = folder.Path().c_str();
-    Acts acts{Write("\"one.txt\" \"two.txt\""), Press(VK_RETURN)};
+    Acts acts{Write("\"one.txt\" \"two.txt\""), PressReturnInField};
     ASSERT_EQ(dialog.DoModal(), IDOK);
     std::vector<std::string> paths;
     for (POSITION at = dialog.GetStartPosition(); at;) paths.emplace_back(dialog.GetNextPathName(at));
@@ -110,7 +110,7 @@ TEST_F(FileDialogs, AFolderIsChosenWithinItsRoot)
     _ITEMIDLIST* chosen = nullptr;
     {
         // What lies outside is asked for again.
-        Acts acts{Write("/"), Press(VK_RETURN), Write(In("inner")), Press(VK_RETURN)};
+        Acts acts{Write("/"), PressReturnInField, Write(In("inner")), PressReturnInField};
         chosen = SHBrowseForFolderA(&ask);
     }
     ASSERT_TRUE(chosen);

@@ -76,6 +76,14 @@ private:
     UINT_PTR m_timer;
 };
 
+// Return in a field of the toolkit that may have a list of completions open, which would take the key for
+// itself.
+inline void PressReturnInField()
+{
+    if (QWidget* const completions = QApplication::activePopupWidget()) completions->hide();
+    corekit::test::PressKey(VK_RETURN);
+}
+
 inline Acts::Act Press(int key, std::initializer_list<int> held = {})
 {
     return [key, held = std::vector<int>(held)] {

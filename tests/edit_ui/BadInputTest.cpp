@@ -195,7 +195,9 @@ TEST_P(BadInput, LeavesTheWindowInWorkingOrder)
     rows[GetParam()].run(window);
     window.edit.MoveWindow(0, 0, 300, 100);
     window.edit.SetString(u"");
+    RunWaiting();
     window.edit.SetFocus();
+    RunWaiting();
     TypeText(u"still here");
     EXPECT_EQ(std::u16string(window.edit.GetString()), u"still here");
 }

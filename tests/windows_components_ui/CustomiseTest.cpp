@@ -274,8 +274,8 @@ TEST_F(Customise, AButtonTakesABitmapOfThirtyTwoPixelsAtMost)
         DibOf(Bitmap(each.width, each.height))->SaveDIBFile(file.c_str());
         SaveMacroButtons(macros, {{"One", "", Bitmap(4, 4), ""}});
         const Acts::Act choose = [&] {
-            TypeText(std::u16string(file.begin(), file.end()));
-            PressKey(VK_RETURN);
+            ComposeText(std::u16string(file.begin(), file.end()));
+            PressReturnInField();
         };
         changed = 0;
         bool shows = false;
