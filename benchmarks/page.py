@@ -41,16 +41,16 @@ def bars(rows):
     return "\n".join(shown) + "\n"
 
 
-def table(rows, human):
+def table(rows):
     lines = ["| path | CoreKit | best peer | times | goal |", "|---|---:|---:|---:|---:|"]
     for row in rows:
-        peer = f"{row.best} {human(row.peers[row.best])}" if row.best else "none"
+        peer = f"{row.best} {row.human(row.peers[row.best])}" if row.best else "none"
         goal = f"{row.goal}{f' of {row.against}' if row.against != row.best else ''}" if row.goal else ""
         if row.least:
-            goal = f"{row.least} /s"
+            goal = f"{row.least}{row.unit}"
         if row.is_short and row.limit_ratio():
             goal += f", nothing passes {row.limit_ratio():.2f}"
-        lines.append(f"| {row.path} | {human(row.ours)} | {peer} | {f'{row.ratio:.2f}' if row.ratio else ''} | "
+        lines.append(f"| {row.path} | {row.human(row.ours)} | {peer} | {f'{row.ratio:.2f}' if row.ratio else ''} | "
                      f"{goal}{' (short)' if row.is_short else ''} |")
     return "\n".join(lines)
 
@@ -68,7 +68,7 @@ def read(folder):
         return "# Performance\n\n", ""
 
 
-def write(folder, rows, human, command):
+def write(folder, rows, command):
     with open(os.path.join(folder, "performance.svg"), "w") as file:
         file.write(bars(rows))
     growth = read(folder)[1]
@@ -78,7 +78,7 @@ def write(folder, rows, human, command):
 Each path is measured beside what one would use instead, in one process, with the same data; the median of a few
 runs counts. `{command}` with `--write docs` made this page on {versions()}.
 
-{table(rows, human)}
+{table(rows)}
 
 ![Bars: times the best peer](performance.svg)
 {chr(10) + growth if growth else ""}""")

@@ -11,7 +11,7 @@ import sys
 import tempfile
 
 import page
-from goals import GOALS, LEAST
+from goals import GOALS, LEAST, UNITS
 
 TIME_UNITS = {"ns": 1e9, "us": 1e6, "ms": 1e3, "s": 1}
 
@@ -75,14 +75,21 @@ class Row:
         """Times the peer that counts, what nothing could pass on this machine; None where nobody measured it."""
         return self.limit / self.peers[self.against or self.best] if self.limit and self.best else None
 
+    @property
+    def unit(self):
+        return UNITS.get(self.path, " /s")
+
+    def human(self, rate):
+        return human(rate) if self.path not in UNITS else f"{rate:.3g}{self.unit}"
+
     def print(self):
-        best = f"{self.best or '-'} {human(self.peers.get(self.best, 0))}"
-        print(f"{self.path:36} {human(self.ours):>10} {best:>28} {self.ratio or 0:7.2f} {self.goal or '':>6}"
+        best = f"{self.best} {self.human(self.peers[self.best])}" if self.best else "-"
+        print(f"{self.path:36} {self.human(self.ours):>10} {best:>28} {self.ratio or 0:7.2f} {self.goal or '':>6}"
               f"{' of ' + self.against if self.goal and self.against != self.best else ''}"
-              f"{f'  {self.least} /s wanted' if self.least else ''}{'  short' if self.is_short else ''}")
+              f"{f'  {self.least}{self.unit} wanted' if self.least else ''}{'  short' if self.is_short else ''}")
         for peer in sorted(self.rates, key=self.rates.get, reverse=True):
             if peer not in ("corekit", self.best):
-                print(f"{'':36} {'':>10} {peer + ' ' + human(self.rates[peer]):>28}")
+                print(f"{'':36} {'':>10} {peer + ' ' + self.human(self.rates[peer]):>28}")
 
 
 def main():
@@ -105,7 +112,7 @@ def main():
     print(f"{short} path(s) short of their goal" if short else "every path reaches its goal")
     if given.write:
         command = " ".join(["./go bench", *(["--quick"] if given.quick else []), *given.names])
-        page.write(given.write, rows, human, command)
+        page.write(given.write, rows, command)
 
 
 main()

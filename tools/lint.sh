@@ -46,6 +46,7 @@ complain "Rooms that include each other in a circle:" "$(
             from = room($0); sub(/^[^"]*"/, ""); to = room($0)
             if (from != to && !(from == "tables" && /foundation\/StringW/)) print from, to
         }' | sort -u | tsort 2>&1 >/dev/null)"
+complain "Units that include each other in a circle:" "$(tools/unit_cycles.py)"
 complain "The tables of characters include more than StringW.h and basic types:" "$(
     grep -nE '#include *"corekit/' -r corekit/unicode/tables | grep -vE '"corekit/(unicode/tables/|foundation/StringW.h|platform/(Types|Export)\.h)')"
 complain "Platform conditionals outside corekit/platform:" "$(

@@ -1,5 +1,6 @@
 // corekit applet: what is in a library of control-panel applets, opened where wanted.
 #include "Commands.h"
+#include "PictureNames.h"
 #include "Table.h"
 
 #include "corekit/foundation/ChainedException.h"
@@ -85,8 +86,7 @@ void AddAppletCommand(CLI::App& app)
 {
     const auto library = std::make_shared<std::string>();
     const auto index = std::make_shared<std::optional<int>>();
-    CLI::App* applet =
-        app.add_subcommand("applet", "List the control-panel applets in a library, or open one");
+    CLI::App* applet = app.add_subcommand("applet", PictureDescription("applet"));
     applet->add_option("library", *library, "The shared library")->required()->check(CLI::ExistingFile);
     applet->add_option("n", *index, "Open this one, from 0");
     OfferJson(*applet);

@@ -1,6 +1,8 @@
 // The subcommands. Each adds itself to the tool's command line; its work runs when the line names it.
 #pragma once
 
+#include "Doctor.h"
+
 namespace CLI {
 class App;
 }
@@ -25,4 +27,4 @@ void AddConvertCommand(CLI::App& app);
 void AddAppletCommand(CLI::App& app);
 void AddSerialCommand(CLI::App& app);
 void AddScsiCommand(CLI::App& app);
-void AddDoctorCommand(CLI::App& app);
+void AddDoctorCommand(CLI::App& app, std::vector<Finding> (*findFaces)()); // null: they are not looked at

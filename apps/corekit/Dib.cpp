@@ -1,6 +1,7 @@
 // corekit dib: what bitmap files hold, PNG pictures from them and back, several on one sheet.
 #include "Commands.h"
 #include "Output.h"
+#include "PictureNames.h"
 #include "Raster.h"
 #include "Table.h"
 
@@ -182,8 +183,7 @@ void Show(const DibOptions& options)
 
 void AddDibCommand(CLI::App& app)
 {
-    auto* command =
-        app.add_subcommand("dib", "Look into bitmap files, and make PNG pictures of them and back");
+    auto* command = app.add_subcommand("dib", PictureDescription("dib"));
     command->require_subcommand(1);
     auto options = std::make_shared<DibOptions>();
 

@@ -45,12 +45,8 @@ Finding FindDevices(const char* what, const char* folder, const char* remedy)
     return {what, !error && count > 0, std::to_string(error ? 0 : count) + " in " + folder, remedy};
 }
 
-void Examine()
+void Examine(std::vector<Finding> findings)
 {
-    std::vector<Finding> findings;
-#ifdef COREKIT_WITH_UI
-    findings = FindFacesAndDisplay();
-#endif
     findings.push_back(FindRegistry());
     findings.push_back(FindServiceManager());
     findings.push_back(FindDevices("terminals", "/sys/class/tty", "mount /sys"));
@@ -64,7 +60,7 @@ void Examine()
 
 } // namespace
 
-void AddDoctorCommand(CLI::App& app)
+void AddDoctorCommand(CLI::App& app, std::vector<Finding> (*findFaces)())
 {
     CLI::App* const command = app.add_subcommand(
         "doctor", "Say what this machine has of what the library uses, and what is missing");
@@ -72,5 +68,5 @@ void AddDoctorCommand(CLI::App& app)
     command->footer(
         "What is missing keeps nothing else from working. A remedy is a package of the system's, or what "
         "to do.");
-    command->callback(Examine);
+    command->callback([findFaces] { Examine(findFaces ? findFaces() : std::vector<Finding>()); });
 }

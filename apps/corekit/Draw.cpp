@@ -1,6 +1,7 @@
 // corekit draw: text files as pictures of prompter lines.
 #include "Commands.h"
 #include "Output.h"
+#include "PictureNames.h"
 #include "Raster.h"
 #include "Terminal.h"
 #include "TextFile.h"
@@ -254,7 +255,7 @@ void Draw(const DrawOptions& options)
 
 void AddDrawCommand(CLI::App& app)
 {
-    auto* command = app.add_subcommand("draw", "Draw the lines of text files into PNG pictures");
+    auto* command = app.add_subcommand("draw", PictureDescription("draw"));
     auto options = std::make_shared<DrawOptions>();
     command
         ->add_option("FILE", options->files,

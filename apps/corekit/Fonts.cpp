@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "FontComparison.h"
 #include "Output.h"
+#include "PictureNames.h"
 #include "Table.h"
 #include "TextFile.h"
 
@@ -224,7 +225,7 @@ void AddCompare(CLI::App& fonts)
 
 void AddFontsCommand(CLI::App& app)
 {
-    auto* fonts = app.add_subcommand("fonts", "Make and judge the fonts of the glyph codes");
+    auto* fonts = app.add_subcommand("fonts", PictureDescription("fonts"));
     fonts->require_subcommand(1);
     AddBuild(*fonts);
     AddCompare(*fonts);

@@ -1,119 +1,58 @@
-#include "CommandLine.h"
-#include "Commands.h"
-#include "Examples.h"
-#include "Manual.h"
-#include "Output.h"
+// The tool without the toolkit, which it loads for the commands that need it.
+#include "PictureNames.h"
+#include "Tool.h"
 
-#include "corekit/foundation/ChainedException.h"
-#include "corekit/platform/HarmlessText.h"
-#include "corekit/Version.h"
+#include "corekit/platform/Libraries.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cstdio>
-#include <exception>
+#include <filesystem>
+#include <iterator>
 #include <string>
 
 namespace {
 
-constexpr int failed = 2; // the exit code for wrong arguments and for work that could not be done
-
-int Complain(std::string text)
+// Where the module lies beside this program; empty where the toolkit's half is not installed.
+std::string PictureModule()
 {
-    text.resize(text.find_last_not_of(" \r\n") + 1);
-    for (char& c : text)
-        if (c == '\n' || c == '\r') c = ' ';
-    text = corekit::HarmlessText(text, corekit::LineEnds::escaped);
-    std::fprintf(stderr, "corekit: %s\n", text.c_str());
-    return failed;
+    char program[4096];
+    GetModuleFileNameA(nullptr, program, sizeof program);
+    const auto module = std::filesystem::path(program).parent_path() / ".." / PICTURE_MODULE;
+    std::error_code error;
+    return std::filesystem::exists(module, error) ? module.string() : "";
 }
 
-int Run(CLI::App& app, int argc, char** argv)
+// The doctor looks at faces, and what describes the tool describes all of its commands.
+bool NeedsPictures(int argc, char** argv)
 {
-    try {
-        RequireKnownCommand(app, argc, argv);
-        app.parse(MarkedWords(argc, argv));
-        return 0;
-    } catch (const CLI::CallForHelp&) {
-        PrintBytes(app.help());
-        return 0;
-    } catch (const CLI::CallForVersion& version) {
-        PrintLine(version.what());
-        return 0;
-    } catch (const CLI::RuntimeError& told) { // the command has said all and chosen its exit code
-        return told.get_exit_code();
-    } catch (const CLI::ParseError& error) {
-        return Complain(std::string(error.what()) + " (see --help)");
-    } catch (CException* error) {
-        const std::string text = static_cast<const char*>(GetExceptionMsg(error));
-        error->Delete();
-        return Complain(text);
-    } catch (const std::exception& error) {
-        return Complain(error.what());
-    }
+    const std::string_view first = argc > 1 ? argv[1] : "";
+    return first == "doctor" || first.starts_with("--manual") || first.starts_with("--completion") ||
+           std::ranges::find(pictureNames, first, &PictureName::name) != std::end(pictureNames);
 }
 
-// Options that stand for the whole work, as --version does.
-void AddSelfDescription(CLI::App& app)
+void AddPictureNames(CLI::App& app)
 {
-    app.add_option_function<std::string>(
-           "--manual",
-           [&app](const std::string& folder) {
-               WriteManualPages(app, folder);
-               throw CLI::RuntimeError(0);
-           },
-           "Write the manual pages into this folder and exit")
-        ->type_name("DIR")
-        ->trigger_on_parse();
-    app.add_option_function<std::string>(
-           "--completion",
-           [&app](const std::string& shell) {
-               PrintBytes(CompletionScript(app, shell));
-               throw CLI::RuntimeError(0);
-           },
-           "Print the completion script for bash or zsh and exit")
-        ->type_name("SHELL")
-        ->trigger_on_parse();
+    for (const PictureName& row : pictureNames) app.add_subcommand(row.name, row.description);
+}
+
+int RunInModule(const std::string& module, int argc, char** argv)
+{
+    const HMODULE library = LoadLibraryA(module.c_str());
+    const FARPROC found = library ? GetProcAddress(library, "RunPictureTool") : nullptr;
+    const auto run = reinterpret_cast<int (*)(int, char**)>(reinterpret_cast<void (*)()>(found));
+    if (run) return run(argc, argv);
+    std::fprintf(stderr, "corekit: %s does not load: is libcorekit-ui0 of this version installed?\n",
+                 module.c_str());
+    return 2;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    CLI::App app{"Text, pictures, settings and stores from the command line.", "corekit"};
-    app.set_version_flag("--version", CoreKitVersion());
-    app.require_subcommand(1);
-    AddSelfDescription(app);
-#ifdef COREKIT_WITH_UI
-    AddDrawCommand(app);
-    AddDibCommand(app);
-    AddFontsCommand(app);
-    AddKeyboardsCommand(app);
-    AddTypeCommand(app);
-    AddAppletCommand(app);
-#endif
-    AddShapeCommand(app);
-    AddCharCommand(app);
-    AddRegistryCommand(app);
-    AddIniCommand(app);
-    AddLogCommand(app);
-    AddOleCommand(app);
-    AddRecordsCommand(app);
-    AddPackingCommands(app);
-    AddWordsCommand(app);
-    AddSettingsCommand(app);
-    AddFtpCommand(app);
-    AddConvertCommand(app);
-    AddSerialCommand(app);
-    AddScsiCommand(app);
-    AddDoctorCommand(app);
-    AddExamples(app);
-    TakeMarks(app);
-    const int code = Run(app, argc, argv);
-    try {
-        FinishOutput();
-    } catch (const std::exception& error) {
-        return code == failed ? failed : Complain(error.what());
-    }
-    return code;
+    const std::string module = PictureModule();
+    if (!module.empty() && NeedsPictures(argc, argv)) return RunInModule(module, argc, argv);
+    return RunTool(argc, argv, {module.empty() ? nullptr : AddPictureNames, nullptr});
 }

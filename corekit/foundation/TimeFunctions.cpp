@@ -208,3 +208,6 @@ long UnixTimeFromFileTime(const _FILETIME& t)
     const DWORDLONG ticks = static_cast<DWORDLONG>(t.dwHighDateTime) << 32 | t.dwLowDateTime;
     return static_cast<long>((static_cast<LONGLONG>(ticks) - fileTimeOfEpoch) / 10000000);
 }
+
+CTimecode CTimecode::LocalToUTC() const { return time_LocalToUTC(*this); }
+CTimecode CTimecode::UTCToLocal() const { return time_UTCToLocal(*this); }

@@ -1,7 +1,6 @@
 #include "corekit/foundation/Timecode.h"
 
 #include "corekit/foundation/Stream.h"
-#include "corekit/foundation/TimeFunctions.h"
 #include "corekit/platform/SystemTime.h"
 
 #include <cstdlib>
@@ -184,9 +183,6 @@ bool CTimecode::IsBetween(const CTimecode& value, const CTimecode& a, const CTim
 {
     return value.IsBetween(a, b);
 }
-
-CTimecode CTimecode::LocalToUTC() const { return time_LocalToUTC(*this); }
-CTimecode CTimecode::UTCToLocal() const { return time_UTCToLocal(*this); }
 
 void CTimecode::WriteStream(CStream& stream) const { stream.write_DWORD(GetAsDWORD()); }
 void CTimecode::ReadStream(CStream& stream) { SetFromDWORD(stream.read_DWORD()); }

@@ -7,7 +7,7 @@ IMPLEMENT_DYNAMIC(CCmdTarget, CObject)
 
 namespace {
 
-constinit corekit::detail::UpdateDispatch updateDispatch = nullptr;
+constinit corekit::UpdateDispatch updateDispatch = nullptr;
 
 // What a handler is called with.
 struct Command {
@@ -99,4 +99,4 @@ BOOL CCmdTarget::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* in
     return Dispatch(this, *entry, {id, extra});
 }
 
-void corekit::detail::setUpdateDispatch(UpdateDispatch dispatch) { updateDispatch = dispatch; }
+void corekit::setUpdateDispatch(UpdateDispatch dispatch) { updateDispatch = dispatch; }

@@ -1,9 +1,5 @@
 #include "corekit/framework/Exception.h"
 
-#include "corekit/framework/MessageBox.h"
-#include "corekit/framework/Module.h"
-#include "corekit/framework/String.h"
-
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -43,15 +39,6 @@ void CException::Delete()
 BOOL CException::GetErrorMessage(char* buffer, UINT size, UINT* helpContext)
 {
     return CopyMessage("", buffer, size, helpContext);
-}
-
-int CException::ReportError(CWnd* parent, UINT type, UINT fallbackId)
-{
-    char text[1024];
-    if (GetErrorMessage(text, sizeof text)) return StockMessageBox(parent, text, type);
-    CString fallback;
-    if (fallbackId == 0 || !fallback.LoadString(fallbackId)) fallback = "No error message is available.";
-    return StockMessageBox(parent, fallback, type);
 }
 
 BOOL CMemoryException::GetErrorMessage(char* buffer, UINT size, UINT* helpContext)

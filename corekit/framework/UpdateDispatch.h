@@ -2,12 +2,16 @@
 // library, which installs the way when it is loaded.
 #pragma once
 
-#include "corekit/framework/CmdTarget.h"
+#include "corekit/platform/Export.h"
+#include "corekit/platform/Types.h"
 
-namespace corekit::detail {
+class CCmdTarget;
+class CCmdUI;
+
+namespace corekit {
 
 // Calls a handler for an item; whether the command is done with.
-using UpdateDispatch = BOOL (*)(CCmdTarget* target, AFX_PMSG handler, CCmdUI* item);
+using UpdateDispatch = BOOL (*)(CCmdTarget* target, void (CCmdTarget::*handler)(), CCmdUI* item);
 COREKIT_API void setUpdateDispatch(UpdateDispatch dispatch); // null: no handler is called
 
-} // namespace corekit::detail
+} // namespace corekit

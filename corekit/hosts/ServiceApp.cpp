@@ -294,3 +294,13 @@ void CServiceApp::AlertSinkEventLogHook(eAlertCategory category, const char* tex
 {
     AfxGetService()->LogEvent(category, text);
 }
+
+// --- its progress sink
+
+void CTraceProgressSink::DoSetStatus(const char* text) { m_app.TraceWhite(CString(text) + "\n"); }
+
+int CTraceProgressSink::DoMessageBox(const char* text, unsigned int)
+{
+    m_app.TraceRed(CString(text) + "\n");
+    return 0;
+}

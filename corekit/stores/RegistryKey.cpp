@@ -3,7 +3,7 @@
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/Guid.h"
 #include "corekit/resources/Messages.h"
-#include "corekit/stores/RegistryText.h"
+#include "corekit/stores/RegistryNames.h"
 
 #include <cstdlib>
 #include <cstring>

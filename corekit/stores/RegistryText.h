@@ -11,7 +11,7 @@
 // and times of keys are not kept. Failures throw a CChainedException. Any thread.
 #pragma once
 
-#include "corekit/platform/Registry.h"
+#include "corekit/stores/RegistryNames.h"
 
 #include <string>
 #include <string_view>
@@ -30,9 +30,6 @@ COREKIT_API RegistryItem ParseRegistryValue(std::string_view text);
 // names no hive is one of the former.
 COREKIT_API HKEY SplitRegistryPath(const std::string& full, std::string& path);
 
-// Names as the registry holds them, in its order.
-COREKIT_API std::vector<std::string> RegistryKeyNames(HKEY key);
-COREKIT_API std::vector<std::string> RegistryValueNames(HKEY key);
 // False if there is no such value.
 COREKIT_API bool ReadRegistryItem(HKEY key, const char* name, RegistryItem& item);
 

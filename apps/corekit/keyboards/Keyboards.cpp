@@ -4,6 +4,7 @@
 #include "KeyboardPicture.h"
 #include "KeyboardText.h"
 #include "Output.h"
+#include "PictureNames.h"
 #include "Table.h"
 
 #include "corekit/platform/Gdi.h"
@@ -56,7 +57,7 @@ void ShowKeyboard(const KeyboardsOptions& options)
 
 void AddKeyboardsCommand(CLI::App& app)
 {
-    auto* command = app.add_subcommand("keyboards", "List the keyboards, or show what is on the keys of one");
+    auto* command = app.add_subcommand("keyboards", PictureDescription("keyboards"));
     auto options = std::make_shared<KeyboardsOptions>();
     command->add_option("NAME", options->name,
                         "A keyboard; the part of its name that tells it from others is enough");

@@ -3,6 +3,7 @@
 #include "KeyboardList.h"
 #include "Names.h"
 #include "Output.h"
+#include "PictureNames.h"
 #include "ShownText.h"
 #include "Table.h"
 #include "Terminal.h"
@@ -166,7 +167,7 @@ void Type(const TypeOptions& options)
 
 void AddTypeCommand(CLI::App& app)
 {
-    auto* command = app.add_subcommand("type", "Show what keys type on a keyboard");
+    auto* command = app.add_subcommand("type", PictureDescription("type"));
     auto options = std::make_shared<TypeOptions>();
     command->add_option("KEY", options->keys,
                         "Keys by name; without any, the keys that are pressed on the terminal");

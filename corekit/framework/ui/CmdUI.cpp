@@ -60,7 +60,7 @@ BOOL CallUpdateHandler(CCmdTarget* target, AFX_PMSG handler, CCmdUI* item)
     return !item->m_bContinueRouting;
 }
 
-[[gnu::constructor]] void InstallUpdates() { corekit::detail::setUpdateDispatch(&CallUpdateHandler); }
-[[gnu::destructor]] void TakeUpdatesAway() { corekit::detail::setUpdateDispatch(nullptr); }
+[[gnu::constructor]] void InstallUpdates() { corekit::setUpdateDispatch(&CallUpdateHandler); }
+[[gnu::destructor]] void TakeUpdatesAway() { corekit::setUpdateDispatch(nullptr); }
 
 } // namespace

@@ -1,7 +1,9 @@
 #include "corekit/framework/ui/DC.h"
 
 #include "corekit/framework/ui/TemporaryObjects.h"
+#include "corekit/platform/MulDiv.h"
 
+#include <algorithm>
 #include <utility>
 
 IMPLEMENT_DYNAMIC(CDC, CObject)
@@ -101,4 +103,23 @@ CSize CDC::GetTextExtent(const char* text, int count) const
     CSize size;
     ::GetTextExtentPoint32A(m_hDC, text, count, &size);
     return size;
+}
+
+// --- objects made to suit a context
+
+BOOL CFont::CreatePointFont(int tenths, const char* face, CDC* dc)
+{
+    constexpr int tenthsPerInch = 720, pixelsPerInch = 96;
+    const int inch = dc ? dc->GetDeviceCaps(LOGPIXELSY) : pixelsPerInch;
+    LOGFONTA font{};
+    font.lfHeight = -MulDiv(tenths, inch, tenthsPerInch);
+    font.lfCharSet = static_cast<BYTE>(DEFAULT_CHARSET);
+    const CString name(face);
+    std::copy_n(static_cast<const char*>(name), std::min(name.GetLength(), LF_FACESIZE - 1), font.lfFaceName);
+    return CreateFontIndirect(&font);
+}
+
+BOOL CBitmap::CreateCompatibleBitmap(CDC* like, int width, int height)
+{
+    return Attach(::CreateCompatibleBitmap(like ? like->m_hDC : nullptr, width, height));
 }

@@ -1,9 +1,7 @@
 #include "corekit/framework/ui/GdiObject.h"
 
-#include "corekit/framework/ui/DC.h"
 #include "corekit/framework/ui/TemporaryObjects.h"
 #include "corekit/platform/Dibs.h"
-#include "corekit/platform/MulDiv.h"
 #include "corekit/platform/Resources.h"
 
 #include <utility>
@@ -55,22 +53,5 @@ BOOL CBrush::CreatePatternBrush(CBitmap* pattern)
     return Attach(::CreatePatternBrush(pattern ? pattern->m_hObject : nullptr));
 }
 
-BOOL CFont::CreatePointFont(int tenths, const char* face, CDC* dc)
-{
-    constexpr int tenthsPerInch = 720, pixelsPerInch = 96;
-    const int inch = dc ? dc->GetDeviceCaps(LOGPIXELSY) : pixelsPerInch;
-    LOGFONTA font{};
-    font.lfHeight = -MulDiv(tenths, inch, tenthsPerInch);
-    font.lfCharSet = static_cast<BYTE>(DEFAULT_CHARSET);
-    const CString name(face);
-    std::copy_n(static_cast<const char*>(name), std::min(name.GetLength(), LF_FACESIZE - 1), font.lfFaceName);
-    return CreateFontIndirect(&font);
-}
-
 BOOL CBitmap::LoadBitmap(UINT id) { return LoadBitmap(MAKEINTRESOURCEA(LOWORD(id))); }
 BOOL CBitmap::LoadBitmap(const char* name) { return Attach(::LoadBitmapA(nullptr, name)); }
-
-BOOL CBitmap::CreateCompatibleBitmap(CDC* like, int width, int height)
-{
-    return Attach(::CreateCompatibleBitmap(like ? like->m_hDC : nullptr, width, height));
-}

@@ -2,7 +2,6 @@
 
 #include "corekit/framework/Module.h"
 #include "corekit/framework/ui/DialogWindow.h"
-#include "corekit/framework/ui/PropertySheet.h"
 #include "corekit/platform/MulDiv.h"
 
 IMPLEMENT_DYNAMIC(CPropertyPage, CDialog)
@@ -44,24 +43,6 @@ BOOL CPropertyPage::CreateIn(CWnd& sheet)
     dialog.style = WS_CHILD | DS_CONTROL | WS_CLIPSIBLINGS;
     dialog.x = dialog.y = 0;
     return corekit::detail::createDialogFor(*this, dialog, sheet.GetSafeHwnd(), DialogProcedure);
-}
-
-CPropertySheet* CPropertyPage::ParentSheet() const
-{
-    CWnd* const parent = m_hWnd ? GetParent() : nullptr;
-    return parent && parent->IsKindOf(RUNTIME_CLASS(CPropertySheet)) ? static_cast<CPropertySheet*>(parent)
-                                                                     : nullptr;
-}
-
-void CPropertyPage::SetModified(BOOL changed)
-{
-    if (const CPropertySheet* const sheet = ParentSheet())
-        sheet->SendMessage(changed ? PSM_CHANGED : PSM_UNCHANGED, reinterpret_cast<WPARAM>(m_hWnd));
-}
-
-void CPropertyPage::CancelToClose()
-{
-    if (const CPropertySheet* const sheet = ParentSheet()) sheet->SendMessage(PSM_CANCELTOCLOSE);
 }
 
 BOOL CPropertyPage::OnKillActive() { return UpdateData(TRUE); }

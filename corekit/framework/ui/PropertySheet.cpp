@@ -456,3 +456,23 @@ BOOL CPropertySheet::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO
     CWnd* const owner = GetParent();
     return owner && owner->OnCmdMsg(id, code, extra, info);
 }
+
+// --- what a page says to its sheet
+
+CPropertySheet* CPropertyPage::ParentSheet() const
+{
+    CWnd* const parent = m_hWnd ? GetParent() : nullptr;
+    return parent && parent->IsKindOf(RUNTIME_CLASS(CPropertySheet)) ? static_cast<CPropertySheet*>(parent)
+                                                                     : nullptr;
+}
+
+void CPropertyPage::SetModified(BOOL changed)
+{
+    if (const CPropertySheet* const sheet = ParentSheet())
+        sheet->SendMessage(changed ? PSM_CHANGED : PSM_UNCHANGED, reinterpret_cast<WPARAM>(m_hWnd));
+}
+
+void CPropertyPage::CancelToClose()
+{
+    if (const CPropertySheet* const sheet = ParentSheet()) sheet->SendMessage(PSM_CANCELTOCLOSE);
+}

@@ -1,7 +1,8 @@
 // The joining facts of the Arabic block, from which both joining tables are built at compile time.
 #pragma once
 
-#include "corekit/unicode/tables/JoiningClasses.h"
+#include "corekit/platform/Types.h"
+#include "corekit/unicode/tables/JoiningTypes.h"
 
 namespace corekit::detail {
 

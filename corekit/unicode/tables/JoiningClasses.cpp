@@ -1,3 +1,5 @@
+#include "corekit/unicode/tables/JoiningClasses.h"
+
 #include "corekit/unicode/tables/ArabicJoiningRows.h"
 
 namespace corekit::detail {

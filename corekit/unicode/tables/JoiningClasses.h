@@ -9,21 +9,11 @@
 
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
+#include "corekit/unicode/tables/JoiningTypes.h"
 
 namespace corekit {
 
-namespace joining {
-enum Type : signed char { Right, Left, Dual, Causing, Non, Transparent, NoRow = -1 };
-} // namespace joining
-
 namespace detail {
-
-struct JoiningEntry {
-    int joiningType; // a corekit::joining::Type
-    WORD baseForm;   // first of the four forms, or the code point itself, 0 for no form, 0xFFFF without a row
-
-    friend constexpr bool operator==(const JoiningEntry&, const JoiningEntry&) = default;
-};
 
 template <WORD Block>
 class COREKIT_API JoiningClasses {

@@ -5,9 +5,6 @@
 #include "corekit/framework/Exception.h"
 #include "corekit/resources/Messages.h"
 #include "corekit/stores/RegistryKey.h"
-#include "corekit/unicode/ui/FontMapInfo.h"
-#include "corekit/unicode/ui/FontSignature.h"
-#include "corekit/unicode/ui/UnicodeManager.h"
 #include "corekit/unicode/ui/XPCConfigNode.h"
 
 #include <algorithm>
@@ -156,20 +153,6 @@ CString CFontDescriptor::GetFont(int index) const
 }
 
 StringW CFontDescriptor::GetEmbeddingString() const { return StringW(m_combined.GetString()); }
-
-CString CFontDescriptor::GetFontForLocale(WORD langId) const
-{
-    CUnicodeManager* const manager = CUnicodeManager::GetObjectA();
-    CFontSignature wanted, held;
-    manager->GetLocaleFontSignature(langId, wanted);
-    for (int i = 0; i < GetCount(); ++i) {
-        CFontMapInfo* const info = manager->GetFontMapInfo(GetFont(i));
-        if (!info) break;
-        info->GetSignature(held);
-        if (held.Contains(wanted)) return GetFont(i);
-    }
-    return GetFont(0);
-}
 
 int CFontDescriptor::LoadFromRegistry(CRegistryKey& parent, const char* keyName)
 {

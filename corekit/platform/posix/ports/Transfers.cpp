@@ -2,7 +2,7 @@
 
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/posix/Errno.h"
-#include "corekit/platform/posix/sockets/Socket.h"
+#include "corekit/platform/posix/sockets/SocketErrors.h"
 
 #include <cerrno>
 #include <csignal>

@@ -1,6 +1,6 @@
 #include "corekit/platform/posix/sockets/NetworkEvents.h"
 
-#include "corekit/platform/posix/sockets/Socket.h"
+#include "corekit/platform/posix/sockets/SocketErrors.h"
 
 #include <cerrno>
 #include <fcntl.h>

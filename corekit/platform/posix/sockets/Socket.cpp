@@ -3,28 +3,13 @@
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/sockets/NetworkEvents.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <iterator>
 #include <new>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <sys/time.h>
 
 namespace corekit::detail {
-namespace {
-struct Row {
-    int value;
-    DWORD code;
-};
-
-// Where a socket's reason has another number than a file's.
-constexpr Row socketErrors[] = {
-    {EINTR, WSAEINTR},      {EBADF, WSAENOTSOCK},        {EACCES, WSAEACCES},  {EPERM, WSAEACCES},
-    {EFAULT, WSAEFAULT},    {EINVAL, WSAEINVAL},         {EMFILE, WSAEMFILE},  {ENFILE, WSAEMFILE},
-    {EPIPE, WSAECONNRESET}, {EOPNOTSUPP, WSAEOPNOTSUPP}, {ENOMEM, WSAENOBUFS},
-};
-} // namespace
 
 Socket::Socket(Descriptor descriptor)
     : IoObject(objectKind, std::move(descriptor), Flow::socket, GENERIC_READ | GENERIC_WRITE),
@@ -75,13 +60,5 @@ try {
 } catch (const std::bad_alloc&) {
     return fail(WSAENOBUFS, INVALID_SOCKET);
 }
-
-DWORD socketErrorFromErrno(int value)
-{
-    const auto* row = std::ranges::find(socketErrors, value, &Row::value);
-    return row != std::end(socketErrors) ? row->code : errorFromErrno(value);
-}
-
-int failSocket(int value) { return fail(socketErrorFromErrno(value), SOCKET_ERROR); }
 
 } // namespace corekit::detail

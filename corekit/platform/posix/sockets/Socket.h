@@ -57,8 +57,4 @@ inline HANDLE handleOf(SOCKET socket)
     return reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(static_cast<int>(socket)));
 }
 
-// The last error for an errno after a call on a socket, and SOCKET_ERROR.
-DWORD socketErrorFromErrno(int value);
-int failSocket(int value);
-
 } // namespace corekit::detail

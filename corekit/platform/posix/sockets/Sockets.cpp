@@ -4,6 +4,7 @@
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/sockets/NetworkEvents.h"
 #include "corekit/platform/posix/sockets/Socket.h"
+#include "corekit/platform/posix/sockets/SocketErrors.h"
 
 #include <algorithm>
 #include <cerrno>

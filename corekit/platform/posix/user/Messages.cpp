@@ -21,7 +21,7 @@ struct Window {
     std::thread::id thread;
     DWORD threadNumber;
     std::shared_ptr<MessageQueue> queue; // of that thread
-    WindowProcedure procedure;
+    corekit::WindowProcedure procedure;
 
     bool IsOfThisThread() const { return thread == std::this_thread::get_id(); }
 };
@@ -125,11 +125,11 @@ BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last)
 
 void PostQuitMessage(int exitCode) { PostMessageA(nullptr, WM_QUIT, static_cast<WPARAM>(exitCode), 0); }
 
-MessageWindow::MessageWindow(Procedure procedure) : m_window(openWindow(std::move(procedure))) {}
+MessageWindow::MessageWindow(Procedure procedure) : m_window(corekit::openWindow(std::move(procedure))) {}
 
-MessageWindow::~MessageWindow() { closeWindow(m_window); }
+MessageWindow::~MessageWindow() { corekit::closeWindow(m_window); }
 
-namespace corekit::detail {
+namespace corekit {
 
 HWND openWindow(WindowProcedure procedure)
 {
@@ -152,4 +152,4 @@ bool hasPosted()
     return ThisThreadsQueue()->Read(message, {nullptr, 0, 0}, QueueRead::look);
 }
 
-} // namespace corekit::detail
+} // namespace corekit

@@ -27,7 +27,8 @@ struct Names {
 
 } // namespace
 
-namespace corekit::detail {
+namespace corekit {
+namespace detail {
 
 UINT registerName(const char* name)
 {
@@ -45,6 +46,8 @@ UINT registerName(const char* name)
     return next;
 }
 
+} // namespace detail
+
 std::string registeredName(UINT number)
 {
     Names& names = Names::Instance();
@@ -53,7 +56,7 @@ std::string registeredName(UINT number)
     return found == names.spelled.end() ? std::string() : found->second;
 }
 
-} // namespace corekit::detail
+} // namespace corekit
 
 UINT RegisterWindowMessageA(const char* name) { return corekit::detail::registerName(name); }
 UINT RegisterClipboardFormatA(const char* name) { return corekit::detail::registerName(name); }

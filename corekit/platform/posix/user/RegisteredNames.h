@@ -6,11 +6,14 @@
 
 #include <string>
 
-namespace corekit::detail {
+namespace corekit {
 
+namespace detail {
 // 0 for an empty name, and when all numbers are taken.
 UINT registerName(const char* name);
+} // namespace detail
+
 // As it was first spelled; empty for a number that was not given out.
 COREKIT_API std::string registeredName(UINT number);
 
-} // namespace corekit::detail
+} // namespace corekit

@@ -10,7 +10,7 @@
 
 #include <functional>
 
-namespace corekit::detail {
+namespace corekit {
 
 using WindowProcedure = std::function<LRESULT(const MSG&)>;
 
@@ -30,4 +30,4 @@ COREKIT_API void setOuterLoop(const OuterLoop& loop);
 COREKIT_API bool takePosted(MSG& message);
 COREKIT_API bool hasPosted();
 
-} // namespace corekit::detail
+} // namespace corekit

@@ -1,6 +1,6 @@
 #include "corekit/platform/qt/text/OutlineFill.h"
 
-#include "corekit/platform/qt/text/SizedFont.h"
+#include "corekit/platform/qt/text/GlyphMask.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,7 @@
 // A typeface at one size: widths in fractions of a pixel and the masks of glyphs already drawn.
 #pragma once
 
+#include "corekit/platform/qt/text/GlyphMask.h"
 #include "corekit/platform/qt/text/Typeface.h"
 
 #include <array>
@@ -21,14 +22,6 @@ struct PlacedGlyph {
     Subpixels x; // from the start of the run
     int y;       // pixels below the baseline
     std::uint16_t glyph;
-};
-
-// Coverage of a glyph or word, 255 full. Rows are padded with zeros to a multiple of 16 bytes.
-struct GlyphMask {
-    int left = 0, top = 0; // of the first pixel, from pen and baseline, y downward
-    int width = 0, height = 0, stride = 0;
-    std::unique_ptr<std::uint8_t[]>
-        coverage; // null where nothing is to be drawn, or in one too large to keep
 };
 
 class SizedFont {

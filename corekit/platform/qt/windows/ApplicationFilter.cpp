@@ -5,7 +5,6 @@
 #include "corekit/platform/qt/windows/BareWindow.h"
 #include "corekit/platform/qt/windows/DropEvents.h"
 #include "corekit/platform/qt/windows/FrameDragging.h"
-#include "corekit/platform/qt/windows/MessageLoop.h"
 #include "corekit/platform/qt/windows/WindowState.h"
 #include "corekit/platform/qt/windows/WindowTables.h"
 
@@ -196,17 +195,17 @@ private:
 
 } // namespace
 
-void startWindows()
+bool installFilter()
 {
     static QPointer<Filter> filter;
-    if (filter || !QCoreApplication::instance()) return;
+    if (filter || !QCoreApplication::instance()) return false;
     filter = new Filter;
     filter->setParent(QCoreApplication::instance());
     QCoreApplication::instance()->installEventFilter(filter);
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, filter,
                      [](Qt::ApplicationState state) { tellProgramActive(state == Qt::ApplicationActive); });
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    joinMessageLoops();
+    return true;
 }
 
 PreTranslate setPreTranslate(PreTranslate offered) { return std::exchange(preTranslate, offered); }

@@ -14,7 +14,9 @@ class QKeyEvent;
 
 namespace corekit::detail {
 
-// Puts the filter on the application object and joins the message queue to the toolkit's loop, once.
+// Puts the filter on the application object; false if it is there, or the object is not.
+bool installFilter();
+// The same, and joins the message queue to the toolkit's loop, once.
 void startWindows();
 
 bool offer(MSG& message); // to pre-translation; true: consumed

@@ -4,7 +4,6 @@
 #include "corekit/platform/posix/user/WindowTable.h"
 #include "corekit/platform/qt/windows/ApplicationFilter.h"
 #include "corekit/platform/qt/windows/BareWindow.h"
-#include "corekit/platform/qt/windows/NeverDestroyed.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
 #include "corekit/platform/qt/windows/WindowClass.h"
 #include "corekit/platform/qt/windows/WindowState.h"
@@ -16,12 +15,6 @@
 #include <utility>
 
 namespace corekit::detail {
-
-WindowTables& windowTables()
-{
-    static NeverDestroyed<WindowTables> tables;
-    return tables.get();
-}
 
 namespace {
 

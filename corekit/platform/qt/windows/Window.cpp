@@ -4,7 +4,6 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/qt/windows/EventInHand.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
-#include "corekit/platform/qt/windows/WindowTables.h"
 
 #include <QApplication>
 #include <QThread>
@@ -22,34 +21,9 @@ bool onToolkitThread()
     return false;
 }
 
-Window* requireWindow(HWND handle)
-{
-    if (!onToolkitThread()) return nullptr;
-    Window* const found = windowTables().find(handle);
-    if (!found) SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-    return found;
-}
-
 Window::Window(QWidget* widget) : m_widget(widget) {}
 
 Window::~Window() = default;
-
-Window* Window::find(HWND handle) { return onToolkitThread() ? windowTables().find(handle) : nullptr; }
-
-std::shared_ptr<Window> Window::share(HWND handle)
-{
-    return onToolkitThread() ? windowTables().share(handle) : nullptr;
-}
-
-Window* Window::of(const QObject* object)
-{
-    for (; object; object = object->parent()) {
-        if (!object->isWidgetType()) continue;
-        if (Window* const found = windowTables().standingFor(object)) return found;
-        if (static_cast<const QWidget*>(object)->isWindow()) return nullptr;
-    }
-    return nullptr;
-}
 
 bool Window::isEnabled() const
 {
@@ -127,8 +101,7 @@ void Window::tellPlace()
     };
     const HWND handle = m_handle;
     if (sized) SendMessageA(handle, WM_SIZE, static_cast<WPARAM>(how), packed(size.width(), size.height()));
-    if (moved && windowTables().find(handle))
-        SendMessageA(handle, WM_MOVE, 0, packed(origin.x(), origin.y()));
+    if (moved && find(handle)) SendMessageA(handle, WM_MOVE, 0, packed(origin.x(), origin.y()));
 }
 
 bool Window::deliverCurrentEvent() { return EventInHand::deliverTo(m_handle); }

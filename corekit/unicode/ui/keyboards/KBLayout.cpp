@@ -1,7 +1,6 @@
 #include "corekit/unicode/ui/keyboards/KBLayout.h"
 
 #include "corekit/platform/Locale.h"
-#include "corekit/unicode/ui/UnicodeManager.h"
 
 #include <cstdlib>
 
@@ -30,11 +29,6 @@ CKBLayout::CKBLayout(HKL layout)
     : m_name(LocaleText<256>(LanguageOf(layout), LOCALE_SENGLANGUAGE)), m_locale(LanguageOf(layout)),
       m_codePage(std::atoi(LocaleText<64>(LanguageOf(layout), LOCALE_IDEFAULTANSICODEPAGE)))
 {
-}
-
-void CKBLayout::ActivateHelper(DWORD locale)
-{
-    CUnicodeManager::GetObjectA()->ActivateHelperKeyboard(locale);
 }
 
 void CKBLayout::SendCharacter(MSG& message, WCHAR character)
