@@ -1,12 +1,14 @@
 #include "corekit/framework/ui/WindowDC.h"
 
-#include "corekit/framework/ui/Wnd.h"
+#include "corekit/framework/ui/SafeHandle.h"
+
+using corekit::detail::safeHandle;
 
 IMPLEMENT_DYNAMIC(CPaintDC, CDC)
 IMPLEMENT_DYNAMIC(CClientDC, CDC)
 IMPLEMENT_DYNAMIC(CWindowDC, CDC)
 
-CPaintDC::CPaintDC(CWnd* window) : m_hWnd(window->GetSafeHwnd()) { Attach(::BeginPaint(m_hWnd, &m_ps)); }
+CPaintDC::CPaintDC(CWnd* window) : m_hWnd(safeHandle(window)) { Attach(::BeginPaint(m_hWnd, &m_ps)); }
 
 CPaintDC::~CPaintDC()
 {
@@ -14,10 +16,10 @@ CPaintDC::~CPaintDC()
     ::EndPaint(m_hWnd, &m_ps);
 }
 
-CClientDC::CClientDC(CWnd* window) : m_hWnd(window->GetSafeHwnd()) { Attach(::GetDC(m_hWnd)); }
+CClientDC::CClientDC(CWnd* window) : m_hWnd(safeHandle(window)) { Attach(::GetDC(m_hWnd)); }
 
 CClientDC::~CClientDC() { ::ReleaseDC(m_hWnd, Detach()); }
 
-CWindowDC::CWindowDC(CWnd* window) : m_hWnd(window->GetSafeHwnd()) { Attach(::GetWindowDC(m_hWnd)); }
+CWindowDC::CWindowDC(CWnd* window) : m_hWnd(safeHandle(window)) { Attach(::GetWindowDC(m_hWnd)); }
 
 CWindowDC::~CWindowDC() { ::ReleaseDC(m_hWnd, Detach()); }
