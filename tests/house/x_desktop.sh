@@ -37,12 +37,13 @@ start_desktop() {
     settle_on "$number"
 }
 
-# settle_on DISPLAY: a home and a window manager there.
+# settle_on DISPLAY: a home and a window manager there. What is mapped before the manager's start has ended may wait for its
+# next event.
 settle_on() {
     local number=$1
     export DISPLAY=:$number QT_QPA_PLATFORM=xcb COREKIT_HOME=$home/registry HOME=$home
     export XDG_CONFIG_HOME=$home/config XDG_STATE_HOME=$home/state
-    openbox >/dev/null 2>&1 &
+    openbox --startup 'xprop -root -f STARTED 32c -set STARTED 1' >/dev/null 2>&1 &
     manager=$!
-    until_true xdotool get_num_desktops || fail "no window manager"
+    until_true sh -c 'xprop -root STARTED | grep 1' || fail "no window manager"
 }

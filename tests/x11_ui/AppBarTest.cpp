@@ -30,11 +30,11 @@ HWND Bar()
 }
 
 // A window manager, which goes with the server. The toolkit asks once what it can do, so it has to be there
-// before.
+// before; and what is mapped before its start has ended may wait for its next event.
 bool StartsManager()
 {
-    return std::system("openbox >/dev/null 2>&1 & timeout 60 sh -c "
-                       "'until xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 0x; do sleep 0.1; done'") == 0;
+    return std::system("openbox --startup 'xprop -root -f STARTED 32c -set STARTED 1' >/dev/null 2>&1 &"
+                       "timeout 60 sh -c 'until xprop -root STARTED | grep -q 1; do sleep 0.1; done'") == 0;
 }
 
 bool TakesEdge(HWND window)
