@@ -31,7 +31,8 @@ def run(program, scratch, quick):
     result = os.path.join(scratch, os.path.basename(program) + ".json")
     repetitions, seconds = (3, 0.02) if quick else (5, 0.1)
     subprocess.run([program, f"--benchmark_repetitions={repetitions}", f"--benchmark_min_time={seconds}",
-                    "--benchmark_report_aggregates_only=true", f"--benchmark_out={result}",
+                    "--benchmark_enable_random_interleaving=true", "--benchmark_report_aggregates_only=true",
+                    f"--benchmark_out={result}",
                     "--benchmark_out_format=json"],
                    check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                    env=dict(os.environ, BENCH_SCRATCH=scratch, QT_QPA_PLATFORM="offscreen"))
