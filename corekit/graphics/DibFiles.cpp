@@ -6,11 +6,13 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
 #include "corekit/platform/Handles.h"
+#include "corekit/platform/ReplacedFile.h"
 #include "corekit/resources/Messages.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <string_view>
 
 using namespace corekit::detail;
 
@@ -37,26 +39,26 @@ T valueAt(const BYTE* bytes)
 
 class OpenFile {
 public:
-    OpenFile(const char* path, DWORD access, DWORD share, DWORD disposition)
-        : handle_(CreateFileA(path, access, share, nullptr, disposition, FILE_FLAG_SEQUENTIAL_SCAN, nullptr))
+    explicit OpenFile(const char* path)
+        : handle_(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                              FILE_FLAG_SEQUENTIAL_SCAN, nullptr))
     {
     }
-    ~OpenFile() { close(); }
+    ~OpenFile()
+    {
+        if (isOpen()) CloseHandle(handle_);
+    }
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
 
     bool isOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
     HANDLE handle() const { return handle_; }
-    bool close() { return isOpen() && CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE)); }
-    bool write(const void* bytes, DWORD count)
-    {
-        DWORD moved = 0;
-        return WriteFile(handle_, bytes, count, &moved, nullptr) && moved == count;
-    }
 
 private:
     HANDLE handle_;
 };
+
+std::string_view bytesOf(const void* bytes, DWORD count) { return {static_cast<const char*>(bytes), count}; }
 
 std::array<BYTE, fileHeaderSize> fileHeader(DWORD infoSize, DWORD dataSize)
 {
@@ -194,7 +196,7 @@ void CDib::ReadImage(Source& source)
 
 void CDib::LoadDIBFile(const char* path)
 {
-    const OpenFile file(path, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
+    const OpenFile file(path);
     if (!file.isOpen()) throwUnreadable(GetLastErrorException());
     DWORD high = 0;
     const DWORD low = GetFileSize(file.handle(), &high);
@@ -223,16 +225,11 @@ void CDib::AttachDIBData(const BYTE* data, DWORD size)
 void CDib::SaveDIBFile(const char* path) const
 {
     if (!IsValid()) ThrowChainedException(nullptr, message::bitmapCreateFailed);
-    OpenFile file(path, GENERIC_WRITE, 0, CREATE_ALWAYS);
-    if (!file.isOpen()) ThrowChainedException(GetLastErrorException(), message::bitmapCreateFailed);
+    corekit::ReplacedFile file(path ? path : "");
     m_info->bmiHeader.biSizeImage = m_dataSize;
     const auto header = fileHeader(m_infoSize, m_dataSize);
-    if (file.write(header.data(), fileHeaderSize) && file.write(m_info, m_infoSize) &&
-        file.write(m_data, m_dataSize))
+    if (file && file.Write(bytesOf(header.data(), fileHeaderSize)) &&
+        file.Write(bytesOf(m_info, m_infoSize)) && file.Write(bytesOf(m_data, m_dataSize)) && file.Commit())
         return;
-    CException* const reason = GetLastErrorException();
-    const bool isDisk = GetFileType(file.handle()) == FILE_TYPE_DISK;
-    file.close();
-    if (isDisk) DeleteFileA(path); // half a bitmap serves nobody
-    ThrowChainedException(reason, message::bitmapCreateFailed);
+    ThrowChainedException(GetLastErrorException(), message::bitmapCreateFailed);
 }

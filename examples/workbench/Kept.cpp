@@ -4,9 +4,12 @@
 #include "corekit/commands/MacroProfile.h"
 #include "corekit/commands/ui/CommandList.h"
 #include "corekit/commands/ui/IntelliToolBar.h"
+#include "corekit/foundation/ChainedException.h"
 #include "corekit/framework/Exception.h"
 #include "corekit/platform/Files.h"
+#include "corekit/platform/ReplacedFile.h"
 #include "corekit/stores/FileStream.h"
+#include "corekit/stores/MemoryStream.h"
 #include "corekit/windows/ui/DockBarEx.h"
 
 #include <algorithm>
@@ -78,15 +81,15 @@ void Workbench::Store()
     m_settings.SetValue("Show Macros", m_showsMacros);
     m_settings.SetValue("Show Clock", m_showsClock);
     m_settings.SetBinaryValue("Clock", &m_clockState, sizeof m_clockState);
-    try {
-        CFileStream file;
-        if (!file.Open(m_settingsFile.c_str(), GENERIC_WRITE, 0, CREATE_ALWAYS, 0)) return;
-        m_settings.WriteStream(file);
-        file.Flush();
-    } catch (CException* error) {
-        error->ReportError(this);
-        error->Delete();
-    }
+    CMemoryStream bytes(0, 4096);
+    m_settings.WriteStream(bytes);
+    corekit::ReplacedFile file(m_settingsFile);
+    if (file && file.Write({static_cast<const char*>(bytes.GetMemoryBufferPointer()), bytes.GetSize()}) &&
+        file.Commit())
+        return;
+    CException* const why = GetLastErrorException();
+    why->ReportError(this);
+    why->Delete();
 }
 
 void Workbench::LoadStories()
@@ -126,12 +129,14 @@ void Workbench::StoreStories()
         const PaneStack& stack = m_stacks[which];
         CPropertyStore kept;
         kept.SetValue("Count", stack.GetPaneCount());
+        kept.SetValue("Active", stack.GetPaneIndex(stack.GetActivePane()));
         for (int i = 0; i < stack.GetPaneCount(); ++i) {
             const auto* const text = dynamic_cast<const StoryText*>(stack.GetPane(i));
             kept.SetValue(Numbered("Pane ", i).c_str(), text ? static_cast<int>(text - m_texts) : storyCount);
         }
         m_settings.SetPropertyStore(Numbered("Stack ", which).c_str(), kept);
     }
+    m_settings.SetValue("Front", m_stacks[1].GetPaneIndex(m_inFront) >= 0 ? 1 : 0);
     m_settings.SetValue("Share", m_splitter.GetShare());
     m_settings.SetValue("Frame", static_cast<RECT>(m_frame.GetPlace()));
 }
@@ -156,4 +161,16 @@ void Workbench::FillStacks()
     int share = 600;
     m_settings.GetValue("Share", share);
     m_splitter.SetShare(share);
+}
+
+// The stack that was used last comes to the front after the other.
+void Workbench::ActivateKeptPanes()
+{
+    int front = 0;
+    m_settings.GetValue("Front", front);
+    for (const int which : {front == 1 ? 0 : 1, front == 1 ? 1 : 0}) {
+        int active = 0;
+        m_settings.GetPropertyStore(Numbered("Stack ", which).c_str()).GetValue("Active", active);
+        m_stacks[which].SetActivePane(m_stacks[which].GetPane(active) ? active : 0);
+    }
 }

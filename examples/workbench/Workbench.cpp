@@ -233,8 +233,7 @@ bool Workbench::MakeStacks()
             if (const StoryText* const story = Shown())
                 m_colours.m_picker.ShowColours(story->facts.text, story->facts.ground);
         };
-    m_stacks[1].SetActivePane(0);
-    m_stacks[0].SetActivePane(0);
+    ActivateKeptPanes();
     return true;
 }
 

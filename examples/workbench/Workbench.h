@@ -67,6 +67,7 @@ private:
     void MakeMacroBar();
     bool MakeStacks();
     void FillStacks();
+    void ActivateKeptPanes();
     void Attach(PaneStack& stack, int pane);
     StoryText* Shown() const; // the story in front, null for none
     void ShowState();

@@ -5,6 +5,7 @@
 #include "corekit/graphics/Dib.h"
 #include "corekit/resources/Messages.h"
 #include "corekit/stores/MemoryStream.h"
+#include "tests/support/Forked.h"
 #include "tests/TempFolder.h"
 
 #include <cstdio>
@@ -88,6 +89,25 @@ TEST(Dib, SavedFilesAreReadByUsAndByOthers)
     dib.LoadDIBFile(path.c_str());
     EXPECT_EQ(thrown([&] { dib.SaveDIBFile("/no/such/folder/x.bmp"); }), textOf(message::bitmapCreateFailed));
     EXPECT_EQ(thrown([&] { dib.SaveDIBFile("/dev/full"); }), textOf(message::bitmapCreateFailed));
+}
+
+TEST(Dib, AFileThatCannotBeReplacedKeepsItsPicture)
+{
+    const TempFolder folder;
+    const std::string path = folder.Path() + "/kept.bmp";
+    CDib dib;
+    dib.LoadDIBFile(bitmapPath("rgb24-pil.bmp").c_str());
+    dib.SaveDIBFile(path.c_str());
+    const int isRefused = InChild([&] { // on a disk that is full
+        std::signal(SIGXFSZ, SIG_IGN);
+        LimitTo(RLIMIT_FSIZE, 64);
+        return thrown([&] { dib.SaveDIBFile(path.c_str()); }) == textOf(message::bitmapCreateFailed);
+    });
+    EXPECT_TRUE(isRefused);
+    CDib again;
+    again.LoadDIBFile(path.c_str());
+    EXPECT_EQ(bytesOf(again.GetBitmapData(), again.GetDataSize()),
+              bytesOf(dib.GetBitmapData(), dib.GetDataSize()));
 }
 
 TEST(Dib, WhatEndsTooEarlyIsRefusedAtEveryByte)
