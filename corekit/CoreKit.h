@@ -61,6 +61,7 @@
 #include "corekit/framework/ResourceString.h"
 #include "corekit/framework/ResourceTypes.h"
 #include "corekit/framework/String.h"
+#include "corekit/framework/ThreadWindows.h"
 #include "corekit/framework/UpdateDispatch.h"
 #include "corekit/framework/WinApp.h"
 #include "corekit/framework/WinThread.h"

@@ -107,8 +107,8 @@ void PngToBitmap(const DibOptions& options)
     const auto bits = static_cast<WORD>(options.bits);
     const DWORD colours = bits <= 8 ? 1u << bits : 0;
     BITMAPINFOHEADER header{sizeof header, facts.bmWidth, facts.bmHeight, 1, bits, BI_RGB, 0, 0, 0, 0, 0};
-    corekit::detail::DibLayout layout;
-    corekit::detail::ReadDibLayout(header, layout);
+    corekit::DibLayout layout;
+    corekit::ReadDibLayout(header, layout);
     const std::size_t front = sizeof header + colours * sizeof(RGBQUAD);
     std::vector<BYTE> dib(front + layout.dataSize());
     std::memcpy(dib.data(), &header, sizeof header);

@@ -1,5 +1,7 @@
 #include "corekit/framework/WinApp.h"
 
+#include "corekit/framework/ThreadWindows.h"
+
 #include <atomic>
 
 IMPLEMENT_DYNAMIC(CWinApp, CWinThread)
@@ -24,7 +26,7 @@ CWinApp::~CWinApp()
 
 void CWinApp::DoWaitCursor(int change)
 {
-    if (const auto* const windows = corekit::detail::GetThreadWindows()) windows->waitCursor(change);
+    if (const auto* const windows = corekit::detail::threadWindows()) windows->waitCursor(change);
 }
 
 CWinApp* AfxGetApp() { return application; }

@@ -1,6 +1,7 @@
 #include "corekit/framework/WinThread.h"
 
 #include "corekit/framework/Exception.h"
+#include "corekit/framework/ThreadWindows.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Handles.h"
 #include "corekit/platform/Messages.h"
@@ -13,7 +14,7 @@ IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
 
 namespace {
 constinit thread_local CWinThread* current = nullptr;
-constinit std::atomic<const corekit::detail::ThreadWindows*> threadWindows = nullptr;
+constinit std::atomic<const corekit::ThreadWindows*> installed = nullptr;
 
 constexpr DWORD startFailed = 0xFFFFFFFF; // from ResumeThread
 
@@ -73,26 +74,26 @@ DWORD CWinThread::Entry(void* self)
 
 int CWinThread::Run()
 {
-    const auto* const windows = corekit::detail::GetThreadWindows();
+    const auto* const windows = corekit::detail::threadWindows();
     if (windows && m_pMainWnd) m_nExitCode = windows->run(*this);
     return ExitInstance();
 }
 
 BOOL CWinThread::PumpMessage()
 {
-    const auto* const windows = corekit::detail::GetThreadWindows();
+    const auto* const windows = corekit::detail::threadWindows();
     return windows && windows->pump(*this);
 }
 
 BOOL CWinThread::PreTranslateMessage(MSG* message)
 {
-    const auto* const windows = corekit::detail::GetThreadWindows();
+    const auto* const windows = corekit::detail::threadWindows();
     return windows && windows->preTranslate(*this, message);
 }
 
 BOOL CWinThread::OnIdle(LONG count)
 {
-    const auto* const windows = corekit::detail::GetThreadWindows();
+    const auto* const windows = corekit::detail::threadWindows();
     return windows && windows->idle(*this, count);
 }
 
@@ -133,5 +134,5 @@ CWinThread* corekit::detail::SetCurrentThreadObject(CWinThread* thread)
     return std::exchange(current, thread);
 }
 
-void corekit::detail::SetThreadWindows(const ThreadWindows* windows) { threadWindows = windows; }
-const corekit::detail::ThreadWindows* corekit::detail::GetThreadWindows() { return threadWindows; }
+void corekit::setThreadWindows(const ThreadWindows* windows) { installed = windows; }
+const corekit::ThreadWindows* corekit::detail::threadWindows() { return installed; }

@@ -86,15 +86,4 @@ COREKIT_API CWinThread* AfxGetThread();
 namespace corekit::detail {
 // Makes `thread` the calling thread's object, null for none; returns the one before.
 CWinThread* SetCurrentThreadObject(CWinThread* thread);
-
-// What the window library does for threads; it installs this when it is loaded.
-struct ThreadWindows {
-    int (*run)(CWinThread& thread); // until the end is asked for; its exit code
-    BOOL (*pump)(CWinThread& thread);
-    BOOL (*preTranslate)(CWinThread& thread, tagMSG* message);
-    BOOL (*idle)(CWinThread& thread, LONG count);
-    void (*waitCursor)(int change);
-};
-COREKIT_API void SetThreadWindows(const ThreadWindows* windows); // null: none
-const ThreadWindows* GetThreadWindows();
 } // namespace corekit::detail

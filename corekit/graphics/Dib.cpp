@@ -22,7 +22,7 @@ constexpr std::uint64_t mostPadding =
 // A stream's header: of 40 bytes, with its colours, of a picture that can be drawn.
 void checkHeader(const BITMAPINFO& info, DWORD infoSize, DWORD dataSize)
 {
-    DibLayout layout;
+    corekit::DibLayout layout;
     if (info.bmiHeader.biCompression != BI_RGB) ThrowChainedException(nullptr, message::bitmapCompressed);
     const bool isSound = info.bmiHeader.biSize == sizeof info.bmiHeader &&
                          ReadDibLayout(info.bmiHeader, layout) &&
@@ -54,7 +54,7 @@ void CDib::Take(BITMAPINFO* info, DWORD infoSize, BYTE* data, DWORD dataSize)
 
 DWORD CDib::BlockSize() const
 {
-    DibLayout layout;
+    corekit::DibLayout layout;
     if (!m_info || !ReadDibLayout(m_info->bmiHeader, layout)) return m_dataSize;
     return std::max(m_dataSize, static_cast<DWORD>(layout.dataSize()));
 }
@@ -79,7 +79,7 @@ void CDib::LoadGlimmerViewBitmap(BITMAPINFO* given, BYTE* pixels)
     header.biHeight = given->bmiHeader.biHeight;
     header.biPlanes = given->bmiHeader.biPlanes;
     header.biBitCount = given->bmiHeader.biBitCount;
-    DibLayout layout;
+    corekit::DibLayout layout;
     if (!ReadDibLayout(header, layout)) ThrowChainedException(nullptr, message::bitmapUnreadable);
 
     const DWORD infoSize = static_cast<DWORD>(sizeof header + sizeof(RGBQUAD) * layout.colours);
@@ -122,7 +122,7 @@ void CDib::ReadStream(CStream& stream)
     checkLeft(dataSize);
     if (infoSize == 0) return stream.Skip(static_cast<int>(dataSize)); // an object without a bitmap
     checkHeader(*info.as<BITMAPINFO>(), infoSize, dataSize);
-    DibLayout layout;
+    corekit::DibLayout layout;
     ReadDibLayout(info.as<BITMAPINFO>()->bmiHeader, layout);
     Block data = zeroedBlock(std::max<std::uint64_t>(dataSize, layout.dataSize()));
     if (dataSize) stream.Read(data.get(), dataSize);

@@ -184,7 +184,7 @@ void CDib::ReadImage(Source& source)
     Empty();
     const BITMAPINFOHEADER& read = info.as<BITMAPINFO>()->bmiHeader;
     if (read.biCompression != BI_RGB) ThrowChainedException(nullptr, message::bitmapCompressed);
-    DibLayout layout;
+    corekit::DibLayout layout;
     if (!ReadDibLayout(read, layout)) throwUnreadable();
     source.Skip(headerSize - known);
     if (layout.dataSize() > source.Left()) throwUnreadable();

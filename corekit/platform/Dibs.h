@@ -32,9 +32,9 @@ COREKIT_API int GetDIBits(HDC dc, HBITMAP bitmap, UINT firstRow, UINT rowCount, 
 // tells the bits a pixel that it had there. For the caller to delete; null if there is none.
 COREKIT_API HBITMAP LoadBitmapA(HINSTANCE instance, const char* name);
 
-namespace corekit::detail {
+namespace corekit {
 
-// What a header promises.
+// How a picture lies in memory, by its header.
 struct DibLayout {
     int width = 0, height = 0; // above 0
     bool topDown = false;
@@ -45,7 +45,7 @@ struct DibLayout {
     std::size_t dataSize() const { return stride * static_cast<std::size_t>(height); }
 };
 
-// False for a header of less than 40 bytes, of a compressed picture or with sizes out of reason.
+// False for a header of less than 40 bytes, of a compressed picture, or with more than 2 GiB of rows.
 COREKIT_API bool ReadDibLayout(const BITMAPINFOHEADER& header, DibLayout& layout);
 
-} // namespace corekit::detail
+} // namespace corekit

@@ -71,13 +71,3 @@ inline constexpr UINT SPI_GETWORKAREA = 0x30; // a RECT: the part of the main sc
 // 0 for any other action, for null data, and for SPI_GETWORKAREA while no window library with an application
 // is there to ask. Nothing is written to the desktop's own settings.
 COREKIT_API BOOL SystemParametersInfoA(UINT action, UINT parameter, void* data, UINT notify);
-
-namespace corekit::detail {
-// How the window library tells the work area, and whether the desktop lets windows move before the eyes; null
-// takes it away.
-struct DesktopSource {
-    bool (*workArea)(RECT& area);
-    bool (*animates)();
-};
-COREKIT_API void SetDesktopSource(const DesktopSource* source);
-} // namespace corekit::detail

@@ -1,4 +1,5 @@
 // What threads do with windows: installed when the library is loaded.
+#include "corekit/framework/ThreadWindows.h"
 #include "corekit/framework/ui/FrameMessages.h"
 #include "corekit/framework/ui/WndMaps.h"
 #include "corekit/framework/WinThread.h"
@@ -46,7 +47,7 @@ BOOL Idle(CWinThread& thread, LONG count)
     return count < 1;
 }
 
-constexpr ThreadWindows threadWindows = {&Run, &Pump, &PreTranslate, &Idle, &changeWaitCursor};
+constexpr corekit::ThreadWindows calls = {&Run, &Pump, &PreTranslate, &Idle, &changeWaitCursor};
 
 bool Offer(MSG* message)
 {
@@ -56,13 +57,13 @@ bool Offer(MSG* message)
 
 [[gnu::constructor]] void Install()
 {
-    SetThreadWindows(&threadWindows);
+    corekit::setThreadWindows(&calls);
     setPreTranslate(&Offer);
 }
 
 [[gnu::destructor]] void TakeAway()
 {
-    SetThreadWindows(nullptr);
+    corekit::setThreadWindows(nullptr);
     setPreTranslate(nullptr);
 }
 

@@ -80,7 +80,7 @@ void CDib::LoadBitmapResource(UINT id, CDC& dc)
               0,
               0,
               0};
-    DibLayout layout;
+    corekit::DibLayout layout;
     if (!ReadDibLayout(header, layout)) ThrowChainedException(nullptr, message::bitmapUnreadable);
     auto dataSize = static_cast<std::uint64_t>(facts.bmWidthBytes) * static_cast<unsigned>(facts.bmHeight);
     if (facts.bmBitsPixel == 8) dataSize *= 3; // 8 bits are kept in the room of 24

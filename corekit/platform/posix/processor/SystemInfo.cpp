@@ -2,6 +2,7 @@
 
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/files/FileViews.h"
+#include "corekit/platform/posix/processor/DesktopSource.h"
 #include "corekit/platform/posix/services/Administrators.h"
 
 #include <atomic>
@@ -17,7 +18,7 @@
 namespace {
 using namespace corekit::detail;
 
-constinit std::atomic<const corekit::detail::DesktopSource*> desktop = nullptr;
+constinit std::atomic<const corekit::DesktopSource*> desktop = nullptr;
 constinit std::atomic<int> dragsFullWindows = -1; // not set
 
 DWORD processorsOfProcess()
@@ -125,4 +126,4 @@ BOOL SystemParametersInfoA(UINT action, UINT parameter, void* data, UINT)
     return TRUE;
 }
 
-void corekit::detail::SetDesktopSource(const DesktopSource* source) { desktop = source; }
+void corekit::setDesktopSource(const DesktopSource* source) { desktop = source; }

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace corekit::detail {
+namespace corekit {
 
 namespace {
 
@@ -36,4 +36,4 @@ bool ReadDibLayout(const BITMAPINFOHEADER& header, DibLayout& layout)
     return true;
 }
 
-} // namespace corekit::detail
+} // namespace corekit

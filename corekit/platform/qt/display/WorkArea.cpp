@@ -1,5 +1,5 @@
 // Tells core the free part of the main screen, and whether the desktop is one that moves things about.
-#include "corekit/platform/SystemInfo.h"
+#include "corekit/platform/posix/processor/DesktopSource.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -21,7 +21,7 @@ bool Animates()
     return !application || QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
 }
 
-constexpr corekit::detail::DesktopSource source{&WorkArea, &Animates};
-[[gnu::constructor]] void Start() { corekit::detail::SetDesktopSource(&source); }
-[[gnu::destructor]] void Stop() { corekit::detail::SetDesktopSource(nullptr); }
+constexpr corekit::DesktopSource source{&WorkArea, &Animates};
+[[gnu::constructor]] void Start() { corekit::setDesktopSource(&source); }
+[[gnu::destructor]] void Stop() { corekit::setDesktopSource(nullptr); }
 } // namespace

@@ -14,7 +14,7 @@ using Bytes = std::span<const std::byte>;
 
 // A block taken apart; everything lies within it.
 struct Dib {
-    DibLayout layout;
+    corekit::DibLayout layout;
     std::vector<RGBQUAD> colours;
     Bytes rows;
 };

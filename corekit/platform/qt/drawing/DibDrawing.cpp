@@ -14,21 +14,21 @@ struct Part {
 };
 
 // A part counted from the first row in memory, as an area counted from the top.
-inline Area areaFromTop(const DibLayout& layout, const Part& part)
+inline Area areaFromTop(const corekit::DibLayout& layout, const Part& part)
 {
     const std::int64_t end = part.y + part.height, top = layout.topDown ? part.y : layout.height - end;
     return {part.x, top, part.x + part.width, top + part.height};
 }
 
 // The same for a part whose sizes may be below 0.
-Area orderedAreaFromTop(const DibLayout& layout, const Part& part)
+Area orderedAreaFromTop(const corekit::DibLayout& layout, const Part& part)
 {
     const Area a = areaFromTop(layout, part);
     return orderedArea(a.left, a.top, a.right, a.bottom);
 }
 
 // The picture of a header, or none with a last error.
-bool layoutOf(const void* bits, const BITMAPINFO* info, UINT usage, DibLayout& layout)
+bool layoutOf(const void* bits, const BITMAPINFO* info, UINT usage, corekit::DibLayout& layout)
 {
     if (bits && info && usage == DIB_RGB_COLORS && ReadDibLayout(info->bmiHeader, layout)) return true;
     SetLastError(ERROR_INVALID_PARAMETER);
@@ -49,7 +49,7 @@ int SetDIBitsToDevice(HDC dc, int x, int y, DWORD width, DWORD height, int fromX
                       UINT rowCount, const void* bits, const BITMAPINFO* info, UINT usage)
 {
     DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
-    DibLayout layout;
+    corekit::DibLayout layout;
     if (!context || !layoutOf(bits, info, usage, layout)) return 0;
     const auto all = static_cast<UINT>(layout.height);
     if (firstRow >= all) return 0;
@@ -78,7 +78,7 @@ int StretchDIBits(HDC dc, int x, int y, int width, int height, int fromX, int fr
                   int fromHeight, const void* bits, const BITMAPINFO* info, UINT usage, DWORD operation)
 {
     DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
-    DibLayout layout;
+    corekit::DibLayout layout;
     if (!context || !layoutOf(bits, info, usage, layout)) return 0;
     if (needsBrush(operation) && context->brush->style == BS_NULL) return layout.height;
     const DibRows source(layout, coloursOf(*info), static_cast<const std::byte*>(bits), 0, layout.height);

@@ -107,7 +107,7 @@ private:
 int fillHeader(const Bitmap& bitmap, BITMAPINFOHEADER& header)
 {
     header = {sizeof header, bitmap.width, bitmap.height, 1, bitmap.depth, BI_RGB, 0, 0, 0, 0, 0};
-    DibLayout layout;
+    corekit::DibLayout layout;
     if (ReadDibLayout(header, layout)) header.biSizeImage = static_cast<DWORD>(layout.dataSize());
     return 1;
 }
@@ -121,7 +121,7 @@ int GetDIBits(HDC dc, HBITMAP handle, UINT firstRow, UINT rowCount, void* bits, 
     if (!bitmap) return 0;
     if (info && !bits && info->bmiHeader.biSize == sizeof info->bmiHeader)
         return fillHeader(*bitmap, info->bmiHeader);
-    DibLayout layout;
+    corekit::DibLayout layout;
     if (!info || !bits || !bitmap->pixels || usage != DIB_RGB_COLORS ||
         !ReadDibLayout(info->bmiHeader, layout)) {
         SetLastError(ERROR_INVALID_PARAMETER);

@@ -139,6 +139,8 @@ void CMultilineUnicodeEditCtl::GetSelection(int& from, int& to)
     to = m_model.IndexOf(std::max(m_model.Anchor(), m_model.SelectionEnd()));
 }
 
+int CMultilineUnicodeEditCtl::GetCursorIndex() { return m_model.CursorIndex(); }
+
 void CMultilineUnicodeEditCtl::Select(int from, int to)
 {
     m_model.Select(from, to);

@@ -68,7 +68,7 @@ public:
 
     // What the window knows of its text, for hosts that show where the cursor is.
     const corekit::detail::EditModel& GetModel() const { return m_model; }
-    int GetCursorIndex() { return m_model.CursorIndex(); } // into the string
+    int GetCursorIndex(); // into the string
 
     // ---- By index into the string, for hosts that edit by themselves.
     void GetSelection(int& from, int& to); // in ascending order; both are the cursor's without one
