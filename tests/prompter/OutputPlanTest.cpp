@@ -2,6 +2,8 @@
 #include "model/ColourNames.h"
 #include "model/HandController.h"
 
+#include "corekit/framework/Geometry.h"
+
 #include <gtest/gtest.h>
 
 using namespace prompter;
@@ -76,6 +78,25 @@ TEST(ColourNames, GoThereAndBack)
     EXPECT_EQ(ParseColour(" dark BLUE "), RGB(0, 0, 80));
     for (const char* const wrong : {"", "blu", "#12345", "#1234567", "#12345G", "123456", "#-12345"})
         EXPECT_FALSE(ParseColour(wrong)) << wrong;
+}
+
+TEST(OutputPlan, AWindowOpensWhollyOnADisplayThatIsThere)
+{
+    constexpr LONG far = 2147483647;
+    const struct {
+        RECT kept, shown;
+    } cases[] = {
+        {{80, 60, 1360, 860}, {80, 60, 1360, 860}},
+        {{-1300, -20, -500, 300}, {-1280, 0, -480, 320}},   // mostly on the left display
+        {{5000, 100, 6000, 500}, {904, 100, 1904, 500}},    // on none
+        {{1000, 900, 1800, 1300}, {1000, 632, 1800, 1032}}, // below the edge
+        {{-far, -far, far, far}, {0, 0, 1904, 1032}},
+    };
+    const Display all[] = {desk, left};
+    for (const auto& each : cases) {
+        EXPECT_EQ(CRect(PlaceInSight(each.kept, all)), CRect(each.shown)) << each.shown.left;
+    }
+    EXPECT_EQ(CRect(PlaceInSight(cases[2].kept, {})), CRect(cases[2].kept));
 }
 
 } // namespace

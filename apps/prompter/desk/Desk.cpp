@@ -132,7 +132,8 @@ void Desk::Open()
     const std::int64_t now = PromptWnd::Now();
     m_session.SetSettings(m_settings.session, now);
     m_session.SetSpeed(m_settings.speed, now);
-    if (!CreateEx(0, AfxRegisterWndClass(0), "Prompter", WS_OVERLAPPEDWINDOW, m_settings.desk, nullptr, 0))
+    const RECT place = PlaceInSight(m_settings.desk, m_options.listDisplays());
+    if (!CreateEx(0, AfxRegisterWndClass(0), "Prompter", WS_OVERLAPPEDWINDOW, place, nullptr, 0))
         throw std::runtime_error("no window can be opened");
     MakeMenu();
     m_list.Refresh();

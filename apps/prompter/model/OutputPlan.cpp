@@ -1,9 +1,13 @@
 #include "model/OutputPlan.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <numeric>
 
 namespace prompter {
 namespace {
+
+constexpr SIZE frame{16, 48}; // what the window manager may put around a window
 
 const OutputSettings* Find(std::span<const OutputSettings> wanted, const std::string& display)
 {
@@ -35,6 +39,24 @@ std::vector<PlannedOutput> PlanStandIn(std::span<const OutputSettings> wanted, s
     const Display& display = other == there.end() ? there.front() : *other;
     const OutputSettings* const own = Find(wanted, display.name);
     return {{display.name, display.place, own ? own->form : FrameForm{}}};
+}
+
+RECT PlaceInSight(const RECT& wanted, std::span<const Display> there)
+{
+    if (there.empty()) return wanted;
+    const POINT middle{std::midpoint(wanted.left, wanted.right), std::midpoint(wanted.top, wanted.bottom)};
+    const auto under = std::ranges::find_if(there, [&](const Display& d) { return Holds(d.place, middle); });
+    const RECT& display = under == there.end() ? there.front().place : under->place;
+    const auto fit = [](LONG& low, LONG& high, LONG from, LONG to) {
+        const auto length =
+            static_cast<LONG>(std::min<std::int64_t>(std::int64_t{high} - low, std::int64_t{to} - from));
+        low = std::clamp(low, from, to - length);
+        high = low + length;
+    };
+    RECT place = wanted;
+    fit(place.left, place.right, display.left, display.right - frame.cx);
+    fit(place.top, place.bottom, display.top, display.bottom - frame.cy);
+    return place;
 }
 
 OutputSettings& SettingsOf(std::vector<OutputSettings>& wanted, const std::string& display)

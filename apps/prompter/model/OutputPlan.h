@@ -40,6 +40,10 @@ std::vector<PlannedOutput> PlanOutputs(std::span<const OutputSettings> wanted,
 std::vector<PlannedOutput> PlanStandIn(std::span<const OutputSettings> wanted, std::span<const Display> there,
                                        POINT desk);
 
+// The window's place, moved and made smaller as far as it takes to be, with its frame, wholly on one display:
+// that of its middle, else the first. Without a display, as it is.
+RECT PlaceInSight(const RECT& wanted, std::span<const Display> there);
+
 // The settings of that display; made, and off, if there are none.
 OutputSettings& SettingsOf(std::vector<OutputSettings>& wanted, const std::string& display);
 
