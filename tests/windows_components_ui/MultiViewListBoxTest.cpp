@@ -14,6 +14,7 @@ class CClips : public CMultiViewListBox {
 public:
     std::string log;
     int texts = 0, pictures = 0;
+    bool goesInDrag = false;
 
 protected:
     // Column 0: d, c, b, a ... by falling id; column 1 the other way.
@@ -39,7 +40,11 @@ protected:
     {
         log += "w" + std::to_string(column) + ":" + std::to_string(width);
     }
-    DWORD GetDragEffect(int, int) override { return 1; }
+    DWORD GetDragEffect(int, int) override
+    {
+        if (goesInDrag) DestroyWindow();
+        return 1;
+    }
     int CanDrag(CArray<int, int>& ids) override
     {
         log += "can" + std::to_string(ids.GetSize());
@@ -174,6 +179,18 @@ TEST_F(MultiView, KeepsASelectionOfSeveralForADrag)
     EXPECT_EQ(clips.log, "can2cancel");
     MouseUp(List(), {200, 200}, Button::right);
     MouseUp(List(), {200, 200});
+}
+
+TEST_F(MultiView, ADragEndsWithItsList)
+{
+    Open(eMVLBMode_Details);
+    clips.EnableDragging(1);
+    Click(List(), MiddleOf(0));
+    clips.goesInDrag = true;
+    const HWND list = List();
+    Drag(list, MiddleOf(0), {200, 150});
+    EXPECT_FALSE(IsWindow(list));
+    EXPECT_EQ(clips.log.find("left"), std::string::npos) << clips.log;
 }
 
 TEST_F(MultiView, TellsOfDoubleClicksAndWidths)

@@ -192,6 +192,33 @@ TEST_F(TabbedOverlay, DropsATabWhereItsOwnerSays)
     EXPECT_EQ(overlay.log, "");
 }
 
+TEST_F(TabbedOverlay, ADragEndsWithItsPaneAndWithTheStack)
+{
+    AddPanes(3);
+    overlay.EnableTabDragging(1);
+    overlay.effect = 2;
+    MouseDown(overlay, MiddleOf(1));
+    MoveMouse(overlay, {200, 50});
+    overlay.GetPane(1)->DestroyWindow();
+    overlay.log.clear();
+    MoveMouse(overlay, {210, 50});
+    MouseUp(overlay, {210, 50});
+    EXPECT_EQ(overlay.log, "");
+
+    class Fleeting : public COverlay {
+        DWORD GetTabDragEffect(CWnd*, CPoint, CWnd*&) override { return DestroyWindow(), 2; }
+        void PostNcDestroy() override { delete this; }
+    };
+    auto* const fleeting = new Fleeting;
+    ASSERT_TRUE(fleeting->Create(&parent, WS_CHILD | WS_VISIBLE, 0, CRect(0, 200, 400, 400), 2));
+    fleeting->EnableTabDragging(1);
+    for (int i = 0; i < 2; ++i) fleeting->CreatePane(RUNTIME_CLASS(CPane), u"Pane", -1, nullptr, 0, 0);
+    RunWaiting();
+    const HWND window = fleeting->m_hWnd;
+    Drag(window, fleeting->GetStrip().TabRect(1).CenterPoint(), {200, 50});
+    EXPECT_FALSE(IsWindow(window));
+}
+
 TEST_F(TabbedOverlay, SlidesAPaneThatIsWider)
 {
     AddPanes(2);

@@ -36,7 +36,8 @@ void CMVLBList::StartDrag(CPoint point)
 {
     CArray<int, int> ids;
     m_owner.GetSelItemIDList(ids);
-    if (!m_owner.CanDrag(ids)) return;
+    const HWND own = m_hWnd;
+    if (!m_owner.CanDrag(ids) || !::IsWindow(own)) return;
     m_dragImage = std::make_unique<CImageList>();
     m_owner.MakeDragImage(m_dragImage.get());
     m_dragging = std::exchange(m_pressed, Button::none);
@@ -50,8 +51,9 @@ void CMVLBList::StartDrag(CPoint point)
 void CMVLBList::MoveDrag(CPoint point)
 {
     ClientToScreen(&point);
+    const HWND own = m_hWnd;
     const DWORD effect = m_owner.GetDragEffect(point.x, point.y) & ~effectMarks;
-    if (!m_dragImage) return; // the owner has ended it
+    if (!::IsWindow(own) || !m_dragImage) return; // the owner has ended it
     m_dragImage->SetDragCursorImage(effect == 1 || effect == 2 ? static_cast<int>(effect) : 0, {0, 0});
     int width = 0, height = 0;
     ImageList_GetIconSize(*m_dragImage, &width, &height);

@@ -175,7 +175,10 @@ void CTabbedOverlayWnd::UpdateTabDrag(CPoint point)
 {
     ClientToScreen(&point);
     CWnd* target = nullptr;
-    m_dragEffect = GetTabDragEffect(FromHandle(m_draggedPane), point, target);
+    const HWND own = m_hWnd;
+    const DWORD effect = GetTabDragEffect(FromHandle(m_draggedPane), point, target);
+    if (!IsWindow(own)) return; // it went while it was asked
+    m_dragEffect = effect;
     m_dropTarget = safeHandle(target);
     SetCursor(TabCursor(m_dragEffect));
 }
