@@ -1,5 +1,6 @@
 #include "corekit/platform/AppBars.h"
 
+#include "Becomes.h"
 #include "XServer.h"
 
 #include "corekit/platform/InputTest.h"
@@ -10,10 +11,7 @@
 
 #include <QWidget>
 
-#include <chrono>
-#include <functional>
 #include <gtest/gtest.h>
-#include <thread>
 
 namespace {
 
@@ -41,16 +39,6 @@ bool TakesEdge(HWND window)
 {
     APPBARDATA data{sizeof data, window, 0, ABE_LEFT, {}, TRUE};
     return SHAppBarMessage(ABM_SETAUTOHIDEBAR, &data) != 0;
-}
-
-bool Becomes(const std::function<bool()>& condition)
-{
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (!condition() && std::chrono::steady_clock::now() < end) {
-        RunWaiting();
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-    return condition();
 }
 
 int FreeFrom()

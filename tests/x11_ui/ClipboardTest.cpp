@@ -8,6 +8,7 @@
 #include "corekit/platform/Toolkit.h"
 #include "corekit/platform/Windows.h"
 
+#include "Becomes.h"
 #include "XServer.h"
 
 #include <csignal>
@@ -63,13 +64,6 @@ public:
 private:
     pid_t m_process = -1;
 };
-
-template <class Condition>
-bool Becomes(Condition condition)
-{
-    for (int i = 0; i < 3000 && !condition(); ++i) RunFor(10);
-    return condition();
-}
 
 // An owner that hangs for good would be waited for at each of these, and for longer than a test may last.
 TEST(ClipboardOnX, AnOwnerThatHangsOrGoesHoldsNobodyUp)
