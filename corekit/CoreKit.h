@@ -2,9 +2,12 @@
 // build time includes what it uses instead. Made by tools/make_umbrella.sh.
 #pragma once
 
+// commands: what a program can be told to do, and by which keys
 #include "corekit/commands/CmdItem.h"
 #include "corekit/commands/CustomAcceleratorTable.h"
 #include "corekit/commands/MacroProfile.h"
+
+// devices: serial ports and SCSI devices
 #include "corekit/devices/AspiCommands.h"
 #include "corekit/devices/Scsi.h"
 #include "corekit/devices/ScsiAdaptor.h"
@@ -14,6 +17,8 @@
 #include "corekit/devices/ScsiPassThrough.h"
 #include "corekit/devices/SerialPort.h"
 #include "corekit/devices/SerialPortConfig.h"
+
+// foundation: text, locks, streams, names and times of files, errors that say what led to them
 #include "corekit/foundation/AcceleratorResource.h"
 #include "corekit/foundation/Blocks.h"
 #include "corekit/foundation/ByteText.h"
@@ -48,6 +53,8 @@
 #include "corekit/foundation/UniqueIntList.h"
 #include "corekit/foundation/VersionData.h"
 #include "corekit/foundation/WildCards.h"
+
+// framework: objects that know their class, containers, narrow text, files, exceptions, threads
 #include "corekit/framework/Array.h"
 #include "corekit/framework/BinaryResource.h"
 #include "corekit/framework/CmdTarget.h"
@@ -65,25 +72,35 @@
 #include "corekit/framework/UpdateDispatch.h"
 #include "corekit/framework/WinApp.h"
 #include "corekit/framework/WinThread.h"
+
+// graphics: bitmaps in memory and in files
 #include "corekit/graphics/Dib.h"
 #include "corekit/graphics/DirectDraw.h"
+
+// hosts: services
 #include "corekit/hosts/ConsoleApp.h"
 #include "corekit/hosts/NTSec.h"
 #include "corekit/hosts/NTServiceControlMgr.h"
 #include "corekit/hosts/ServiceApp.h"
 #include "corekit/hosts/TraceProgressSink.h"
+
+// logging: logs in files and to listeners
 #include "corekit/logging/AlertSink.h"
 #include "corekit/logging/AlertSinkConfig.h"
 #include "corekit/logging/LogFollower.h"
 #include "corekit/logging/LogLevel.h"
 #include "corekit/logging/LogTarget.h"
 #include "corekit/logging/ProgressSink.h"
+
+// net: sockets, those who listen, the transfer of files
 #include "corekit/net/FtpClient.h"
 #include "corekit/net/IOCPManager.h"
 #include "corekit/net/XListenSocket.h"
 #include "corekit/net/XServiceQuery.h"
 #include "corekit/net/XSocket.h"
 #include "corekit/net/XSocketApi.h"
+
+// platform: the words of the system
 #include "corekit/platform/Accelerators.h"
 #include "corekit/platform/AppBars.h"
 #include "corekit/platform/Buttons.h"
@@ -178,6 +195,8 @@
 #include "corekit/platform/Waits.h"
 #include "corekit/platform/WindowMessages.h"
 #include "corekit/platform/WindowStyles.h"
+
+// stores: settings, records, word lists, archives, the registry
 #include "corekit/stores/BlockMappedFile.h"
 #include "corekit/stores/DataBuffer.h"
 #include "corekit/stores/DataCache.h"
@@ -200,19 +219,31 @@
 #include "corekit/stores/VariableLengthRecordFile.h"
 #include "corekit/stores/WordListFile.h"
 #include "corekit/stores/ZipDirectory.h"
+
+// unicode/bidi: the order of mixed scripts
 #include "corekit/unicode/bidi/MirrorBrackets.h"
 #include "corekit/unicode/bidi/ReorderToVisual.h"
+
+// unicode/codepages: text in bytes
 #include "corekit/unicode/codepages/CodePageConversion.h"
 #include "corekit/unicode/codepages/CodePageNames.h"
+
+// unicode/shaping: the forms of letters that join
 #include "corekit/unicode/shaping/ArabicShaping.h"
 #include "corekit/unicode/shaping/BengaliShaping.h"
 #include "corekit/unicode/shaping/DevanagariShaping.h"
 #include "corekit/unicode/shaping/GlyphConversion.h"
 #include "corekit/unicode/shaping/TamilShaping.h"
+
+// unicode/storage: the order in which scripts are kept
 #include "corekit/unicode/storage/StoredText.h"
+
+// unicode/tables: what each character is
 #include "corekit/unicode/tables/ArabicJoiningClasses.h"
 #include "corekit/unicode/tables/CharacterCodes.h"
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 #include "corekit/unicode/tables/UrduIndicJoiningClasses.h"
+
+// Version.h: which version this is
 #include "corekit/Version.h"
 #include "corekit/WireUp.h"

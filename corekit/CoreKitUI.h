@@ -1,8 +1,9 @@
 // Everything that both libraries offer. A program that minds its
 // build time includes what it uses instead. Made by tools/make_umbrella.sh.
 #pragma once
-
 #include "corekit/CoreKit.h"
+
+// commands/ui: tool bars, sheets of properties, the pages in which a user changes keys and tool bars
 #include "corekit/commands/ui/AboutDialog.h"
 #include "corekit/commands/ui/AXPropertyPage.h"
 #include "corekit/commands/ui/AXPropertySheet.h"
@@ -21,11 +22,17 @@
 #include "corekit/commands/ui/PPage_Miscellaneous.h"
 #include "corekit/commands/ui/PPage_OptionsMgrBlank.h"
 #include "corekit/commands/ui/SoloCategoryPropSheet.h"
+
+// devices/ui: the page for a serial port
 #include "corekit/devices/ui/PPage_SerialPort.h"
+
+// foundation/ui: bitmaps and menus from resources, folders to be chosen
 #include "corekit/foundation/ui/BitmapResource.h"
 #include "corekit/foundation/ui/DrawHelpers.h"
 #include "corekit/foundation/ui/MenuHelpers.h"
 #include "corekit/foundation/ui/ShellBrowserDialog.h"
+
+// framework/ui: windows, dialogs, controls, device contexts, frames and views
 #include "corekit/framework/ui/Button.h"
 #include "corekit/framework/ui/CheckListBox.h"
 #include "corekit/framework/ui/CmdUI.h"
@@ -73,20 +80,28 @@
 #include "corekit/framework/ui/WindowDC.h"
 #include "corekit/framework/ui/Wnd.h"
 #include "corekit/framework/ui/WndMessages.h"
+
+// graphics/ui: bitmaps on the screen
 #include "corekit/graphics/ui/BitmapDrawCache.h"
 #include "corekit/graphics/ui/BufferDC.h"
 #include "corekit/graphics/ui/SysColourMetricCache.h"
+
+// hosts/ui: tray programs and control panels
 #include "corekit/hosts/ui/ControlPanelApp.h"
 #include "corekit/hosts/ui/DLG_SCMStatus.h"
 #include "corekit/hosts/ui/TrayAppWnd.h"
 #include "corekit/hosts/ui/TrayIcon.h"
 #include "corekit/hosts/ui/TrayIconApp.h"
+
+// logging/ui: the page for logs, progress that a user watches
 #include "corekit/logging/ui/DLG_Progress.h"
 #include "corekit/logging/ui/DLG_ProgressTwin.h"
 #include "corekit/logging/ui/DLG_ProgressTwinCancel.h"
 #include "corekit/logging/ui/DLG_ProgressWithCancel.h"
 #include "corekit/logging/ui/DLG_Status.h"
 #include "corekit/logging/ui/PPage_LoggingDetails.h"
+
+// platform: the words of the system
 #include "corekit/platform/Caret.h"
 #include "corekit/platform/Clipboard.h"
 #include "corekit/platform/Dialogs.h"
@@ -103,7 +118,11 @@
 #include "corekit/platform/Timers.h"
 #include "corekit/platform/Toolkit.h"
 #include "corekit/platform/Windows.h"
+
+// unicode/codepages: text in bytes
 #include "corekit/unicode/codepages/ui/PPage_CodePage.h"
+
+// unicode/ui: fonts, keyboards, lines that are drawn and edited
 #include "corekit/unicode/ui/edit/MultilineUnicodeEditCtl.h"
 #include "corekit/unicode/ui/edit/MultilineUnicodeEditCtlSink.h"
 #include "corekit/unicode/ui/FontDescriptor.h"
@@ -126,6 +145,8 @@
 #include "corekit/unicode/ui/UniRender.h"
 #include "corekit/unicode/ui/UsualFonts.h"
 #include "corekit/unicode/ui/XPCConfigNode.h"
+
+// windows/controls: fields and small controls
 #include "corekit/windows/controls/ui/AXStatusBar.h"
 #include "corekit/windows/controls/ui/ColourListBox.h"
 #include "corekit/windows/controls/ui/DataExchangeEx.h"
@@ -134,6 +155,8 @@
 #include "corekit/windows/controls/ui/RectTracker.h"
 #include "corekit/windows/controls/ui/SplitterEx.h"
 #include "corekit/windows/controls/ui/TabBar.h"
+
+// windows/ui: docks, stacks with tabs, application bars, lists with pictures
 #include "corekit/windows/ui/AppBar.h"
 #include "corekit/windows/ui/DockableWindow.h"
 #include "corekit/windows/ui/DockBarEx.h"

@@ -24,8 +24,12 @@ public() {
 
 # umbrella FILE INTRODUCTION: from the headers on standard input.
 umbrella() {
-    printf '// %s A program that minds its\n// build time includes what it uses instead. Made by tools/make_umbrella.sh.\n#pragma once\n\n' "$2" >"$1"
-    sed 's/.*/#include "&"/' >>"$1"
+    printf '// %s A program that minds its\n// build time includes what it uses instead. Made by tools/make_umbrella.sh.\n#pragma once\n' "$2" >"$1"
+    awk -F '\t' '
+        NR == FNR { says[$1] = $2; next }
+        { split($0, part, "/"); room = part[2] (part[4] != "" ? "/" part[3] : "") }
+        room != last && (room in says) { printf "\n// %s: %s\n", room, says[room] }
+        { last = room; print "#include \"" $0 "\"" }' tools/rooms.tsv - >>"$1"
 }
 
 needs_toolkit='/ui/|platform/(Caret|Clipboard|Dialogs|DragDrop|FileDialogs|Gdi|Input|InputTest|KeyboardLayouts|MessageBoxes|MessageLoop|Painting|PopupMenus|ScrollBars|Timers|Toolkit|Windows)\.h'
