@@ -46,3 +46,35 @@ LEAST = {
 
 # What a rate counts, where it is not something a second.
 UNITS = {"startup/services_in_a_gib": " fit"}
+
+# What stands in the way of a goal, as a profile shows it; printed for the paths that are short.
+REMARKS = {
+    "settings/lookup_flat": "seven tenths of the time wait for memory: the bunch of names, the place in it, the item. The "
+                            "peer waits for two of these, compares bytes where names here are found without regard to case, "
+                            "and does not copy the value out.",
+    "settings/lookup": "each of three levels is found as above; the two stores on the way are handed out as objects of their "
+                       "own, a fifth of the time.",
+    "settings/lookup_second_thread": "as `settings/lookup`; the counts of the two stores on the way are atomic then.",
+    "settings/deserialise": "names and values are copied out of the stream, and a first look orders them by name (a third of "
+                            "the time together); the peer leaves its texts in the caller's bytes and orders nothing.",
+    "strings/copy_then_write": "six tenths of the time are the allocator's, as the peer's are; the share that is counted up and "
+                               "down comes on top, as `limit_two_counts` has it.",
+    "strings/copy": "the share is counted up and down, as `limit_two_counts` does alone.",
+    "records/replace": "nine tenths of the time pass in the system's calls that write; `limit_calls` makes these alone. The "
+                       "peer maps its file.",
+    "records/add": "as `records/replace`.",
+    "logging/flushed_line": "86 % of the time pass in the one call that writes the line; `limit_write` makes it alone.",
+    "registry/write": "61 % of the time pass in the system's calls and 29 % in SQLite, which is the peer; what is written lies "
+                      "in its file here, too, with the key's time of change.",
+    "words/lookup_hit": "38 % of the time the index waits for memory and 33 % the word that it names is compared: each lies "
+                        "somewhere else in the file.",
+    "words/prefix_found": "each leaf of the file is searched for the prefix, where the peer has all words in one sorted array.",
+    "codepages/write_utf8": "39 % of the time convert; the rest makes the text and copies into it, as the peer does.",
+    "codepages/read_utf8": "as `codepages/write_utf8`.",
+    "streams/memory_write": "two thirds of the time write through checks that are inlined, a fifth counts the length of each "
+                            "text; the peer is given the lengths.",
+    "ftp/download_64_mib": "both wait for the server, which sends as fast as it reads its file.",
+    "sockets/echo_64": "both make the same two system calls; what is measured beyond them is the machine's unrest.",
+    "sockets/echo_4096": "as `sockets/echo_64`.",
+    "devices/service_status": "both ask the same bus; what is measured beyond that is the machine's unrest.",
+}

@@ -4,6 +4,8 @@ import os
 import platform
 import subprocess
 
+from goals import REMARKS
+
 LEFT, BAR, LINE, TOP = 260, 420, 18, 30  # of the picture, in pixels
 WIDEST = 8  # times the peer; longer bars are cut
 
@@ -55,6 +57,12 @@ def table(rows):
     return "\n".join(lines)
 
 
+def remarks(rows):
+    """What stands in the way of the paths that are short."""
+    lines = [f"- `{row.path}`: {REMARKS[row.path]}" for row in rows if row.is_short and row.path in REMARKS]
+    return "\n## What stands in the way\n\n" + "\n".join(lines) + "\n" if lines else ""
+
+
 GROWTH = "## Growth"  # what stands from there on is the other run's
 
 
@@ -81,7 +89,7 @@ runs counts. `{command}` with `--write docs` made this page on {versions()}.
 {table(rows)}
 
 ![Bars: times the best peer](performance.svg)
-{chr(10) + growth if growth else ""}""")
+{remarks(rows)}{chr(10) + growth if growth else ""}""")
 
 
 def write_growth(folder, curves):
