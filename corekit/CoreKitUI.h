@@ -141,6 +141,7 @@
 #include "corekit/unicode/ui/list/UnicodeListCtrl.h"
 #include "corekit/unicode/ui/pages/PPage_Unicode_General.h"
 #include "corekit/unicode/ui/pages/PPage_Unicode_Languages.h"
+#include "corekit/unicode/ui/TextHandling.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
 #include "corekit/unicode/ui/UniRender.h"
 #include "corekit/unicode/ui/UsualFonts.h"

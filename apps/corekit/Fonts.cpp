@@ -7,6 +7,7 @@
 #include "Table.h"
 #include "TextFile.h"
 
+#include "corekit/platform/Gdi.h"
 #include "corekit/platform/Toolkit.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
 #include "corekit/unicode/ui/fonts/GlyphFont.h"

@@ -4,6 +4,7 @@
 #include "corekit/platform/Clipboard.h"
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/Memory.h"
+#include "corekit/platform/SystemColours.h"
 #include "corekit/unicode/ui/edit/RendererRuler.h"
 
 #include <cstring>

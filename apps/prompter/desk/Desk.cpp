@@ -7,6 +7,7 @@
 
 #include "corekit/framework/MessageBox.h"
 #include "corekit/framework/Module.h"
+#include "corekit/framework/ui/DC.h"
 #include "corekit/framework/WinApp.h"
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/SystemColours.h"

@@ -5,6 +5,8 @@
 #include "corekit/framework/Exception.h"
 #include "corekit/resources/Messages.h"
 #include "corekit/stores/RegistryKey.h"
+#include "corekit/unicode/ui/FontMapInfo.h"
+#include "corekit/unicode/ui/FontRegistry.h"
 #include "corekit/unicode/ui/XPCConfigNode.h"
 
 #include <algorithm>
@@ -238,4 +240,17 @@ void CFontDescriptor::Save(IXPCConfigNode* node, const char* prefix) const
     node->WriteInteger(keyOf(prefix, "count"), static_cast<DWORD>(GetCount()), 0);
     for (int i = 0; i < GetCount(); ++i)
         node->WriteString(fontKeyOf(prefix, static_cast<unsigned>(i) + 1), m_fonts.GetAt(i));
+}
+
+CString CFontDescriptor::GetFontForLocale(WORD langId) const
+{
+    CFontSignature wanted, held;
+    corekit::detail::getLocaleFontSignature(langId, wanted);
+    for (int i = 0; i < GetCount(); ++i) {
+        CFontMapInfo* const info = corekit::detail::FontRegistry::OfProcess().Find(GetFont(i));
+        if (!info) break;
+        info->GetSignature(held);
+        if (held.Contains(wanted)) return GetFont(i);
+    }
+    return GetFont(0);
 }

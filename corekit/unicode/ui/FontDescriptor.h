@@ -66,8 +66,8 @@ public:
     bool Load(IXPCConfigNode* node, const char* prefix);
     void Save(IXPCConfigNode* node, const char* prefix) const;
 
-    // Lets the user choose: one font and its size, from there or with two faces and more several. 1 if the choice
-    // was confirmed; otherwise nothing changes. With `readOnly` the user only looks.
+    // Lets the user choose: one font and its size, from there or with two faces and more several. 1 if the
+    // choice was confirmed; otherwise nothing changes. With `readOnly` the user only looks.
     int DoSelectFontDialog(CWnd* parent, int readOnly);
 
     friend bool operator==(const CFontDescriptor& a, const CFontDescriptor& b)

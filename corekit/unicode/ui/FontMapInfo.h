@@ -1,4 +1,4 @@
-// What the manager keeps for each face of the machine: its signature, read when it is first asked for.
+// What is kept for each face of the machine: its signature, read when it is first asked for.
 #pragma once
 
 #include "corekit/framework/Object.h"
@@ -13,7 +13,7 @@ class CRegistryKey;
 // HKEY_LOCAL_MACHINE\Software\Corvane\Unicode Support\Font Mapping\<face name>, see
 // docs/unicode-manager.md. That of all others is what the face itself claims.
 //
-// Owned by CUnicodeManager; belongs to the user-interface thread.
+// Owned by the list of faces; belongs to the user-interface thread.
 class COREKIT_API CFontMapInfo : public CObject {
     DECLARE_DYNAMIC(CFontMapInfo)
 public:

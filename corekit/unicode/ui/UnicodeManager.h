@@ -8,25 +8,28 @@
 #pragma once
 
 #include "corekit/foundation/StringW.h"
-#include "corekit/framework/Array.h"
-#include "corekit/framework/Map.h"
 #include "corekit/framework/Object.h"
 #include "corekit/framework/String.h"
-#include "corekit/framework/ui/DC.h"
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Keyboard.h"
 #include "corekit/platform/Messages.h"
 #include "corekit/unicode/ui/FontDescriptor.h"
+#include "corekit/unicode/ui/TextHandling.h"
 #include "corekit/unicode/ui/UsbRanges.h"
+
+#include <memory>
 
 class CAXPropertySheet;
 class CFontMapInfo;
 class CFontSignature;
 class CKBLayout;
-class CRegistryKey;
 class CStringIntArray;
-struct LOGFONTA;
-struct TEXTMETRICA;
+
+namespace corekit::detail {
+class FontRegistry;
+class KeyboardRotation;
+class TextSettings;
+} // namespace corekit::detail
 
 class COREKIT_API CUnicodeManager : public CObject {
     DECLARE_DYNAMIC(CUnicodeManager)
@@ -35,7 +38,9 @@ public:
     ~CUnicodeManager() override;
 
     // The object. The first call lists the fonts, makes the keyboards and reads the settings; the argument
-    // has no meaning. Throws CMemoryException if the fonts cannot be listed.
+    // has no meaning. Throws CMemoryException if the fonts cannot be listed. That is not tried again: later
+    // calls give the object with the faces that were listed until then, no keyboards and the default
+    // settings.
     static CUnicodeManager* Initialise(BOOL unused);
     // The object, initialised or not; never null.
     static CUnicodeManager* GetObjectA();
@@ -52,7 +57,7 @@ public:
     void SetControlsFontDescriptor(const CFontDescriptor& font);
     void GetControlsFontDescriptor(CFontDescriptor& font);
     // Puts a font in force in this process alone; the registry keeps its own.
-    void OverrideControlsFont(const CFontDescriptor& font) { m_controlsFont = font; }
+    void OverrideControlsFont(const CFontDescriptor& font);
     // What a language needs of a font. A private language (bit 0x200) needs one range of private glyphs.
     // Left as it was for a language that neither the platform nor this library knows.
     void GetLocaleFontSignature(WORD locale, CFontSignature& signature) const;
@@ -98,18 +103,18 @@ public:
 
     // ---- Keyboards, by index: first those of the platform's layouts in its order, then those of this
     // library.
-    int GetKeyboardCount() const { return m_keyboards.GetSize(); }
+    int GetKeyboardCount() const;
     CKBLayout* GetKeyboard(int index) const; // null outside the list
     // Leaves both alone outside the list.
     void GetKeyboardInfo(int index, CString& name, WORD& locale) const;
-    int GetActiveKeyboard() const { return m_activeKeyboard; }
+    int GetActiveKeyboard() const;
     CString GetActiveKeyboardName() const;
     WORD GetCurrentKeyboardLocale() const;
 
     // Off at first, and while it is off the operations below answer true and do nothing: switched on once a
     // window is ready for keys.
-    void EnableKeyboardSwitching(BOOL enabled) { m_keyboardSwitching = enabled; }
-    BOOL IsKeyboardSwitchingEnabled() const { return m_keyboardSwitching; }
+    void EnableKeyboardSwitching(BOOL enabled);
+    BOOL IsKeyboardSwitchingEnabled() const;
     // The keyboard at the index or, with `useDefault`, the default one. False if it is not enabled or there
     // is none.
     bool ActivateKeyboard(int index, BOOL useDefault);
@@ -133,11 +138,11 @@ public:
     // With `forGlyphs`, false also while the platform handles complex languages.
     BOOL IsBIDIEnabled(BOOL forGlyphs) const;
     void SetBIDIEnabled(BOOL enabled);
-    BOOL WindowsComplexLanguageHandlingEnabled() const { return m_settings.complexLanguage; }
+    BOOL WindowsComplexLanguageHandlingEnabled() const;
     void SetWindowsComplexLanguageHandling(BOOL enabled);
-    BOOL ExtraLineHeight() const { return m_settings.extraLineHeight; }
+    BOOL ExtraLineHeight() const;
     void SetExtraLineHeight(BOOL enabled);
-    BOOL IsUnderlineSelectEnabled() const { return m_settings.underlineSelect; }
+    BOOL IsUnderlineSelectEnabled() const;
     void SetUnderlineSelectEnabled(BOOL enabled);
     // Writes which keyboards are enabled, in place of all that stood there. Throws as the setters do.
     void SaveEnabledKeyboardsConfig() const;
@@ -145,14 +150,9 @@ public:
     // missing there, or of another type, gets its default; an enabled keyboard then stays so.
     void LoadRegistryConfig();
 
-    struct Settings {
-        BOOL biDi = FALSE;
-        BOOL complexLanguage = FALSE; // the platform handles complex languages
-        BOOL extraLineHeight = FALSE;
-        BOOL underlineSelect = FALSE;
-    };
+    using Settings = corekit::TextHandling;
     // Puts settings in force in this process alone; the registry keeps its own.
-    void OverrideSettings(const Settings& settings) { m_settings = settings; }
+    void OverrideSettings(const Settings& settings);
 
     // ---- Languages. No language is right to left while the platform handles complex languages.
     bool RTLSystemLocale() const;
@@ -165,30 +165,11 @@ public:
     void AddPropertyPages(CAXPropertySheet& sheet);
 
 private:
-    void InternalInit();
-    void InitKeyboards();
-    void InitSystemKB(HKL layout);
-    int FindLayout(HKL layout) const;
-    bool SwitchTo(int index);
-    bool StepKeyboard(int step);
     bool SendConverted(MSG& message, BYTE first, BYTE second) const;
-    void LoadControlsFont(CRegistryKey& key);
-    static constexpr const char* defaultControlsFace = "Arial";
-    void AddDefaultFace();
-    static int EnumFontsCallbackHelper(const LOGFONTA* font, const TEXTMETRICA* metrics, DWORD type,
-                                       LPARAM manager);
-    int EnumFontsCallback(const LOGFONTA* font, DWORD type);
 
-    CMapStringToOb m_fonts; // upper-case face name to an owned CFontMapInfo
-    BOOL m_initialised = FALSE;
-    CDC m_dc; // a memory context, to read font data
-    CFontDescriptor m_controlsFont;
-    Settings m_settings;
+    corekit::detail::FontRegistry& m_fonts;
+    const std::unique_ptr<corekit::detail::KeyboardRotation> m_keyboards;
+    const std::unique_ptr<corekit::detail::TextSettings> m_settings;
+    BOOL m_isInitialised = FALSE;
     UINT m_pendingLeadByte = 0; // the first half of a character, 0 if none
-    int m_defaultKeyboard = 0;
-    int m_activeKeyboard = 0;
-    int m_activeCodePage = 0;
-    BOOL m_keyboardSwitching = FALSE;
-    BOOL m_changingKeyboard = FALSE;
-    CArray<CKBLayout*, CKBLayout*> m_keyboards; // owned
 };

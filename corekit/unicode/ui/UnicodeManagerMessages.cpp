@@ -1,7 +1,7 @@
 // The message hook of CUnicodeManager: from keys and bytes to characters that are marked final.
 #include "corekit/platform/CodePages.h"
 #include "corekit/unicode/ui/keyboards/HeldKeys.h"
-#include "corekit/unicode/ui/keyboards/KBLayout.h"
+#include "corekit/unicode/ui/keyboards/KeyboardRotation.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
 
 #include <iterator>
@@ -27,7 +27,7 @@ bool CUnicodeManager::TMH_KeyDown(MSG* message)
         if (message->wParam == VK_LEFT) return ActivatePrevKeyboard();
         if (message->wParam == VK_RIGHT) return ActivateNextKeyboard();
     }
-    CKBLayout* const keyboard = GetKeyboard(m_activeKeyboard);
+    CKBLayout* const keyboard = m_keyboards->Active();
     return keyboard && keyboard->TranslateKey(message) > 0;
 }
 
@@ -40,7 +40,7 @@ bool CUnicodeManager::TMH_Char(MSG* message)
         m_pendingLeadByte = 0; // before anyone answers the message
         return SendConverted(*message, lead, byte);
     }
-    if (!IsDBCSLeadByteEx(static_cast<UINT>(m_activeCodePage), byte)) return false;
+    if (!IsDBCSLeadByteEx(static_cast<UINT>(m_keyboards->CodePage()), byte)) return false;
     m_pendingLeadByte = static_cast<UINT>(message->wParam);
     return true;
 }
@@ -56,8 +56,8 @@ bool CUnicodeManager::SendConverted(MSG& message, BYTE first, BYTE second) const
     const char bytes[] = {static_cast<char>(first), static_cast<char>(second)};
     const int skipped = first == 0 ? 1 : 0;
     WCHAR characters[4];
-    if (MultiByteToWideChar(static_cast<UINT>(m_activeCodePage), MB_PRECOMPOSED, bytes + skipped, 2 - skipped,
-                            characters, static_cast<int>(std::size(characters))) < 1)
+    if (MultiByteToWideChar(static_cast<UINT>(m_keyboards->CodePage()), MB_PRECOMPOSED, bytes + skipped,
+                            2 - skipped, characters, static_cast<int>(std::size(characters))) < 1)
         return true;
     message.message = WM_CHAR;
     message.wParam = characters[0] | finalCharacterMark;
@@ -70,7 +70,7 @@ WORD CUnicodeManager::ConvertCharMessage(UINT wParam) const
     if (wParam & finalCharacterMark) return LOWORD(wParam);
     const char byte = static_cast<char>(wParam & 0xFF);
     WCHAR characters[2] = {static_cast<BYTE>(byte)};
-    MultiByteToWideChar(static_cast<UINT>(m_activeCodePage), MB_PRECOMPOSED, &byte, 1, characters,
+    MultiByteToWideChar(static_cast<UINT>(m_keyboards->CodePage()), MB_PRECOMPOSED, &byte, 1, characters,
                         static_cast<int>(std::size(characters)));
     return characters[0];
 }

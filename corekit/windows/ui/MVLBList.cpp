@@ -1,6 +1,7 @@
 // The records of the items, and how items look.
 #include "corekit/windows/ui/MVLBList.h"
 
+#include "corekit/framework/ui/DC.h"
 #include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/Runtime.h"

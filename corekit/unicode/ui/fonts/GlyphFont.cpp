@@ -2,10 +2,10 @@
 
 #include "corekit/stores/RegistryKey.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
+#include "corekit/unicode/ui/FontRegistry.h"
 #include "corekit/unicode/ui/fonts/GlyphKerning.h"
 #include "corekit/unicode/ui/fonts/GlyphPieces.h"
 #include "corekit/unicode/ui/fonts/TrueTypeFile.h"
-#include "corekit/unicode/ui/UnicodeManager.h"
 
 namespace {
 
@@ -110,7 +110,7 @@ bool UseAsGlyphFont(const std::string& faceName)
                    {GlyphScript::Tamil, 128 + 20}};
     for (const auto& [script, letters] : scripts) {
         if (!faceName.ends_with(NameOf(script))) continue;
-        CFontMapInfo* const info = CUnicodeManager::GetObjectA()->GetFontMapInfo(faceName.c_str());
+        CFontMapInfo* const info = FontRegistry::OfProcess().Find(faceName.c_str());
         if (info == nullptr || info->GetSignature().CoversRange(letters)) return false;
         info->BecomeGlyphFont(ScriptOf(script).customSignature);
         return true;

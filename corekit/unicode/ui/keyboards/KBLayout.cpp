@@ -1,24 +1,10 @@
 #include "corekit/unicode/ui/keyboards/KBLayout.h"
 
-#include "corekit/platform/Locale.h"
+#include "corekit/unicode/ui/keyboards/PlatformLayouts.h"
 
-#include <cstdlib>
+using namespace corekit::detail;
 
 IMPLEMENT_DYNAMIC(CKBLayout, CObject)
-
-namespace {
-
-WORD LanguageOf(HKL layout) { return LOWORD(reinterpret_cast<DWORD_PTR>(layout)); }
-
-// The text that the platform has for a language, empty if none.
-template <int size>
-CString LocaleText(WORD locale, DWORD type)
-{
-    char text[size] = {};
-    return GetLocaleInfoA(locale, type, text, size) > 0 ? CString(text) : CString();
-}
-
-} // namespace
 
 CKBLayout::CKBLayout(const char* name, WORD locale, int codePage)
     : m_name(name), m_locale(locale), m_codePage(codePage)
@@ -26,10 +12,11 @@ CKBLayout::CKBLayout(const char* name, WORD locale, int codePage)
 }
 
 CKBLayout::CKBLayout(HKL layout)
-    : m_name(LocaleText<256>(LanguageOf(layout), LOCALE_SENGLANGUAGE)), m_locale(LanguageOf(layout)),
-      m_codePage(std::atoi(LocaleText<64>(LanguageOf(layout), LOCALE_IDEFAULTANSICODEPAGE)))
+    : m_name(languageName(layout)), m_locale(languageOf(layout)), m_codePage(codePageOf(layout))
 {
 }
+
+void CKBLayout::ActivateHelper(DWORD locale) { activateLayoutOf(locale); }
 
 void CKBLayout::SendCharacter(MSG& message, WCHAR character)
 {
