@@ -39,49 +39,14 @@ public:
     static void RegisterListenSocket(XListenSocket* listener);
     static void RevokeListenSocket(XListenSocket* listener);
 
-    // The functions, null until InitSockets; platform/Sockets.h tells of each.
-    static decltype(sockets::accept)* accept;
-    static decltype(sockets::bind)* bind;
-    static decltype(sockets::closesocket)* closesocket;
-    static decltype(sockets::connect)* connect;
-    static decltype(sockets::getpeername)* getpeername;
-    static decltype(sockets::getsockname)* getsockname;
-    static decltype(sockets::htons)* htons;
-    static decltype(sockets::inet_addr)* inet_addr;
-    static decltype(sockets::listen)* listen;
-    static decltype(sockets::ntohs)* ntohs;
-    static decltype(sockets::recv)* recv;
-    static decltype(sockets::send)* send;
-    static decltype(sockets::setsockopt)* setsockopt;
-    static decltype(sockets::socket)* socket;
-    static decltype(::WSAConnect)* WSAConnect;
-    static decltype(::WSAEventSelect)* WSAEventSelect;
-    static decltype(::WSAGetLastError)* WSAGetLastError;
-    static decltype(::WSAHtons)* WSAHtons;
-    static decltype(::WSAHtonl)* WSAHtonl;
-    static decltype(::WSAIoctl)* WSAIoctl;
-    static decltype(::WSALookupServiceEnd)* WSALookupServiceEnd;
-    static decltype(::WSANtohs)* WSANtohs;
-    static decltype(::WSANtohl)* WSANtohl;
-    static decltype(::WSARemoveServiceClass)* WSARemoveServiceClass;
-    static decltype(::WSAEnumNetworkEvents)* WSAEnumNetworkEvents;
-    static decltype(::WSAWaitForMultipleEvents)* WSAWaitForMultipleEvents;
-    static decltype(::WSACreateEvent)* WSACreateEvent;
-    static decltype(::WSACloseEvent)* WSACloseEvent;
-    static decltype(::WSAAddressToStringA)* WSAAddressToStringA;
-    static decltype(::WSAEnumNameSpaceProvidersA)* WSAEnumNameSpaceProvidersA;
-    static decltype(::WSAEnumProtocolsA)* WSAEnumProtocolsA;
-    static decltype(::WSAInstallServiceClassA)* WSAInstallServiceClassA;
-    static decltype(::WSALookupServiceBeginA)* WSALookupServiceBeginA;
-    static decltype(::WSALookupServiceNextA)* WSALookupServiceNextA;
-    static decltype(::WSASetServiceA)* WSASetServiceA;
-    static decltype(::WSASocketA)* WSASocketA;
-    static decltype(::WSAStringToAddressA)* WSAStringToAddressA;
+    // The functions, null until InitSockets; platform/Sockets.h describes each. Two are for this class alone.
+#define SOCKET_CALL(access, scope, name)                                                                     \
+    access:                                                                                                  \
+    static decltype(scope::name)* name;
+#include "corekit/platform/SocketCalls.inc"
+#undef SOCKET_CALL
 
 private:
-    static decltype(::WSACleanup)* WSACleanup;
-    static decltype(::WSAStartup)* WSAStartup;
-
     struct AcceptEntry {
         HANDLE event; // auto-reset, signalled when a connection waits
         XListenSocket* socket;
