@@ -86,6 +86,31 @@ std::string Quoted(std::string_view utf8)
     return quoted += '"';
 }
 
+// Reads what follows a backslash; `at` comes to stand on its last character.
+char Escaped(std::string_view text, std::size_t& at)
+{
+    switch (text[at]) {
+    case 'n':
+        return '\n';
+    case 'r':
+        return '\r';
+    case 't':
+        return '\t';
+    case '"':
+    case '\\':
+        return text[at];
+    case 'x': {
+        const int high = at + 2 < text.size() ? HexDigit(text[at + 1]) : -1;
+        const int low = high >= 0 ? HexDigit(text[at + 2]) : -1;
+        if (low < 0 || high > 7 || high + low == 0) Refuse("a wrong \\x in a text");
+        at += 2;
+        return static_cast<char>(high << 4 | low);
+    }
+    default:
+        Refuse("an unknown sign behind a \\");
+    }
+}
+
 // Takes a quoted text off the front; what it gives is in the active code page.
 std::string Unquoted(std::string_view& text)
 {
@@ -98,31 +123,7 @@ std::string Unquoted(std::string_view& text)
             continue;
         }
         if (++at == text.size()) break;
-        switch (text[at]) {
-        case 'n':
-            utf8 += '\n';
-            break;
-        case 'r':
-            utf8 += '\r';
-            break;
-        case 't':
-            utf8 += '\t';
-            break;
-        case '"':
-        case '\\':
-            utf8 += text[at];
-            break;
-        case 'x': {
-            const int high = at + 2 < text.size() ? HexDigit(text[at + 1]) : -1;
-            const int low = high >= 0 ? HexDigit(text[at + 2]) : -1;
-            if (low < 0 || high > 7 || high + low == 0) Refuse("a wrong \\x in a text");
-            utf8 += static_cast<char>(high << 4 | low);
-            at += 2;
-            break;
-        }
-        default:
-            Refuse("an unknown sign behind a \\");
-        }
+        utf8 += Escaped(text, at);
     }
     if (at >= text.size()) Refuse("a closing quotation mark is missing");
     text.remove_prefix(at + 1);

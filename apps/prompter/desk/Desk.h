@@ -91,6 +91,8 @@ private:
     void ScriptChanged();        // the list and the prompt follow
     bool MayClose();
     void Perform(UINT command);
+    void PerformOnStory(UINT command);
+    void PerformOnStyle(UINT command);
     void ShowStory(int index); // after a change of the script
     void SaveAs();
     void AskForScript();

@@ -62,9 +62,6 @@ BOOL Desk::OnCommand(WPARAM wParam, LPARAM lParam)
 void Desk::Perform(UINT command)
 {
     TakeEdits();
-    Script& script = m_file.TheScript();
-    const int index = std::max(script.IndexOf(m_editedStory), 0);
-    PromptStyle style = m_settings.session.style;
     switch (command) {
     case newScript:
         return OpenScript({});
@@ -77,6 +74,37 @@ void Desk::Perform(UINT command)
     case quitDesk:
         PostMessage(WM_CLOSE);
         return;
+    case startPrompt:
+    case startPromptAtCursor:
+        return StartPrompt(command == startPromptAtCursor);
+    case leavePrompt:
+        return m_outputs.Forget();
+    case mirrorSides:
+        return ChangeForms([](FrameForm& f) { f.mirrorLeftRight = !f.mirrorLeftRight; });
+    case mirrorTop:
+        return ChangeForms([](FrameForm& f) { f.mirrorTopBottom = !f.mirrorTopBottom; });
+    case turnDisplays:
+        return ChangeForms(
+            [](FrameForm& f) { f.turn = static_cast<Turn>((static_cast<int>(f.turn) + 1) % 4); });
+    case showSettings:
+        return ShowSettings();
+    case changeKeys:
+        return ChangeKeys();
+    case showKeyboards:
+        return ShowKeyboards();
+    case nextKeyboard:
+        CUnicodeManager::GetObjectA()->ActivateNextKeyboard();
+        return;
+    default:
+        return PerformOnStory(command);
+    }
+}
+
+void Desk::PerformOnStory(UINT command)
+{
+    Script& script = m_file.TheScript();
+    const int index = std::max(script.IndexOf(m_editedStory), 0);
+    switch (command) {
     case addStory:
         return ShowStory(script.Insert(index + 1, u""));
     case removeStory:
@@ -94,25 +122,15 @@ void Desk::Perform(UINT command)
     case keepStory:
         script.KeepOnly(m_editedStory);
         return ShowStory(std::max(script.IndexOf(m_editedStory), 0));
-    case startPrompt:
-    case startPromptAtCursor:
-        return StartPrompt(command == startPromptAtCursor);
-    case leavePrompt:
-        m_outputs.Forget();
-        return;
-    case mirrorSides:
-        return ChangeForms([](FrameForm& f) { f.mirrorLeftRight = !f.mirrorLeftRight; });
-    case mirrorTop:
-        return ChangeForms([](FrameForm& f) { f.mirrorTopBottom = !f.mirrorTopBottom; });
-    case turnDisplays:
-        return ChangeForms(
-            [](FrameForm& f) { f.turn = static_cast<Turn>((static_cast<int>(f.turn) + 1) % 4); });
-    case showSettings:
-        return ShowSettings();
-    case changeKeys:
-        return ChangeKeys();
-    case showKeyboards:
-        return ShowKeyboards();
+    default:
+        return PerformOnStyle(command);
+    }
+}
+
+void Desk::PerformOnStyle(UINT command)
+{
+    PromptStyle style = m_settings.session.style;
+    switch (command) {
     case largerText:
     case smallerText:
         style.size = std::clamp(style.size + (command == largerText ? 4 : -4), 16, 300);
@@ -122,9 +140,6 @@ void Desk::Perform(UINT command)
         style.margin =
             std::clamp(style.margin + (command == narrower ? 20 : -20), 0, m_settings.session.frame.cx / 3);
         return SetStyle(style);
-    case nextKeyboard:
-        CUnicodeManager::GetObjectA()->ActivateNextKeyboard();
-        return;
     default:
         return;
     }

@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <vector>
 
 namespace corekit::detail {
 namespace {
@@ -19,59 +18,22 @@ std::string_view localeName()
     return "C";
 }
 
-// The bits of the Unicode ranges that text in the script uses, beside the two of Latin.
-std::vector<unsigned> rangeBits(Script script)
-{
-    switch (script) {
-    case Script::latin:
-        return {};
-    case Script::latinExtended:
-        return {2};
-    case Script::vietnamese:
-        return {2, 3, 6, 29};
-    case Script::greek:
-        return {7};
-    case Script::cyrillic:
-        return {9};
-    case Script::armenian:
-        return {10};
-    case Script::hebrew:
-        return {11};
-    case Script::arabic:
-        return {13, 63, 67};
-    case Script::devanagari:
-        return {15};
-    case Script::bengali:
-        return {16};
-    case Script::gurmukhi:
-        return {17};
-    case Script::gujarati:
-        return {18};
-    case Script::oriya:
-        return {19};
-    case Script::tamil:
-        return {20};
-    case Script::telugu:
-        return {21};
-    case Script::kannada:
-        return {22};
-    case Script::malayalam:
-        return {23};
-    case Script::thai:
-        return {24};
-    case Script::lao:
-        return {25};
-    case Script::georgian:
-        return {26};
-    case Script::japanese:
-        return {48, 49, 50, 59};
-    case Script::chinese:
-        return {48, 51, 59};
-    case Script::korean:
-        return {48, 56, 59};
-    }
-    return {};
-}
+// The Unicode ranges that text in a script uses, beside the two of Latin.
+struct ScriptRange {
+    Script script;
+    unsigned bit;
+};
+constexpr ScriptRange scriptRanges[] = {
+    {Script::latinExtended, 2}, {Script::vietnamese, 2}, {Script::vietnamese, 3}, {Script::vietnamese, 6},
+    {Script::vietnamese, 29},   {Script::greek, 7},      {Script::cyrillic, 9},   {Script::armenian, 10},
+    {Script::hebrew, 11},       {Script::arabic, 13},    {Script::arabic, 63},    {Script::arabic, 67},
+    {Script::devanagari, 15},   {Script::bengali, 16},   {Script::gurmukhi, 17},  {Script::gujarati, 18},
+    {Script::oriya, 19},        {Script::tamil, 20},     {Script::telugu, 21},    {Script::kannada, 22},
+    {Script::malayalam, 23},    {Script::thai, 24},      {Script::lao, 25},       {Script::georgian, 26},
+    {Script::japanese, 48},     {Script::japanese, 49},  {Script::japanese, 50},  {Script::japanese, 59},
+    {Script::chinese, 48},      {Script::chinese, 51},   {Script::chinese, 59},   {Script::korean, 48},
+    {Script::korean, 56},       {Script::korean, 59},
+};
 
 struct PageBit {
     UINT page;
@@ -90,7 +52,8 @@ LOCALESIGNATURE signatureOf(const Language& language)
 {
     LOCALESIGNATURE signature{};
     for (const unsigned bit : {0u, 1u}) setBit(signature.lsUsb, bit);
-    for (const unsigned bit : rangeBits(language.script)) setBit(signature.lsUsb, bit);
+    for (const ScriptRange& entry : scriptRanges)
+        if (entry.script == language.script) setBit(signature.lsUsb, entry.bit);
     for (const PageBit& entry : pageBits)
         if (entry.page == language.ansiPage || entry.page == language.oemPage)
             setBit(signature.lsCsbDefault, entry.bit);

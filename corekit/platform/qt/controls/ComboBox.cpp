@@ -56,7 +56,9 @@ protected:
 
 private:
     LRESULT contents(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT choice(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT field(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT droppedList(UINT message, WPARAM wParam, LPARAM lParam);
     Row rowFrom(LPARAM what) const;
     LRESULT add(LPARAM what);
     LRESULT insert(int index, LPARAM what);
@@ -184,6 +186,14 @@ LRESULT ComboBox::contents(UINT message, WPARAM wParam, LPARAM lParam)
         if (!m_rows.has(wParam)) return CB_ERR;
         m_rows.at(static_cast<int>(wParam)).data = static_cast<UINT_PTR>(lParam);
         return CB_OKAY;
+    default:
+        return choice(message, wParam, lParam);
+    }
+}
+
+LRESULT ComboBox::choice(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case CB_FINDSTRING:
     case CB_FINDSTRINGEXACT:
         return find(wParam, lParam, message == CB_FINDSTRINGEXACT);
@@ -216,6 +226,14 @@ LRESULT ComboBox::field(UINT message, WPARAM wParam, LPARAM lParam)
     case CB_SETCUEBANNER:
         if (line()) line()->setPlaceholderText(textFrom(reinterpret_cast<const WCHAR*>(lParam)));
         return 1;
+    default:
+        return droppedList(message, wParam, lParam);
+    }
+}
+
+LRESULT ComboBox::droppedList(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case CB_SHOWDROPDOWN:
         open(wParam != 0);
         return 1;

@@ -38,6 +38,7 @@ public:
         followStyle(style() ^ former);
     }
     LRESULT defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT undoing(UINT message, WPARAM wParam, LPARAM lParam);
     QString text() const override { return face() ? face()->text() : QString(); }
     void setText(const QString& text) override
     {
@@ -59,6 +60,7 @@ private:
     void setPasswordChar(char16_t character);
     LRESULT setMargins(WPARAM which, LPARAM widths);
     LRESULT words(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT look(UINT message, WPARAM wParam, LPARAM lParam);
 
     char16_t m_passwordChar = 0;
 };
@@ -127,6 +129,14 @@ LRESULT LineEdit::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
         return 1;
     case EM_GETPASSWORDCHAR:
         return m_passwordChar;
+    default:
+        return undoing(message, wParam, lParam);
+    }
+}
+
+LRESULT LineEdit::undoing(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case EM_CANUNDO:
         return face()->isUndoAvailable();
     case EM_UNDO:
@@ -183,6 +193,14 @@ LRESULT LineEdit::words(UINT message, WPARAM wParam, LPARAM lParam)
         const POINT point = pointIn(lParam);
         return inWords(face()->cursorPositionAt({point.x, point.y}), 0);
     }
+    default:
+        return look(message, wParam, lParam);
+    }
+}
+
+LRESULT LineEdit::look(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case EM_SCROLLCARET:
     case EM_LINESCROLL:
         return 0;

@@ -41,8 +41,11 @@ private:
     bool isSelected(int row) const { return face()->selectionModel()->isSelected(at(row)); }
 
     LRESULT contents(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT rowData(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT selection(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT caret(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT layout(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT extent(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT marks(UINT message, WPARAM wParam, LPARAM lParam);
 
     LRESULT insert(int index, LPARAM what);
@@ -169,6 +172,14 @@ LRESULT ListBox::contents(UINT message, WPARAM wParam, LPARAM lParam)
         return static_cast<LRESULT>(wParam);
     case LB_GETCOUNT:
         return m_rows.count();
+    default:
+        return rowData(message, wParam, lParam);
+    }
+}
+
+LRESULT ListBox::rowData(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case LB_GETTEXT:
         return textOf(wParam, lParam);
     case LB_GETTEXTLEN:
@@ -284,6 +295,14 @@ LRESULT ListBox::selection(UINT message, WPARAM wParam, LPARAM lParam)
                             : LB_ERR;
     case LB_GETSELITEMS:
         return isMultiple() ? selectedRows(static_cast<int>(wParam), reinterpret_cast<int*>(lParam)) : LB_ERR;
+    default:
+        return caret(message, wParam, lParam);
+    }
+}
+
+LRESULT ListBox::caret(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case LB_SETCARETINDEX:
         if (!m_rows.has(wParam)) return LB_ERR;
         face()->selectionModel()->setCurrentIndex(at(static_cast<int>(wParam)),
@@ -369,6 +388,14 @@ LRESULT ListBox::layout(UINT message, WPARAM wParam, LPARAM lParam)
         const QPoint inView = view.mapFrom(face(), toWidget(pointIn(lParam)));
         return inWords(nearest(inView), view.rect().contains(inView) ? 0 : 1);
     }
+    default:
+        return extent(message, wParam, lParam);
+    }
+}
+
+LRESULT ListBox::extent(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case LB_SETITEMHEIGHT:
         if (style() & LBS_OWNERDRAWVARIABLE && m_rows.has(wParam))
             m_rows.at(static_cast<int>(wParam)).height = static_cast<int>(lParam);

@@ -67,6 +67,11 @@ void ListView::connectFace()
         QObject::connect(report()->header(), &QHeaderView::sectionClicked, life(), [this](int column) {
             if (!(style() & LVS_NOSORTHEADER)) tellItem(LVN_COLUMNCLICK, -1, 0, 0, {}, column);
         });
+    connectLabels();
+}
+
+void ListView::connectLabels()
+{
     m_labels.adjust = [this](QStyleOptionViewItem& option, const QModelIndex& index) {
         if (index.column() > 0 && !(m_extended & LVS_EX_FULLROWSELECT))
             option.state &= ~QStyle::State_Selected;
@@ -201,6 +206,15 @@ LRESULT ListView::items(UINT message, WPARAM wParam, LPARAM lParam)
         return find(row, reinterpret_cast<const LVFINDINFOA*>(lParam));
     case LVM_FINDITEMW:
         return find(row, reinterpret_cast<const LVFINDINFOW*>(lParam));
+    default:
+        return rows(message, wParam, lParam);
+    }
+}
+
+LRESULT ListView::rows(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const int row = static_cast<int>(wParam);
+    switch (message) {
     case LVM_DELETEITEM:
         return remove(row);
     case LVM_DELETEALLITEMS:

@@ -40,11 +40,13 @@ private:
     bool isVirtual() const { return m_model.isVirtual; }
     void followStyle();
     void connectFace();
+    void connectLabels();
     void connectSelection();
     void letGo();
 
     // ListView.cpp
     LRESULT items(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT rows(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT states(UINT message, WPARAM wParam, LPARAM lParam);
     template <typename Char>
     LRESULT insert(const ListViewItem<Char>* item);
@@ -94,7 +96,9 @@ private:
 
     // ListViewPlaces.cpp
     LRESULT places(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT scrolling(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT looks(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT colours(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT itemRect(int row, int column, RECT& rect) const;
     LRESULT hitTest(LVHITTESTINFO& info, bool withColumn) const;
     LRESULT setExtendedStyle(DWORD mask, DWORD style);

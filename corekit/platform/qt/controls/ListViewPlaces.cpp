@@ -40,6 +40,15 @@ LRESULT ListView::places(UINT message, WPARAM wParam, LPARAM lParam)
     case LVM_SUBITEMHITTEST:
         return lParam ? hitTest(*reinterpret_cast<LVHITTESTINFO*>(lParam), message == LVM_SUBITEMHITTEST)
                       : -1;
+    default:
+        return scrolling(message, wParam, lParam);
+    }
+}
+
+LRESULT ListView::scrolling(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const int row = static_cast<int>(wParam);
+    switch (message) {
     case LVM_ENSUREVISIBLE:
         if (!m_model.has(row)) return 0;
         view()->scrollTo(m_model.index(row, 0));
@@ -89,6 +98,14 @@ LRESULT ListView::looks(UINT message, WPARAM wParam, LPARAM lParam)
         return setExtendedStyle(wParam ? static_cast<DWORD>(wParam) : ~DWORD{0}, static_cast<DWORD>(lParam));
     case LVM_GETEXTENDEDLISTVIEWSTYLE:
         return m_extended;
+    default:
+        return colours(message, wParam, lParam);
+    }
+}
+
+LRESULT ListView::colours(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case LVM_SETBKCOLOR:
         return setColour(QPalette::Base, m_back, lParam);
     case LVM_SETTEXTCOLOR:

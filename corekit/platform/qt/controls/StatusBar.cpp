@@ -68,6 +68,7 @@ public:
     }
     void begin(const CREATESTRUCTA&) override { face()->setSizeGripEnabled(style() & SBARS_SIZEGRIP); }
     LRESULT defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT look(UINT message, WPARAM wParam, LPARAM lParam);
     QString text() const override { return m_parts.empty() ? QString() : m_parts[0].text; }
     void setText(const QString& text) override
     {
@@ -98,6 +99,7 @@ private:
     LRESULT setParts(int count, const int* rights);
     LRESULT setPartText(WPARAM index, WPARAM how, const QString& text);
     LRESULT texts(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT signs(UINT message, WPARAM wParam, LPARAM lParam);
     void layParts();
     QRect placeOf(std::size_t index) const;
     int height() const { return std::max(face()->fontMetrics().height() + 6, m_least + 2 * gap); }
@@ -180,6 +182,14 @@ LRESULT StatusBar::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
         if (!lParam) return 0;
         std::ranges::copy(std::array{0, gap, gap}, reinterpret_cast<int*>(lParam));
         return 1;
+    default:
+        return look(message, wParam, lParam);
+    }
+}
+
+LRESULT StatusBar::look(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case SB_SETMINHEIGHT:
         m_least = static_cast<int>(std::min<WPARAM>(wParam, 0x7FFF));
         placeBar();
@@ -240,6 +250,16 @@ LRESULT StatusBar::texts(UINT message, WPARAM wParam, LPARAM lParam)
                     : 0;
     case SB_GETTEXTLENGTHW:
         return part ? MAKELONG(static_cast<WORD>(part->text.size()), static_cast<WORD>(part->how)) : 0;
+    default:
+        return signs(message, wParam, lParam);
+    }
+}
+
+// Icons and tips of the parts.
+LRESULT StatusBar::signs(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    Part* const part = orSimple(wParam);
+    switch (message) {
     case SB_SETICON:
         if (!part) return 0;
         part->icon = reinterpret_cast<HICON>(lParam);

@@ -82,6 +82,7 @@ public:
         followStyle();
     }
     LRESULT defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT choice(UINT message, WPARAM wParam, LPARAM lParam);
 
 protected:
     UINT dialogCode() const override { return DLGC_WANTARROWS; }
@@ -182,6 +183,15 @@ LRESULT Tab::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
         while (face()->count() > 0) delete face()->widget(face()->count() - 1);
         m_kept.clear();
         return 1;
+    default:
+        return choice(message, wParam, lParam);
+    }
+}
+
+LRESULT Tab::choice(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const int tab = static_cast<int>(wParam);
+    switch (message) {
     case TCM_GETCURSEL:
     case TCM_GETCURFOCUS:
         return face()->currentIndex();

@@ -77,6 +77,7 @@ public:
         followStyle();
     }
     LRESULT defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT undoing(UINT message, WPARAM wParam, LPARAM lParam);
     QString text() const override
     {
         return face() ? face()->toPlainText().replace(u'\n', QStringLiteral("\r\n")) : QString();
@@ -104,6 +105,7 @@ private:
     LRESULT selection(WPARAM start, LPARAM end) const;
     void select(int start, int end);
     LRESULT places(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT points(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT look(UINT message, WPARAM wParam, LPARAM lParam);
 
     int length() const { return document().characterCount() - 1 + document().blockCount() - 1; }
@@ -289,6 +291,14 @@ LRESULT TextEdit::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
     case EM_SETREADONLY:
         SetWindowLongPtrA(handle(), GWL_STYLE, wParam ? style() | ES_READONLY : style() & ~ES_READONLY);
         return 1;
+    default:
+        return undoing(message, wParam, lParam);
+    }
+}
+
+LRESULT TextEdit::undoing(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case EM_CANUNDO:
         return document().isUndoAvailable();
     case EM_UNDO:
@@ -339,9 +349,18 @@ LRESULT TextEdit::places(UINT message, WPARAM wParam, LPARAM lParam)
         const Line line = lineAt(argument);
         return line.isThere() ? copyLine(*this, line.block.text().mid(line.start, line.length), lParam) : 0;
     }
+    default:
+        return points(message, wParam, lParam);
+    }
+}
+
+LRESULT TextEdit::points(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const int argument = static_cast<int>(wParam);
+    switch (message) {
     case EM_POSFROMCHAR: {
         if (argument < 0 || argument > length()) return -1;
-        QTextCursor at = cursor;
+        QTextCursor at = face()->textCursor();
         at.setPosition(inDocument(argument));
         const QPoint place = face()->viewport()->mapTo(face(), face()->cursorRect(at).topLeft());
         return inWords(place.x(), place.y());

@@ -58,6 +58,7 @@ private:
     QString textOf(const Tool& tool);
     bool show(const Tool& tool, QPoint onScreen, QWidget* over, const QRect& within);
     LRESULT tools(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT texts(UINT message, WPARAM wParam, LPARAM lParam);
 
     Watch m_watch;
     std::vector<Tool> m_tools;
@@ -216,6 +217,15 @@ LRESULT ToolTip::tools(UINT message, WPARAM wParam, LPARAM lParam)
     case TTM_SETTOOLINFOA:
         if (Tool* const tool = find(info)) take(*tool, *info);
         return 0;
+    default:
+        return texts(message, wParam, lParam);
+    }
+}
+
+LRESULT ToolTip::texts(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    auto* const info = reinterpret_cast<TOOLINFOA*>(lParam);
+    switch (message) {
     case TTM_UPDATETIPTEXTA:
         if (Tool* const tool = find(info)) {
             TOOLINFOA changed = *info;

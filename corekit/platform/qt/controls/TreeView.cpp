@@ -45,7 +45,9 @@ private:
     void letGo();
 
     LRESULT items(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT tree(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT places(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT look(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT labels(UINT message, WPARAM wParam, LPARAM lParam);
 
     template <typename Char>
@@ -196,6 +198,14 @@ LRESULT TreeView::items(UINT message, WPARAM wParam, LPARAM lParam)
         const TreeNode* const node = m_model.find(reinterpret_cast<HTREEITEM>(wParam));
         return node ? stateOf(*node) & static_cast<UINT>(lParam) : 0;
     }
+    default:
+        return tree(message, wParam, lParam);
+    }
+}
+
+LRESULT TreeView::tree(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case TVM_EXPAND:
         return expand(reinterpret_cast<HTREEITEM>(lParam), static_cast<UINT>(wParam), false);
     case TVM_SELECTITEM:
@@ -510,6 +520,14 @@ LRESULT TreeView::places(UINT message, WPARAM wParam, LPARAM lParam)
         const int row = std::max(1, face()->sizeHintForRow(0));
         return face()->viewport()->height() / row;
     }
+    default:
+        return look(message, wParam, lParam);
+    }
+}
+
+LRESULT TreeView::look(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case TVM_GETINDENT:
         return face()->indentation();
     case TVM_SETINDENT:

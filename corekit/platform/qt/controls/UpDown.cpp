@@ -62,6 +62,7 @@ public:
     ~UpDown() override { watchBuddy(nullptr); }
     void begin(const CREATESTRUCTA&) override { face()->lay(style() & UDS_HORZ); }
     LRESULT defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT steps(UINT message, WPARAM wParam, LPARAM lParam);
 
 private:
     // The arrow keys of the buddy.
@@ -213,6 +214,14 @@ LRESULT UpDown::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
         if (auto* const isWrong = reinterpret_cast<BOOL*>(lParam)) *isWrong = !isRight;
         return m_position;
     }
+    default:
+        return steps(message, wParam, lParam);
+    }
+}
+
+LRESULT UpDown::steps(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
     case UDM_SETBASE:
         if (wParam != 10 && wParam != 16) return 0;
         return std::exchange(m_base, static_cast<int>(wParam));

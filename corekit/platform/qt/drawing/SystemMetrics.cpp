@@ -66,6 +66,20 @@ int screenMetric(int index)
     }
 }
 
+int motionMetric(int index)
+{
+    switch (index) {
+    case SM_CXDRAG:
+    case SM_CYDRAG:
+        return dragDistance();
+    case SM_CXDOUBLECLK:
+    case SM_CYDOUBLECLK:
+        return clickDistance();
+    default:
+        return screenMetric(index);
+    }
+}
+
 } // namespace
 
 int GetSystemMetrics(int index)
@@ -104,13 +118,7 @@ int GetSystemMetrics(int index)
         return pixelMetric(QStyle::PM_IndicatorWidth, 15);
     case SM_CYMENU:
         return menuHeight();
-    case SM_CXDRAG:
-    case SM_CYDRAG:
-        return dragDistance();
-    case SM_CXDOUBLECLK:
-    case SM_CYDOUBLECLK:
-        return clickDistance();
     default:
-        return screenMetric(index);
+        return motionMetric(index);
     }
 }

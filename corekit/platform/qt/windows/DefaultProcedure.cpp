@@ -129,6 +129,22 @@ LRESULT defaultActivate(Window& window, WPARAM how)
     return 0;
 }
 
+LRESULT defaultFrame(Window& window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_NCHITTEST:
+        return HTCLIENT;
+    case WM_NCLBUTTONDOWN:
+        return pressFrame(window, static_cast<int>(wParam), lParam);
+    case WM_NCLBUTTONDBLCLK:
+        return pressFrameTwice(window, static_cast<int>(wParam));
+    case WM_CAPTURECHANGED:
+        return endFrameDrag(window.handle()), 0;
+    default:
+        return 0;
+    }
+}
+
 } // namespace
 
 LRESULT Window::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
@@ -144,11 +160,10 @@ LRESULT commonDefault(Window& window, UINT message, WPARAM wParam, LPARAM lParam
 {
     switch (message) {
     case WM_NCCREATE:
+    case WM_QUERYENDSESSION:
         return TRUE;
     case WM_CLOSE:
         return DestroyWindow(window.handle());
-    case WM_QUERYENDSESSION:
-        return TRUE;
     case WM_SETTEXT:
     case WM_GETTEXT:
     case WM_GETTEXTLENGTH:
@@ -177,16 +192,8 @@ LRESULT commonDefault(Window& window, UINT message, WPARAM wParam, LPARAM lParam
     case WM_SYSKEYDOWN:
     case WM_SYSCHAR:
         return defaultKey(window, message, wParam);
-    case WM_NCHITTEST:
-        return HTCLIENT;
-    case WM_NCLBUTTONDOWN:
-        return pressFrame(window, static_cast<int>(wParam), lParam);
-    case WM_NCLBUTTONDBLCLK:
-        return pressFrameTwice(window, static_cast<int>(wParam));
-    case WM_CAPTURECHANGED:
-        return endFrameDrag(window.handle()), 0;
     default:
-        return 0;
+        return defaultFrame(window, message, wParam, lParam);
     }
 }
 

@@ -45,6 +45,23 @@ std::vector<TrueTypeCode> CodesOf(int position, WORD glyph)
 
 constexpr int blankPosition = 0x20, lastPosition = 0xFF;
 
+// Measures and licence of the face, with the blank and what stands for a missing glyph.
+TrueTypeFile FileLike(const ShapingFace& base, const std::string& faceName)
+{
+    TrueTypeFile file;
+    file.unitsPerEm = base.UnitsPerEm();
+    file.ascent = base.CellAscent();
+    file.descent = base.CellDescent();
+    file.family = faceName;
+    file.copyright = base.Name(0);
+    file.licence = base.Name(13);
+    file.licenceAddress = base.Name(14);
+    file.glyphs.push_back({{}, file.unitsPerEm / 2});
+    file.glyphs.push_back({{}, static_cast<int>(base.Shape(u" ").advance)});
+    file.codes = CodesOf(blankPosition, 1);
+    return file;
+}
+
 } // namespace
 
 const char* NameOf(GlyphScript script) { return ScriptOf(script).name; }
@@ -54,17 +71,7 @@ BuiltGlyphFont BuildGlyphFont(GlyphScript script, const ShapingFace& base, const
     const GlyphFontRules rules = ScriptOf(script).rules;
     const GlyphPieces pieces(base, rules);
     BuiltGlyphFont built;
-    TrueTypeFile file;
-    file.unitsPerEm = base.UnitsPerEm();
-    file.ascent = base.CellAscent();
-    file.descent = base.CellDescent();
-    file.family = faceName;
-    file.copyright = base.Name(0);
-    file.licence = base.Name(13);
-    file.licenceAddress = base.Name(14);
-    file.glyphs.push_back({{}, file.unitsPerEm / 2}); // what stands for a missing glyph
-    file.glyphs.push_back({{}, static_cast<int>(base.Shape(u" ").advance)});
-    file.codes = CodesOf(blankPosition, 1);
+    TrueTypeFile file = FileLike(base, faceName);
     WORD glyphOf[lastPosition + 1] = {};
     for (int position = 1; position <= lastPosition; ++position) {
         if (position == blankPosition) continue;
