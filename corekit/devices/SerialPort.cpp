@@ -5,6 +5,7 @@
 #include "corekit/platform/Overlapped.h"
 #include "corekit/stores/RegistryKey.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -34,6 +35,9 @@ DCB LineOf(int baudRate, int parity, int dataBits, int stopBits, eFlowControlMod
     dcb.XoffChar = xoff;
     return dcb;
 }
+
+// Of a transfer, the bytes that one call takes.
+DWORD AtOnce(unsigned long size) { return static_cast<DWORD>(std::min(size, 0xFFFFFFFFul)); }
 
 // What DCB holds in a byte must not be cut to one that is allowed.
 bool FitsBytes(int parity, int dataBits, int stopBits)
@@ -124,7 +128,7 @@ int CSerialPort::ReadSynchronous(void* data, unsigned long size, unsigned long& 
     overlapped.hEvent = m_readEvent;
     ResetEvent(m_readEvent);
     DWORD moved = 0;
-    int done = ReadFile(m_file, data, static_cast<DWORD>(size), &moved, &overlapped);
+    int done = ReadFile(m_file, data, AtOnce(size), &moved, &overlapped);
     if (!done && GetLastError() == ERROR_IO_PENDING)
         done = GetOverlappedResult(m_file, &overlapped, &moved, TRUE);
     received = moved;
@@ -140,7 +144,7 @@ int CSerialPort::WriteSynchronous(const void* data, unsigned long size)
         overlapped.hEvent = m_writeEvent;
         ResetEvent(m_writeEvent);
         DWORD moved = 0;
-        int done = WriteFile(m_file, rest, static_cast<DWORD>(size), &moved, &overlapped);
+        int done = WriteFile(m_file, rest, AtOnce(size), &moved, &overlapped);
         if (!done && GetLastError() == ERROR_IO_PENDING)
             done = GetOverlappedResult(m_file, &overlapped, &moved, TRUE);
         if (!done || moved == 0) return 0;

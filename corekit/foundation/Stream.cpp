@@ -2,6 +2,7 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/foundation/TextConversion.h"
+#include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
 #include "corekit/resources/Messages.h"
 
@@ -160,5 +161,9 @@ void CStream::CopyEntireFile(HANDLE file)
     if (SetFilePointer(file, 0, nullptr, FILE_BEGIN) != 0) {
         ThrowChainedException(GetLastErrorException(), message::streamFileReadFailed);
     }
-    CopyFromFile(file, GetFileSize(file, nullptr));
+    DWORD high = 0;
+    const DWORD size = GetFileSize(file, &high);
+    if (high != 0) // more than any stream takes
+        ThrowChainedException(GetLastErrorException(ERROR_FILE_TOO_LARGE), message::streamFileReadFailed);
+    CopyFromFile(file, size);
 }

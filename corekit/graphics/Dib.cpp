@@ -120,7 +120,8 @@ void CDib::ReadStream(CStream& stream)
     if (infoSize) stream.Read(info.get(), infoSize);
     const DWORD dataSize = stream.read_uint32();
     checkLeft(dataSize);
-    if (infoSize == 0) return stream.Skip(static_cast<int>(dataSize)); // an object without a bitmap
+    if (infoSize == 0)
+        return stream.SeekToPos(stream.GetCurrentPos() + dataSize); // an object without a bitmap
     checkHeader(*info.as<BITMAPINFO>(), infoSize, dataSize);
     corekit::DibLayout layout;
     ReadDibLayout(info.as<BITMAPINFO>()->bmiHeader, layout);

@@ -37,8 +37,9 @@ CBlockMappedFile::CBlockMappedFile() : m_freeRuns(std::make_unique<FreeRuns>()) 
 
 CBlockMappedFile::~CBlockMappedFile() = default;
 
-int CBlockMappedFile::CreateFileA(const char* name, int blockSize, int blockShift, int blockCount)
+int CBlockMappedFile::CreateFileA(const char* given, int blockSize, int blockShift, int blockCount)
 {
+    const CString name(given); // which may be this object's own
     EnsureClosed();
     if (blockCount < 0 || blockShift < 0 || blockShift > 30 || blockSize != 1 << blockShift) return 0;
     const auto size = static_cast<DWORD>(blockSize), count = static_cast<DWORD>(blockCount);
@@ -66,8 +67,9 @@ int CBlockMappedFile::CreateFileA(const char* name, int blockSize, int blockShif
     return 1;
 }
 
-int CBlockMappedFile::OpenFile(const char* name, int bWrite)
+int CBlockMappedFile::OpenFile(const char* given, int bWrite)
 {
+    const CString name(given); // which may be this object's own
     EnsureClosed();
     if (!m_file.OpenFile(name, bWrite)) return 0;
     m_writable = bWrite != 0;

@@ -14,6 +14,19 @@ namespace {
 
 [[noreturn]] void ThrowLastError(UINT message) { ThrowChainedException(GetLastErrorException(), message); }
 
+// A file whose end no position reaches is refused: cut to what one holds, its rest would go with the next
+// SetEndOfStream.
+DWORD SizeOf(HANDLE file)
+{
+    DWORD high = 0;
+    SetLastError(NO_ERROR);
+    const DWORD size = GetFileSize(file, &high);
+    if (high != 0) SetLastError(ERROR_FILE_TOO_LARGE);
+    if (high != 0 || (size == INVALID_FILE_SIZE && GetLastError() != NO_ERROR))
+        ThrowLastError(message::fileSetPositionFailed);
+    return size;
+}
+
 } // namespace
 
 CFileStream::CFileStream()
@@ -40,15 +53,22 @@ BOOL CFileStream::Open(const char* name, DWORD access, DWORD share, DWORD dispos
         SetLastError(ERROR_NOT_SUPPORTED);
         return FALSE;
     }
+    try {
+        SizeOf(file);
+    } catch (...) {
+        CloseHandle(file);
+        throw;
+    }
     m_name = name;
     return AttachFile(file);
 }
 
 BOOL CFileStream::AttachFile(HANDLE file)
 {
+    const DWORD size = SizeOf(file);
     if (IsOpen() && file != m_file) Close();
     m_file = file;
-    StartPages(GetFileSize(file, nullptr));
+    StartPages(size);
     return TRUE;
 }
 
@@ -62,9 +82,9 @@ HANDLE CFileStream::DetachHandle() { return std::exchange(m_file, INVALID_HANDLE
 
 void CFileStream::SetEndOfStream()
 {
-    m_size = m_position;
     MoveFilePointer(m_position);
     if (!SetEndOfFile(m_file)) ThrowLastError(message::fileSetEndFailed);
+    m_size = m_position;
 }
 
 void CFileStream::LoadPage(DWORD base, BYTE* page, DWORD count)

@@ -56,8 +56,8 @@ void COleStream::InternalWrite(const void* buffer, DWORD count) { PagedStream::I
 
 void COleStream::SetEndOfStream()
 {
+    Check(m_pStream->SetSize(m_position), message::oleStreamSetSizeFailed);
     m_size = m_position;
-    Check(m_pStream->SetSize(m_size), message::oleStreamSetSizeFailed);
 }
 
 void COleStream::LoadPage(DWORD base, BYTE* page, DWORD count)

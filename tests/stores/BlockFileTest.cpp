@@ -156,6 +156,7 @@ TEST_F(BlockFileTest, HeaderThatCannotBeTrueIsFollowed)
     }
     WriteWhole(name, sound + "tail");
     EXPECT_TRUE(file.OpenFile(name.c_str(), 1));
+    EXPECT_TRUE(file.OpenFile(file.GetFileName(), 1));
 }
 
 TEST_F(BlockFileTest, ArgumentsThatMakeNoFileMakeOne)

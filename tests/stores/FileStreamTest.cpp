@@ -167,6 +167,31 @@ TEST_F(FileStream, PositionsReachTheThirtyTwoBitLimit)
     EXPECT_EQ(std::filesystem::file_size(path), 0xFFFFFFFEu);
 }
 
+TEST_F(FileStream, FileBeyondTheLimitIsRefusedWhole)
+{
+    PutOnDisk(10);
+    Open();
+    const std::string large = path + ".large";
+    std::ofstream{large};
+    std::filesystem::resize_file(large, 0x100000005); // sparse
+    EXPECT_TRUE(StartsWith(Thrown([&] { stream.Open(large.c_str(), both, 0, OPEN_EXISTING, 0); }),
+                           "[File Stream] Unable to set cursor position\n"));
+    EXPECT_EQ(stream.GetSize(), 10u); // what was open before
+    EXPECT_STREQ(stream.GetFilename(), path.c_str());
+    EXPECT_EQ(std::filesystem::file_size(large), 0x100000005u);
+    std::filesystem::remove(large);
+}
+
+TEST_F(FileStream, EndThatTheFileRefusesStaysWhereItWas)
+{
+    PutOnDisk(10);
+    Open(GENERIC_READ);
+    stream.SeekToPos(4);
+    EXPECT_TRUE(
+        StartsWith(Thrown([&] { stream.SetEndOfStream(); }), "[FileStream] Set End Of File failed\n"));
+    EXPECT_EQ(stream.GetSize(), 10u);
+}
+
 TEST_F(FileStream, ReadThatFailsMidwayStaysWhereItHadCome)
 {
     PutOnDisk(3 * 65536);

@@ -223,6 +223,10 @@ TEST(StreamWire, CopyOfAFileRefusesWhatIsNotThere)
     constexpr const char* failed = "[Stream] I/O error reading data from Win32 file handle\n";
     EXPECT_TRUE(StartsWith(Thrown([&] { stream.CopyFromFile(file, 11); }), failed));
     EXPECT_TRUE(StartsWith(Thrown([&] { stream.CopyEntireFile(INVALID_HANDLE_VALUE); }), failed));
+    LONG high = 1;
+    SetFilePointer(file, 16, &high, FILE_BEGIN);
+    SetEndOfFile(file); // beyond what a stream takes
+    EXPECT_TRUE(StartsWith(Thrown([&] { stream.CopyEntireFile(file); }), failed));
     CloseHandle(file);
     DeleteFileA(path.c_str());
 }
