@@ -76,7 +76,9 @@ int CServiceApp::RunConsoleApp(int argc, char** argv)
         --argc;
         ++argv;
     }
+    if (m_stopEvent) CloseHandle(m_stopEvent);
     m_stopEvent = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+    if (!m_stopEvent) return startFailed; // nothing could end the service
     return m_isConsole ? DoConsoleStart() : DoServiceStart();
 }
 
@@ -112,7 +114,7 @@ int CServiceApp::DoServiceStart()
         result = m_exitCode;
     else
         m_alerts.Alert(alertMajorError, "Failed to connect to service control manager");
-    DeregisterEventSource(m_eventSource);
+    DeregisterEventSource(std::exchange(m_eventSource, nullptr));
     return result;
 }
 

@@ -148,7 +148,12 @@ void CLogTarget::RollOver(long now)
         m_fileDay = LogDay(now);
         WriteLogEntry(now, logInformation, "Log file opened after date rollover");
         LogInfoMsg(CoreKitVersionText());
-        NoteStart(now);
+        try {
+            NoteStart(now);
+        } catch (...) {
+            DeleteOldFiles(now); // today's turn does not come again
+            throw;
+        }
     } else {
         WriteLogEntry(now, logMajorError, "Open next day's log file failed, " + LastErrorText());
     }

@@ -30,7 +30,17 @@ try {
         m_hAcceptEvent = event;
     }
     m_bTerminateAccept = 0;
-    m_hAcceptThread = scDuplicateHandle(scBeginThread(&AcceptThread, nullptr)->m_hThread);
+    // The thread waits until its handle is copied: without that, nobody could end it.
+    std::unique_ptr<CWinThread> thread(
+        scBeginThread(&AcceptThread, nullptr, THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED));
+    const HANDLE handle = scDuplicateHandle(thread->m_hThread);
+    if (thread->ResumeThread() == 0xFFFFFFFF) {
+        CChainedException* const reason = GetLastErrorException();
+        CloseHandle(handle);
+        throw reason;
+    }
+    static_cast<void>(thread.release());
+    m_hAcceptThread = handle;
 } catch (CException* e) {
     ThrowChainedException(e, message::acceptThreadFailed);
 }

@@ -221,6 +221,7 @@ int CFtpClient::Connect(const char* host, int port, const char* user, const char
 {
     if (CException* e = XSocketApi::InitSockets()) {
         m_lastError = GetExceptionMsg(e);
+        m_lastMessage.Empty();
         e->Delete();
         return 0;
     }
@@ -229,10 +230,12 @@ int CFtpClient::Connect(const char* host, int port, const char* user, const char
     LogString(0, text);
     m_socket = new XSocket;
     m_socket->SetConnectTimeout(ConnectLimit());
-    if (!m_socket->ConnectTCPStream(host, port, WSA_FLAG_OVERLAPPED, noDelay))
+    if (!m_socket->ConnectTCPStream(host, port, WSA_FLAG_OVERLAPPED, noDelay)) {
         m_lastError = LoadResourceString(message::ftpConnectFailed);
-    else if (WaitForBanner() && LogonToSite(user, password))
+        m_lastMessage.Empty();
+    } else if (WaitForBanner() && LogonToSite(user, password)) {
         return 1;
+    }
     Disconnect();
     return 0;
 }

@@ -3,6 +3,8 @@
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/resources/Messages.h"
 
+#include <utility>
+
 IMPLEMENT_DYNAMIC(XListenSocket, XSocket)
 
 XListenSocket::~XListenSocket()
@@ -27,9 +29,6 @@ void XListenSocket::BindAndListen(sockaddr* address, int backlog)
 
 void XListenSocket::OnClose()
 {
-    if (m_isRegistered) {
-        XSocketApi::RevokeListenSocket(this);
-        m_isRegistered = 0;
-    }
+    if (std::exchange(m_isRegistered, 0)) XSocketApi::RevokeListenSocket(this);
     XSocket::OnClose();
 }

@@ -29,6 +29,7 @@ int XSocket::Create(int family, int type, int protocol, unsigned long flags, int
         SetLastError(WSANOTINITIALISED);
         return 0;
     }
+    if (IsOpen()) Close();
     m_hSocket = XSocketApi::WSASocketA(family, type, protocol, nullptr, 0, static_cast<DWORD>(flags));
     if (!IsOpen()) return 0;
     if (!noDelay || family != AF_INET) return 1;
@@ -71,10 +72,15 @@ XSocket* XSocket::Accept()
     return accepted == INVALID_SOCKET ? nullptr : new XSocket(accepted);
 }
 
+// The socket goes also when OnClose throws.
 void XSocket::Close()
 {
+    struct Closing {
+        SOCKET& socket;
+        ~Closing() { XSocketApi::closesocket(std::exchange(socket, INVALID_SOCKET)); }
+    };
+    const Closing closing{m_hSocket};
     OnClose();
-    XSocketApi::closesocket(std::exchange(m_hSocket, INVALID_SOCKET));
 }
 
 unsigned int XSocket::Detach() { return std::exchange(m_hSocket, INVALID_SOCKET); }

@@ -28,8 +28,8 @@ public:
     void OnLoad() override { heard += "load|"; }
     int OnAppletInit() override
     {
-        if (!starts) return 0;
         AddCplItem(new Item(1));
+        if (!starts) return 0;
         AddCplItem(new Item(2));
         return 1;
     }
@@ -69,7 +69,8 @@ TEST(ControlPanel, AStartThatFailsEndsAtOnce)
     Applets app;
     app.starts = false;
     EXPECT_EQ(app.CplApplet(nullptr, CPL_INIT, 0, 0), 0);
-    EXPECT_EQ(heard, "exit|");
+    EXPECT_EQ(app.CplApplet(nullptr, CPL_GETCOUNT, 0, 0), 0);
+    EXPECT_EQ(heard, "gone 1|exit|");
 }
 
 } // namespace

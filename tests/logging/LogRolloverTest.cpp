@@ -164,6 +164,8 @@ TEST_F(LogRollover, AFileThatCannotBeDeletedIsToldAndPassedOver)
 TEST_F(LogRollover, ARegistryThatFailsThrowsAndFreesTheLock)
 {
     WriteWhole(folder / "file", "");
+    MakeFile("Server.2026-12-01.log");
+    log.SetOldLogFileDays(1);
     setenv("COREKIT_HOME", (folder / "file").c_str(), 1); // no folder to keep a registry in
     Open();
     NextDay();
@@ -171,6 +173,7 @@ TEST_F(LogRollover, ARegistryThatFailsThrowsAndFreesTheLock)
                   log.LogInfoMsg("not written");
               }).rfind("Failed attempting to create a registry key.", 0),
               0u);
+    EXPECT_EQ(Names().size(), 3u) << "the old log has gone, though";
     log.LogInfoMsg("written");
     EXPECT_EQ(Said("Server.2027-01-01.log").back(), "Information       written");
 }

@@ -121,9 +121,12 @@ TEST_F(Ftp, FailedConnects)
         EXPECT_STREQ(own.GetLastFtpMessage(), one.message);
         EXPECT_FALSE(own.IsConnected());
     }
+    serve([](Session& session) { session.say("421 full\r\n"); });
+    EXPECT_FALSE(connect());
     const loopback::DeafPort gone;
     EXPECT_FALSE(client.Connect("127.0.0.1", gone.port(), "u", "p", 0));
     EXPECT_EQ(error(), "[FTP] Unable to connect to server");
+    EXPECT_EQ(lastMessage(), "") << "no line of the server before";
 }
 
 TEST_F(Ftp, SimpleCommandsAndTheirFailures)

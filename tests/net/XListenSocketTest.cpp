@@ -164,6 +164,18 @@ TEST_F(Listening, ADetachedHandleLeavesNoListenerBehind)
               "[Socket] Cannot revoke listen socket handler - it isn't registered.");
 }
 
+TEST_F(Listening, ACloseThatThrowsClosesAllTheSame)
+{
+    Server server;
+    server.start();
+    XSocketApi::RevokeListenSocket(&server); // so that the server's own has nothing to take back
+    EXPECT_NE(thrown([&] { server.Close(); }), "");
+    EXPECT_FALSE(server.IsOpen());
+    EXPECT_TRUE(server.Create(AF_INET, SOCK_STREAM, IPPROTO_TCP, 1, 0));
+    server.start();
+    EXPECT_TRUE(connects(server.port()));
+}
+
 TEST_F(Listening, AnAddressInUseIsToldAndFreeAgainAtOnce)
 {
     auto first = std::make_unique<Server>();

@@ -206,6 +206,13 @@ TEST_F(Connected, AddressesAsText)
     EXPECT_EQ(other.WSAHtons(0x1234), 0x3412);
 }
 
+TEST_F(Connected, ANewSocketClosesTheOneBefore)
+{
+    ASSERT_TRUE(client.Create(AF_INET, SOCK_STREAM, IPPROTO_TCP, 1, 1));
+    EXPECT_TRUE(peer.isReady());
+    EXPECT_EQ(peer.receive(1), "");
+}
+
 TEST_F(Connected, ASocketMovesToAnotherObject)
 {
     XSocket other(client.Detach());

@@ -23,6 +23,7 @@ long CControlPanelApp::CplApplet(HWND parent, unsigned int message, long lParam1
     switch (message) {
     case CPL_INIT:
         if (OnAppletInit()) return 1;
+        m_items.clear();
         OnAppletExit();
         return 0;
     case CPL_GETCOUNT:

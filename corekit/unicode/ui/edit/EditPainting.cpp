@@ -12,6 +12,18 @@ constexpr int margin = 4, bothMargins = 8; // of a row, left and right
 constexpr int topMargin = 2;
 constexpr UINT fillClipped = ETO_OPAQUE | ETO_CLIPPED;
 
+// A control is painting for as long as it lives, also when painting throws.
+class Painting {
+public:
+    explicit Painting(bool& is) : m_is(is) { m_is = true; }
+    ~Painting() { m_is = false; }
+    Painting(const Painting&) = delete;
+    Painting& operator=(const Painting&) = delete;
+
+private:
+    bool& m_is;
+};
+
 class Paint {
 public:
     explicit Paint(HWND window) : m_window(window) { BeginPaint(m_window, &m_paint); }
@@ -51,22 +63,18 @@ void take(CArray<int, int>& part, const CArray<int, int>& all, int from, int cou
 void CMultilineUnicodeEditCtl::OnPaint()
 {
     if (m_inPaint) return;
-    m_inPaint = true;
-    {
-        const Paint paint(m_hWnd);
-        const HDC dc = paint.Context();
-        LookAround();
-        CRect frame;
-        GetClientRect(&frame);
-        DrawFrameControl(dc, &frame, DFC_BUTTON,
-                         DFCS_ADJUSTRECT |
-                             (m_model.Border() ? DFCS_PUSHED | DFCS_BUTTONPUSH : DFCS_BUTTONCHECK));
-        SetBkColor(dc, m_backColour);
-        ExtTextOutW(dc, frame.left, frame.top, fillClipped, &frame, u"", 0);
-        const Attached attached(m_paintRenderer, dc);
-        PaintRows(dc, frame, paint.Invalid());
-    }
-    m_inPaint = false;
+    const Painting painting(m_inPaint);
+    const Paint paint(m_hWnd);
+    const HDC dc = paint.Context();
+    LookAround();
+    CRect frame;
+    GetClientRect(&frame);
+    DrawFrameControl(dc, &frame, DFC_BUTTON,
+                     DFCS_ADJUSTRECT | (m_model.Border() ? DFCS_PUSHED | DFCS_BUTTONPUSH : DFCS_BUTTONCHECK));
+    SetBkColor(dc, m_backColour);
+    ExtTextOutW(dc, frame.left, frame.top, fillClipped, &frame, u"", 0);
+    const Attached attached(m_paintRenderer, dc);
+    PaintRows(dc, frame, paint.Invalid());
 }
 
 void CMultilineUnicodeEditCtl::PaintRows(HDC dc, const CRect& frame, const RECT& invalid)

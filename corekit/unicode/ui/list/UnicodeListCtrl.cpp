@@ -75,8 +75,10 @@ int CUnicodeListCtrl::Insert(int index, const WCHAR* text, eULCItemStyle style, 
     item.iItem = index;
     item.pszText = const_cast<WCHAR*>(static_cast<const WCHAR*>(entry->text));
     item.lParam = reinterpret_cast<LPARAM>(entry.get());
-    m_entries.push_back(std::move(entry));
-    return static_cast<int>(SendMessage(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));
+    const __entry* const added = m_entries.emplace_back(std::move(entry)).get();
+    const auto row = static_cast<int>(SendMessage(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));
+    if (row < 0) std::erase_if(m_entries, [&](const auto& e) { return e.get() == added; });
+    return row;
 }
 
 int CUnicodeListCtrl::AddString(const WCHAR* text, eULCItemStyle style, long data)
