@@ -13,11 +13,11 @@
 namespace {
 constinit AFX_EXTENSION_MODULE library;
 
-void AddToChain() { static_cast<void>(new (std::nothrow) CDynLinkLibrary(library)); }
+void addToChain() { static_cast<void>(new (std::nothrow) CDynLinkLibrary(library)); }
 
 // Takes the standard that the machine is set to. The key is opened for writing, so a user who may not write
 // there keeps the default, as does everyone for whom anything fails.
-void ReadTimecodeStandard()
+void readTimecodeStandard()
 try {
     CRegistryKey key;
     unsigned int ntsc = 0;
@@ -29,17 +29,17 @@ try {
 }
 
 // Class records have linked themselves before this runs; what else it touches is ready without code.
-[[gnu::constructor]] void Start()
+[[gnu::constructor]] void start()
 {
     SetResourceReader(AfxUseResource);
-    library.strings = corekit::detail::StringTable();
-    library.resources = corekit::detail::BinaryResources();
+    library.strings = corekit::detail::stringTable();
+    library.resources = corekit::detail::binaryResources();
     if (!AfxInitExtensionModule(library, nullptr)) return;
-    AddToChain();
-    ReadTimecodeStandard();
+    addToChain();
+    readTimecodeStandard();
 }
 
-[[gnu::destructor]] void Stop() { AfxTermExtensionModule(library); }
+[[gnu::destructor]] void stop() { AfxTermExtensionModule(library); }
 } // namespace
 
-void WireUp_CoreKit() { AddToChain(); }
+void WireUp_CoreKit() { addToChain(); }

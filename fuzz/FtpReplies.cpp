@@ -14,8 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         for (CString line; reader.TakeLine(line);) {
             const std::string_view text(line.GetString(), static_cast<std::size_t>(line.GetLength()));
             if (text.find('\r') != text.npos) std::abort();
-            IsLastLineOfReply(text);
-            const FtpPassiveAddress address = PassiveAddressIn(text);
+            isLastLineOfReply(text);
+            const FtpPassiveAddress address = passiveAddressIn(text);
             for (const int byte : address.host)
                 if (byte < 0 || byte > 255) std::abort();
             if (address.port < 0 || address.port > 65535) std::abort();

@@ -12,18 +12,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::span<const BYTE> bytes(data, size);
     CScsiDeviceInfo info;
     for (const FieldPadding padding : {FieldPadding::Keep, FieldPadding::Trim}) {
-        DecodeInquiry(bytes, padding, info);
+        decodeInquiry(bytes, padding, info);
         if (info.m_vendor.GetLength() > 8 || info.m_product.GetLength() > 16 ||
             info.m_revision.GetLength() > 4)
             std::abort();
     }
     for (int id = 0; id < 16; ++id) {
         InquiryRecord record;
-        if (!FindInquiryRecord(bytes, id & 1, id, 0, record)) continue;
+        if (!findInquiryRecord(bytes, id & 1, id, 0, record)) continue;
         if (!record.answer.empty() &&
             (record.answer.data() < data || record.answer.data() + record.answer.size() > data + size))
             std::abort();
-        DecodeInquiry(record.answer, FieldPadding::Trim, info);
+        decodeInquiry(record.answer, FieldPadding::Trim, info);
     }
     CScsiAddress address;
     address.DecodeRawString(std::string(reinterpret_cast<const char*>(data), size).c_str());

@@ -24,10 +24,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     }
     BarLayout layout, again;
     const auto all = [](UINT) { return true; };
-    if (LoadBarLayout(store, CSize(1920, 1080), all, layout)) {
+    if (loadBarLayout(store, CSize(1920, 1080), all, layout)) {
         CPropertyStore written;
-        SaveBarLayout(written, layout);
-        if (!LoadBarLayout(written, layout.screen, all, again) || again.bars.size() > layout.bars.size())
+        saveBarLayout(written, layout);
+        if (!loadBarLayout(written, layout.screen, all, again) || again.bars.size() > layout.bars.size())
             std::abort();
     }
     CustomAcceleratorTables tables, tablesAgain;
@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     }
     const std::vector<MacroButton> buttons = LoadMacroButtons(store);
     for (const MacroButton& button : buttons)
-        if (const auto bitmap = DibOf(button.bitmap); bitmap && BytesOf(bitmap.get()).empty()) std::abort();
+        if (const auto bitmap = dibOf(button.bitmap); bitmap && bytesOf(bitmap.get()).empty()) std::abort();
     CPropertyStore macros;
     SaveMacroButtons(macros, buttons);
     if (LoadMacroButtons(macros).size() != buttons.size()) std::abort();

@@ -7,13 +7,13 @@
 namespace corekit::detail {
 namespace {
 
-std::span<const ACCEL> EntriesOf(const CCustomAcceleratorTable* table)
+std::span<const ACCEL> entriesOf(const CCustomAcceleratorTable* table)
 {
     if (!table) return {};
     return {table->m_entries.GetData(), static_cast<std::size_t>(table->m_entries.GetSize())};
 }
 
-bool IsSameStroke(const ACCEL& a, const ACCEL& b)
+bool isSameStroke(const ACCEL& a, const ACCEL& b)
 {
     return a.key == b.key && (a.fVirt & ~FNOINVERT) == (b.fVirt & ~FNOINVERT);
 }
@@ -38,14 +38,14 @@ CCustomAcceleratorTable& KeyAssignments::Made(UINT table)
 
 bool KeyAssignments::HasCustomKey(UINT table, WORD command) const
 {
-    return std::ranges::any_of(EntriesOf(Find(table)), [=](const ACCEL& key) { return key.cmd == command; });
+    return std::ranges::any_of(entriesOf(Find(table)), [=](const ACCEL& key) { return key.cmd == command; });
 }
 
 std::vector<ACCEL> KeyAssignments::KeysOf(UINT table, WORD command, std::span<const ACCEL> defaults) const
 {
     std::vector<ACCEL> keys;
     const auto isOfCommand = [=](const ACCEL& key) { return key.cmd == command; };
-    std::ranges::copy_if(EntriesOf(Find(table)), std::back_inserter(keys), isOfCommand);
+    std::ranges::copy_if(entriesOf(Find(table)), std::back_inserter(keys), isOfCommand);
     std::ranges::reverse(keys);
     if (keys.empty()) std::ranges::copy_if(defaults, std::back_inserter(keys), isOfCommand);
     return keys;
@@ -83,11 +83,11 @@ std::optional<WORD> KeyAssignments::HolderOf(UINT table, const ACCEL& key, std::
                                              std::span<const ACCEL> everywhere,
                                              const std::function<bool(WORD)>& isRival) const
 {
-    for (const ACCEL& each : EntriesOf(Find(table)))
-        if (IsSameStroke(each, key) && isRival(each.cmd)) return each.cmd;
+    for (const ACCEL& each : entriesOf(Find(table)))
+        if (isSameStroke(each, key) && isRival(each.cmd)) return each.cmd;
     for (const std::span<const ACCEL> keys : {defaults, everywhere})
         for (const ACCEL& each : keys)
-            if (IsSameStroke(each, key) && !HasCustomKey(table, each.cmd)) return each.cmd;
+            if (isSameStroke(each, key) && !HasCustomKey(table, each.cmd)) return each.cmd;
     return std::nullopt;
 }
 

@@ -13,24 +13,24 @@ static_assert(sizeof(ACCEL) == 6 && offsetof(ACCEL, key) == 2 && offsetof(ACCEL,
 
 constexpr char countName[] = "Custom Key Table Count";
 
-CString NameOf(int table, const char* what)
+CString nameOf(int table, const char* what)
 {
     CString name;
     name.Format("Custom Key Table %d %s", table, what);
     return name;
 }
 
-bool IsSameKey(const ACCEL& a, const ACCEL& b)
+bool isSameKey(const ACCEL& a, const ACCEL& b)
 {
     return a.fVirt == b.fVirt && a.key == b.key && a.cmd == b.cmd;
 }
 
-CCustomAcceleratorTable ReadTable(CPropertyStore& store, int number, UINT id)
+CCustomAcceleratorTable readTable(CPropertyStore& store, int number, UINT id)
 {
     CCustomAcceleratorTable table(id);
     int wanted = 0;
     CByteArray data;
-    if (!store.GetValue(NameOf(number, "Data Size"), wanted) || !store.GetValue(NameOf(number, "Data"), data))
+    if (!store.GetValue(nameOf(number, "Data Size"), wanted) || !store.GetValue(nameOf(number, "Data"), data))
         return table;
     const int size = std::min(wanted, data.GetSize());
     const int count = size > 0 ? size / static_cast<int>(sizeof(ACCEL)) : 0;
@@ -53,7 +53,7 @@ std::vector<ACCEL> MergedKeys(std::span<const ACCEL> defaults, std::span<const A
                                         [&](const ACCEL& entry) { return entry.cmd == key->cmd; });
         if (found == merged.rend()) continue;
         const auto index = static_cast<std::size_t>(merged.rend() - found) - 1;
-        if (index < pristine.size() && IsSameKey(pristine[index], *found)) {
+        if (index < pristine.size() && isSameKey(pristine[index], *found)) {
             *found = *key;
             pristine[index].cmd = 0;
         } else {
@@ -72,8 +72,8 @@ void LoadCustomKeys(CPropertyStore& store, CustomAcceleratorTables& tables)
     count = std::min(count, store.GetPropertyStoreValueCount());
     for (int i = 0; i < count; ++i) {
         UINT id = 0;
-        if (!store.GetValue(NameOf(i, "ID"), id)) continue;
-        CCustomAcceleratorTable table = ReadTable(store, i, id);
+        if (!store.GetValue(nameOf(i, "ID"), id)) continue;
+        CCustomAcceleratorTable table = readTable(store, i, id);
         tables.Add(table);
     }
 }
@@ -93,9 +93,9 @@ void SaveCustomKeys(CPropertyStore& store, const CustomAcceleratorTables& tables
             keys[at].cmd = key.cmd;
         }
         const auto size = static_cast<int>(keys.size() * sizeof(ACCEL));
-        store.SetValue(NameOf(i, "ID"), table.m_nTableID);
-        store.SetValue(NameOf(i, "Data Size"), size);
-        store.SetBinaryValue(NameOf(i, "Data"), keys.data(), static_cast<DWORD>(size));
+        store.SetValue(nameOf(i, "ID"), table.m_nTableID);
+        store.SetValue(nameOf(i, "Data Size"), size);
+        store.SetBinaryValue(nameOf(i, "Data"), keys.data(), static_cast<DWORD>(size));
     }
 }
 

@@ -5,7 +5,7 @@
 
 namespace corekit::detail {
 
-std::unique_ptr<CDib> DibOf(std::span<const BYTE> bytes)
+std::unique_ptr<CDib> dibOf(std::span<const BYTE> bytes)
 {
     if (bytes.empty()) return nullptr;
     auto bitmap = std::make_unique<CDib>();
@@ -19,7 +19,7 @@ std::unique_ptr<CDib> DibOf(std::span<const BYTE> bytes)
     return bitmap->IsValid() ? std::move(bitmap) : nullptr;
 }
 
-std::vector<BYTE> BytesOf(const CDib* bitmap)
+std::vector<BYTE> bytesOf(const CDib* bitmap)
 {
     if (!bitmap || !bitmap->IsValid()) return {};
     constexpr int block = 8192;

@@ -12,7 +12,7 @@ namespace corekit::detail {
 inline constexpr int largestMacroBitmap = 32; // pixels, in either direction
 
 // From the stream form; null for bytes that are no bitmap.
-COREKIT_API std::unique_ptr<CDib> DibOf(std::span<const BYTE> bytes);
-COREKIT_API std::vector<BYTE> BytesOf(const CDib* bitmap); // none for null
+COREKIT_API std::unique_ptr<CDib> dibOf(std::span<const BYTE> bytes);
+COREKIT_API std::vector<BYTE> bytesOf(const CDib* bitmap); // none for null
 
 } // namespace corekit::detail

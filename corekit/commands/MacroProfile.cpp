@@ -7,17 +7,17 @@
 namespace corekit {
 namespace {
 
-CString NameOf(const char* what, int button)
+CString nameOf(const char* what, int button)
 {
     CString name;
     name.Format("%s %d", what, button);
     return name;
 }
 
-CString TextOf(CPropertyStore& store, const char* what, int button)
+CString textOf(CPropertyStore& store, const char* what, int button)
 {
     CString text;
-    store.GetValue(NameOf(what, button), text);
+    store.GetValue(nameOf(what, button), text);
     return text;
 }
 
@@ -29,13 +29,13 @@ std::vector<MacroButton> LoadMacroButtons(CPropertyStore& store)
     std::vector<MacroButton> buttons(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         MacroButton& button = buttons[static_cast<std::size_t>(i)];
-        button.name = TextOf(store, "Name", i);
-        button.command = TextOf(store, "Cmd", i);
-        button.description = TextOf(store, "Desc", i);
+        button.name = textOf(store, "Name", i);
+        button.command = textOf(store, "Cmd", i);
+        button.description = textOf(store, "Desc", i);
         int hasBitmap = 0;
         CByteArray bytes;
-        if (store.GetValue(NameOf("Has Bmp", i), hasBitmap) && hasBitmap == 1 &&
-            store.GetValue(NameOf("Bmp", i), bytes))
+        if (store.GetValue(nameOf("Has Bmp", i), hasBitmap) && hasBitmap == 1 &&
+            store.GetValue(nameOf("Bmp", i), bytes))
             button.bitmap.assign(bytes.GetData(), bytes.GetData() + bytes.GetSize());
     }
     return buttons;
@@ -45,12 +45,12 @@ void SaveMacroButtons(CPropertyStore& store, const std::vector<MacroButton>& but
 {
     while (store.GetPropertyStoreValueCount() > 0) store.DeleteValue(store.GetPropertyStoreValueName(0));
     for (int i = 0; const MacroButton& button : buttons) {
-        store.SetValue(NameOf("Name", i), static_cast<const char*>(button.name));
-        store.SetValue(NameOf("Cmd", i), static_cast<const char*>(button.command));
-        store.SetValue(NameOf("Has Bmp", i), button.bitmap.empty() ? 0 : 1);
-        store.SetBinaryValue(NameOf("Bmp", i), button.bitmap.data(),
+        store.SetValue(nameOf("Name", i), static_cast<const char*>(button.name));
+        store.SetValue(nameOf("Cmd", i), static_cast<const char*>(button.command));
+        store.SetValue(nameOf("Has Bmp", i), button.bitmap.empty() ? 0 : 1);
+        store.SetBinaryValue(nameOf("Bmp", i), button.bitmap.data(),
                              static_cast<DWORD>(button.bitmap.size()));
-        store.SetValue(NameOf("Desc", i), static_cast<const char*>(button.description));
+        store.SetValue(nameOf("Desc", i), static_cast<const char*>(button.description));
         ++i;
     }
 }

@@ -14,7 +14,7 @@ namespace {
 constexpr int lunsPerTarget = 8;
 
 template <class Base, class PassThrough, class Aspi>
-std::unique_ptr<Base> ForPlatform()
+std::unique_ptr<Base> forPlatform()
 {
     if (SysInfo().IsPlatformWindowsNT()) return std::make_unique<PassThrough>();
     return std::make_unique<Aspi>();
@@ -22,7 +22,7 @@ std::unique_ptr<Base> ForPlatform()
 
 // The place on the adaptor of the first device that is meant: bus, id and lun, a byte each; -1 for none.
 template <class IsMeant>
-long FindOn(CScsiAdaptor& adaptor, IsMeant isMeant)
+long findOn(CScsiAdaptor& adaptor, IsMeant isMeant)
 {
     for (int bus = 0; bus < adaptor.GetBusCount(); ++bus)
         for (int id = 0; id < adaptor.GetTargetCount(bus); ++id)
@@ -36,7 +36,7 @@ long FindOn(CScsiAdaptor& adaptor, IsMeant isMeant)
 
 } // namespace
 
-void corekit::detail::MakeTransferCommand(unsigned char command, unsigned long size, unsigned char* cdb)
+void corekit::detail::makeTransferCommand(unsigned char command, unsigned long size, unsigned char* cdb)
 {
     cdb[0] = command;
     cdb[1] = 0;
@@ -48,13 +48,13 @@ void corekit::detail::MakeTransferCommand(unsigned char command, unsigned long s
 
 CScsiAdaptor* scsiOpenAdaptor(int adaptor)
 {
-    auto opened = ForPlatform<CScsiAdaptor, CSA_NT, CSA_Aspi>();
+    auto opened = forPlatform<CScsiAdaptor, CSA_NT, CSA_Aspi>();
     return opened->Open(adaptor) ? opened.release() : nullptr;
 }
 
 CScsiDevice* scsiCreateDeviceHandler(int adaptor, int bus, int id)
 {
-    auto opened = ForPlatform<CScsiDevice, CSD_NT, CSD_Aspi>();
+    auto opened = forPlatform<CScsiDevice, CSD_NT, CSD_Aspi>();
     return opened->Open(adaptor, bus, id) ? opened.release() : nullptr;
 }
 
@@ -76,7 +76,7 @@ int scsiFindDevice(int deviceType, const char* vendor, const char* product, unsi
     for (int number = 0;; ++number) {
         const std::unique_ptr<CScsiAdaptor> adaptor(scsiOpenAdaptor(number));
         if (!adaptor) return 0;
-        const long place = FindOn(*adaptor, isMeant);
+        const long place = findOn(*adaptor, isMeant);
         if (place < 0) continue;
         address = (static_cast<unsigned long>(number) & 255) << 24 | static_cast<unsigned long>(place);
         return 1;

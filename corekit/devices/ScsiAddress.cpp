@@ -9,7 +9,7 @@
 
 namespace {
 // The text up to the dot, and what follows the dot; everything where there is none.
-std::string TakeField(std::string_view& rest)
+std::string takeField(std::string_view& rest)
 {
     const std::size_t dot = std::min(rest.find('.'), rest.size());
     const std::string field(rest.substr(0, dot));
@@ -31,9 +31,9 @@ CString CScsiAddress::MakeRawString() const
 void CScsiAddress::DecodeRawString(const char* text)
 {
     std::string_view rest = text ? text : "";
-    m_adaptor = std::atoi(TakeField(rest).c_str());
-    m_bus = std::atoi(TakeField(rest).c_str());
-    const std::string id = TakeField(rest);
+    m_adaptor = std::atoi(takeField(rest).c_str());
+    m_bus = std::atoi(takeField(rest).c_str());
+    const std::string id = takeField(rest);
     m_id = std::atoi(id.c_str());
     m_lun = std::atoi(std::string(rest.substr(0, id.size())).c_str());
 }

@@ -26,20 +26,20 @@ std::mutex layerLock;
 Layer layer;
 
 template <class Function>
-Function Entry(HMODULE library, const char* name)
+Function entry(HMODULE library, const char* name)
 {
     return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
 }
 
 // Loads it once it can be had. Kept from then on.
-bool LoadLayer()
+bool loadLayer()
 {
     const std::lock_guard guard(layerLock);
     if (layer.module) return true;
     const HMODULE library = LoadLibraryA("wnaspi32.dll");
     if (!library) return false;
-    Layer loaded{library, Entry<SendASPI32CommandFunction>(library, "SendASPI32Command"),
-                 Entry<GetASPI32SupportInfoFunction>(library, "GetASPI32SupportInfo")};
+    Layer loaded{library, entry<SendASPI32CommandFunction>(library, "SendASPI32Command"),
+                 entry<GetASPI32SupportInfoFunction>(library, "GetASPI32SupportInfo")};
     const DWORD support = loaded.send && loaded.supportInfo ? loaded.supportInfo() : 0;
     if (HIBYTE(LOWORD(support)) != SS_COMP) {
         FreeLibrary(library);
@@ -51,7 +51,7 @@ bool LoadLayer()
 }
 
 // Sends a command that the event will tell of, and waits for it.
-bool Execute(SRB_ExecSCSICmd& command, HANDLE event)
+bool execute(SRB_ExecSCSICmd& command, HANDLE event)
 {
     if (!layer.module) return false;
     command.SRB_PostProc = event;
@@ -64,7 +64,7 @@ bool Execute(SRB_ExecSCSICmd& command, HANDLE event)
     return status == SS_COMP;
 }
 
-SRB_ExecSCSICmd CommandFor(int adaptor, int id, int lun, BYTE direction)
+SRB_ExecSCSICmd commandFor(int adaptor, int id, int lun, BYTE direction)
 {
     SRB_ExecSCSICmd command{};
     command.header.SRB_Cmd = SC_EXEC_SCSI_CMD;
@@ -93,12 +93,12 @@ private:
     BYTE* m_start;
 };
 
-DWORD FourBytes(const BYTE* bytes)
+DWORD fourBytes(const BYTE* bytes)
 {
     return DWORD{bytes[0]} | DWORD{bytes[1]} << 8 | DWORD{bytes[2]} << 16 | DWORD{bytes[3]} << 24;
 }
 
-void Renew(HANDLE& event, BOOL manualReset)
+void renew(HANDLE& event, BOOL manualReset)
 {
     if (event) CloseHandle(event);
     event = CreateEventA(nullptr, manualReset, FALSE, nullptr);
@@ -113,8 +113,8 @@ CSA_Aspi::~CSA_Aspi()
 
 int CSA_Aspi::Open(int adaptor)
 {
-    Renew(m_event, TRUE);
-    if (!LoadLayer() || adaptor < 0 || adaptor >= layer.adaptors) return 0;
+    renew(m_event, TRUE);
+    if (!loadLayer() || adaptor < 0 || adaptor >= layer.adaptors) return 0;
     SRB_HAInquiry inquiry{};
     inquiry.header.SRB_Cmd = SC_HA_INQUIRY;
     inquiry.header.SRB_HaId = static_cast<BYTE>(adaptor);
@@ -124,7 +124,7 @@ int CSA_Aspi::Open(int adaptor)
     m_adaptor = adaptor;
     m_alignmentMask = MAKEWORD(facts[0], facts[1]);
     m_targetCount = facts[3] != 0 ? facts[3] : usualTargets;
-    m_maxTransfer = FourBytes(facts + 4);
+    m_maxTransfer = fourBytes(facts + 4);
     return 1;
 }
 
@@ -132,15 +132,15 @@ int CSA_Aspi::GetDeviceInfo(int, int id, int lun, CScsiDeviceInfo& info)
 {
     constexpr BYTE inquiryCommand = 0x12, answerSize = 36, senseSize = 14;
     const AlignedBlock answer(answerSize, m_alignmentMask);
-    SRB_ExecSCSICmd command = CommandFor(m_adaptor, id, lun, SRB_DIR_IN);
+    SRB_ExecSCSICmd command = commandFor(m_adaptor, id, lun, SRB_DIR_IN);
     command.SRB_BufLen = answerSize;
     command.SRB_BufPointer = answer.Get();
     command.SRB_SenseLen = senseSize;
     command.CDBByte[0] = inquiryCommand;
     command.CDBByte[1] = static_cast<BYTE>(lun * 32);
     command.CDBByte[4] = answerSize;
-    if (!Execute(command, m_event)) return 0;
-    DecodeInquiry({answer.Get(), answerSize}, FieldPadding::Keep, info);
+    if (!execute(command, m_event)) return 0;
+    decodeInquiry({answer.Get(), answerSize}, FieldPadding::Keep, info);
     info.m_claimed = 0;
     return 1;
 }
@@ -154,7 +154,7 @@ int CSD_Aspi::Open(int adaptor, int, int id)
 {
     m_adaptor = adaptor;
     m_id = id;
-    Renew(m_event, FALSE);
+    renew(m_event, FALSE);
     return 1;
 }
 
@@ -170,10 +170,10 @@ int CSD_Aspi::Read(int lun, void* data, unsigned long size)
 
 int CSD_Aspi::Transfer(unsigned char command, BYTE direction, int lun, void* data, unsigned long size)
 {
-    if (size > largestTransfer || !LoadLayer()) return 0;
-    SRB_ExecSCSICmd block = CommandFor(m_adaptor, m_id, lun, direction);
+    if (size > largestTransfer || !loadLayer()) return 0;
+    SRB_ExecSCSICmd block = commandFor(m_adaptor, m_id, lun, direction);
     block.SRB_BufLen = static_cast<DWORD>(size);
     block.SRB_BufPointer = static_cast<BYTE*>(data);
-    MakeTransferCommand(command, size, block.CDBByte);
-    return Execute(block, m_event);
+    makeTransferCommand(command, size, block.CDBByte);
+    return execute(block, m_event);
 }

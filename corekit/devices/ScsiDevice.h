@@ -22,5 +22,5 @@ inline constexpr unsigned char receiveCommand = 0x08, sendCommand = 0x0A;
 inline constexpr unsigned long largestTransfer = 0xFFFFFF;
 
 // The six bytes of a command that moves `size` bytes.
-COREKIT_API void MakeTransferCommand(unsigned char command, unsigned long size, unsigned char* cdb);
+COREKIT_API void makeTransferCommand(unsigned char command, unsigned long size, unsigned char* cdb);
 } // namespace corekit::detail

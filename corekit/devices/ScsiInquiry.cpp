@@ -8,14 +8,14 @@ namespace {
 
 // A structure's fixed part; false where the data ends before it does.
 template <class Head>
-bool ReadAt(std::span<const BYTE> data, std::size_t offset, std::size_t size, Head& head)
+bool readAt(std::span<const BYTE> data, std::size_t offset, std::size_t size, Head& head)
 {
     if (offset > data.size() || data.size() - offset < size) return false;
     std::memcpy(&head, data.data() + offset, size);
     return true;
 }
 
-CString Field(std::span<const BYTE> answer, std::size_t from, std::size_t width, FieldPadding padding)
+CString field(std::span<const BYTE> answer, std::size_t from, std::size_t width, FieldPadding padding)
 {
     if (from >= answer.size()) return {};
     const auto bytes = answer.subspan(from, std::min(width, answer.size() - from));
@@ -28,31 +28,31 @@ CString Field(std::span<const BYTE> answer, std::size_t from, std::size_t width,
 
 } // namespace
 
-void DecodeInquiry(std::span<const BYTE> answer, FieldPadding padding, CScsiDeviceInfo& info)
+void decodeInquiry(std::span<const BYTE> answer, FieldPadding padding, CScsiDeviceInfo& info)
 {
     const auto byte = [&](std::size_t at) { return at < answer.size() ? answer[at] : BYTE{0}; };
     info.m_type = byte(0) & 31;
     info.m_typeModifier = byte(1) & 127;
     info.m_removable = byte(1) >> 7;
-    info.m_vendor = Field(answer, 8, 8, padding);
-    info.m_product = Field(answer, 16, 16, padding);
-    info.m_revision = Field(answer, 32, 4, padding);
+    info.m_vendor = field(answer, 8, 8, padding);
+    info.m_product = field(answer, 16, 16, padding);
+    info.m_revision = field(answer, 32, 4, padding);
 }
 
-bool FindInquiryRecord(std::span<const BYTE> data, int bus, int id, int lun, InquiryRecord& record)
+bool findInquiryRecord(std::span<const BYTE> data, int bus, int id, int lun, InquiryRecord& record)
 {
     constexpr std::size_t head = offsetof(SCSI_INQUIRY_DATA, InquiryData);
     if (data.empty() || bus < 0 || bus >= data[0]) return false;
     SCSI_BUS_DATA busData;
     const std::size_t place =
         offsetof(SCSI_ADAPTER_BUS_INFO, BusData) + static_cast<std::size_t>(bus) * sizeof busData;
-    if (!ReadAt(data, place, sizeof busData, busData)) return false;
+    if (!readAt(data, place, sizeof busData, busData)) return false;
     SCSI_INQUIRY_DATA entry;
     // A chain of more records than there is room for goes in a circle.
     std::size_t left = data.size() / head;
     for (std::size_t at = busData.InquiryDataOffset; at != 0 && left > 0;
          at = entry.NextInquiryDataOffset, --left) {
-        if (!ReadAt(data, at, head, entry)) return false;
+        if (!readAt(data, at, head, entry)) return false;
         if (entry.TargetId != id || entry.Lun != lun) continue;
         const std::size_t there = data.size() - at - head;
         record = {entry.DeviceClaimed,

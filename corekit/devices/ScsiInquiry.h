@@ -11,7 +11,7 @@ namespace corekit::detail {
 enum class FieldPadding { Keep, Trim };
 
 // Fields that the answer is too short for are empty, or 0. `claimed` stays as it is.
-COREKIT_API void DecodeInquiry(std::span<const BYTE> answer, FieldPadding padding, CScsiDeviceInfo& info);
+COREKIT_API void decodeInquiry(std::span<const BYTE> answer, FieldPadding padding, CScsiDeviceInfo& info);
 
 // The record of a device in an adaptor's inquiry data.
 struct InquiryRecord {
@@ -20,7 +20,7 @@ struct InquiryRecord {
 };
 // False if it has none. Whatever the offsets in `data` say, nothing outside of it is read, and each record
 // once at most.
-COREKIT_API bool FindInquiryRecord(std::span<const BYTE> data, int bus, int id, int lun,
+COREKIT_API bool findInquiryRecord(std::span<const BYTE> data, int bus, int id, int lun,
                                    InquiryRecord& record);
 
 } // namespace corekit::detail

@@ -18,15 +18,15 @@ constexpr DWORD inquirySize = 8192;
 constexpr DWORD timeLimit = 5000; // seconds
 constexpr BYTE senseSize = 192;
 
-HANDLE OpenShared(const char* name)
+HANDLE openShared(const char* name)
 {
     return CreateFileA(name, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                        OPEN_EXISTING, 0, nullptr);
 }
 
-CString PortName(int adaptor) { return scFormatString("\\\\.\\Scsi%d:", adaptor); }
+CString portName(int adaptor) { return scFormatString("\\\\.\\Scsi%d:", adaptor); }
 
-void CloseIfOpen(HANDLE& handle)
+void closeIfOpen(HANDLE& handle)
 {
     if (handle != INVALID_HANDLE_VALUE) CloseHandle(std::exchange(handle, INVALID_HANDLE_VALUE));
 }
@@ -41,12 +41,12 @@ struct CommandBlock {
 
 CSA_NT::~CSA_NT() { Close(); }
 
-void CSA_NT::Close() { CloseIfOpen(m_device); }
+void CSA_NT::Close() { closeIfOpen(m_device); }
 
 int CSA_NT::Open(int adaptor)
 {
     Close();
-    m_device = OpenShared(PortName(adaptor));
+    m_device = openShared(portName(adaptor));
     if (m_device == INVALID_HANDLE_VALUE) return 0;
     if (ReadCapabilities() && ReadInquiryData()) return 1;
     const DWORD reason = GetLastError();
@@ -85,18 +85,18 @@ int CSA_NT::GetDeviceInfo(int bus, int id, int lun, CScsiDeviceInfo& info)
 {
     using namespace corekit::detail;
     InquiryRecord record;
-    if (!FindInquiryRecord({m_inquiry.get(), m_inquirySize}, bus, id, lun, record)) return 0;
-    DecodeInquiry(record.answer, FieldPadding::Trim, info);
+    if (!findInquiryRecord({m_inquiry.get(), m_inquirySize}, bus, id, lun, record)) return 0;
+    decodeInquiry(record.answer, FieldPadding::Trim, info);
     info.m_claimed = record.claimed;
     return 1;
 }
 
-CSD_NT::~CSD_NT() { CloseIfOpen(m_device); }
+CSD_NT::~CSD_NT() { closeIfOpen(m_device); }
 
 int CSD_NT::OpenFile(const char* name)
 {
-    CloseIfOpen(m_device);
-    m_device = OpenShared(name);
+    closeIfOpen(m_device);
+    m_device = openShared(name);
     return m_device != INVALID_HANDLE_VALUE;
 }
 
@@ -104,7 +104,7 @@ int CSD_NT::Open(int adaptor, int bus, int id)
 {
     m_path = static_cast<BYTE>(bus);
     m_target = static_cast<BYTE>(id);
-    return OpenFile(PortName(adaptor));
+    return OpenFile(portName(adaptor));
 }
 
 int CSD_NT::OpenDirect(const char* deviceName)
@@ -142,7 +142,7 @@ int CSD_NT::Transfer(unsigned char command, BYTE dataIn, int lun, void* data, un
     request.DataBuffer = data;
     request.TimeOutValue = timeLimit;
     request.SenseInfoOffset = offsetof(CommandBlock, sense);
-    corekit::detail::MakeTransferCommand(command, size, request.Cdb);
+    corekit::detail::makeTransferCommand(command, size, request.Cdb);
     DWORD returned = 0;
     return DeviceIoControl(m_device, IOCTL_SCSI_PASS_THROUGH_DIRECT, &block, sizeof block, &block,
                            sizeof block, &returned, nullptr);

@@ -15,7 +15,7 @@ namespace {
 constexpr char xon = 17, xoff = 19;
 constexpr DWORD readAndWrite = 0x2001F;
 
-DCB LineOf(int baudRate, int parity, int dataBits, int stopBits, eFlowControlMode flow)
+DCB lineOf(int baudRate, int parity, int dataBits, int stopBits, eFlowControlMode flow)
 {
     DCB dcb{};
     dcb.BaudRate = static_cast<DWORD>(baudRate);
@@ -40,7 +40,7 @@ DCB LineOf(int baudRate, int parity, int dataBits, int stopBits, eFlowControlMod
 DWORD AtOnce(unsigned long size) { return static_cast<DWORD>(std::min(size, 0xFFFFFFFFul)); }
 
 // What DCB holds in a byte must not be cut to one that is allowed.
-bool FitsBytes(int parity, int dataBits, int stopBits)
+bool fitsBytes(int parity, int dataBits, int stopBits)
 {
     return ((parity | dataBits | stopBits) & ~0xFF) == 0;
 }
@@ -78,8 +78,8 @@ int CSerialPort::OpenPort(int port, int baudRate, int parity, int dataBits, int 
                           eFlowControlMode flow, CProgressSink* progress)
 {
     if (!OpenPort(port, progress)) return 0;
-    DCB dcb = LineOf(baudRate, parity, dataBits, stopBits, flow);
-    const bool fits = FitsBytes(parity, dataBits, stopBits);
+    DCB dcb = lineOf(baudRate, parity, dataBits, stopBits, flow);
+    const bool fits = fitsBytes(parity, dataBits, stopBits);
     if (fits && SetCommState(dcb)) return 1;
     const DWORD reason = fits ? GetLastError() : ERROR_INVALID_PARAMETER;
     Close();

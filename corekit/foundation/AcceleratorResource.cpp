@@ -8,7 +8,7 @@
 
 namespace {
 
-std::vector<ACCEL> RowsOf(std::span<const std::byte> bytes)
+std::vector<ACCEL> rowsOf(std::span<const std::byte> bytes)
 {
     const auto word = [&bytes](std::size_t offset) {
         return MAKEWORD(std::to_integer<BYTE>(bytes[offset]), std::to_integer<BYTE>(bytes[offset + 1]));
@@ -28,7 +28,7 @@ HACCEL AfxLoadAccelerators(const char* name)
 {
     HACCEL table = nullptr;
     AfxUseResource(name, MAKEINTRESOURCEA(RT_ACCELERATOR), [&table](std::span<const std::byte> bytes) {
-        const std::vector<ACCEL> rows = RowsOf(bytes);
+        const std::vector<ACCEL> rows = rowsOf(bytes);
         table = CreateAcceleratorTableA(rows.data(), static_cast<int>(rows.size()));
     });
     return table;

@@ -10,7 +10,7 @@
 namespace {
 
 // Two digits, or eight for a byte from 128 up, which is extended with its sign.
-std::string Hexadecimal(BYTE byte)
+std::string hexadecimal(BYTE byte)
 {
     char digits[12];
     std::snprintf(digits, sizeof digits, "%02X", static_cast<unsigned>(static_cast<signed char>(byte)));
@@ -18,7 +18,7 @@ std::string Hexadecimal(BYTE byte)
 }
 
 // Adds the byte that one or two hexadecimal digits stand for; false if they stand for none.
-bool AddParsed(const std::string& digits, CByteArray& bytes)
+bool addParsed(const std::string& digits, CByteArray& bytes)
 {
     const long value = std::strtol(digits.c_str(), nullptr, 16);
     if (value == 0 && digits != "0" && digits != "00") return false;
@@ -26,11 +26,11 @@ bool AddParsed(const std::string& digits, CByteArray& bytes)
     return true;
 }
 
-std::string_view View(const CString& text)
+std::string_view view(const CString& text)
 {
     return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
 }
-CString ToCString(const std::string& text) { return CString(text.data(), static_cast<int>(text.size())); }
+CString toCString(const std::string& text) { return CString(text.data(), static_cast<int>(text.size())); }
 
 // The user string's escape: at most two characters of it are kept, all are counted.
 struct Escape {
@@ -45,7 +45,7 @@ struct Escape {
     }
 };
 
-void AppendBigEndian(CByteArray& bytes, long number)
+void appendBigEndian(CByteArray& bytes, long number)
 {
     const auto value = static_cast<DWORD>(std::clamp<long>(number, INT_MIN, INT_MAX));
     for (int shift = 24; shift >= 0; shift -= 8) bytes.Add(static_cast<BYTE>(value >> shift));
@@ -61,16 +61,16 @@ void ConvertByteArrayToUserString(CByteArray& bytes, CString& text)
         if (byte >= 32 && byte <= 126)
             out += static_cast<char>(byte);
         else
-            out += '<' + Hexadecimal(byte) + '>';
+            out += '<' + hexadecimal(byte) + '>';
     }
-    text = ToCString(out);
+    text = toCString(out);
 }
 
 void ConvertByteArrayToHexString(CByteArray& bytes, CString& text)
 {
     std::string out;
-    for (int i = 0; i < bytes.GetSize(); ++i) out += Hexadecimal(bytes[i]) + ' ';
-    text = ToCString(out);
+    for (int i = 0; i < bytes.GetSize(); ++i) out += hexadecimal(bytes[i]) + ' ';
+    text = toCString(out);
 }
 
 void ConvertByteArrayToDecString(CByteArray& bytes, CString& text)
@@ -82,7 +82,7 @@ void ConvertByteArrayToDecString(CByteArray& bytes, CString& text)
         out += std::to_string(static_cast<LONG>(value)) + ',';
     }
     out.back() = ')';
-    text = ToCString(out);
+    text = toCString(out);
 }
 
 int ConvertUserStringToByteArray(CString& text, CByteArray& bytes)
@@ -90,7 +90,7 @@ int ConvertUserStringToByteArray(CString& text, CByteArray& bytes)
     bytes.RemoveAll();
     int malformed = 0;
     Escape escape;
-    for (const char c : View(text)) {
+    for (const char c : view(text)) {
         if (!escape.open && c == '<') {
             escape.Start();
         } else if (!escape.open) {
@@ -102,7 +102,7 @@ int ConvertUserStringToByteArray(CString& text, CByteArray& bytes)
                 malformed = 1;
             escape.open = false;
         } else if (c == '>') {
-            if (escape.count < 1 || escape.count > 2 || !AddParsed(escape.kept, bytes)) malformed = 1;
+            if (escape.count < 1 || escape.count > 2 || !addParsed(escape.kept, bytes)) malformed = 1;
             escape.open = false;
         } else {
             escape.Take(c);
@@ -115,10 +115,10 @@ int ConvertHexStringToByteArray(CString& text, CByteArray& bytes)
 {
     bytes.RemoveAll();
     int malformed = 0;
-    std::string_view rest = View(text);
+    std::string_view rest = view(text);
     for (std::size_t end; (end = rest.find(' ')) != rest.npos; rest.remove_prefix(end + 1)) {
         const std::string token(rest.substr(0, std::min<std::size_t>(end, 3)));
-        if (token.empty() || token.size() > 2 || !AddParsed(token, bytes)) malformed = 1;
+        if (token.empty() || token.size() > 2 || !addParsed(token, bytes)) malformed = 1;
     }
     return malformed;
 }
@@ -128,8 +128,8 @@ int ConvertDecStringToByteArray(CString& text, CByteArray& bytes)
     constexpr std::size_t longestNumber = 11; // "-2147483648"
     bytes.RemoveAll();
     std::string number;
-    for (const char c : View(text)) {
-        if (c == ')' || c == ',') AppendBigEndian(bytes, std::strtol(number.c_str(), nullptr, 10));
+    for (const char c : view(text)) {
+        if (c == ')' || c == ',') appendBigEndian(bytes, std::strtol(number.c_str(), nullptr, 10));
         if (c == '(' || c == ')' || c == ',')
             number.clear();
         else if (number.size() < longestNumber)
@@ -147,7 +147,7 @@ StringW ExpandBackslashSequences(const WCHAR* text)
         if (known != plain.npos) {
             out += {u'\\', letters[known]};
         } else if (*text < 32 || *text == 127) {
-            for (const char c : "\\x" + Hexadecimal(static_cast<BYTE>(*text))) out += static_cast<WCHAR>(c);
+            for (const char c : "\\x" + hexadecimal(static_cast<BYTE>(*text))) out += static_cast<WCHAR>(c);
         } else {
             out += *text;
         }

@@ -20,7 +20,7 @@ struct Free {
 };
 using OwnedException = std::unique_ptr<CException, Free>;
 
-CChainedException* Make(OwnedException inner, const char* message)
+CChainedException* make(OwnedException inner, const char* message)
 {
     auto* e = new (std::nothrow) CChainedException(message, inner.get());
     if (e) static_cast<void>(inner.release());
@@ -28,28 +28,28 @@ CChainedException* Make(OwnedException inner, const char* message)
 }
 
 // The text of one level that is not of our own class.
-CString ForeignText(CException* e)
+CString foreignText(CException* e)
 {
     char text[1024] = "";
     e->GetErrorMessage(text, sizeof text);
     return text;
 }
 
-CString TextOf(CException* e)
+CString textOf(CException* e)
 {
     if (!e) return {};
     if (e->IsKindOf(RUNTIME_CLASS(CChainedException)))
         return static_cast<CChainedException*>(e)->BuildMessageString();
-    return ForeignText(e);
+    return foreignText(e);
 }
 
-int Show(CWnd* parent, const CString& prefix, CException* e, UINT type)
+int show(CWnd* parent, const CString& prefix, CException* e, UINT type)
 {
     if (e && e->IsKindOf(RUNTIME_CLASS(CUserException))) return IDOK;
-    return StockMessageBox(parent, prefix + TextOf(e), type);
+    return StockMessageBox(parent, prefix + textOf(e), type);
 }
 
-CString VersionText(DWORD version)
+CString versionText(DWORD version)
 {
     CString text;
     text.Format("%d.%02d", HIBYTE(version), LOBYTE(version));
@@ -71,7 +71,7 @@ CString CChainedException::BuildMessageString()
 {
     if (!m_pInner) return m_message;
     if (!m_pInner->IsKindOf(RUNTIME_CLASS(CChainedException)))
-        return m_message + separator + ForeignText(m_pInner);
+        return m_message + separator + foreignText(m_pInner);
     m_message += separator + static_cast<CChainedException*>(m_pInner)->BuildMessageString();
     return m_message;
 }
@@ -93,14 +93,14 @@ int CChainedException::ReportError(CWnd* parent, UINT type, UINT)
 
 void ThrowChainedException(CException* inner, const char* message)
 {
-    throw Make(OwnedException(inner), message);
+    throw make(OwnedException(inner), message);
 }
 
 void ThrowChainedException(CException* inner, UINT id)
 {
     OwnedException owned(inner);
     const CString message = LoadResourceString(id);
-    throw Make(std::move(owned), message);
+    throw make(std::move(owned), message);
 }
 
 void ThrowChainedException(CException* inner, UINT id, const char* insert1)
@@ -108,7 +108,7 @@ void ThrowChainedException(CException* inner, UINT id, const char* insert1)
     OwnedException owned(inner);
     CString message;
     AfxFormatString1(message, id, insert1);
-    throw Make(std::move(owned), message);
+    throw make(std::move(owned), message);
 }
 
 void ThrowChainedException(CException* inner, UINT id, const char* insert1, const char* insert2)
@@ -116,19 +116,19 @@ void ThrowChainedException(CException* inner, UINT id, const char* insert1, cons
     OwnedException owned(inner);
     CString message;
     AfxFormatString2(message, id, insert1, insert2);
-    throw Make(std::move(owned), message);
+    throw make(std::move(owned), message);
 }
 
 void ThrowInvalidVersionException(const char* objectName, DWORD versionFound, DWORD maxVersion)
 {
-    const CString found = VersionText(versionFound), highest = VersionText(maxVersion);
+    const CString found = versionText(versionFound), highest = versionText(maxVersion);
     CString message;
     message.FormatMessage(message::invalidVersion, objectName, found.GetString(), highest.GetString());
-    throw Make(nullptr, message);
+    throw make(nullptr, message);
 }
 
 CChainedException* GetLastErrorException() { return GetLastErrorException(GetLastError()); }
-CChainedException* GetLastErrorException(DWORD code) { return Make(nullptr, GetSystemErrorString(code)); }
+CChainedException* GetLastErrorException(DWORD code) { return make(nullptr, GetSystemErrorString(code)); }
 
 CString GetSystemErrorString(DWORD code)
 {
@@ -163,23 +163,23 @@ CString GetExceptionMsg(CException* e)
     return text;
 }
 
-int ExceptionMessageBox(CWnd* parent, CException* e, UINT type) { return Show(parent, CString(), e, type); }
+int ExceptionMessageBox(CWnd* parent, CException* e, UINT type) { return show(parent, CString(), e, type); }
 
 int ExceptionMessageBox(CWnd* parent, UINT prefixId, CException* e, UINT type)
 {
-    return Show(parent, LoadResourceString(prefixId) + separator, e, type);
+    return show(parent, LoadResourceString(prefixId) + separator, e, type);
 }
 
 int ExceptionMessageBox(CWnd* parent, UINT prefixId, const char* insert, CException* e, UINT type)
 {
     CString prefix;
     AfxFormatString1(prefix, prefixId, insert);
-    return Show(parent, prefix + separator, e, type);
+    return show(parent, prefix + separator, e, type);
 }
 
 int ExceptionMessageBox(CWnd* parent, const char* prefix, CException* e, UINT type)
 {
-    return Show(parent, CString(prefix) + separator, e, type);
+    return show(parent, CString(prefix) + separator, e, type);
 }
 
 CString LoadResourceString(UINT id)

@@ -10,7 +10,7 @@ namespace {
 
 // Calls `add` for each item in front of a delimiter; gives what follows the last one.
 template <class Ch, class Add>
-std::basic_string_view<Ch> Split(std::basic_string_view<Ch> text, Ch delimiter, Add add)
+std::basic_string_view<Ch> split(std::basic_string_view<Ch> text, Ch delimiter, Add add)
 {
     for (std::size_t end; (end = text.find(delimiter)) != text.npos; text.remove_prefix(end + 1))
         add(text.substr(0, end));
@@ -19,7 +19,7 @@ std::basic_string_view<Ch> Split(std::basic_string_view<Ch> text, Ch delimiter, 
 
 int Length(std::size_t units) { return static_cast<int>(units); }
 
-CString LowBytes(std::u16string_view units)
+CString lowBytes(std::u16string_view units)
 {
     CString item;
     char* to = item.GetBuffer(Length(units.size()));
@@ -29,7 +29,7 @@ CString LowBytes(std::u16string_view units)
 }
 
 template <class Text, class Ch>
-void SplitInto(CArray<Text, const Ch*>& items, const Ch* text, std::size_t length, Ch delimiter, Ch stand)
+void splitInto(CArray<Text, const Ch*>& items, const Ch* text, std::size_t length, Ch delimiter, Ch stand)
 {
     items.RemoveAll();
     const auto add = [&](std::basic_string_view<Ch> item) {
@@ -41,12 +41,12 @@ void SplitInto(CArray<Text, const Ch*>& items, const Ch* text, std::size_t lengt
         for (std::size_t i = item.find(stand); i != item.npos; i = item.find(stand, i + 1))
             added.SetAt(Length(i), delimiter);
     };
-    const auto rest = Split(std::basic_string_view<Ch>(text, length), delimiter, add);
+    const auto rest = split(std::basic_string_view<Ch>(text, length), delimiter, add);
     if (!rest.empty()) add(rest);
 }
 
 template <class Add>
-void SplitLines(std::string_view text, bool skipEmpty, Add add)
+void splitLines(std::string_view text, bool skipEmpty, Add add)
 {
     while (!text.empty()) {
         const std::size_t end = text.find_first_of("\r\n");
@@ -63,43 +63,43 @@ void ConvertDelimitedStringToArray(const char* text, CStringArray& items, char d
 {
     items.RemoveAll();
     const auto add = [&](std::string_view item) { items.Add(CString(item.data(), Length(item.size()))); };
-    add(Split(std::string_view(text), delimiter, add));
+    add(split(std::string_view(text), delimiter, add));
 }
 
 void ConvertDelimitedStringToArray(const WCHAR* text, CStringArray& items, WCHAR delimiter)
 {
     items.RemoveAll();
-    const auto add = [&](std::u16string_view item) { items.Add(LowBytes(item)); };
-    add(Split(std::u16string_view(text, crt16::wcslen(text)), delimiter, add));
+    const auto add = [&](std::u16string_view item) { items.Add(lowBytes(item)); };
+    add(split(std::u16string_view(text, crt16::wcslen(text)), delimiter, add));
 }
 
 void ConvertDelimitedStringToArray(const char* text, CArray<StringA, const char*>& items, char delimiter)
 {
-    SplitInto(items, text, std::strlen(text), delimiter, delimiter);
+    splitInto(items, text, std::strlen(text), delimiter, delimiter);
 }
 
 void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHAR*>& items, WCHAR delimiter)
 {
-    SplitInto(items, text, crt16::wcslen(text), delimiter, delimiter);
+    splitInto(items, text, crt16::wcslen(text), delimiter, delimiter);
 }
 
 void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHAR*>& items, WCHAR delimiter,
                                    WCHAR stand)
 {
-    SplitInto(items, text, crt16::wcslen(text), delimiter, stand);
+    splitInto(items, text, crt16::wcslen(text), delimiter, stand);
 }
 
 void ConvertBufferIntoLines(const char* text, CStringArray& lines, int skipEmpty)
 {
     lines.RemoveAll();
-    SplitLines(text, skipEmpty != 0,
+    splitLines(text, skipEmpty != 0,
                [&](std::string_view line) { lines.Add(CString(line.data(), Length(line.size()))); });
 }
 
 void ConvertBufferIntoLines(const char* text, CArray<StringA, const char*>& lines, int skipEmpty)
 {
     lines.RemoveAll();
-    SplitLines(text, skipEmpty != 0, [&](std::string_view line) {
+    splitLines(text, skipEmpty != 0, [&](std::string_view line) {
         lines.SetSize(lines.GetSize() + 1);
         lines[lines.GetUpperBound()] = StringA(line.data(), Length(line.size()));
     });

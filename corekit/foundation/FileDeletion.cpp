@@ -14,18 +14,18 @@
 namespace {
 constexpr DWORDLONG stepsPerDay = 864'000'000'000;
 
-bool IsFolder(const WIN32_FIND_DATAA& data) { return data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY; }
+bool isFolder(const WIN32_FIND_DATAA& data) { return data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY; }
 
-bool IsDots(const WIN32_FIND_DATAA& data)
+bool isDots(const WIN32_FIND_DATAA& data)
 {
     return std::strcmp(data.cFileName, ".") == 0 || std::strcmp(data.cFileName, "..") == 0;
 }
 
-DWORDLONG Steps(const FILETIME& time) { return DWORDLONG{time.dwHighDateTime} << 32 | time.dwLowDateTime; }
+DWORDLONG steps(const FILETIME& time) { return DWORDLONG{time.dwHighDateTime} << 32 | time.dwLowDateTime; }
 
 // Calls visit for every match but the dot entries, with its path.
 template <class Visit>
-void ForEachMatch(const std::string& pattern, Visit visit)
+void forEachMatch(const std::string& pattern, Visit visit)
 {
     const std::string folder = pattern.substr(0, pattern.find_last_of("/\\") + 1);
     WIN32_FIND_DATAA data;
@@ -36,11 +36,11 @@ void ForEachMatch(const std::string& pattern, Visit visit)
         ~Closing() { FindClose(search); }
     } closing{search};
     do
-        if (!IsDots(data)) visit(folder + data.cFileName, data);
+        if (!isDots(data)) visit(folder + data.cFileName, data);
     while (FindNextFileA(search, &data));
 }
 
-[[noreturn]] void ThrowFolder(const char* directory)
+[[noreturn]] void throwFolder(const char* directory)
 {
     ThrowChainedException(GetLastErrorException(), message::deleteDirectoryFailed, directory);
 }
@@ -59,8 +59,8 @@ void File_DeleteFile(const char* path, int force)
 
 void File_DeleteFilesMatchingPattern(const char* pattern, int force)
 {
-    ForEachMatch(pattern ? pattern : "", [force](const std::string& path, const WIN32_FIND_DATAA& data) {
-        if (!IsFolder(data)) File_DeleteFile(path.c_str(), force);
+    forEachMatch(pattern ? pattern : "", [force](const std::string& path, const WIN32_FIND_DATAA& data) {
+        if (!isFolder(data)) File_DeleteFile(path.c_str(), force);
     });
 }
 
@@ -68,10 +68,10 @@ void File_DeleteFilesOlderThan(const char* pattern, int days, int force)
 {
     FILETIME time;
     GetSystemTimeAsFileTime(&time);
-    const DWORDLONG now = Steps(time);
-    ForEachMatch(pattern ? pattern : "", [=](const std::string& path, const WIN32_FIND_DATAA& data) {
-        const DWORDLONG written = Steps(data.ftLastWriteTime);
-        if (IsFolder(data) || written >= now) return;
+    const DWORDLONG now = steps(time);
+    forEachMatch(pattern ? pattern : "", [=](const std::string& path, const WIN32_FIND_DATAA& data) {
+        const DWORDLONG written = steps(data.ftLastWriteTime);
+        if (isFolder(data) || written >= now) return;
         if (static_cast<LONGLONG>((now - written) / stepsPerDay) > days) File_DeleteFile(path.c_str(), force);
     });
 }
@@ -81,9 +81,9 @@ void File_DeleteDirectoryContents(const char* directory, int force)
     // Open searches do not pile up while the folders below are emptied.
     std::vector<std::string> folders;
     SetLastError(NO_ERROR);
-    ForEachMatch(std::string(directory ? directory : "") + "\\*.*",
+    forEachMatch(std::string(directory ? directory : "") + "\\*.*",
                  [&](const std::string& path, const WIN32_FIND_DATAA& data) {
-                     if (IsFolder(data))
+                     if (isFolder(data))
                          folders.push_back(path);
                      else
                          File_DeleteFile(path.c_str(), force);
@@ -94,9 +94,9 @@ void File_DeleteDirectoryContents(const char* directory, int force)
 void File_DeleteDirectoryAndContents(const char* directory, int force)
 {
     const DWORD attributes = GetFileAttributesA(directory);
-    if (attributes == INVALID_FILE_ATTRIBUTES) ThrowFolder(directory);
+    if (attributes == INVALID_FILE_ATTRIBUTES) throwFolder(directory);
     if (!(attributes & FILE_ATTRIBUTE_REPARSE_POINT)) File_DeleteDirectoryContents(directory, force);
-    if (!RemoveDirectoryA(directory)) ThrowFolder(directory);
+    if (!RemoveDirectoryA(directory)) throwFolder(directory);
 }
 
 void CreateDirectoryAndParents(const char* path)

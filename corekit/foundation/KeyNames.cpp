@@ -8,9 +8,9 @@
 
 namespace {
 
-bool IsLetterOrDigit(unsigned key) { return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9'); }
+bool isLetterOrDigit(unsigned key) { return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9'); }
 
-CString VirtualKeyName(WORD key)
+CString virtualKeyName(WORD key)
 {
     constexpr WORD f1 = 112, f12 = 123;
     if (key >= f1 && key <= f12) {
@@ -31,7 +31,7 @@ CString VirtualKeyName(WORD key)
 
 int GetKeyNameFromVirtual(unsigned int virtualKey, CString& name)
 {
-    if (IsLetterOrDigit(virtualKey)) {
+    if (isLetterOrDigit(virtualKey)) {
         name = CString(static_cast<char>(virtualKey));
         return 1;
     }
@@ -49,7 +49,7 @@ CString GetAcceleratorKeyName(tagACCEL accelerator)
 {
     CString name;
     if (accelerator.fVirt & FVIRTKEY)
-        name = VirtualKeyName(accelerator.key);
+        name = virtualKeyName(accelerator.key);
     else
         name.Format("'%c'", accelerator.key);
     if (accelerator.fVirt & FALT) name = "Alt + " + name;

@@ -17,7 +17,7 @@ std::size_t Bytes(int size)
 }
 
 template <class Char>
-Char* Duplicate(const Char* text, const char* file, int line)
+Char* duplicate(const Char* text, const char* file, int line)
 {
     static constexpr Char empty = 0;
     if (!text) text = &empty;
@@ -50,5 +50,5 @@ void* __safe_duplicate(const void* source, int size, const char* file, int line)
     return block;
 }
 
-char* __safe_dupstring(const char* text, const char* file, int line) { return Duplicate(text, file, line); }
-WCHAR* __safe_dupstring(const WCHAR* text, const char* file, int line) { return Duplicate(text, file, line); }
+char* __safe_dupstring(const char* text, const char* file, int line) { return duplicate(text, file, line); }
+WCHAR* __safe_dupstring(const WCHAR* text, const char* file, int line) { return duplicate(text, file, line); }

@@ -3,7 +3,7 @@
 #include "corekit/foundation/SystemHelpers.h"
 #include "corekit/platform/Waits.h"
 
-void corekit::detail::PostPatiently(const std::function<bool()>& post)
+void corekit::detail::postPatiently(const std::function<bool()>& post)
 {
     constexpr int tries = 15;
     if (post()) return;
@@ -19,5 +19,5 @@ void corekit::detail::PostPatiently(const std::function<bool()>& post)
 
 void SafePostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    corekit::detail::PostPatiently([=] { return PostMessageA(window, message, wParam, lParam) != 0; });
+    corekit::detail::postPatiently([=] { return PostMessageA(window, message, wParam, lParam) != 0; });
 }

@@ -12,5 +12,5 @@ COREKIT_API void SafePostMessage(HWND window, UINT message, WPARAM wParam, LPARA
 
 namespace corekit::detail {
 // The tries and what is said of them; `post` tells whether it has worked.
-COREKIT_API void PostPatiently(const std::function<bool()>& post);
+COREKIT_API void postPatiently(const std::function<bool()>& post);
 } // namespace corekit::detail

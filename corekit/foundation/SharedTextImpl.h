@@ -13,13 +13,13 @@ namespace corekit::detail {
 template <class Self, class Ch>
 int SharedText<Self, Ch>::CompareNoCase(const Ch* p) const
 {
-    return CompareFolded(m_pchData, p);
+    return compareFolded(m_pchData, p);
 }
 
 template <class Self, class Ch>
 int SharedText<Self, Ch>::Collate(const Ch* p) const
 {
-    return CompareCollated(m_pchData, p);
+    return compareCollated(m_pchData, p);
 }
 
 template <class Self, class Ch>
@@ -44,7 +44,7 @@ int SharedText<Self, Ch>::Find(const Ch* text, int start) const
 template <class Self, class Ch>
 int SharedText<Self, Ch>::FindOneOf(const Ch* set) const
 {
-    const int at = CountOutside(m_pchData, set);
+    const int at = countOutside(m_pchData, set);
     return m_pchData[at] ? at : -1;
 }
 
@@ -82,27 +82,27 @@ Self SharedText<Self, Ch>::Mid(int first, int n) const
 template <class Self, class Ch>
 Self SharedText<Self, Ch>::SpanIncluding(const Ch* set) const
 {
-    return Left(CountInside(m_pchData, set));
+    return Left(countInside(m_pchData, set));
 }
 
 template <class Self, class Ch>
 Self SharedText<Self, Ch>::SpanExcluding(const Ch* set) const
 {
-    return Left(CountOutside(m_pchData, set));
+    return Left(countOutside(m_pchData, set));
 }
 
 template <class Self, class Ch>
 void SharedText<Self, Ch>::MakeUpper()
 {
     CopyBeforeWrite();
-    if (!IsEmptyBuffer()) UpperInPlace(m_pchData);
+    if (!IsEmptyBuffer()) upperInPlace(m_pchData);
 }
 
 template <class Self, class Ch>
 void SharedText<Self, Ch>::MakeLower()
 {
     CopyBeforeWrite();
-    if (!IsEmptyBuffer()) LowerInPlace(m_pchData);
+    if (!IsEmptyBuffer()) lowerInPlace(m_pchData);
 }
 
 template <class Self, class Ch>
@@ -152,7 +152,7 @@ void SharedText<Self, Ch>::FormatFrom(const Ch* format, const FormatSource& sour
     Ch text[aside];
     BufferRange<Ch> own;
     if (!IsEmptyBuffer()) own = {m_pchData, m_pchData + GetAllocLength()};
-    const FormatResult result = WriteFormat({text, text + aside}, format, source, own);
+    const FormatResult result = writeFormat({text, text + aside}, format, source, own);
     if (result.readsOwn) {
         Self apart;
         apart.FormatFrom(format, source);
@@ -163,7 +163,7 @@ void SharedText<Self, Ch>::FormatFrom(const Ch* format, const FormatSource& sour
     if (result.length <= aside) {
         std::copy_n(text, result.length, to);
     } else {
-        WriteFormat({to, to + GetAllocLength()}, format, source);
+        writeFormat({to, to + GetAllocLength()}, format, source);
     }
     SetLength(result.length);
     if (result.hasCharacter) ReleaseBuffer(-1);

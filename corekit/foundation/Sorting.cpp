@@ -15,7 +15,7 @@ constexpr std::size_t shortSortLimit = 8;
 constexpr int stackLimit = 30; // the smaller part is always done first, so this is never reached
 
 template <class Word>
-void SwapAs(std::byte* a, std::byte* b)
+void swapAs(std::byte* a, std::byte* b)
 {
     Word x, y;
     std::memcpy(&x, a, sizeof x);
@@ -63,8 +63,8 @@ private:
     void Swap(std::byte* a, std::byte* b) const
     {
         if (a == b) return;
-        if (m_width == 4) return SwapAs<std::uint32_t>(a, b);
-        if (m_width == 8) return SwapAs<std::uint64_t>(a, b);
+        if (m_width == 4) return swapAs<std::uint32_t>(a, b);
+        if (m_width == 8) return swapAs<std::uint64_t>(a, b);
         std::swap_ranges(a, a + m_width, b);
     }
 
@@ -103,7 +103,7 @@ private:
 
 // Sorts pointers to the strings, by few comparisons rather than few moves, then moves each string once.
 template <class Array>
-void SortTexts(Array& array)
+void sortTexts(Array& array)
 {
     using Text = std::remove_reference_t<decltype(array[0])>;
     Text* const texts = array.GetData();
@@ -118,7 +118,7 @@ void SortTexts(Array& array)
     std::move(sorted.begin(), sorted.end(), texts);
 }
 
-int CompareByDifference(void*, const void* a, const void* b)
+int compareByDifference(void*, const void* a, const void* b)
 {
     return static_cast<int>(*static_cast<const UINT*>(a) - *static_cast<const UINT*>(b));
 }
@@ -138,9 +138,9 @@ void SortArray(CByteArray& array) { std::sort(array.GetData(), array.GetData() +
 void SortArray(CArray<int, int>& array)
 {
     QuickSort(array.GetData(), static_cast<unsigned>(array.GetSize()), sizeof(int), nullptr,
-              CompareByDifference);
+              compareByDifference);
 }
 
-void SortArray(CStringArray& array) { SortTexts(array); }
-void SortArray(CArray<StringA, const char*>& array) { SortTexts(array); }
-void SortArray(CArray<StringW, const WCHAR*>& array) { SortTexts(array); }
+void SortArray(CStringArray& array) { sortTexts(array); }
+void SortArray(CArray<StringA, const char*>& array) { sortTexts(array); }
+void SortArray(CArray<StringW, const WCHAR*>& array) { sortTexts(array); }

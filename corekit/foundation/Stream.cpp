@@ -24,7 +24,7 @@ struct CutToRead {
 };
 
 // All bytes of a text in the code page, also where they are more than its units.
-std::string ReadNarrow(CStream& stream)
+std::string readNarrow(CStream& stream)
 {
     StringW wide;
     stream.Read(wide);
@@ -48,8 +48,8 @@ void CStream::Read(StringW& text)
     text.ReleaseBuffer(length);
 }
 
-void CStream::Read(StringA& text) { text = ReadNarrow(*this).c_str(); }
-void CStream::Read(CString& text) { text = ReadNarrow(*this).c_str(); }
+void CStream::Read(StringA& text) { text = readNarrow(*this).c_str(); }
+void CStream::Read(CString& text) { text = readNarrow(*this).c_str(); }
 
 void CStream::WriteStringRaw(const char* text, int length)
 {

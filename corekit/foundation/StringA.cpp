@@ -19,7 +19,7 @@ const StringA& AfxGetEmptyStringA()
 namespace {
 
 // Room for text of n wide units in any code page.
-int NarrowRoom(int n) { return corekit::detail::CountedLength(static_cast<std::size_t>(std::max(n, 0)) * 4); }
+int narrowRoom(int n) { return corekit::detail::CountedLength(static_cast<std::size_t>(std::max(n, 0)) * 4); }
 
 } // namespace
 
@@ -28,7 +28,7 @@ StringA::StringA(const WCHAR* p) { *this = p; }
 StringA& StringA::operator=(const WCHAR* p)
 {
     const int n = p ? corekit::detail::CountedLength(corekit::detail::TextLength(p)) : 0;
-    AllocBeforeWrite(NarrowRoom(n));
+    AllocBeforeWrite(narrowRoom(n));
     if (n) _wcstombsz(m_pchData, p, static_cast<std::size_t>(n) + 1);
     ReleaseBuffer(n ? -1 : 0);
     return *this;
@@ -36,7 +36,7 @@ StringA& StringA::operator=(const WCHAR* p)
 
 void StringA::AssignCopy(int n, const WCHAR* p)
 {
-    AllocBeforeWrite(NarrowRoom(n));
+    AllocBeforeWrite(narrowRoom(n));
     if (n > 0) _wcstombsz(m_pchData, p, static_cast<std::size_t>(n));
     ReleaseBuffer(n > 0 ? -1 : 0);
 }
@@ -46,7 +46,7 @@ void StringA::ConcatCopy(int n1, const char* p1, int n2, const WCHAR* p2)
     n1 = std::max(n1, 0);
     if (n1 == 0 && n2 <= 0) return;
     AllocBuffer(corekit::detail::CountedLength(static_cast<std::size_t>(n1) +
-                                               static_cast<std::size_t>(NarrowRoom(n2))));
+                                               static_cast<std::size_t>(narrowRoom(n2))));
     std::copy_n(p1, n1, m_pchData);
     m_pchData[n1] = '\0';
     if (n2 > 0) _wcstombsz(m_pchData + n1, p2, static_cast<std::size_t>(n2));
@@ -57,7 +57,7 @@ void StringA::ConcatCopy(int n1, const WCHAR* p1, int n2, const char* p2)
 {
     n2 = std::max(n2, 0);
     if (n1 <= 0 && n2 == 0) return;
-    AllocBuffer(corekit::detail::CountedLength(static_cast<std::size_t>(NarrowRoom(n1)) +
+    AllocBuffer(corekit::detail::CountedLength(static_cast<std::size_t>(narrowRoom(n1)) +
                                                static_cast<std::size_t>(n2)));
     const int converted = n1 > 0 ? _wcstombsz(m_pchData, p1, static_cast<std::size_t>(n1)) - 1 : 0;
     std::copy_n(p2, n2, m_pchData + converted);

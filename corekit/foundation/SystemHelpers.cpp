@@ -13,7 +13,7 @@
 
 namespace {
 template <class T>
-T* OrThrow(T* result)
+T* orThrow(T* result)
 {
     if (!result) throw GetLastErrorException();
     return result;
@@ -32,18 +32,18 @@ void* scDuplicateHandle(void* handle)
 CWinThread* scBeginThread(AFX_THREADPROC procedure, void* parameter, int priority, UINT stackBytes,
                           DWORD flags, _SECURITY_ATTRIBUTES* security)
 {
-    return OrThrow(AfxBeginThread(procedure, parameter, priority, stackBytes, flags, security));
+    return orThrow(AfxBeginThread(procedure, parameter, priority, stackBytes, flags, security));
 }
 
 CWinThread* scBeginThread(CRuntimeClass* threadClass, int priority, UINT stackBytes, DWORD flags,
                           _SECURITY_ATTRIBUTES* security)
 {
-    return OrThrow(AfxBeginThread(threadClass, priority, stackBytes, flags, security));
+    return orThrow(AfxBeginThread(threadClass, priority, stackBytes, flags, security));
 }
 
 void* scCreateEvent(_SECURITY_ATTRIBUTES* security, int manualReset, int initialState, const char* name)
 {
-    return OrThrow(CreateEventA(security, manualReset, initialState, name));
+    return orThrow(CreateEventA(security, manualReset, initialState, name));
 }
 
 int scLoadResource(const char* name, const char* type, CByteArray& data)

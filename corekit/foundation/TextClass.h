@@ -9,34 +9,34 @@
 
 namespace corekit::detail {
 
-inline int CompareFolded(const char* a, const char* b) { return _stricmp(a, b); }
-inline int CompareFolded(const WCHAR* a, const WCHAR* b) { return crt16::_wcsicmp(a, b); }
+inline int compareFolded(const char* a, const char* b) { return _stricmp(a, b); }
+inline int compareFolded(const WCHAR* a, const WCHAR* b) { return crt16::_wcsicmp(a, b); }
 
-inline int CompareCollated(const char* a, const char* b) { return std::strcoll(a, b); }
-inline int CompareCollated(const WCHAR* a, const WCHAR* b) { return crt16::wcscoll(a, b); }
+inline int compareCollated(const char* a, const char* b) { return std::strcoll(a, b); }
+inline int compareCollated(const WCHAR* a, const WCHAR* b) { return crt16::wcscoll(a, b); }
 
 // How many leading characters are in the set, or are not in it. Null is a set of nothing.
-inline int CountInside(const char* text, const char* set)
+inline int countInside(const char* text, const char* set)
 {
     return CountedLength(std::strspn(text, set ? set : ""));
 }
-inline int CountInside(const WCHAR* text, const WCHAR* set)
+inline int countInside(const WCHAR* text, const WCHAR* set)
 {
     return CountedLength(crt16::wcsspn(text, set ? set : u""));
 }
-inline int CountOutside(const char* text, const char* set)
+inline int countOutside(const char* text, const char* set)
 {
     return CountedLength(std::strcspn(text, set ? set : ""));
 }
-inline int CountOutside(const WCHAR* text, const WCHAR* set)
+inline int countOutside(const WCHAR* text, const WCHAR* set)
 {
     return CountedLength(crt16::wcscspn(text, set ? set : u""));
 }
 
-inline void UpperInPlace(char* p) { _strupr(p); }
-inline void UpperInPlace(WCHAR* p) { crt16::_wcsupr(p); }
-inline void LowerInPlace(char* p) { _strlwr(p); }
-inline void LowerInPlace(WCHAR* p) { crt16::_wcslwr(p); }
+inline void upperInPlace(char* p) { _strupr(p); }
+inline void upperInPlace(WCHAR* p) { crt16::_wcsupr(p); }
+inline void lowerInPlace(char* p) { _strlwr(p); }
+inline void lowerInPlace(WCHAR* p) { crt16::_wcslwr(p); }
 
 // The narrow one is asked with the plain signed value.
 inline bool IsSpace(char ch) { return std::isspace(ch) != 0; }

@@ -18,7 +18,7 @@ constexpr int room = 4096;
 constexpr long noTestClock = -1;
 constinit std::atomic<long> testTime = noTestClock;
 
-long AskBias()
+long askBias()
 {
     TIME_ZONE_INFORMATION zone{};
     switch (GetTimeZoneInformation(&zone)) {
@@ -36,18 +36,18 @@ long AskBias()
 
 long Bias()
 {
-    static const long bias = AskBias();
+    static const long bias = askBias();
     return bias;
 }
 
-long Shifted(long t, long by)
+long shifted(long t, long by)
 {
     long result;
     if (__builtin_add_overflow(t, by, &result)) result = by < 0 ? LONG_MIN : LONG_MAX;
     return result < 0 ? result + secondsPerDay : result;
 }
 
-CTimecode Shifted(const CTimecode& t, long by)
+CTimecode shifted(const CTimecode& t, long by)
 {
     long seconds = (t.GetHours() * 60L + t.GetMinutes()) * 60 + t.GetSeconds() + by;
     if (seconds < 0) seconds += secondsPerDay;
@@ -55,10 +55,10 @@ CTimecode Shifted(const CTimecode& t, long by)
             static_cast<int>(seconds % 60), t.GetFrames()};
 }
 
-bool BreakDown(long t, std::tm& out) { return t >= 0 && gmtime_r(&t, &out) != nullptr; }
+bool breakDown(long t, std::tm& out) { return t >= 0 && gmtime_r(&t, &out) != nullptr; }
 
 // Adds and multiplies as long as the values fit 32 bits.
-std::optional<LONG> Carry(std::optional<LONG> value, LONG factor, int more)
+std::optional<LONG> carry(std::optional<LONG> value, LONG factor, int more)
 {
     LONG result;
     if (!value || __builtin_mul_overflow(*value, factor, &result) ||
@@ -67,19 +67,19 @@ std::optional<LONG> Carry(std::optional<LONG> value, LONG factor, int more)
     return result;
 }
 
-std::optional<LONG> SecondsOf(const std::tm& t)
+std::optional<LONG> secondsOf(const std::tm& t)
 {
     static constexpr int daysBefore[12] = {-1, 30, 58, 89, 119, 150, 180, 211, 242, 272, 303, 333};
     const bool leapDay = t.tm_year % 4 == 0 && t.tm_mon > 1;
     const LONG days =
         t.tm_year * 365 + (t.tm_year - 1) / 4 - 25567 + daysBefore[t.tm_mon] + (leapDay ? 1 : 0);
-    return Carry(Carry(Carry(Carry(days, 1, t.tm_mday), 24, t.tm_hour), 60, t.tm_min), 60, t.tm_sec);
+    return carry(carry(carry(carry(days, 1, t.tm_mday), 24, t.tm_hour), 60, t.tm_min), 60, t.tm_sec);
 }
 
-bool YearFits(const std::tm& t) { return t.tm_year >= 69 && t.tm_year <= 139; }
+bool yearFits(const std::tm& t) { return t.tm_year >= 69 && t.tm_year <= 139; }
 
 template <class Text>
-void FormatNarrow(Text& out, const char* format, const std::tm& t)
+void formatNarrow(Text& out, const char* format, const std::tm& t)
 {
     const std::string pattern = format ? format : ""; // it may be out's own text
     char* buffer = out.GetBuffer(room);
@@ -88,7 +88,7 @@ void FormatNarrow(Text& out, const char* format, const std::tm& t)
 }
 
 // A conversion goes through the narrow function; all other units are copied.
-StringW FormatWide(const WCHAR* format, const std::tm& t)
+StringW formatWide(const WCHAR* format, const std::tm& t)
 {
     StringW result;
     for (const WCHAR* at = format ? format : u""; *at;) {
@@ -103,14 +103,14 @@ StringW FormatWide(const WCHAR* format, const std::tm& t)
         if (*at == 0 || *at > 126) continue;
         pattern += static_cast<char>(*at++);
         CString piece;
-        FormatNarrow(piece, pattern.c_str(), t);
+        formatNarrow(piece, pattern.c_str(), t);
         result += StringW(piece.GetString());
     }
     return result.GetLength() < room ? result : StringW();
 }
 
 template <class Text, class Char>
-void FormatTime(Text& out, const Char* format, long t, int bToLocal)
+void formatTime(Text& out, const Char* format, long t, int bToLocal)
 {
     std::tm parts{};
     time_GetTimeStructure(parts, t, bToLocal);
@@ -125,61 +125,61 @@ long time_GetCurrentTime(int bLocal)
     return bLocal ? time_UTCToLocal(now) : now;
 }
 
-long time_LocalToUTC(long t) { return Shifted(t, Bias()); }
-long time_UTCToLocal(long t) { return Shifted(t, -Bias()); }
-CTimecode time_LocalToUTC(const CTimecode& t) { return Shifted(t, Bias()); }
-CTimecode time_UTCToLocal(const CTimecode& t) { return Shifted(t, -Bias()); }
+long time_LocalToUTC(long t) { return shifted(t, Bias()); }
+long time_UTCToLocal(long t) { return shifted(t, -Bias()); }
+CTimecode time_LocalToUTC(const CTimecode& t) { return shifted(t, Bias()); }
+CTimecode time_UTCToLocal(const CTimecode& t) { return shifted(t, -Bias()); }
 
 int time_GetTimeStructure(std::tm& out, long t, int bToLocal)
 {
     std::tm parts{};
-    if (!BreakDown(bToLocal ? time_UTCToLocal(t) : t, parts)) return 0;
+    if (!breakDown(bToLocal ? time_UTCToLocal(t) : t, parts)) return 0;
     out = parts;
     return 1;
 }
 
 long time_GetTimeValue(std::tm& t, int bFromLocal)
 {
-    if (!YearFits(t)) return -1;
+    if (!yearFits(t)) return -1;
     if (t.tm_mon < 0 || t.tm_mon > 11) {
         const int years = t.tm_mon / 12 - (t.tm_mon % 12 < 0 ? 1 : 0);
         t.tm_mon -= years * 12;
         t.tm_year += years;
-        if (!YearFits(t)) return -1;
+        if (!yearFits(t)) return -1;
     }
-    const std::optional<LONG> seconds = SecondsOf(t);
-    if (!seconds || !BreakDown(*seconds, t)) return -1;
+    const std::optional<LONG> seconds = secondsOf(t);
+    if (!seconds || !breakDown(*seconds, t)) return -1;
     return bFromLocal ? time_LocalToUTC(*seconds) : *seconds;
 }
 
-void time_FormatString(CString& out, const char* format, const std::tm& t) { FormatNarrow(out, format, t); }
-void time_FormatString(StringA& out, const char* format, const std::tm& t) { FormatNarrow(out, format, t); }
-void time_FormatString(StringW& out, const WCHAR* format, const std::tm& t) { out = FormatWide(format, t); }
+void time_FormatString(CString& out, const char* format, const std::tm& t) { formatNarrow(out, format, t); }
+void time_FormatString(StringA& out, const char* format, const std::tm& t) { formatNarrow(out, format, t); }
+void time_FormatString(StringW& out, const WCHAR* format, const std::tm& t) { out = formatWide(format, t); }
 
 void time_FormatString(CString& out, const char* format, long t, int bToLocal)
 {
-    FormatTime(out, format, t, bToLocal);
+    formatTime(out, format, t, bToLocal);
 }
 void time_FormatString(StringA& out, const char* format, long t, int bToLocal)
 {
-    FormatTime(out, format, t, bToLocal);
+    formatTime(out, format, t, bToLocal);
 }
 void time_FormatString(StringW& out, const WCHAR* format, long t, int bToLocal)
 {
-    FormatTime(out, format, t, bToLocal);
+    formatTime(out, format, t, bToLocal);
 }
 
 void time_FormatCurrentTime(CString& out, const char* format, int bToLocal)
 {
-    FormatTime(out, format, time_GetCurrentTime(0), bToLocal);
+    formatTime(out, format, time_GetCurrentTime(0), bToLocal);
 }
 void time_FormatCurrentTime(StringA& out, const char* format, int bToLocal)
 {
-    FormatTime(out, format, time_GetCurrentTime(0), bToLocal);
+    formatTime(out, format, time_GetCurrentTime(0), bToLocal);
 }
 void time_FormatCurrentTime(StringW& out, const WCHAR* format, int bToLocal)
 {
-    FormatTime(out, format, time_GetCurrentTime(0), bToLocal);
+    formatTime(out, format, time_GetCurrentTime(0), bToLocal);
 }
 
 CTestClock::CTestClock(int year, int month, int day, int hour, int minute, int second)

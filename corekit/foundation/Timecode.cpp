@@ -13,12 +13,12 @@ constinit std::atomic<int> CTimecode::m_bDropFrame = 0;
 namespace {
 constexpr std::size_t textLength = 11;
 
-BYTE FromBCD(BYTE value) { return static_cast<BYTE>((value >> 4) * 10 + (value & 15)); }
-BYTE ToBCD(BYTE value) { return static_cast<BYTE>((value / 10) * 16 + value % 10); }
+BYTE fromBCD(BYTE value) { return static_cast<BYTE>((value >> 4) * 10 + (value & 15)); }
+BYTE toBCD(BYTE value) { return static_cast<BYTE>((value / 10) * 16 + value % 10); }
 
 // What atoi makes of two characters; those outside ASCII are no digits.
 template <class Char>
-int TwoDigits(const Char* text)
+int twoDigits(const Char* text)
 {
     const char digits[3] = {text[0] < 128 ? static_cast<char>(text[0]) : 'x',
                             text[1] < 128 ? static_cast<char>(text[1]) : 'x', 0};
@@ -26,12 +26,12 @@ int TwoDigits(const Char* text)
 }
 
 template <class Char>
-bool FromText(const Char* text, CTimecode& value)
+bool fromText(const Char* text, CTimecode& value)
 {
     value = CTimecode::MakeInvalid();
     if (!text || std::char_traits<Char>::length(text) < textLength) return false;
     if (text[2] != ':' || text[5] != ':' || text[8] != ':') return false;
-    value = CTimecode(TwoDigits(text), TwoDigits(text + 3), TwoDigits(text + 6), TwoDigits(text + 9));
+    value = CTimecode(twoDigits(text), twoDigits(text + 3), twoDigits(text + 6), twoDigits(text + 9));
     return true;
 }
 } // namespace
@@ -97,13 +97,13 @@ CString CTimecode::MakeString() const
 
 bool CTimecode::SetFromString(const char* text)
 {
-    return FromText(reinterpret_cast<const unsigned char*>(text), *this);
+    return fromText(reinterpret_cast<const unsigned char*>(text), *this);
 }
-bool CTimecode::SetFromString(const WCHAR* text) { return FromText(text, *this); }
+bool CTimecode::SetFromString(const WCHAR* text) { return fromText(text, *this); }
 
 void CTimecode::SetFromBCD(BYTE hours, BYTE minutes, BYTE seconds, BYTE frames)
 {
-    *this = CTimecode(FromBCD(hours), FromBCD(minutes), FromBCD(seconds), FromBCD(frames));
+    *this = CTimecode(fromBCD(hours), fromBCD(minutes), fromBCD(seconds), fromBCD(frames));
 }
 
 void CTimecode::GetAsBCD(BYTE& hours, BYTE& minutes, BYTE& seconds, BYTE& frames) const
@@ -118,7 +118,7 @@ void CTimecode::GetAsBCD(BYTE& hours, BYTE& minutes, BYTE& seconds, BYTE& frames
 DWORD CTimecode::GetAsBCD() const
 {
     if (IsInvalid()) return 0xFFFFFFFF;
-    return CTimecode(ToBCD(m_hours), ToBCD(m_minutes), ToBCD(m_seconds), ToBCD(m_frames)).GetAsDWORD();
+    return CTimecode(toBCD(m_hours), toBCD(m_minutes), toBCD(m_seconds), toBCD(m_frames)).GetAsDWORD();
 }
 
 void CTimecode::Fixup()

@@ -10,14 +10,14 @@ IMPLEMENT_DYNAMIC(CVersionData, CObject)
 namespace {
 constexpr DWORD longestPath = 4096;
 
-const VS_FIXEDFILEINFO* FixedPart(const void* block)
+const VS_FIXEDFILEINFO* fixedPart(const void* block)
 {
     void* fixed = nullptr;
     return block && VerQueryValueA(block, "\\", &fixed, nullptr) ? static_cast<VS_FIXEDFILEINFO*>(fixed)
                                                                  : nullptr;
 }
 
-DWORDLONG Joined(DWORD high, DWORD low) { return DWORDLONG{high} << 32 | low; }
+DWORDLONG joined(DWORD high, DWORD low) { return DWORDLONG{high} << 32 | low; }
 } // namespace
 
 void CVersionData::Free::operator()(void* block) const { std::free(block); }
@@ -49,15 +49,15 @@ int CVersionData::Initialise(const char* path)
 
 int CVersionData::GetFileVersion(DWORDLONG& version)
 {
-    const VS_FIXEDFILEINFO* fixed = FixedPart(m_block.get());
-    if (fixed) version = Joined(fixed->dwFileVersionMS, fixed->dwFileVersionLS);
+    const VS_FIXEDFILEINFO* fixed = fixedPart(m_block.get());
+    if (fixed) version = joined(fixed->dwFileVersionMS, fixed->dwFileVersionLS);
     return fixed != nullptr;
 }
 
 int CVersionData::GetProductVersion(DWORDLONG& version)
 {
-    const VS_FIXEDFILEINFO* fixed = FixedPart(m_block.get());
-    if (fixed) version = Joined(fixed->dwProductVersionMS, fixed->dwProductVersionLS);
+    const VS_FIXEDFILEINFO* fixed = fixedPart(m_block.get());
+    if (fixed) version = joined(fixed->dwProductVersionMS, fixed->dwProductVersionLS);
     return fixed != nullptr;
 }
 

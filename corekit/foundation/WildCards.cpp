@@ -41,38 +41,38 @@ private:
 };
 
 // Punctuation, symbols, white space and controls.
-bool IsSeparator(WCHAR c)
+bool isSeparator(WCHAR c)
 {
     const int type = CUnicodeCharTypes::GetGeneralType(c);
     return (type >= 4 && type <= 7) || type >= 15;
 }
 
-int Position(std::size_t found) { return found == View::npos ? none : static_cast<int>(found); }
+int position(std::size_t found) { return found == View::npos ? none : static_cast<int>(found); }
 
-int FindPart(View text, View part) { return part.empty() ? none : Position(crt16::find(text, part)); }
+int findPart(View text, View part) { return part.empty() ? none : position(crt16::find(text, part)); }
 
-int FindWord(View text, View word, bool freeBefore, bool freeBehind)
+int findWord(View text, View word, bool freeBefore, bool freeBehind)
 {
     if (text.empty()) return none;
     for (std::size_t from = 0; from <= text.size(); ++from) {
         from = crt16::find(text, word, from);
         if (from == View::npos) return none;
         const std::size_t end = from + word.size();
-        const bool begins = freeBefore || from == 0 || IsSeparator(text[from - 1]);
-        if (begins && (end == text.size() || freeBehind || IsSeparator(text[end]))) return Position(from);
+        const bool begins = freeBefore || from == 0 || isSeparator(text[from - 1]);
+        if (begins && (end == text.size() || freeBehind || isSeparator(text[end]))) return position(from);
     }
     return none;
 }
 
 // A word whose free sides are written as stars.
-int FindStarredWord(View text, View word)
+int findStarredWord(View text, View word)
 {
     if (word.empty()) return none;
     const bool freeBefore = word.front() == u'*';
     if (freeBefore) word.remove_prefix(1);
     const bool freeBehind = !word.empty() && word.back() == u'*';
     if (freeBehind) word.remove_suffix(1);
-    return FindWord(text, word, freeBefore, freeBehind);
+    return findWord(text, word, freeBefore, freeBehind);
 }
 
 // One part of a pattern that holds question marks. Each takes itself out of the pattern and one unit out of
@@ -109,7 +109,7 @@ private:
             Places place(*this);
             place.Next();
             for (std::size_t k = 1; k + mark + 2 < length && result < 0 && m_left > 0; ++k, place.Next())
-                if (IsSeparator(m_text[place.Original()])) result = SearchWithout(mark + k + 1, length);
+                if (isSeparator(m_text[place.Original()])) result = SearchWithout(mark + k + 1, length);
         }
         m_part = part;
         return result;
@@ -172,23 +172,23 @@ private:
     std::size_t m_left = unitsToLookAt;
 };
 
-int FindWithQuestion(View text, View part)
+int findWithQuestion(View text, View part)
 {
-    if (part.find(u'?') == View::npos) return FindPart(text, part);
-    return QuestionSearch(text, part, FindPart).Run();
+    if (part.find(u'?') == View::npos) return findPart(text, part);
+    return QuestionSearch(text, part, findPart).Run();
 }
 
 // `starBefore` and `starBehind` add the stars that free a side.
-int FindWholeWord(View text, View word, bool starBefore, bool starBehind)
+int findWholeWord(View text, View word, bool starBefore, bool starBehind)
 {
-    if (word.find(u'?') == View::npos && !word.empty()) return FindWord(text, word, starBefore, starBehind);
+    if (word.find(u'?') == View::npos && !word.empty()) return findWord(text, word, starBefore, starBehind);
     Copy starred(word.size() + 2);
     if (starBefore) starred.Append(u'*');
     starred.Append(word);
     if (starBehind) starred.Append(u'*');
     return starred.Text().find(u'?') == View::npos
-               ? FindStarredWord(text, starred.Text())
-               : QuestionSearch(text, starred.Text(), FindStarredWord).Run();
+               ? findStarredWord(text, starred.Text())
+               : QuestionSearch(text, starred.Text(), findStarredWord).Run();
 }
 
 // Finds a pattern part by part. `wholeWords` tells how a part between stars is searched for.
@@ -199,18 +199,18 @@ int Match(View text, View pattern, bool wholeWords)
         const auto result = [&](int found) { return found < 0 || isFirst ? found : first; };
         std::size_t star = pattern.find(u'*');
         if (star == View::npos)
-            return result(wholeWords ? FindWholeWord(text, pattern, false, false)
-                                     : FindWithQuestion(text, pattern));
+            return result(wholeWords ? findWholeWord(text, pattern, false, false)
+                                     : findWithQuestion(text, pattern));
         int found;
         if (star > 0) {
-            found = FindWholeWord(text, pattern.substr(0, star), false, true);
+            found = findWholeWord(text, pattern.substr(0, star), false, true);
         } else {
             pattern.remove_prefix(std::min(pattern.find_first_not_of(u'*'), pattern.size()));
             if (pattern.empty()) return result(1);
             star = pattern.find(u'*');
             const View part = pattern.substr(0, star);
-            found = wholeWords ? FindWholeWord(text, part, true, star != View::npos)
-                               : FindWithQuestion(text, part);
+            found = wholeWords ? findWholeWord(text, part, true, star != View::npos)
+                               : findWithQuestion(text, part);
             if (star == View::npos) return result(found);
         }
         if (found < 0) return none;
@@ -268,12 +268,12 @@ private:
     unsigned m_stars = 0;  // none if the pattern is another one
 };
 
-void AppendUpper(Copy& copy, View text)
+void appendUpper(Copy& copy, View text)
 {
     for (const WCHAR c : text) copy.Append(CUnicodeCharTypes::MakeUpper(c));
 }
 
-int MatchText(View text, View pattern, bool caseSensitive, bool wholeWords)
+int matchText(View text, View pattern, bool caseSensitive, bool wholeWords)
 {
     const bool quoted = pattern.find(u'"') != View::npos;
     if (caseSensitive && !quoted) return Match(text, pattern, wholeWords);
@@ -282,8 +282,8 @@ int MatchText(View text, View pattern, bool caseSensitive, bool wholeWords)
     for (const WCHAR c : pattern)
         if (c != u'"') plain.Append(c);
     if (caseSensitive) return Match(text, plain.Text(), wholeWords);
-    AppendUpper(upperPattern, plain.Text());
-    AppendUpper(upperText, text);
+    appendUpper(upperPattern, plain.Text());
+    appendUpper(upperText, text);
     return Match(upperText.Text(), upperPattern.Text(), wholeWords);
 }
 
@@ -293,13 +293,13 @@ int MatchWildCardString(const WCHAR* text, const WCHAR* pattern, int caseSensiti
 {
     if (const ShortPattern parts(pattern); caseSensitive != 0 && parts.IsOne())
         return parts.FindIn({text, crt16::wcslen(text)});
-    return MatchText({text, crt16::wcslen(text)}, {pattern, crt16::wcslen(pattern)}, caseSensitive != 0,
+    return matchText({text, crt16::wcslen(text)}, {pattern, crt16::wcslen(pattern)}, caseSensitive != 0,
                      false);
 }
 
 int MatchNonWildCardString(const WCHAR* text, const WCHAR* pattern, int caseSensitive)
 {
-    return MatchText({text, crt16::wcslen(text)}, {pattern, crt16::wcslen(pattern)}, caseSensitive != 0,
+    return matchText({text, crt16::wcslen(text)}, {pattern, crt16::wcslen(pattern)}, caseSensitive != 0,
                      true);
 }
 

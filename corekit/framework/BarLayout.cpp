@@ -24,7 +24,7 @@ private:
 };
 
 // The line that begins a row: as many bars as fit, at least one.
-std::size_t FittingBars(Bars bars, const Axes& axes, int length)
+std::size_t fittingBars(Bars bars, const Axes& axes, int length)
 {
     int used = 0;
     std::size_t count = 0;
@@ -36,7 +36,7 @@ std::size_t FittingBars(Bars bars, const Axes& axes, int length)
     return count;
 }
 
-CSize PlaceLine(Bars line, const Axes& axes, int length, int top)
+CSize placeLine(Bars line, const Axes& axes, int length, int top)
 {
     std::vector<int> at(line.size());
     int end = 0;
@@ -62,7 +62,7 @@ constexpr int gapBelowLine = 6;
 
 } // namespace
 
-CSize LayOutDockRows(std::span<std::vector<DockedBar>> rows, Lying lying, int length)
+CSize layOutDockRows(std::span<std::vector<DockedBar>> rows, Lying lying, int length)
 {
     const Axes axes(lying);
     int furthest = 0, top = 0;
@@ -70,8 +70,8 @@ CSize LayOutDockRows(std::span<std::vector<DockedBar>> rows, Lying lying, int le
         Bars rest(row);
         bool isFirst = true;
         while (!rest.empty()) {
-            const std::size_t count = FittingBars(rest, axes, length);
-            const CSize line = PlaceLine(rest.first(count), axes, length, top);
+            const std::size_t count = fittingBars(rest, axes, length);
+            const CSize line = placeLine(rest.first(count), axes, length, top);
             for (DockedBar& bar : rest.first(count)) bar.startsLine = false;
             rest.front().startsLine = !std::exchange(isFirst, false);
             furthest = std::max<int>(furthest, line.cx);
@@ -82,7 +82,7 @@ CSize LayOutDockRows(std::span<std::vector<DockedBar>> rows, Lying lying, int le
     return axes.Size(furthest, top);
 }
 
-CSize WrapButtons(std::span<BarButton> buttons, int height, int width)
+CSize wrapButtons(std::span<BarButton> buttons, int height, int width)
 {
     int x = 0, y = 0, widest = 0;
     for (std::size_t i = 0; i < buttons.size(); ++i) {
@@ -101,7 +101,7 @@ CSize WrapButtons(std::span<BarButton> buttons, int height, int width)
     return {std::max(widest, x), buttons.empty() ? 0 : y + height};
 }
 
-CSize StackButtons(std::span<BarButton> buttons, int height)
+CSize stackButtons(std::span<BarButton> buttons, int height)
 {
     int widest = 0, y = 0;
     for (const BarButton& button : buttons)
@@ -115,7 +115,7 @@ CSize StackButtons(std::span<BarButton> buttons, int height)
     return {widest, y};
 }
 
-int WidthForHeight(std::span<BarButton> buttons, int buttonHeight, int height)
+int widthForHeight(std::span<BarButton> buttons, int buttonHeight, int height)
 {
     int narrow = 1, wide = 0;
     for (const BarButton& button : buttons) {
@@ -125,7 +125,7 @@ int WidthForHeight(std::span<BarButton> buttons, int buttonHeight, int height)
     wide = std::max(wide, narrow);
     while (narrow < wide) {
         const int middle = narrow + (wide - narrow) / 2;
-        if (WrapButtons(buttons, buttonHeight, middle).cy <= height)
+        if (wrapButtons(buttons, buttonHeight, middle).cy <= height)
             wide = middle;
         else
             narrow = middle + 1;

@@ -24,7 +24,7 @@ struct DockedBar {
 // wanted place as far as its neighbours let it: those that overlap are pushed on, and back where the row
 // would leave the dock. A row that is longer than the dock goes on in another line, and comes together again
 // when there is room. Returns what the rows take, in width and height.
-COREKIT_API CSize LayOutDockRows(std::span<std::vector<DockedBar>> rows, Lying lying, int length);
+COREKIT_API CSize layOutDockRows(std::span<std::vector<DockedBar>> rows, Lying lying, int length);
 
 struct BarButton {
     int width = 0;
@@ -36,10 +36,10 @@ struct BarButton {
 // Puts buttons of one height into lines of at most the given width, at least one each. A separator never
 // begins a line: it ends the one before, where it needs no room, and becomes a gap below it. Returns what
 // they take.
-COREKIT_API CSize WrapButtons(std::span<BarButton> buttons, int height, int width);
+COREKIT_API CSize wrapButtons(std::span<BarButton> buttons, int height, int width);
 // One button a line, separators as gaps.
-COREKIT_API CSize StackButtons(std::span<BarButton> buttons, int height);
+COREKIT_API CSize stackButtons(std::span<BarButton> buttons, int height);
 // The smallest width at which the buttons take no more than that height.
-COREKIT_API int WidthForHeight(std::span<BarButton> buttons, int buttonHeight, int height);
+COREKIT_API int widthForHeight(std::span<BarButton> buttons, int buttonHeight, int height);
 
 } // namespace corekit::detail

@@ -19,7 +19,7 @@ struct Command {
 };
 
 template <class Method, class... Arguments>
-auto Call(CCmdTarget* target, AFX_PMSG method, Arguments... arguments)
+auto call(CCmdTarget* target, AFX_PMSG method, Arguments... arguments)
 {
     return (target->*std::bit_cast<Method>(method))(arguments...);
 }
@@ -30,27 +30,27 @@ BOOL Dispatch(CCmdTarget* target, const AFX_MSGMAP_ENTRY& entry, const Command& 
     using T = CCmdTarget;
     switch (entry.nSig) {
     case AfxSigCmd_b:
-        return Call<BOOL (T::*)()>(target, entry.pfn);
+        return call<BOOL (T::*)()>(target, entry.pfn);
     case AfxSigCmd_id:
-        Call<void (T::*)(UINT)>(target, entry.pfn, command.id);
+        call<void (T::*)(UINT)>(target, entry.pfn, command.id);
         return TRUE;
     case AfxSigCmd_idEx:
-        return Call<BOOL (T::*)(UINT)>(target, entry.pfn, command.id);
+        return call<BOOL (T::*)(UINT)>(target, entry.pfn, command.id);
     case AfxSigCmd_ui:
         return updateDispatch && updateDispatch(target, entry.pfn, command.ui());
     case AfxSigCmd_notify:
-        Call<void (T::*)(NMHDR*, LRESULT*)>(target, entry.pfn, command.notify()->pNMHDR,
+        call<void (T::*)(NMHDR*, LRESULT*)>(target, entry.pfn, command.notify()->pNMHDR,
                                             command.notify()->pResult);
         return TRUE;
     case AfxSigCmd_notifyId:
-        Call<void (T::*)(UINT, NMHDR*, LRESULT*)>(target, entry.pfn, command.id, command.notify()->pNMHDR,
+        call<void (T::*)(UINT, NMHDR*, LRESULT*)>(target, entry.pfn, command.id, command.notify()->pNMHDR,
                                                   command.notify()->pResult);
         return TRUE;
     case AfxSigCmd_notifyBool:
-        return Call<BOOL (T::*)(NMHDR*, LRESULT*)>(target, entry.pfn, command.notify()->pNMHDR,
+        return call<BOOL (T::*)(NMHDR*, LRESULT*)>(target, entry.pfn, command.notify()->pNMHDR,
                                                    command.notify()->pResult);
     case AfxSigCmd_notifyEx:
-        return Call<BOOL (T::*)(UINT, NMHDR*, LRESULT*)>(target, entry.pfn, command.id,
+        return call<BOOL (T::*)(UINT, NMHDR*, LRESULT*)>(target, entry.pfn, command.id,
                                                          command.notify()->pNMHDR, command.notify()->pResult);
     default:
         (target->*entry.pfn)();

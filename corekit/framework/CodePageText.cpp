@@ -21,7 +21,7 @@ int ToWide(std::string_view text, WCHAR* out, int room)
 namespace {
 
 // Units that make one character at the front of a text.
-std::size_t FirstCharacter(std::u16string_view text)
+std::size_t firstCharacter(std::u16string_view text)
 {
     return text.size() > 1 && IsHighSurrogate(text[0]) && IsLowSurrogate(text[1]) ? 2 : 1;
 }
@@ -54,7 +54,7 @@ std::string NarrowText(std::u16string_view text, int most)
     narrow.clear();
     while (!text.empty()) {
         char bytes[8];
-        const std::size_t units = FirstCharacter(text);
+        const std::size_t units = firstCharacter(text);
         const int n = ToNarrow(text.substr(0, units), bytes, sizeof bytes);
         if (narrow.size() + static_cast<std::size_t>(n) > static_cast<std::size_t>(most)) break;
         narrow.append(bytes, static_cast<std::size_t>(n));

@@ -11,7 +11,7 @@ IMPLEMENT_DYNAMIC(CMemoryException, CException)
 IMPLEMENT_DYNAMIC(CNotSupportedException, CException)
 
 namespace {
-BOOL CopyMessage(std::string_view text, char* buffer, UINT size, UINT* helpContext)
+BOOL copyMessage(std::string_view text, char* buffer, UINT size, UINT* helpContext)
 {
     if (helpContext) *helpContext = 0;
     if (!buffer || size == 0) return FALSE;
@@ -23,7 +23,7 @@ BOOL CopyMessage(std::string_view text, char* buffer, UINT size, UINT* helpConte
 
 // Never destroyed, so that it can be thrown until the very end of the process.
 template <class T>
-T* Shared()
+T* shared()
 {
     alignas(T) static unsigned char memory[sizeof(T)];
     static T* const object = new (memory) T(FALSE);
@@ -38,20 +38,20 @@ void CException::Delete()
 
 BOOL CException::GetErrorMessage(char* buffer, UINT size, UINT* helpContext)
 {
-    return CopyMessage("", buffer, size, helpContext);
+    return copyMessage("", buffer, size, helpContext);
 }
 
 BOOL CMemoryException::GetErrorMessage(char* buffer, UINT size, UINT* helpContext)
 {
-    return CopyMessage("Out of memory.", buffer, size, helpContext);
+    return copyMessage("Out of memory.", buffer, size, helpContext);
 }
 
 BOOL CNotSupportedException::GetErrorMessage(char* buffer, UINT size, UINT* helpContext)
 {
-    return CopyMessage("An unsupported operation was attempted.", buffer, size, helpContext);
+    return copyMessage("An unsupported operation was attempted.", buffer, size, helpContext);
 }
 
-void AfxThrowMemoryException() { throw Shared<CMemoryException>(); }
-void AfxThrowUserException() { throw Shared<CUserException>(); }
-void AfxThrowNotSupportedException() { throw Shared<CNotSupportedException>(); }
+void AfxThrowMemoryException() { throw shared<CMemoryException>(); }
+void AfxThrowUserException() { throw shared<CUserException>(); }
+void AfxThrowNotSupportedException() { throw shared<CNotSupportedException>(); }
 void AfxAbort() { std::abort(); }

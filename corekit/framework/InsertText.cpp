@@ -3,7 +3,7 @@
 #include <cstring>
 
 namespace corekit::detail {
-CString ReplaceInserts(const char* format, std::span<const char* const> inserts)
+CString replaceInserts(const char* format, std::span<const char* const> inserts)
 {
     CString result;
     const char* from = format;

@@ -9,7 +9,7 @@
 namespace {
 constinit std::atomic<MessageBoxHandler> current = nullptr;
 
-int CautiousAnswer(UINT flags)
+int cautiousAnswer(UINT flags)
 {
     switch (flags & MB_TYPEMASK) {
     case MB_OKCANCEL:
@@ -25,7 +25,7 @@ int CautiousAnswer(UINT flags)
     }
 }
 
-CString TableText(UINT id)
+CString tableText(UINT id)
 {
     CString text;
     text.LoadString(id);
@@ -40,17 +40,16 @@ int StockMessageBox(CWnd* parent, const char* text, UINT flags)
     if (!text) text = "";
     if (const MessageBoxHandler handler = current.load())
         if (const int answer = handler(parent, text, flags)) return answer;
-    std::fprintf(stderr, "%s\n",
-                 corekit::HarmlessText(text, corekit::LineEnds::kept).c_str());
-    return CautiousAnswer(flags);
+    std::fprintf(stderr, "%s\n", corekit::HarmlessText(text, corekit::LineEnds::kept).c_str());
+    return cautiousAnswer(flags);
 }
 
 int StockMessageBox(CWnd* parent, UINT textId, UINT flags)
 {
-    return StockMessageBox(parent, TableText(textId), flags);
+    return StockMessageBox(parent, tableText(textId), flags);
 }
 int AfxMessageBox(const char* text, UINT flags, UINT) { return StockMessageBox(nullptr, text, flags); }
 int AfxMessageBox(UINT textId, UINT flags, UINT)
 {
-    return StockMessageBox(nullptr, TableText(textId), flags);
+    return StockMessageBox(nullptr, tableText(textId), flags);
 }

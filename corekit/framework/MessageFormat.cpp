@@ -10,7 +10,7 @@
 namespace corekit::detail {
 namespace {
 
-bool Take(std::string_view& text, std::string_view prefix)
+bool take(std::string_view& text, std::string_view prefix)
 {
     if (!text.starts_with(prefix)) return false;
     text.remove_prefix(prefix.size());
@@ -18,7 +18,7 @@ bool Take(std::string_view& text, std::string_view prefix)
 }
 
 // A number of decimal digits, or -1 where none stands or it is past `limit`.
-int TakeNumber(std::string_view& text, int limit)
+int takeNumber(std::string_view& text, int limit)
 {
     int value = -1;
     while (!text.empty() && text.front() >= '0' && text.front() <= '9') {
@@ -28,23 +28,23 @@ int TakeNumber(std::string_view& text, int limit)
     return value > limit ? -1 : value;
 }
 
-void TakeSize(std::string_view& text, MessageInsert& insert, bool& isWide, bool& is64)
+void takeSize(std::string_view& text, MessageInsert& insert, bool& isWide, bool& is64)
 {
-    if (Take(text, "I64") || Take(text, "ll")) {
+    if (take(text, "I64") || take(text, "ll")) {
         is64 = true;
-    } else if (Take(text, "h")) {
+    } else if (take(text, "h")) {
         insert.isShort = true;
-    } else if (Take(text, "l") || Take(text, "w")) {
+    } else if (take(text, "l") || take(text, "w")) {
         isWide = true;
     } else {
-        Take(text, "I32");
+        take(text, "I32");
     }
 }
 
-bool TakeConversion(std::string_view& text, MessageInsert& insert)
+bool takeConversion(std::string_view& text, MessageInsert& insert)
 {
     bool isWide = false, is64 = false;
-    TakeSize(text, insert, isWide, is64);
+    takeSize(text, insert, isWide, is64);
     if (text.empty()) return false;
     insert.conversion = text.front();
     text.remove_prefix(1);
@@ -77,24 +77,24 @@ bool TakeConversion(std::string_view& text, MessageInsert& insert)
     }
 }
 
-bool TakeForm(std::string_view& text, MessageInsert& insert)
+bool takeForm(std::string_view& text, MessageInsert& insert)
 {
     const auto flagsEnd = std::min(text.find_first_not_of("-+0# "), text.size());
     insert.flags = text.substr(0, std::min<std::size_t>(flagsEnd, 8));
     text.remove_prefix(flagsEnd);
-    insert.starWidth = Take(text, "*");
-    if (!insert.starWidth) insert.width = TakeNumber(text, MessageInsert::maxWidth);
-    if (Take(text, ".")) {
-        insert.starPrecision = Take(text, "*");
-        if (!insert.starPrecision) insert.precision = std::max(TakeNumber(text, MessageInsert::maxWidth), 0);
+    insert.starWidth = take(text, "*");
+    if (!insert.starWidth) insert.width = takeNumber(text, MessageInsert::maxWidth);
+    if (take(text, ".")) {
+        insert.starPrecision = take(text, "*");
+        if (!insert.starPrecision) insert.precision = std::max(takeNumber(text, MessageInsert::maxWidth), 0);
     }
-    return TakeConversion(text, insert) && Take(text, "!");
+    return takeConversion(text, insert) && take(text, "!");
 }
 
 using Arguments = std::array<FormatArgument, MessageInsert::maxNumber + 1>;
 
 // Takes the arguments off the list in order, each by the kind that the text gives it.
-Arguments Collect(std::string_view text, va_list args)
+Arguments collect(std::string_view text, va_list args)
 {
     std::array<ArgumentKind, MessageInsert::maxNumber + 1> kinds{};
     int last = 0;
@@ -125,7 +125,7 @@ Arguments Collect(std::string_view text, va_list args)
     return values;
 }
 
-std::string FormOf(const MessageInsert& insert, const Arguments& values)
+std::string formOf(const MessageInsert& insert, const Arguments& values)
 {
     std::size_t number = static_cast<std::size_t>(insert.number);
     const auto star = [&] {
@@ -153,7 +153,7 @@ std::string FormOf(const MessageInsert& insert, const Arguments& values)
 }
 
 // What a percent sign and another character stand for; false ends the text.
-bool AppendEscape(CString& result, char escape)
+bool appendEscape(CString& result, char escape)
 {
     if (escape == '0') return false;
     if (escape == 'n')
@@ -180,12 +180,12 @@ MessageInsert MessageInsert::Parse(std::string_view text)
     if (rest.empty() || rest.front() < '1' || rest.front() > '9') return insert;
     std::string_view digits = rest.substr(0, 2);
     const std::size_t digitsTaken = digits.size();
-    insert.number = TakeNumber(digits, maxNumber);
+    insert.number = takeNumber(digits, maxNumber);
     rest.remove_prefix(digitsTaken - digits.size());
     insert.length = text.size() - rest.size();
-    if (!Take(rest, "!")) return insert;
+    if (!take(rest, "!")) return insert;
     MessageInsert formed = insert;
-    if (!TakeForm(rest, formed) || formed.ValueNumber() > maxNumber) return insert;
+    if (!takeForm(rest, formed) || formed.ValueNumber() > maxNumber) return insert;
     formed.length = text.size() - rest.size();
     return formed;
 }
@@ -200,7 +200,7 @@ CString MessageText::Of(std::string_view text, const Arguments& values)
         if (at == text.size()) break;
         const MessageInsert insert = MessageInsert::Parse(text.substr(at));
         if (insert.length > 0) {
-            part.FormatList(FormOf(insert, values).c_str(),
+            part.FormatList(formOf(insert, values).c_str(),
                             {&values[static_cast<std::size_t>(insert.ValueNumber())], 1});
             result += part;
             at += insert.length;
@@ -208,7 +208,7 @@ CString MessageText::Of(std::string_view text, const Arguments& values)
             result += '%';
             break;
         } else {
-            if (!AppendEscape(result, text[at + 1])) break;
+            if (!appendEscape(result, text[at + 1])) break;
             at += 2;
         }
     }
@@ -222,7 +222,7 @@ using namespace corekit::detail;
 void CString::FormatMessageV(const char* format, va_list args)
 {
     if (!format) format = "";
-    *this = MessageText::Of(format, Collect(format, args));
+    *this = MessageText::Of(format, collect(format, args));
 }
 
 void CString::FormatMessageList(const char* format, FormatArguments args)

@@ -22,20 +22,20 @@ constinit std::span<const ResourceString> programStrings;
 constinit std::span<const BinaryResource> programResources;
 constinit std::span<const DialogTemplate> programDialogs;
 
-bool Ascending(std::span<const ResourceString> strings)
+bool ascending(std::span<const ResourceString> strings)
 {
     return std::ranges::adjacent_find(strings, std::ranges::greater_equal{}, &ResourceString::id) ==
            strings.end();
 }
 
-const char* FindIn(std::span<const ResourceString> strings, UINT id)
+const char* findIn(std::span<const ResourceString> strings, UINT id)
 {
     const auto row = std::ranges::lower_bound(strings, id, {}, &ResourceString::id);
     return row != strings.end() && row->id == id ? row->text : nullptr;
 }
 
 // A name as a module writes it; a pointer that is no pointer is a number.
-std::string ResourceName(const char* name)
+std::string resourceName(const char* name)
 {
     const auto number = reinterpret_cast<std::uintptr_t>(name);
     return number < 0x10000 ? "#" + std::to_string(number) : name;
@@ -43,10 +43,10 @@ std::string ResourceName(const char* name)
 
 // Hands the text over while its module is held in place.
 template <class Use>
-bool UseText(UINT id, Use use)
+bool useText(UINT id, Use use)
 {
     const auto found = [&](std::span<const ResourceString> strings) {
-        const char* text = FindIn(strings, id);
+        const char* text = findIn(strings, id);
         if (text) use(text);
         return text != nullptr;
     };
@@ -57,18 +57,18 @@ bool UseText(UINT id, Use use)
     return CDynLinkLibrary::Visit([&](const CDynLinkLibrary& library) { return found(library.m_strings); });
 }
 
-void Insert(CString& result, UINT id, std::initializer_list<const char*> inserts)
+void insert(CString& result, UINT id, std::initializer_list<const char*> inserts)
 {
     CString format;
     format.LoadString(id);
-    result = corekit::detail::ReplaceInserts(format, inserts);
+    result = corekit::detail::replaceInserts(format, inserts);
 }
 } // namespace
 
 BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& module, HINSTANCE instance)
 {
     if (module.bInitialized) return TRUE;
-    if (!Ascending(module.strings)) return FALSE;
+    if (!ascending(module.strings)) return FALSE;
     module.hModule = module.hResource = instance ? instance : reinterpret_cast<HINSTANCE>(&module);
     module.bInitialized = TRUE;
     return TRUE;
@@ -96,7 +96,7 @@ void AfxTermExtensionModule(AFX_EXTENSION_MODULE& module, BOOL)
 
 BOOL AfxSetResourceStrings(std::span<const ResourceString> strings)
 {
-    if (!Ascending(strings)) return FALSE;
+    if (!ascending(strings)) return FALSE;
     const std::lock_guard guard(chainLock);
     programStrings = strings;
     return TRUE;
@@ -111,7 +111,7 @@ void AfxSetResources(std::span<const BinaryResource> resources)
 bool AfxUseResource(const char* name, const char* type,
                     const std::function<void(std::span<const std::byte>)>& use)
 {
-    const std::string wantedName = ResourceName(name), wantedType = ResourceName(type);
+    const std::string wantedName = resourceName(name), wantedType = resourceName(type);
     const auto found = [&](std::span<const BinaryResource> resources) {
         const auto row = std::ranges::find_if(resources, [&](const BinaryResource& resource) {
             return _stricmp(resource.name, wantedName.c_str()) == 0 &&
@@ -189,7 +189,7 @@ int AfxLoadString(UINT id, char* buffer, UINT size)
 {
     if (!buffer || size == 0) return 0;
     std::size_t length = 0;
-    UseText(id, [&](const char* text) {
+    useText(id, [&](const char* text) {
         length = strnlen(text, size - 1);
         std::memcpy(buffer, text, length);
     });
@@ -200,11 +200,11 @@ int AfxLoadString(UINT id, char* buffer, UINT size)
 bool CString::LoadString(UINT id)
 {
     Empty();
-    return UseText(id, [this](const char* text) { *this = text; });
+    return useText(id, [this](const char* text) { *this = text; });
 }
 
-void AfxFormatString1(CString& result, UINT id, const char* insert1) { Insert(result, id, {insert1}); }
+void AfxFormatString1(CString& result, UINT id, const char* insert1) { insert(result, id, {insert1}); }
 void AfxFormatString2(CString& result, UINT id, const char* insert1, const char* insert2)
 {
-    Insert(result, id, {insert1, insert2});
+    insert(result, id, {insert1, insert2});
 }

@@ -20,7 +20,7 @@ struct CString::Block {
 };
 
 namespace {
-std::string_view View(const char* text) { return text ? std::string_view(text) : std::string_view(); }
+std::string_view view(const char* text) { return text ? std::string_view(text) : std::string_view(); }
 
 int Length(std::string_view text)
 {
@@ -97,7 +97,7 @@ CString::CString(const CString& other) noexcept : m_text(other.m_text)
     if (block->refs.load(std::memory_order_relaxed) > 0) block->refs.fetch_add(1, std::memory_order_relaxed);
 }
 
-CString::CString(const char* text) : CString() { Assign(text, Length(View(text))); }
+CString::CString(const char* text) : CString() { Assign(text, Length(view(text))); }
 CString::CString(const unsigned char* text) : CString(reinterpret_cast<const char*>(text)) {}
 CString::CString(const char* text, int length) : CString() { Assign(text, text ? length : 0); }
 CString::CString(char ch, int count) : CString()
@@ -115,7 +115,7 @@ CString& CString::operator=(CString&& other) noexcept
 }
 CString& CString::operator=(const char* text)
 {
-    Assign(text, Length(View(text)));
+    Assign(text, Length(view(text)));
     return *this;
 }
 CString& CString::operator=(char ch)
@@ -152,7 +152,7 @@ CString& CString::operator+=(const CString& other)
 }
 CString& CString::operator+=(const char* text)
 {
-    Append(text, Length(View(text)));
+    Append(text, Length(view(text)));
     return *this;
 }
 CString& CString::operator+=(char ch)
@@ -198,11 +198,11 @@ int CString::Find(const char* text, int start) const noexcept
 {
     if (start < 0) return -1;
     return Index(std::string_view(m_text, static_cast<std::size_t>(GetLength()))
-                     .find(View(text), static_cast<std::size_t>(start)));
+                     .find(view(text), static_cast<std::size_t>(start)));
 }
 int CString::FindOneOf(const char* set) const noexcept
 {
-    return Index(std::string_view(m_text, static_cast<std::size_t>(GetLength())).find_first_of(View(set)));
+    return Index(std::string_view(m_text, static_cast<std::size_t>(GetLength())).find_first_of(view(set)));
 }
 int CString::ReverseFind(char ch) const noexcept
 {
@@ -239,7 +239,7 @@ void CString::TrimRight() { TrimRight(whiteSpace); }
 void CString::TrimRight(const char* set)
 {
     const std::string_view text(m_text, static_cast<std::size_t>(GetLength()));
-    *this = Left(Index(text.find_last_not_of(View(set))) + 1);
+    *this = Left(Index(text.find_last_not_of(view(set))) + 1);
 }
 
 int CString::Replace(char from, char to)
@@ -253,7 +253,7 @@ int CString::Replace(char from, char to)
 
 int CString::Replace(const char* from, const char* to)
 {
-    const std::string_view what = View(from), with = View(to);
+    const std::string_view what = view(from), with = view(to);
     if (what.empty()) return 0;
     const std::string_view text(m_text, static_cast<std::size_t>(GetLength()));
     CString result;

@@ -8,14 +8,14 @@ void CString::FormatFrom(const char* format, const FormatSource& source)
 {
     char small[256];
     if (!format) format = "";
-    const int length = WriteFormat({small, small + sizeof small}, format, source).length;
+    const int length = writeFormat({small, small + sizeof small}, format, source).length;
     if (length <= static_cast<int>(sizeof small)) {
         *this = CString(small, length);
         return;
     }
     CString result; // the arguments may lie in this one
     char* const text = result.GetBufferSetLength(length);
-    WriteFormat({text, text + length}, format, source);
+    writeFormat({text, text + length}, format, source);
     *this = std::move(result);
 }
 

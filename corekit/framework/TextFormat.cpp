@@ -63,7 +63,7 @@ struct Value {
 };
 
 template <class Ch>
-int ReadNumber(const Ch*& p)
+int readNumber(const Ch*& p)
 {
     LONGLONG n = 0;
     for (; *p >= '0' && *p <= '9'; ++p) n = std::min<LONGLONG>(n * 10 + (*p - '0'), INT_MAX);
@@ -71,18 +71,18 @@ int ReadNumber(const Ch*& p)
 }
 
 template <class Ch>
-constexpr bool IsOneOf(Ch ch, std::string_view set)
+constexpr bool isOneOf(Ch ch, std::string_view set)
 {
     return std::any_of(set.begin(), set.end(), [ch](char c) { return static_cast<Ch>(c) == ch; });
 }
 
-int StarNumber(FormatSource& args)
+int starNumber(FormatSource& args)
 {
     return static_cast<int>(std::clamp<LONGLONG>(args.Next<int>().Integer(), INT_MIN, INT_MAX));
 }
 
 template <class Ch>
-void ReadFlagsAndWidth(const Ch*& p, Item<Ch>& item, FormatSource& args)
+void readFlagsAndWidth(const Ch*& p, Item<Ch>& item, FormatSource& args)
 {
     for (;; ++p) {
         switch (*p) {
@@ -102,21 +102,21 @@ void ReadFlagsAndWidth(const Ch*& p, Item<Ch>& item, FormatSource& args)
             ++item.hashes;
             continue;
         case '*':
-            item.width = StarNumber(args);
+            item.width = starNumber(args);
             continue;
         default:
             break;
         }
         break;
     }
-    if (item.width == 0) item.width = ReadNumber(p);
+    if (item.width == 0) item.width = readNumber(p);
     if (*p != '.') return;
     item.hasPrecision = true;
     if (*++p == '*') {
         ++p;
-        item.precision = StarNumber(args);
+        item.precision = starNumber(args);
     } else {
-        item.precision = ReadNumber(p);
+        item.precision = readNumber(p);
     }
 }
 
@@ -125,21 +125,21 @@ constexpr std::string_view integerLetters = "diouxX";
 // The size prefixes beyond one of F, L, N, h and l: how many characters, 0 if there is none. No room is
 // reserved for an item that has one.
 template <class Ch>
-int LongPrefix(const Ch* p, Size& size)
+int longPrefix(const Ch* p, Size& size)
 {
     size = p[0] == 'h' ? Size::Char : Size::LongLong;
-    if ((p[0] == 'h' || p[0] == 'l') && p[1] == p[0] && IsOneOf(p[2], integerLetters)) return 2;
-    if (IsOneOf(p[0], "jzt") && IsOneOf(p[1], integerLetters)) return 1;
-    if (p[0] == 'I' && p[1] == '6' && p[2] == '4' && IsOneOf(p[3], integerLetters)) return 3;
+    if ((p[0] == 'h' || p[0] == 'l') && p[1] == p[0] && isOneOf(p[2], integerLetters)) return 2;
+    if (isOneOf(p[0], "jzt") && isOneOf(p[1], integerLetters)) return 1;
+    if (p[0] == 'I' && p[1] == '6' && p[2] == '4' && isOneOf(p[3], integerLetters)) return 3;
     size = Size::None;
     return 0;
 }
 
 // Reads a size prefix. Where the text from which characters count as plain begins early, that place.
 template <class Ch>
-const Ch* ReadSize(const Ch*& p, Item<Ch>& item)
+const Ch* readSize(const Ch*& p, Item<Ch>& item)
 {
-    if (const int length = LongPrefix(p, item.size)) {
+    if (const int length = longPrefix(p, item.size)) {
         // Only the first letter of it, or both of hh and ll, pass for size and conversion; the rest is plain
         // text.
         const Ch* const counts = p + (length == 2 ? 2 : 1);
@@ -149,14 +149,14 @@ const Ch* ReadSize(const Ch*& p, Item<Ch>& item)
     }
     if (*p == 'h' || *p == 'l') {
         item.size = *p++ == 'h' ? Size::Short : Size::Long;
-    } else if (*p == 'L' || (IsOneOf(*p, "FN") && IsOneOf(p[1], "cCsSdiouxXpnefgG"))) {
+    } else if (*p == 'L' || (isOneOf(*p, "FN") && isOneOf(p[1], "cCsSdiouxXpnefgG"))) {
         item.size = *p++ == 'L' ? Size::LongDouble : Size::None;
     }
     return nullptr;
 }
 
 template <class Ch>
-Kind TextKind(char letter, Size size)
+Kind textKind(char letter, Size size)
 {
     const bool isWide = size == Size::Long || (size != Size::Short && (sizeof(Ch) > 1 || letter < 'a'));
     if (letter == 'c' || letter == 'C') return isWide ? Kind::WideChar : Kind::NarrowChar;
@@ -164,14 +164,14 @@ Kind TextKind(char letter, Size size)
 }
 
 template <class Ch>
-Kind KindOf(char letter, Size size)
+Kind kindOf(char letter, Size size)
 {
     switch (letter) {
     case 'c':
     case 'C':
     case 's':
     case 'S':
-        return TextKind<Ch>(letter, size);
+        return textKind<Ch>(letter, size);
     case 'd':
     case 'i':
         return Kind::Signed;
@@ -185,18 +185,18 @@ Kind KindOf(char letter, Size size)
     case 'n':
         return Kind::Count;
     default:
-        return IsOneOf(letter, "efgGEFaA") ? Kind::Real : Kind::Unknown;
+        return isOneOf(letter, "efgGEFaA") ? Kind::Real : Kind::Unknown;
     }
 }
 
 template <class Ch>
-void ReadConversion(const Ch*& p, Item<Ch>& item)
+void readConversion(const Ch*& p, Item<Ch>& item)
 {
     const Ch* counts = nullptr;
-    if (IsOneOf(*p, "hljztILFN")) counts = ReadSize(p, item);
+    if (isOneOf(*p, "hljztILFN")) counts = readSize(p, item);
     item.letter = *p > 0 && *p < 0x80 ? static_cast<char>(*p) : '\0';
-    item.kind = KindOf<Ch>(item.letter, item.size);
-    if (item.kind == Kind::Unknown || IsOneOf(item.letter, "EFaA")) item.hasRoom = false;
+    item.kind = kindOf<Ch>(item.letter, item.size);
+    if (item.kind == Kind::Unknown || isOneOf(item.letter, "EFaA")) item.hasRoom = false;
     if (*p) ++p;
     item.end = p;
     item.counts = counts ? counts : p;
@@ -230,7 +230,7 @@ FormatArgument Next(const Item<Ch>& item, FormatSource& args)
     return {};
 }
 
-long double RealOf(const FormatArgument& argument)
+long double realOf(const FormatArgument& argument)
 {
     if (argument.GetType() == Type::real) return argument.Real();
     const LONGLONG integer = argument.Integer();
@@ -238,7 +238,7 @@ long double RealOf(const FormatArgument& argument)
                                : static_cast<long double>(static_cast<DWORDLONG>(integer));
 }
 
-LONGLONG IntegerOf(const FormatArgument& argument)
+LONGLONG integerOf(const FormatArgument& argument)
 {
     if (argument.GetType() != Type::real) return argument.Integer();
     constexpr long double limit = 0x1p63L;
@@ -247,13 +247,13 @@ LONGLONG IntegerOf(const FormatArgument& argument)
 }
 
 // An integer of so many bits, seen with or without a sign.
-LONGLONG OfBits(LONGLONG value, int bits, bool isSigned)
+LONGLONG ofBits(LONGLONG value, int bits, bool isSigned)
 {
     const auto up = static_cast<DWORDLONG>(value) << (64 - bits);
     return isSigned ? static_cast<LONGLONG>(up) >> (64 - bits) : static_cast<LONGLONG>(up >> (64 - bits));
 }
 
-int BitsOf(Size size, const FormatArgument& argument)
+int bitsOf(Size size, const FormatArgument& argument)
 {
     if (size == Size::Char) return 8;
     if (size == Size::Short) return 16;
@@ -261,13 +261,13 @@ int BitsOf(Size size, const FormatArgument& argument)
 }
 
 // A text of the width that it has; without a type, of the width of the letter. Numbers are written.
-Value TextOf(Kind kind, const FormatArgument& argument)
+Value textOf(Kind kind, const FormatArgument& argument)
 {
     Value value;
     switch (argument.GetType()) {
     case Type::integer:
         value.kind = argument.IsSigned() ? Kind::Signed : Kind::Unsigned;
-        value.integer = OfBits(argument.Integer(), argument.Bits(), argument.IsSigned());
+        value.integer = ofBits(argument.Integer(), argument.Bits(), argument.IsSigned());
         break;
     case Type::real:
         value.kind = Kind::Real;
@@ -285,7 +285,7 @@ Value TextOf(Kind kind, const FormatArgument& argument)
 }
 
 template <class Ch>
-Value Take(const Item<Ch>& item, FormatSource& args)
+Value take(const Item<Ch>& item, FormatSource& args)
 {
     const FormatArgument argument = Next(item, args);
     Value value;
@@ -293,18 +293,18 @@ Value Take(const Item<Ch>& item, FormatSource& args)
     switch (item.kind) {
     case Kind::Signed:
     case Kind::Unsigned:
-        value.integer = OfBits(IntegerOf(argument), BitsOf(item.size, argument), item.kind == Kind::Signed);
+        value.integer = ofBits(integerOf(argument), bitsOf(item.size, argument), item.kind == Kind::Signed);
         break;
     case Kind::Real:
-        value.real = RealOf(argument);
+        value.real = realOf(argument);
         break;
     case Kind::NarrowChar:
     case Kind::WideChar:
-        value.integer = IntegerOf(argument);
+        value.integer = integerOf(argument);
         break;
     case Kind::NarrowText:
     case Kind::WideText:
-        return TextOf(item.kind, argument);
+        return textOf(item.kind, argument);
     case Kind::Pointer:
         value.pointer = reinterpret_cast<const void*>(static_cast<std::intptr_t>(argument.Integer()));
         break;
@@ -315,7 +315,7 @@ Value Take(const Item<Ch>& item, FormatSource& args)
 }
 
 template <class Ch>
-int BoundedLength(const Ch* p, int most)
+int boundedLength(const Ch* p, int most)
 {
     return most < 0 ? CountedLength(TextLength(p)) : TextLength(p, most);
 }
@@ -376,8 +376,8 @@ struct Meter {
         if (!value.pointer) return 6;
         Look(value.pointer);
         const int most = precision > 0 ? precision : -1;
-        return value.kind == Kind::NarrowText ? BoundedLength(value.narrow(), most)
-                                              : BoundedLength(value.wide(), most);
+        return value.kind == Kind::NarrowText ? boundedLength(value.narrow(), most)
+                                              : boundedLength(value.wide(), most);
     }
 
     void Look(const void* text)
@@ -461,7 +461,7 @@ struct Writer {
     template <class Unit>
     static std::basic_string_view<Unit> Bounded(const Unit* p, int precision)
     {
-        return {p, static_cast<std::size_t>(BoundedLength(p, precision))};
+        return {p, static_cast<std::size_t>(boundedLength(p, precision))};
     }
 
     void Narrow(const Item<Ch>& item, std::string_view text)
@@ -607,14 +607,14 @@ private:
             if (argument->GetType() != (sizeof(Ch) == 1 ? Type::narrow : Type::wide)) return false;
             const auto* const text = static_cast<const Ch*>(argument->Pointer());
             if (!text) return false;
-            const auto length = static_cast<std::size_t>(BoundedLength(text, -1));
+            const auto length = static_cast<std::size_t>(boundedLength(text, -1));
             m_meter.Look(text);
             m_meter.items += std::max(static_cast<LONGLONG>(length), LONGLONG{1});
             m_writer.Put(text, length);
         } else {
             if ((letter != 'd' && letter != 'u') || argument->GetType() != Type::integer) return false;
             m_meter.items += roomOfNumber;
-            m_writer.Decimal(OfBits(argument->Integer(), argument->Bits(), letter == 'd'), letter == 'd');
+            m_writer.Decimal(ofBits(argument->Integer(), argument->Bits(), letter == 'd'), letter == 'd');
         }
         m_args.SkipKnown();
         return true;
@@ -624,9 +624,9 @@ private:
     {
         Item<Ch> item{};
         const Ch* const percent = p++;
-        ReadFlagsAndWidth(p, item, m_args);
-        ReadConversion(p, item);
-        const Value value = Take(item, m_args);
+        readFlagsAndWidth(p, item, m_args);
+        readConversion(p, item);
+        const Value value = take(item, m_args);
         m_hasCharacter |= value.kind == Kind::NarrowChar || value.kind == Kind::WideChar;
         m_meter.Convert(item, value);
         m_meter.Bound(); // what no memory can hold is not written
@@ -644,12 +644,12 @@ private:
 
 } // namespace
 
-FormatResult WriteFormat(BufferRange<char> out, const char* format, const FormatSource& source,
+FormatResult writeFormat(BufferRange<char> out, const char* format, const FormatSource& source,
                          BufferRange<char> own)
 {
     return Walk<char>(out, format, source, own).Run();
 }
-FormatResult WriteFormat(BufferRange<WCHAR> out, const WCHAR* format, const FormatSource& source,
+FormatResult writeFormat(BufferRange<WCHAR> out, const WCHAR* format, const FormatSource& source,
                          BufferRange<WCHAR> own)
 {
     return Walk<WCHAR>(out, format, source, own).Run();

@@ -61,9 +61,9 @@ struct FormatResult {
 };
 
 // Formats into `out` as much as fits, without a terminator. Only a text that is longer needs a second call.
-FormatResult WriteFormat(BufferRange<char> out, const char* format, const FormatSource& source,
+FormatResult writeFormat(BufferRange<char> out, const char* format, const FormatSource& source,
                          BufferRange<char> own = {});
-FormatResult WriteFormat(BufferRange<WCHAR> out, const WCHAR* format, const FormatSource& source,
+FormatResult writeFormat(BufferRange<WCHAR> out, const WCHAR* format, const FormatSource& source,
                          BufferRange<WCHAR> own = {});
 
 } // namespace corekit::detail

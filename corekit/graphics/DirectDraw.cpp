@@ -9,7 +9,7 @@ IMPLEMENT_DYNAMIC(CDirectDrawPalette, CObject)
 namespace {
 
 template <typename Interface>
-void GiveUp(Interface*& object)
+void giveUp(Interface*& object)
 {
     if (Interface* const held = std::exchange(object, nullptr)) held->Release();
 }
@@ -92,7 +92,7 @@ HRESULT CDirectDraw::CreatePalette(DWORD flags, PALETTEENTRY* entries, CDirectDr
 
 HRESULT CDirectDraw::WaitForVBlank(DWORD flags) { return m_directDraw->WaitForVerticalBlank(flags, nullptr); }
 
-void CDirectDraw::Shutdown() { GiveUp(m_directDraw); }
+void CDirectDraw::Shutdown() { giveUp(m_directDraw); }
 
 HRESULT CDirectDrawSurface::AttachInterface(IDirectDrawSurface3* surface)
 {
@@ -169,9 +169,9 @@ HRESULT CDirectDrawSurface::SetPalette(CDirectDrawPalette& palette)
 
 HRESULT CDirectDrawSurface::Restore() { return m_surface->Restore(); }
 
-void CDirectDrawSurface::Delete() { GiveUp(m_surface); }
+void CDirectDrawSurface::Delete() { giveUp(m_surface); }
 
-void CDirectDrawSurface::SafeDelete() { GiveUp(m_surface); }
+void CDirectDrawSurface::SafeDelete() { giveUp(m_surface); }
 
 void CDirectDrawPalette::AttachInterface(IDirectDrawPalette* palette)
 {
@@ -179,6 +179,6 @@ void CDirectDrawPalette::AttachInterface(IDirectDrawPalette* palette)
     m_palette->AddRef();
 }
 
-void CDirectDrawPalette::Delete() { GiveUp(m_palette); }
+void CDirectDrawPalette::Delete() { giveUp(m_palette); }
 
-void CDirectDrawPalette::SafeDelete() { GiveUp(m_palette); }
+void CDirectDrawPalette::SafeDelete() { giveUp(m_palette); }

@@ -6,7 +6,7 @@ namespace {
 constinit decltype(&DirectDrawCreateEx) create = nullptr;
 constinit decltype(&DirectDrawEnumerateExA) enumerate = nullptr;
 
-BOOL AddDisplay(GUID* driver, char* description, char* name, void* context, HANDLE)
+BOOL addDisplay(GUID* driver, char* description, char* name, void* context, HANDLE)
 {
     auto& displays = *static_cast<CDXDisplayArray*>(context);
     if (!driver && displays.GetSize() > 0) return TRUE;
@@ -42,5 +42,5 @@ bool dxutil_EnumDisplays(CDXDisplayArray& out, bool attachedSecondary, bool deta
     out.RemoveAll();
     const DWORD flags = (attachedSecondary ? DDENUM_ATTACHEDSECONDARYDEVICES : 0) |
                         (detachedSecondary ? DDENUM_DETACHEDSECONDARYDEVICES : 0);
-    return enumerate(AddDisplay, &out, flags) == S_OK;
+    return enumerate(addDisplay, &out, flags) == S_OK;
 }

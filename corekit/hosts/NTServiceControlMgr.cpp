@@ -65,13 +65,13 @@ private:
     DWORD m_tag = 0;
 };
 
-DWORD Low(unsigned long value) { return static_cast<DWORD>(value); }
+DWORD low(unsigned long value) { return static_cast<DWORD>(value); }
 
 } // namespace
 
 int CNTServiceControlMgr::OpenLocal(unsigned long access)
 {
-    m_manager = OpenSCManagerA(nullptr, nullptr, Low(access));
+    m_manager = OpenSCManagerA(nullptr, nullptr, low(access));
     return m_manager != nullptr;
 }
 
@@ -100,8 +100,8 @@ int CNTServiceControlMgr::CreateServiceA(const char* name, const char* displayNa
     SC_HANDLE made = nullptr;
     {
         Tag tag(tagId);
-        made = ::CreateServiceA(m_manager, name, displayName, SERVICE_ALL_ACCESS, Low(serviceType),
-                                Low(startType), Low(errorControl), binaryPath, loadOrderGroup, tag.Get(),
+        made = ::CreateServiceA(m_manager, name, displayName, SERVICE_ALL_ACCESS, low(serviceType),
+                                low(startType), low(errorControl), binaryPath, loadOrderGroup, tag.Get(),
                                 NameList(dependencies).Get(), startName, password);
     }
     if (made) return CloseServiceHandle(made);
@@ -120,7 +120,7 @@ int CNTServiceControlMgr::ChangeServiceConfigA(const char* name, const char* dis
     const OpenService service(m_manager, name, SERVICE_ALL_ACCESS);
     if (!service) return 0;
     Tag tag(tagId);
-    return ::ChangeServiceConfigA(service, Low(serviceType), Low(startType), Low(errorControl), binaryPath,
+    return ::ChangeServiceConfigA(service, low(serviceType), low(startType), low(errorControl), binaryPath,
                                   loadOrderGroup, tag.Get(), NameList(dependencies).Get(), startName,
                                   password, displayName);
 }

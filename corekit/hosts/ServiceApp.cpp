@@ -34,7 +34,7 @@ constexpr const char* stateTexts[] = {
     "Service status set: SERVICE_PAUSED\n",
 };
 
-bool Is(const char* argument, const char* option) { return _stricmp(argument, option) == 0; }
+bool is(const char* argument, const char* option) { return _stricmp(argument, option) == 0; }
 
 } // namespace
 
@@ -56,11 +56,11 @@ int CServiceApp::RunConsoleApp(int argc, char** argv)
 {
     m_isConsole = false;
     while (argc > 0) {
-        if (Is(argv[0], "-help")) return ShowHelp(), 0;
-        if (Is(argv[0], "-about")) return ShowAbout(), 0;
-        if (Is(argv[0], "-console")) {
+        if (is(argv[0], "-help")) return ShowHelp(), 0;
+        if (is(argv[0], "-about")) return ShowAbout(), 0;
+        if (is(argv[0], "-console")) {
             m_isConsole = true;
-        } else if (Is(argv[0], "-debugbreak")) {
+        } else if (is(argv[0], "-debugbreak")) {
             const auto before = std::pair(argc, argv);
             const char* const argument = argv[0];
             if (!ParseArgument(&argc, &argv)) {

@@ -8,7 +8,7 @@ IMPLEMENT_DYNAMIC(CAlertSink, CObject)
 
 namespace {
 
-void WriteToLog(CLogTarget& log, eAlertCategory category, const char* text)
+void writeToLog(CLogTarget& log, eAlertCategory category, const char* text)
 {
     switch (category) {
     case alertInformation:
@@ -41,7 +41,7 @@ void CAlertSink::Alert(CAlertSink* sink, eAlertCategory category, const char* te
 {
     if (!sink) return;
     for (int i = 0; i < sink->m_hooks.GetSize(); ++i) sink->m_hooks[i](category, text);
-    if (sink->m_logTarget) WriteToLog(*sink->m_logTarget, category, text);
+    if (sink->m_logTarget) writeToLog(*sink->m_logTarget, category, text);
 }
 
 void CAlertSink::Alert(CAlertSink* sink, eAlertCategory category, unsigned int stringId)

@@ -15,7 +15,7 @@ constexpr std::size_t dateLength = 10;
 constexpr int firstDate = 19700101;
 constexpr long secondsPerDay = 86400;
 
-bool IsFile(const WIN32_FIND_DATAA& data)
+bool isFile(const WIN32_FIND_DATAA& data)
 {
     return !(data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && std::strcmp(data.cFileName, ".") != 0 &&
            std::strcmp(data.cFileName, "..") != 0;
@@ -45,7 +45,7 @@ std::vector<std::string> LogFileNames::Existing() const
     const HANDLE search = FindFirstFileA((m_stem + ".*.log").c_str(), &data);
     if (search == INVALID_HANDLE_VALUE) return paths;
     do
-        if (IsFile(data)) paths.push_back(folder + data.cFileName);
+        if (isFile(data)) paths.push_back(folder + data.cFileName);
     while (FindNextFileA(search, &data));
     FindClose(search);
     std::ranges::stable_sort(paths, {}, [this](const std::string& path) { return DateKey(path); });
@@ -77,6 +77,6 @@ int LogFileNames::DateKey(const std::string& path) const
     return static_cast<int>(std::clamp(std::strtol(date.c_str(), nullptr, 10), long{INT_MIN}, long{INT_MAX}));
 }
 
-long LogDay(long utc) { return time_UTCToLocal(utc) / secondsPerDay; }
+long logDay(long utc) { return time_UTCToLocal(utc) / secondsPerDay; }
 
 } // namespace corekit::detail

@@ -34,6 +34,6 @@ private:
 };
 
 // The local day that a time falls on, counted from 1970.
-long LogDay(long utc);
+long logDay(long utc);
 
 } // namespace corekit::detail

@@ -13,7 +13,7 @@ constexpr std::size_t timeLength = 19, levelAt = 21, levelLength = 16, textAt = 
 constexpr DWORD someLevel = 0x80000000;
 
 // "14:11:2026 18:30:05", digits and what is between them.
-bool IsTime(std::string_view text)
+bool isTime(std::string_view text)
 {
     constexpr std::string_view form = "00:00:0000 00:00:00";
     return std::ranges::equal(text, form, [](char c, char pattern) {
@@ -22,7 +22,7 @@ bool IsTime(std::string_view text)
 }
 
 // The machine's form of a path.
-std::string OnDisk(std::string path)
+std::string onDisk(std::string path)
 {
     std::ranges::replace(path, '\\', '/');
     return path;
@@ -32,7 +32,7 @@ std::string OnDisk(std::string path)
 
 LogLine ParseLogLine(std::string_view line)
 {
-    if (line.size() < textAt || !IsTime(line.substr(0, timeLength))) return {{}, 0, line};
+    if (line.size() < textAt || !isTime(line.substr(0, timeLength))) return {{}, 0, line};
     std::string_view name = line.substr(levelAt, levelLength);
     name = name.substr(0, name.find(' '));
     const DWORD level = corekit::LogLevelOfName(name);
@@ -79,7 +79,7 @@ bool CLogFollower::Next(std::string& line)
         if (next.empty()) return false;
         m_file.close();
         m_file.clear();
-        m_file.open(OnDisk(next), std::ios::binary);
+        m_file.open(onDisk(next), std::ios::binary);
         if (!m_file.is_open()) return false;
         m_path = next;
         m_started.clear();

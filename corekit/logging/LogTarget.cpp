@@ -19,15 +19,15 @@ using corekit::LogLevelField;
 using corekit::LogLevelName;
 using corekit::detail::AppendFile;
 using corekit::detail::Hold;
-using corekit::detail::LogDay;
+using corekit::detail::logDay;
 using corekit::detail::LogFileNames;
 
 constexpr std::size_t longestPiece = 1024;
 constexpr std::size_t keptRoom = 64 * 1024; // of the line buffer, from one message to the next
 
-std::string LastErrorText() { return GetLastErrorString().GetString(); }
+std::string lastErrorText() { return GetLastErrorString().GetString(); }
 
-std::string LossText(DWORD count, DWORD error)
+std::string lossText(DWORD count, DWORD error)
 {
     CString why = GetSystemErrorString(error);
     why.TrimRight();
@@ -57,7 +57,7 @@ int CLogTarget::CreateLogFile(const char* baseName, const char* directory, int d
     const long now = time_GetCurrentTime(0);
     *m_names = LogFileNames(baseName ? baseName : "", directory ? directory : "");
     m_isDaily = daily != 0;
-    m_fileDay = LogDay(now);
+    m_fileDay = logDay(now);
     if (!m_file->Open(PathAt(now).c_str())) return 0;
     m_lost = 0;
     m_isOpen = true;
@@ -95,7 +95,7 @@ void CLogTarget::WriteMessage(DWORD level, const char* text)
     const Hold hold(*this);
     if (!m_file->IsOpen()) return; // closed in the meantime
     const long now = time_GetCurrentTime(0);
-    if (m_isDaily && (now == m_stampTime ? m_stampDay : LogDay(now)) != m_fileDay) RollOver(now);
+    if (m_isDaily && (now == m_stampTime ? m_stampDay : logDay(now)) != m_fileDay) RollOver(now);
     WriteLogEntry(now, level, text ? text : "");
 }
 
@@ -117,7 +117,7 @@ void CLogTarget::Stamp(long now)
     CString stamp;
     time_FormatString(stamp, "%d:%m:%Y %H:%M:%S  ", now, 1);
     m_stamp = stamp;
-    m_stampDay = LogDay(now);
+    m_stampDay = logDay(now);
     m_stampTime = now;
 }
 
@@ -125,7 +125,7 @@ void CLogTarget::WriteLogEntry(long now, DWORD level, std::string_view text)
 {
     if (now != m_stampTime) Stamp(now);
     m_used = 0;
-    if (m_lost) AppendLine(logMajorError, LossText(m_lost, m_lostError));
+    if (m_lost) AppendLine(logMajorError, lossText(m_lost, m_lostError));
     for (; text.size() > longestPiece; text.remove_prefix(longestPiece))
         AppendLine(level, text.substr(0, longestPiece));
     AppendLine(level, text);
@@ -145,7 +145,7 @@ void CLogTarget::RollOver(long now)
     if (next.Open(PathAt(now).c_str())) {
         WriteLogEntry(now, logInformation, "Date rollover detected, log file closed.");
         *m_file = std::move(next);
-        m_fileDay = LogDay(now);
+        m_fileDay = logDay(now);
         WriteLogEntry(now, logInformation, "Log file opened after date rollover");
         LogInfoMsg(CoreKitVersionText());
         try {
@@ -155,7 +155,7 @@ void CLogTarget::RollOver(long now)
             throw;
         }
     } else {
-        WriteLogEntry(now, logMajorError, "Open next day's log file failed, " + LastErrorText());
+        WriteLogEntry(now, logMajorError, "Open next day's log file failed, " + lastErrorText());
     }
     DeleteOldFiles(now);
 }
@@ -178,5 +178,5 @@ void CLogTarget::DeleteOldFiles(long now)
     for (std::size_t i = 0; i + kept < files.size(); ++i)
         if (!DeleteFileA(files[i].c_str()))
             WriteLogEntry(now, logMajorError,
-                          "Delete old log file failed, " + LastErrorText() + ", " + files[i]);
+                          "Delete old log file failed, " + lastErrorText() + ", " + files[i]);
 }

@@ -17,15 +17,15 @@ using corekit::detail::FtpReader;
 constexpr DWORD timedWrite = 16 << 10;       // bytes
 constexpr DWORD replyLimit = 10 * 60 * 1000; // milliseconds that a reply may take, however it comes
 
-std::string_view View(const CString& text)
+std::string_view view(const CString& text)
 {
     return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
 }
 
 // What a line end would make of a name is a command of its own.
-bool IsOneLine(std::string_view text) { return text.find_first_of("\r\n") == text.npos; }
+bool isOneLine(std::string_view text) { return text.find_first_of("\r\n") == text.npos; }
 
-CString LastOf(const CStringArray& lines) { return lines.GetAt(lines.GetUpperBound()); }
+CString lastOf(const CStringArray& lines) { return lines.GetAt(lines.GetUpperBound()); }
 } // namespace
 
 CFtpClient::CFtpClient() : m_received(std::make_unique<FtpReader>()) {}
@@ -65,7 +65,7 @@ void CFtpClient::SetLastError(UINT id)
 void CFtpClient::SetLastError(UINT id, const CStringArray& lines)
 {
     m_lastError = LoadResourceString(id);
-    m_lastMessage = LastOf(lines);
+    m_lastMessage = lastOf(lines);
     LogString(1, m_lastError);
 }
 
@@ -119,7 +119,7 @@ int CFtpClient::WriteDataToSocket(XSocket& socket, const void* data, DWORD size)
 
 int CFtpClient::SendCommand(const char* command, const char* argument)
 {
-    if (!IsOneLine(command) || (argument && !IsOneLine(argument))) return Failed(message::ftpLineEndRefused);
+    if (!isOneLine(command) || (argument && !isOneLine(argument))) return Failed(message::ftpLineEndRefused);
     CString line(command);
     if (argument) {
         line += ' ';
@@ -163,7 +163,7 @@ int CFtpClient::GetServerMessage(CStringArray& lines)
         if (!ReadOneLine(line, start)) return 0;
         LogString(0, line);
         lines.Add(line);
-        if (corekit::detail::IsLastLineOfReply(View(line))) return 1;
+        if (corekit::detail::isLastLineOfReply(view(line))) return 1;
         taken += static_cast<std::size_t>(line.GetLength()) + corekit::detail::FtpListingSplitter::lineCost;
     }
     return BreakOff();
@@ -177,7 +177,7 @@ int CFtpClient::BreakOff()
     return Failed(message::ftpSocketFailed);
 }
 
-int CFtpClient::GetResultClass(const CStringArray& lines) { return LastOf(lines).GetAt(0) - '0'; }
+int CFtpClient::GetResultClass(const CStringArray& lines) { return lastOf(lines).GetAt(0) - '0'; }
 
 // A transfer has failed and its last reply is still to come. Without it every later reply would be taken for
 // the answer to another command, so a server that does not send it is left.
@@ -198,7 +198,7 @@ void CFtpClient::DropLateReply()
         DWORD received = 0;
         if (m_received->TakeLine(line)) {
             LogString(0, line);
-            m_expectsLateReply = !corekit::detail::IsLastLineOfReply(View(line));
+            m_expectsLateReply = !corekit::detail::isLastLineOfReply(view(line));
         } else if (m_socket->ReadSocket(m_received->Room(controlRead), controlRead, received, 0) &&
                    received > 0 && m_received->Bytes().size() <= FtpReader::mostReply) {
             m_received->Added(received);

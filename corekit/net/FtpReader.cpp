@@ -12,17 +12,17 @@ namespace {
 constexpr char cr = '\r';
 constexpr char endOfData = 4;
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-bool StartsWithCode(std::string_view line)
+bool startsWithCode(std::string_view line)
 {
-    return line.size() >= 4 && IsDigit(line[0]) && IsDigit(line[1]) && IsDigit(line[2]);
+    return line.size() >= 4 && isDigit(line[0]) && isDigit(line[1]) && isDigit(line[2]);
 }
 
-CString TextOf(std::string_view bytes) { return {bytes.data(), static_cast<int>(bytes.size())}; }
+CString textOf(std::string_view bytes) { return {bytes.data(), static_cast<int>(bytes.size())}; }
 
 // As atoi, but a number beyond all bounds is the largest.
-int NumberAt(std::string_view text)
+int numberAt(std::string_view text)
 {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
     if (text.starts_with('+')) text.remove_prefix(1);
@@ -34,16 +34,16 @@ int NumberAt(std::string_view text)
 
 } // namespace
 
-bool IsLastLineOfReply(std::string_view line) { return StartsWithCode(line) && line[3] == ' '; }
+bool isLastLineOfReply(std::string_view line) { return startsWithCode(line) && line[3] == ' '; }
 
-FtpPassiveAddress PassiveAddressIn(std::string_view line)
+FtpPassiveAddress passiveAddressIn(std::string_view line)
 {
     const std::size_t open = line.find('(');
     if (open != line.npos) line.remove_prefix(open + 1);
     line = line.substr(0, line.find(')'));
     int fields[6];
     for (int& field : fields) {
-        field = NumberAt(line);
+        field = numberAt(line);
         const std::size_t comma = line.find(',');
         if (comma != line.npos) line.remove_prefix(comma + 1);
     }
@@ -108,7 +108,7 @@ bool FtpReader::TakeLine(CString& line)
         m_searched = last;
         return false;
     }
-    line = TextOf(bytes.substr(0, end));
+    line = textOf(bytes.substr(0, end));
     Consume(end + 2);
     return true;
 }
@@ -125,12 +125,12 @@ FtpReader::Fast FtpReader::TakeFastLines(CStringArray& lines)
             return bytes.size() > mostReply ? Fast::isTooLarge : Fast::needsMore;
         }
         const std::string_view line = bytes.substr(0, end);
-        const bool isReply = StartsWithCode(line) && (line[3] == ' ' || line[3] == '-');
+        const bool isReply = startsWithCode(line) && (line[3] == ' ' || line[3] == '-');
         if (isReply) {
             m_searched = 0;
             return Fast::isWhole;
         }
-        lines.Add(TextOf(line));
+        lines.Add(textOf(line));
         const bool isEnd = bytes[end] == endOfData;
         Consume(end + (isEnd ? 1 : 2));
         if (isEnd) return Fast::isWhole;

@@ -11,7 +11,7 @@
 namespace corekit::detail {
 
 // A line that ends a reply: three digits and a blank.
-COREKIT_API bool IsLastLineOfReply(std::string_view line);
+COREKIT_API bool isLastLineOfReply(std::string_view line);
 
 // The address of a data connection.
 struct FtpPassiveAddress {
@@ -20,7 +20,7 @@ struct FtpPassiveAddress {
 };
 // From the last line of a reply to PASV: six numbers between parentheses. Whatever is there gives some
 // address.
-COREKIT_API FtpPassiveAddress PassiveAddressIn(std::string_view line);
+COREKIT_API FtpPassiveAddress passiveAddressIn(std::string_view line);
 
 // Splits the bytes of a listing into lines at CR and LF; empty lines vanish.
 class COREKIT_API FtpListingSplitter {

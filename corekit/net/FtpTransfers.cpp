@@ -21,15 +21,15 @@ using namespace corekit::detail;
 constexpr DWORD blockSize = 256 << 10; // bytes of file data that are moved at once
 constexpr DWORD fileReadLimit = 20000;
 
-std::unique_ptr<char[]> NewBlock(DWORD size = blockSize)
+std::unique_ptr<char[]> newBlock(DWORD size = blockSize)
 {
     return std::make_unique_for_overwrite<char[]>(size);
 }
 
-CString LastOf(const CStringArray& lines) { return lines.GetAt(lines.GetUpperBound()); }
+CString lastOf(const CStringArray& lines) { return lines.GetAt(lines.GetUpperBound()); }
 
 // How much came and how fast, since the stream was at `position` and the clock at `start`.
-CString Summary(const char* what, CStream& stream, DWORD position, DWORD start)
+CString summary(const char* what, CStream& stream, DWORD position, DWORD start)
 {
     const int ms = static_cast<int>(timeGetTime() - start);
     const int bytes = static_cast<int>(stream.GetCurrentPos() - position);
@@ -41,7 +41,7 @@ CString Summary(const char* what, CStream& stream, DWORD position, DWORD start)
 
 // The server's system may hold megabytes that the server has yet to take: its reply may come as much later as
 // they need at 64 kB a second.
-DWORD LimitAfterUpload(DWORD limit, DWORD sent)
+DWORD limitAfterUpload(DWORD limit, DWORD sent)
 {
     constexpr DWORD mostHeld = 8 << 20, bytesPerMillisecond = 64;
     const DWORD more = std::min(sent, mostHeld) / bytesPerMillisecond;
@@ -49,7 +49,7 @@ DWORD LimitAfterUpload(DWORD limit, DWORD sent)
 }
 
 // The server is to learn that what it has is not all.
-void CutOff(XSocket& socket)
+void cutOff(XSocket& socket)
 {
     const WORD atOnce[2] = {1, 0};
     constexpr int socketLevel = 0xFFFF, lingerOption = 0x80;
@@ -64,12 +64,12 @@ CFtpClient::Socket CFtpClient::SetupPassiveConnection()
 {
     CStringArray lines;
     if (!SendCommand("PASV", nullptr) || !GetServerMessage(lines)) return nullptr;
-    const CString line = LastOf(lines);
+    const CString line = lastOf(lines);
     if (line.Left(4) != "227 ") {
         SetLastError(message::ftpPassiveFailed, lines);
         return nullptr;
     }
-    FtpPassiveAddress told = PassiveAddressIn({line.GetString(), static_cast<std::size_t>(line.GetLength())});
+    FtpPassiveAddress told = passiveAddressIn({line.GetString(), static_cast<std::size_t>(line.GetLength())});
     sockaddr_in address{};
     if (m_dataToControlHost) {
         int length = sizeof address;
@@ -96,34 +96,34 @@ CFtpClient::Socket CFtpClient::SetupPassiveConnection()
 void CFtpClient::ReadSocketToArray(XSocket& socket, CStringArray& lines)
 {
     constexpr DWORD size = 0x4000;
-    const auto block = NewBlock(size);
+    const auto block = newBlock(size);
     FtpListingSplitter splitter(lines);
     DWORD received = 0;
     while (socket.ReadSocket(block.get(), size, received, static_cast<int>(Within(m_timeout)))) {
         if (received == 0) return splitter.End();
-        if (IsTimeOver() || !splitter.Add({block.get(), received})) return CutOff(socket);
+        if (IsTimeOver() || !splitter.Add({block.get(), received})) return cutOff(socket);
     }
 }
 
 int CFtpClient::ReadSocketToStream(XSocket& socket, CStream& stream)
 {
     const DWORD position = stream.GetCurrentPos(), start = timeGetTime();
-    const auto block = NewBlock();
+    const auto block = newBlock();
     for (DWORD received = 0;;) {
         if (!socket.ReadSocket(block.get(), blockSize, received, static_cast<int>(Within(fileReadLimit))))
             return 0;
         if (received == 0) break;
-        if (IsTimeOver()) return CutOff(socket), 0;
+        if (IsTimeOver()) return cutOff(socket), 0;
         stream.Write(block.get(), received);
     }
-    LogString(0, Summary("Connection closed", stream, position, start));
+    LogString(0, summary("Connection closed", stream, position, start));
     return 1;
 }
 
 int CFtpClient::WriteStreamToSocket(XSocket& socket, CStream& stream, DWORD& sent)
 {
     const DWORD total = stream.GetSize();
-    const auto block = NewBlock();
+    const auto block = newBlock();
     for (DWORD position = stream.GetCurrentPos(); position < total;) {
         const DWORD part = std::min(total - position, blockSize);
         stream.Read(block.get(), part);
@@ -173,7 +173,7 @@ int CFtpClient::GetDirList_Passive(const char* command, CStringArray& lines)
     CStringArray reply;
     if (!data || !SendCommand(command, nullptr) || !GetServerMessage(reply)) return 0;
     if (GetResultClass(reply) != 1) // a folder without files has no listing
-        return LastOf(reply).Left(3) == "450" ? 1 : Failed(message::ftpListFailed, reply);
+        return lastOf(reply).Left(3) == "450" ? 1 : Failed(message::ftpListFailed, reply);
     ReadSocketToArray(*data, lines);
     data.reset();
     if (IsTimeOver()) return BreakOff();
@@ -261,7 +261,7 @@ int CFtpClient::ReadFastModeData(CStream& stream)
     const DWORD position = stream.GetCurrentPos(), start = timeGetTime();
     while (m_received->TakeFastData(stream) != FtpReader::Fast::isWhole)
         if (!GetMoreData(blockSize, m_timeout)) return 0;
-    LogString(0, Summary("Transfer complete", stream, position, start));
+    LogString(0, summary("Transfer complete", stream, position, start));
     return 1;
 }
 
@@ -296,19 +296,19 @@ int CFtpClient::Upload_Passive(const char* name, CStream& stream)
     DWORD sent = 0;
     try {
         if (!WriteStreamToSocket(*data, stream, sent) || !AwaitTaken(*data)) {
-            CutOff(*data);
+            cutOff(*data);
             m_expectsLateReply = true;
             return 0;
         }
     } catch (CException*) {
         // A server that has seen nothing yet may wait for a connection that was cut, and for ever.
-        if (sent > 0) CutOff(*data);
+        if (sent > 0) cutOff(*data);
         data.reset();
         ReadOwedReply();
         throw;
     }
     data.reset(); // so the server learns of the end
-    const DWORD limit = std::exchange(m_timeout, LimitAfterUpload(m_timeout, sent));
+    const DWORD limit = std::exchange(m_timeout, limitAfterUpload(m_timeout, sent));
     const int isAnswered = GetServerMessage(reply);
     m_timeout = limit;
     if (!isAnswered) return 0;

@@ -10,7 +10,7 @@
 IMPLEMENT_DYNAMIC(XSocket, CObject)
 
 namespace {
-HANDLE AsHandle(SOCKET socket)
+HANDLE asHandle(SOCKET socket)
 {
     return reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(static_cast<int>(socket)));
 }
@@ -21,7 +21,7 @@ XSocket::~XSocket()
     if (IsOpen()) Close();
 }
 
-XSocket::operator void*() const { return AsHandle(m_hSocket); }
+XSocket::operator void*() const { return asHandle(m_hSocket); }
 
 int XSocket::Create(int family, int type, int protocol, unsigned long flags, int noDelay)
 {
@@ -84,7 +84,7 @@ void XSocket::Close()
 }
 
 unsigned int XSocket::Detach() { return std::exchange(m_hSocket, INVALID_SOCKET); }
-void* XSocket::DetachHandle() { return AsHandle(Detach()); }
+void* XSocket::DetachHandle() { return asHandle(Detach()); }
 
 int XSocket::ConnectTCPStream(const char* host, int port, unsigned long flags, int noDelay)
 {

@@ -18,10 +18,10 @@ namespace detail {
 
 // Makes the folder and those above it that are missing, for this user alone unless they lie below /var.
 // False with errno set.
-bool MakeFolder(const std::string& path);
+bool makeFolder(const std::string& path);
 
 // Whether the path lies where the system keeps what all its users share.
-bool IsOfSystem(const std::string& path);
+bool isOfSystem(const std::string& path);
 
 } // namespace detail
 } // namespace corekit

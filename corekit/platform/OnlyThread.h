@@ -6,6 +6,6 @@
 namespace corekit::detail {
 
 // Answers for now: to start a thread makes all that was written before visible to it.
-inline bool OnlyThread() { return __gnu_cxx::__is_single_threaded(); }
+inline bool onlyThread() { return __gnu_cxx::__is_single_threaded(); }
 
 } // namespace corekit::detail

@@ -23,13 +23,13 @@ struct TextPlace {
 };
 
 // Each stops at a character that it leaves, at one that the room may not hold, or at the end of the text.
-COREKIT_API TextPlace<char, WCHAR> WidenUtf8(Utf8Forms forms, std::string_view text, WCHAR* to,
+COREKIT_API TextPlace<char, WCHAR> widenUtf8(Utf8Forms forms, std::string_view text, WCHAR* to,
                                              std::size_t room);
-COREKIT_API TextPlace<WCHAR, char> NarrowUtf8(Utf8Forms forms, std::u16string_view text, char* to,
+COREKIT_API TextPlace<WCHAR, char> narrowUtf8(Utf8Forms forms, std::u16string_view text, char* to,
                                               std::size_t room);
 
 // How many bytes a text becomes whose surrogates count one by one, and how many units at most.
-COREKIT_API std::size_t Utf8Length(std::u16string_view text);
-COREKIT_API std::size_t Utf16Length(std::string_view text);
+COREKIT_API std::size_t utf8Length(std::u16string_view text);
+COREKIT_API std::size_t utf16Length(std::string_view text);
 
 } // namespace corekit::detail

@@ -27,7 +27,7 @@ BinaryResource turning(const char* name, int step)
 
 } // namespace
 
-std::span<const BinaryResource> BinaryResources()
+std::span<const BinaryResource> binaryResources()
 {
     static const BinaryResource resources[] = {
         {"#9", "#4001", tabKeyTable},

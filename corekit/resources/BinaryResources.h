@@ -6,5 +6,5 @@
 #include <span>
 
 namespace corekit::detail {
-std::span<const BinaryResource> BinaryResources();
+std::span<const BinaryResource> binaryResources();
 } // namespace corekit::detail

@@ -9,13 +9,13 @@ constexpr ResourceString table[] = {
 #undef MESSAGE
 };
 
-consteval bool Ascending()
+consteval bool ascending()
 {
     for (std::size_t i = 1; i < std::size(table); ++i)
         if (table[i - 1].id >= table[i].id) return false;
     return true;
 }
-static_assert(Ascending());
+static_assert(ascending());
 } // namespace
 
-std::span<const ResourceString> corekit::detail::StringTable() { return table; }
+std::span<const ResourceString> corekit::detail::stringTable() { return table; }

@@ -7,5 +7,5 @@
 
 namespace corekit::detail {
 // Numbers ascend, none twice.
-std::span<const ResourceString> StringTable();
+std::span<const ResourceString> stringTable();
 } // namespace corekit::detail

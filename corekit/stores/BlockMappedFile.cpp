@@ -19,15 +19,15 @@ constexpr DWORD growth = 64;
 constexpr DWORD wordBlocks = 64; // of the map that are looked at together
 constexpr std::uint64_t largestFile = std::numeric_limits<DWORD>::max();
 
-std::uint64_t FileBytes(std::uint64_t blocks, DWORD blockSize)
+std::uint64_t fileBytes(std::uint64_t blocks, DWORD blockSize)
 {
     return blockFileHeaderPage + blocks * blockSize;
 }
 
-bool IsShapeTrue(const BlockFileHeader& header, DWORD fileSize)
+bool isShapeTrue(const BlockFileHeader& header, DWORD fileSize)
 {
     return header.blockShift < 32 && header.blockSize == DWORD{1} << header.blockShift &&
-           FileBytes(header.blockCount, header.blockSize) <= fileSize && header.mapPages >= firstMapPages &&
+           fileBytes(header.blockCount, header.blockSize) <= fileSize && header.mapPages >= firstMapPages &&
            header.mapPages <= mostMapPages && header.blockCount <= header.mapPages * blocksOfMapPage;
 }
 
@@ -43,8 +43,8 @@ int CBlockMappedFile::CreateFileA(const char* given, int blockSize, int blockShi
     EnsureClosed();
     if (blockCount < 0 || blockShift < 0 || blockShift > 30 || blockSize != 1 << blockShift) return 0;
     const auto size = static_cast<DWORD>(blockSize), count = static_cast<DWORD>(blockCount);
-    if (FileBytes(count, size) > largestFile) return 0;
-    if (!m_file.CreateFileA(name, static_cast<DWORD>(FileBytes(count, size)))) return 0;
+    if (fileBytes(count, size) > largestFile) return 0;
+    if (!m_file.CreateFileA(name, static_cast<DWORD>(fileBytes(count, size)))) return 0;
     m_writable = true;
     m_header = {{},
                 blockFileVersion,
@@ -95,7 +95,7 @@ int CBlockMappedFile::LoadHeader()
     if (m_file.GetSize() < blockFileHeaderPage) return 0;
     std::memcpy(&m_header, Bytes(), sizeof m_header);
     return std::ranges::equal(m_header.magic, blockFileMagic) && m_header.version == blockFileVersion &&
-           IsShapeTrue(m_header, m_file.GetSize()) && IsMapSound();
+           isShapeTrue(m_header, m_file.GetSize()) && IsMapSound();
 }
 
 // Pages lie in the header page or in blocks that are in use, and none on another.
@@ -103,7 +103,7 @@ bool CBlockMappedFile::IsMapSound() const
 {
     DWORD pages[mostMapPages];
     const auto end = std::copy_n(m_header.mapOffsets, m_header.mapPages, pages);
-    const std::uint64_t dataEnd = FileBytes(m_header.blockCount, m_header.blockSize);
+    const std::uint64_t dataEnd = fileBytes(m_header.blockCount, m_header.blockSize);
     for (auto page = pages; page != end; ++page)
         if (*page < mapPageBytes ||
             *page + std::uint64_t{mapPageBytes} > std::max<std::uint64_t>(dataEnd, blockFileHeaderPage))
@@ -254,7 +254,7 @@ DWORD CBlockMappedFile::AllocateContiguousBlocks(DWORD count, bool bExpand)
         if (first != NoBlock) return TakeBlocks(first, count);
         if (!bExpand) return NoBlock;
         // What can never fit does not first fill the disk.
-        if (FileBytes(std::uint64_t{count} + 5, m_header.blockSize) > largestFile)
+        if (fileBytes(std::uint64_t{count} + 5, m_header.blockSize) > largestFile)
             AfxThrowNotSupportedException();
         ExpandFile();
     }
@@ -263,8 +263,8 @@ DWORD CBlockMappedFile::AllocateContiguousBlocks(DWORD count, bool bExpand)
 // Whether a page of the map lies in these blocks.
 bool CBlockMappedFile::HoldsMap(DWORD first, DWORD count) const
 {
-    const std::uint64_t begin = FileBytes(first, m_header.blockSize);
-    const std::uint64_t end = FileBytes(std::uint64_t{first} + count, m_header.blockSize);
+    const std::uint64_t begin = fileBytes(first, m_header.blockSize);
+    const std::uint64_t end = fileBytes(std::uint64_t{first} + count, m_header.blockSize);
     return std::any_of(m_header.mapOffsets, m_header.mapOffsets + m_header.mapPages,
                        [=](DWORD page) { return page < end && page + std::uint64_t{mapPageBytes} > begin; });
 }
@@ -319,7 +319,7 @@ void CBlockMappedFile::AllocateMapTables(DWORD count)
 void CBlockMappedFile::ExpandFile()
 {
     const std::uint64_t count = std::uint64_t{m_header.blockCount} + growth;
-    const std::uint64_t bytes = FileBytes(count, m_header.blockSize);
+    const std::uint64_t bytes = fileBytes(count, m_header.blockSize);
     if (bytes > largestFile) AfxThrowNotSupportedException();
     if (!m_file.ExtendFile(static_cast<DWORD>(bytes))) {
         m_file.RestoreView();

@@ -13,13 +13,13 @@ IMPLEMENT_DYNAMIC(CDataBuffer, CObject)
 
 namespace {
 
-void* NewBlock(std::uint64_t size)
+void* newBlock(std::uint64_t size)
 {
     if (size > INT_MAX) AfxThrowMemoryException();
     return __safe_malloc(static_cast<int>(size), __FILE__, __LINE__);
 }
 
-void Put(void* target, DWORD at, const void* source, DWORD size)
+void put(void* target, DWORD at, const void* source, DWORD size)
 {
     if (size) std::memcpy(static_cast<BYTE*>(target) + at, source, size);
 }
@@ -37,20 +37,20 @@ void CDataBuffer::Attach(void* data, DWORD size, bool bOwned)
 void CDataBuffer::AttachCopy(const void* data, DWORD size)
 {
     if (!data || size == 0) return Free();
-    void* const block = NewBlock(size);
-    Put(block, 0, data, size);
+    void* const block = newBlock(size);
+    put(block, 0, data, size);
     Attach(block, size, true);
 }
 
 void CDataBuffer::AttachMerged(const void* a, DWORD sizeA, const void* b, DWORD sizeB)
 {
-    void* const block = NewBlock(std::uint64_t{sizeA} + sizeB);
-    Put(block, 0, a, sizeA);
-    Put(block, sizeA, b, sizeB);
+    void* const block = newBlock(std::uint64_t{sizeA} + sizeB);
+    put(block, 0, a, sizeA);
+    put(block, sizeA, b, sizeB);
     Attach(block, sizeA + sizeB, true);
 }
 
-void CDataBuffer::Create(DWORD size) { Attach(NewBlock(size), size, true); }
+void CDataBuffer::Create(DWORD size) { Attach(newBlock(size), size, true); }
 
 void CDataBuffer::TakeoverFromStream(CMemoryStream& stream)
 {
@@ -113,7 +113,7 @@ HGLOBAL CDataBuffer::AllocateGlobalMemoryCopy() const
     const HGLOBAL block = GlobalAlloc(GMEM_SHARE | GHND, m_size);
     if (!block) return nullptr;
     if (void* const bytes = GlobalLock(block)) {
-        Put(bytes, 0, m_data, m_size);
+        put(bytes, 0, m_data, m_size);
         GlobalUnlock(block);
     }
     return block;

@@ -16,7 +16,7 @@ constexpr const char* separators = "/\\";
 constexpr std::size_t longestName = 4000, longestPart = 255;
 constexpr int mostParts = 128;
 
-bool HasDrive(std::string_view name)
+bool hasDrive(std::string_view name)
 {
     const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
     return name.size() >= 2 && name[1] == ':' && isLetter(name[0]);
@@ -25,7 +25,7 @@ bool HasDrive(std::string_view name)
 // Calls visit with every leading part of the name that ends before a separator, then with all of it, until it
 // returns false.
 template <class Visit>
-bool ForEachPart(const std::string& name, Visit visit)
+bool forEachPart(const std::string& name, Visit visit)
 {
     for (std::size_t at = name.find_first_of(separators, 1); at != std::string::npos;
          at = name.find_first_of(separators, at + 1))
@@ -38,7 +38,7 @@ namespace corekit {
 
 bool IsInsideName(const std::string& name)
 {
-    if (name.empty() || name.size() > longestName || HasDrive(name)) return false;
+    if (name.empty() || name.size() > longestName || hasDrive(name)) return false;
     if (name.find_first_of(separators) == 0 || name.find('\0') != name.npos) return false;
     std::string_view rest = name;
     for (int parts = 1; parts <= mostParts; ++parts) {
@@ -55,23 +55,23 @@ std::string LastPart(const std::string& name) { return name.substr(name.find_las
 
 namespace detail {
 
-std::string PathBelow(const std::string& folder, const std::string& name)
+std::string pathBelow(const std::string& folder, const std::string& name)
 {
     return folder.empty() ? name : folder + "\\" + name;
 }
 
-bool LeadsThroughLink(const std::string& folder, const std::string& name)
+bool leadsThroughLink(const std::string& folder, const std::string& name)
 {
-    return !ForEachPart(name, [&folder](const std::string& part) {
-        const DWORD attributes = GetFileAttributesA(PathBelow(folder, part).c_str());
+    return !forEachPart(name, [&folder](const std::string& part) {
+        const DWORD attributes = GetFileAttributesA(pathBelow(folder, part).c_str());
         return attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT);
     });
 }
 
-bool MakeFolders(const std::string& folder, const std::string& name)
+bool makeFolders(const std::string& folder, const std::string& name)
 {
-    return ForEachPart(name, [&folder](const std::string& part) {
-        const std::string path = PathBelow(folder, part);
+    return forEachPart(name, [&folder](const std::string& part) {
+        const std::string path = pathBelow(folder, part);
         if (CreateDirectoryA(path.c_str(), nullptr)) return true;
         const DWORD why = GetLastError();
         if (why != ERROR_PATH_NOT_FOUND && why != ERROR_FILE_NOT_FOUND) return true;
@@ -82,7 +82,7 @@ bool MakeFolders(const std::string& folder, const std::string& name)
     });
 }
 
-void ChangeFileDate(const std::string& path, DWORD dosDate)
+void changeFileDate(const std::string& path, DWORD dosDate)
 {
     const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                     OPEN_EXISTING, 0, nullptr);

@@ -19,18 +19,18 @@ COREKIT_API std::string LastPart(const std::string& name);
 namespace detail {
 
 // The folder and the name below it; the name alone for an empty folder.
-std::string PathBelow(const std::string& folder, const std::string& name);
+std::string pathBelow(const std::string& folder, const std::string& name);
 
 // Whether any part of `name` below the folder is a link on the disk.
-bool LeadsThroughLink(const std::string& folder, const std::string& name);
+bool leadsThroughLink(const std::string& folder, const std::string& name);
 
 // Makes the folder `name` below `folder` with all those above it. A part whose parent is not there is
 // reported by message::createFolderFailed, and then the result is false. A part that is there already is no
 // failure.
-bool MakeFolders(const std::string& folder, const std::string& name);
+bool makeFolders(const std::string& folder, const std::string& name);
 
 // Gives the file the entry's date.
-void ChangeFileDate(const std::string& path, DWORD dosDate);
+void changeFileDate(const std::string& path, DWORD dosDate);
 
 } // namespace detail
 } // namespace corekit

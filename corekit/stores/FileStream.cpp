@@ -12,18 +12,18 @@ IMPLEMENT_DYNAMIC(CFileStream, CStream)
 
 namespace {
 
-[[noreturn]] void ThrowLastError(UINT message) { ThrowChainedException(GetLastErrorException(), message); }
+[[noreturn]] void throwLastError(UINT message) { ThrowChainedException(GetLastErrorException(), message); }
 
 // A file whose end no position reaches is refused: cut to what one holds, its rest would go with the next
 // SetEndOfStream.
-DWORD SizeOf(HANDLE file)
+DWORD sizeOf(HANDLE file)
 {
     DWORD high = 0;
     SetLastError(NO_ERROR);
     const DWORD size = GetFileSize(file, &high);
     if (high != 0) SetLastError(ERROR_FILE_TOO_LARGE);
     if (high != 0 || (size == INVALID_FILE_SIZE && GetLastError() != NO_ERROR))
-        ThrowLastError(message::fileSetPositionFailed);
+        throwLastError(message::fileSetPositionFailed);
     return size;
 }
 
@@ -54,7 +54,7 @@ BOOL CFileStream::Open(const char* name, DWORD access, DWORD share, DWORD dispos
         return FALSE;
     }
     try {
-        SizeOf(file);
+        sizeOf(file);
     } catch (...) {
         CloseHandle(file);
         throw;
@@ -65,7 +65,7 @@ BOOL CFileStream::Open(const char* name, DWORD access, DWORD share, DWORD dispos
 
 BOOL CFileStream::AttachFile(HANDLE file)
 {
-    const DWORD size = SizeOf(file);
+    const DWORD size = sizeOf(file);
     if (IsOpen() && file != m_file) Close();
     m_file = file;
     StartPages(size);
@@ -83,7 +83,7 @@ HANDLE CFileStream::DetachHandle() { return std::exchange(m_file, INVALID_HANDLE
 void CFileStream::SetEndOfStream()
 {
     MoveFilePointer(m_position);
-    if (!SetEndOfFile(m_file)) ThrowLastError(message::fileSetEndFailed);
+    if (!SetEndOfFile(m_file)) throwLastError(message::fileSetEndFailed);
     m_size = m_position;
 }
 
@@ -92,7 +92,7 @@ void CFileStream::LoadPage(DWORD base, BYTE* page, DWORD count)
     MoveFilePointer(base);
     DWORD moved = 0;
     if (!ReadFile(m_file, page, count, &moved, nullptr) || moved != count)
-        ThrowLastError(message::fileReadFailed);
+        throwLastError(message::fileReadFailed);
 }
 
 void CFileStream::StorePage(DWORD base, const BYTE* page, DWORD count)
@@ -100,7 +100,7 @@ void CFileStream::StorePage(DWORD base, const BYTE* page, DWORD count)
     MoveFilePointer(base);
     DWORD moved = 0;
     if (!WriteFile(m_file, page, count, &moved, nullptr) || moved != count)
-        ThrowLastError(message::fileWriteFailed);
+        throwLastError(message::fileWriteFailed);
 }
 
 void CFileStream::MoveFilePointer(DWORD position)
@@ -109,5 +109,5 @@ void CFileStream::MoveFilePointer(DWORD position)
     SetLastError(NO_ERROR);
     const DWORD reached = SetFilePointer(m_file, static_cast<LONG>(position), &high, FILE_BEGIN);
     if (reached == INVALID_SET_FILE_POINTER && GetLastError() != NO_ERROR)
-        ThrowLastError(message::fileSetPositionFailed);
+        throwLastError(message::fileSetPositionFailed);
 }

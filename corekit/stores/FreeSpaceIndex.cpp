@@ -5,18 +5,18 @@
 namespace corekit::detail {
 namespace {
 std::uint64_t Key(DWORD upper, DWORD lower) { return static_cast<std::uint64_t>(upper) << 32 | lower; }
-std::uint64_t PlaceKey(VLRExtent entry) { return Key(entry.nOffset, entry.nSize); }
-std::uint64_t LengthKey(VLRExtent entry) { return Key(entry.nSize, entry.nOffset); }
-VLRExtent FromPlaceKey(std::uint64_t key) { return {static_cast<DWORD>(key >> 32), static_cast<DWORD>(key)}; }
+std::uint64_t placeKey(VLRExtent entry) { return Key(entry.nOffset, entry.nSize); }
+std::uint64_t lengthKey(VLRExtent entry) { return Key(entry.nSize, entry.nOffset); }
+VLRExtent fromPlaceKey(std::uint64_t key) { return {static_cast<DWORD>(key >> 32), static_cast<DWORD>(key)}; }
 constexpr std::size_t fewKeys = 8;  // not worth asking whether their entries are still there
 constexpr std::size_t slack = 1024; // keys of entries that are gone, before they are cleared away
-DWORD EndOf(VLRExtent entry) { return entry.nOffset + entry.nSize; }
+DWORD endOf(VLRExtent entry) { return entry.nOffset + entry.nSize; }
 } // namespace
 
 FreeSpaceIndex::FreeSpaceIndex(std::span<const VLRExtent> entries)
 {
     std::vector<std::uint64_t> keys(entries.size());
-    std::ranges::transform(entries, keys.begin(), PlaceKey);
+    std::ranges::transform(entries, keys.begin(), placeKey);
     if (!std::ranges::is_sorted(keys)) std::ranges::sort(keys); // several at one offset, in a damaged map
     m_byPlace.Assign(keys);
     SortLengths();
@@ -28,7 +28,7 @@ std::vector<VLRExtent> FreeSpaceIndex::Entries(std::size_t first, std::size_t en
     std::vector<VLRExtent> entries;
     entries.reserve(end - first);
     for (auto place = m_byPlace.AtRank(first); entries.size() < end - first; place = m_byPlace.Next(place))
-        entries.push_back(FromPlaceKey(m_byPlace.At(place)));
+        entries.push_back(fromPlaceKey(m_byPlace.At(place)));
     return entries;
 }
 
@@ -65,16 +65,16 @@ std::optional<VLRExtent> FreeSpaceIndex::Find(DWORD length)
     }
     const auto lowest = m_byPlace.FirstWithLow(length);
     if (m_byPlace.IsEnd(lowest)) return std::nullopt;
-    return FromPlaceKey(m_byPlace.At(lowest));
+    return fromPlaceKey(m_byPlace.At(lowest));
 }
 
 void FreeSpaceIndex::TakeFront(VLRExtent entry, DWORD length)
 {
-    const auto place = m_byPlace.LowerBound(PlaceKey(entry));
+    const auto place = m_byPlace.LowerBound(placeKey(entry));
     NoteChange(entry.nOffset);
     if (entry.nSize <= length) return m_byPlace.Erase(place);
     const VLRExtent rest{entry.nOffset + length, entry.nSize - length};
-    m_byPlace.Replace(place, PlaceKey(rest));
+    m_byPlace.Replace(place, placeKey(rest));
     NoteChange(rest.nOffset);
     NoteLength(rest);
 }
@@ -83,25 +83,25 @@ void FreeSpaceIndex::TakeOut(VLRExtent stretch)
 {
     const auto after = m_byPlace.LowerBound(Key(stretch.nOffset, 0xFFFFFFFF));
     if (m_byPlace.IsBegin(after)) return;
-    const VLRExtent around = FromPlaceKey(m_byPlace.At(m_byPlace.Previous(after)));
-    if (EndOf(around) < EndOf(stretch)) return;
+    const VLRExtent around = fromPlaceKey(m_byPlace.At(m_byPlace.Previous(after)));
+    if (endOf(around) < endOf(stretch)) return;
     NoteChange(around.nOffset);
-    m_byPlace.Erase(m_byPlace.LowerBound(PlaceKey(around)));
+    m_byPlace.Erase(m_byPlace.LowerBound(placeKey(around)));
     const VLRExtent before{around.nOffset, stretch.nOffset - around.nOffset};
-    const VLRExtent behind{EndOf(stretch), EndOf(around) - EndOf(stretch)};
+    const VLRExtent behind{endOf(stretch), endOf(around) - endOf(stretch)};
     if (before.nSize) Add(before);
     if (behind.nSize) Add(behind);
 }
 
 void FreeSpaceIndex::Add(VLRExtent entry)
 {
-    const auto after = m_byPlace.LowerBound(PlaceKey(entry));
+    const auto after = m_byPlace.LowerBound(placeKey(entry));
     const bool hasBefore = !m_byPlace.IsBegin(after), hasBehind = !m_byPlace.IsEnd(after);
     const auto previous = hasBefore ? m_byPlace.Previous(after) : after;
-    const VLRExtent before = hasBefore ? FromPlaceKey(m_byPlace.At(previous)) : VLRExtent{};
-    const VLRExtent behind = hasBehind ? FromPlaceKey(m_byPlace.At(after)) : VLRExtent{};
-    const bool joinsBefore = hasBefore && EndOf(before) == entry.nOffset;
-    const bool joinsBehind = hasBehind && EndOf(entry) == behind.nOffset;
+    const VLRExtent before = hasBefore ? fromPlaceKey(m_byPlace.At(previous)) : VLRExtent{};
+    const VLRExtent behind = hasBehind ? fromPlaceKey(m_byPlace.At(after)) : VLRExtent{};
+    const bool joinsBefore = hasBefore && endOf(before) == entry.nOffset;
+    const bool joinsBehind = hasBehind && endOf(entry) == behind.nOffset;
 
     VLRExtent joined = entry;
     if (joinsBefore) joined = {before.nOffset, before.nSize + joined.nSize};
@@ -110,26 +110,26 @@ void FreeSpaceIndex::Add(VLRExtent entry)
     if (joinsBehind) NoteChange(behind.nOffset);
     if (joinsBefore && joinsBehind) {
         m_byPlace.Erase(after);
-        m_byPlace.Replace(m_byPlace.LowerBound(PlaceKey(before)), PlaceKey(joined));
+        m_byPlace.Replace(m_byPlace.LowerBound(placeKey(before)), placeKey(joined));
     } else if (joinsBefore) {
-        m_byPlace.Replace(previous, PlaceKey(joined));
+        m_byPlace.Replace(previous, placeKey(joined));
     } else if (joinsBehind) {
-        m_byPlace.Replace(after, PlaceKey(joined));
+        m_byPlace.Replace(after, placeKey(joined));
     } else {
-        m_byPlace.Insert(PlaceKey(joined));
+        m_byPlace.Insert(placeKey(joined));
     }
     NoteLength(joined);
 }
 
 bool FreeSpaceIndex::Holds(VLRExtent entry) const
 {
-    const auto place = m_byPlace.LowerBound(PlaceKey(entry));
-    return !m_byPlace.IsEnd(place) && m_byPlace.At(place) == PlaceKey(entry);
+    const auto place = m_byPlace.LowerBound(placeKey(entry));
+    return !m_byPlace.IsEnd(place) && m_byPlace.At(place) == placeKey(entry);
 }
 
 void FreeSpaceIndex::NoteLength(VLRExtent entry)
 {
-    m_newLengths.push_back(LengthKey(entry));
+    m_newLengths.push_back(lengthKey(entry));
     if (m_newLengths.size() > 2 * m_byPlace.Count() + slack) SettleLengths();
 }
 
@@ -147,7 +147,7 @@ void FreeSpaceIndex::SortLengths()
 {
     std::vector<std::uint64_t> keys;
     keys.reserve(Count());
-    for (const VLRExtent& entry : Entries()) keys.push_back(LengthKey(entry));
+    for (const VLRExtent& entry : Entries()) keys.push_back(lengthKey(entry));
     std::ranges::sort(keys);
     m_byLength.Assign(keys);
     m_newLengths.clear();

@@ -17,7 +17,7 @@ namespace {
 constexpr DWORD mostPacked = 1 << 20, mostUnpacked = 1 << 24;
 
 // False if the bytes are no whole and sound stream that unpacks to so little; then nothing is written.
-bool InflateWhole(const BYTE* packed, DWORD count, CStream& out)
+bool inflateWhole(const BYTE* packed, DWORD count, CStream& out)
 {
     const std::unique_ptr<libdeflate_decompressor, decltype(&libdeflate_free_decompressor)> state(
         libdeflate_alloc_decompressor(), &libdeflate_free_decompressor);
@@ -46,7 +46,7 @@ void CInflator::Inflate(CStream& in, int count, CStream& out)
     const auto size = static_cast<DWORD>(count);
     const auto packed = std::make_unique_for_overwrite<BYTE[]>(size);
     in.Read(packed.get(), size);
-    if (InflateWhole(packed.get(), size, out)) return;
+    if (inflateWhole(packed.get(), size, out)) return;
     CMemoryStream again(packed.get(), count);
     InflateByBlocks(again, count, out);
 }

@@ -27,7 +27,7 @@ constexpr std::size_t guidLength = 38;
 constexpr char hexDigits[] = "0123456789ABCDEF";
 
 // The whole value, however long; empty if it is missing.
-std::string WholeValue(const char* file, const char* section, const char* key)
+std::string wholeValue(const char* file, const char* section, const char* key)
 {
     for (std::vector<char> buffer(stringBuffer);; buffer.resize(buffer.size() * 4)) {
         const auto size = static_cast<DWORD>(buffer.size());
@@ -36,7 +36,7 @@ std::string WholeValue(const char* file, const char* section, const char* key)
     }
 }
 
-unsigned Digit(char c)
+unsigned digit(char c)
 {
     if (c >= '0' && c <= '9') return static_cast<unsigned>(c - '0');
     if (c >= 'A' && c <= 'F') return static_cast<unsigned>(c - 'A') + 10;
@@ -161,11 +161,11 @@ void CIniFile::SetClassID(const char* section, const char* key, const _GUID& id)
 int CIniFile::GetDataBlock(const char* section, const char* key, void* data, int size) const
 {
     if (size < 1) return 1;
-    const std::string text = WholeValue(m_path, section, key);
+    const std::string text = wholeValue(m_path, section, key);
     if (text.size() != 2 * static_cast<std::size_t>(size)) return 0;
     auto* bytes = static_cast<BYTE*>(data);
     for (std::size_t at = 0; at < text.size(); at += 2)
-        *bytes++ = static_cast<BYTE>(Digit(text[at]) << 4 | Digit(text[at + 1]));
+        *bytes++ = static_cast<BYTE>(digit(text[at]) << 4 | digit(text[at + 1]));
     return 1;
 }
 
@@ -205,7 +205,7 @@ void CIniFile::SetRGB(const char* section, const char* key, DWORD colour)
 
 int CIniFile::GetMacroString(const char* section, const char* key, CString& value) const
 {
-    CString trimmed(WholeValue(m_path, section, key).c_str());
+    CString trimmed(wholeValue(m_path, section, key).c_str());
     value.Empty();
     if (trimmed.IsEmpty()) return 0;
     trimmed.TrimLeft();
@@ -227,7 +227,7 @@ int CIniFile::GetMacroString(const char* section, const char* key, CString& valu
 
 int CIniFile::GetUnicodeString(const char* section, const char* key, StringW& value) const
 {
-    const std::string text = WholeValue(m_path, section, key);
+    const std::string text = wholeValue(m_path, section, key);
     const auto mark = text.find('!');
     if (mark == std::string::npos || mark == 0) return 0;
     const long long count = std::atoi(text.c_str());
@@ -235,7 +235,7 @@ int CIniFile::GetUnicodeString(const char* section, const char* key, StringW& va
     std::u16string wide;
     for (std::size_t at = mark + 1; at < text.size(); at += 4) {
         unsigned unit = 0;
-        for (std::size_t i = 0; i < 4; ++i) unit = unit << 4 | Digit(text[at + i]);
+        for (std::size_t i = 0; i < 4; ++i) unit = unit << 4 | digit(text[at + i]);
         wide += static_cast<char16_t>(unit);
     }
     value = StringW(wide.data(), static_cast<int>(wide.size()));

@@ -14,12 +14,12 @@ constexpr unsigned hashLevels = 32 / TreeBranch::bits;
 
 // In a large tree each lies somewhere else: this waits for all at once and not for one after another.
 template <class Thing>
-void Prefetch(Thing* const* things, std::size_t count)
+void prefetch(Thing* const* things, std::size_t count)
 {
     for (std::size_t i = 0; i < count; ++i) __builtin_prefetch(things[i], 1);
 }
 
-TreeBranch* MakeBranch(unsigned level)
+TreeBranch* makeBranch(unsigned level)
 {
     auto* branch = new TreeBranch{};
     branch->level = level;
@@ -76,10 +76,10 @@ TreeBranch& ItemTree<order>::OwnBranch(TreeNode*& link)
 {
     auto* branch = static_cast<TreeBranch*>(link);
     if (!branch->shares.IsShared()) return *branch;
-    auto* own = MakeBranch(branch->level);
+    auto* own = makeBranch(branch->level);
     own->size = branch->size;
     std::copy(std::begin(branch->below), std::end(branch->below), own->below);
-    Prefetch(own->below, TreeBranch::ways);
+    prefetch(own->below, TreeBranch::ways);
     for (TreeNode* below : own->below)
         if (below) below->shares.Share();
     link = own;
@@ -105,7 +105,7 @@ TreeBunch& ItemTree<order>::OwnBunch(TreeNode*& link, std::uint32_t room)
         return *own;
     }
     if constexpr (order == TreeOrder::Arrival) {
-        Prefetch(own->Items(), own->size);
+        prefetch(own->Items(), own->size);
         for (std::uint32_t i = 0; i < own->size; ++i) own->Items()[i]->Share();
     }
     Release(bunch);
@@ -140,7 +140,7 @@ void ItemTree<order>::Add(NamedItem* item, std::uint32_t hash, std::uint64_t arr
     if constexpr (order == TreeOrder::Hash) return Add(m_root, hashLevels, newcomer);
     if (!m_root) m_root = MakeBunch(2);
     while (arrival >> m_root->level * TreeBranch::bits >> TreeBranch::bits != 0) {
-        TreeBranch* higher = MakeBranch(m_root->level + 1);
+        TreeBranch* higher = makeBranch(m_root->level + 1);
         higher->size = m_root->size;
         higher->below[0] = m_root;
         m_root = higher;
@@ -155,7 +155,7 @@ void ItemTree<order>::Add(TreeNode*& link, unsigned level, const Newcomer& newco
         if (order == TreeOrder::Hash)
             link = MakeBunch(8);
         else
-            link = level > 0 ? static_cast<TreeNode*>(MakeBranch(level)) : MakeBunch(bunchSize);
+            link = level > 0 ? static_cast<TreeNode*>(makeBranch(level)) : MakeBunch(bunchSize);
     }
     if (order == TreeOrder::Hash && level > 0 && link->level == 0 && link->size == bunchSize)
         Part(link, level);
@@ -165,7 +165,7 @@ void ItemTree<order>::Add(TreeNode*& link, unsigned level, const Newcomer& newco
         return bunch.Push(newcomer.item, newcomer.hash);
     }
     TreeBranch& branch = OwnBranch(link);
-    Add(branch.below[Way<order>(newcomer.Path(), level)], level - 1, newcomer);
+    Add(branch.below[way<order>(newcomer.Path(), level)], level - 1, newcomer);
     ++branch.size;
 }
 
@@ -174,7 +174,7 @@ template <TreeOrder order>
 void ItemTree<order>::Part(TreeNode*& link, unsigned level)
 {
     auto* bunch = static_cast<TreeBunch*>(link);
-    TreeNode* parts = MakeBranch(level);
+    TreeNode* parts = makeBranch(level);
     try {
         for (std::uint32_t i = 0; i < bunch->size; ++i) {
             NamedItem* item = bunch->Items()[i];
@@ -195,7 +195,7 @@ TreeBunch& ItemTree<order>::Own(std::uint64_t path)
     TreeNode** link = &m_root;
     while ((*link)->level > 0) {
         TreeBranch& branch = OwnBranch(*link);
-        link = &branch.below[Way<order>(path, branch.level)];
+        link = &branch.below[way<order>(path, branch.level)];
     }
     return OwnBunch(*link, (*link)->size);
 }
@@ -226,7 +226,7 @@ void ItemTree<order>::Remove(TreeNode*& link, std::uint64_t path, const NamedIte
         RemoveFrom(bunch, bunch.IndexOf(item));
     } else {
         auto& branch = static_cast<TreeBranch&>(*link);
-        Remove(branch.below[Way<order>(path, branch.level)], path, item);
+        Remove(branch.below[way<order>(path, branch.level)], path, item);
         --branch.size;
     }
     if (link->size == 0) FreeNode(std::exchange(link, nullptr));

@@ -24,7 +24,7 @@ struct TreeBranch : TreeNode {
     TreeNode* below[ways];
 };
 
-inline std::uint8_t TagOf(std::uint32_t hash) { return static_cast<std::uint8_t>(hash >> 24); }
+inline std::uint8_t tagOf(std::uint32_t hash) { return static_cast<std::uint8_t>(hash >> 24); }
 
 // The end of a path: its items, and in front of them the upper bits of each one's hash.
 struct TreeBunch : TreeNode {
@@ -40,7 +40,7 @@ struct TreeBunch : TreeNode {
 
     void Push(NamedItem* item, std::uint32_t hash) // into room that is there
     {
-        Tags()[size] = TagOf(hash);
+        Tags()[size] = tagOf(hash);
         Items()[size++] = item;
     }
     NamedItem* FindLast(const NameKey& name) const
@@ -55,7 +55,7 @@ private:
     // Of the sixteen items from one on, those that have the tag of the name.
     std::uint32_t EqualTags(std::uint32_t from, const NameKey& name) const
     {
-        return equalBytes(loadBytes(Tags() + from), spreadByte(TagOf(name.Hash())));
+        return equalBytes(loadBytes(Tags() + from), spreadByte(tagOf(name.Hash())));
     }
     template <class Bits>
     NamedItem* LastOfName(Bits candidates, std::uint32_t from, const NameKey& name) const
@@ -82,7 +82,7 @@ enum class TreeOrder { Arrival, Hash };
 
 // The way on at a branch of that level: the highest digits of the arrival or the lowest of the hash first.
 template <TreeOrder order>
-unsigned Way(std::uint64_t path, unsigned level)
+unsigned way(std::uint64_t path, unsigned level)
 {
     constexpr unsigned hashLevels = 32 / TreeBranch::bits;
     const unsigned digit = order == TreeOrder::Arrival ? level : hashLevels - level;

@@ -5,7 +5,7 @@
 namespace corekit::detail {
 namespace {
 
-WordEntry CopyOf(const WordEntry& entry)
+WordEntry copyOf(const WordEntry& entry)
 {
     WordEntry copy{};
     entry.Text().copy(copy.word, wordUnits);
@@ -23,7 +23,7 @@ bool LeafOrder::Make(std::span<const DWORD> leaves, const WordLeaf* blocks)
         const DWORD used = words.LastUsed() + 1;
         for (DWORD at = 0; at < used; ++at) {
             const WordEntry& entry = words[at];
-            const bool isAbove = !before || CompareWords(before->word, entry) < 0;
+            const bool isAbove = !before || compareWords(before->word, entry) < 0;
             if (entry.id == 0 || !entry.IsTerminated() || !isAbove) return Forget(), false;
             before = &entry;
         }
@@ -36,14 +36,14 @@ bool LeafOrder::Make(std::span<const DWORD> leaves, const WordLeaf* blocks)
 template <class Text, class IsInFront>
 DWORD LeafOrder::LeavesInFront(const Text& text, IsInFront isInFront) const
 {
-    const auto isEntryInFront = [&](const WordEntry& entry) { return isInFront(CompareWords(text, entry)); };
+    const auto isEntryInFront = [&](const WordEntry& entry) { return isInFront(compareWords(text, entry)); };
     const auto isGroupInFront = [&](const auto& group) { return isEntryInFront(group->first[0]); };
     const auto behind = std::ranges::partition_point(m_groups, isGroupInFront);
     if (behind == m_groups.begin()) return 0;
     DWORD count = 0;
     for (auto group = m_groups.begin(); group != behind - 1; ++group) count += (*group)->count;
     const Group& last = **(behind - 1);
-    return count + CountInFront(std::span(last.first.data(), last.count), isEntryInFront);
+    return count + countInFront(std::span(last.first.data(), last.count), isEntryInFront);
 }
 
 DWORD LeafOrder::LeafOf(const NormalWord& word) const
@@ -81,7 +81,7 @@ void LeafOrder::Add(DWORD leaf, const WordEntry& first, bool isNew)
         const auto end = group->first.begin() + group->count++;
         std::copy_backward(group->first.begin() + leaf, end, end + 1);
     }
-    group->first[leaf] = CopyOf(first);
+    group->first[leaf] = copyOf(first);
 }
 
 // The upper half goes to a group behind. Words that come in order leave the lower one full.

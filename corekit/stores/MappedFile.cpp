@@ -13,7 +13,7 @@ namespace {
 constexpr DWORD alone = 0; // the share mode
 
 // The file's size in bytes, if it can be mapped whole.
-bool MappableSize(HANDLE file, DWORD& size)
+bool mappableSize(HANDLE file, DWORD& size)
 {
     DWORD high = 0;
     SetLastError(0);
@@ -24,7 +24,7 @@ bool MappableSize(HANDLE file, DWORD& size)
     return false;
 }
 
-void CloseKeepingError(HANDLE file)
+void closeKeepingError(HANDLE file)
 {
     const DWORD reason = GetLastError();
     CloseHandle(file);
@@ -43,7 +43,7 @@ int CMappedFile::CreateFileA(const char* name, DWORD size)
                                       FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return 0;
     if (!MakeView(file, true, size)) {
-        CloseKeepingError(file);
+        closeKeepingError(file);
         const DWORD reason = GetLastError();
         DeleteFileA(name);
         SetLastError(reason);
@@ -61,14 +61,14 @@ int CMappedFile::OpenFile(const char* name, int bWrite)
         ::CreateFileA(name, access, alone, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return 0;
     if (AttachOpenFile(file, bWrite)) return 1;
-    CloseKeepingError(file);
+    closeKeepingError(file);
     return 0;
 }
 
 int CMappedFile::AttachOpenFile(HANDLE file, int bWrite)
 {
     DWORD size;
-    if (!MappableSize(file, size) || !MakeView(file, bWrite != 0, size)) return 0;
+    if (!mappableSize(file, size) || !MakeView(file, bWrite != 0, size)) return 0;
     m_file = file;
     m_writable = bWrite != 0;
     return 1;
@@ -87,7 +87,7 @@ int CMappedFile::MakeView(HANDLE file, bool writable, DWORD size)
     if (!mapping) return 0;
     void* const base = m_base ? ExtendViewOfFile(m_base, mapping, size)
                               : MapViewOfFile(mapping, writable ? FILE_MAP_WRITE : FILE_MAP_READ, 0, 0, size);
-    CloseKeepingError(mapping);
+    closeKeepingError(mapping);
     if (!base) return 0;
     m_base = base;
     m_size = size;
@@ -110,7 +110,7 @@ int CMappedFile::ExtendFile(DWORD newSize)
     if (!IsOpen() || !m_writable) return 0;
     const DWORD oldSize = m_size;
     DWORD sizeOnDisk;
-    if (!MappableSize(m_file, sizeOnDisk) || !MakeView(m_file, true, std::max(newSize, oldSize))) {
+    if (!mappableSize(m_file, sizeOnDisk) || !MakeView(m_file, true, std::max(newSize, oldSize))) {
         if (m_base) UnmapViewOfFile(m_base);
         m_base = nullptr;
         return 0;

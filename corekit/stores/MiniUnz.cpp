@@ -22,26 +22,26 @@ namespace {
 using namespace corekit;
 using namespace corekit::detail;
 
-std::string NativePath(std::string path)
+std::string nativePath(std::string path)
 {
     for (char& c : path)
         if (c == '\\') c = '/';
     return path;
 }
 
-void Complain(UINT id) { StockMessageBox(nullptr, id, MB_OK | MB_ICONSTOP); }
+void complain(UINT id) { StockMessageBox(nullptr, id, MB_OK | MB_ICONSTOP); }
 
-void Tell(UINT id, const std::string& name, UINT flags)
+void tell(UINT id, const std::string& name, UINT flags)
 {
     CString text;
     AfxFormatString1(text, id, name.c_str());
     StockMessageBox(nullptr, text, flags);
 }
 
-bool IsThere(const std::string& path) { return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
+bool isThere(const std::string& path) { return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
 // Whether the entry was made by a system with links and is one.
-bool IsLink(const unz_file_info64& info)
+bool isLink(const unz_file_info64& info)
 {
     constexpr uLong unixSystem = 3, macSystem = 19, typeMask = 0170000, linkType = 0120000;
     const uLong system = info.version >> 8;
@@ -107,8 +107,8 @@ int Extraction::TakeName(unz_file_info64& info, std::string& name)
 
 bool Extraction::MayWrite(const std::string& name, const unz_file_info64& info)
 {
-    if (IsInsideName(name) && !IsLink(info) && !LeadsThroughLink(m_order.folder, name)) return true;
-    Tell(message::unzipOpenFileFailed, PathBelow(m_order.folder, name), MB_OK | MB_ICONSTOP);
+    if (IsInsideName(name) && !isLink(info) && !leadsThroughLink(m_order.folder, name)) return true;
+    tell(message::unzipOpenFileFailed, pathBelow(m_order.folder, name), MB_OK | MB_ICONSTOP);
     return false;
 }
 
@@ -116,13 +116,13 @@ void Extraction::MakeFolderEntry(const std::string& name, const unz_file_info64&
 {
     const std::string bare = name.substr(0, name.find_last_not_of("/\\") + 1);
     if (m_order.withoutPath || !MayWrite(bare.empty() ? name : bare, info)) return;
-    Tell(message::unzipCreatingFolder, name, MB_OK | MB_ICONINFORMATION);
-    MakeFolders(m_order.folder, bare);
+    tell(message::unzipCreatingFolder, name, MB_OK | MB_ICONINFORMATION);
+    makeFolders(m_order.folder, bare);
 }
 
 bool Extraction::UserKeeps(const std::string& path)
 {
-    if (m_order.overwrite || m_order.toMemory || !IsThere(path)) return false;
+    if (m_order.overwrite || m_order.toMemory || !isThere(path)) return false;
     CString format, question;
     format.LoadString(message::unzipOverwrite);
     question.FormatMessage(format);
@@ -134,11 +134,11 @@ std::unique_ptr<ReplacedFile> Extraction::OpenOutput(const Target& target)
     auto file = std::make_unique<ReplacedFile>(target.path);
     const std::size_t cut = target.name.find_last_of("/\\");
     if (!*file && !m_order.withoutPath && cut != std::string::npos) {
-        MakeFolders(m_order.folder, target.name.substr(0, cut));
+        makeFolders(m_order.folder, target.name.substr(0, cut));
         file = std::make_unique<ReplacedFile>(target.path);
     }
     if (*file) return file;
-    Tell(message::unzipOpenFileFailed, target.path, MB_OK | MB_ICONSTOP);
+    tell(message::unzipOpenFileFailed, target.path, MB_OK | MB_ICONSTOP);
     return nullptr;
 }
 
@@ -146,12 +146,12 @@ int Extraction::Copy(ZipEntry& entry, ReplacedFile* file)
 {
     while (true) {
         const int count = entry.Read(m_buffer.get(), bufferSize);
-        if (count < 0) Complain(message::unzipReadFailed);
+        if (count < 0) complain(message::unzipReadFailed);
         if (count <= 0) return count;
         const auto size = static_cast<unsigned>(count);
         m_order.memory.Write(m_buffer.get(), size);
         if (file && !file->Write({reinterpret_cast<const char*>(m_buffer.get()), size})) {
-            Complain(message::unzipWriteFailed);
+            complain(message::unzipWriteFailed);
             return -1;
         }
     }
@@ -160,7 +160,7 @@ int Extraction::Copy(ZipEntry& entry, ReplacedFile* file)
 int Extraction::CloseChecked(ZipEntry& entry)
 {
     const int code = entry.Close();
-    if (code != UNZ_OK) Complain(message::unzipCloseEntryFailed);
+    if (code != UNZ_OK) complain(message::unzipCloseEntryFailed);
     return code;
 }
 
@@ -176,11 +176,11 @@ int Extraction::Write(ZipEntry& entry, const Target& target, const unz_file_info
     if (const int code = CloseChecked(entry)) return code;
     if (!file) return UNZ_OK;
     // What is new can be unpacked again; what it replaces cannot be had back.
-    if (!file->Commit(IsThere(target.path) ? ReplacedFile::Sync::toDevice : ReplacedFile::Sync::none)) {
-        Complain(message::unzipWriteFailed);
+    if (!file->Commit(isThere(target.path) ? ReplacedFile::Sync::toDevice : ReplacedFile::Sync::none)) {
+        complain(message::unzipWriteFailed);
         return -1;
     }
-    ChangeFileDate(target.path, static_cast<DWORD>(info.dosDate));
+    changeFileDate(target.path, static_cast<DWORD>(info.dosDate));
     return UNZ_OK;
 }
 
@@ -193,31 +193,31 @@ int Extraction::Current(const ZipDirectoryEntry& row, Fate* fate)
     std::string name;
     int code = unzSetOffset64(m_archive, row.place);
     if (code == UNZ_OK) code = TakeName(info, name);
-    if (code != UNZ_OK) return Complain(message::unzipEntryInfoFailed), code;
+    if (code != UNZ_OK) return complain(message::unzipEntryInfoFailed), code;
     if (!m_buffer) m_buffer.reset(new (std::nothrow) BYTE[bufferSize]);
-    if (!m_buffer) return Complain(message::unzipNoMemory), noMemory;
+    if (!m_buffer) return complain(message::unzipNoMemory), noMemory;
 
     const std::string bare = LastPart(name);
     if (bare.empty()) return MakeFolderEntry(name, info), UNZ_OK;
     const std::string& used = m_order.withoutPath ? bare : name;
-    const Target target{used, PathBelow(m_order.folder, used)};
+    const Target target{used, pathBelow(m_order.folder, used)};
     if (!m_order.toMemory && !MayWrite(used, info)) {
         *fate = Fate::refused;
         return UNZ_OK;
     }
     ZipEntry entry(m_archive, info, m_order.password);
-    code = IsConfirmed(m_path, row) ? entry.OpenCode() : UNZ_BADZIPFILE;
-    if (code != UNZ_OK) return Complain(message::unzipOpenEntryFailed), code;
+    code = isConfirmed(m_path, row) ? entry.OpenCode() : UNZ_BADZIPFILE;
+    if (code != UNZ_OK) return complain(message::unzipOpenEntryFailed), code;
     if (UserKeeps(target.path)) return UNZ_OK;
     return Write(entry, target, info, fate);
 }
 
 void Extraction::All()
 {
-    if (m_directory.HasOverlap()) return Complain(message::unzipArchiveInfoFailed);
+    if (m_directory.HasOverlap()) return complain(message::unzipArchiveInfoFailed);
     for (const ZipDirectoryEntry& row : m_directory.Entries())
         if (Current(row) != UNZ_OK) return;
-    if (!m_directory.IsWhole()) Complain(message::unzipNextEntryFailed);
+    if (!m_directory.IsWhole()) complain(message::unzipNextEntryFailed);
 }
 
 bool Extraction::One(const char* name)
@@ -233,11 +233,11 @@ bool CMiniUnz::unzip(bool bToMemory, CMemoryStream& memory, const char* zipName,
                      const char* outputPath, int bWithoutPath, int bOverwrite, const char* password)
 {
     if (!zipName) return false;
-    const std::string path = NativePath(zipName);
+    const std::string path = nativePath(zipName);
     const auto directory = ZipDirectory::Read(path);
     if (!directory) return false;
     if (directory->Entries().empty() && directory->IsWhole()) return !oneFile;
-    const std::unique_ptr<void, int (*)(unzFile)> archive(OpenZip(path), &unzClose);
+    const std::unique_ptr<void, int (*)(unzFile)> archive(openZip(path), &unzClose);
     if (!archive) return false;
     Extraction extraction(
         path, archive.get(), *directory,

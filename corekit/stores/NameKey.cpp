@@ -9,7 +9,7 @@ namespace {
 
 // Calls use with where the blocks start that make up a longer name; the last two may overlap.
 template <class Use>
-void ForEachBlock(std::size_t size, Use use)
+void forEachBlock(std::size_t size, Use use)
 {
     for (std::size_t at = 0; at + sizeof(Bytes16) < size; at += sizeof(Bytes16)) use(at);
     use(size - sizeof(Bytes16));
@@ -43,13 +43,13 @@ void NameKey::SetLong(std::size_t size)
 {
     m_size = size;
     m_mixed = seed.start ^ size;
-    ForEachBlock(size, [&](std::size_t at) { Mix(foldedBytes(loadBytes(m_name + at))); });
+    forEachBlock(size, [&](std::size_t at) { Mix(foldedBytes(loadBytes(m_name + at))); });
 }
 
 bool NameKey::AreLongNamesSame(const char* a, const char* b, std::size_t size)
 {
     std::uint32_t same = 0xFFFF;
-    ForEachBlock(size, [&](std::size_t at) {
+    forEachBlock(size, [&](std::size_t at) {
         same &= equalBytes(foldedBytes(loadBytes(a + at)), foldedBytes(loadBytes(b + at)));
     });
     return same == 0xFFFF;

@@ -9,7 +9,7 @@ NamedItem* NamedList::At(int index) const
     const TreeNode* node = m_byArrival.Root();
     if (node->size == m_arrivals) { // nothing was ever removed
         while (node->level > 0)
-            node = static_cast<const TreeBranch*>(node)->below[Way<TreeOrder::Arrival>(wanted, node->level)];
+            node = static_cast<const TreeBranch*>(node)->below[way<TreeOrder::Arrival>(wanted, node->level)];
         wanted %= TreeBranch::ways;
     }
     while (node->level > 0) {

@@ -15,9 +15,9 @@ namespace {
 
 constexpr DWORD fileExists = 80;
 
-CException* Cause(HRESULT result) { return GetLastErrorException(static_cast<DWORD>(result)); }
+CException* cause(HRESULT result) { return GetLastErrorException(static_cast<DWORD>(result)); }
 
-bool Exists(const char* name)
+bool exists(const char* name)
 {
     const HANDLE file = CreateFileA(name, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, 0, nullptr);
@@ -28,11 +28,11 @@ bool Exists(const char* name)
 }
 
 template <class Open>
-IStream* StreamFrom(IStorage* storage, const WCHAR* name, UINT message, Open open)
+IStream* streamFrom(IStorage* storage, const WCHAR* name, UINT message, Open open)
 {
     IStream* stream = nullptr;
     const HRESULT result = storage && name ? open(&stream) : STG_E_INVALIDPOINTER;
-    if (result < 0) ThrowChainedException(Cause(result), message, StringA(name ? name : u""));
+    if (result < 0) ThrowChainedException(cause(result), message, StringA(name ? name : u""));
     return stream;
 }
 } // namespace
@@ -69,13 +69,13 @@ int COleFile::Open(const char* name, UINT flags)
 
 void COleFile::Create(const char* name, int bOverwrite)
 {
-    if (!bOverwrite && Exists(name))
+    if (!bOverwrite && exists(name))
         ThrowChainedException(GetLastErrorException(fileExists), message::oleFileCreateFailed, name);
     m_name = name;
     IStorage* storage = nullptr;
     const DWORD mode = STGM_CREATE | STGM_TRANSACTED | STGM_SHARE_EXCLUSIVE | STGM_READWRITE;
     const HRESULT result = StgCreateDocfile(StringW(name), mode, &storage);
-    if (result < 0) ThrowChainedException(Cause(result), message::oleFileCreateFailed, name);
+    if (result < 0) ThrowChainedException(cause(result), message::oleFileCreateFailed, name);
     Replace(storage);
 }
 
@@ -83,7 +83,7 @@ void COleFile::Close() { Replace(nullptr); }
 
 COleStream* COleFile::OpenStream(const WCHAR* name)
 {
-    IStream* stream = StreamFrom(m_pStorage, name, message::oleFileOpenStreamFailed, [&](IStream** result) {
+    IStream* stream = streamFrom(m_pStorage, name, message::oleFileOpenStreamFailed, [&](IStream** result) {
         return m_pStorage->OpenStream(name, nullptr, STGM_SHARE_EXCLUSIVE | STGM_READWRITE, 0, result);
     });
     return Attached(stream);
@@ -91,7 +91,7 @@ COleStream* COleFile::OpenStream(const WCHAR* name)
 
 COleStream* COleFile::CreateStream(const WCHAR* name)
 {
-    IStream* stream = StreamFrom(m_pStorage, name, message::oleFileCreateStreamFailed, [&](IStream** result) {
+    IStream* stream = streamFrom(m_pStorage, name, message::oleFileCreateStreamFailed, [&](IStream** result) {
         const DWORD mode = STGM_CREATE | STGM_SHARE_EXCLUSIVE | STGM_READWRITE;
         return m_pStorage->CreateStream(name, mode, 0, 0, result);
     });
@@ -121,13 +121,13 @@ int COleFile::GetClassID(_GUID& id) const
 void COleFile::SetClassID(const _GUID& id)
 {
     const HRESULT result = m_pStorage ? m_pStorage->SetClass(id) : STG_E_INVALIDPOINTER;
-    if (result < 0) ThrowChainedException(Cause(result), message::oleFileSetClassFailed);
+    if (result < 0) ThrowChainedException(cause(result), message::oleFileSetClassFailed);
 }
 
 void COleFile::Commit()
 {
     const HRESULT result = m_pStorage ? m_pStorage->Commit(0) : STG_E_INVALIDPOINTER;
-    if (result < 0) ThrowChainedException(Cause(result), message::oleFileCommitFailed);
+    if (result < 0) ThrowChainedException(cause(result), message::oleFileCommitFailed);
 }
 
 bool COleFile::IsOleFile(const char* name) { return StgIsStorageFile(StringW(name)) == S_OK; }

@@ -12,15 +12,15 @@ IMPLEMENT_DYNAMIC(COleStream, CStream)
 
 namespace {
 
-void Check(HRESULT result, UINT message)
+void check(HRESULT result, UINT message)
 {
     if (result < 0) ThrowChainedException(GetLastErrorException(static_cast<DWORD>(result)), message);
 }
 
 // A transfer may come short without a failure of its own.
-void CheckWhole(HRESULT result, bool whole, HRESULT fault, UINT message)
+void checkWhole(HRESULT result, bool whole, HRESULT fault, UINT message)
 {
-    Check(result < 0 || whole ? result : fault, message);
+    check(result < 0 || whole ? result : fault, message);
 }
 } // namespace
 
@@ -41,7 +41,7 @@ COleStream::~COleStream()
 void COleStream::AttachStream(IStream* stream)
 {
     DWORDLONG size = 0;
-    Check(stream->Seek(0, STREAM_SEEK_END, &size), message::oleStreamSetPositionFailed);
+    check(stream->Seek(0, STREAM_SEEK_END, &size), message::oleStreamSetPositionFailed);
     m_pStream = stream;
     try {
         StartPages(static_cast<DWORD>(std::min<DWORDLONG>(size, UINT_MAX)));
@@ -56,7 +56,7 @@ void COleStream::InternalWrite(const void* buffer, DWORD count) { PagedStream::I
 
 void COleStream::SetEndOfStream()
 {
-    Check(m_pStream->SetSize(m_position), message::oleStreamSetSizeFailed);
+    check(m_pStream->SetSize(m_position), message::oleStreamSetSizeFailed);
     m_size = m_position;
 }
 
@@ -65,7 +65,7 @@ void COleStream::LoadPage(DWORD base, BYTE* page, DWORD count)
     MoveCursor(base);
     DWORD moved = 0;
     const HRESULT result = m_pStream->Read(page, count, &moved);
-    CheckWhole(result, moved == count, STG_E_READFAULT, message::oleStreamReadFailed);
+    checkWhole(result, moved == count, STG_E_READFAULT, message::oleStreamReadFailed);
 }
 
 void COleStream::StorePage(DWORD base, const BYTE* page, DWORD count)
@@ -73,10 +73,10 @@ void COleStream::StorePage(DWORD base, const BYTE* page, DWORD count)
     MoveCursor(base);
     DWORD moved = 0;
     const HRESULT result = m_pStream->Write(page, count, &moved);
-    CheckWhole(result, moved == count, STG_E_WRITEFAULT, message::oleStreamWriteFailed);
+    checkWhole(result, moved == count, STG_E_WRITEFAULT, message::oleStreamWriteFailed);
 }
 
 void COleStream::MoveCursor(DWORD position)
 {
-    Check(m_pStream->Seek(position, STREAM_SEEK_SET, nullptr), message::oleStreamSetPositionFailed);
+    check(m_pStream->Seek(position, STREAM_SEEK_SET, nullptr), message::oleStreamSetPositionFailed);
 }

@@ -27,7 +27,7 @@ std::string_view Name(const char* name) { return name ? std::string_view(name) :
 
 // Runs an operation, and throws for exhausted memory what the framework throws.
 template <class Operation>
-[[gnu::always_inline]] inline auto WithMemoryException(Operation operation)
+[[gnu::always_inline]] inline auto withMemoryException(Operation operation)
 {
     try {
         return operation();
@@ -38,25 +38,25 @@ template <class Operation>
     }
 }
 
-PropertyStoreBody* Shared(PropertyStoreBody* body)
+PropertyStoreBody* shared(PropertyStoreBody* body)
 {
     if (body) body->Share();
     return body;
 }
 
-PropertyStoreBody* SharedOf(const NamedItem* store)
+PropertyStoreBody* sharedOf(const NamedItem* store)
 {
-    return store ? Shared(static_cast<PropertyStoreBody*>(store->Content())) : nullptr;
+    return store ? shared(static_cast<PropertyStoreBody*>(store->Content())) : nullptr;
 }
 
-StringA NameOf(const NamedItem* item) { return item ? StringA(item->Name().data()) : StringA(); }
+StringA nameOf(const NamedItem* item) { return item ? StringA(item->Name().data()) : StringA(); }
 
-ePSEntryType TypeOf(const NamedItem* value)
+ePSEntryType typeOf(const NamedItem* value)
 {
     return value ? static_cast<ePSEntryType>(value->Type()) : ePSNone;
 }
 
-void AppendNames(const NamedList& list, CArray<StringA, const char*>& names)
+void appendNames(const NamedList& list, CArray<StringA, const char*>& names)
 {
     list.ForEach([&](const NamedItem& item) { names.Add(item.Name().data()); });
 }
@@ -70,7 +70,7 @@ std::u16string_view Units(std::string_view data, std::u16string& aligned)
 }
 
 template <class Text>
-void Narrow(std::string_view data, Text& value)
+void narrow(std::string_view data, Text& value)
 {
     std::u16string aligned;
     value = corekit::detail::NarrowText(Units(data, aligned)).c_str();
@@ -81,7 +81,7 @@ void Narrow(std::string_view data, Text& value)
 template <class Use>
 [[gnu::always_inline]] inline auto CPropertyStore::Look(Use use) const
 {
-    return WithMemoryException([&] {
+    return withMemoryException([&] {
         const Body* body = m_body.load(std::memory_order_acquire); // before the look at who else changes it
         if (m_isMakersOwn.load(std::memory_order_relaxed) && GetCurrentThreadId() == m_maker)
             return use(body);
@@ -96,7 +96,7 @@ template <class Use>
 auto CPropertyStore::Change(Use use)
 {
     const Hold hold(*this);
-    return WithMemoryException(use);
+    return withMemoryException(use);
 }
 
 template <class Use>
@@ -120,7 +120,7 @@ CPropertyStore::~CPropertyStore()
 
 CPropertyStore::Body* CPropertyStore::Share() const noexcept
 {
-    return Shared(m_body.load(std::memory_order_acquire));
+    return shared(m_body.load(std::memory_order_acquire));
 }
 
 // Before a change. The thread that made the store may be looking into it right now if another one makes the
@@ -227,7 +227,7 @@ int CPropertyStore::GetValue(const char* name, StringW& value) const
 int CPropertyStore::GetValue(const char* name, StringA& value) const
 {
     return WithValue(name, [&](std::string_view data) {
-        Narrow(data, value);
+        narrow(data, value);
         return 1;
     });
 }
@@ -235,7 +235,7 @@ int CPropertyStore::GetValue(const char* name, StringA& value) const
 int CPropertyStore::GetValue(const char* name, CString& value) const
 {
     return WithValue(name, [&](std::string_view data) {
-        Narrow(data, value);
+        narrow(data, value);
         return 1;
     });
 }
@@ -302,7 +302,7 @@ void CPropertyStore::SetValue(const char* name, const WCHAR* text)
 
 void CPropertyStore::SetValue(const char* name, const char* text)
 {
-    const std::u16string wide = WithMemoryException([&] { return corekit::detail::WideText(Name(text)); });
+    const std::u16string wide = withMemoryException([&] { return corekit::detail::WideText(Name(text)); });
     SetBytes(name, ePSString, wide.data(), wide.size() * sizeof(WCHAR));
 }
 
@@ -335,23 +335,23 @@ int CPropertyStore::GetPropertyStoreValueCount() const
 
 StringA CPropertyStore::GetPropertyStoreValueName(int index) const
 {
-    return Look([&](const Body* body) { return body ? NameOf(body->Values().At(index)) : StringA(); });
+    return Look([&](const Body* body) { return body ? nameOf(body->Values().At(index)) : StringA(); });
 }
 
 ePSEntryType CPropertyStore::GetPropertyStoreValueType(int index) const
 {
-    return Look([&](const Body* body) { return body ? TypeOf(body->Values().At(index)) : ePSNone; });
+    return Look([&](const Body* body) { return body ? typeOf(body->Values().At(index)) : ePSNone; });
 }
 
 ePSEntryType CPropertyStore::GetPropertyStoreValueType(const char* name) const
 {
-    return Look([&](const Body* body) { return body ? TypeOf(body->Values().Find(name)) : ePSNone; });
+    return Look([&](const Body* body) { return body ? typeOf(body->Values().Find(name)) : ePSNone; });
 }
 
 void CPropertyStore::GetPropertyStoreValueNames(CArray<StringA, const char*>& names) const
 {
     Look([&](const Body* body) {
-        if (body) AppendNames(body->Values(), names);
+        if (body) appendNames(body->Values(), names);
     });
 }
 
@@ -372,13 +372,13 @@ void CPropertyStore::SetPropertyStore(const char* name, const CPropertyStore& st
 CPropertyStore CPropertyStore::GetPropertyStore(const char* name) const
 {
     return CPropertyStore(
-        Look([&](const Body* body) { return body ? SharedOf(body->Stores().Find(name)) : nullptr; }));
+        Look([&](const Body* body) { return body ? sharedOf(body->Stores().Find(name)) : nullptr; }));
 }
 
 CPropertyStore CPropertyStore::GetPropertyStore(int index) const
 {
     return CPropertyStore(
-        Look([&](const Body* body) { return body ? SharedOf(body->Stores().At(index)) : nullptr; }));
+        Look([&](const Body* body) { return body ? sharedOf(body->Stores().At(index)) : nullptr; }));
 }
 
 int CPropertyStore::PropertyStoreExists(const char* name) const
@@ -393,13 +393,13 @@ int CPropertyStore::GetPropertyStoreCount() const
 
 StringA CPropertyStore::GetPropertyStoreName(int index) const
 {
-    return Look([&](const Body* body) { return body ? NameOf(body->Stores().At(index)) : StringA(); });
+    return Look([&](const Body* body) { return body ? nameOf(body->Stores().At(index)) : StringA(); });
 }
 
 void CPropertyStore::GetPropertyStoreNames(CArray<StringA, const char*>& names) const
 {
     Look([&](const Body* body) {
-        if (body) AppendNames(body->Stores(), names);
+        if (body) appendNames(body->Stores(), names);
     });
 }
 

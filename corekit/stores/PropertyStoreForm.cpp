@@ -84,29 +84,29 @@ private:
     BYTE m_buffer[8192];
 };
 
-const PropertyStoreBody* BodyOf(const NamedItem& store)
+const PropertyStoreBody* bodyOf(const NamedItem& store)
 {
     return static_cast<const PropertyStoreBody*>(store.Content());
 }
 
-bool IsDeeperThan(int levels, const PropertyStoreBody* body)
+bool isDeeperThan(int levels, const PropertyStoreBody* body)
 {
     bool isDeeper = false;
     if (body)
         body->Stores().ForEach([&](const NamedItem& store) {
-            isDeeper = isDeeper || levels == 0 || IsDeeperThan(levels - 1, BodyOf(store));
+            isDeeper = isDeeper || levels == 0 || isDeeperThan(levels - 1, bodyOf(store));
         });
     return isDeeper;
 }
 
-void PutTree(Writer& writer, const PropertyStoreBody* body)
+void putTree(Writer& writer, const PropertyStoreBody* body)
 {
     writer.Put(formVersion);
     if (!body) return writer.Put(0), writer.Put(0);
     writer.Put(static_cast<DWORD>(body->Stores().Count()));
     body->Stores().ForEach([&](const NamedItem& store) {
         writer.PutName(store.Name());
-        PutTree(writer, BodyOf(store));
+        putTree(writer, bodyOf(store));
     });
     writer.Put(static_cast<DWORD>(body->Values().Count()));
     body->Values().ForEach([&](const NamedItem& value) {
@@ -124,9 +124,9 @@ void CPropertyStore::WriteStream(CStream& stream) const
 {
     try {
         const PropertyStoreBody* body = m_body.load(std::memory_order_acquire);
-        if (IsDeeperThan(deepestNesting, body)) ThrowChainedException(nullptr, message::dataCorrupt);
+        if (isDeeperThan(deepestNesting, body)) ThrowChainedException(nullptr, message::dataCorrupt);
         const auto writer = std::make_unique<Writer>(stream);
-        PutTree(*writer, body);
+        putTree(*writer, body);
         writer->Flush();
     } catch (const std::bad_alloc&) {
         AfxThrowMemoryException();

@@ -16,7 +16,7 @@ struct Area {
     bool HasRoomFor(DWORD entries) const { return to - from >= std::uint64_t{entries} * sizeof(VLRExtent); }
 };
 
-bool Fits(const Area& area, const RecordFileHeader& header)
+bool fits(const Area& area, const RecordFileHeader& header)
 {
     return area.IsEmpty() || (area.from >= header.sectorSize && area.from % header.sectorSize == 0 &&
                               area.to <= header.fileSize);
@@ -36,7 +36,7 @@ bool RecordFileHeader::IsPossible(std::uint64_t bytesOnDisk) const
     if (!HasUsableSectors() || !HasPossibleSize(bytesOnDisk)) return false;
     const Area index(indexOffset, indexSectors, sectorSize), map(mapOffset, mapSectors, sectorSize);
     const bool apart = index.IsEmpty() || map.IsEmpty() || index.to <= map.from || map.to <= index.from;
-    return apart && Fits(index, *this) && Fits(map, *this) && index.HasRoomFor(indexEntries) &&
+    return apart && fits(index, *this) && fits(map, *this) && index.HasRoomFor(indexEntries) &&
            map.HasRoomFor(mapEntries);
 }
 

@@ -9,7 +9,7 @@
 
 namespace corekit::detail {
 
-void ThrowRecordFileError(DWORD reason, UINT message)
+void throwRecordFileError(DWORD reason, UINT message)
 {
     ThrowChainedException(GetLastErrorException(reason), message);
 }
@@ -62,7 +62,7 @@ void RecordFileImage::Read(DWORD offset, void* data, DWORD size)
 {
     if (size == 0) return;
     if (static_cast<std::uint64_t>(offset) + size > m_bytesOnDisk)
-        ThrowRecordFileError(ERROR_HANDLE_EOF, message::recordFileReadFailed);
+        throwRecordFileError(ERROR_HANDLE_EOF, message::recordFileReadFailed);
     if (const BYTE* const from = m_view.Find(m_file, m_bytesOnDisk, offset, size))
         std::memcpy(data, from, size);
     else
@@ -84,7 +84,7 @@ void RecordFileImage::Write(DWORD offset, const void* data, DWORD size)
     if (size == 0) return;
     // Nothing lies outside of the file; an entry that says so is damaged.
     if (static_cast<std::uint64_t>(offset) + size > m_header.fileSize)
-        ThrowRecordFileError(ERROR_HANDLE_EOF, message::recordFileWriteFailed);
+        throwRecordFileError(ERROR_HANDLE_EOF, message::recordFileWriteFailed);
     OVERLAPPED place;
     place.Offset = offset;
     DWORD moved = 0;

@@ -9,7 +9,7 @@
 namespace corekit::detail {
 
 // With the reason and one of the messages of record files.
-[[noreturn]] void ThrowRecordFileError(DWORD reason, UINT message);
+[[noreturn]] void throwRecordFileError(DWORD reason, UINT message);
 
 class RecordFileImage {
 public:

@@ -16,7 +16,7 @@ using Progress = std::function<void(int done, int total)>;
 
 constexpr DWORD firstSectors = 64; // of the target; it grows
 
-[[noreturn]] void ThrowAboutFile(const char* what, const char* name)
+[[noreturn]] void throwAboutFile(const char* what, const char* name)
 {
     CChainedException* const why = GetLastErrorException();
     ThrowChainedException(why, (CString(what) + name).GetString());
@@ -29,7 +29,7 @@ public:
     {
         m_file = CreateFileA(name, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                              FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (m_file == INVALID_HANDLE_VALUE) ThrowAboutFile("Cannot open file ", name);
+        if (m_file == INVALID_HANDLE_VALUE) throwAboutFile("Cannot open file ", name);
         DWORD high = 0;
         const DWORD low = GetFileSize(m_file, &high);
         m_size = high ? 0xFFFFFFFF : low; // nothing of a record file lies beyond 32 bits
@@ -118,7 +118,7 @@ private:
     std::vector<bool> m_taken;
 };
 
-void CopyRecords(Source& from, CVariableLengthRecordFile& to, RecordFileSalvage& done,
+void copyRecords(Source& from, CVariableLengthRecordFile& to, RecordFileSalvage& done,
                  const Progress& progress)
 {
     const RecordFileHeader& header = from.Header();
@@ -154,10 +154,10 @@ RecordFileSalvage SalvageRecordFile(const char* source, const char* target, cons
     CVariableLengthRecordFile to;
     const DWORD sectorSize = std::min(from.Header().sectorSize, DWORD{1} << 20);
     if (!to.CreateFileA(target, sectorSize, firstSectors * sectorSize))
-        ThrowAboutFile("Cannot make file ", target);
+        throwAboutFile("Cannot make file ", target);
     try {
         RecordFileSalvage done;
-        CopyRecords(from, to, done, progress);
+        copyRecords(from, to, done, progress);
         to.Close(1);
         return done;
     } catch (...) {

@@ -15,14 +15,14 @@ constexpr DWORD growSectors = 64;      // the least by which a file grows
 constexpr int maxRecords = 0x1FFFFFFF; // the index of a file of 4 GiB cannot hold more
 constexpr int entriesOfPage = 64;      // of the index that are written together
 
-[[noreturn]] void ThrowTooLarge()
+[[noreturn]] void throwTooLarge()
 {
-    ThrowRecordFileError(ERROR_FILE_TOO_LARGE, message::recordFileSetLengthFailed);
+    throwRecordFileError(ERROR_FILE_TOO_LARGE, message::recordFileSetLengthFailed);
 }
 
-DWORD EntryBytes(DWORD count) { return count * static_cast<DWORD>(sizeof(VLRExtent)); }
+DWORD entryBytes(DWORD count) { return count * static_cast<DWORD>(sizeof(VLRExtent)); }
 
-bool Overlap(DWORD offset, DWORD size, DWORD areaOffset, std::uint64_t areaSize)
+bool overlap(DWORD offset, DWORD size, DWORD areaOffset, std::uint64_t areaSize)
 {
     return offset < areaOffset + areaSize && areaOffset < std::uint64_t{offset} + size;
 }
@@ -52,7 +52,7 @@ void RecordFileSpace::LoadEntries(CArray<VLRExtent>& to, DWORD offset, DWORD cou
     if (count == 0) return to.RemoveAll(); // wherever they would lie
     const std::uint64_t bytes = std::uint64_t{count} * sizeof(VLRExtent);
     if (offset + bytes > m_image.BytesOnDisk())
-        ThrowRecordFileError(ERROR_HANDLE_EOF, message::recordFileReadFailed);
+        throwRecordFileError(ERROR_HANDLE_EOF, message::recordFileReadFailed);
     to.SetSize(static_cast<int>(count));
     m_image.ReadOnce(offset, to.GetData(), static_cast<DWORD>(bytes));
 }
@@ -86,7 +86,7 @@ void RecordFileSpace::SetEntry(int record, VLRExtent entry)
 
 void RecordFileSpace::ExtendTo(int record)
 {
-    if (record >= maxRecords) ThrowTooLarge();
+    if (record >= maxRecords) throwTooLarge();
     const int from = m_index.GetSize(), count = record + 1;
     m_index.SetSize(count);
     NoteEntries(from, count);
@@ -178,7 +178,7 @@ DWORD RecordFileSpace::MapCount() const
 VLRExtent RecordFileSpace::Find(DWORD size)
 {
     const DWORD whole = m_image.WholeSectors(size);
-    if (whole < size) ThrowTooLarge();
+    if (whole < size) throwTooLarge();
     for (;;) {
         if (const auto entry = Index().Find(whole)) return *entry;
         Grow(whole);
@@ -190,7 +190,7 @@ void RecordFileSpace::Grow(DWORD wholeSize)
     RecordFileHeader& header = m_image.Header();
     const std::uint64_t chunk =
         std::max(std::uint64_t{wholeSize}, std::uint64_t{growSectors} * header.sectorSize);
-    if (header.fileSize + chunk > 0xFFFFFFFF) ThrowTooLarge();
+    if (header.fileSize + chunk > 0xFFFFFFFF) throwTooLarge();
     const VLRExtent added{header.fileSize, static_cast<DWORD>(chunk)};
     m_image.SetSize(added.nOffset + added.nSize);
     header.fileSize += added.nSize;
@@ -222,8 +222,8 @@ void RecordFileSpace::NoteOverwritten(DWORD offset, DWORD size)
 {
     const RecordFileHeader& header = m_image.Header();
     const auto area = [&](DWORD sectors) { return std::uint64_t{sectors} * header.sectorSize; };
-    if (Overlap(offset, size, header.indexOffset, area(header.indexSectors))) NoteEntries(0, Count());
-    if (Overlap(offset, size, header.mapOffset, area(header.mapSectors))) m_wholeMap = true;
+    if (overlap(offset, size, header.indexOffset, area(header.indexSectors))) NoteEntries(0, Count());
+    if (overlap(offset, size, header.mapOffset, area(header.mapSectors))) m_wholeMap = true;
 }
 
 void RecordFileSpace::NoteAll()
@@ -236,7 +236,7 @@ void RecordFileSpace::WriteIndex()
 {
     RecordFileHeader& header = m_image.Header();
     const auto count = static_cast<DWORD>(Count());
-    const DWORD bytes = EntryBytes(count);
+    const DWORD bytes = entryBytes(count);
     const std::uint64_t room = std::uint64_t{header.indexSectors} * header.sectorSize;
     if (bytes > room) {
         // Often it grows into free space behind it.
@@ -250,7 +250,7 @@ void RecordFileSpace::WriteIndex()
         const auto behind = std::find(page, end, false);
         const auto from = static_cast<DWORD>(page - m_changed.begin()) * entriesOfPage;
         const DWORD to = std::min(count, static_cast<DWORD>(behind - m_changed.begin()) * entriesOfPage);
-        m_image.Write(header.indexOffset + EntryBytes(from), m_index.GetData() + from, EntryBytes(to - from));
+        m_image.Write(header.indexOffset + entryBytes(from), m_index.GetData() + from, entryBytes(to - from));
         page = behind;
     }
     std::fill(m_changed.begin() + static_cast<std::ptrdiff_t>(m_firstChanged), end, false);
@@ -263,10 +263,10 @@ void RecordFileSpace::WriteIndex()
 void RecordFileSpace::MoveMapWhereItFits()
 {
     RecordFileHeader& header = m_image.Header();
-    while (EntryBytes(MapCount()) > std::uint64_t{header.mapSectors} * header.sectorSize) {
+    while (entryBytes(MapCount()) > std::uint64_t{header.mapSectors} * header.sectorSize) {
         const VLRExtent old{header.mapOffset, header.mapSectors * header.sectorSize};
         if (old.nSize) Free(old);
-        const DWORD bytes = m_image.WholeSectors(EntryBytes(MapCount()));
+        const DWORD bytes = m_image.WholeSectors(entryBytes(MapCount()));
         try {
             header.mapOffset = Take(bytes);
         } catch (...) {
@@ -291,12 +291,12 @@ void RecordFileSpace::WriteMap()
         if (changed.first < end) {
             const std::vector<VLRExtent> entries = m_free->Entries(changed.first, end);
             const auto first = static_cast<DWORD>(changed.first);
-            m_image.Write(header.mapOffset + EntryBytes(first), entries.data(),
-                          EntryBytes(static_cast<DWORD>(entries.size())));
+            m_image.Write(header.mapOffset + entryBytes(first), entries.data(),
+                          entryBytes(static_cast<DWORD>(entries.size())));
         }
         m_free->ForgetChanges();
     } else if (m_wholeMap) {
-        m_image.Write(header.mapOffset, m_list.GetData(), EntryBytes(count));
+        m_image.Write(header.mapOffset, m_list.GetData(), entryBytes(count));
     }
     m_wholeMap = false;
     header.mapEntries = count;

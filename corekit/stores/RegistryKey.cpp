@@ -19,7 +19,7 @@ constexpr DWORD readWrite = 0x2001F;
 constexpr int enumBuffer = 512;
 constexpr int guidBuffer = 39;
 
-void Check(LONG code, UINT messageId)
+void check(LONG code, UINT messageId)
 {
     if (code != 0) ThrowChainedException(GetLastErrorException(static_cast<DWORD>(code)), messageId);
 }
@@ -37,7 +37,7 @@ void CRegistryKey::Create(HKEY parent, const char* subKey, DWORD options, DWORD 
                           _SECURITY_ATTRIBUTES* security)
 {
     HKEY key = nullptr;
-    Check(RegCreateKeyExA(parent, subKey, 0, "", options, access, security, &key, nullptr),
+    check(RegCreateKeyExA(parent, subKey, 0, "", options, access, security, &key, nullptr),
           message::createKeyFailed);
     Replace(key);
 }
@@ -71,7 +71,7 @@ HKEY CRegistryKey::Detach() { return std::exchange(m_hKey, nullptr); }
 
 void CRegistryKey::Close()
 {
-    Check(RegCloseKey(m_hKey), message::closeKeyFailed);
+    check(RegCloseKey(m_hKey), message::closeKeyFailed);
     m_hKey = nullptr;
 }
 
@@ -200,7 +200,7 @@ int CRegistryKey::GetValue(const char* name, CWordArray& value) const
 
 void CRegistryKey::Write(const char* name, DWORD type, const void* data, DWORD size)
 {
-    Check(RegSetValueExA(m_hKey, name, 0, type, static_cast<const BYTE*>(data), size),
+    check(RegSetValueExA(m_hKey, name, 0, type, static_cast<const BYTE*>(data), size),
           message::setValueFailed);
 }
 

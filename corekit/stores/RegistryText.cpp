@@ -13,9 +13,9 @@ constexpr char hexDigits[] = "0123456789ABCDEF";
 constexpr std::string_view blanks = " \t\r";
 constexpr int deepest = 512;
 
-[[noreturn]] void Refuse(const char* reason) { ThrowChainedException(nullptr, reason); }
+[[noreturn]] void refuse(const char* reason) { ThrowChainedException(nullptr, reason); }
 
-std::u16string Widened(UINT page, std::string_view text)
+std::u16string widened(UINT page, std::string_view text)
 {
     const int size = static_cast<int>(text.size());
     const int length = MultiByteToWideChar(page, 0, text.data(), size, nullptr, 0);
@@ -24,7 +24,7 @@ std::u16string Widened(UINT page, std::string_view text)
     return wide;
 }
 
-std::string Narrowed(UINT page, const std::u16string& wide)
+std::string narrowed(UINT page, const std::u16string& wide)
 {
     const int size = static_cast<int>(wide.size());
     const int length = WideCharToMultiByte(page, 0, wide.data(), size, nullptr, 0, nullptr, nullptr);
@@ -34,29 +34,29 @@ std::string Narrowed(UINT page, const std::u16string& wide)
 }
 
 // Nothing if the way back would give something else.
-std::optional<std::string> Converted(UINT from, UINT to, std::string_view text)
+std::optional<std::string> converted(UINT from, UINT to, std::string_view text)
 {
     if (text.empty()) return std::string();
-    const std::u16string wide = Widened(from, text);
-    std::string result = Narrowed(to, wide);
-    if (Narrowed(from, Widened(to, result)) != text) return std::nullopt;
+    const std::u16string wide = widened(from, text);
+    std::string result = narrowed(to, wide);
+    if (narrowed(from, widened(to, result)) != text) return std::nullopt;
     return result;
 }
 
-std::string_view Trimmed(std::string_view text)
+std::string_view trimmed(std::string_view text)
 {
     const auto first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
-void AppendHex(std::string& to, unsigned char byte)
+void appendHex(std::string& to, unsigned char byte)
 {
     to += hexDigits[byte >> 4];
     to += hexDigits[byte & 15];
 }
 
-int HexDigit(char c)
+int hexDigit(char c)
 {
     if (c >= '0' && c <= '9') return c - '0';
     if (c >= 'A' && c <= 'F') return c - 'A' + 10;
@@ -78,7 +78,7 @@ std::string Quoted(std::string_view utf8)
             quoted += "\\t";
         } else if (static_cast<unsigned char>(c) < 0x20) {
             quoted += "\\x";
-            AppendHex(quoted, static_cast<unsigned char>(c));
+            appendHex(quoted, static_cast<unsigned char>(c));
         } else {
             quoted += c;
         }
@@ -87,7 +87,7 @@ std::string Quoted(std::string_view utf8)
 }
 
 // Reads what follows a backslash; `at` comes to stand on its last character.
-char Escaped(std::string_view text, std::size_t& at)
+char escaped(std::string_view text, std::size_t& at)
 {
     switch (text[at]) {
     case 'n':
@@ -100,21 +100,21 @@ char Escaped(std::string_view text, std::size_t& at)
     case '\\':
         return text[at];
     case 'x': {
-        const int high = at + 2 < text.size() ? HexDigit(text[at + 1]) : -1;
-        const int low = high >= 0 ? HexDigit(text[at + 2]) : -1;
-        if (low < 0 || high > 7 || high + low == 0) Refuse("a wrong \\x in a text");
+        const int high = at + 2 < text.size() ? hexDigit(text[at + 1]) : -1;
+        const int low = high >= 0 ? hexDigit(text[at + 2]) : -1;
+        if (low < 0 || high > 7 || high + low == 0) refuse("a wrong \\x in a text");
         at += 2;
         return static_cast<char>(high << 4 | low);
     }
     default:
-        Refuse("an unknown sign behind a \\");
+        refuse("an unknown sign behind a \\");
     }
 }
 
 // Takes a quoted text off the front; what it gives is in the active code page.
-std::string Unquoted(std::string_view& text)
+std::string unquoted(std::string_view& text)
 {
-    if (!text.starts_with('"')) Refuse("a quoted text is missing");
+    if (!text.starts_with('"')) refuse("a quoted text is missing");
     std::string utf8;
     std::size_t at = 1;
     for (; at < text.size() && text[at] != '"'; ++at) {
@@ -123,12 +123,12 @@ std::string Unquoted(std::string_view& text)
             continue;
         }
         if (++at == text.size()) break;
-        utf8 += Escaped(text, at);
+        utf8 += escaped(text, at);
     }
-    if (at >= text.size()) Refuse("a closing quotation mark is missing");
+    if (at >= text.size()) refuse("a closing quotation mark is missing");
     text.remove_prefix(at + 1);
-    auto narrow = Converted(CP_UTF8, CP_ACP, utf8);
-    if (!narrow) Refuse("a text with characters that the active code page does not have");
+    auto narrow = converted(CP_UTF8, CP_ACP, utf8);
+    if (!narrow) refuse("a text with characters that the active code page does not have");
     return *std::move(narrow);
 }
 
@@ -140,32 +140,32 @@ std::string Bytes(std::string_view text)
             ++at;
             continue;
         }
-        const int high = HexDigit(text[at]), low = at + 1 < text.size() ? HexDigit(text[at + 1]) : -1;
-        if (high < 0 || low < 0) Refuse("bytes must be pairs of hexadecimal digits");
+        const int high = hexDigit(text[at]), low = at + 1 < text.size() ? hexDigit(text[at + 1]) : -1;
+        if (high < 0 || low < 0) refuse("bytes must be pairs of hexadecimal digits");
         bytes += static_cast<char>(high << 4 | low);
         at += 2;
     }
     return bytes;
 }
 
-std::string Dump(const std::string& bytes)
+std::string dump(const std::string& bytes)
 {
     std::string text;
     for (const char c : bytes) {
         text += ' ';
-        AppendHex(text, static_cast<unsigned char>(c));
+        appendHex(text, static_cast<unsigned char>(c));
     }
     return text;
 }
 
 // The text, if it ends with its only zero and can be written in UTF-8.
-std::optional<std::string> PlainText(const std::string& data)
+std::optional<std::string> plainText(const std::string& data)
 {
     if (data.empty() || data.find('\0') != data.size() - 1) return std::nullopt;
-    return Converted(CP_ACP, CP_UTF8, std::string_view(data).substr(0, data.size() - 1));
+    return converted(CP_ACP, CP_UTF8, std::string_view(data).substr(0, data.size() - 1));
 }
 
-std::optional<std::string> PlainTexts(const std::string& data)
+std::optional<std::string> plainTexts(const std::string& data)
 {
     if (data.empty() || data.back() != '\0') return std::nullopt;
     std::string line;
@@ -173,7 +173,7 @@ std::optional<std::string> PlainTexts(const std::string& data)
         const std::size_t end = data.find('\0', at);
         // An empty text would end the list, and the last one needs a zero of its own.
         if (end == at || end == data.size() - 1) return std::nullopt;
-        const auto part = Converted(CP_ACP, CP_UTF8, std::string_view(data).substr(at, end - at));
+        const auto part = converted(CP_ACP, CP_UTF8, std::string_view(data).substr(at, end - at));
         if (!part) return std::nullopt;
         line += ' ';
         line += Quoted(*part);
@@ -182,19 +182,19 @@ std::optional<std::string> PlainTexts(const std::string& data)
     return line;
 }
 
-DWORD ParseNumber(std::string_view text)
+DWORD parseNumber(std::string_view text)
 {
     DWORD number = 0;
     const bool hex = text.starts_with("0x");
     if (hex) text.remove_prefix(2);
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, hex ? 16 : 10);
     if (text.empty() || error != std::errc() || end != text.data() + text.size())
-        Refuse("a number of 32 bits is missing");
+        refuse("a number of 32 bits is missing");
     return number;
 }
 
 // Control characters and % as %XX, so that a path stays on its line.
-std::string EscapedPath(std::string_view utf8)
+std::string escapedPath(std::string_view utf8)
 {
     std::string path;
     for (const char c : utf8) {
@@ -202,15 +202,15 @@ std::string EscapedPath(std::string_view utf8)
             path += c;
         } else {
             path += '%';
-            AppendHex(path, static_cast<unsigned char>(c));
+            appendHex(path, static_cast<unsigned char>(c));
         }
     }
     return path;
 }
 
-std::string PathOf(std::string_view line)
+std::string pathOf(std::string_view line)
 {
-    if (line.size() < 3 || line.back() != ']') Refuse("a key must stand between [ and ]");
+    if (line.size() < 3 || line.back() != ']') refuse("a key must stand between [ and ]");
     line = line.substr(1, line.size() - 2);
     std::string utf8;
     for (std::size_t at = 0; at < line.size(); ++at) {
@@ -218,57 +218,57 @@ std::string PathOf(std::string_view line)
             utf8 += line[at];
             continue;
         }
-        const int high = at + 2 < line.size() ? HexDigit(line[at + 1]) : -1;
-        const int low = high >= 0 ? HexDigit(line[at + 2]) : -1;
-        if (low < 0 || high + low == 0) Refuse("a wrong % in a key");
+        const int high = at + 2 < line.size() ? hexDigit(line[at + 1]) : -1;
+        const int low = high >= 0 ? hexDigit(line[at + 2]) : -1;
+        if (low < 0 || high + low == 0) refuse("a wrong % in a key");
         utf8 += static_cast<char>(high << 4 | low);
         at += 2;
     }
-    auto narrow = Converted(CP_UTF8, CP_ACP, utf8);
-    if (!narrow) Refuse("a key with characters that the active code page does not have");
+    auto narrow = converted(CP_UTF8, CP_ACP, utf8);
+    if (!narrow) refuse("a key with characters that the active code page does not have");
     return *std::move(narrow);
 }
 
-void ExportKey(HKEY key, const std::string& path, int depth, std::string& text)
+void exportKey(HKEY key, const std::string& path, int depth, std::string& text)
 {
-    text += "\n[" + EscapedPath(Converted(CP_ACP, CP_UTF8, path).value_or("?")) + "]\n";
+    text += "\n[" + escapedPath(converted(CP_ACP, CP_UTF8, path).value_or("?")) + "]\n";
     for (const std::string& name : RegistryValueNames(key)) {
         RegistryItem item;
         if (!ReadRegistryItem(key, name.c_str(), item)) continue;
         text +=
-            Quoted(Converted(CP_ACP, CP_UTF8, name).value_or("?")) + " = " + FormatRegistryValue(item) + "\n";
+            Quoted(converted(CP_ACP, CP_UTF8, name).value_or("?")) + " = " + FormatRegistryValue(item) + "\n";
     }
     if (depth == deepest) return;
     for (const std::string& name : RegistryKeyNames(key)) {
         CRegistryKey child;
-        if (child.Open(key, name.c_str(), KEY_READ)) ExportKey(child, path + "\\" + name, depth + 1, text);
+        if (child.Open(key, name.c_str(), KEY_READ)) exportKey(child, path + "\\" + name, depth + 1, text);
     }
 }
 
 // Walks the lines once; only a second walk, with `apply`, changes anything.
-int WalkLines(std::string_view text, bool apply, int& number)
+int walkLines(std::string_view text, bool apply, int& number)
 {
     CRegistryKey key;
     bool inKey = false;
     int values = 0;
     for (number = 1; !text.empty(); ++number) {
         const auto feed = text.find('\n');
-        std::string_view line = Trimmed(text.substr(0, feed));
+        std::string_view line = trimmed(text.substr(0, feed));
         text.remove_prefix(feed == std::string_view::npos ? text.size() : feed + 1);
         if (line.empty() || line.front() == ';') continue;
         if (line.front() == '[') {
             std::string path;
-            const HKEY hive = SplitRegistryPath(PathOf(line), path);
-            if (path.starts_with('\\')) Refuse("a key's name is missing");
+            const HKEY hive = SplitRegistryPath(pathOf(line), path);
+            if (path.starts_with('\\')) refuse("a key's name is missing");
             inKey = true;
             if (apply) key.Create(hive, path.c_str());
             continue;
         }
-        const std::string name = Unquoted(line);
-        line = Trimmed(line);
-        if (!line.starts_with('=')) Refuse("a = is missing");
+        const std::string name = unquoted(line);
+        line = trimmed(line);
+        if (!line.starts_with('=')) refuse("a = is missing");
         const RegistryItem item = ParseRegistryValue(line.substr(1));
-        if (!inKey) Refuse("a value before the first key");
+        if (!inKey) refuse("a value before the first key");
         ++values;
         if (!apply) continue;
         const LONG code =
@@ -284,48 +284,48 @@ int WalkLines(std::string_view text, bool apply, int& number)
 std::string FormatRegistryValue(const RegistryItem& item)
 {
     if (item.type == REG_SZ || item.type == REG_EXPAND_SZ) {
-        if (const auto text = PlainText(item.data))
+        if (const auto text = plainText(item.data))
             return (item.type == REG_SZ ? "text " : "expand ") + Quoted(*text);
     } else if (item.type == REG_MULTI_SZ) {
-        if (const auto texts = PlainTexts(item.data)) return "texts" + *texts;
+        if (const auto texts = plainTexts(item.data)) return "texts" + *texts;
     } else if (item.type == REG_DWORD && item.data.size() == 4) {
         DWORD number = 0;
         for (std::size_t i = 4; i-- > 0;) number = number << 8 | static_cast<unsigned char>(item.data[i]);
         return "number " + std::to_string(number);
     } else if (item.type == REG_BINARY) {
-        return "binary" + Dump(item.data);
+        return "binary" + dump(item.data);
     }
-    return "type " + std::to_string(item.type) + Dump(item.data);
+    return "type " + std::to_string(item.type) + dump(item.data);
 }
 
 RegistryItem ParseRegistryValue(std::string_view text)
 {
-    text = Trimmed(text);
+    text = trimmed(text);
     const std::string_view form = text.substr(0, text.find_first_of(blanks));
-    text = Trimmed(text.substr(form.size()));
+    text = trimmed(text.substr(form.size()));
     RegistryItem item;
     if (form == "text" || form == "expand") {
-        item = {form == "text" ? REG_SZ : REG_EXPAND_SZ, Unquoted(text) + '\0'};
-        if (!Trimmed(text).empty()) Refuse("more behind the text");
+        item = {form == "text" ? REG_SZ : REG_EXPAND_SZ, unquoted(text) + '\0'};
+        if (!trimmed(text).empty()) refuse("more behind the text");
     } else if (form == "texts") {
         item.type = REG_MULTI_SZ;
-        for (; !text.empty(); text = Trimmed(text)) {
-            const std::string part = Unquoted(text);
-            if (part.empty()) Refuse("an empty text in a list");
+        for (; !text.empty(); text = trimmed(text)) {
+            const std::string part = unquoted(text);
+            if (part.empty()) refuse("an empty text in a list");
             item.data += part + '\0';
         }
         item.data += '\0';
     } else if (form == "number") {
         item.type = REG_DWORD;
-        for (DWORD number = ParseNumber(text), i = 0; i < 4; ++i)
+        for (DWORD number = parseNumber(text), i = 0; i < 4; ++i)
             item.data += static_cast<char>(number >> 8 * i);
     } else if (form == "binary") {
         item = {REG_BINARY, Bytes(text)};
     } else if (form == "type") {
         const std::string_view type = text.substr(0, text.find_first_of(blanks));
-        item = {ParseNumber(type), Bytes(text.substr(type.size()))};
+        item = {parseNumber(type), Bytes(text.substr(type.size()))};
     } else {
-        Refuse("a value must be text, expand, texts, number, binary or type");
+        refuse("a value must be text, expand, texts, number, binary or type");
     }
     return item;
 }
@@ -361,7 +361,7 @@ std::string ExportRegistry(const std::string& fullPath)
     if (code != 0) ThrowChainedException(GetLastErrorException(static_cast<DWORD>(code)), fullPath.c_str());
     const std::string root = hive == HKEY_CURRENT_USER ? "HKEY_CURRENT_USER" : "HKEY_LOCAL_MACHINE";
     std::string text = "; registry\n";
-    ExportKey(opened, path.empty() ? root : root + "\\" + path, 0, text);
+    exportKey(opened, path.empty() ? root : root + "\\" + path, 0, text);
     RegCloseKey(opened);
     return text;
 }
@@ -371,8 +371,8 @@ int ImportRegistry(std::string_view text)
     if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
     int line = 0;
     try {
-        WalkLines(text, false, line);
-        return WalkLines(text, true, line);
+        walkLines(text, false, line);
+        return walkLines(text, true, line);
     } catch (CException* e) {
         CString message;
         message.Format("Line %d of the registry text", line);

@@ -14,7 +14,7 @@ public:
     bool IsShared() const { return m_shares.load(std::memory_order_acquire) != 1; }
     void Share()
     {
-        if (OnlyThread())
+        if (onlyThread())
             m_shares.store(m_shares.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
         else
             m_shares.fetch_add(1, std::memory_order_relaxed);
@@ -23,7 +23,7 @@ public:
     bool Unshare()
     {
         if (!IsShared()) return true;
-        if (!OnlyThread()) return m_shares.fetch_sub(1, std::memory_order_acq_rel) == 1;
+        if (!onlyThread()) return m_shares.fetch_sub(1, std::memory_order_acq_rel) == 1;
         m_shares.store(m_shares.load(std::memory_order_relaxed) - 1, std::memory_order_relaxed);
         return false;
     }

@@ -4,10 +4,10 @@
 
 namespace corekit::detail {
 namespace {
-std::uint32_t LowOf(std::uint64_t key) { return static_cast<std::uint32_t>(key); }
+std::uint32_t lowOf(std::uint64_t key) { return static_cast<std::uint32_t>(key); }
 
 // How many of the ascending keys are below the given one, found without a branch to guess.
-std::size_t CountBelow(const std::uint64_t* keys, std::size_t count, std::uint64_t key)
+std::size_t countBelow(const std::uint64_t* keys, std::size_t count, std::uint64_t key)
 {
     const std::uint64_t* from = keys;
     while (count > 1) {
@@ -40,11 +40,11 @@ void SortedKeys::Assign(std::span<const std::uint64_t> ascending)
 SortedKeys::Place SortedKeys::LowerBound(std::uint64_t key) const
 {
     // The key, or the gap where it would stand, is in the last block that starts below it.
-    const std::size_t starting = CountBelow(m_first.data(), m_first.size(), key);
+    const std::size_t starting = countBelow(m_first.data(), m_first.size(), key);
     if (starting == 0) return Begin();
     const std::size_t block = starting - 1;
     const Block& in = *m_blocks[block];
-    const std::size_t index = CountBelow(in.keys.data(), in.count, key);
+    const std::size_t index = countBelow(in.keys.data(), in.count, key);
     return index < in.count ? Place{block, index} : Place{block + 1, 0};
 }
 
@@ -58,7 +58,7 @@ SortedKeys::Place SortedKeys::FirstWithLow(std::uint32_t low) const
     const auto block =
         static_cast<std::size_t>(std::find_if(from, m_maxLow.end(), enough) - m_maxLow.begin());
     std::size_t index = 0;
-    while (LowOf(m_blocks[block]->keys[index]) < low) ++index;
+    while (lowOf(m_blocks[block]->keys[index]) < low) ++index;
     return {block, index};
 }
 
@@ -106,14 +106,14 @@ void SortedKeys::Insert(std::uint64_t key)
     ++in.count;
     ++m_count;
     m_first[place.block] = in.keys[0];
-    Raise(place.block, LowOf(key));
+    Raise(place.block, lowOf(key));
 }
 
 void SortedKeys::Erase(Place place)
 {
     Block& in = *m_blocks[place.block];
     const auto at = in.keys.begin() + static_cast<std::ptrdiff_t>(place.index);
-    const std::uint32_t low = LowOf(*at);
+    const std::uint32_t low = lowOf(*at);
     std::move(at + 1, in.keys.begin() + static_cast<std::ptrdiff_t>(in.count), at);
     --in.count;
     --m_count;
@@ -135,14 +135,14 @@ void SortedKeys::Replace(Place place, std::uint64_t key)
         return Insert(key);
     }
     std::uint64_t& held = m_blocks[place.block]->keys[place.index];
-    const std::uint32_t low = LowOf(held);
+    const std::uint32_t low = lowOf(held);
     held = key;
     if (place.index == 0) m_first[place.block] = key;
-    if (LowOf(key) < low && low == m_maxLow[place.block]) {
+    if (lowOf(key) < low && low == m_maxLow[place.block]) {
         Summarise(place.block);
         SummariseGroup(place.block / groupRoom);
     } else {
-        Raise(place.block, LowOf(key));
+        Raise(place.block, lowOf(key));
     }
 }
 
@@ -195,7 +195,7 @@ void SortedKeys::Summarise(std::size_t block)
 {
     const Block& of = *m_blocks[block];
     std::uint32_t most = 0;
-    for (std::size_t i = 0; i < of.count; ++i) most = std::max(most, LowOf(of.keys[i]));
+    for (std::size_t i = 0; i < of.count; ++i) most = std::max(most, lowOf(of.keys[i]));
     m_first[block] = of.keys[0];
     m_maxLow[block] = most;
 }

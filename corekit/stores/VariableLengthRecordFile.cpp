@@ -20,9 +20,9 @@ namespace {
 constexpr DWORD areaSectors = 8, firstFreeSector = 1 + 2 * areaSectors;
 
 // What no block of memory could take when it is read again.
-void CheckRecordSize(DWORD size)
+void checkRecordSize(DWORD size)
 {
-    if (size > INT_MAX) ThrowRecordFileError(ERROR_FILE_TOO_LARGE, message::recordFileWriteFailed);
+    if (size > INT_MAX) throwRecordFileError(ERROR_FILE_TOO_LARGE, message::recordFileWriteFailed);
 }
 
 } // namespace
@@ -130,7 +130,7 @@ void CVariableLengthRecordFile::Flush()
 
 int CVariableLengthRecordFile::AddRecord(const void* data, DWORD size, int bFlush)
 {
-    CheckRecordSize(size);
+    checkRecordSize(size);
     const int record = FindFreeRecord();
     const DWORD offset = m_space->Take(size);
     m_space->SetEntry(record, {offset, size});
@@ -141,17 +141,17 @@ int CVariableLengthRecordFile::AddRecord(const void* data, DWORD size, int bFlus
 
 void CVariableLengthRecordFile::SetRecord(int record, const void* data, DWORD size, int bFlush)
 {
-    CheckRecordSize(size);
-    if (record < 0) ThrowRecordFileError(ERROR_INVALID_PARAMETER, message::recordFileWriteFailed);
+    checkRecordSize(size);
+    if (record < 0) throwRecordFileError(ERROR_INVALID_PARAMETER, message::recordFileWriteFailed);
     if (record >= m_space->Count()) m_space->ExtendTo(record);
     StoreRecord(record, data, size, bFlush);
 }
 
 void CVariableLengthRecordFile::ReplaceRecord(int record, const void* data, DWORD size, int bFlush)
 {
-    CheckRecordSize(size);
+    checkRecordSize(size);
     if (record < 0 || record >= m_space->Count())
-        ThrowRecordFileError(ERROR_INVALID_PARAMETER, message::recordFileWriteFailed);
+        throwRecordFileError(ERROR_INVALID_PARAMETER, message::recordFileWriteFailed);
     StoreRecord(record, data, size, bFlush);
 }
 
@@ -186,7 +186,7 @@ void CVariableLengthRecordFile::GetRecord(int record, void*& data, DWORD& size)
     const VLRExtent entry = m_space->Entry(record);
     // A size that the file does not have is refused before there is memory for it.
     if (static_cast<std::uint64_t>(entry.nOffset) + entry.nSize > m_image->BytesOnDisk() && entry.nSize > 0)
-        ThrowRecordFileError(ERROR_HANDLE_EOF, message::recordFileReadFailed);
+        throwRecordFileError(ERROR_HANDLE_EOF, message::recordFileReadFailed);
     void* const block = __safe_malloc(static_cast<int>(entry.nSize), __FILE__, __LINE__);
     try {
         ReadBlock(entry.nOffset, block, entry.nSize);

@@ -11,8 +11,8 @@ namespace {
 constexpr std::size_t leastSlots = 1024;
 constexpr std::size_t longestChain = 4096; // also of what a hostile file may put in one
 
-constexpr std::size_t MostWords(std::size_t slots) { return slots / 20 * 17; }
-DWORD PlaceOf(DWORD block, DWORD at) { return block * wordsOfLeaf + at; }
+constexpr std::size_t mostWords(std::size_t slots) { return slots / 20 * 17; }
+DWORD placeOf(DWORD block, DWORD at) { return block * wordsOfLeaf + at; }
 
 } // namespace
 
@@ -27,11 +27,11 @@ bool WordIndex::Build(std::span<const DWORD> leaves, const WordLeaf* blocks, con
     Forget();
     std::size_t count = 0, slots = leastSlots;
     for (const DWORD block : leaves) count += order.Used(block);
-    while (MostWords(slots) <= count) slots *= 2;
+    while (mostWords(slots) <= count) slots *= 2;
     Resize(slots);
     for (const DWORD block : leaves)
         for (DWORD at = 0; at < order.Used(block); ++at)
-            if (!Insert(SlotOf(NormalWord::HashOf(blocks[block][at]), PlaceOf(block, at))))
+            if (!Insert(SlotOf(NormalWord::HashOf(blocks[block][at]), placeOf(block, at))))
                 return Forget(), false;
     return true;
 }
@@ -41,7 +41,7 @@ bool WordIndex::Resize(std::size_t slots)
 {
     const std::vector<Slot> old = std::exchange(m_slots, std::vector<Slot>(slots + longestChain));
     m_count = 0;
-    m_mostWords = MostWords(slots);
+    m_mostWords = mostWords(slots);
     m_shift = 64 - std::countr_zero(slots);
     for (const Slot slot : old)
         if (slot && !Insert(slot)) return false;
@@ -83,7 +83,7 @@ void WordIndex::Learn(const NormalWord& word, DWORD block, DWORD at, const WordL
         // A slot that still leads to a word with this hash is that word's.
         const WordEntry& entry = EntryOf(m_slots[slot], blocks);
         if (entry.id && IsAlike(m_slots[slot], NormalWord::HashOf(entry))) continue;
-        m_slots[slot] = SlotOf(word.Hash(), PlaceOf(block, at));
+        m_slots[slot] = SlotOf(word.Hash(), placeOf(block, at));
         return;
     }
 }
@@ -93,7 +93,7 @@ void WordIndex::Add(const NormalWord& word, DWORD block, DWORD at)
 {
     try {
         const bool hasRoom = m_count < m_mostWords || Resize((m_slots.size() - longestChain) * 2);
-        if (!hasRoom || !Insert(SlotOf(word.Hash(), PlaceOf(block, at)))) Forget();
+        if (!hasRoom || !Insert(SlotOf(word.Hash(), placeOf(block, at)))) Forget();
     } catch (const std::bad_alloc&) {
         Forget();
     }

@@ -56,7 +56,7 @@ struct WordListHeader {
 static_assert(sizeof(WordListHeader) == 20);
 
 // Below 0, 0, above 0: the order of a zero-terminated text and a word of the file.
-inline int CompareWords(const WCHAR* text, const WordEntry& entry)
+inline int compareWords(const WCHAR* text, const WordEntry& entry)
 {
     for (DWORD i = 0; i < wordUnits; ++i) {
         if (text[i] != entry.word[i]) return text[i] < entry.word[i] ? -1 : 1;
@@ -160,7 +160,7 @@ private:
 };
 
 // The same order for a word, four units a step.
-inline int CompareWords(const NormalWord& word, const WordEntry& entry)
+inline int compareWords(const NormalWord& word, const WordEntry& entry)
 {
     constexpr std::uint64_t ones = 0x0001000100010001, tops = 0x8000800080008000;
     for (DWORD unit = 0; unit < wordUnits; unit += 4) {
@@ -179,7 +179,7 @@ inline int CompareWords(const NormalWord& word, const WordEntry& entry)
 // How many of the entries, which ascend, are in front of what is looked for. The entries of three comparisons
 // are fetched at once, since fetching takes longer than comparing.
 template <class IsInFront>
-DWORD CountInFront(std::span<const WordEntry> entries, IsInFront isInFront)
+DWORD countInFront(std::span<const WordEntry> entries, IsInFront isInFront)
 {
     DWORD first = 0;
     for (auto end = static_cast<DWORD>(entries.size()); first < end;) {

@@ -122,9 +122,9 @@ CWordListFile::Place CWordListFile::FindPlace(const Word& word) const
     const DWORD number = m_order->LeafOf(word);
     const Leaf& leaf = LeafAt(number);
     const DWORD used = m_order->Used(MasterIndex()[number]);
-    const DWORD at = CountInFront({leaf.entries, used},
-                                  [&word](const WordEntry& entry) { return CompareWords(word, entry) > 0; });
-    if (at < used) return {number, at, CompareWords(word, leaf[at]) == 0};
+    const DWORD at = countInFront({leaf.entries, used},
+                                  [&word](const WordEntry& entry) { return compareWords(word, entry) > 0; });
+    if (at < used) return {number, at, compareWords(word, leaf[at]) == 0};
     // What comes between two leaves goes to the second.
     if (number + 1 < m_header->masterCount) return {number + 1, 0, false};
     return {number, at, false};
@@ -137,14 +137,14 @@ CWordListFile::Place CWordListFile::FindPlaceBySteps(const Word& word) const
     while (low < high) {
         const DWORD middle = (low + high) / 2;
         const Leaf& leaf = LeafAt(middle);
-        const int order = CompareWords(word.Text(), leaf[0]);
+        const int order = compareWords(word.Text(), leaf[0]);
         if (order == 0) return {middle, 0, true};
         if (order < 0) {
             high = middle;
             continue;
         }
         const DWORD last = leaf.LastUsed();
-        const int orderOfLast = last == 0 ? 1 : CompareWords(word.Text(), leaf[last]);
+        const int orderOfLast = last == 0 ? 1 : compareWords(word.Text(), leaf[last]);
         if (orderOfLast == 0) return {middle, last, true};
         low = orderOfLast < 0 ? middle : middle + 1;
         if (orderOfLast < 0) break;
@@ -153,7 +153,7 @@ CWordListFile::Place CWordListFile::FindPlaceBySteps(const Word& word) const
     int first = 0, last = static_cast<int>(leaf.LastUsed());
     while (first < last) {
         const int middle = (first + last) / 2;
-        const int order = CompareWords(word.Text(), leaf[static_cast<DWORD>(middle)]);
+        const int order = compareWords(word.Text(), leaf[static_cast<DWORD>(middle)]);
         if (order == 0) return {low, static_cast<DWORD>(middle), true};
         if (order < 0)
             last = middle - 1;
@@ -161,7 +161,7 @@ CWordListFile::Place CWordListFile::FindPlaceBySteps(const Word& word) const
             first = middle + 1;
     }
     const auto at = static_cast<DWORD>(first);
-    const int order = CompareWords(word.Text(), leaf[at]);
+    const int order = compareWords(word.Text(), leaf[at]);
     return {low, order > 0 ? at + 1 : at, order == 0};
 }
 

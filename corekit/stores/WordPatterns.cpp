@@ -13,16 +13,16 @@ using namespace corekit::detail;
 
 namespace {
 
-std::u16string_view View(const StringW& text) { return {text, static_cast<std::size_t>(text.GetLength())}; }
+std::u16string_view view(const StringW& text) { return {text, static_cast<std::size_t>(text.GetLength())}; }
 
 // Whether the pattern says no more than how a word begins.
-bool IsPrefixWithStar(std::u16string_view pattern)
+bool isPrefixWithStar(std::u16string_view pattern)
 {
     return pattern.size() > 1 && pattern.find_first_of(u"*?\"") == pattern.size() - 1 &&
            pattern.back() == u'*';
 }
 
-void Append(CDWordArray& ids, std::span<const DWORD> more)
+void append(CDWordArray& ids, std::span<const DWORD> more)
 {
     const int size = ids.GetSize();
     ids.SetSize(size + static_cast<int>(more.size()));
@@ -41,8 +41,8 @@ int CWordListFile::FindPattern(const WCHAR* text, CDWordArray& ids)
     if (!IsOpen() || pattern.IsEmpty()) return 0;
     if (IsWildCardString(pattern.Left(1))) return LinearSearchEntireList(pattern, ids);
 
-    const std::size_t wildcard = View(pattern).find_first_of(u"*?");
-    const std::size_t allButLast = View(pattern).size() - 1;
+    const std::size_t wildcard = view(pattern).find_first_of(u"*?");
+    const std::size_t allButLast = view(pattern).size() - 1;
     FindPatternNormalList(pattern.Left(static_cast<int>(std::min(wildcard, allButLast))), pattern, ids);
     CDWordArray longIds;
     FindPatternLongList(pattern, longIds);
@@ -60,7 +60,7 @@ DWORD CWordListFile::FirstLeafOf(const WCHAR* prefix) const
     while (low < high) {
         const DWORD middle = (low + high) / 2;
         const Leaf& leaf = LeafAt(middle);
-        const int order = CompareWords(prefix, leaf[0]);
+        const int order = compareWords(prefix, leaf[0]);
         if (order == 0) return middle;
         if (order < 0) {
             high = middle;
@@ -68,7 +68,7 @@ DWORD CWordListFile::FirstLeafOf(const WCHAR* prefix) const
         }
         DWORD last = wordsOfLeaf - 1;
         while (last > 0 && leaf[last].id) --last;
-        if (last > 0 && CompareWords(prefix, leaf[last]) <= 0) return middle;
+        if (last > 0 && compareWords(prefix, leaf[last]) <= 0) return middle;
         low = middle + 1;
     }
     return low;
@@ -79,15 +79,15 @@ void CWordListFile::FindPatternNormalList(const StringW& prefix, const StringW& 
     if (m_header->masterCount == 0) return;
     if (!m_order->IsReady()) Learn(false);
     const DWORD first = FirstLeafOf(prefix);
-    const WordSignature wanted = SignatureOfPattern(View(pattern));
+    const WordSignature wanted = signatureOfPattern(view(pattern));
     DWORD end = first + 1;
-    while (end < m_header->masterCount && LeafAt(end)[0].Text().starts_with(View(prefix))) ++end;
-    const bool isPrefix = m_order->IsReady() && IsPrefixWithStar(View(pattern));
+    while (end < m_header->masterCount && LeafAt(end)[0].Text().starts_with(view(prefix))) ++end;
+    const bool isPrefix = m_order->IsReady() && isPrefixWithStar(view(pattern));
     for (DWORD leaf = first; leaf < end; ++leaf) {
         if (isPrefix && leaf > first && leaf + 1 < end)
             AppendLeaf(leaf, ids);
         else if (isPrefix)
-            MatchLeafByPrefix(leaf, View(prefix), pattern, wanted, ids);
+            MatchLeafByPrefix(leaf, view(prefix), pattern, wanted, ids);
         else
             MatchLeaf(leaf, 0, wordsOfLeaf, pattern, wanted, ids);
     }
@@ -105,7 +105,7 @@ bool CWordListFile::LinearSearchEntireList(const StringW& pattern, CDWordArray& 
 void CWordListFile::LinearSearchNormalList(const StringW& pattern, CDWordArray& ids)
 {
     ids.RemoveAll();
-    const WordSignature wanted = SignatureOfPattern(View(pattern));
+    const WordSignature wanted = signatureOfPattern(view(pattern));
     for (DWORD leaf = 0; leaf < m_header->masterCount; ++leaf)
         MatchLeaf(leaf, 0, wordsOfLeaf, pattern, wanted, ids);
 }
@@ -114,7 +114,7 @@ void CWordListFile::LinearSearchNormalList(const StringW& pattern, CDWordArray& 
 void CWordListFile::AppendLeaf(DWORD number, CDWordArray& ids)
 {
     const auto known = m_signatures->Of(MasterIndex()[number], LeafAt(number));
-    Append(ids, {known.ids, known.used});
+    append(ids, {known.ids, known.used});
 }
 
 // Words that begin with the prefix stand together; any other may still have it behind a separator.
@@ -128,7 +128,7 @@ void CWordListFile::MatchLeafByPrefix(DWORD number, std::u16string_view prefix, 
     const auto begin = std::ranges::lower_bound(words, prefix, {}, head) - words.begin();
     const auto end = std::ranges::upper_bound(words, prefix, {}, head) - words.begin();
     MatchLeaf(number, 0, static_cast<DWORD>(begin), pattern, wanted, ids);
-    Append(ids, {known.ids + begin, known.ids + end});
+    append(ids, {known.ids + begin, known.ids + end});
     MatchLeaf(number, static_cast<DWORD>(end), known.used, pattern, wanted, ids);
 }
 

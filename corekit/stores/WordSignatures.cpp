@@ -6,18 +6,18 @@ namespace corekit::detail {
 
 namespace {
 
-constexpr WordSignature UnitBit(WCHAR c) { return WordSignature{1} << (c & 31); }
-constexpr WordSignature PairBit(WCHAR a, WCHAR b)
+constexpr WordSignature unitBit(WCHAR c) { return WordSignature{1} << (c & 31); }
+constexpr WordSignature pairBit(WCHAR a, WCHAR b)
 {
     return WordSignature{1} << (32 + ((a * 0x9E3779B1u + b * 0x85EBCA77u) >> 27));
 }
 
-constexpr WordSignature SignatureOf(std::u16string_view word)
+constexpr WordSignature signatureOf(std::u16string_view word)
 {
     WordSignature signature = 0;
     for (std::size_t i = 0; i < word.size(); ++i) {
-        signature |= UnitBit(word[i]);
-        if (i > 0) signature |= PairBit(word[i - 1], word[i]);
+        signature |= unitBit(word[i]);
+        if (i > 0) signature |= pairBit(word[i - 1], word[i]);
     }
     return signature;
 }
@@ -26,7 +26,7 @@ constexpr WordSignature SignatureOf(std::u16string_view word)
 
 // The parts between the stars are looked for one by one. A question mark puts units together that are not
 // neighbours in the word, so that a part with one says nothing of pairs.
-WordSignature SignatureOfPattern(std::u16string_view pattern)
+WordSignature signatureOfPattern(std::u16string_view pattern)
 {
     constexpr WordSignature units = 0xFFFFFFFF;
     std::u16string part;
@@ -38,7 +38,7 @@ WordSignature SignatureOfPattern(std::u16string_view pattern)
         }
         const bool hasQuestion = part.find(u'?') != part.npos;
         std::erase(part, u'?');
-        wanted |= SignatureOf(part) & (hasQuestion ? units : ~WordSignature{0});
+        wanted |= signatureOf(part) & (hasQuestion ? units : ~WordSignature{0});
         part.clear();
     }
     return wanted;
@@ -55,7 +55,7 @@ WordSignatures::OfLeaf WordSignatures::Of(DWORD block, const WordLeaf& leaf)
     if (m_used[block] == unknown) {
         DWORD used = 0;
         for (; used < wordsOfLeaf && leaf[used].id; ++used) {
-            m_words[first + used] = SignatureOf(leaf[used].Text());
+            m_words[first + used] = signatureOf(leaf[used].Text());
             m_ids[first + used] = leaf[used].id;
         }
         m_used[block] = static_cast<BYTE>(used);

@@ -11,7 +11,7 @@ namespace corekit::detail {
 using WordSignature = std::uint64_t;
 
 // What every word that the pattern matches has in its signature.
-WordSignature SignatureOfPattern(std::u16string_view pattern);
+WordSignature signatureOfPattern(std::u16string_view pattern);
 
 // The signatures of a list's leaves, and its identifiers beside each other, made when they are first asked
 // for.

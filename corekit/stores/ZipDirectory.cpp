@@ -27,7 +27,7 @@ DWORDLONG Number(std::string_view bytes, std::size_t at, std::size_t size)
 }
 
 // The bytes there, or fewer where the file ends.
-std::string BytesAt(std::FILE* file, DWORDLONG place, std::size_t size)
+std::string bytesAt(std::FILE* file, DWORDLONG place, std::size_t size)
 {
     std::string bytes(size, '\0');
     const bool isThere = place <= static_cast<DWORDLONG>(std::numeric_limits<off_t>::max()) &&
@@ -36,13 +36,13 @@ std::string BytesAt(std::FILE* file, DWORDLONG place, std::size_t size)
     return bytes;
 }
 
-DWORDLONG SizeOf(std::FILE* file)
+DWORDLONG sizeOf(std::FILE* file)
 {
     return fseeko(file, 0, SEEK_END) == 0 ? static_cast<DWORDLONG>(std::max<off_t>(ftello(file), 0)) : 0;
 }
 
 // A pipe would be waited for.
-File OpenFile(const std::string& path)
+File openFile(const std::string& path)
 {
     std::error_code gone;
     const bool isPlain = std::filesystem::is_regular_file(path, gone);
@@ -50,11 +50,11 @@ File OpenFile(const std::string& path)
 }
 
 // Where the record at the end begins: the last one whose comment reaches to the end of the file.
-std::optional<DWORDLONG> FindEnd(std::FILE* file)
+std::optional<DWORDLONG> findEnd(std::FILE* file)
 {
-    const DWORDLONG size = SizeOf(file);
+    const DWORDLONG size = sizeOf(file);
     const DWORDLONG tail = std::min<DWORDLONG>(size, endSize + longestComment);
-    const std::string bytes = BytesAt(file, size - tail, static_cast<std::size_t>(tail));
+    const std::string bytes = bytesAt(file, size - tail, static_cast<std::size_t>(tail));
     for (std::size_t at = bytes.rfind(endMark); at != bytes.npos;
          at = at ? bytes.rfind(endMark, at - 1) : bytes.npos)
         if (at + endSize <= bytes.size() && at + endSize + Number(bytes, at + 20, 2) == bytes.size())
@@ -66,25 +66,25 @@ struct End {
     DWORDLONG entries, size, offset, place; // place: of the record that says so
 };
 
-std::optional<End> ReadEnd(std::FILE* file)
+std::optional<End> readEnd(std::FILE* file)
 {
-    const auto place = FindEnd(file);
+    const auto place = findEnd(file);
     if (!place) return std::nullopt;
-    const std::string bytes = BytesAt(file, *place, endSize);
+    const std::string bytes = bytesAt(file, *place, endSize);
     if (bytes.size() < endSize) return std::nullopt;
     const End end{Number(bytes, 10, 2), Number(bytes, 12, 4), Number(bytes, 16, 4), *place};
     const bool isWide = end.entries == 0xFFFF || end.size == 0xFFFFFFFF || end.offset == 0xFFFFFFFF;
     if (!isWide || *place < locatorSize) return end;
-    const std::string locator = BytesAt(file, *place - locatorSize, locatorSize);
+    const std::string locator = bytesAt(file, *place - locatorSize, locatorSize);
     if (!locator.starts_with(locatorMark)) return end;
     const DWORDLONG widePlace = Number(locator, 8, 8);
-    const std::string wide = BytesAt(file, widePlace, wideEndSize);
+    const std::string wide = bytesAt(file, widePlace, wideEndSize);
     if (wide.size() < wideEndSize || !wide.starts_with(wideEndMark)) return std::nullopt;
     return End{Number(wide, 32, 8), Number(wide, 40, 8), Number(wide, 48, 8), widePlace};
 }
 
 // Sizes and places that do not fit 32 bits stand in a field of their own, in this order.
-void Widen(std::string_view extra, corekit::ZipDirectoryEntry& entry)
+void widen(std::string_view extra, corekit::ZipDirectoryEntry& entry)
 {
     while (extra.size() >= 4) {
         const auto size = static_cast<std::size_t>(Number(extra, 2, 2));
@@ -104,13 +104,13 @@ namespace corekit {
 
 std::optional<ZipDirectory> ZipDirectory::Read(const std::string& path)
 {
-    const File file = OpenFile(path);
-    const auto end = file ? ReadEnd(file.get()) : std::nullopt;
+    const File file = openFile(path);
+    const auto end = file ? readEnd(file.get()) : std::nullopt;
     if (!end || end->size > end->place || end->offset > end->place - end->size) return std::nullopt;
     const DWORDLONG before = end->place - end->size - end->offset; // a program that unpacks itself, say
     ZipDirectory directory;
     directory.m_begin = before + end->offset;
-    const std::string rows = BytesAt(file.get(), directory.m_begin, static_cast<std::size_t>(end->size));
+    const std::string rows = bytesAt(file.get(), directory.m_begin, static_cast<std::size_t>(end->size));
     std::string_view rest = rows;
     while (rest.size() >= rowSize && rest.starts_with(rowMark)) {
         const auto name = static_cast<std::size_t>(Number(rest, 28, 2)),
@@ -123,7 +123,7 @@ std::optional<ZipDirectory> ZipDirectory::Read(const std::string& path)
                                 Number(rest, 24, 4),
                                 std::string(rest.substr(rowSize, name)),
                                 static_cast<DWORD>(Number(rest, 12, 4))};
-        Widen(rest.substr(rowSize + name, extra), entry);
+        widen(rest.substr(rowSize + name, extra), entry);
         entry.local += before;
         directory.m_entries.push_back(std::move(entry));
         rest.remove_prefix(rowSize + name + extra + comment);
@@ -158,10 +158,10 @@ DWORDLONG ZipDirectory::UnpackedSize() const
 
 namespace detail {
 
-bool IsConfirmed(const std::string& path, const ZipDirectoryEntry& entry)
+bool isConfirmed(const std::string& path, const ZipDirectoryEntry& entry)
 {
-    const File file = OpenFile(path);
-    const std::string header = file ? BytesAt(file.get(), entry.local, headerSize + entry.name.size()) : "";
+    const File file = openFile(path);
+    const std::string header = file ? bytesAt(file.get(), entry.local, headerSize + entry.name.size()) : "";
     return header.size() == headerSize + entry.name.size() && header.starts_with(headerMark) &&
            Number(header, 10, 4) == entry.dosDate && header.ends_with(entry.name);
 }
@@ -174,20 +174,20 @@ struct Source {
     DWORDLONG end; // of what is seen
 };
 
-Source& SourceOf(voidpf stream) { return *static_cast<Source*>(stream); }
+Source& sourceOf(voidpf stream) { return *static_cast<Source*>(stream); }
 
-voidpf OpenSource(voidpf, const void* name, int)
+voidpf openSource(voidpf, const void* name, int)
 {
-    File file = OpenFile(static_cast<const char*>(name));
-    const auto end = file ? FindEnd(file.get()) : std::nullopt;
+    File file = openFile(static_cast<const char*>(name));
+    const auto end = file ? findEnd(file.get()) : std::nullopt;
     if (!end) return nullptr;
     std::rewind(file.get());
     return new Source{std::move(file), *end + endSize};
 }
 
-uLong ReadSource(voidpf, voidpf stream, void* buffer, uLong size)
+uLong readSource(voidpf, voidpf stream, void* buffer, uLong size)
 {
-    Source& source = SourceOf(stream);
+    Source& source = sourceOf(stream);
     const auto place = static_cast<DWORDLONG>(std::max<off_t>(ftello(source.file.get()), 0));
     const DWORDLONG there = place < source.end ? source.end - place : 0;
     const std::size_t count =
@@ -197,14 +197,14 @@ uLong ReadSource(voidpf, voidpf stream, void* buffer, uLong size)
     return static_cast<uLong>(count);
 }
 
-ZPOS64_T TellSource(voidpf, voidpf stream)
+ZPOS64_T tellSource(voidpf, voidpf stream)
 {
-    return static_cast<ZPOS64_T>(ftello(SourceOf(stream).file.get()));
+    return static_cast<ZPOS64_T>(ftello(sourceOf(stream).file.get()));
 }
 
-long SeekSource(voidpf, voidpf stream, ZPOS64_T offset, int origin)
+long seekSource(voidpf, voidpf stream, ZPOS64_T offset, int origin)
 {
-    Source& source = SourceOf(stream);
+    Source& source = sourceOf(stream);
     if (origin == ZLIB_FILEFUNC_SEEK_END) {
         offset += source.end;
         origin = ZLIB_FILEFUNC_SEEK_SET;
@@ -215,14 +215,14 @@ long SeekSource(voidpf, voidpf stream, ZPOS64_T offset, int origin)
                : fseeko(source.file.get(), static_cast<off_t>(offset), from);
 }
 
-int CloseSource(voidpf, voidpf stream) { return delete &SourceOf(stream), 0; }
-int SourceError(voidpf, voidpf stream) { return std::ferror(SourceOf(stream).file.get()); }
+int closeSource(voidpf, voidpf stream) { return delete &sourceOf(stream), 0; }
+int sourceError(voidpf, voidpf stream) { return std::ferror(sourceOf(stream).file.get()); }
 } // namespace
 
-void* OpenZip(const std::string& path)
+void* openZip(const std::string& path)
 {
-    zlib_filefunc64_def functions{OpenSource, ReadSource,  nullptr,     TellSource,
-                                  SeekSource, CloseSource, SourceError, nullptr};
+    zlib_filefunc64_def functions{openSource, readSource,  nullptr,     tellSource,
+                                  seekSource, closeSource, sourceError, nullptr};
     return unzOpen2_64(path.c_str(), &functions);
 }
 

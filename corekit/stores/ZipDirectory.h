@@ -42,10 +42,10 @@ namespace detail {
 
 // Opens the archive for the functions of minizip, which see it end without a comment: they would search that
 // for records of theirs. Null if they find no archive.
-void* OpenZip(const std::string& path);
+void* openZip(const std::string& path);
 
 // Whether the entry's own header has the name and the date that the directory has.
-bool IsConfirmed(const std::string& path, const ZipDirectoryEntry& entry);
+bool isConfirmed(const std::string& path, const ZipDirectoryEntry& entry);
 
 } // namespace detail
 } // namespace corekit

@@ -6,7 +6,7 @@ namespace {
 constexpr uLong isEncrypted = 1, hasLateSizes = 8;
 constexpr int headerSize = 12;
 
-DWORD CrcStep(DWORD crc, BYTE byte)
+DWORD crcStep(DWORD crc, BYTE byte)
 {
     return static_cast<DWORD>(get_crc_table()[(crc ^ byte) & 0xFF]) ^ crc >> 8;
 }
@@ -16,9 +16,9 @@ namespace corekit::detail {
 
 void ZipCipher::Stir(BYTE plain)
 {
-    m_keys[0] = CrcStep(m_keys[0], plain);
+    m_keys[0] = crcStep(m_keys[0], plain);
     m_keys[1] = (m_keys[1] + (m_keys[0] & 0xFF)) * 134775813 + 1;
-    m_keys[2] = CrcStep(m_keys[2], static_cast<BYTE>(m_keys[1] >> 24));
+    m_keys[2] = crcStep(m_keys[2], static_cast<BYTE>(m_keys[1] >> 24));
 }
 
 ZipEntry::ZipEntry(unzFile archive, const unz_file_info64& info, const char* password)

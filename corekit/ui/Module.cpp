@@ -10,7 +10,7 @@ namespace {
 constinit AFX_EXTENSION_MODULE library;
 
 // Class records have linked themselves before this runs; what else it touches is ready without code.
-[[gnu::constructor]] void Start()
+[[gnu::constructor]] void start()
 {
     library.dialogs = corekit::detail::dialogTable();
     if (!AfxInitExtensionModule(library, nullptr)) return;
@@ -18,7 +18,7 @@ constinit AFX_EXTENSION_MODULE library;
     SetMessageBoxHandler(corekit::detail::showMessageBox);
 }
 
-[[gnu::destructor]] void Stop()
+[[gnu::destructor]] void stop()
 {
     SetMessageBoxHandler(nullptr);
     AfxTermExtensionModule(library);

@@ -12,13 +12,13 @@ constexpr UINT sizesLeft = 1, sizesRight = 2, sizesTop = 3, sizesTopLeft = 4, si
 // Answers to WM_NCHITTEST.
 constexpr int hitLeft = 10, hitRight = 11, hitTop = 12, hitBottom = 15, hitBorder = 18;
 
-int Sliding(LONG start, LONG end, int elapsed)
+int sliding(LONG start, LONG end, int elapsed)
 {
     const LONGLONG way = (static_cast<LONGLONG>(start) - end) * elapsed / slideMilliseconds;
     return static_cast<int>(start - way);
 }
 
-int RoundedTo(int length, int increment)
+int roundedTo(int length, int increment)
 {
     if (increment < 1) return length;
     const LONGLONG count = (2LL * std::max(length, 0) + increment) / (2LL * increment);
@@ -27,7 +27,7 @@ int RoundedTo(int length, int increment)
 
 } // namespace
 
-UINT EdgeFromPoint(DWORD allowed, POINT point, const AppBarScreen& screen)
+UINT edgeFromPoint(DWORD allowed, POINT point, const AppBarScreen& screen)
 {
     const bool sides = allowed & appBarAllowLeftRight, ends = allowed & appBarAllowTopBottom;
     if (allowed & appBarAllowFloat) {
@@ -45,7 +45,7 @@ UINT EdgeFromPoint(DWORD allowed, POINT point, const AppBarScreen& screen)
     return ends ? end : side;
 }
 
-CRect DockedRect(UINT edge, const CRect& area, UINT breadth)
+CRect dockedRect(UINT edge, const CRect& area, UINT breadth)
 {
     CRect rect = area;
     const auto pixels = static_cast<LONG>(breadth);
@@ -68,7 +68,7 @@ CRect DockedRect(UINT edge, const CRect& area, UINT breadth)
     return rect;
 }
 
-bool MoveForAutohide(UINT edge, AppBarShow show, const AppBarScreen& screen, CRect& rect)
+bool moveForAutohide(UINT edge, AppBarShow show, const AppBarScreen& screen, CRect& rect)
 {
     if (edge > ABE_BOTTOM) return false;
     const CSize size = rect.Size();
@@ -82,19 +82,19 @@ bool MoveForAutohide(UINT edge, AppBarShow show, const AppBarScreen& screen, CRe
     return true;
 }
 
-CRect SlidingRect(const CRect& start, const CRect& end, int elapsed)
+CRect slidingRect(const CRect& start, const CRect& end, int elapsed)
 {
     if (elapsed >= slideMilliseconds) return end;
-    const CPoint at(Sliding(start.left, end.left, elapsed), Sliding(start.top, end.top, elapsed));
-    const CSize size(Sliding(start.Width(), end.Width(), elapsed),
-                     Sliding(start.Height(), end.Height(), elapsed));
+    const CPoint at(sliding(start.left, end.left, elapsed), sliding(start.top, end.top, elapsed));
+    const CSize size(sliding(start.Width(), end.Width(), elapsed),
+                     sliding(start.Height(), end.Height(), elapsed));
     return {at, size};
 }
 
-CRect WholeIncrements(const CRect& rect, CSize frame, CSize increment, UINT side)
+CRect wholeIncrements(const CRect& rect, CSize frame, CSize increment, UINT side)
 {
-    const int width = RoundedTo(rect.Width() - frame.cx, increment.cx) + frame.cx;
-    const int height = RoundedTo(rect.Height() - frame.cy, increment.cy) + frame.cy;
+    const int width = roundedTo(rect.Width() - frame.cx, increment.cx) + frame.cx;
+    const int height = roundedTo(rect.Height() - frame.cy, increment.cy) + frame.cy;
     CRect whole = rect;
     if (side == sizesLeft || side == sizesTopLeft || side == sizesBottomLeft) whole.left = rect.right - width;
     if (side == sizesRight || side == sizesTopRight || side == sizesBottomRight)
@@ -105,7 +105,7 @@ CRect WholeIncrements(const CRect& rect, CSize frame, CSize increment, UINT side
     return whole;
 }
 
-int DockedHitTest(UINT edge, POINT point, const CRect& client, CSize increment)
+int dockedHitTest(UINT edge, POINT point, const CRect& client, CSize increment)
 {
     if ((IsSideEdge(edge) ? increment.cx : increment.cy) == 0) return hitBorder;
     switch (edge) {

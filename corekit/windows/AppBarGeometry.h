@@ -41,27 +41,27 @@ struct AppBarScreen {
 
 // The state for a bar that is dragged to the point, among those that the flags allow. With none of the edges
 // allowed, or well inside of the work area, that is to float if it may.
-COREKIT_API UINT EdgeFromPoint(DWORD allowed, POINT point, const AppBarScreen& screen);
+COREKIT_API UINT edgeFromPoint(DWORD allowed, POINT point, const AppBarScreen& screen);
 
 // The strip of the given breadth along the edge of the area. The area itself for a state that is no edge.
-COREKIT_API CRect DockedRect(UINT edge, const CRect& area, UINT breadth);
+COREKIT_API CRect dockedRect(UINT edge, const CRect& area, UINT breadth);
 
 enum class AppBarShow { hidden, shown };
 // Where a bar that hides itself lies on its edge; hidden, a rim of two borders stays on the screen. False,
 // and nothing changes, for a state that is no edge.
-COREKIT_API bool MoveForAutohide(UINT edge, AppBarShow show, const AppBarScreen& screen, CRect& rect);
+COREKIT_API bool moveForAutohide(UINT edge, AppBarShow show, const AppBarScreen& screen, CRect& rect);
 
 inline constexpr int slideMilliseconds = 400;
 // The rectangle on its way from `start` to `end`, `elapsed` milliseconds after it left.
-COREKIT_API CRect SlidingRect(const CRect& start, const CRect& end, int elapsed);
+COREKIT_API CRect slidingRect(const CRect& start, const CRect& end, int elapsed);
 
 // Gives the rectangle a client area of whole increments, half of one rounding up. `frame` is what the window
 // has around its client area, `side` the side or corner that moves, as WM_SIZING numbers them; the others
 // stay. An increment below 1 leaves its axis alone.
-COREKIT_API CRect WholeIncrements(const CRect& rect, CSize frame, CSize increment, UINT side);
+COREKIT_API CRect wholeIncrements(const CRect& rect, CSize frame, CSize increment, UINT side);
 
 // The part of a docked bar that the point is on: the inner side sizes where the increment across it is not
 // 0, all else of the frame is border. Codes are those of WM_NCHITTEST.
-COREKIT_API int DockedHitTest(UINT edge, POINT point, const CRect& client, CSize increment);
+COREKIT_API int dockedHitTest(UINT edge, POINT point, const CRect& client, CSize increment);
 
 } // namespace corekit::detail

@@ -12,7 +12,7 @@ namespace {
 constexpr UINT statusBarId = 59393;
 constexpr CPoint noPosition{-1, -1};
 
-CString Numbered(const char* format, int number)
+CString numbered(const char* format, int number)
 {
     CString name;
     name.Format(format, number);
@@ -42,28 +42,28 @@ private:
     CSize m_from, m_to;
 };
 
-void SetFlag(CPropertyStore& store, const char* name, bool flag) { store.SetValue(name, flag ? 1 : 0); }
+void setFlag(CPropertyStore& store, const char* name, bool flag) { store.SetValue(name, flag ? 1 : 0); }
 
-bool FlagOf(CPropertyStore& store, const char* name, bool missing)
+bool flagOf(CPropertyStore& store, const char* name, bool missing)
 {
     int flag = missing;
     store.GetValue(name, flag);
     return flag != 0;
 }
 
-CPropertyStore StoreOf(const BarRecord& bar)
+CPropertyStore storeOf(const BarRecord& bar)
 {
     CPropertyStore store;
     store.SetValue("ID", bar.id);
-    SetFlag(store, "Visible", bar.visible);
+    setFlag(store, "Visible", bar.visible);
     if (bar.floating) {
-        SetFlag(store, "Horizontal", bar.horizontal);
-        SetFlag(store, "Floating", bar.floating);
+        setFlag(store, "Horizontal", bar.horizontal);
+        setFlag(store, "Floating", bar.floating);
     }
     store.SetValue("Position", static_cast<POINT>(bar.position));
     store.SetValue("MRU Width", bar.mruWidth);
     if (bar.hasDocking) {
-        SetFlag(store, "Docking", true);
+        setFlag(store, "Docking", true);
         store.SetValue("MRU Dock ID", bar.docking.dockBarId);
         store.SetValue("MRU Dock Rect", static_cast<RECT>(bar.docking.rect));
         store.SetValue("MRU Float Style", bar.docking.floatStyle);
@@ -73,12 +73,12 @@ CPropertyStore StoreOf(const BarRecord& bar)
     if (count > 1) {
         store.SetValue("Bar Count", count);
         for (int i = 0; i < count; ++i)
-            store.SetValue(Numbered("Bar ID %d", i), bar.children[static_cast<std::size_t>(i)]);
+            store.SetValue(numbered("Bar ID %d", i), bar.children[static_cast<std::size_t>(i)]);
     }
     return store;
 }
 
-void LoadDocking(CPropertyStore& store, const Scaling& scaled, BarRecord::Docking& docking)
+void loadDocking(CPropertyStore& store, const Scaling& scaled, BarRecord::Docking& docking)
 {
     store.GetValue("MRU Dock ID", docking.dockBarId);
     RECT rect = docking.rect;
@@ -90,31 +90,31 @@ void LoadDocking(CPropertyStore& store, const Scaling& scaled, BarRecord::Dockin
     docking.floatPosition = scaled(CPoint(floated));
 }
 
-void LoadChildren(CPropertyStore& store, std::vector<int>& children)
+void loadChildren(CPropertyStore& store, std::vector<int>& children)
 {
     int count = 0;
     store.GetValue("Bar Count", count);
     count = std::min(count, store.GetPropertyStoreValueCount()); // each has a value of its own
     for (int i = 0; i < count; ++i) {
         int id = 0;
-        store.GetValue(Numbered("Bar ID %d", i), id);
+        store.GetValue(numbered("Bar ID %d", i), id);
         children.push_back(id);
     }
 }
 
-bool LoadBar(CPropertyStore& store, const Scaling& scaled, BarRecord& bar)
+bool loadBar(CPropertyStore& store, const Scaling& scaled, BarRecord& bar)
 {
     if (!store.GetValue("ID", bar.id)) return false;
-    bar.visible = FlagOf(store, "Visible", true);
-    bar.horizontal = FlagOf(store, "Horizontal", true);
-    bar.floating = FlagOf(store, "Floating", false);
+    bar.visible = flagOf(store, "Visible", true);
+    bar.horizontal = flagOf(store, "Horizontal", true);
+    bar.floating = flagOf(store, "Floating", false);
     POINT position = bar.position;
     store.GetValue("Position", position);
     bar.position = scaled(CPoint(position));
     store.GetValue("MRU Width", bar.mruWidth);
-    bar.hasDocking = FlagOf(store, "Docking", false);
-    if (bar.hasDocking) LoadDocking(store, scaled, bar.docking);
-    LoadChildren(store, bar.children);
+    bar.hasDocking = flagOf(store, "Docking", false);
+    if (bar.hasDocking) loadDocking(store, scaled, bar.docking);
+    loadChildren(store, bar.children);
     bar.isDockBar = !bar.children.empty();
     return true;
 }
@@ -126,17 +126,17 @@ bool BarRecord::IsWorthKeeping() const
     return !(isDockBar && visible && !floating && position == noPosition && children.size() < 2);
 }
 
-void SaveBarLayout(CPropertyStore& store, const BarLayout& layout)
+void saveBarLayout(CPropertyStore& store, const BarLayout& layout)
 {
     store.Empty();
     int count = 0;
     for (const BarRecord& bar : layout.bars)
-        if (bar.IsWorthKeeping()) store.SetPropertyStore(Numbered("Bar %d", count++), StoreOf(bar));
+        if (bar.IsWorthKeeping()) store.SetPropertyStore(numbered("Bar %d", count++), storeOf(bar));
     store.SetValue("Count", count);
     store.SetValue("Screen Size", static_cast<SIZE>(layout.screen));
 }
 
-bool LoadBarLayout(CPropertyStore& store, CSize present, const std::function<bool(UINT)>& isKnown,
+bool loadBarLayout(CPropertyStore& store, CSize present, const std::function<bool(UINT)>& isKnown,
                    BarLayout& layout)
 {
     int count = 0;
@@ -147,9 +147,9 @@ bool LoadBarLayout(CPropertyStore& store, CSize present, const std::function<boo
     const Scaling scaled(screen, present);
     try {
         for (int i = 0; i < count; ++i) {
-            CPropertyStore one = store.GetPropertyStore(Numbered("Bar %d", i));
+            CPropertyStore one = store.GetPropertyStore(numbered("Bar %d", i));
             BarRecord bar;
-            if (LoadBar(one, scaled, bar) && bar.id != statusBarId && isKnown(bar.id))
+            if (loadBar(one, scaled, bar) && bar.id != statusBarId && isKnown(bar.id))
                 layout.bars.push_back(bar);
         }
     } catch (CException* e) {

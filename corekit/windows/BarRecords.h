@@ -42,11 +42,11 @@ struct BarLayout {
 };
 
 // Empties the store first.
-COREKIT_API void SaveBarLayout(CPropertyStore& store, const BarLayout& layout);
+COREKIT_API void saveBarLayout(CPropertyStore& store, const BarLayout& layout);
 
 // False if the store has no layout. Points and rectangles are scaled to the `present` screen. Bars for which
 // `isKnown` is false are left out, and so are records without an id; reading ends where the store runs dry.
-COREKIT_API bool LoadBarLayout(CPropertyStore& store, CSize present, const std::function<bool(UINT)>& isKnown,
+COREKIT_API bool loadBarLayout(CPropertyStore& store, CSize present, const std::function<bool(UINT)>& isKnown,
                                BarLayout& layout);
 
 } // namespace corekit::detail

@@ -15,7 +15,7 @@ namespace corekit::detail {
 
 // The index that is active after a removal: the place of the removed one if that was active, else the same
 // pane as before. -1 when none is left.
-constexpr int ActiveAfterRemoval(int active, int removed, int remaining)
+constexpr int activeAfterRemoval(int active, int removed, int remaining)
 {
     return active > removed ? active - 1 : std::min(active, remaining - 1);
 }

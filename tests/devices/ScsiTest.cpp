@@ -183,12 +183,12 @@ TEST(ScsiInquiry, ShortAnswersHaveEmptyFields)
     std::vector<BYTE> answer(36, ' ');
     std::memcpy(answer.data(), "\x23\x80\0\0\0\0\0\0MAKER", 13);
     CScsiDeviceInfo info;
-    DecodeInquiry(std::span(answer).first(11), FieldPadding::Keep, info);
+    decodeInquiry(std::span(answer).first(11), FieldPadding::Keep, info);
     EXPECT_EQ(info.m_type, 3);
     EXPECT_EQ(info.m_removable, 1);
     EXPECT_EQ(info.m_vendor, "MAK");
     EXPECT_TRUE(info.m_product.IsEmpty());
-    DecodeInquiry({}, FieldPadding::Trim, info);
+    decodeInquiry({}, FieldPadding::Trim, info);
     EXPECT_EQ(info.m_type, 0);
 
     // A chain that goes in a circle, and one that leads outside.
@@ -199,10 +199,10 @@ TEST(ScsiInquiry, ShortAnswersHaveEmptyFields)
     InquiryRecord record;
     for (const BYTE next : {BYTE{12}, BYTE{60}, BYTE{255}}) {
         data[12 + 8] = next;
-        EXPECT_FALSE(FindInquiryRecord(data, 0, 3, 0, record));
+        EXPECT_FALSE(findInquiryRecord(data, 0, 3, 0, record));
     }
     data[12 + 4] = 200; // longer than there is room for
-    ASSERT_TRUE(FindInquiryRecord(data, 0, 9, 0, record));
+    ASSERT_TRUE(findInquiryRecord(data, 0, 9, 0, record));
     EXPECT_EQ(record.answer.size(), 64u - 24);
 }
 

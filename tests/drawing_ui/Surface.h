@@ -21,7 +21,7 @@ public:
         on_.stride = stride_;
         on_.scale = scale;
         on_.clip = std::move(clip);
-        dc = corekit::detail::MakeForeignContext(on_);
+        dc = corekit::detail::makeForeignContext(on_);
     }
     ~Surface() { DeleteDC(dc); }
     Surface(const Surface&) = delete;

@@ -28,7 +28,7 @@ TEST(WindowPixels, OriginAndClipHold)
     auto on = moved.on();
     on.originX = 5;
     on.originY = 7;
-    ASSERT_TRUE(corekit::detail::RetargetForeignContext(moved.dc, on));
+    ASSERT_TRUE(corekit::detail::retargetForeignContext(moved.dc, on));
     const RECT part{0, 0, 3, 4};
     FillRect(moved.dc, &part, redBrush());
     EXPECT_EQ(moved.ink(), (RECT{5, 7, 8, 11}));
@@ -92,7 +92,7 @@ TEST(WindowPixels, ABufferHasAsManyPixelsAndCopiesThemOneToOne)
 
 TEST(WindowPixels, WithoutPixelsTextIsMeasuredAndNothingDrawn)
 {
-    const HDC dc = corekit::detail::MakeForeignContext({});
+    const HDC dc = corekit::detail::makeForeignContext({});
     ASSERT_NE(dc, nullptr);
     SIZE size{};
     EXPECT_TRUE(GetTextExtentPoint32W(dc, u"ab", 2, &size));
@@ -104,9 +104,9 @@ TEST(WindowPixels, WithoutPixelsTextIsMeasuredAndNothingDrawn)
     DeleteDC(dc);
     corekit::detail::ForeignPixels bad;
     bad.scale = 0;
-    EXPECT_EQ(corekit::detail::MakeForeignContext(bad), nullptr);
+    EXPECT_EQ(corekit::detail::makeForeignContext(bad), nullptr);
     bad = {reinterpret_cast<std::uint32_t*>(8), 10, 10, 5};
-    EXPECT_EQ(corekit::detail::MakeForeignContext(bad), nullptr) << "rows overlap";
+    EXPECT_EQ(corekit::detail::makeForeignContext(bad), nullptr) << "rows overlap";
 }
 
 TEST(WindowPixels, ItTakesNoBitmap)

@@ -28,7 +28,7 @@ TEST(SafePost, TellsOfEveryTryBeyondTheFirst)
     for (const auto& c : cases) {
         const Heard heard;
         int calls = 0;
-        corekit::detail::PostPatiently([&] { return ++calls > c.failures; });
+        corekit::detail::postPatiently([&] { return ++calls > c.failures; });
         EXPECT_EQ(calls, c.calls);
         EXPECT_EQ(heard.text, c.text);
     }

@@ -26,7 +26,7 @@ std::string Told(const CRect& r)
 
 std::string Laid(Rows rows, int length, Lying lying = Lying::horizontal)
 {
-    const CSize size = LayOutDockRows(rows, lying, length);
+    const CSize size = layOutDockRows(rows, lying, length);
     std::string text;
     for (const auto& row : rows)
         for (const DockedBar& bar : row) text += Told(bar.rect) + (bar.startsLine ? "* " : " ");
@@ -63,14 +63,14 @@ TEST(BarLayout, ButtonsWrapAndStack)
     std::vector<BarButton> buttons(5);
     for (BarButton& button : buttons) button.width = 24;
     buttons[2] = {8, true, false, {}};
-    EXPECT_EQ(WrapButtons(buttons, 22, 32767), CSize(104, 22));
-    EXPECT_EQ(WrapButtons(buttons, 22, 48), CSize(48, 50)); // the separator is a gap between the lines
+    EXPECT_EQ(wrapButtons(buttons, 22, 32767), CSize(104, 22));
+    EXPECT_EQ(wrapButtons(buttons, 22, 48), CSize(48, 50)); // the separator is a gap between the lines
     EXPECT_EQ(Told(buttons[3].rect), "0,28 24x22");
     EXPECT_TRUE(buttons[2].wraps);
-    EXPECT_EQ(WrapButtons(buttons, 22, 1).cy, 4 * 22 + 6); // one each line at least
-    EXPECT_EQ(StackButtons(buttons, 22), CSize(24, 94));
-    EXPECT_EQ(WidthForHeight(buttons, 22, 22), 104);
-    EXPECT_EQ(WidthForHeight(buttons, 22, 50), 48);
-    EXPECT_EQ(WidthForHeight(buttons, 22, 0), 104); // never lower than one line
-    EXPECT_EQ(WrapButtons({}, 22, 50), CSize(0, 0));
+    EXPECT_EQ(wrapButtons(buttons, 22, 1).cy, 4 * 22 + 6); // one each line at least
+    EXPECT_EQ(stackButtons(buttons, 22), CSize(24, 94));
+    EXPECT_EQ(widthForHeight(buttons, 22, 22), 104);
+    EXPECT_EQ(widthForHeight(buttons, 22, 50), 48);
+    EXPECT_EQ(widthForHeight(buttons, 22, 0), 104); // never lower than one line
+    EXPECT_EQ(wrapButtons({}, 22, 50), CSize(0, 0));
 }

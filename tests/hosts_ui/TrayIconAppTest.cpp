@@ -164,11 +164,11 @@ TEST_F(Tray, AStartThatFailsEndsTheProgram)
 
 TEST(TrayTip, LongTextsEndInDots)
 {
-    using corekit::detail::ShownTip;
+    using corekit::detail::shownTip;
     const CString fits('x', 63), cut = CString('x', 60) + "...";
-    EXPECT_EQ(ShownTip(fits), fits);
-    EXPECT_EQ(ShownTip(CString('x', 64)), cut);
-    EXPECT_EQ(ShownTip(""), "");
+    EXPECT_EQ(shownTip(fits), fits);
+    EXPECT_EQ(shownTip(CString('x', 64)), cut);
+    EXPECT_EQ(shownTip(""), "");
 }
 
 } // namespace

@@ -20,7 +20,7 @@ std::string Noise(std::size_t size)
     return bytes;
 }
 
-std::string BytesOf(CMemoryStream& stream)
+std::string bytesOf(CMemoryStream& stream)
 {
     return {static_cast<const char*>(stream.GetMemoryBufferPointer()), stream.GetSize()};
 }
@@ -29,14 +29,14 @@ std::string Deflated(const std::string& bytes)
 {
     CMemoryStream in(bytes.data(), static_cast<int>(bytes.size())), out(0x1000, 0x10000);
     CDeflator().Deflate(in, out);
-    return BytesOf(out);
+    return bytesOf(out);
 }
 
 std::string Inflated(const std::string& bytes)
 {
     CMemoryStream in(bytes.data(), static_cast<int>(bytes.size())), out(0x1000, 0x10000);
     CInflator().Inflate(in, out);
-    return BytesOf(out);
+    return bytesOf(out);
 }
 
 // What packs to exactly `size` bytes: noise is stored, so a byte more is a byte more.
@@ -101,7 +101,7 @@ TEST(Packing, ChecksumIsThatOfTheBytesThatWereCounted)
     deflator.Deflate(in, 8, out);
     EXPECT_EQ(deflator.GetChecksum(), adler32(1, reinterpret_cast<const Bytef*>("headline"), 8));
     EXPECT_EQ(in.GetCurrentPos(), 10u);
-    EXPECT_EQ(Inflated(BytesOf(out)), "headline");
+    EXPECT_EQ(Inflated(bytesOf(out)), "headline");
 }
 
 TEST(Packing, InputOfExactlyOneBlockEnds)
@@ -116,7 +116,7 @@ TEST(Packing, BytesBehindTheEndAreSkippedAndNotReadForever)
     const std::string bytes = Deflated("news") + Noise(200'000);
     CMemoryStream in(bytes.data(), static_cast<int>(bytes.size())), out(100, 100);
     CInflator().Inflate(in, out);
-    EXPECT_EQ(BytesOf(out), "news");
+    EXPECT_EQ(bytesOf(out), "news");
     EXPECT_EQ(in.GetCurrentPos(), bytes.size());
 }
 

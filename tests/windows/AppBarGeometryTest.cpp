@@ -22,7 +22,7 @@ TEST(AppBarGeometry, TheEdgeIsTheOneOnThePointsSideOfTheDiagonals)
         {7, {16, 450}, appBarFloat}, {7, {15, 450}, ABE_LEFT},    {6, {15, 450}, ABE_BOTTOM},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(EdgeFromPoint(c.allowed, c.point, screen), c.edge)
+        EXPECT_EQ(edgeFromPoint(c.allowed, c.point, screen), c.edge)
             << c.allowed << " at " << c.point.x << ", " << c.point.y;
 }
 
@@ -38,25 +38,25 @@ TEST(AppBarGeometry, ABarKeepsItsBreadthAndHidesBehindTwoBorders)
         {ABE_BOTTOM, {0, 850, 1600, 900}, {0, 896, 1600, 946}},
     };
     for (const auto& c : cases) {
-        CRect rect = DockedRect(c.edge, CRect({0, 0}, screen.size), 50);
+        CRect rect = dockedRect(c.edge, CRect({0, 0}, screen.size), 50);
         EXPECT_EQ(rect, c.docked) << c.edge;
-        EXPECT_TRUE(MoveForAutohide(c.edge, AppBarShow::hidden, screen, rect));
+        EXPECT_TRUE(moveForAutohide(c.edge, AppBarShow::hidden, screen, rect));
         EXPECT_EQ(rect, c.hidden) << c.edge;
-        EXPECT_TRUE(MoveForAutohide(c.edge, AppBarShow::shown, screen, rect));
+        EXPECT_TRUE(moveForAutohide(c.edge, AppBarShow::shown, screen, rect));
         EXPECT_EQ(rect, c.docked) << c.edge;
     }
     CRect floating(1, 2, 3, 4);
-    EXPECT_FALSE(MoveForAutohide(appBarFloat, AppBarShow::hidden, screen, floating));
+    EXPECT_FALSE(moveForAutohide(appBarFloat, AppBarShow::hidden, screen, floating));
     EXPECT_EQ(floating, CRect(1, 2, 3, 4));
 }
 
 TEST(AppBarGeometry, SlidingGoesEvenlyAndEndsExactly)
 {
     const CRect start(0, 0, 100, 50), end(-99, 10, 1, 63);
-    EXPECT_EQ(SlidingRect(start, end, 0), start);
-    EXPECT_EQ(SlidingRect(start, end, 200), CRect(CPoint(-49, 5), CSize(100, 51)));
-    EXPECT_EQ(SlidingRect(start, end, 400), end);
-    EXPECT_EQ(SlidingRect(start, end, 100000), end);
+    EXPECT_EQ(slidingRect(start, end, 0), start);
+    EXPECT_EQ(slidingRect(start, end, 200), CRect(CPoint(-49, 5), CSize(100, 51)));
+    EXPECT_EQ(slidingRect(start, end, 400), end);
+    EXPECT_EQ(slidingRect(start, end, 100000), end);
 }
 
 TEST(AppBarGeometry, SizesSnapToIncrementsOnTheSideThatMoves)
@@ -68,8 +68,8 @@ TEST(AppBarGeometry, SizesSnapToIncrementsOnTheSideThatMoves)
     } cases[] = {{1, {-5, 0, 121, 100}}, {2, {0, 0, 126, 100}},   {3, {0, -8, 121, 100}},
                  {6, {0, 0, 121, 108}},  {4, {-5, -8, 121, 100}}, {8, {0, 0, 126, 108}}};
     for (const auto& c : cases)
-        EXPECT_EQ(WholeIncrements({0, 0, 121, 100}, frame, steps, c.side), c.rect) << c.side;
-    EXPECT_EQ(WholeIncrements({0, 0, 121, 100}, frame, {0, 0}, 8), CRect(0, 0, 121, 100));
+        EXPECT_EQ(wholeIncrements({0, 0, 121, 100}, frame, steps, c.side), c.rect) << c.side;
+    EXPECT_EQ(wholeIncrements({0, 0, 121, 100}, frame, {0, 0}, 8), CRect(0, 0, 121, 100));
 }
 
 TEST(AppBarGeometry, OnlyTheInnerSideOfADockedBarSizes)
@@ -84,7 +84,7 @@ TEST(AppBarGeometry, OnlyTheInnerSideOfADockedBarSizes)
                  {ABE_LEFT, {95, 50}, {0, 1}, 18},  {ABE_TOP, {50, 95}, {0, 1}, 15},
                  {ABE_RIGHT, {5, 50}, {1, 0}, 10},  {ABE_BOTTOM, {50, 5}, {0, 1}, 12},
                  {ABE_BOTTOM, {50, 95}, {0, 1}, 18}};
-    for (const auto& c : cases) EXPECT_EQ(DockedHitTest(c.edge, c.point, client, c.steps), c.code) << c.edge;
+    for (const auto& c : cases) EXPECT_EQ(dockedHitTest(c.edge, c.point, client, c.steps), c.code) << c.edge;
 }
 
 } // namespace

@@ -26,11 +26,11 @@ TEST(BarRecords, ALayoutComesBackScaledToTheScreenOfToday)
     dockBar.children = {0, 100, 0};
     CPropertyStore store;
     store.SetValue("stale", 1);
-    SaveBarLayout(store, {{1000, 800}, {toolbar, dockBar}});
+    saveBarLayout(store, {{1000, 800}, {toolbar, dockBar}});
     EXPECT_EQ(store.GetPropertyStoreValueCount(), 2);
 
     BarLayout read;
-    ASSERT_TRUE(LoadBarLayout(store, {2000, 400}, everyBar, read));
+    ASSERT_TRUE(loadBarLayout(store, {2000, 400}, everyBar, read));
     ASSERT_EQ(read.bars.size(), 2u);
     const BarRecord& bar = read.bars[0];
     EXPECT_TRUE(bar.floating && !bar.horizontal && bar.visible && bar.hasDocking);
@@ -50,7 +50,7 @@ TEST(BarRecords, EmptyDockBarsAreNotKeptAndNotCounted)
     moved.id = 2;
     moved.position = {0, 0};
     CPropertyStore store;
-    SaveBarLayout(store, {{10, 10}, {empty, moved}});
+    saveBarLayout(store, {{10, 10}, {empty, moved}});
     int count = 0;
     EXPECT_TRUE(store.GetValue("Count", count));
     EXPECT_EQ(count, 1);
@@ -72,10 +72,10 @@ TEST(BarRecords, BarsThatAreGoneAndRecordsWithoutAnIdAreSkipped)
     add("Bar 2", 59393);
     add("Bar 3", 7);
     BarLayout read;
-    EXPECT_FALSE(LoadBarLayout(store, {10, 10}, everyBar, read)) << "no count, no screen";
+    EXPECT_FALSE(loadBarLayout(store, {10, 10}, everyBar, read)) << "no count, no screen";
     store.SetValue("Count", 2147483647);
     store.SetValue("Screen Size", SIZE{0, 0});
-    ASSERT_TRUE(LoadBarLayout(
+    ASSERT_TRUE(loadBarLayout(
         store, {10, 10}, [](UINT id) { return id != 5; }, read));
     ASSERT_EQ(read.bars.size(), 1u);
     EXPECT_EQ(read.bars[0].id, 7u);

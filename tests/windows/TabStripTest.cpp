@@ -82,7 +82,7 @@ TEST(TabStrip, RemovingAPaneKeepsTheActiveOneOrTakesItsNeighbour)
     const struct {
         int active, removed, remaining, then;
     } cases[] = {{2, 0, 3, 1}, {1, 1, 3, 1}, {3, 3, 3, 2}, {0, 2, 3, 0}, {0, 0, 0, -1}};
-    for (const auto& c : cases) EXPECT_EQ(ActiveAfterRemoval(c.active, c.removed, c.remaining), c.then);
+    for (const auto& c : cases) EXPECT_EQ(activeAfterRemoval(c.active, c.removed, c.remaining), c.then);
 }
 
 } // namespace

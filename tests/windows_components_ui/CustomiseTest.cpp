@@ -86,7 +86,7 @@ std::vector<BYTE> Bitmap(int width, int height)
     bytes[14] = 24;
     CDib dib;
     dib.AttachDIBData(bytes.data(), static_cast<DWORD>(bytes.size()));
-    return BytesOf(&dib);
+    return bytesOf(&dib);
 }
 
 class Customise : public testing::Test {
@@ -271,7 +271,7 @@ TEST_F(Customise, AButtonTakesABitmapOfThirtyTwoPixelsAtMost)
     } cases[] = {{32, 32, true}, {33, 1, false}, {1, 33, false}, {16, 8, true}};
     for (const auto& each : cases) {
         const std::string file = folder.Path() + "/button.bmp";
-        DibOf(Bitmap(each.width, each.height))->SaveDIBFile(file.c_str());
+        dibOf(Bitmap(each.width, each.height))->SaveDIBFile(file.c_str());
         SaveMacroButtons(macros, {{"One", "", Bitmap(4, 4), ""}});
         const Acts::Act choose = [&] {
             ComposeText(std::u16string(file.begin(), file.end()));
@@ -292,7 +292,7 @@ TEST_F(Customise, AButtonTakesABitmapOfThirtyTwoPixelsAtMost)
         const std::vector<MacroButton> stored = LoadMacroButtons(macros);
         ASSERT_EQ(stored.size(), 1u);
         ASSERT_EQ(stored[0].bitmap.empty(), !each.fits);
-        const std::unique_ptr<CDib> kept = DibOf(stored[0].bitmap);
+        const std::unique_ptr<CDib> kept = dibOf(stored[0].bitmap);
         EXPECT_TRUE(!kept || CSize(kept->GetSize()) == CSize(each.width, each.height));
     }
 }

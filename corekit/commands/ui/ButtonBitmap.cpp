@@ -6,12 +6,12 @@
 
 namespace corekit::detail {
 
-bool FitsOnButton(const CDib& bitmap)
+bool fitsOnButton(const CDib& bitmap)
 {
     return bitmap.GetBitmapWidth() <= largestMacroBitmap && bitmap.GetBitmapHeight() <= largestMacroBitmap;
 }
 
-BitmapChoice ChooseButtonBitmap(CWnd& dialog, std::unique_ptr<CDib>& bitmap)
+BitmapChoice chooseButtonBitmap(CWnd& dialog, std::unique_ptr<CDib>& bitmap)
 {
     CFileDialog file(TRUE, "bmp", nullptr, OFN_HIDEREADONLY | OFN_FILEMUSTEXIST,
                      "Bitmap Files (*.bmp)|*.bmp||", &dialog);
@@ -25,7 +25,7 @@ BitmapChoice ChooseButtonBitmap(CWnd& dialog, std::unique_ptr<CDib>& bitmap)
         error->Delete();
         return BitmapChoice::refused;
     }
-    if (FitsOnButton(*bitmap)) return BitmapChoice::taken;
+    if (fitsOnButton(*bitmap)) return BitmapChoice::taken;
     bitmap.reset();
     StockMessageBox(&dialog, message::buttonBitmapTooLarge, MB_OK | MB_ICONEXCLAMATION);
     return BitmapChoice::refused;
@@ -41,7 +41,7 @@ void ShowPreview(CWnd& dialog, const CDib* bitmap)
     preview->Invalidate();
 }
 
-void DrawPreview(const DRAWITEMSTRUCT& item, const CDib* bitmap)
+void drawPreview(const DRAWITEMSTRUCT& item, const CDib* bitmap)
 {
     if (bitmap) bitmap->DrawBitmap(item.hDC, CPoint(0, 0));
 }

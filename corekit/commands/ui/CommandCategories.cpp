@@ -8,7 +8,7 @@
 
 namespace corekit::detail {
 
-void FillCategories(CWnd& dialog, int comboBox, const std::vector<CCmdItem>& commands)
+void fillCategories(CWnd& dialog, int comboBox, const std::vector<CCmdItem>& commands)
 {
     std::set<std::string> names;
     for (const CCmdItem& item : commands) names.insert(static_cast<const char*>(item.GetCatagory()));
@@ -19,14 +19,14 @@ void FillCategories(CWnd& dialog, int comboBox, const std::vector<CCmdItem>& com
     dialog.SendDlgItemMessage(comboBox, CB_SETCURSEL, 0);
 }
 
-CString SelectedCategory(const CWnd& dialog, int comboBox)
+CString selectedCategory(const CWnd& dialog, int comboBox)
 {
     CString name;
     dialog.GetDlgItemText(comboBox, name);
     return name;
 }
 
-int AddRow(CWnd& dialog, int listBox, const CString& text, UINT data)
+int addRow(CWnd& dialog, int listBox, const CString& text, UINT data)
 {
     const LRESULT row = dialog.SendDlgItemMessage(listBox, LB_ADDSTRING, 0,
                                                   reinterpret_cast<LPARAM>(static_cast<const char*>(text)));
@@ -34,15 +34,15 @@ int AddRow(CWnd& dialog, int listBox, const CString& text, UINT data)
     return static_cast<int>(row);
 }
 
-void FillCommands(CWnd& dialog, int listBox, const std::vector<CCmdItem>& commands, const CString& category)
+void fillCommands(CWnd& dialog, int listBox, const std::vector<CCmdItem>& commands, const CString& category)
 {
     dialog.SendDlgItemMessage(listBox, LB_RESETCONTENT);
     for (const CCmdItem& item : commands)
         if (category == allCommands || item.GetCatagory() == category)
-            AddRow(dialog, listBox, item.m_strName, item.m_nCommand);
+            addRow(dialog, listBox, item.m_strName, item.m_nCommand);
 }
 
-UINT SelectedCommand(const CWnd& dialog, int listBox)
+UINT selectedCommand(const CWnd& dialog, int listBox)
 {
     const LRESULT row = dialog.SendDlgItemMessage(listBox, LB_GETCURSEL);
     return row < 0 ? 0

@@ -11,12 +11,12 @@ namespace corekit::detail {
 inline constexpr char allCommands[] = "All Commands";
 
 // The categories, sorted and each once, and "All Commands" at the end; the first is selected.
-void FillCategories(CWnd& dialog, int comboBox, const std::vector<CCmdItem>& commands);
-CString SelectedCategory(const CWnd& dialog, int comboBox);
+void fillCategories(CWnd& dialog, int comboBox, const std::vector<CCmdItem>& commands);
+CString selectedCategory(const CWnd& dialog, int comboBox);
 // The commands of the category.
-void FillCommands(CWnd& dialog, int listBox, const std::vector<CCmdItem>& commands, const CString& category);
+void fillCommands(CWnd& dialog, int listBox, const std::vector<CCmdItem>& commands, const CString& category);
 // The data of the list's selected row; 0 without one.
-UINT SelectedCommand(const CWnd& dialog, int listBox);
-int AddRow(CWnd& dialog, int listBox, const CString& text, UINT data);
+UINT selectedCommand(const CWnd& dialog, int listBox);
+int addRow(CWnd& dialog, int listBox, const CString& text, UINT data);
 
 } // namespace corekit::detail

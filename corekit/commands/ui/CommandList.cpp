@@ -18,7 +18,7 @@ using namespace corekit::detail;
 
 namespace {
 
-std::vector<ACCEL> LoadKeys(UINT tableId)
+std::vector<ACCEL> loadKeys(UINT tableId)
 {
     const HACCEL table = AfxLoadAccelerators(tableId);
     if (!table) return {};
@@ -97,7 +97,7 @@ HACCEL CCommandList::Build(const KeyTable& table) const
         const AccelArray& entries = m_customTables.GetAt(custom).m_entries;
         customKeys = {entries.GetData(), static_cast<std::size_t>(entries.GetSize())};
     }
-    const std::vector<ACCEL> keys = MergedKeys(LoadKeys(table.id), customKeys, LoadKeys(table.fixedId));
+    const std::vector<ACCEL> keys = MergedKeys(loadKeys(table.id), customKeys, loadKeys(table.fixedId));
     return CreateAcceleratorTableA(keys.data(), static_cast<int>(keys.size()));
 }
 
@@ -110,7 +110,7 @@ int CCommandList::FindCustomAccelTable(UINT tableId) const
 
 void CCommandList::GetDefaultAccelTable(int tableId, AccelArray& entries)
 {
-    const std::vector<ACCEL> keys = LoadKeys(static_cast<UINT>(tableId));
+    const std::vector<ACCEL> keys = loadKeys(static_cast<UINT>(tableId));
     entries.SetSize(static_cast<int>(keys.size()));
     std::ranges::copy(keys, entries.GetData());
 }

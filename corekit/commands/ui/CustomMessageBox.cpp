@@ -87,7 +87,7 @@ DLG_CustomMsg5::DLG_CustomMsg5(CWnd* parent, const char* text, HICON icon,
 namespace {
 
 template <class Dialog, std::size_t count>
-int Ask(CWnd* parent, const char* text, HICON icon, const char* const (&buttons)[count])
+int ask(CWnd* parent, const char* text, HICON icon, const char* const (&buttons)[count])
 {
     Dialog dialog(parent, text, icon, buttons);
     dialog.DoModal();
@@ -96,7 +96,7 @@ int Ask(CWnd* parent, const char* text, HICON icon, const char* const (&buttons)
 
 // Keeps the texts of the numbers while a box is up.
 template <class... Ids>
-int AskByNumber(CWnd* parent, const char* text, HICON icon, Ids... ids)
+int askByNumber(CWnd* parent, const char* text, HICON icon, Ids... ids)
 {
     return CustomMessageBox(parent, text, icon, static_cast<const char*>(LoadResourceString(ids))...);
 }
@@ -105,60 +105,60 @@ int AskByNumber(CWnd* parent, const char* text, HICON icon, Ids... ids)
 
 int CustomMessageBox(CWnd* parent, const char* text, HICON icon, const char* b1, const char* b2)
 {
-    return Ask<DLG_CustomMsg2>(parent, text, icon, {b1, b2});
+    return ask<DLG_CustomMsg2>(parent, text, icon, {b1, b2});
 }
 int CustomMessageBox(CWnd* parent, const char* text, HICON icon, const char* b1, const char* b2,
                      const char* b3)
 {
-    return Ask<DLG_CustomMsg3>(parent, text, icon, {b1, b2, b3});
+    return ask<DLG_CustomMsg3>(parent, text, icon, {b1, b2, b3});
 }
 int CustomMessageBox(CWnd* parent, const char* text, HICON icon, const char* b1, const char* b2,
                      const char* b3, const char* b4)
 {
-    return Ask<DLG_CustomMsg4>(parent, text, icon, {b1, b2, b3, b4});
+    return ask<DLG_CustomMsg4>(parent, text, icon, {b1, b2, b3, b4});
 }
 int CustomMessageBox(CWnd* parent, const char* text, HICON icon, const char* b1, const char* b2,
                      const char* b3, const char* b4, const char* b5)
 {
-    return Ask<DLG_CustomMsg5>(parent, text, icon, {b1, b2, b3, b4, b5});
+    return ask<DLG_CustomMsg5>(parent, text, icon, {b1, b2, b3, b4, b5});
 }
 int CustomMessageBoxWide(CWnd* parent, const char* text, HICON icon, const char* b1, const char* b2,
                          const char* b3)
 {
-    return Ask<DLG_CustomMsg3Wide>(parent, text, icon, {b1, b2, b3});
+    return ask<DLG_CustomMsg3Wide>(parent, text, icon, {b1, b2, b3});
 }
 
 int CustomMessageBox(CWnd* parent, const char* text, HICON icon, UINT b1, UINT b2)
 {
-    return AskByNumber(parent, text, icon, b1, b2);
+    return askByNumber(parent, text, icon, b1, b2);
 }
 int CustomMessageBox(CWnd* parent, const char* text, HICON icon, UINT b1, UINT b2, UINT b3)
 {
-    return AskByNumber(parent, text, icon, b1, b2, b3);
+    return askByNumber(parent, text, icon, b1, b2, b3);
 }
 int CustomMessageBox(CWnd* parent, const char* text, HICON icon, UINT b1, UINT b2, UINT b3, UINT b4)
 {
-    return AskByNumber(parent, text, icon, b1, b2, b3, b4);
+    return askByNumber(parent, text, icon, b1, b2, b3, b4);
 }
 int CustomMessageBox(CWnd* parent, const char* text, HICON icon, UINT b1, UINT b2, UINT b3, UINT b4, UINT b5)
 {
-    return AskByNumber(parent, text, icon, b1, b2, b3, b4, b5);
+    return askByNumber(parent, text, icon, b1, b2, b3, b4, b5);
 }
 int CustomMessageBox(CWnd* parent, UINT text, HICON icon, UINT b1, UINT b2)
 {
-    return AskByNumber(parent, LoadResourceString(text), icon, b1, b2);
+    return askByNumber(parent, LoadResourceString(text), icon, b1, b2);
 }
 int CustomMessageBox(CWnd* parent, UINT text, HICON icon, UINT b1, UINT b2, UINT b3)
 {
-    return AskByNumber(parent, LoadResourceString(text), icon, b1, b2, b3);
+    return askByNumber(parent, LoadResourceString(text), icon, b1, b2, b3);
 }
 int CustomMessageBox(CWnd* parent, UINT text, HICON icon, UINT b1, UINT b2, UINT b3, UINT b4)
 {
-    return AskByNumber(parent, LoadResourceString(text), icon, b1, b2, b3, b4);
+    return askByNumber(parent, LoadResourceString(text), icon, b1, b2, b3, b4);
 }
 int CustomMessageBox(CWnd* parent, UINT text, HICON icon, UINT b1, UINT b2, UINT b3, UINT b4, UINT b5)
 {
-    return AskByNumber(parent, LoadResourceString(text), icon, b1, b2, b3, b4, b5);
+    return askByNumber(parent, LoadResourceString(text), icon, b1, b2, b3, b4, b5);
 }
 int CustomMessageBoxWide(CWnd* parent, const char* text, HICON icon, UINT b1, UINT b2, UINT b3)
 {

@@ -61,7 +61,7 @@ void CCustomToolbar::CMacroButton::DrawItem(DRAWITEMSTRUCT* item)
 struct CCustomToolbar::Button {
     Button(const CCustomToolbar& bar, const MacroButton& stored)
         : name(stored.name), command(stored.command), description(stored.description),
-          bitmap(DibOf(stored.bitmap)), window(bar, bitmap.get())
+          bitmap(dibOf(stored.bitmap)), window(bar, bitmap.get())
     {
     }
     CString name, command, description;

@@ -61,7 +61,7 @@ void DLG_NewButton::OnOK()
 
 void DLG_NewButton::OnSelectBitmap()
 {
-    ChooseButtonBitmap(*this, m_bitmap);
+    chooseButtonBitmap(*this, m_bitmap);
     ShowBitmap();
 }
 
@@ -80,7 +80,7 @@ void DLG_NewButton::ShowBitmap()
 void DLG_NewButton::OnDrawItem(int id, DRAWITEMSTRUCT* item)
 {
     if (id == previewControl)
-        DrawPreview(*item, m_bitmap.get());
+        drawPreview(*item, m_bitmap.get());
     else
         CDialog::OnDrawItem(id, item);
 }

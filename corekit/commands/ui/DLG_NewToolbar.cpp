@@ -91,7 +91,7 @@ void DLG_NewToolbar::OnSelectLocation()
         for (int i = 0; i < keys.GetSize() && !isHere; ++i) isHere = keys[i].cmd == item.m_nCommand;
         if (isHere && item.m_nSmallBitmap && item.m_nLargeBitmap) m_offered.push_back(item);
     }
-    FillCategories(*this, categoryControl, m_offered);
+    fillCategories(*this, categoryControl, m_offered);
     OnSelectCategory();
 }
 
@@ -101,8 +101,8 @@ void DLG_NewToolbar::OnSelectCategory()
     std::ranges::copy_if(m_offered, std::back_inserter(left), [this](const CCmdItem& item) {
         return std::ranges::find(m_buttons, item.m_nCommand) == m_buttons.end();
     });
-    FillCommands(*this, commandsControl, left, SelectedCategory(*this, categoryControl));
-    AddRow(*this, commandsControl, separator, 0);
+    fillCommands(*this, commandsControl, left, selectedCategory(*this, categoryControl));
+    addRow(*this, commandsControl, separator, 0);
     UpdateControls();
 }
 
@@ -119,7 +119,7 @@ void DLG_NewToolbar::ShowButtons(int selected)
     for (const UINT button : m_buttons) {
         CCmdItem item;
         m_list.GetItemByCommand(button, item);
-        AddRow(*this, buttonsControl, button ? item.m_strName : CString(separator), button);
+        addRow(*this, buttonsControl, button ? item.m_strName : CString(separator), button);
     }
     SendDlgItemMessage(buttonsControl, LB_SETCURSEL, static_cast<WPARAM>(selected));
     OnSelectCategory();
@@ -140,7 +140,7 @@ void DLG_NewToolbar::UpdateControls()
 void DLG_NewToolbar::OnAdd()
 {
     if (SendDlgItemMessage(commandsControl, LB_GETCURSEL) < 0) return;
-    const UINT command = SelectedCommand(*this, commandsControl);
+    const UINT command = selectedCommand(*this, commandsControl);
     const int at = SelectedButton() < 0 ? static_cast<int>(m_buttons.size()) : SelectedButton() + 1;
     m_buttons.insert(m_buttons.begin() + at, command);
     ShowButtons(at);

@@ -22,7 +22,7 @@ constexpr int locationControl = 1039, commandsControl = 1040, categoryControl = 
 // The keys of this table count wherever the user is.
 constexpr char keysEverywhere[] = "Splitter Mode Global";
 
-std::span<const ACCEL> SpanOf(const CCommandList::AccelArray& keys)
+std::span<const ACCEL> spanOf(const CCommandList::AccelArray& keys)
 {
     return {keys.GetData(), static_cast<std::size_t>(keys.GetSize())};
 }
@@ -79,13 +79,13 @@ void PPage_CustomiseKeyboard::OnSelectLocation()
             std::ranges::find(m_commands, item.m_nCommand, &CCmdItem::m_nCommand) == m_commands.end())
             m_commands.push_back(item);
     }
-    FillCategories(*this, categoryControl, m_commands);
+    fillCategories(*this, categoryControl, m_commands);
     OnSelectCategory();
 }
 
 void PPage_CustomiseKeyboard::OnSelectCategory()
 {
-    FillCommands(*this, commandsControl, m_commands, SelectedCategory(*this, categoryControl));
+    fillCommands(*this, commandsControl, m_commands, selectedCategory(*this, categoryControl));
     OnSelectCommand();
 }
 
@@ -101,13 +101,13 @@ void PPage_CustomiseKeyboard::ShowKeys()
 {
     SendDlgItemMessage(keysControl, LB_RESETCONTENT);
     for (const ACCEL& key : m_keys.KeysOf(m_table, static_cast<WORD>(Command()), Defaults()))
-        if (Command()) AddRow(*this, keysControl, GetAcceleratorKeyName(key), 0);
+        if (Command()) addRow(*this, keysControl, GetAcceleratorKeyName(key), 0);
     UpdateControls();
 }
 
-std::span<const ACCEL> PPage_CustomiseKeyboard::Defaults() const { return SpanOf(m_defaults); }
+std::span<const ACCEL> PPage_CustomiseKeyboard::Defaults() const { return spanOf(m_defaults); }
 
-UINT PPage_CustomiseKeyboard::Command() const { return SelectedCommand(*this, commandsControl); }
+UINT PPage_CustomiseKeyboard::Command() const { return selectedCommand(*this, commandsControl); }
 
 // ---- The key in hand
 
@@ -145,7 +145,7 @@ void PPage_CustomiseKeyboard::ShowHolder()
     };
     const auto isRival = [&](WORD command) { return categoryOf(command) == categoryOf(key.cmd); };
     std::optional<WORD> holder;
-    if (hasKey) holder = m_keys.HolderOf(m_table, key, Defaults(), SpanOf(m_everywhere), isRival);
+    if (hasKey) holder = m_keys.HolderOf(m_table, key, Defaults(), spanOf(m_everywhere), isRival);
     CString text;
     CCmdItem item;
     if (holder) {

@@ -75,7 +75,7 @@ void PPage_CustomiseToolbars::ShowCommands()
     for (int i = 0; bar && i < bar->GetButtonCount(); ++i) {
         CCmdItem item;
         if (m_list.GetItemByCommand(bar->GetItemID(i), item))
-            AddRow(*this, commandsControl, item.m_strName, item.m_nCommand);
+            addRow(*this, commandsControl, item.m_strName, item.m_nCommand);
     }
     UpdateControls();
 }

@@ -56,7 +56,7 @@ void PPage_MacroToolbar::LoadPage()
         SendDlgItemMessage(commandControl, CB_ADDSTRING, 0,
                            reinterpret_cast<LPARAM>(static_cast<const char*>(command)));
     for (const MacroButton& stored : LoadMacroButtons(*m_profile)) {
-        Button button{stored.name, stored.description, DibOf(stored.bitmap), 0};
+        Button button{stored.name, stored.description, dibOf(stored.bitmap), 0};
         const auto known = std::ranges::find_if(
             m_commands, [&](const CString& name) { return name.CompareNoCase(stored.command) == 0; });
         if (known != m_commands.end()) button.command = static_cast<int>(known - m_commands.begin());
@@ -77,7 +77,7 @@ int PPage_MacroToolbar::CommitPage()
         stored.push_back(
             {button.name,
              button.command > 0 ? m_commands[static_cast<std::size_t>(button.command)] : CString(),
-             BytesOf(button.bitmap.get()), button.description});
+             bytesOf(button.bitmap.get()), button.description});
     SaveMacroButtons(*m_profile, stored);
     return 1;
 }
@@ -147,7 +147,7 @@ void PPage_MacroToolbar::OnDescription()
 void PPage_MacroToolbar::OnSelectBitmap()
 {
     Button* const button = Selected();
-    if (!button || ChooseButtonBitmap(*this, button->bitmap) == BitmapChoice::cancelled) return;
+    if (!button || chooseButtonBitmap(*this, button->bitmap) == BitmapChoice::cancelled) return;
     ShowPreview(*this, button->bitmap.get());
     Changed();
 }
@@ -165,7 +165,7 @@ void PPage_MacroToolbar::OnDrawItem(int id, DRAWITEMSTRUCT* item)
 {
     const Button* const button = Selected();
     if (id == previewControl)
-        DrawPreview(*item, button ? button->bitmap.get() : nullptr);
+        drawPreview(*item, button ? button->bitmap.get() : nullptr);
     else
         CAXPropertyPage::OnDrawItem(id, item);
 }

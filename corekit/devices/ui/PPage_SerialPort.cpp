@@ -19,7 +19,7 @@ constexpr int rates[] = {50,   75,    110,   300,   1200,   2400,   4800,
                          9600, 19200, 38400, 57600, 115200, 230400, 460800};
 constexpr int fewestBits = 5, lastPort = 99;
 
-CString PortText(int port) { return scFormatString("COM%02d", port); }
+CString portText(int port) { return scFormatString("COM%02d", port); }
 } // namespace
 
 BEGIN_MESSAGE_MAP(PPage_SerialPort, CAXPropertyPage)
@@ -44,7 +44,7 @@ void PPage_SerialPort::AddPorts()
         CSerialPort::GetPortList(ports);
     for (int i = 0; i < ports.GetSize(); ++i)
         SendDlgItemMessage(serialPortChoice, CB_ADDSTRING, 0,
-                           reinterpret_cast<LPARAM>(PortText(ports[i]).GetString()));
+                           reinterpret_cast<LPARAM>(portText(ports[i]).GetString()));
 }
 
 void PPage_SerialPort::AddRates()
@@ -74,7 +74,7 @@ void PPage_SerialPort::DoDataExchange(CDataExchange* exchange)
 
 void PPage_SerialPort::LoadPage()
 {
-    m_port = PortText(m_config.GetPortNumber());
+    m_port = portText(m_config.GetPortNumber());
     m_rate = scFormatString("%d", m_config.GetBaudRate());
     m_dataBits = m_config.GetDataBits() - fewestBits;
     m_parity = m_config.GetParity();

@@ -4,14 +4,14 @@
 
 namespace {
 
-bool IsSeparator(const CMenu& menu, int position)
+bool isSeparator(const CMenu& menu, int position)
 {
     // Where an item opens a menu, the bits of the separator count that menu's items.
     const UINT state = menu.GetMenuState(static_cast<UINT>(position), MF_BYPOSITION);
     return state != 0xFFFFFFFF && (state & (MF_SEPARATOR | MF_POPUP)) == MF_SEPARATOR;
 }
 
-int PositionOf(const CMenu& menu, UINT command)
+int positionOf(const CMenu& menu, UINT command)
 {
     const int count = GetMenuItemCount(menu);
     for (int i = 0; i < count; ++i)
@@ -20,10 +20,10 @@ int PositionOf(const CMenu& menu, UINT command)
 }
 
 // After the item at `position` has gone.
-void TidySeparators(CMenu& menu, int position)
+void tidySeparators(CMenu& menu, int position)
 {
-    if (position == 0 || !IsSeparator(menu, position - 1)) return;
-    if (position == GetMenuItemCount(menu) || IsSeparator(menu, position))
+    if (position == 0 || !isSeparator(menu, position - 1)) return;
+    if (position == GetMenuItemCount(menu) || isSeparator(menu, position))
         menu.DeleteMenu(static_cast<UINT>(position - 1), MF_BYPOSITION);
 }
 
@@ -37,15 +37,15 @@ void HideCommand(CCmdUI* item)
         return;
     }
     if (item->m_pSubMenu) return;
-    const int position = PositionOf(*item->m_pMenu, item->m_nID);
+    const int position = positionOf(*item->m_pMenu, item->m_nID);
     if (position < 0) return;
     item->m_pMenu->DeleteMenu(item->m_nID, MF_BYCOMMAND);
-    TidySeparators(*item->m_pMenu, position);
+    tidySeparators(*item->m_pMenu, position);
 }
 
 void HideSubMenu(CCmdUI* item)
 {
     if (!item->m_pMenu || !item->m_pSubMenu) return;
     if (item->m_pMenu->DeleteMenu(item->m_nIndex, MF_BYPOSITION))
-        TidySeparators(*item->m_pMenu, static_cast<int>(item->m_nIndex));
+        tidySeparators(*item->m_pMenu, static_cast<int>(item->m_nIndex));
 }

@@ -53,14 +53,14 @@ BOOL CCmdUI::DoUpdate(CCmdTarget* target, BOOL disableIfNoHandler)
 
 namespace {
 
-BOOL CallUpdateHandler(CCmdTarget* target, AFX_PMSG handler, CCmdUI* item)
+BOOL callUpdateHandler(CCmdTarget* target, AFX_PMSG handler, CCmdUI* item)
 {
     item->m_bContinueRouting = FALSE;
     (target->*std::bit_cast<void (CCmdTarget::*)(CCmdUI*)>(handler))(item);
     return !item->m_bContinueRouting;
 }
 
-[[gnu::constructor]] void InstallUpdates() { corekit::setUpdateDispatch(&CallUpdateHandler); }
-[[gnu::destructor]] void TakeUpdatesAway() { corekit::setUpdateDispatch(nullptr); }
+[[gnu::constructor]] void installUpdates() { corekit::setUpdateDispatch(&callUpdateHandler); }
+[[gnu::destructor]] void takeUpdatesAway() { corekit::setUpdateDispatch(nullptr); }
 
 } // namespace

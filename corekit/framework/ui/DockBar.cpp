@@ -161,7 +161,7 @@ CSize CDockBar::Arrange(int length, bool moves)
     }
     const CRect around = bars.empty() ? CRect() : RoomAround();
     const int inside = length - (Lies() ? around.left + around.right : around.top + around.bottom);
-    const CSize size = LayOutDockRows(rows, Lies() ? Lying::horizontal : Lying::vertical, inside);
+    const CSize size = layOutDockRows(rows, Lies() ? Lying::horizontal : Lying::vertical, inside);
     std::size_t next = 0;
     for (const auto& row : rows) {
         for (const DockedBar& bar : row) {

@@ -12,7 +12,7 @@ namespace {
 constexpr int reach = 16;    // of a dock, beyond its edges
 constexpr int thickness = 3; // of the outline
 
-CSize SizeIn(CControlBar& bar, const CDockBar& dock)
+CSize sizeIn(CControlBar& bar, const CDockBar& dock)
 {
     const bool lies = dock.GetBarStyle() & CBRS_ORIENT_HORZ;
     return bar.CalcDynamicLayout(-1, lies ? LM_HORZ | LM_HORZDOCK : LM_VERTDOCK);
@@ -55,7 +55,7 @@ void CDockContext::MoveTo(CPoint screen, Docking docking)
     if (!m_moves) return;
     m_target = docking == Docking::on ? DockAt(screen) : nullptr;
     const CSize size =
-        m_target ? SizeIn(m_bar, *m_target) : m_bar.CalcDynamicLayout(-1, LM_HORZ | LM_MRUWIDTH);
+        m_target ? sizeIn(m_bar, *m_target) : m_bar.CalcDynamicLayout(-1, LM_HORZ | LM_MRUWIDTH);
     // The mouse stays over the bar also where it is smaller than before.
     const CSize grip(std::min(m_grip.cx, std::max<LONG>(size.cx - 1, 0)),
                      std::min(m_grip.cy, std::max<LONG>(size.cy - 1, 0)));

@@ -20,7 +20,7 @@ constexpr Side sides[] = {{AFX_IDW_DOCKBAR_TOP, CBRS_TOP},
                           {AFX_IDW_DOCKBAR_LEFT, CBRS_LEFT},
                           {AFX_IDW_DOCKBAR_RIGHT, CBRS_RIGHT}};
 
-CMiniDockFrameWnd* FloatingFrameOf(const CControlBar& bar)
+CMiniDockFrameWnd* floatingFrameOf(const CControlBar& bar)
 {
     return bar.IsFloating() ? dynamic_cast<CMiniDockFrameWnd*>(bar.GetParentFrame()) : nullptr;
 }
@@ -62,7 +62,7 @@ void CFrameWnd::ShowControlBar(CControlBar* bar, BOOL show, BOOL delay)
     bar->GetBarInfo(info);
     info.m_bVisible = show;
     bar->SetBarInfo(info);
-    if (CMiniDockFrameWnd* const frame = FloatingFrameOf(*bar))
+    if (CMiniDockFrameWnd* const frame = floatingFrameOf(*bar))
         frame->RecalcLayout();
     else
         RecalcLayout();
@@ -109,7 +109,7 @@ void CFrameWnd::RecalcLayout(BOOL)
     m_laysOut = false;
     for (CControlBar* const bar : std::vector(m_controlBars))
         if (bar->IsDockBar() && bar->IsFloating() && bar->m_hWnd)
-            if (CMiniDockFrameWnd* const frame = FloatingFrameOf(*bar)) frame->RecalcLayout();
+            if (CMiniDockFrameWnd* const frame = floatingFrameOf(*bar)) frame->RecalcLayout();
 }
 
 // ---- Docking
@@ -129,7 +129,7 @@ void CFrameWnd::EnableDocking(DWORD wanted)
 void CFrameWnd::DockControlBar(CControlBar* bar, CDockBar* dock, const RECT* screen)
 {
     if (!bar || !bar->m_hWnd || !dock || !dock->m_hWnd) return;
-    if (const CMiniDockFrameWnd* const frame = FloatingFrameOf(*bar)) {
+    if (const CMiniDockFrameWnd* const frame = floatingFrameOf(*bar)) {
         CRect place;
         frame->GetWindowRect(&place);
         bar->m_ptMRUFloatPos = place.TopLeft();
@@ -168,7 +168,7 @@ void CFrameWnd::FloatControlBar(CControlBar* bar, CPoint point, DWORD style)
 {
     if (!bar || !bar->m_hWnd || !m_dockingIsEnabled) return;
     bar->m_ptMRUFloatPos = point;
-    CMiniDockFrameWnd* frame = FloatingFrameOf(*bar);
+    CMiniDockFrameWnd* frame = floatingFrameOf(*bar);
     if (!frame || frame->m_wndDockBar.GetDockedCount() != 1) {
         if (bar->m_pDockBar && !bar->IsFloating()) {
             bar->m_uMRUDockID = static_cast<UINT>(bar->m_pDockBar->GetDlgCtrlID());

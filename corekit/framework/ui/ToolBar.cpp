@@ -36,7 +36,7 @@ constexpr int separatorWidth = 8;
 constexpr COLORREF nothing = RGB(0xC0, 0xC0, 0xC0);
 
 // Halfway from the picture's brightness to the bar's colour.
-COLORREF FaintOf(COLORREF colour, COLORREF face)
+COLORREF faintOf(COLORREF colour, COLORREF face)
 {
     const auto part = [](COLORREF of, int which) { return static_cast<int>(of >> (8 * which) & 0xFF); };
     const int grey = (part(colour, 0) * 3 + part(colour, 1) * 6 + part(colour, 2)) / 10;
@@ -45,7 +45,7 @@ COLORREF FaintOf(COLORREF colour, COLORREF face)
 }
 
 // Appends the faint form of the next picture of the list that lacks one.
-void AddFaint(CImageList& images, CImageList& faint, CSize size)
+void addFaint(CImageList& images, CImageList& faint, CSize size)
 {
     const COLORREF face = GetSysColor(COLOR_BTNFACE);
     CClientDC screen(nullptr);
@@ -59,7 +59,7 @@ void AddFaint(CImageList& images, CImageList& faint, CSize size)
     for (int y = 0; y < size.cy; ++y)
         for (int x = 0; x < size.cx; ++x)
             if (const COLORREF colour = dc.GetPixel(x, y); colour != face)
-                dc.SetPixel(x, y, FaintOf(colour, face));
+                dc.SetPixel(x, y, faintOf(colour, face));
     dc.SelectObject(former);
     faint.Add(static_cast<HBITMAP>(bitmap.m_hObject), face);
 }
@@ -199,8 +199,8 @@ std::vector<BarButton> CToolBar::Measures() const
 CSize CToolBar::CalcFixedLayout(BOOL stretch, BOOL horizontal)
 {
     std::vector<BarButton> measures = Measures();
-    CSize size = horizontal ? WrapButtons(measures, m_buttonSize.cy, longestBar)
-                            : StackButtons(measures, m_buttonSize.cy);
+    CSize size = horizontal ? wrapButtons(measures, m_buttonSize.cy, longestBar)
+                            : stackButtons(measures, m_buttonSize.cy);
     if (measures.empty()) size = m_buttonSize; // something to take hold of
     size += BordersOf(horizontal);
     if (stretch) (horizontal ? size.cx : size.cy) = longestBar;
@@ -218,10 +218,10 @@ CSize CToolBar::CalcDynamicLayout(int length, DWORD mode)
     if (mode & LM_MRUWIDTH)
         width = static_cast<int>(std::min<UINT>(m_nMRUWidth, longestBar));
     else if (length >= 0 && mode & LM_LENGTHY)
-        width = WidthForHeight(measures, m_buttonSize.cy, length - borders.cy);
+        width = widthForHeight(measures, m_buttonSize.cy, length - borders.cy);
     else if (length >= 0)
         width = length - borders.cx;
-    const CSize size = WrapButtons(measures, m_buttonSize.cy, width);
+    const CSize size = wrapButtons(measures, m_buttonSize.cy, width);
     if (mode & LM_COMMIT) m_nMRUWidth = static_cast<UINT>(size.cx);
     return size + borders;
 }
@@ -235,9 +235,9 @@ void CToolBar::Arrange() const
     CalcInsideRect(inside, !stands);
     std::vector<BarButton> measures = Measures();
     if (stands)
-        StackButtons(measures, m_buttonSize.cy);
+        stackButtons(measures, m_buttonSize.cy);
     else
-        WrapButtons(measures, m_buttonSize.cy, m_dwStyle & CBRS_SIZE_DYNAMIC ? inside.Width() : longestBar);
+        wrapButtons(measures, m_buttonSize.cy, m_dwStyle & CBRS_SIZE_DYNAMIC ? inside.Width() : longestBar);
     for (const BarButton& button : measures) m_places.push_back(button.rect + inside.TopLeft());
 }
 
@@ -324,7 +324,7 @@ void CToolBar::DrawButton(CDC& dc, std::size_t index, const CRect& rect)
         strip.images.Draw(dc, picture.index, at, ILD_TRANSPARENT);
         return;
     }
-    while (strip.faint.GetImageCount() <= picture.index) AddFaint(strip.images, strip.faint, strip.size);
+    while (strip.faint.GetImageCount() <= picture.index) addFaint(strip.images, strip.faint, strip.size);
     strip.faint.Draw(dc, picture.index, at, ILD_TRANSPARENT);
 }
 

@@ -33,12 +33,12 @@ LRESULT CWnd::SendDlgItemMessage(int id, UINT message, WPARAM wParam, LPARAM lPa
 
 namespace {
 
-void SendDown(HWND parent, UINT message, WPARAM wParam, LPARAM lParam, bool deep)
+void sendDown(HWND parent, UINT message, WPARAM wParam, LPARAM lParam, bool deep)
 {
     for (HWND child = ::GetWindow(parent, GW_CHILD); child;) {
         const HWND next = ::GetWindow(child, GW_HWNDNEXT);
         ::SendMessageA(child, message, wParam, lParam);
-        if (deep && IsWindow(child)) SendDown(child, message, wParam, lParam, true);
+        if (deep && IsWindow(child)) sendDown(child, message, wParam, lParam, true);
         child = IsWindow(next) ? next : nullptr;
     }
 }
@@ -47,7 +47,7 @@ void SendDown(HWND parent, UINT message, WPARAM wParam, LPARAM lParam, bool deep
 
 void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, BOOL deep)
 {
-    SendDown(m_hWnd, message, wParam, lParam, deep);
+    sendDown(m_hWnd, message, wParam, lParam, deep);
 }
 
 // ---- The tree
@@ -86,7 +86,7 @@ CWnd* CWnd::ChildWindowFromPoint(POINT point) const
 
 namespace {
 
-BOOL ChangeStyle(HWND window, int word, DWORD remove, DWORD add, UINT flags)
+BOOL changeStyle(HWND window, int word, DWORD remove, DWORD add, UINT flags)
 {
     const auto former = static_cast<DWORD>(::GetWindowLongA(window, word));
     const DWORD now = (former & ~remove) | add;
@@ -102,11 +102,11 @@ BOOL ChangeStyle(HWND window, int word, DWORD remove, DWORD add, UINT flags)
 
 BOOL CWnd::ModifyStyle(DWORD remove, DWORD add, UINT flags)
 {
-    return ChangeStyle(m_hWnd, GWL_STYLE, remove, add, flags);
+    return changeStyle(m_hWnd, GWL_STYLE, remove, add, flags);
 }
 BOOL CWnd::ModifyStyleEx(DWORD remove, DWORD add, UINT flags)
 {
-    return ChangeStyle(m_hWnd, GWL_EXSTYLE, remove, add, flags);
+    return changeStyle(m_hWnd, GWL_EXSTYLE, remove, add, flags);
 }
 
 BOOL CWnd::SetWindowPos(const CWnd* insertAfter, int x, int y, int width, int height, UINT flags)
@@ -140,7 +140,7 @@ void CWnd::CenterWindow(CWnd* over)
 }
 
 namespace {
-void MapRect(HWND from, HWND to, RECT* rect)
+void mapRect(HWND from, HWND to, RECT* rect)
 {
     POINT corners[2] = {{rect->left, rect->top}, {rect->right, rect->bottom}};
     ::MapWindowPoints(from, to, corners, 2);
@@ -148,21 +148,21 @@ void MapRect(HWND from, HWND to, RECT* rect)
 }
 } // namespace
 
-void CWnd::ClientToScreen(RECT* rect) const { MapRect(m_hWnd, nullptr, rect); }
-void CWnd::ScreenToClient(RECT* rect) const { MapRect(nullptr, m_hWnd, rect); }
+void CWnd::ClientToScreen(RECT* rect) const { mapRect(m_hWnd, nullptr, rect); }
+void CWnd::ScreenToClient(RECT* rect) const { mapRect(nullptr, m_hWnd, rect); }
 void CWnd::MapWindowPoints(CWnd* to, POINT* points, UINT count) const
 {
     ::MapWindowPoints(m_hWnd, corekit::detail::safeHandle(to), points, count);
 }
 void CWnd::MapWindowPoints(CWnd* to, RECT* rect) const
 {
-    MapRect(m_hWnd, corekit::detail::safeHandle(to), rect);
+    mapRect(m_hWnd, corekit::detail::safeHandle(to), rect);
 }
 
 // ---- Text and font
 
 namespace {
-CString TextOf(HWND window)
+CString textOf(HWND window)
 {
     const int length = ::GetWindowTextLengthA(window);
     std::string text(static_cast<std::size_t>(std::max(length, 0)) + 1, '\0');
@@ -171,14 +171,14 @@ CString TextOf(HWND window)
 }
 } // namespace
 
-void CWnd::GetWindowText(CString& text) const { text = TextOf(m_hWnd); }
+void CWnd::GetWindowText(CString& text) const { text = textOf(m_hWnd); }
 
 void CWnd::SetDlgItemText(int id, const char* text) { ::SetWindowTextA(::GetDlgItem(m_hWnd, id), text); }
 
 int CWnd::GetDlgItemText(int id, CString& text) const
 {
     const HWND item = ::GetDlgItem(m_hWnd, id);
-    text = item ? TextOf(item) : CString();
+    text = item ? textOf(item) : CString();
     return text.GetLength();
 }
 

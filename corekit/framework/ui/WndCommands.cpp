@@ -19,7 +19,7 @@ public:
 };
 
 // The control that a message to its parent came from; null for other messages.
-HWND SenderOf(HWND parent, UINT message, WPARAM wParam, LPARAM lParam)
+HWND senderOf(HWND parent, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_HSCROLL:
@@ -43,7 +43,7 @@ HWND SenderOf(HWND parent, UINT message, WPARAM wParam, LPARAM lParam)
 
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const HWND sender = SenderOf(m_hWnd, message, wParam, lParam);
+    const HWND sender = senderOf(m_hWnd, message, wParam, lParam);
     LRESULT result = 0;
     if (sender && sender != m_hWnd && ReflectLastMsg(sender, &result)) return result;
     if (m_pfnSuper) return ::CallWindowProcA(m_pfnSuper, m_hWnd, message, wParam, lParam);

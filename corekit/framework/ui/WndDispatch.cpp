@@ -52,7 +52,7 @@ using Invoker = LRESULT (*)(CWnd*, AFX_PMSG, const Message&);
 
 // Calls a handler of that result with those arguments.
 template <class Result, class... Arguments>
-LRESULT Call(CWnd* window, AFX_PMSG method, Arguments... arguments)
+LRESULT call(CWnd* window, AFX_PMSG method, Arguments... arguments)
 {
     const auto typed = std::bit_cast<Result (CWnd::*)(Arguments...)>(method);
     if constexpr (std::is_void_v<Result>) {
@@ -74,90 +74,90 @@ constexpr auto invokers = [] {
     using P = AFX_PMSG;
     using M = const Message&;
     set(AfxSig_message,
-        [](W w, P p, M m) { return Call<LRESULT, WPARAM, LPARAM>(w, p, m.wParam, m.lParam); });
-    set(AfxSig_plain, [](W w, P p, M) { return Call<void>(w, p); });
-    set(AfxSig_answer, [](W w, P p, M) { return Call<BOOL>(w, p); });
-    set(AfxSig_answerUint, [](W w, P p, M) { return Call<UINT>(w, p); });
-    set(AfxSig_flag, [](W w, P p, M m) { return Call<void, BOOL>(w, p, static_cast<BOOL>(m.wParam)); });
+        [](W w, P p, M m) { return call<LRESULT, WPARAM, LPARAM>(w, p, m.wParam, m.lParam); });
+    set(AfxSig_plain, [](W w, P p, M) { return call<void>(w, p); });
+    set(AfxSig_answer, [](W w, P p, M) { return call<BOOL>(w, p); });
+    set(AfxSig_answerUint, [](W w, P p, M) { return call<UINT>(w, p); });
+    set(AfxSig_flag, [](W w, P p, M m) { return call<void, BOOL>(w, p, static_cast<BOOL>(m.wParam)); });
     set(AfxSig_pointer,
-        [](W w, P p, M m) { return Call<void, void*>(w, p, reinterpret_cast<void*>(m.lParam)); });
+        [](W w, P p, M m) { return call<void, void*>(w, p, reinterpret_cast<void*>(m.lParam)); });
     set(AfxSig_create,
-        [](W w, P p, M m) { return Call<int, void*>(w, p, reinterpret_cast<void*>(m.lParam)); });
+        [](W w, P p, M m) { return call<int, void*>(w, p, reinterpret_cast<void*>(m.lParam)); });
     set(AfxSig_createBool,
-        [](W w, P p, M m) { return Call<BOOL, void*>(w, p, reinterpret_cast<void*>(m.lParam)); });
+        [](W w, P p, M m) { return call<BOOL, void*>(w, p, reinterpret_cast<void*>(m.lParam)); });
     set(AfxSig_item, [](W w, P p, M m) {
-        return Call<void, int, void*>(w, p, static_cast<int>(m.wParam), reinterpret_cast<void*>(m.lParam));
+        return call<void, int, void*>(w, p, static_cast<int>(m.wParam), reinterpret_cast<void*>(m.lParam));
     });
     set(AfxSig_itemInt, [](W w, P p, M m) {
-        return Call<int, int, void*>(w, p, static_cast<int>(m.wParam), reinterpret_cast<void*>(m.lParam));
+        return call<int, int, void*>(w, p, static_cast<int>(m.wParam), reinterpret_cast<void*>(m.lParam));
     });
     // Place and state
-    set(AfxSig_twoInts, [](W w, P p, M m) { return Call<void, int, int>(w, p, m.X(), m.Y()); });
+    set(AfxSig_twoInts, [](W w, P p, M m) { return call<void, int, int>(w, p, m.X(), m.Y()); });
     set(AfxSig_size, [](W w, P p, M m) {
-        return Call<void, UINT, int, int>(w, p, static_cast<UINT>(m.wParam), static_cast<int>(m.LowLong()),
+        return call<void, UINT, int, int>(w, p, static_cast<UINT>(m.wParam), static_cast<int>(m.LowLong()),
                                           static_cast<int>(m.HighLong()));
     });
     set(AfxSig_show, [](W w, P p, M m) {
-        return Call<void, BOOL, UINT>(w, p, static_cast<BOOL>(m.wParam), static_cast<UINT>(m.lParam));
+        return call<void, BOOL, UINT>(w, p, static_cast<BOOL>(m.wParam), static_cast<UINT>(m.lParam));
     });
     set(AfxSig_setting, [](W w, P p, M m) {
-        return Call<void, UINT, const char*>(w, p, static_cast<UINT>(m.wParam),
+        return call<void, UINT, const char*>(w, p, static_cast<UINT>(m.wParam),
                                              reinterpret_cast<const char*>(m.lParam));
     });
     set(AfxSig_activate, [](W w, P p, M m) {
-        return Call<void, UINT, CWnd*, BOOL>(w, p, m.Low(), m.WindowInLong(), static_cast<BOOL>(m.High()));
+        return call<void, UINT, CWnd*, BOOL>(w, p, m.Low(), m.WindowInLong(), static_cast<BOOL>(m.High()));
     });
     set(AfxSig_activateApp, [](W w, P p, M m) {
-        return Call<void, BOOL, DWORD>(w, p, static_cast<BOOL>(m.wParam), static_cast<DWORD>(m.lParam));
+        return call<void, BOOL, DWORD>(w, p, static_cast<BOOL>(m.wParam), static_cast<DWORD>(m.lParam));
     });
     // Windows
-    set(AfxSig_window, [](W w, P p, M m) { return Call<void, CWnd*>(w, p, m.Window()); });
-    set(AfxSig_windowInLong, [](W w, P p, M m) { return Call<void, CWnd*>(w, p, m.WindowInLong()); });
+    set(AfxSig_window, [](W w, P p, M m) { return call<void, CWnd*>(w, p, m.Window()); });
+    set(AfxSig_windowInLong, [](W w, P p, M m) { return call<void, CWnd*>(w, p, m.WindowInLong()); });
     set(AfxSig_windowWords, [](W w, P p, M m) {
-        return Call<BOOL, CWnd*, UINT, UINT>(w, p, m.Window(), m.LowLong(), m.HighLong());
+        return call<BOOL, CWnd*, UINT, UINT>(w, p, m.Window(), m.LowLong(), m.HighLong());
     });
     set(AfxSig_windowWordsInt, [](W w, P p, M m) {
-        return Call<int, CWnd*, UINT, UINT>(w, p, m.Window(), m.LowLong(), m.HighLong());
+        return call<int, CWnd*, UINT, UINT>(w, p, m.Window(), m.LowLong(), m.HighLong());
     });
     set(AfxSig_windowPoint,
-        [](W w, P p, M m) { return Call<void, CWnd*, CPoint>(w, p, m.Window(), m.Point()); });
+        [](W w, P p, M m) { return call<void, CWnd*, CPoint>(w, p, m.Window(), m.Point()); });
     // Input
     set(AfxSig_key, [](W w, P p, M m) {
-        return Call<void, UINT, UINT, UINT>(w, p, static_cast<UINT>(m.wParam), m.LowLong(), m.HighLong());
+        return call<void, UINT, UINT, UINT>(w, p, static_cast<UINT>(m.wParam), m.LowLong(), m.HighLong());
     });
     set(AfxSig_mouse,
-        [](W w, P p, M m) { return Call<void, UINT, CPoint>(w, p, static_cast<UINT>(m.wParam), m.Point()); });
+        [](W w, P p, M m) { return call<void, UINT, CPoint>(w, p, static_cast<UINT>(m.wParam), m.Point()); });
     set(AfxSig_wheel, [](W w, P p, M m) {
-        return Call<BOOL, UINT, short, CPoint>(w, p, m.Low(), static_cast<short>(m.High()), m.Point());
+        return call<BOOL, UINT, short, CPoint>(w, p, m.Low(), static_cast<short>(m.High()), m.Point());
     });
-    set(AfxSig_pointResult, [](W w, P p, M m) { return Call<LRESULT, CPoint>(w, p, m.Point()); });
-    set(AfxSig_timer, [](W w, P p, M m) { return Call<void, UINT_PTR>(w, p, m.wParam); });
+    set(AfxSig_pointResult, [](W w, P p, M m) { return call<LRESULT, CPoint>(w, p, m.Point()); });
+    set(AfxSig_timer, [](W w, P p, M m) { return call<void, UINT_PTR>(w, p, m.wParam); });
     set(AfxSig_uints,
-        [](W w, P p, M m) { return Call<void, UINT, UINT>(w, p, static_cast<UINT>(m.wParam), m.LowLong()); });
-    set(AfxSig_codePosition, [](W w, P p, M m) { return Call<void, UINT, UINT>(w, p, m.Low(), m.High()); });
+        [](W w, P p, M m) { return call<void, UINT, UINT>(w, p, static_cast<UINT>(m.wParam), m.LowLong()); });
+    set(AfxSig_codePosition, [](W w, P p, M m) { return call<void, UINT, UINT>(w, p, m.Low(), m.High()); });
     set(AfxSig_sysCommand,
-        [](W w, P p, M m) { return Call<void, UINT, LPARAM>(w, p, static_cast<UINT>(m.wParam), m.lParam); });
+        [](W w, P p, M m) { return call<void, UINT, LPARAM>(w, p, static_cast<UINT>(m.wParam), m.lParam); });
     set(AfxSig_drop,
-        [](W w, P p, M m) { return Call<void, HDROP>(w, p, reinterpret_cast<HDROP>(m.wParam)); });
+        [](W w, P p, M m) { return call<void, HDROP>(w, p, reinterpret_cast<HDROP>(m.wParam)); });
     set(AfxSig_scroll, [](W w, P p, M m) {
-        return Call<void, UINT, UINT, void*>(w, p, m.Low(), m.High(), m.WindowInLong());
+        return call<void, UINT, UINT, void*>(w, p, m.Low(), m.High(), m.WindowInLong());
     });
     // Contexts and menus
-    set(AfxSig_context, [](W w, P p, M m) { return Call<BOOL, CDC*>(w, p, PassedContext(m.wParam)); });
+    set(AfxSig_context, [](W w, P p, M m) { return call<BOOL, CDC*>(w, p, PassedContext(m.wParam)); });
     set(AfxSig_colour, [](W w, P p, M m) {
-        return Call<HBRUSH, CDC*, CWnd*, UINT>(w, p, PassedContext(m.wParam), m.WindowInLong(),
+        return call<HBRUSH, CDC*, CWnd*, UINT>(w, p, PassedContext(m.wParam), m.WindowInLong(),
                                                m.number - WM_CTLCOLORMSGBOX);
     });
     set(AfxSig_colourReflect, [](W w, P p, M m) {
-        return Call<HBRUSH, CDC*, UINT>(w, p, PassedContext(m.wParam), m.number - WM_CTLCOLORMSGBOX);
+        return call<HBRUSH, CDC*, UINT>(w, p, PassedContext(m.wParam), m.number - WM_CTLCOLORMSGBOX);
     });
-    set(AfxSig_menu, [](W w, P p, M m) { return Call<void, CMenu*>(w, p, PassedMenu(m.wParam)); });
+    set(AfxSig_menu, [](W w, P p, M m) { return call<void, CMenu*>(w, p, PassedMenu(m.wParam)); });
     set(AfxSig_menuPopup, [](W w, P p, M m) {
-        return Call<void, CMenu*, UINT, BOOL>(w, p, PassedMenu(m.wParam), m.LowLong(),
+        return call<void, CMenu*, UINT, BOOL>(w, p, PassedMenu(m.wParam), m.LowLong(),
                                               static_cast<BOOL>(m.HighLong()));
     });
     set(AfxSig_menuSelect, [](W w, P p, M m) {
-        return Call<void, UINT, UINT, HMENU>(w, p, m.Low(), m.High(), reinterpret_cast<HMENU>(m.lParam));
+        return call<void, UINT, UINT, HMENU>(w, p, m.Low(), m.High(), reinterpret_cast<HMENU>(m.lParam));
     });
     return all;
 }();
@@ -169,10 +169,10 @@ static_assert([] {
 
 constexpr UINT firstRegistered = 0xC000;
 
-bool IsColourQuestion(UINT message) { return message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC; }
+bool isColourQuestion(UINT message) { return message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC; }
 
 // The row of a registered message: it names the variable that holds the number.
-const AFX_MSGMAP_ENTRY* FindRegistered(const AFX_MSGMAP* map, UINT message)
+const AFX_MSGMAP_ENTRY* findRegistered(const AFX_MSGMAP* map, UINT message)
 {
     for (; map; map = map->pfnGetBaseMap ? map->pfnGetBaseMap() : nullptr)
         for (const AFX_MSGMAP_ENTRY* entry = map->lpEntries; entry->pfn; ++entry)
@@ -200,10 +200,10 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
         return TRUE;
     }
     if (message == WM_NOTIFY) return lParam && OnNotify(wParam, lParam, &answer);
-    const UINT row = IsColourQuestion(message) ? WM_CTLCOLORBASE : message;
+    const UINT row = isColourQuestion(message) ? WM_CTLCOLORBASE : message;
     const bool isRegistered = message >= firstRegistered && message <= 0xFFFF;
     const AFX_MSGMAP_ENTRY* entry =
-        isRegistered ? FindRegistered(GetMessageMap(), message) : FindMessageEntry(row, 0, 0);
+        isRegistered ? findRegistered(GetMessageMap(), message) : FindMessageEntry(row, 0, 0);
     if (!entry) return FALSE;
     const UINT_PTR signature = isRegistered ? static_cast<UINT_PTR>(AfxSig_message) : entry->nSig;
     if (signature < AfxSig_first || signature >= AfxSig_end) return FALSE;

@@ -101,7 +101,7 @@ namespace {
 constinit CWnd* pending = nullptr;
 constinit corekit::detail::CreationHook hookBefore = nullptr;
 
-void BindPending(HWND window)
+void bindPending(HWND window)
 {
     corekit::detail::setCreationHook(std::exchange(hookBefore, nullptr));
     std::exchange(pending, nullptr)->SubclassWindow(window);
@@ -127,7 +127,7 @@ BOOL CWnd::CreateEx(DWORD exStyle, const char* className, const char* name, DWOR
         return FALSE;
     }
     pending = this;
-    hookBefore = corekit::detail::setCreationHook(&BindPending);
+    hookBefore = corekit::detail::setCreationHook(&bindPending);
     const HWND made =
         ::CreateWindowExA(create.dwExStyle, create.lpszClass, create.lpszName,
                           static_cast<DWORD>(create.style), create.x, create.y, create.cx, create.cy,
@@ -170,7 +170,7 @@ private:
     const MSG m_former;
 };
 
-LRESULT ToldOf(CException* thrown, const MSG& message)
+LRESULT toldOf(CException* thrown, const MSG& message)
 {
     if (CWinThread* const thread = AfxGetThread()) return thread->ProcessWndProcException(thrown, &message);
     thrown->Delete();
@@ -188,7 +188,7 @@ public:
         try {
             return object.WindowProc(message.message, message.wParam, message.lParam);
         } catch (CException* thrown) {
-            return ToldOf(thrown, message);
+            return toldOf(thrown, message);
         }
     }
 };

@@ -9,14 +9,14 @@ namespace {
 
 using namespace corekit::detail;
 
-int Run(CWinThread& thread)
+int run(CWinThread& thread)
 {
     const auto exitCode =
         runMessageLoop([] { return true; }, [&](LONG count) { return thread.OnIdle(count); });
     return exitCode.value_or(0);
 }
 
-BOOL Pump(CWinThread&)
+BOOL pump(CWinThread&)
 {
     int asked = 0; // before the loop, before it waits, and after something came
     const auto exitCode = runMessageLoop([&asked] { return asked++ < 2; });
@@ -24,7 +24,7 @@ BOOL Pump(CWinThread&)
     return !exitCode;
 }
 
-BOOL PreTranslate(CWinThread& thread, MSG* message)
+BOOL preTranslate(CWinThread& thread, MSG* message)
 {
     if (preTranslateUpwards(message)) return TRUE;
     // The main window has its keys in windows beside it, too, unless it is kept out by a modal one.
@@ -35,7 +35,7 @@ BOOL PreTranslate(CWinThread& thread, MSG* message)
     return !isBelow && main->PreTranslateMessage(message);
 }
 
-BOOL Idle(CWinThread& thread, LONG count)
+BOOL idle(CWinThread& thread, LONG count)
 {
     if (count == 0 && thread.m_pMainWnd && thread.m_pMainWnd->m_hWnd &&
         thread.m_pMainWnd->IsWindowVisible()) {
@@ -47,21 +47,21 @@ BOOL Idle(CWinThread& thread, LONG count)
     return count < 1;
 }
 
-constexpr corekit::ThreadWindows calls = {&Run, &Pump, &PreTranslate, &Idle, &changeWaitCursor};
+constexpr corekit::ThreadWindows calls = {&run, &pump, &preTranslate, &idle, &changeWaitCursor};
 
-bool Offer(MSG* message)
+bool offer(MSG* message)
 {
     CWinThread* const thread = AfxGetThread();
     return thread ? thread->PreTranslateMessage(message) : preTranslateUpwards(message) != FALSE;
 }
 
-[[gnu::constructor]] void Install()
+[[gnu::constructor]] void install()
 {
     corekit::setThreadWindows(&calls);
-    setPreTranslate(&Offer);
+    setPreTranslate(&offer);
 }
 
-[[gnu::destructor]] void TakeAway()
+[[gnu::destructor]] void takeAway()
 {
     corekit::setThreadWindows(nullptr);
     setPreTranslate(nullptr);

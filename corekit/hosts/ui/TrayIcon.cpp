@@ -6,7 +6,7 @@ IMPLEMENT_DYNAMIC(CTrayIcon, CCmdTarget)
 
 namespace {
 // The window of the program that runs on this thread; null for another program.
-CTrayAppWnd* TrayWindow()
+CTrayAppWnd* trayWindow()
 {
     CWnd* const window = AfxGetMainWnd();
     return window && window->IsKindOf(RUNTIME_CLASS(CTrayAppWnd)) ? static_cast<CTrayAppWnd*>(window)
@@ -37,11 +37,11 @@ void CTrayIcon::Delete()
 
 int CTrayIcon::SetTimer(unsigned int milliseconds)
 {
-    CTrayAppWnd* const window = TrayWindow();
+    CTrayAppWnd* const window = trayWindow();
     return window ? window->SetTimer(milliseconds) : 0;
 }
 
 void CTrayIcon::KillTimer(int timerId)
 {
-    if (CTrayAppWnd* const window = TrayWindow()) window->KillTimer(timerId);
+    if (CTrayAppWnd* const window = trayWindow()) window->KillTimer(timerId);
 }

@@ -10,13 +10,13 @@
 
 IMPLEMENT_DYNAMIC(CTrayIconApp, CWinApp)
 
-using corekit::detail::ShownTip;
+using corekit::detail::shownTip;
 
 namespace {
 
 constexpr int longestTip = 63, tipBeforeDots = 60;
 
-NOTIFYICONDATA RecordOf(CTrayIcon& icon, UINT flags)
+NOTIFYICONDATA recordOf(CTrayIcon& icon, UINT flags)
 {
     NOTIFYICONDATA data{};
     data.cbSize = sizeof data;
@@ -28,13 +28,13 @@ NOTIFYICONDATA RecordOf(CTrayIcon& icon, UINT flags)
     data.hIcon = LoadIconA(nullptr, MAKEINTRESOURCEA(static_cast<WORD>(icon.GetIconId())));
     CString tip;
     icon.GetTipText(tip);
-    std::strncpy(data.szTip, ShownTip(tip), sizeof data.szTip - 1);
+    std::strncpy(data.szTip, shownTip(tip), sizeof data.szTip - 1);
     return data;
 }
 
 } // namespace
 
-CString corekit::detail::ShownTip(const CString& text)
+CString corekit::detail::shownTip(const CString& text)
 {
     return text.GetLength() > longestTip ? text.Left(tipBeforeDots) + "..." : text;
 }
@@ -70,21 +70,21 @@ int CTrayIconApp::AddIcon(CTrayIcon* icon, int show)
 int CTrayIconApp::AddIconToTaskbar(CTrayIcon* icon)
 {
     if (!IsInList(icon)) return 0;
-    NOTIFYICONDATA data = RecordOf(*icon, NIF_MESSAGE | NIF_ICON | NIF_TIP);
+    NOTIFYICONDATA data = recordOf(*icon, NIF_MESSAGE | NIF_ICON | NIF_TIP);
     return Shell_NotifyIconA(NIM_ADD, &data);
 }
 
 int CTrayIconApp::ChangeIconOnTaskbar(CTrayIcon* icon)
 {
     if (!IsInList(icon)) return 0;
-    NOTIFYICONDATA data = RecordOf(*icon, NIF_MESSAGE | NIF_ICON | NIF_TIP);
+    NOTIFYICONDATA data = recordOf(*icon, NIF_MESSAGE | NIF_ICON | NIF_TIP);
     return Shell_NotifyIconA(NIM_MODIFY, &data);
 }
 
 int CTrayIconApp::RemoveIconFromTaskbar(CTrayIcon* icon)
 {
     if (!IsInList(icon)) return 0;
-    NOTIFYICONDATA data = RecordOf(*icon, 0);
+    NOTIFYICONDATA data = recordOf(*icon, 0);
     return Shell_NotifyIconA(NIM_DELETE, &data);
 }
 

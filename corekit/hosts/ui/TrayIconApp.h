@@ -57,5 +57,5 @@ private:
 
 namespace corekit::detail {
 // A tip as it is shown: of more than 63 characters the first 60 and three dots.
-COREKIT_API CString ShownTip(const CString& text);
+COREKIT_API CString shownTip(const CString& text);
 } // namespace corekit::detail

@@ -18,7 +18,7 @@ using namespace corekit::detail;
 namespace {
 
 template <class Work>
-void Unless(const DLG_Progress* dialog, Work work)
+void unless(const DLG_Progress* dialog, Work work)
 {
     if (dialog) work();
 }
@@ -31,7 +31,7 @@ DLG_Progress::DLG_Progress(const char* title) : ProgressDialogBase(title) {}
 int DLG_Progress::Create(CWnd* parent)
 {
     int result = 0;
-    Unless(this, [&] { result = CreateOver(dialogs::progress.id, parent); });
+    unless(this, [&] { result = CreateOver(dialogs::progress.id, parent); });
     return result;
 }
 
@@ -59,7 +59,7 @@ void DLG_Progress::PumpMessages()
 
 void DLG_Progress::SetStatus(const char* text)
 {
-    Unless(this, [&] {
+    unless(this, [&] {
         PumpMessages();
         ProgressParts(*this).setStatus(text);
     });
@@ -67,12 +67,12 @@ void DLG_Progress::SetStatus(const char* text)
 
 void DLG_Progress::SetStatus(unsigned int textId)
 {
-    Unless(this, [&] { SetStatus(LoadResourceString(textId)); });
+    unless(this, [&] { SetStatus(LoadResourceString(textId)); });
 }
 
 void DLG_Progress::SetStatus1(unsigned int textId, const char* arg1)
 {
-    Unless(this, [&] {
+    unless(this, [&] {
         CString text;
         AfxFormatString1(text, textId, arg1);
         SetStatus(text);
@@ -81,7 +81,7 @@ void DLG_Progress::SetStatus1(unsigned int textId, const char* arg1)
 
 void DLG_Progress::SetStatus2(unsigned int textId, const char* arg1, const char* arg2)
 {
-    Unless(this, [&] {
+    unless(this, [&] {
         CString text;
         AfxFormatString2(text, textId, arg1, arg2);
         SetStatus(text);
@@ -90,7 +90,7 @@ void DLG_Progress::SetStatus2(unsigned int textId, const char* arg1, const char*
 
 void DLG_Progress::SetRange(int lower, int upper)
 {
-    Unless(this, [&] {
+    unless(this, [&] {
         m_lower = lower;
         m_upper = upperBound(lower, upper);
         ProgressParts(*this).setRange(m_lower, m_upper);
@@ -99,7 +99,7 @@ void DLG_Progress::SetRange(int lower, int upper)
 
 void DLG_Progress::SetStep(int step)
 {
-    Unless(this, [&] {
+    unless(this, [&] {
         m_step = step;
         ProgressParts(*this).setStep(step);
     });
@@ -107,7 +107,7 @@ void DLG_Progress::SetStep(int step)
 
 void DLG_Progress::SetPos(int position)
 {
-    Unless(this, [&] {
+    unless(this, [&] {
         PumpMessages();
         ProgressParts(*this).moveTo(position, m_lower, m_upper);
     });
@@ -115,7 +115,7 @@ void DLG_Progress::SetPos(int position)
 
 void DLG_Progress::OffsetPos(int delta)
 {
-    Unless(this, [&] {
+    unless(this, [&] {
         PumpMessages();
         ProgressParts(*this).moveBy(delta, m_lower, m_upper);
     });
@@ -123,7 +123,7 @@ void DLG_Progress::OffsetPos(int delta)
 
 void DLG_Progress::StepIt()
 {
-    Unless(this, [&] {
+    unless(this, [&] {
         PumpMessages();
         ProgressParts(*this).step(m_step, m_lower, m_upper);
     });
@@ -131,13 +131,13 @@ void DLG_Progress::StepIt()
 
 void DLG_Progress::EnablePumpMessages(int enable)
 {
-    Unless(this, [&] { m_pumps = enable; });
+    unless(this, [&] { m_pumps = enable; });
 }
 
 CProgressSink* DLG_Progress::GetProgressSink()
 {
     CProgressSink* sink = nullptr;
-    Unless(this, [&] { sink = &m_sink; });
+    unless(this, [&] { sink = &m_sink; });
     return sink;
 }
 

@@ -13,8 +13,8 @@ namespace {
 
 constexpr int none = -1; // for a direction: no strong character so far
 
-bool IsStrong(int type) { return (type & ~1) == 0; } // L or R
-bool IsNeutral(int type) { return type >= WS; }      // or ON, the last
+bool isStrong(int type) { return (type & ~1) == 0; } // L or R
+bool isNeutral(int type) { return type >= WS; }      // or ON, the last
 
 // Takes the runs of a line in order, their numbers settled, and settles the neutrals among them. Neutrals
 // wait for the next character that has a direction, and all that wait for the same one become the same.
@@ -108,7 +108,7 @@ struct Pieces {
     int first, middle, last;
 };
 
-Pieces SettleNumberSigns(int type, bool single, int before, int after)
+Pieces settleNumberSigns(int type, bool single, int before, int after)
 {
     if (type == ET) {
         const int first = before == EN || (single && after == EN) ? EN : ON;
@@ -127,12 +127,12 @@ public:
 
     void Take(int start, int end, int type, int before, int after)
     {
-        if (IsStrong(type) || IsNeutral(type)) {
+        if (isStrong(type) || isNeutral(type)) {
             Give(start, end, type);
         } else if (type == EN) {
             Give(start, end, m_strong == R ? AN : EN);
         } else if (type == ES || type == CS || type == ET) {
-            const Pieces p = SettleNumberSigns(type, end - start == 1, before, after);
+            const Pieces p = settleNumberSigns(type, end - start == 1, before, after);
             Give(start, start + 1, p.first);
             if (end - start > 2) Give(start + 1, end - 1, p.middle);
             if (end - start > 1) Give(end - 1, end, p.last);
@@ -145,10 +145,10 @@ public:
 private:
     void Give(int start, int end, int type)
     {
-        if (IsStrong(type)) {
+        if (isStrong(type)) {
             m_strong = type; // a separator between two strong characters counts, too
             m_next.Strong(end, type);
-        } else if (IsNeutral(type)) {
+        } else if (isNeutral(type)) {
             m_next.Neutral(end);
         } else if (type == EN) {
             m_next.EuropeanNumber(start, end);
@@ -165,7 +165,7 @@ private:
 
 } // namespace
 
-int SplitByType(const WCHAR* text, int length, TypeRun* runs)
+int splitByType(const WCHAR* text, int length, TypeRun* runs)
 {
     TypeRun* last = runs;
     int previous = CUnicodeCharTypes::GetBiDirectionalType(text[0]);
@@ -179,24 +179,24 @@ int SplitByType(const WCHAR* text, int length, TypeRun* runs)
 }
 
 // Without branches: which words have one direction, nobody can predict.
-int JoinWords(TypeRun* runs, int count)
+int joinWords(TypeRun* runs, int count)
 {
     int out = 0;
     int word = NoRow; // the direction of the last word, if nothing but neutrals stands behind it
     int behind = 1;   // it, and the runs behind it
     for (int k = 0; k < count; ++k) {
         const int end = runs[k].end, type = runs[k].type;
-        const bool strong = IsStrong(type), joins = strong & (type == word);
+        const bool strong = isStrong(type), joins = strong & (type == word);
         out -= behind & -static_cast<int>(joins);
         runs[out].end = end;
         runs[out++].type = type;
         behind = (behind & (static_cast<int>(strong) - 1)) + 1;
-        word = (strong | !IsNeutral(type)) ? strong ? type : int{NoRow} : word;
+        word = (strong | !isNeutral(type)) ? strong ? type : int{NoRow} : word;
     }
     return out;
 }
 
-int ResolveRuns(const TypeRun* runs, int count, int length, bool rightToLeft, LevelRun* out)
+int resolveRuns(const TypeRun* runs, int count, int length, bool rightToLeft, LevelRun* out)
 {
     NumberResolver resolver(out, rightToLeft);
     int start = 0, before = NoRow;

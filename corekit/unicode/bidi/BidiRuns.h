@@ -21,13 +21,13 @@ struct LevelRun {
 };
 
 // The runs of equal table type of a text, at most one per character; returns how many.
-int SplitByType(const WCHAR* text, int length, TypeRun* runs);
+int splitByType(const WCHAR* text, int length, TypeRun* runs);
 
 // Joins words of one direction with the neutrals between them, which always take that direction. Changes no
 // result, and leaves few runs to the rules.
-int JoinWords(TypeRun* runs, int count);
+int joinWords(TypeRun* runs, int count);
 
 // Settles numbers, separators and neutrals, and sets the levels; again at most one run per character.
-int ResolveRuns(const TypeRun* runs, int count, int length, bool rightToLeft, LevelRun* out);
+int resolveRuns(const TypeRun* runs, int count, int length, bool rightToLeft, LevelRun* out);
 
 } // namespace corekit::detail

@@ -15,16 +15,16 @@ namespace {
 
 constexpr int ordinaryLine = 256;
 
-int TypeOf(WCHAR c) { return CUnicodeCharTypes::GetBiDirectionalType(c); }
+int typeOf(WCHAR c) { return CUnicodeCharTypes::GetBiDirectionalType(c); }
 
 // --- lines in which nothing runs from right to left: every neutral becomes left, nothing moves
 
-int LeftToRightType(const WCHAR* text, int length, int i)
+int leftToRightType(const WCHAR* text, int length, int i)
 {
-    int type = TypeOf(text[i]);
+    int type = typeOf(text[i]);
     if (type == ES || type == CS || type == ET) {
-        const int before = i > 0 ? TypeOf(text[i - 1]) : int{NoRow};
-        const int after = i + 1 < length ? TypeOf(text[i + 1]) : int{NoRow};
+        const int before = i > 0 ? typeOf(text[i - 1]) : int{NoRow};
+        const int after = i + 1 < length ? typeOf(text[i + 1]) : int{NoRow};
         if (type == ET) {
             type = before == EN || after == EN ? EN : ON;
         } else {
@@ -36,36 +36,36 @@ int LeftToRightType(const WCHAR* text, int length, int i)
 
 // Of ASCII, all is left or neutral but the digits and the signs that may belong to a number. Those signs, and
 // what is not ASCII, need a look.
-Units AreDigits(Units c) { return unitsInRange(c, u'0', u'9'); }
-Units NeedLook(Units c)
+Units areDigits(Units c) { return unitsInRange(c, u'0', u'9'); }
+Units needLook(Units c)
 {
     return unitsInRange(c, u'#', u'%') | unitsInRange(c, u'+', u'/') | unitsInRange(c, u':', u':') |
            unitsInRange(c, 0x0080, 0xFFFF);
 }
 
 // Marks all that may run from right to left: Hebrew and Arabic, the mark, and what lies above the surrogates.
-Units MayRunRightToLeft(Units c)
+Units mayRunRightToLeft(Units c)
 {
     return unitsInRange(c, 0x0590, 0x06FF) | unitsInRange(c, 0x200F, 0x200F) |
            unitsInRange(c, 0xE000, 0xFFFF);
 }
 
-bool MayTurn(const WCHAR* text, int length)
+bool mayTurn(const WCHAR* text, int length)
 {
     if (length < unitsAtOnce)
-        return std::any_of(text, text + length, [](WCHAR c) { return TypeOf(c) == R || TypeOf(c) == AN; });
+        return std::any_of(text, text + length, [](WCHAR c) { return typeOf(c) == R || typeOf(c) == AN; });
     Units found{};
     for (int i = 0; i < length; i += unitsAtOnce)
-        found |= MayRunRightToLeft(loadUnits(text + std::min(i, length - unitsAtOnce)));
+        found |= mayRunRightToLeft(loadUnits(text + std::min(i, length - unitsAtOnce)));
     return markBits(found) != 0;
 }
 
-void ReorderLeftToRight(const WCHAR* text, int length, int* order, int* types)
+void reorderLeftToRight(const WCHAR* text, int length, int* order, int* types)
 {
     if (length < unitsAtOnce) {
         for (int i = 0; i < length; ++i) {
             order[i] = i;
-            types[i] = LeftToRightType(text, length, i);
+            types[i] = leftToRightType(text, length, i);
         }
         return;
     }
@@ -73,11 +73,11 @@ void ReorderLeftToRight(const WCHAR* text, int length, int* order, int* types)
         const int at = std::min(i, length - unitsAtOnce); // the last step may overlap the one before
         const Units units = loadUnits(text + at);
         storeSeries(order + at, at, 1);
-        storeAsNumbers(types + at, AreDigits(units) & std::uint16_t{EN});
-        const Units marks = NeedLook(units);
+        storeAsNumbers(types + at, areDigits(units) & std::uint16_t{EN});
+        const Units marks = needLook(units);
         if (markBits(marks) == 0) [[likely]]
             continue;
-        forEachMark(marks, [&](int k) { types[at + k] = LeftToRightType(text, length, at + k); });
+        forEachMark(marks, [&](int k) { types[at + k] = leftToRightType(text, length, at + k); });
     }
 }
 
@@ -139,7 +139,7 @@ private:
 
 // A stretch of runs of level 1 and above comes last run first. Within it, runs of level 2 that stand
 // together have been turned twice and keep their order.
-void WriteVisual(const LevelRun* runs, int count, VisualWriter& out)
+void writeVisual(const LevelRun* runs, int count, VisualWriter& out)
 {
     const auto start = [&](int k) { return k > 0 ? runs[k - 1].end : 0; };
     for (int k = 0; k < count;) {
@@ -164,18 +164,18 @@ void WriteVisual(const LevelRun* runs, int count, VisualWriter& out)
     }
 }
 
-void ReorderBothWays(StringW& text, int* order, int* types, bool rightToLeft)
+void reorderBothWays(StringW& text, int* order, int* types, bool rightToLeft)
 {
     const int length = text.GetLength();
     const auto room = static_cast<std::size_t>(length);
     ScratchBuffer<TypeRun, ordinaryLine> byType(room);
     ScratchBuffer<LevelRun, ordinaryLine> runs(room);
-    int count = SplitByType(text, length, byType.Get());
-    count = JoinWords(byType.Get(), count);
-    count = ResolveRuns(byType.Get(), count, length, rightToLeft, runs.Get());
+    int count = splitByType(text, length, byType.Get());
+    count = joinWords(byType.Get(), count);
+    count = resolveRuns(byType.Get(), count, length, rightToLeft, runs.Get());
 
     VisualWriter out(text.GetBuffer(length), length, order, types);
-    WriteVisual(runs.Get(), count, out);
+    writeVisual(runs.Get(), count, out);
 }
 
 } // namespace
@@ -187,16 +187,16 @@ void ReorderToVisual(StringW& text, CArray<int, int>& order, CArray<int, int>& t
     order.SetSize(length);
     types.SetSize(length);
     const bool rightToLeft = (baseLevel & 1) != 0;
-    if (rightToLeft || MayTurn(text, length))
-        ReorderBothWays(text, order.GetData(), types.GetData(), rightToLeft);
+    if (rightToLeft || mayTurn(text, length))
+        reorderBothWays(text, order.GetData(), types.GetData(), rightToLeft);
     else
-        ReorderLeftToRight(text, length, order.GetData(), types.GetData());
+        reorderLeftToRight(text, length, order.GetData(), types.GetData());
 }
 
 int GetBaseLevel(const WCHAR* text, int count)
 {
     for (int i = 0; count < 0 ? text[i] != 0 : i < count; ++i) {
-        const int type = TypeOf(text[i]);
+        const int type = typeOf(text[i]);
         if (type == L || type == R) return type;
     }
     return 0;

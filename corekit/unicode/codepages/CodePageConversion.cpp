@@ -28,7 +28,7 @@ constexpr OwnPage ownPages[] = {
     {CP_OWN_UTF8, "UTF-8 (UCS Translation Format - 8)"},
 };
 
-const OwnPage* OwnPageAt(int index)
+const OwnPage* ownPageAt(int index)
 {
     return index >= 0 && index < cconvGetCPCount() ? &ownPages[index] : nullptr;
 }
@@ -57,30 +57,30 @@ void Fill(String& out, LONGLONG room, Convert convert)
 }
 
 // A short text of UTF-8, written aside; whether all of it was plain.
-bool WidenShort(Utf8Forms forms, std::string_view text, StringW& out)
+bool widenShort(Utf8Forms forms, std::string_view text, StringW& out)
 {
     WCHAR aside[shortText];
-    const auto end = WidenUtf8(forms, text, aside, shortText);
+    const auto end = widenUtf8(forms, text, aside, shortText);
     out.AssignCopy(static_cast<int>(end.to - aside), aside);
     return end.from == text.data() + text.size();
 }
 
-bool NarrowShort(Utf8Forms forms, std::u16string_view text, StringA& out)
+bool narrowShort(Utf8Forms forms, std::u16string_view text, StringA& out)
 {
     char aside[3 * shortText];
-    const auto end = NarrowUtf8(forms, text, aside, sizeof aside);
+    const auto end = narrowUtf8(forms, text, aside, sizeof aside);
     out.AssignCopy(static_cast<int>(end.to - aside), aside);
     return end.from == text.data() + text.size();
 }
 
-bool IsShortUtf8(UINT page, int length) { return page == CP_UTF8 && length <= shortText; }
+bool isShortUtf8(UINT page, int length) { return page == CP_UTF8 && length <= shortText; }
 
-void NarrowByMachine(UINT page, StringA& out, const WCHAR* text, int length)
+void narrowByMachine(UINT page, StringA& out, const WCHAR* text, int length)
 {
     out.Empty();
     if (length == 0) return;
     const std::u16string_view all(text, static_cast<std::size_t>(length));
-    if (IsShortUtf8(page, length) && NarrowShort(Utf8Forms::proper, all, out)) return;
+    if (isShortUtf8(page, length) && narrowShort(Utf8Forms::proper, all, out)) return;
     LONGLONG room = length;
     if (length > shortText / 4) { // what is shorter fits aside, in nearly every page
         CPINFO info;
@@ -92,17 +92,17 @@ void NarrowByMachine(UINT page, StringA& out, const WCHAR* text, int length)
     });
 }
 
-void WidenByMachine(UINT page, StringW& out, const char* text, int length)
+void widenByMachine(UINT page, StringW& out, const char* text, int length)
 {
     out.Empty();
     if (length == 0) return;
     const std::string_view all(text, static_cast<std::size_t>(length));
-    if (IsShortUtf8(page, length) && WidenShort(Utf8Forms::proper, all, out)) return;
+    if (isShortUtf8(page, length) && widenShort(Utf8Forms::proper, all, out)) return;
     Fill<WCHAR>(out, length,
                 [&](WCHAR* to, int size) { return MultiByteToWideChar(page, 0, text, length, to, size); });
 }
 
-void WidenIscii(StringW& out, const char* text, int length)
+void widenIscii(StringW& out, const char* text, int length)
 {
     out.Empty();
     std::transform(text, text + length, out.GetBufferSetLength(length), [](char c) {
@@ -112,7 +112,7 @@ void WidenIscii(StringW& out, const char* text, int length)
 }
 
 template <class Char>
-int LengthOf(const Char* text, int length)
+int lengthOf(const Char* text, int length)
 {
     if (text == nullptr) return 0;
     return length < 0 ? CountedLength(TextLength(text)) : length;
@@ -124,13 +124,13 @@ int cconvGetCPCount() { return static_cast<int>(std::size(ownPages)); }
 
 int cconvGetCodePage(int index)
 {
-    const OwnPage* const page = OwnPageAt(index);
+    const OwnPage* const page = ownPageAt(index);
     return page != nullptr ? page->number : 0;
 }
 
 CString cconvGetCPName(int index)
 {
-    const OwnPage* const page = OwnPageAt(index);
+    const OwnPage* const page = ownPageAt(index);
     return page != nullptr ? CString(page->name) : CString();
 }
 
@@ -139,37 +139,37 @@ void UnicodeToAnsi(int codePage, StringA& out, const WCHAR* text, int length)
     if (codePage == CP_ISCII89) return; // a page to read from only
     if (codePage == CP_OWN_UTF8) return UnicodeToUTF8(text, length, out);
     if (codePage >= firstOwnPage) AfxThrowNotSupportedException();
-    NarrowByMachine(static_cast<UINT>(codePage), out, text, LengthOf(text, length));
+    narrowByMachine(static_cast<UINT>(codePage), out, text, lengthOf(text, length));
 }
 
 void AnsiToUnicode(int codePage, StringW& out, const char* text, int length)
 {
-    length = LengthOf(text, length);
-    if (codePage == CP_ISCII89) return WidenIscii(out, text, length);
+    length = lengthOf(text, length);
+    if (codePage == CP_ISCII89) return widenIscii(out, text, length);
     if (codePage == CP_OWN_UTF8) return void(UTF8toUnicode(text, length, out));
     if (codePage >= firstOwnPage) AfxThrowNotSupportedException();
-    WidenByMachine(static_cast<UINT>(codePage), out, text, length);
+    widenByMachine(static_cast<UINT>(codePage), out, text, length);
 }
 
 // Most texts are short: these are converted aside, which is faster than to find their length first.
 void UnicodeToUTF8(const WCHAR* text, int length, StringA& out)
 {
-    const std::u16string_view all(text, static_cast<std::size_t>(LengthOf(text, length)));
+    const std::u16string_view all(text, static_cast<std::size_t>(lengthOf(text, length)));
     out.Empty();
-    if (all.size() <= shortText) return void(NarrowShort(Utf8Forms::any, all, out));
-    const int bytes = CountedLength(Utf8Length(all));
-    NarrowUtf8(Utf8Forms::any, all, out.GetBuffer(bytes), static_cast<std::size_t>(bytes));
+    if (all.size() <= shortText) return void(narrowShort(Utf8Forms::any, all, out));
+    const int bytes = CountedLength(utf8Length(all));
+    narrowUtf8(Utf8Forms::any, all, out.GetBuffer(bytes), static_cast<std::size_t>(bytes));
     out.ReleaseBuffer(bytes);
 }
 
 BOOL UTF8toUnicode(const char* text, int length, StringW& out)
 {
-    const std::string_view all(text, static_cast<std::size_t>(LengthOf(text, length)));
+    const std::string_view all(text, static_cast<std::size_t>(lengthOf(text, length)));
     out.Empty();
-    if (all.size() <= shortText) return WidenShort(Utf8Forms::any, all, out);
-    const int room = CountedLength(Utf16Length(all));
+    if (all.size() <= shortText) return widenShort(Utf8Forms::any, all, out);
+    const int room = CountedLength(utf16Length(all));
     WCHAR* const to = out.GetBuffer(room);
-    const auto end = WidenUtf8(Utf8Forms::any, all, to, static_cast<std::size_t>(room));
+    const auto end = widenUtf8(Utf8Forms::any, all, to, static_cast<std::size_t>(room));
     out.ReleaseBuffer(static_cast<int>(end.to - to));
     return end.from == text + all.size();
 }

@@ -50,7 +50,7 @@ struct ArabicTable {
     WCHAR nominal[tableEnd];
 };
 
-constexpr Traits JoiningTraits(const JoiningEntry& row)
+constexpr Traits joiningTraits(const JoiningEntry& row)
 {
     const bool causing = row.joiningType >= joining::Right && row.joiningType <= joining::Causing;
     const bool hasForms = row.baseForm != 0;
@@ -63,15 +63,15 @@ constexpr Traits JoiningTraits(const JoiningEntry& row)
     return traits;
 }
 
-constexpr ArabicTable MakeArabicTable()
+constexpr ArabicTable makeArabicTable()
 {
-    const JoiningTable joins = MakeJoiningTable(blockStart);
+    const JoiningTable joins = makeJoiningTable(blockStart);
     ArabicTable table{};
     for (int c = 0; c < tableEnd; ++c) {
         table.nominal[c] = static_cast<WCHAR>(c);
         if (c < blockStart) continue;
         const JoiningEntry& row = joins.rows[c - blockStart];
-        table.traits[c] = JoiningTraits(row);
+        table.traits[c] = joiningTraits(row);
         if (row.baseForm != 0) table.nominal[c] = row.baseForm;
     }
     table.traits[u'~'] = transparent;
@@ -87,9 +87,9 @@ constexpr ArabicTable MakeArabicTable()
     return table;
 }
 
-constexpr ArabicTable arabic = MakeArabicTable();
+constexpr ArabicTable arabic = makeArabicTable();
 
-Traits TraitsOf(WCHAR c)
+Traits traitsOf(WCHAR c)
 {
     if (c < tableEnd) [[likely]]
         return arabic.traits[c];
@@ -97,7 +97,7 @@ Traits TraitsOf(WCHAR c)
 }
 
 // The form that connects to the neighbours it takes: one on for the right, two on for the left.
-WCHAR FormOf(WCHAR c, Traits own, Traits next, Traits previous)
+WCHAR formOf(WCHAR c, Traits own, Traits next, Traits previous)
 {
     static_assert(takesRight == leftJoinCausing << 2 && takesLeft == joinCausing << 4);
     const Traits right = next << 2 & own & takesRight, left = previous << 4 & own & takesLeft;
@@ -112,12 +112,12 @@ public:
     // The first character at or behind, or at or before, a place that is not passed over.
     WCHAR Behind(int i) const
     {
-        while (i < m_end && (TraitsOf(m_text[i]) & transparent)) ++i;
+        while (i < m_end && (traitsOf(m_text[i]) & transparent)) ++i;
         return i < m_end ? m_text[i] : noNeighbour;
     }
     WCHAR Before(int i) const
     {
-        while (i >= 0 && (TraitsOf(m_text[i]) & transparent)) --i;
+        while (i >= 0 && (traitsOf(m_text[i]) & transparent)) --i;
         return i >= 0 ? m_text[i] : noNeighbour;
     }
 
@@ -127,7 +127,7 @@ private:
 };
 
 // The first word row that matches at i, or null.
-const ArabicWordRow* FindWordRow(const Neighbourhood& around, WCHAR cur, int i)
+const ArabicWordRow* findWordRow(const Neighbourhood& around, WCHAR cur, int i)
 {
     const WCHAR previous = around.Before(i - 1), next = around.Behind(i + 1);
     const auto matches = [&](const ArabicWordRow& r) {
@@ -140,7 +140,7 @@ const ArabicWordRow* FindWordRow(const Neighbourhood& around, WCHAR cur, int i)
     return row == std::end(arabicWordRows) ? nullptr : row;
 }
 
-WCHAR* PutWordRow(WCHAR* out, const ArabicWordRow& row, bool joined)
+WCHAR* putWordRow(WCHAR* out, const ArabicWordRow& row, bool joined)
 {
     if (joined && row.joined) {
         *out++ = row.joined;
@@ -154,31 +154,31 @@ WCHAR* PutWordRow(WCHAR* out, const ArabicWordRow& row, bool joined)
 } // namespace
 
 // A step never writes more glyphs than it takes characters, but a word row may take some behind the limit.
-int ShapeArabicRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit)
+int shapeArabicRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit)
 {
     const bool behindEnd = index >= end; // behind a zero within the text nothing has a next
     const Neighbourhood around(text, end);
     const int stop = behindEnd ? limit : std::min(limit, end);
     WCHAR* out = sink.Room(stop - index + largestRow);
 
-    Traits previous = TraitsOf(around.Before(index - 1));
+    Traits previous = traitsOf(around.Before(index - 1));
     int i = index;
     while (i < stop && text[i] < tableEnd) {
         const WCHAR cur = text[i];
         const Traits own = arabic.traits[cur];
-        Traits next = behindEnd ? 0 : TraitsOf(text[i + 1]);
+        Traits next = behindEnd ? 0 : traitsOf(text[i + 1]);
         // Marks themselves do not look on, so that a long run of them costs no more than its length.
-        if (next & ~own & transparent) next = TraitsOf(around.Behind(i + 2));
+        if (next & ~own & transparent) next = traitsOf(around.Behind(i + 2));
 
         if (((next & asNext) | (previous & asPrevious)) & (own >> wantedShift)) [[unlikely]] {
-            if (const ArabicWordRow* row = FindWordRow(around, cur, i)) {
-                out = PutWordRow(out, *row, (next & leftJoinCausing) != 0);
+            if (const ArabicWordRow* row = findWordRow(around, cur, i)) {
+                out = putWordRow(out, *row, (next & leftJoinCausing) != 0);
                 i += row->advance;
-                previous = i < stop ? TraitsOf(around.Before(i - 1)) : 0;
+                previous = i < stop ? traitsOf(around.Before(i - 1)) : 0;
                 continue;
             }
         }
-        *out++ = FormOf(cur, own, next, previous);
+        *out++ = formOf(cur, own, next, previous);
         previous = own & transparent ? previous : own;
         ++i;
     }
@@ -191,8 +191,8 @@ int ShapeArabicRun(GlyphSink& sink, const WCHAR* text, int end, int index, int l
 void ConvertArabicGlyphs(StringW& out, const WCHAR* text, int& index)
 {
     using namespace corekit::detail;
-    TakeStep(out, text, index, [](GlyphSink& sink, const WCHAR* from, int end, int i) {
-        if (from[i] < tableEnd) return ShapeArabicRun(sink, from, end, i, i + 1);
+    takeStep(out, text, index, [](GlyphSink& sink, const WCHAR* from, int end, int i) {
+        if (from[i] < tableEnd) return shapeArabicRun(sink, from, end, i, i + 1);
         sink.Append(from[i]);
         return i + 1;
     });

@@ -22,6 +22,6 @@ class GlyphSink;
 // The same for all Arabic characters from `index` on, and for those below U+0600 among them, which stay what
 // they are: up to `limit` or the first character above the block. `end` is the length of the text up to its
 // zero. Returns the index that comes next.
-int ShapeArabicRun(GlyphSink& out, const WCHAR* text, int end, int index, int limit);
+int shapeArabicRun(GlyphSink& out, const WCHAR* text, int end, int index, int limit);
 
 } // namespace corekit::detail

@@ -40,7 +40,7 @@ constexpr ConsonantSet consonants = [] {
 }();
 
 unsigned Place(WCHAR c) { return static_cast<unsigned>(c - bengaliStart); }
-bool IsBengali(WCHAR c) { return Place(c) < bengaliSize; }
+bool isBengali(WCHAR c) { return Place(c) < bengaliSize; }
 
 // A text of which nothing is read at or behind `end`.
 struct BoundedText {
@@ -50,7 +50,7 @@ struct BoundedText {
     WCHAR operator[](int i) const { return i < end ? units[i] : u'\0'; }
 };
 
-const BengaliLeaf& FindLeaf(const BoundedText& text, int index)
+const BengaliLeaf& findLeaf(const BoundedText& text, int index)
 {
     const unsigned first = Place(text[index]);
     if (first >= bengaliSize) return trie.leaves[0];
@@ -66,7 +66,7 @@ const BengaliLeaf& FindLeaf(const BoundedText& text, int index)
 }
 
 // Writes all units of the leaf, whatever the count, and gives the place behind those that count.
-WCHAR* Put(WCHAR* out, const BengaliLeaf& leaf)
+WCHAR* put(WCHAR* out, const BengaliLeaf& leaf)
 {
     std::memcpy(out, leaf.glyphs, sizeof leaf.glyphs);
     return out + leaf.count;
@@ -78,7 +78,7 @@ struct SignGlyphs {
     int taken = 1;
 };
 
-SignGlyphs GlyphsOfSign(WCHAR sign, bool atWordStart)
+SignGlyphs glyphsOfSign(WCHAR sign, bool atWordStart)
 {
     const WCHAR e = atWordStart ? signEInitial : signE;
     switch (sign) {
@@ -101,13 +101,13 @@ SignGlyphs GlyphsOfSign(WCHAR sign, bool atWordStart)
 
 constexpr int mostOfSyllable = BengaliLeaf::most + 3; // with a lower letter and two parts of a vowel sign
 
-int ShapeSyllable(GlyphSink& sink, const WCHAR* units, int end, int index)
+int shapeSyllable(GlyphSink& sink, const WCHAR* units, int end, int index)
 {
     const BoundedText text{units, end};
-    const BengaliLeaf& leaf = FindLeaf(text, index);
+    const BengaliLeaf& leaf = findLeaf(text, index);
     WCHAR* out = sink.Room(mostOfSyllable);
     if (!IsBengaliConsonant(text[index])) {
-        sink.Commit(Put(out, leaf));
+        sink.Commit(put(out, leaf));
         return index + leaf.advance;
     }
 
@@ -119,31 +119,31 @@ int ShapeSyllable(GlyphSink& sink, const WCHAR* units, int end, int index)
         lower = next == ya ? yaPhala : next == lowerNa ? naPhala : WCHAR{0};
         if (lower) index += 2;
     }
-    const SignGlyphs sign = GlyphsOfSign(text[index], atWordStart);
+    const SignGlyphs sign = glyphsOfSign(text[index], atWordStart);
     if (sign.before) *out++ = sign.before;
-    out = Put(out, leaf);
+    out = put(out, leaf);
     if (lower) *out++ = lower;
     if (sign.behind) *out++ = sign.behind;
     sink.Commit(out);
     return index + sign.taken;
 }
 
-int ShapeCluster(GlyphSink& sink, const WCHAR* units, int end, int index)
+int shapeCluster(GlyphSink& sink, const WCHAR* units, int end, int index)
 {
-    const BengaliLeaf& leaf = FindLeaf({units, end}, index);
-    sink.Commit(Put(sink.Room(BengaliLeaf::most), leaf));
+    const BengaliLeaf& leaf = findLeaf({units, end}, index);
+    sink.Commit(put(sink.Room(BengaliLeaf::most), leaf));
     return index + leaf.advance;
 }
 
 } // namespace
 
-int ShapeBengaliRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit)
+int shapeBengaliRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit)
 {
     if (index >= end) end = limit; // behind a zero within the text
     const int stop = std::min(limit, end);
     do {
-        index = ShapeSyllable(sink, text, end, index);
-    } while (index < stop && IsBengali(text[index]));
+        index = shapeSyllable(sink, text, end, index);
+    } while (index < stop && isBengali(text[index]));
     return index;
 }
 
@@ -159,10 +159,10 @@ bool IsBengaliConsonant(WORD c)
 
 void ConvertBengaliCluster(StringW& out, const WCHAR* text, int& index)
 {
-    TakeStep(out, text, index, ShapeCluster);
+    takeStep(out, text, index, shapeCluster);
 }
 
 void ConvertBengaliSyllable(StringW& out, const WCHAR* text, int& index)
 {
-    TakeStep(out, text, index, ShapeSyllable);
+    takeStep(out, text, index, shapeSyllable);
 }

@@ -31,6 +31,6 @@ class GlyphSink;
 // ConvertBengaliSyllable for all syllables from `index` on that begin before `limit`, up to the first
 // character of another block. `end` is the length of the text up to its zero. Returns the index that comes
 // next, which may lie behind `limit`.
-int ShapeBengaliRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit);
+int shapeBengaliRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit);
 
 } // namespace corekit::detail

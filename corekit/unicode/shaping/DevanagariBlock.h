@@ -39,7 +39,7 @@ constexpr void Number(Block& block, const Rows& rows, Kind kind, unsigned char r
     for (const auto& r : rows) block.characters[r.letter - blockStart] = {kind, 0, row++};
 }
 
-constexpr Block MakeBlock()
+constexpr Block makeBlock()
 {
     Block block{};
     Number(block, devanagariVowels, Kind::Vowel, 0);
@@ -57,7 +57,7 @@ constexpr Block MakeBlock()
     return block;
 }
 
-inline constexpr Block block = MakeBlock();
+inline constexpr Block block = makeBlock();
 inline constexpr Character elsewhere{};
 
 inline const Character& Of(WCHAR c)

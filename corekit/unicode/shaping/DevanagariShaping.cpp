@@ -35,7 +35,7 @@ private:
     int m_end, m_index;
 };
 
-unsigned ReadConsonantMarks(Reader& text)
+unsigned readConsonantMarks(Reader& text)
 {
     unsigned flags = 0;
     while (const unsigned mark = Of(text.Peek()).mark) {
@@ -63,27 +63,27 @@ constexpr GlyphList markOnFull[] = {{}, {anusvaraGlyph}, {candrabinduGlyph}, {ca
 constexpr GlyphList markOnHalf[] = {{}, {anusvaraGlyph}, {candrabinduGlyph}, {anusvaraGlyph}};
 static_assert(anusvara == 2 && candrabindu == 4);
 
-WCHAR* AppendForm(WCHAR* out, const GlyphList (&form)[2], const GlyphList (&marks)[4], unsigned flags)
+WCHAR* appendForm(WCHAR* out, const GlyphList (&form)[2], const GlyphList (&marks)[4], unsigned flags)
 {
     const GlyphList& glyphs = form[flags & nukta];
     out = glyphs.Put(out);
     return flags > nukta && glyphs.Count() ? marks[flags >> 1].Put(out) : out;
 }
-WCHAR* AppendFullConsonant(WCHAR* out, const Consonant& c, unsigned flags)
+WCHAR* appendFullConsonant(WCHAR* out, const Consonant& c, unsigned flags)
 {
-    return AppendForm(out, c.Forms().full, markOnFull, flags);
+    return appendForm(out, c.Forms().full, markOnFull, flags);
 }
-WCHAR* AppendHalfConsonant(WCHAR* out, const Consonant& c)
+WCHAR* appendHalfConsonant(WCHAR* out, const Consonant& c)
 {
-    return AppendForm(out, c.Forms().half, markOnHalf, c.flags);
+    return appendForm(out, c.Forms().half, markOnHalf, c.flags);
 }
-WCHAR* AppendRakarConsonant(WCHAR* out, const Consonant& c, unsigned flags)
+WCHAR* appendRakarConsonant(WCHAR* out, const Consonant& c, unsigned flags)
 {
-    return AppendForm(out, c.Forms().rakar, markOnFull, flags);
+    return appendForm(out, c.Forms().rakar, markOnFull, flags);
 }
-WCHAR* AppendConsonantTail(WCHAR* out, const Consonant& c) { return c.Forms().tail.Put(out); }
+WCHAR* appendConsonantTail(WCHAR* out, const Consonant& c) { return c.Forms().tail.Put(out); }
 
-WCHAR* AppendGlyph(WCHAR* out, WCHAR glyph)
+WCHAR* appendGlyph(WCHAR* out, WCHAR glyph)
 {
     *out = glyph;
     return out + (glyph != 0);
@@ -103,13 +103,13 @@ struct Base {
     Form form;
 };
 
-Cluster ReadCluster(Reader& text)
+Cluster readCluster(Reader& text)
 {
     Cluster cluster{};
     for (;;) {
         const WCHAR code = text.Peek();
         text.Advance();
-        cluster.consonants[cluster.count++] = {code, ReadConsonantMarks(text)};
+        cluster.consonants[cluster.count++] = {code, readConsonantMarks(text)};
         if (cluster.count == 3 || !text.Take(virama)) return cluster;
         if (Of(text.Peek()).kind != Kind::Consonant) {
             cluster.dead = true;
@@ -118,7 +118,7 @@ Cluster ReadCluster(Reader& text)
     }
 }
 
-Base BaseOf(const Cluster& cluster)
+Base baseOf(const Cluster& cluster)
 {
     const auto& c = cluster.consonants;
     const int last = cluster.count - 1;
@@ -129,30 +129,30 @@ Base BaseOf(const Cluster& cluster)
 }
 
 // All before the base.
-WCHAR* AppendLead(WCHAR* out, const Cluster& cluster, Base base)
+WCHAR* appendLead(WCHAR* out, const Cluster& cluster, Base base)
 {
     const auto& c = cluster.consonants;
     if (cluster.count == 3 && base.form == Form::Full && c[1].IsRa())
-        return AppendConsonantTail(AppendRakarConsonant(out, c[0], c[0].flags), c[0]);
-    for (int i = base.form == Form::Reph; i < base.which; ++i) out = AppendHalfConsonant(out, c[i]);
+        return appendConsonantTail(appendRakarConsonant(out, c[0], c[0].flags), c[0]);
+    for (int i = base.form == Form::Reph; i < base.which; ++i) out = appendHalfConsonant(out, c[i]);
     return out;
 }
 
-WCHAR* AppendBase(WCHAR* out, const Consonant& c, Form form, bool dead)
+WCHAR* appendBase(WCHAR* out, const Consonant& c, Form form, bool dead)
 {
     if (form == Form::Rakar) {
-        out = AppendRakarConsonant(out, c, c.flags);
+        out = appendRakarConsonant(out, c, c.flags);
     } else if (form == Form::Reph) {
-        out = AppendFullConsonant(out, c, c.flags & ~anusvara);
-        out = AppendGlyph(out, c.Has(anusvara) ? rephAnusvara : reph);
+        out = appendFullConsonant(out, c, c.flags & ~anusvara);
+        out = appendGlyph(out, c.Has(anusvara) ? rephAnusvara : reph);
     } else {
-        out = AppendFullConsonant(out, c, c.flags);
+        out = appendFullConsonant(out, c, c.flags);
     }
-    if (dead) out = AppendGlyph(out, viramaGlyph);
-    return AppendConsonantTail(out, c);
+    if (dead) out = appendGlyph(out, viramaGlyph);
+    return appendConsonantTail(out, c);
 }
 
-SignOn ReadSignMarks(Reader& text, const Consonant& c, Form form)
+SignOn readSignMarks(Reader& text, const Consonant& c, Form form)
 {
     const unsigned follows = Of(text.Peek()).mark & (anusvara | candrabindu);
     if (form != Form::Reph) {
@@ -167,41 +167,41 @@ SignOn ReadSignMarks(Reader& text, const Consonant& c, Form form)
 static_assert(static_cast<unsigned>(SignOn::Anusvara) == anusvara >> 1 &&
               static_cast<unsigned>(SignOn::Candrabindu) == candrabindu >> 1);
 
-WCHAR* AppendLowSign(WCHAR* out, const DevanagariLowSign& low, SignOn on, const Consonant& c, Form form)
+WCHAR* appendLowSign(WCHAR* out, const DevanagariLowSign& low, SignOn on, const Consonant& c, Form form)
 {
     const GlyphList& beside = devanagariBesideLowSign[static_cast<int>(on)];
     const unsigned nuktaOnly = c.flags & nukta;
     if (form != Form::Rakar && c.IsRa()) {
-        out = beside.Put(AppendGlyph(out, low.onRa));
-        return AppendGlyph(out, on < SignOn::Reph ? low.raTail : low.raTailBehindReph);
+        out = beside.Put(appendGlyph(out, low.onRa));
+        return appendGlyph(out, on < SignOn::Reph ? low.raTail : low.raTailBehindReph);
     }
     if (form != Form::Rakar) {
-        out = AppendFullConsonant(out, c, 0);
-        out = AppendGlyph(out, nuktaOnly ? low.withNukta : low.glyph);
+        out = appendFullConsonant(out, c, 0);
+        out = appendGlyph(out, nuktaOnly ? low.withNukta : low.glyph);
     } else if (c.code == devanagariTta || c.code == devanagariDda) {
-        out = AppendGlyph(AppendFullConsonant(out, c, nuktaOnly), low.withRakar);
+        out = appendGlyph(appendFullConsonant(out, c, nuktaOnly), low.withRakar);
     } else {
-        out = AppendGlyph(AppendRakarConsonant(out, c, nuktaOnly), low.glyph);
+        out = appendGlyph(appendRakarConsonant(out, c, nuktaOnly), low.glyph);
     }
-    return AppendConsonantTail(beside.Put(out), c);
+    return appendConsonantTail(beside.Put(out), c);
 }
 
 // The base with its vowel sign, which the text is at. `start` is where the syllable begins; room for a sign
 // that goes there has been left.
-WCHAR* AppendMatra(WCHAR* out, WCHAR* start, Reader& text, const Consonant& c, Form form)
+WCHAR* appendMatra(WCHAR* out, WCHAR* start, Reader& text, const Consonant& c, Form form)
 {
     const int which = text.Peek() - firstSign;
     text.Advance();
-    const SignOn on = ReadSignMarks(text, c, form);
+    const SignOn on = readSignMarks(text, c, form);
     const DevanagariSign* sign = block.signs[which];
-    if (!sign) return AppendLowSign(out, devanagariLowSigns[which - (firstLowSign - firstSign)], on, c, form);
+    if (!sign) return appendLowSign(out, devanagariLowSigns[which - (firstLowSign - firstSign)], on, c, form);
 
     const GlyphList& glyphs = sign->glyphs[static_cast<int>(on)];
     const unsigned nuktaOnly = c.flags & nukta;
-    out = form == Form::Rakar ? AppendRakarConsonant(out, c, nuktaOnly)
-                              : AppendFullConsonant(out, c, nuktaOnly);
-    if (sign->place == SignPlace::BeforeTail) return AppendConsonantTail(glyphs.Put(out), c);
-    out = AppendConsonantTail(out, c);
+    out = form == Form::Rakar ? appendRakarConsonant(out, c, nuktaOnly)
+                              : appendFullConsonant(out, c, nuktaOnly);
+    if (sign->place == SignPlace::BeforeTail) return appendConsonantTail(glyphs.Put(out), c);
+    out = appendConsonantTail(out, c);
     if (sign->place == SignPlace::BehindTail) return glyphs.Put(out);
     *start = glyphs[0];
     return out;
@@ -209,20 +209,20 @@ WCHAR* AppendMatra(WCHAR* out, WCHAR* start, Reader& text, const Consonant& c, F
 
 constexpr WCHAR signFirst = 0x093F;
 
-WCHAR* AppendCluster(WCHAR* out, Reader& text)
+WCHAR* appendCluster(WCHAR* out, Reader& text)
 {
-    const Cluster cluster = ReadCluster(text);
-    const Base base = BaseOf(cluster);
+    const Cluster cluster = readCluster(text);
+    const Base base = baseOf(cluster);
     const Consonant& c = cluster.consonants[base.which];
     const WCHAR sign = text.Peek();
     if (cluster.dead || !IsDevanagariMatra(sign))
-        return AppendBase(AppendLead(out, cluster, base), c, base.form, cluster.dead);
+        return appendBase(appendLead(out, cluster, base), c, base.form, cluster.dead);
     WCHAR* const start = out;
     if (sign == signFirst) ++out;
-    return AppendMatra(AppendLead(out, cluster, base), start, text, c, base.form);
+    return appendMatra(appendLead(out, cluster, base), start, text, c, base.form);
 }
 
-WCHAR* AppendVowel(WCHAR* out, Reader& text, const DevanagariVowel& vowel)
+WCHAR* appendVowel(WCHAR* out, Reader& text, const DevanagariVowel& vowel)
 {
     text.Advance();
     if (text.Take(0x0901)) return vowel.withCandrabindu.Put(out);
@@ -231,30 +231,30 @@ WCHAR* AppendVowel(WCHAR* out, Reader& text, const DevanagariVowel& vowel)
 }
 
 // `end` is where the text can be read no further.
-int ShapeSyllable(GlyphSink& sink, const WCHAR* text, int end, int index)
+int shapeSyllable(GlyphSink& sink, const WCHAR* text, int end, int index)
 {
     Reader reader(text, end, index);
     WCHAR* out = sink.Room(longestSyllable);
     const Character& first = Of(reader.Peek());
     if (first.kind == Kind::Single) {
         reader.Advance();
-        sink.Commit(AppendGlyph(out, devanagariSingles[first.row].glyph));
+        sink.Commit(appendGlyph(out, devanagariSingles[first.row].glyph));
     } else if (first.kind == Kind::Vowel) {
-        sink.Commit(AppendVowel(out, reader, devanagariVowels[first.row]));
+        sink.Commit(appendVowel(out, reader, devanagariVowels[first.row]));
     } else {
-        sink.Commit(AppendCluster(out, reader));
+        sink.Commit(appendCluster(out, reader));
     }
     return reader.Index();
 }
 
 } // namespace
 
-int ShapeDevanagariRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit)
+int shapeDevanagariRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit)
 {
     // Behind a zero within the text only the limit is known.
     const int readable = index < end ? end : limit;
     do {
-        index = ShapeSyllable(sink, text, readable, index);
+        index = shapeSyllable(sink, text, readable, index);
     } while (index < limit && text[index] - blockStart < blockSize);
     return index;
 }
@@ -263,7 +263,7 @@ int ShapeDevanagariRun(GlyphSink& sink, const WCHAR* text, int end, int index, i
 
 void ConvertDevanagariSyllable(StringW& out, const WCHAR* text, int& index)
 {
-    corekit::detail::TakeStep(out, text, index, corekit::detail::ShapeSyllable);
+    corekit::detail::takeStep(out, text, index, corekit::detail::shapeSyllable);
 }
 
 bool IsDevanagariConsonant(WCHAR c)

@@ -26,6 +26,6 @@ class GlyphSink;
 // The same for all syllables from `index` on that begin before `limit`, up to the first character of another
 // block. `end` is the length of the text up to its zero. Returns the index that comes next, which may lie
 // behind `limit`.
-int ShapeDevanagariRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit);
+int shapeDevanagariRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit);
 
 } // namespace corekit::detail

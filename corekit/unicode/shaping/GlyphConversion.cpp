@@ -38,14 +38,14 @@ constexpr StepTable steps = [] {
     return table;
 }();
 
-Step StepOf(WCHAR c) { return steps.of[c >> blockBits]; }
+Step stepOf(WCHAR c) { return steps.of[c >> blockBits]; }
 
-int CopyRun(GlyphSink& sink, const WCHAR* text, int index, int length)
+int copyRun(GlyphSink& sink, const WCHAR* text, int index, int length)
 {
     WCHAR* out = sink.Room(length - index);
     do {
         *out++ = text[index++];
-    } while (index < length && StepOf(text[index]) == Step::Copy);
+    } while (index < length && stepOf(text[index]) == Step::Copy);
     sink.Commit(out);
     return index;
 }
@@ -69,21 +69,21 @@ void ConvertToGlyphs(const WCHAR* text, int length, StringW& glyphs, bool system
     GlyphSink sink(glyphs);
     sink.Room(length);
     for (int index = 0; index < length;) {
-        switch (StepOf(text[index])) {
+        switch (stepOf(text[index])) {
         case Step::Copy:
-            index = CopyRun(sink, text, index, length);
+            index = copyRun(sink, text, index, length);
             break;
         case Step::Arabic:
-            index = ShapeArabicRun(sink, text, end, index, length);
+            index = shapeArabicRun(sink, text, end, index, length);
             break;
         case Step::Devanagari:
-            index = ShapeDevanagariRun(sink, text, end, index, length);
+            index = shapeDevanagariRun(sink, text, end, index, length);
             break;
         case Step::Bengali:
-            index = ShapeBengaliRun(sink, text, end, index, length);
+            index = shapeBengaliRun(sink, text, end, index, length);
             break;
         case Step::Tamil:
-            index = ShapeTamilRun(sink, text, end, index, length);
+            index = shapeTamilRun(sink, text, end, index, length);
             break;
         }
     }

@@ -8,7 +8,7 @@ namespace corekit::detail {
 // Appends to `out` what `shape(sink, text, end, index)` writes for the character at `index`, and moves the
 // index to where it comes to. An index outside the text, or on its zero, moves by one and gives nothing.
 template <class Shape>
-void TakeStep(StringW& out, const WCHAR* text, int& index, Shape shape)
+void takeStep(StringW& out, const WCHAR* text, int& index, Shape shape)
 {
     const int end = CountedLength(TextLength(text));
     if (index < 0 || index >= end) {

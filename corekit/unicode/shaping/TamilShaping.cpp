@@ -34,13 +34,13 @@ constexpr GlyphList Signed(const TamilConsonant& c, const TamilSign& sign)
     return GlyphList().Then(sign.before).Then(c.base).Then(sign.after);
 }
 
-constexpr void AddConsonant(Block& block, int row, const TamilConsonant& c)
+constexpr void addConsonant(Block& block, int row, const TamilConsonant& c)
 {
     block.syllables[row][alone] = {c.base};
     for (int sign = 0; sign < signCount; ++sign) block.syllables[row][1 + sign] = Signed(c, tamilSigns[sign]);
 }
 
-constexpr Block MakeBlock()
+constexpr Block makeBlock()
 {
     Block block{};
     for (unsigned i = 0; i < blockSize; ++i)
@@ -51,19 +51,19 @@ constexpr Block MakeBlock()
         block.characters[tamilSigns[i].letter - blockStart].sign = static_cast<unsigned char>(1 + i);
     for (int i = 0; i < consonantCount; ++i) {
         const TamilConsonant& c = tamilConsonants[i];
-        AddConsonant(block, space + i, c);
+        addConsonant(block, space + i, c);
         if (c.letter != u' ')
             block.characters[c.letter - blockStart].consonant = static_cast<unsigned char>(space + i);
     }
-    AddConsonant(block, kssa, tamilKssa);
+    addConsonant(block, kssa, tamilKssa);
     return block;
 }
 
-constexpr Block block = MakeBlock();
+constexpr Block block = makeBlock();
 constexpr Character elsewhere{};
 constexpr Character spaceCharacter{space, alone, {u' '}};
 
-const Character& Of(WCHAR c)
+const Character& of(WCHAR c)
 {
     const unsigned place = c - blockStart;
     if (place < blockSize) return block.characters[place];
@@ -76,61 +76,61 @@ struct Piece {
     int taken = 0;
 };
 
-Piece KssaSign(WCHAR sign)
+Piece kssaSign(WCHAR sign)
 {
-    const unsigned column = sign == anusvara ? alone : Of(sign).sign;
+    const unsigned column = sign == anusvara ? alone : of(sign).sign;
     return {block.syllables[kssa][column], column == alone ? 3 : 4};
 }
 
-Piece ConsonantSign(WCHAR c0, WCHAR c1, WCHAR c2, WCHAR c3)
+Piece consonantSign(WCHAR c0, WCHAR c1, WCHAR c2, WCHAR c3)
 {
-    const unsigned row = Of(c0).consonant, column = Of(c1).sign;
+    const unsigned row = of(c0).consonant, column = of(c1).sign;
     if (row == noConsonant || column == alone) return {};
     if (c1 == virama) {
-        if (c0 == ka && c2 == ssa) return KssaSign(c3);
+        if (c0 == ka && c2 == ssa) return kssaSign(c3);
         if (c0 == ssa && c2 == ra && c3 == signII) return {{sri}, 4};
     }
     return {block.syllables[row][column], 2};
 }
 
-Piece Syllable(WCHAR c0, WCHAR c1, WCHAR c2, WCHAR c3)
+Piece syllable(WCHAR c0, WCHAR c1, WCHAR c2, WCHAR c3)
 {
-    const Character& first = Of(c0);
+    const Character& first = of(c0);
     if (first.consonant != noConsonant) {
-        const Piece piece = ConsonantSign(c0, c1, c2, c3);
+        const Piece piece = consonantSign(c0, c1, c2, c3);
         return piece.taken ? piece : Piece{block.syllables[first.consonant][alone], 1};
     }
     if (first.sign != alone) return {block.syllables[space][first.sign], 1};
     return {first.glyphs.Count() ? first.glyphs : GlyphList{c0}, 1};
 }
 
-int ShapeSyllable(GlyphSink& sink, const WCHAR* text, int end, int index)
+int shapeSyllable(GlyphSink& sink, const WCHAR* text, int end, int index)
 {
     const auto at = [&](int i) { return index + i < end ? text[index + i] : u'\0'; };
-    const Piece piece = Syllable(text[index], at(1), at(2), at(3));
+    const Piece piece = syllable(text[index], at(1), at(2), at(3));
     sink.Commit(piece.glyphs.Put(sink.Room(GlyphList::spill)));
     return index + piece.taken;
 }
 
-bool Append(const Piece& piece, StringW& out, int& index)
+bool append(const Piece& piece, StringW& out, int& index)
 {
     for (int i = 0; i < piece.glyphs.Count(); ++i) out += piece.glyphs[i];
     index += piece.taken;
     return piece.taken != 0;
 }
 
-WORD GlyphOf(WORD consonant, WCHAR TamilConsonant::*column)
+WORD glyphOf(WORD consonant, WCHAR TamilConsonant::*column)
 {
-    const int row = Of(consonant).consonant;
+    const int row = of(consonant).consonant;
     return row == noConsonant ? WORD{0} : tamilConsonants[row - space].*column;
 }
 
 } // namespace
 
-int ShapeTamilRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit)
+int shapeTamilRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit)
 {
     do {
-        index = ShapeSyllable(sink, text, end, index);
+        index = shapeSyllable(sink, text, end, index);
     } while (index < limit && text[index] - blockStart < blockSize);
     return index;
 }
@@ -141,20 +141,20 @@ using namespace corekit::detail;
 
 void ConvertTamilSyllable(StringW& out, const WCHAR* text, int& index)
 {
-    TakeStep(out, text, index, ShapeSyllable);
+    takeStep(out, text, index, shapeSyllable);
 }
 
 bool ConvertTamilConsonantSign(WORD c0, WORD c1, WORD c2, WORD c3, StringW& out, int& index)
 {
-    return Append(ConsonantSign(c0, c1, c2, c3), out, index);
+    return append(consonantSign(c0, c1, c2, c3), out, index);
 }
 
-void ConvertTamilKssaSign(WORD sign, StringW& out, int& index) { Append(KssaSign(sign), out, index); }
+void ConvertTamilKssaSign(WORD sign, StringW& out, int& index) { append(kssaSign(sign), out, index); }
 
-WORD TamilBaseGlyph(WORD consonant) { return GlyphOf(consonant, &TamilConsonant::base); }
-WORD TamilSignIGlyph(WORD consonant) { return GlyphOf(consonant, &TamilConsonant::i); }
-WORD TamilSignIIGlyph(WORD consonant) { return GlyphOf(consonant, &TamilConsonant::ii); }
-WORD TamilSignUGlyph(WORD consonant) { return GlyphOf(consonant, &TamilConsonant::u); }
-WORD TamilSignUUGlyph(WORD consonant) { return GlyphOf(consonant, &TamilConsonant::uu); }
-WORD TamilViramaGlyph(WORD consonant) { return GlyphOf(consonant, &TamilConsonant::virama); }
-WORD TamilAnusvaraGlyph(WORD consonant) { return GlyphOf(consonant, &TamilConsonant::anusvara); }
+WORD TamilBaseGlyph(WORD consonant) { return glyphOf(consonant, &TamilConsonant::base); }
+WORD TamilSignIGlyph(WORD consonant) { return glyphOf(consonant, &TamilConsonant::i); }
+WORD TamilSignIIGlyph(WORD consonant) { return glyphOf(consonant, &TamilConsonant::ii); }
+WORD TamilSignUGlyph(WORD consonant) { return glyphOf(consonant, &TamilConsonant::u); }
+WORD TamilSignUUGlyph(WORD consonant) { return glyphOf(consonant, &TamilConsonant::uu); }
+WORD TamilViramaGlyph(WORD consonant) { return glyphOf(consonant, &TamilConsonant::virama); }
+WORD TamilAnusvaraGlyph(WORD consonant) { return glyphOf(consonant, &TamilConsonant::anusvara); }

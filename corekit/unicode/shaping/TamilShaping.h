@@ -36,6 +36,6 @@ class GlyphSink;
 
 // ConvertTamilSyllable for all letters of the block from `index` on that begin before `limit`. `end` is the
 // length of the text up to its zero. Returns the index that comes next, which may lie behind `limit`.
-int ShapeTamilRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit);
+int shapeTamilRun(GlyphSink& sink, const WCHAR* text, int end, int index, int limit);
 
 } // namespace corekit::detail

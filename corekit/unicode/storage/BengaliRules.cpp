@@ -19,11 +19,11 @@ constexpr char16_t ra = 0x09B0, assameseRa = 0x09F0;
 constexpr char16_t yaPhala = 0xE193, assameseMark = 0xE1EC; // the mark is blank
 constexpr std::u16string_view yaText = u"\u09CD\u09AF";
 
-bool IsConsonant(char16_t c)
+bool isConsonant(char16_t c)
 {
     return (c >= 0x0995 && c <= 0x09B9) || (c >= 0x09DC && c <= 0x09DF) || c == assameseRa || c == 0x09F1;
 }
-bool IsRa(char16_t c) { return c == ra || c == assameseRa; }
+bool isRa(char16_t c) { return c == ra || c == assameseRa; }
 
 struct SignGlyphs {
     char16_t sign;               // 0 for none
@@ -56,7 +56,7 @@ constexpr Reph rephs[] = {
     {0xE1F8, u"\u0996\u0997\u099D\u09A3\u09A5\u09AA\u09B6"},
     {0xE1A9, u""}, // all others
 };
-char16_t RephOver(std::u16string_view cluster)
+char16_t rephOver(std::u16string_view cluster)
 {
     const auto bears = [&](const Reph& reph) {
         return cluster.size() == 1 && reph.letters.find(cluster[0]) != reph.letters.npos;
@@ -64,9 +64,9 @@ char16_t RephOver(std::u16string_view cluster)
     const auto found = std::ranges::find_if(rephs, bears);
     return found == std::end(rephs) ? rephs[std::size(rephs) - 1].code : found->code;
 }
-bool IsReph(char16_t code) { return std::ranges::find(rephs, code, &Reph::code) != std::end(rephs); }
+bool isReph(char16_t code) { return std::ranges::find(rephs, code, &Reph::code) != std::end(rephs); }
 
-std::u16string CodesOf(std::string_view numbers)
+std::u16string codesOf(std::string_view numbers)
 {
     std::u16string codes;
     for (; !numbers.empty(); numbers.remove_prefix(std::min<std::size_t>(5, numbers.size()))) {
@@ -82,10 +82,10 @@ bool IsPlain(std::u16string_view text)
 {
     constexpr std::u16string_view privateLetters = u"\u09A9\u09B1\u09D3";
     const auto isPlain = [&](char16_t c) {
-        const bool isPart = IsConsonant(c) || c == virama || (c >= 0x09C1 && c <= 0x09C3);
+        const bool isPart = isConsonant(c) || c == virama || (c >= 0x09C1 && c <= 0x09C3);
         return isPart && privateLetters.find(c) == privateLetters.npos;
     };
-    return text.back() != virama && IsConsonant(text[0]) && std::ranges::all_of(text, isPlain);
+    return text.back() != virama && isConsonant(text[0]) && std::ranges::all_of(text, isPlain);
 }
 
 const PieceList& Clusters()
@@ -94,9 +94,9 @@ const PieceList& Clusters()
         PieceList list;
         const auto add = [&list](const auto& rows) {
             for (const BengaliRow& row : rows) {
-                const std::u16string text = CodesOf(row.codes);
+                const std::u16string text = codesOf(row.codes);
                 if (IsPlain(text) && row.advance == static_cast<int>(text.size()))
-                    list.Add({text, CodesOf(row.glyphs)});
+                    list.Add({text, codesOf(row.glyphs)});
             }
         };
         add(bengaliLetterRows);
@@ -118,22 +118,22 @@ const PieceList& Clusters()
     return clusters;
 }
 
-std::size_t ClusterLength(std::u16string_view text)
+std::size_t clusterLength(std::u16string_view text)
 {
-    if (IsRa(text[0]) && text.substr(1).starts_with(u"\u200D\u09CD\u09AF")) return 4;
+    if (isRa(text[0]) && text.substr(1).starts_with(u"\u200D\u09CD\u09AF")) return 4;
     if ((text[0] == 0x0985 || text[0] == 0x098F) && text.substr(1).starts_with(yaText)) return 3;
     std::size_t at = 0;
-    while (at < text.size() && IsConsonant(text[at])) {
+    while (at < text.size() && isConsonant(text[at])) {
         ++at;
         if (at < text.size() && text[at] == nukta) ++at;
-        if (at + 1 >= text.size() || text[at] != virama || !IsConsonant(text[at + 1])) break;
+        if (at + 1 >= text.size() || text[at] != virama || !isConsonant(text[at + 1])) break;
         ++at;
     }
     return at;
 }
 
 // The ra below another letter, which Assamese writes by its own code.
-std::u16string WithRa(std::u16string text, char16_t from, char16_t to)
+std::u16string withRa(std::u16string text, char16_t from, char16_t to)
 {
     for (std::size_t at = 1; at < text.size(); ++at)
         if (text[at] == from && text[at - 1] == virama) text[at] = to;
@@ -149,7 +149,7 @@ struct Syllable {
 };
 
 // The cluster at `at`, with the signs that some take into their shape, and the lower yas behind it.
-bool ReadCluster(const std::u16string& text, std::size_t& at, std::size_t end, Syllable& syllable)
+bool readCluster(const std::u16string& text, std::size_t& at, std::size_t end, Syllable& syllable)
 {
     for (std::size_t behind = std::min(end + 1, text.size()); behind > at; --behind) {
         const std::u16string_view rest =
@@ -166,16 +166,16 @@ bool ReadCluster(const std::u16string& text, std::size_t& at, std::size_t end, S
     return false;
 }
 
-bool ReadSyllable(std::u16string_view text, Syllable& syllable)
+bool readSyllable(std::u16string_view text, Syllable& syllable)
 {
-    const std::size_t end = ClusterLength(text);
+    const std::size_t end = clusterLength(text);
     if (end == 0) return false;
-    syllable.hasReph = end > 2 && IsRa(text[0]) && text[1] == virama;
+    syllable.hasReph = end > 2 && isRa(text[0]) && text[1] == virama;
     const std::u16string cluster(text.substr(0, std::min(end + 1, text.size())));
-    const std::u16string usual = WithRa(cluster, assameseRa, ra);
+    const std::u16string usual = withRa(cluster, assameseRa, ra);
     syllable.isAssamese = (syllable.hasReph && text[0] == assameseRa) || usual != cluster;
     std::size_t at = syllable.hasReph ? 2 : 0;
-    if (!ReadCluster(usual, at, end, syllable)) return false;
+    if (!readCluster(usual, at, end, syllable)) return false;
     const bool hasSign = at == end && at < text.size();
     const auto sign = hasSign ? std::ranges::find(signs, text[at], &SignGlyphs::sign) : std::end(signs);
     if (sign != std::end(signs)) {
@@ -187,7 +187,7 @@ bool ReadSyllable(std::u16string_view text, Syllable& syllable)
 }
 
 // Whether the shaping alone draws the cluster with this code.
-bool IsShaped(const Piece& cluster, char16_t next)
+bool isShaped(const Piece& cluster, char16_t next)
 {
     const std::u16string text = cluster.text + next;
     StringW glyphs;
@@ -196,7 +196,7 @@ bool IsShaped(const Piece& cluster, char16_t next)
     return index == static_cast<int>(cluster.text.size()) && glyphs == cluster.codes.c_str();
 }
 
-std::u16string CodesOf(const Syllable& syllable, bool beginsWord)
+std::u16string codesOf(const Syllable& syllable, bool beginsWord)
 {
     std::u16string codes;
     const auto put = [&codes](char16_t code) {
@@ -204,7 +204,7 @@ std::u16string CodesOf(const Syllable& syllable, bool beginsWord)
     };
     put(beginsWord ? syllable.sign->frontOfWord : syllable.sign->front);
     codes += syllable.cluster->codes;
-    if (syllable.hasReph) put(RephOver(syllable.cluster->text));
+    if (syllable.hasReph) put(rephOver(syllable.cluster->text));
     if (syllable.isAssamese) put(assameseMark);
     codes.append(static_cast<std::size_t>(syllable.yaPhalas), yaPhala);
     put(syllable.sign->behind);
@@ -217,7 +217,7 @@ bool IsFront(char16_t code)
     return code != 0 && std::ranges::any_of(signs, isFront);
 }
 
-const SignGlyphs* SignOf(char16_t front, char16_t behind)
+const SignGlyphs* signOf(char16_t front, char16_t behind)
 {
     const SignGlyphs* found = nullptr;
     for (const SignGlyphs& sign : signs) {
@@ -230,26 +230,26 @@ const SignGlyphs* SignOf(char16_t front, char16_t behind)
 
 } // namespace
 
-std::size_t StoreBengaliSyllable(std::u16string_view text, std::u16string& stored)
+std::size_t storeBengaliSyllable(std::u16string_view text, std::u16string& stored)
 {
     if (text.size() < 3 || (!stored.empty() && (stored.back() == virama || IsFront(stored.back())))) return 0;
     const bool mayBeOwn = text[1] == virama || text[1] == joiner;
     Syllable syllable;
-    if (!mayBeOwn || !ReadSyllable(text, syllable)) return 0;
+    if (!mayBeOwn || !readSyllable(text, syllable)) return 0;
     const char16_t next = syllable.length < text.size() ? text[syllable.length] : u'\0';
-    const bool isOwn = syllable.cluster->isOwn && !IsShaped(*syllable.cluster, syllable.sign->sign);
+    const bool isOwn = syllable.cluster->isOwn && !isShaped(*syllable.cluster, syllable.sign->sign);
     // Not where more belongs to it: e and ai as they are stored stand for signs that were left alone before.
     const bool goesOn = next == nukta || next == virama || next == 0x09D5 || next == 0x09D1;
     if (!(syllable.hasReph || isOwn) || goesOn) return 0;
-    const std::u16string codes = CodesOf(syllable, stored.empty() || stored.back() == wordSeparator);
+    const std::u16string codes = codesOf(syllable, stored.empty() || stored.back() == wordSeparator);
     std::u16string back;
-    if (RestoreBengaliSyllable(codes, back) != codes.size() || back != text.substr(0, syllable.length))
+    if (restoreBengaliSyllable(codes, back) != codes.size() || back != text.substr(0, syllable.length))
         return 0;
     stored += codes;
     return syllable.length;
 }
 
-std::size_t RestoreBengaliSyllable(std::u16string_view codes, std::u16string& text)
+std::size_t restoreBengaliSyllable(std::u16string_view codes, std::u16string& text)
 {
     const char16_t front = IsFront(codes[0]) ? codes[0] : u'\0';
     std::size_t at = front != 0;
@@ -257,16 +257,16 @@ std::size_t RestoreBengaliSyllable(std::u16string_view codes, std::u16string& te
     const Piece* const cluster = Clusters().AtCodes(codes.substr(at));
     if (!cluster) return 0;
     at += cluster->codes.size();
-    const bool hasReph = at < codes.size() && IsReph(codes[at]);
+    const bool hasReph = at < codes.size() && isReph(codes[at]);
     at += hasReph;
     const bool isAssamese = is(assameseMark);
     at += isAssamese;
     std::u16string yas;
     for (; is(yaPhala); ++at) yas += yaText;
-    const SignGlyphs* const sign = SignOf(front, at < codes.size() ? codes[at] : u'\0');
+    const SignGlyphs* const sign = signOf(front, at < codes.size() ? codes[at] : u'\0');
     if (!sign) return 0;
     if (hasReph) text.append(1, isAssamese ? assameseRa : ra).push_back(virama);
-    text.append(isAssamese ? WithRa(cluster->text, ra, assameseRa) : cluster->text).append(yas);
+    text.append(isAssamese ? withRa(cluster->text, ra, assameseRa) : cluster->text).append(yas);
     if (sign->sign) text.push_back(sign->sign);
     return at + (sign->behind != 0);
 }

@@ -8,40 +8,40 @@ namespace {
 // letter to the ordering; the other hyphen is neutral and stays in a run of Arabic.
 constexpr char16_t hyphen = u'-', maqaf = 0x05BE, neutralHyphen = 0x2010;
 
-bool IsDigit(char16_t c)
+bool isDigit(char16_t c)
 {
     return (c >= u'0' && c <= u'9') || (c >= 0x0660 && c <= 0x0669) || (c >= 0x06F0 && c <= 0x06F9);
 }
 
 // What stands for a hyphen behind this character; 0 where the hyphen itself does.
-char16_t HyphenBehind(char16_t c)
+char16_t hyphenBehind(char16_t c)
 {
     if (c >= 0x05D0 && c <= 0x05EA) return maqaf;
-    const bool isArabic = c >= 0x0621 && c <= 0x06D3 && !IsDigit(c);
+    const bool isArabic = c >= 0x0621 && c <= 0x06D3 && !isDigit(c);
     return isArabic && (CArabicJoiningClasses::IsDualJoining(c) || CArabicJoiningClasses::IsRightJoining(c))
                ? neutralHyphen
                : 0;
 }
 
-char16_t HyphenAt(std::u16string_view text, std::size_t at)
+char16_t hyphenAt(std::u16string_view text, std::size_t at)
 {
-    return at > 0 && at + 1 < text.size() && IsDigit(text[at + 1]) ? HyphenBehind(text[at - 1]) : u'\0';
+    return at > 0 && at + 1 < text.size() && isDigit(text[at + 1]) ? hyphenBehind(text[at - 1]) : u'\0';
 }
 
 } // namespace
 
-std::size_t StoreHyphen(std::u16string_view text, std::size_t at, std::u16string& stored)
+std::size_t storeHyphen(std::u16string_view text, std::size_t at, std::u16string& stored)
 {
-    const char16_t kept = text[at] == hyphen ? HyphenAt(text, at) : u'\0';
+    const char16_t kept = text[at] == hyphen ? hyphenAt(text, at) : u'\0';
     if (kept == 0) return 0;
     stored.push_back(kept);
     return 1;
 }
 
-std::size_t RestoreHyphen(std::u16string_view stored, std::size_t at, std::u16string& text)
+std::size_t restoreHyphen(std::u16string_view stored, std::size_t at, std::u16string& text)
 {
     const bool isKept = stored[at] == maqaf || stored[at] == neutralHyphen;
-    if (!isKept || HyphenAt(stored, at) != stored[at]) return 0;
+    if (!isKept || hyphenAt(stored, at) != stored[at]) return 0;
     text.push_back(hyphen);
     return 1;
 }

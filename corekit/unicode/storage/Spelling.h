@@ -12,7 +12,7 @@ struct Spelling {
 };
 
 // The first row whose side given by `side` begins the text; null for none.
-inline const Spelling* FindSpelling(std::span<const Spelling> table, std::u16string_view Spelling::*side,
+inline const Spelling* findSpelling(std::span<const Spelling> table, std::u16string_view Spelling::*side,
                                     std::u16string_view text)
 {
     const auto row =

@@ -12,27 +12,27 @@ namespace {
 
 constexpr char16_t farsiYeh = 0x06CC, yeh = 0x064A, hamzaAbove = 0x0654;
 
-std::u16string_view ViewOf(const WCHAR* text, int length)
+std::u16string_view viewOf(const WCHAR* text, int length)
 {
     if (!text) return {};
     return length < 0 ? std::u16string_view(text)
                       : std::u16string_view(text, static_cast<std::size_t>(length));
 }
 
-StringW StringOf(const std::u16string& text)
+StringW stringOf(const std::u16string& text)
 {
     return StringW(text.data(), static_cast<int>(std::min<std::size_t>(text.size(), INT_MAX)));
 }
 
 // Nothing below U+0300 has another form.
-bool IsComposed(std::u16string_view text)
+bool isComposed(std::u16string_view text)
 {
     return std::ranges::all_of(text, [](char16_t c) { return c < 0x300; });
 }
 
 std::u16string Composed(std::u16string_view text)
 {
-    if (IsComposed(text) || text.size() > INT_MAX / 3) return std::u16string(text);
+    if (isComposed(text) || text.size() > INT_MAX / 3) return std::u16string(text);
     const int length = static_cast<int>(text.size());
     std::u16string composed(text.size() + text.size() / 4 + 16, u'\0');
     int made = NormalizeString(NormalizationC, text.data(), length, composed.data(),
@@ -48,7 +48,7 @@ std::u16string Composed(std::u16string_view text)
 }
 
 // A Farsi yeh with a hamza on it is the yeh that bears one.
-bool MergeYehHamza(std::u16string& text)
+bool mergeYehHamza(std::u16string& text)
 {
     bool merged = false;
     std::size_t letter = 0; // the last unit that is no Arabic mark
@@ -62,26 +62,26 @@ bool MergeYehHamza(std::u16string& text)
     return merged;
 }
 
-bool IsArabic(char16_t c) { return c >= 0x0600 && c <= 0x06FF; }
+bool isArabic(char16_t c) { return c >= 0x0600 && c <= 0x06FF; }
 
-std::size_t StoreOne(std::u16string_view text, std::size_t at, std::u16string& stored)
+std::size_t storeOne(std::u16string_view text, std::size_t at, std::u16string& stored)
 {
     const char16_t c = text[at];
-    if (IsArabic(c)) return StoreArabic(text, at, stored);
-    if (c == u'-') return StoreHyphen(text, at, stored);
-    return c == u' ' || (c >= 0x0900 && c <= 0x09FF) ? StoreIndic(text, at, stored) : 0;
+    if (isArabic(c)) return storeArabic(text, at, stored);
+    if (c == u'-') return storeHyphen(text, at, stored);
+    return c == u' ' || (c >= 0x0900 && c <= 0x09FF) ? storeIndic(text, at, stored) : 0;
 }
 
-std::size_t RestoreOne(std::u16string_view stored, std::size_t at, TextLanguage language,
+std::size_t restoreOne(std::u16string_view stored, std::size_t at, TextLanguage language,
                        std::u16string& text)
 {
-    if (const std::size_t taken = RestoreArabic(stored, at, language, text)) return taken;
-    if (const std::size_t taken = RestoreHyphen(stored, at, text)) return taken;
-    return RestoreIndic(stored, at, text);
+    if (const std::size_t taken = restoreArabic(stored, at, language, text)) return taken;
+    if (const std::size_t taken = restoreHyphen(stored, at, text)) return taken;
+    return restoreIndic(stored, at, text);
 }
 
 template <class Rule>
-std::u16string Rewritten(std::u16string_view text, Rule rule)
+std::u16string rewritten(std::u16string_view text, Rule rule)
 {
     std::u16string out;
     out.reserve(text.size());
@@ -97,17 +97,17 @@ std::u16string Rewritten(std::u16string_view text, Rule rule)
 
 StoredText ToStoredText(const WCHAR* text, int length, LANGID)
 {
-    std::u16string plain = Composed(ViewOf(text, length));
-    if (MergeYehHamza(plain)) plain = Composed(plain);
-    return StringOf(Rewritten(plain, StoreOne));
+    std::u16string plain = Composed(viewOf(text, length));
+    if (mergeYehHamza(plain)) plain = Composed(plain);
+    return stringOf(rewritten(plain, storeOne));
 }
 
 StringW ToPlainText(const WCHAR* stored, int length, LANGID language)
 {
-    const std::u16string_view text = ViewOf(stored, length);
-    const TextLanguage letters = LanguageOf(language, text);
+    const std::u16string_view text = viewOf(stored, length);
+    const TextLanguage letters = languageOf(language, text);
     const auto restore = [letters](std::u16string_view from, std::size_t at, std::u16string& out) {
-        return RestoreOne(from, at, letters, out);
+        return restoreOne(from, at, letters, out);
     };
-    return StringOf(Composed(Rewritten(text, restore)));
+    return stringOf(Composed(rewritten(text, restore)));
 }

@@ -17,23 +17,23 @@ constexpr std::u16string_view otherLetters =
     u"\u068C\u068D\u068F\u0690\u0693\u0696\u0699\u069A\u06A6\u06AB\u06AD\u06B1"
     u"\u06B3\u06BB\u06BC\u06C6\u06C7\u06C8\u06CB\u06CD\u06D0";
 
-bool HasAny(std::u16string_view text, std::u16string_view letters)
+bool hasAny(std::u16string_view text, std::u16string_view letters)
 {
     return text.find_first_of(letters) != text.npos;
 }
 
 } // namespace
 
-TextLanguage LanguageOf(LANGID language, std::u16string_view text)
+TextLanguage languageOf(LANGID language, std::u16string_view text)
 {
     if (language != 0) {
         const unsigned primary = language & primaryPart;
         const bool likeUrdu = primary == urdu || primary == punjabi || primary == kashmiri;
         return {likeUrdu || primary == persian || primary == kurdish, likeUrdu};
     }
-    if (HasAny(text, otherLetters)) return {};
-    const bool likeUrdu = HasAny(text, urduLetters);
-    return {likeUrdu || HasAny(text, farsiLetters), likeUrdu};
+    if (hasAny(text, otherLetters)) return {};
+    const bool likeUrdu = hasAny(text, urduLetters);
+    return {likeUrdu || hasAny(text, farsiLetters), likeUrdu};
 }
 
 } // namespace corekit::detail

@@ -90,7 +90,7 @@ struct JoiningTable {
 };
 
 // The table for the block that starts at `block`: own forms move with the block, presentation forms stay.
-constexpr JoiningTable MakeJoiningTable(WORD block)
+constexpr JoiningTable makeJoiningTable(WORD block)
 {
     JoiningTable table{};
     for (JoiningEntry& row : table.rows) row = {joining::NoRow, 0xFFFF};

@@ -5,8 +5,8 @@
 namespace corekit::detail {
 
 namespace {
-constexpr JoiningTable arabic = MakeJoiningTable(0x0600);
-constexpr JoiningTable urduIndic = MakeJoiningTable(0xE300);
+constexpr JoiningTable arabic = makeJoiningTable(0x0600);
+constexpr JoiningTable urduIndic = makeJoiningTable(0xE300);
 } // namespace
 
 template <>

@@ -36,7 +36,7 @@ constexpr WORD None = 0xFFFF;
 
 // Calls apply(run, code) for every code point of the runs that lies in [low, high].
 template <class Runs, class F>
-constexpr void ForEach(const Runs& runs, int low, int high, F apply)
+constexpr void forEach(const Runs& runs, int low, int high, F apply)
 {
     for (const auto& run : runs) {
         if (run.first > high || run.last < low) continue;
@@ -45,7 +45,7 @@ constexpr void ForEach(const Runs& runs, int low, int high, F apply)
     }
 }
 
-constexpr WORD Moved(WORD mapping, int distance)
+constexpr WORD moved(WORD mapping, int distance)
 {
     return mapping == None ? None : static_cast<WORD>(mapping + distance);
 }
@@ -54,7 +54,7 @@ struct Page {
     Entry rows[256];
 };
 
-constexpr Page MakePage(int high)
+constexpr Page makePage(int high)
 {
     const int low = high * 256;
     Page page{};
@@ -62,34 +62,34 @@ constexpr Page MakePage(int high)
     const auto types = [&](const TypeRun& r, int c) {
         page.rows[c - low] = {r.general, r.bidi, -1, -1, 0, None, None, None};
     };
-    ForEach(typeRuns, low, low + 255, types);
-    ForEach(ownRuns, low, low + 255, types);
-    ForEach(caseRuns, low, low + 255, [&](const CaseRun& r, int c) {
+    forEach(typeRuns, low, low + 255, types);
+    forEach(ownRuns, low, low + 255, types);
+    forEach(caseRuns, low, low + 255, [&](const CaseRun& r, int c) {
         Entry& e = page.rows[c - low];
-        e.upperCase = Moved(r.upper, c - r.first);
-        e.lowerCase = Moved(r.lower, c - r.first);
-        e.titleCase = Moved(r.title, c - r.first);
+        e.upperCase = moved(r.upper, c - r.first);
+        e.lowerCase = moved(r.lower, c - r.first);
+        e.titleCase = moved(r.title, c - r.first);
     });
-    ForEach(numberRuns, low, low + 255, [&](const NumberRun& r, int c) {
+    forEach(numberRuns, low, low + 255, [&](const NumberRun& r, int c) {
         Entry& e = page.rows[c - low];
         e.decimalValue = r.decimal < 0 ? -1 : r.decimal + c - r.first;
         e.digitValue = r.numeric < 0 ? -1 : r.numeric + c - r.first;
     });
-    ForEach(mirrorRuns, low, low + 255, [&](const MirrorRun&, int c) { page.rows[c - low].mirrored = 1; });
+    forEach(mirrorRuns, low, low + 255, [&](const MirrorRun&, int c) { page.rows[c - low].mirrored = 1; });
     return page;
 }
 
 template <int High>
-constexpr Page page = MakePage(High);
+constexpr Page page = makePage(High);
 
 constexpr int noPage = 256; // a page beyond the last code point has no rows
 
-constexpr bool HasRows(int high)
+constexpr bool hasRows(int high)
 {
     bool found = false;
     const auto mark = [&](const TypeRun&, int) { found = true; };
-    ForEach(typeRuns, high * 256, high * 256 + 255, mark);
-    ForEach(ownRuns, high * 256, high * 256 + 255, mark);
+    forEach(typeRuns, high * 256, high * 256 + 255, mark);
+    forEach(ownRuns, high * 256, high * 256 + 255, mark);
     return found;
 }
 
@@ -98,31 +98,31 @@ struct Index {
 };
 
 template <int... High>
-constexpr Index MakeIndex(std::integer_sequence<int, High...>)
+constexpr Index makeIndex(std::integer_sequence<int, High...>)
 {
-    return {{page < HasRows(High) ? High : noPage >.rows...}};
+    return {{page < hasRows(High) ? High : noPage >.rows...}};
 }
 
-constexpr Index pageIndex = MakeIndex(std::make_integer_sequence<int, 256>());
+constexpr Index pageIndex = makeIndex(std::make_integer_sequence<int, 256>());
 
 template <class Table, class Value>
-constexpr Table FromTypes(Value value)
+constexpr Table fromTypes(Value value)
 {
     Table table{};
     for (auto& v : table.of) v = -1;
     const auto apply = [&](const TypeRun& r, int c) { table.of[c] = value(r); };
-    ForEach(typeRuns, 0, 0xFFFF, apply);
-    ForEach(ownRuns, 0, 0xFFFF, apply);
+    forEach(typeRuns, 0, 0xFFFF, apply);
+    forEach(ownRuns, 0, 0xFFFF, apply);
     return table;
 }
 
 template <class Table>
-constexpr Table FromCase(WORD CaseRun::*mapping)
+constexpr Table fromCase(WORD CaseRun::*mapping)
 {
     Table table{};
     for (int c = 0; c < 0x10000; ++c) table.of[c] = static_cast<WORD>(c);
-    ForEach(caseRuns, 0, 0xFFFF, [&](const CaseRun& r, int c) {
-        if (r.*mapping != None) table.of[c] = Moved(r.*mapping, c - r.first);
+    forEach(caseRuns, 0, 0xFFFF, [&](const CaseRun& r, int c) {
+        if (r.*mapping != None) table.of[c] = moved(r.*mapping, c - r.first);
     });
     return table;
 }
@@ -143,13 +143,13 @@ PAGE(251) PAGE(252) PAGE(253) PAGE(254) PAGE(255)
 constinit const CUnicodeCharTypes::__charEntry* const (&CUnicodeCharTypes::m_tbl)[256] = pageIndex.pages;
 
 constinit const CUnicodeCharTypes::Flat<signed char> CUnicodeCharTypes::m_generalTypes =
-    FromTypes<Flat<signed char>>([](const TypeRun& r) { return r.general; });
+    fromTypes<Flat<signed char>>([](const TypeRun& r) { return r.general; });
 constinit const CUnicodeCharTypes::Flat<signed char> CUnicodeCharTypes::m_bidiTypes =
-    FromTypes<Flat<signed char>>([](const TypeRun& r) { return r.bidi; });
+    fromTypes<Flat<signed char>>([](const TypeRun& r) { return r.bidi; });
 constinit const CUnicodeCharTypes::Flat<WORD> CUnicodeCharTypes::m_upper =
-    FromCase<Flat<WORD>>(&CaseRun::upper);
+    fromCase<Flat<WORD>>(&CaseRun::upper);
 constinit const CUnicodeCharTypes::Flat<WORD> CUnicodeCharTypes::m_lower =
-    FromCase<Flat<WORD>>(&CaseRun::lower);
+    fromCase<Flat<WORD>>(&CaseRun::lower);
 
 void CUnicodeCharTypes::MakeUpper(StringW& text)
 {

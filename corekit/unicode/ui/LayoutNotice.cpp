@@ -4,13 +4,13 @@
 
 namespace {
 
-void Hear(UINT charSet, HKL layout)
+void hear(UINT charSet, HKL layout)
 {
     CUnicodeManager* const manager = CUnicodeManager::GetObjectA();
     if (manager->GetKeyboardCount() > 0) manager->HandleInputLangChange(charSet, layout);
 }
 
-[[gnu::constructor]] void Listen() { corekit::detail::setLayoutListener(&Hear); }
-[[gnu::destructor]] void StopListening() { corekit::detail::setLayoutListener(nullptr); }
+[[gnu::constructor]] void Listen() { corekit::detail::setLayoutListener(&hear); }
+[[gnu::destructor]] void stopListening() { corekit::detail::setLayoutListener(nullptr); }
 
 } // namespace

@@ -57,7 +57,7 @@ AppBarScreen Screen()
 }
 
 // The side or corner of a frame that the point is on; none inside.
-int FrameHit(CPoint point, const CRect& window)
+int frameHit(CPoint point, const CRect& window)
 {
     const int width = std::max(GetSystemMetrics(SM_CXFRAME), 3),
               height = std::max(GetSystemMetrics(SM_CYFRAME), 3);
@@ -68,7 +68,7 @@ int FrameHit(CPoint point, const CRect& window)
 }
 
 // As WM_SIZING numbers what a hit code names.
-UINT SideOfHit(UINT hit) { return hit - sizingFirst + 1; }
+UINT sideOfHit(UINT hit) { return hit - sizingFirst + 1; }
 
 } // namespace
 
@@ -169,7 +169,7 @@ void CAppBar::MimicState(DWORD changed, DWORD state)
 
 // ---- Geometry
 
-UINT CAppBar::GetEdgeFromPoint(DWORD flags, CPoint point) { return EdgeFromPoint(flags, point, Screen()); }
+UINT CAppBar::GetEdgeFromPoint(DWORD flags, CPoint point) { return edgeFromPoint(flags, point, Screen()); }
 
 UINT CAppBar::CalcProposedState(const CPoint& point) const
 {
@@ -182,13 +182,13 @@ void CAppBar::GetRect(UINT state, CRect* rect)
     if (state > ABE_BOTTOM) return;
     *rect = CRect(CPoint(0, 0), Screen().size);
     if (!m_state.fAutohide) SHAppBarMessage(ABM_QUERYPOS, state, 0, rect);
-    *rect = DockedRect(state, *rect, m_state.auDimsDock[state]);
+    *rect = dockedRect(state, *rect, m_state.auDimsDock[state]);
 }
 
 int CAppBar::AdjustLocationForAutohide(int show, CRect* rect) const
 {
     if (!m_state.fAutohide) return 0;
-    return MoveForAutohide(GetState(), show ? AppBarShow::shown : AppBarShow::hidden, Screen(), *rect);
+    return moveForAutohide(GetState(), show ? AppBarShow::shown : AppBarShow::hidden, Screen(), *rect);
 }
 
 void CAppBar::ShowHiddenAppBar(int show)
@@ -216,7 +216,7 @@ void CAppBar::SlideWindow(const CRect& end)
             return static_cast<int>((Clock::now() - begun) / std::chrono::milliseconds(1));
         };
         while (m_hWnd && elapsed() < slideMilliseconds) {
-            const CRect now = SlidingRect(start, end, elapsed());
+            const CRect now = slidingRect(start, end, elapsed());
             SetWindowPos(nullptr, now.left, now.top, now.Width(), now.Height(), noTopLeft);
             UpdateWindow();
             Sleep(1);
@@ -343,7 +343,7 @@ LRESULT CAppBar::OnNcHitTest(CPoint point)
     LRESULT hit = CDialog::OnNcHitTest(point);
     CRect window;
     GetWindowRect(&window);
-    if (hit == HTCLIENT && GetStyle() & WS_THICKFRAME) hit = FrameHit(point, window);
+    if (hit == HTCLIENT && GetStyle() & WS_THICKFRAME) hit = frameHit(point, window);
     if (hit == HTCLIENT && m_isPressed) hit = HTCAPTION;
     if (GetState() > ABE_BOTTOM || hit < sizingFirst || hit > sizingLast) return hit;
     CRect client;
@@ -353,7 +353,7 @@ LRESULT CAppBar::OnNcHitTest(CPoint point)
     const int width = std::max(GetSystemMetrics(SM_CXFRAME), 3),
               height = std::max(GetSystemMetrics(SM_CYFRAME), 3);
     client.DeflateRect(width, height, width + 1, height + 1);
-    return DockedHitTest(GetState(), point, client, m_increment);
+    return dockedHitTest(GetState(), point, client, m_increment);
 }
 
 void CAppBar::OnLButtonDown(UINT flags, CPoint point)
@@ -391,7 +391,7 @@ void CAppBar::Track(CPoint screen)
         rect.OffsetRect(way);
         SendMessage(WM_MOVING, 0, reinterpret_cast<LPARAM>(&rect));
     } else {
-        const UINT side = SideOfHit(m_trackedHit);
+        const UINT side = sideOfHit(m_trackedHit);
         if (side == 1 || side == 4 || side == 7) rect.left += way.cx;
         if (side == 2 || side == 5 || side == 8) rect.right += way.cx;
         if (side >= 3 && side <= 5) rect.top += way.cy;
@@ -442,7 +442,7 @@ LRESULT CAppBar::OnSizing(WPARAM side, LPARAM lParam)
     CRect frame;
     const DWORD style = GetStyle() & WS_CAPTION ? GetStyle() : GetStyle() & ~WS_THICKFRAME;
     AdjustWindowRectEx(frame, style, FALSE, GetExStyle());
-    *rect = WholeIncrements(CRect(*rect), frame.Size(), m_increment, static_cast<UINT>(side));
+    *rect = wholeIncrements(CRect(*rect), frame.Size(), m_increment, static_cast<UINT>(side));
     return 1;
 }
 

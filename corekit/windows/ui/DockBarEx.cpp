@@ -24,7 +24,7 @@ constexpr int edgeWidth = 6, edgeHeight = 6;
 constexpr COLORREF edgeFill = 0xC0C0C0;
 constexpr DWORD sideFlags[] = {CBRS_LEFT, CBRS_TOP, CBRS_RIGHT, CBRS_BOTTOM};
 
-BarRecord RecordOf(const CControlBarInfo& info)
+BarRecord recordOf(const CControlBarInfo& info)
 {
     BarRecord bar;
     bar.id = info.m_nBarID;
@@ -40,7 +40,7 @@ BarRecord RecordOf(const CControlBarInfo& info)
     return bar;
 }
 
-CControlBarInfo InfoOf(const BarRecord& bar)
+CControlBarInfo infoOf(const BarRecord& bar)
 {
     CControlBarInfo info;
     info.m_nBarID = bar.id;
@@ -171,8 +171,8 @@ void CDockBarEx::SaveControlBarStates(CPropertyStore& store, CFrameWnd* frame)
     CDockState state;
     frame->GetDockState(state);
     BarLayout layout{state.GetScreenSize(), {}};
-    for (const CControlBarInfo& info : state.m_arrBarInfo) layout.bars.push_back(RecordOf(info));
-    SaveBarLayout(store, layout);
+    for (const CControlBarInfo& info : state.m_arrBarInfo) layout.bars.push_back(recordOf(info));
+    saveBarLayout(store, layout);
 }
 
 void CDockBarEx::LoadControlBarStates(CPropertyStore& store, CFrameWnd* frame)
@@ -183,7 +183,7 @@ void CDockBarEx::LoadControlBarStates(CPropertyStore& store, CFrameWnd* frame)
     // A frame has as many floating docks as it needs.
     const auto isKnown = [frame](UINT id) { return id == AFX_IDW_DOCKBAR_FLOAT || frame->GetControlBar(id); };
     BarLayout layout;
-    if (!LoadBarLayout(store, screen, isKnown, layout)) return;
-    for (const BarRecord& bar : layout.bars) state.m_arrBarInfo.push_back(InfoOf(bar));
+    if (!loadBarLayout(store, screen, isKnown, layout)) return;
+    for (const BarRecord& bar : layout.bars) state.m_arrBarInfo.push_back(infoOf(bar));
     frame->SetDockState(state);
 }

@@ -23,7 +23,7 @@ constexpr DWORD effectBetween = 0x10000;
 constexpr DROPEFFECT dragAtWork = 0x20000;
 
 // The cursor for what a drop of a tab would do.
-HCURSOR TabCursor(DWORD effect)
+HCURSOR tabCursor(DWORD effect)
 {
     const bool isBetween = effect & effectBetween;
     UINT id = 0;
@@ -180,7 +180,7 @@ void CTabbedOverlayWnd::UpdateTabDrag(CPoint point)
     if (!IsWindow(own)) return; // it went while it was asked
     m_dragEffect = effect;
     m_dropTarget = safeHandle(target);
-    SetCursor(TabCursor(m_dragEffect));
+    SetCursor(tabCursor(m_dragEffect));
 }
 
 void CTabbedOverlayWnd::OnLButtonUp(UINT flags, CPoint point)

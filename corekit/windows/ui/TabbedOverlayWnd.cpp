@@ -192,7 +192,7 @@ void CTabbedOverlayWnd::OnParentNotify(UINT message, LPARAM lParam)
 void CTabbedOverlayWnd::RemovePane(int index)
 {
     m_panes.erase(m_panes.begin() + index);
-    m_active = ActiveAfterRemoval(m_active, index, GetPaneCount());
+    m_active = activeAfterRemoval(m_active, index, GetPaneCount());
     if (m_mouse == Mouse::armed || m_mouse == Mouse::draggingTab) ReleaseCapture();
     LayoutTabs();
     m_strip.FindFirstVisible();

@@ -50,7 +50,7 @@ CompoundReader::Element elementOf(const unsigned char* entry, bool hasLongSizes)
 }
 } // namespace
 
-bool HasCompoundHeader(int descriptor)
+bool hasCompoundHeader(int descriptor)
 {
     std::array<unsigned char, signature.size()> bytes{};
     return ::pread(descriptor, bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size()) &&
@@ -63,7 +63,7 @@ std::shared_ptr<const CompoundReader> CompoundReader::Open(Descriptor file, Comp
     state = CompoundState::unreadable;
     if (!file || ::fstat(file.get(), &facts) != 0 || !S_ISREG(facts.st_mode)) return nullptr;
     state = CompoundState::other;
-    if (!HasCompoundHeader(file.get())) return nullptr;
+    if (!hasCompoundHeader(file.get())) return nullptr;
     state = CompoundState::damaged;
     const std::shared_ptr<CompoundReader> reader(
         new CompoundReader(std::move(file), static_cast<std::uint64_t>(facts.st_size)));

@@ -16,7 +16,7 @@ namespace corekit::detail {
 enum class CompoundState { sound, damaged, other, unreadable };
 
 // Whether the file begins as a compound file does.
-bool HasCompoundHeader(int descriptor);
+bool hasCompoundHeader(int descriptor);
 
 // An open file: its directory in memory, its streams in the file.
 //

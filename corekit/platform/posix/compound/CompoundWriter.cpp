@@ -299,7 +299,7 @@ private:
 };
 } // namespace
 
-bool WriteCompoundFile(CompoundNode& root, int descriptor, std::vector<CompoundNode*>& nodes)
+bool writeCompoundFile(CompoundNode& root, int descriptor, std::vector<CompoundNode*>& nodes)
 {
     Writer writer(root, descriptor);
     nodes = writer.Nodes();

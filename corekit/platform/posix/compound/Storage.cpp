@@ -23,16 +23,16 @@
 #include <unistd.h>
 
 namespace {
+using corekit::ReplacedFile;
 using corekit::detail::CompoundNode;
 using corekit::detail::CompoundReader;
 using corekit::detail::CompoundState;
 using corekit::detail::Descriptor;
-using corekit::ReplacedFile;
 
 constexpr std::size_t longestName = 31;
 constexpr DWORD accessBits = 3, shareBits = 0x70;
 
-HRESULT ResultOf(DWORD error)
+HRESULT resultOf(DWORD error)
 {
     switch (error) {
     case ERROR_FILE_NOT_FOUND:
@@ -50,7 +50,7 @@ HRESULT ResultOf(DWORD error)
     }
 }
 
-HRESULT ResultOfWrite(DWORD error)
+HRESULT resultOfWrite(DWORD error)
 {
     switch (error) {
     case ERROR_DISK_FULL:
@@ -68,7 +68,7 @@ HRESULT ResultOfWrite(DWORD error)
 
 // Failures of memory become results at the interfaces' border.
 template <class Operation>
-HRESULT Guarded(Operation operation) noexcept
+HRESULT guarded(Operation operation) noexcept
 {
     try {
         return operation();
@@ -79,7 +79,7 @@ HRESULT Guarded(Operation operation) noexcept
     }
 }
 
-std::string PathOf(const WCHAR* name)
+std::string pathOf(const WCHAR* name)
 {
     const int length = WideCharToMultiByte(CP_ACP, 0, name, -1, nullptr, 0, nullptr, nullptr);
     std::string path(static_cast<std::size_t>(std::max(length, 1)), '\0');
@@ -90,7 +90,7 @@ std::string PathOf(const WCHAR* name)
 enum class NameUse { find, make };
 
 // Whether half a pair of units stands alone.
-bool IsBroken(std::u16string_view name)
+bool isBroken(std::u16string_view name)
 {
     for (std::size_t i = 0; i < name.size(); ++i) {
         if (!U16_IS_SURROGATE(name[i])) continue;
@@ -102,10 +102,10 @@ bool IsBroken(std::u16string_view name)
 }
 
 // A file of others may hold names that nobody may make.
-bool IsElementName(std::u16string_view name, NameUse use = NameUse::find)
+bool isElementName(std::u16string_view name, NameUse use = NameUse::find)
 {
     if (name.empty() || name.size() > longestName) return false;
-    return use == NameUse::find || (name.find_first_of(u"/\\:!") == name.npos && !IsBroken(name));
+    return use == NameUse::find || (name.find_first_of(u"/\\:!") == name.npos && !isBroken(name));
 }
 
 // What the storages of one open file share.
@@ -135,14 +135,14 @@ struct CompoundDocument {
     {
         ReplacedFile file(path);
         std::vector<CompoundNode*> nodes;
-        if (!file || !corekit::detail::WriteCompoundFile(*root, file.OpenDescriptor(), nodes))
-            return ResultOfWrite(GetLastError());
+        if (!file || !corekit::detail::writeCompoundFile(*root, file.OpenDescriptor(), nodes))
+            return resultOfWrite(GetLastError());
         CompoundState state;
         auto saved =
             CompoundReader::Open(Descriptor(::open(file.Path().c_str(), O_RDONLY | O_CLOEXEC)), state);
         const HANDLE next = OpenClaim(file.Path().c_str());
         if (!saved || !file.Commit()) {
-            const HRESULT result = saved ? ResultOfWrite(GetLastError()) : STG_E_READFAULT;
+            const HRESULT result = saved ? resultOfWrite(GetLastError()) : STG_E_READFAULT;
             if (next != INVALID_HANDLE_VALUE) CloseHandle(next);
             return result;
         }
@@ -194,7 +194,7 @@ public:
 
     HRESULT Write(const void* buffer, DWORD count, DWORD* done) override
     {
-        return Guarded([&] {
+        return guarded([&] {
             if (done) *done = 0;
             if (!m_mayWrite) return STG_E_ACCESSDENIED;
             std::string* bytes = m_node->Change();
@@ -222,7 +222,7 @@ public:
 
     HRESULT SetSize(DWORDLONG size) override
     {
-        return Guarded([&] {
+        return guarded([&] {
             if (!m_mayWrite) return STG_E_ACCESSDENIED;
             std::string* bytes = m_node->Change();
             if (!bytes) return STG_E_READFAULT;
@@ -246,8 +246,8 @@ public:
 
     HRESULT CreateStream(const WCHAR* name, DWORD mode, DWORD, DWORD, IStream** stream) override
     {
-        return Guarded([&] {
-            if (!IsElementName(name, NameUse::make)) return STG_E_INVALIDNAME;
+        return guarded([&] {
+            if (!isElementName(name, NameUse::make)) return STG_E_INVALIDNAME;
             if (!m_document->mayWrite) return STG_E_ACCESSDENIED;
             auto node = m_node->Find(name);
             if (node && (mode & STGM_CREATE) == 0) return STG_E_FILEALREADYEXISTS;
@@ -264,8 +264,8 @@ public:
 
     HRESULT OpenStream(const WCHAR* name, void*, DWORD, DWORD, IStream** stream) override
     {
-        return Guarded([&] {
-            if (!IsElementName(name)) return STG_E_INVALIDNAME;
+        return guarded([&] {
+            if (!isElementName(name)) return STG_E_INVALIDNAME;
             const auto node = m_node->Find(name);
             if (!node || node->IsStorage()) return STG_E_FILENOTFOUND;
             if (!node->IsSound()) return STG_E_DOCFILECORRUPT;
@@ -277,8 +277,8 @@ public:
 
     HRESULT OpenStorage(const WCHAR* name, DWORD, IStorage** storage) override
     {
-        return Guarded([&] {
-            if (!IsElementName(name)) return STG_E_INVALIDNAME;
+        return guarded([&] {
+            if (!isElementName(name)) return STG_E_INVALIDNAME;
             const auto node = m_node->Find(name);
             if (!node || !node->IsStorage()) return STG_E_FILENOTFOUND;
             *storage = new Storage(m_document, node);
@@ -288,7 +288,7 @@ public:
 
     HRESULT Commit(DWORD) override
     {
-        return Guarded([&] { return m_document->mayWrite ? m_document->Save() : STG_E_ACCESSDENIED; });
+        return guarded([&] { return m_document->mayWrite ? m_document->Save() : STG_E_ACCESSDENIED; });
     }
 
     HRESULT SetClass(const CLSID& id) override
@@ -301,7 +301,7 @@ public:
     HRESULT Stat(STATSTG* status, DWORD flags) override
     {
         if (!status) return STG_E_INVALIDPOINTER;
-        return Guarded([&] {
+        return guarded([&] {
             Describe(*m_node, status);
             if (flags & STATFLAG_NONAME) status->pwcsName[0] = 0;
             return S_OK;
@@ -310,7 +310,7 @@ public:
 
     HRESULT StatElement(DWORD index, STATSTG* status) override
     {
-        return Guarded([&] {
+        return guarded([&] {
             const auto& children = m_node->Children();
             if (index >= children.size()) return S_FALSE;
             Describe(*children[index], status);
@@ -334,7 +334,7 @@ private:
     const std::shared_ptr<CompoundNode> m_node;
 };
 
-DWORD ShareOf(DWORD mode)
+DWORD shareOf(DWORD mode)
 {
     switch (mode & shareBits) {
     case STGM_SHARE_DENY_WRITE:
@@ -348,20 +348,20 @@ DWORD ShareOf(DWORD mode)
     }
 }
 
-std::shared_ptr<CompoundDocument> NewDocument(const WCHAR* name, DWORD mode)
+std::shared_ptr<CompoundDocument> newDocument(const WCHAR* name, DWORD mode)
 {
     auto document = std::make_shared<CompoundDocument>();
-    document->path = corekit::detail::nativePath(PathOf(name).c_str());
+    document->path = corekit::detail::nativePath(pathOf(name).c_str());
     document->mayWrite = (mode & accessBits) != STGM_READ;
     document->access = GENERIC_READ | (document->mayWrite ? GENERIC_WRITE : 0);
-    document->share = ShareOf(mode);
+    document->share = shareOf(mode);
     return document;
 }
 
-HRESULT OpenDocument(const std::shared_ptr<CompoundDocument>& document)
+HRESULT openDocument(const std::shared_ptr<CompoundDocument>& document)
 {
     document->Claim(document->OpenClaim(document->path.c_str()));
-    if (document->claim == INVALID_HANDLE_VALUE) return ResultOf(GetLastError());
+    if (document->claim == INVALID_HANDLE_VALUE) return resultOf(GetLastError());
     CompoundState state;
     const auto file = CompoundReader::Open(
         Descriptor(::open(document->path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)), state);
@@ -383,9 +383,9 @@ HRESULT OpenDocument(const std::shared_ptr<CompoundDocument>& document)
 HRESULT StgOpenStorage(const WCHAR* name, DWORD mode, IStorage** storage)
 {
     if (!name || !storage) return STG_E_INVALIDPOINTER;
-    return Guarded([&] {
-        const auto document = NewDocument(name, mode);
-        if (const HRESULT result = OpenDocument(document); result != S_OK) return result;
+    return guarded([&] {
+        const auto document = newDocument(name, mode);
+        if (const HRESULT result = openDocument(document); result != S_OK) return result;
         *storage = new Storage(document, document->root);
         return S_OK;
     });
@@ -394,14 +394,14 @@ HRESULT StgOpenStorage(const WCHAR* name, DWORD mode, IStorage** storage)
 HRESULT StgCreateDocfile(const WCHAR* name, DWORD mode, IStorage** storage)
 {
     if (!name || !storage) return STG_E_INVALIDPOINTER;
-    return Guarded([&] {
-        const auto document = NewDocument(name, mode);
+    return guarded([&] {
+        const auto document = newDocument(name, mode);
         document->mayWrite = true;
         document->access = GENERIC_READ | GENERIC_WRITE;
         const bool mayReplace = (mode & STGM_CREATE) != 0;
         document->Claim(CreateFileA(document->path.c_str(), document->access, document->share, nullptr,
                                     mayReplace ? OPEN_ALWAYS : CREATE_NEW, 0, nullptr));
-        if (document->claim == INVALID_HANDLE_VALUE) return ResultOf(GetLastError());
+        if (document->claim == INVALID_HANDLE_VALUE) return resultOf(GetLastError());
         const bool existed = mayReplace && GetLastError() == ERROR_ALREADY_EXISTS;
         document->root = std::make_shared<CompoundNode>(u"", true);
         if (!existed) {
@@ -418,10 +418,10 @@ HRESULT StgCreateDocfile(const WCHAR* name, DWORD mode, IStorage** storage)
 
 HRESULT StgIsStorageFile(const WCHAR* name)
 {
-    return Guarded([&] {
-        const std::string path = corekit::detail::nativePath(PathOf(name).c_str());
+    return guarded([&] {
+        const std::string path = corekit::detail::nativePath(pathOf(name).c_str());
         const corekit::detail::Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
         if (!file) return errno == ENOENT ? STG_E_FILENOTFOUND : STG_E_ACCESSDENIED;
-        return corekit::detail::HasCompoundHeader(file.get()) ? S_OK : S_FALSE;
+        return corekit::detail::hasCompoundHeader(file.get()) ? S_OK : S_FALSE;
     });
 }

@@ -9,15 +9,15 @@
 #include <unistd.h>
 
 namespace {
-const char* Variable(const char* name)
+const char* variable(const char* name)
 {
     const char* value = std::getenv(name);
     return value && *value ? value : nullptr;
 }
 
-std::string HomeFolder()
+std::string homeFolder()
 {
-    if (const char* home = Variable("HOME")) return home;
+    if (const char* home = variable("HOME")) return home;
     return corekit::detail::currentAccount().home;
 }
 
@@ -34,11 +34,11 @@ namespace corekit {
 
 std::string DataFolder()
 {
-    if (const char* home = Variable("COREKIT_HOME")) return home;
+    if (const char* home = variable("COREKIT_HOME")) return home;
     const std::string machine = "/var/lib/corekit";
     if (MayWrite(machine)) return machine;
-    const char* data = Variable("XDG_DATA_HOME");
-    return (data ? std::string(data) : HomeFolder() + "/.local/share") + "/corekit";
+    const char* data = variable("XDG_DATA_HOME");
+    return (data ? std::string(data) : homeFolder() + "/.local/share") + "/corekit";
 }
 
 bool MayWrite(const std::string& path)
@@ -53,7 +53,7 @@ bool MayWrite(const std::string& path)
 
 namespace detail {
 
-bool MakeFolder(const std::string& path)
+bool makeFolder(const std::string& path)
 {
     struct stat status;
     if (stat(path.c_str(), &status) == 0) {
@@ -61,11 +61,11 @@ bool MakeFolder(const std::string& path)
         return S_ISDIR(status.st_mode);
     }
     if (errno != ENOENT || path.empty()) return false;
-    if (const std::string above = Above(path); above != path && !MakeFolder(above)) return false;
-    return mkdir(path.c_str(), IsOfSystem(path) ? 0755 : 0700) == 0 || errno == EEXIST;
+    if (const std::string above = Above(path); above != path && !makeFolder(above)) return false;
+    return mkdir(path.c_str(), isOfSystem(path) ? 0755 : 0700) == 0 || errno == EEXIST;
 }
 
-bool IsOfSystem(const std::string& path) { return path.starts_with("/var/"); }
+bool isOfSystem(const std::string& path) { return path.starts_with("/var/"); }
 
 } // namespace detail
 } // namespace corekit

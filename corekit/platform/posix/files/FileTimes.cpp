@@ -11,7 +11,7 @@
 namespace {
 using namespace corekit::detail;
 
-bool Exists(WORD date, WORD time)
+bool exists(WORD date, WORD time)
 {
     const int month = date >> 5 & 15, day = date & 31;
     if (month < 1 || month > 12 || day < 1) return false;
@@ -51,7 +51,7 @@ BOOL SetFileTime(HANDLE handle, const FILETIME*, const FILETIME* access, const F
 
 BOOL DosDateTimeToFileTime(WORD date, WORD time, FILETIME* result)
 {
-    if (!result || !Exists(date, time)) return fail(ERROR_INVALID_PARAMETER, FALSE);
+    if (!result || !exists(date, time)) return fail(ERROR_INVALID_PARAMETER, FALSE);
     std::tm parts{};
     parts.tm_year = 80 + (date >> 9);
     parts.tm_mon = (date >> 5 & 15) - 1;

@@ -51,7 +51,7 @@ private:
 };
 
 // One star is retried at a time, so the steps are at most the product of the lengths.
-bool Matches(const char* pattern, const char* text)
+bool matches(const char* pattern, const char* text)
 {
     const char *star = nullptr, *from = nullptr;
     while (*text) {
@@ -76,14 +76,14 @@ struct CloseListing {
     void operator()(DIR* listing) const { ::closedir(listing); }
 };
 
-std::vector<std::string> NamesIn(int folder, const std::string& pattern)
+std::vector<std::string> namesIn(int folder, const std::string& pattern)
 {
     std::vector<std::string> names;
     const int fd = ::fcntl(folder, F_DUPFD_CLOEXEC, 0);
     const std::unique_ptr<DIR, CloseListing> listing(fd < 0 ? nullptr : ::fdopendir(fd));
     if (!listing && fd >= 0) ::close(fd);
     while (const dirent* entry = listing ? ::readdir(listing.get()) : nullptr)
-        if (Matches(pattern.c_str(), entry->d_name)) names.emplace_back(entry->d_name);
+        if (matches(pattern.c_str(), entry->d_name)) names.emplace_back(entry->d_name);
     std::ranges::sort(names);
     return names;
 }
@@ -103,7 +103,7 @@ HANDLE FindFirstFileA(const char* name, WIN32_FIND_DATAA* data)
     Descriptor open(::open(folder.c_str(), (isWild ? O_RDONLY : O_PATH) | O_DIRECTORY | O_CLOEXEC));
     if (!open)
         return fail(errno == ENOENT ? ERROR_PATH_NOT_FOUND : errorFromErrno(errno), INVALID_HANDLE_VALUE);
-    auto names = isWild ? NamesIn(open.get(), pattern) : std::vector<std::string>{pattern};
+    auto names = isWild ? namesIn(open.get(), pattern) : std::vector<std::string>{pattern};
     auto search = std::make_unique<Search>(std::move(open), std::move(names));
     if (!search->Next(*data)) return fail(ERROR_FILE_NOT_FOUND, INVALID_HANDLE_VALUE);
     const HANDLE handle = openHandle(std::move(search));

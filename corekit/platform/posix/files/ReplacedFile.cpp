@@ -19,30 +19,30 @@ constexpr int slots = 16;                // writers of one target at the same ti
 constexpr std::size_t longestStem = 200; // of the 255 bytes of a name
 constexpr const char* accessList = "system.posix_acl_access";
 
-std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
+std::string folderOf(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 
 // Where the name leads, also if nothing is there yet; empty with errno for links that lead round.
-std::string Followed(std::string path)
+std::string followed(std::string path)
 {
     for (int links = 0; links < 40; ++links) {
         std::array<char, PATH_MAX> to;
         const ssize_t length = ::readlink(path.c_str(), to.data(), to.size());
         if (length < 0) return path;
         const std::string next(to.data(), static_cast<std::size_t>(length));
-        path = next.starts_with('/') ? next : FolderOf(path) + next;
+        path = next.starts_with('/') ? next : folderOf(path) + next;
     }
     errno = ELOOP;
     return {};
 }
 
-std::string NameBeside(const std::string& target, int slot)
+std::string nameBeside(const std::string& target, int slot)
 {
-    const std::string folder = FolderOf(target);
+    const std::string folder = folderOf(target);
     return folder + "." + target.substr(folder.size(), longestStem) + ".corekit-" + std::to_string(slot);
 }
 
 // A writer holds this lock on its file for as long as it lives.
-bool LockAlone(int fd)
+bool lockAlone(int fd)
 {
     struct flock whole = {};
     whole.l_type = F_WRLCK;
@@ -50,7 +50,7 @@ bool LockAlone(int fd)
     return ::fcntl(fd, F_OFD_SETLK, &whole) == 0;
 }
 
-bool IsNamed(const std::string& path, int fd)
+bool isNamed(const std::string& path, int fd)
 {
     struct stat named, open;
     return ::lstat(path.c_str(), &named) == 0 && ::fstat(fd, &open) == 0 && named.st_ino == open.st_ino &&
@@ -58,17 +58,17 @@ bool IsNamed(const std::string& path, int fd)
 }
 
 // A plain file of this name that nobody holds was left by a writer that is gone.
-void RemoveLeftover(const std::string& path)
+void removeLeftover(const std::string& path)
 {
     struct stat facts;
     if (::lstat(path.c_str(), &facts) != 0 || !S_ISREG(facts.st_mode)) return;
     const Descriptor file(::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (file && LockAlone(file.get()) && IsNamed(path, file.get())) ::unlink(path.c_str());
+    if (file && lockAlone(file.get()) && isNamed(path, file.get())) ::unlink(path.c_str());
 }
 
-Descriptor OpenFolderOf(const std::string& target)
+Descriptor openFolderOf(const std::string& target)
 {
-    const std::string folder = FolderOf(target);
+    const std::string folder = folderOf(target);
     return Descriptor(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 } // namespace
@@ -79,7 +79,7 @@ using detail::errorFromErrno;
 using detail::nativePath;
 using detail::setLastErrorFromErrno;
 
-ReplacedFile::ReplacedFile(const std::string& target) : m_target(Followed(nativePath(target.c_str())))
+ReplacedFile::ReplacedFile(const std::string& target) : m_target(followed(nativePath(target.c_str())))
 {
     Open();
 }
@@ -94,7 +94,7 @@ void ReplacedFile::Open()
     if (m_exists && ::access(m_target.c_str(), W_OK) != 0) return setLastErrorFromErrno();
     bool isTried = false;
     for (int slot = 0; slot < slots; ++slot) {
-        RemoveLeftover(NameBeside(m_target, slot));
+        removeLeftover(nameBeside(m_target, slot));
         if (!isTried) isTried = MakeBeside(slot);
     }
     if (!isTried) SetLastError(ERROR_BUSY);
@@ -117,14 +117,14 @@ void ReplacedFile::WriteThrough()
 // False if the name is taken.
 bool ReplacedFile::MakeBeside(int slot)
 {
-    const std::string path = NameBeside(m_target, slot);
+    const std::string path = nameBeside(m_target, slot);
     Descriptor file(
         ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, m_exists ? 0600 : 0666));
     if (!file && errno == EEXIST) return false;
     if (!file) return SetLastError(errno == ENOENT ? ERROR_PATH_NOT_FOUND : errorFromErrno(errno)), true;
     // Before it was locked, somebody may have taken it for a leftover.
-    const bool isLocked = LockAlone(file.get()) || (errno != EAGAIN && errno != EACCES);
-    if (!isLocked || !IsNamed(path, file.get())) return false;
+    const bool isLocked = lockAlone(file.get()) || (errno != EAGAIN && errno != EACCES);
+    if (!isLocked || !isNamed(path, file.get())) return false;
     m_path = path;
     m_isBeside = true;
     m_descriptor = ::fcntl(file.get(), F_DUPFD_CLOEXEC, 0);
@@ -167,7 +167,7 @@ bool ReplacedFile::Commit(Sync sync)
     m_isBeside = false;
     m_path = m_target;
     if (sync == Sync::none) return true;
-    const Descriptor folder = OpenFolderOf(m_target);
+    const Descriptor folder = openFolderOf(m_target);
     if (!folder || ::fsync(folder.get()) == 0 || errno == EINVAL)
         return true; // some volumes have no such call
     return setLastErrorFromErrno(), false;
@@ -175,7 +175,7 @@ bool ReplacedFile::Commit(Sync sync)
 
 FileTurn::FileTurn(const std::string& target)
 {
-    const Descriptor folder = OpenFolderOf(Followed(nativePath(target.c_str())));
+    const Descriptor folder = openFolderOf(followed(nativePath(target.c_str())));
     m_folder = folder ? ::fcntl(folder.get(), F_DUPFD_CLOEXEC, 0) : -1;
     if (m_folder >= 0)
         while (::flock(m_folder, LOCK_EX) != 0 && errno == EINTR) {

@@ -116,7 +116,7 @@ BOOL SHGetSpecialFolderPathA(HWND, char* path, int folder, BOOL create)
         const std::string place = folderOf(row);
         if (place.empty()) return fail(ERROR_PATH_NOT_FOUND, FALSE);
         if (place.size() >= MAX_PATH) return fail(ERROR_FILENAME_EXCED_RANGE, FALSE);
-        if (create && !MakeFolder(place)) return setLastErrorFromErrno(), FALSE;
+        if (create && !makeFolder(place)) return setLastErrorFromErrno(), FALSE;
         std::memcpy(path, place.c_str(), place.size() + 1);
         return TRUE;
     }

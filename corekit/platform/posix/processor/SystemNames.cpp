@@ -10,7 +10,7 @@
 #include <unistd.h>
 
 namespace {
-std::string UserName()
+std::string userName()
 {
     std::string name = corekit::detail::currentAccount().name;
     return name.empty() ? std::to_string(geteuid()) : name;
@@ -23,7 +23,7 @@ bool Copy(std::string_view text, char* buffer, DWORD size)
     return true;
 }
 
-BOOL CopyName(std::string_view name, char* buffer, DWORD* size, DWORD counted)
+BOOL copyName(std::string_view name, char* buffer, DWORD* size, DWORD counted)
 {
     const bool copied = Copy(name, buffer, *size);
     *size = static_cast<DWORD>(name.size()) + (copied ? counted : 1);
@@ -32,14 +32,14 @@ BOOL CopyName(std::string_view name, char* buffer, DWORD* size, DWORD counted)
 }
 } // namespace
 
-BOOL GetUserNameA(char* buffer, DWORD* size) { return CopyName(UserName(), buffer, size, 1); }
+BOOL GetUserNameA(char* buffer, DWORD* size) { return copyName(userName(), buffer, size, 1); }
 
 BOOL GetComputerNameA(char* buffer, DWORD* size)
 {
     char host[256] = "";
     gethostname(host, sizeof host - 1);
     const std::string_view name(host);
-    return CopyName(name.substr(0, name.find('.')), buffer, size, 0);
+    return copyName(name.substr(0, name.find('.')), buffer, size, 0);
 }
 
 DWORD GetEnvironmentVariableA(const char* name, char* buffer, DWORD size)

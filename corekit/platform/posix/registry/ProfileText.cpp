@@ -5,22 +5,22 @@
 namespace {
 using corekit::detail::ProfileLine;
 using corekit::detail::ProfileReader;
-using corekit::detail::SameProfileName;
+using corekit::detail::sameProfileName;
 using Kind = ProfileLine::Kind;
 
 constexpr std::string_view mark = "\xEF\xBB\xBF"; // of UTF-8, at the start of a file
 constexpr std::string_view blanks = " \t\r\n\v\f";
 
-std::string_view Trimmed(std::string_view text)
+std::string_view trimmed(std::string_view text)
 {
     const auto first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos) return text.substr(text.size());
     return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-std::string_view Unquoted(std::string_view value)
+std::string_view unquoted(std::string_view value)
 {
     const bool quoted =
         value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.front() == value.back();
@@ -30,9 +30,9 @@ std::string_view Unquoted(std::string_view value)
 
 namespace corekit::detail {
 
-bool SameProfileName(std::string_view a, std::string_view b)
+bool sameProfileName(std::string_view a, std::string_view b)
 {
-    return std::ranges::equal(a, b, {}, Lower, Lower);
+    return std::ranges::equal(a, b, {}, lower, lower);
 }
 
 ProfileReader::ProfileReader(std::string_view text)
@@ -48,18 +48,18 @@ bool ProfileReader::Next(ProfileLine& line)
     line.begin = m_at;
     line.end = feed == std::string_view::npos ? m_text.size() : feed + 1;
     m_at = line.end;
-    const std::string_view text = Trimmed(m_text.substr(line.begin, line.end - line.begin));
+    const std::string_view text = trimmed(m_text.substr(line.begin, line.end - line.begin));
     line.blank = text.empty();
     if (line.blank || text.front() == ';') return true;
     if (text.front() == '[') {
         const auto close = text.find(']');
         if (close == std::string_view::npos) return true;
         line.kind = Kind::section;
-        line.name = Trimmed(text.substr(1, close - 1));
+        line.name = trimmed(text.substr(1, close - 1));
     } else if (const auto equals = text.find('='); equals != std::string_view::npos && equals > 0) {
         line.kind = Kind::key;
-        line.name = Trimmed(text.substr(0, equals));
-        const std::string_view value = Trimmed(text.substr(equals + 1));
+        line.name = trimmed(text.substr(0, equals));
+        const std::string_view value = trimmed(text.substr(equals + 1));
         line.valueBegin = static_cast<std::size_t>(value.data() - m_text.data());
         line.valueEnd = line.valueBegin + value.size();
     }
@@ -70,8 +70,8 @@ bool ProfileText::FindLine(std::string_view section, std::string_view key, Profi
 {
     bool inside = false;
     for (ProfileReader reader(m_text); reader.Next(line);) {
-        if (line.kind == Kind::section) inside = SameProfileName(line.name, Trimmed(section));
-        if (inside && line.kind == Kind::key && SameProfileName(line.name, Trimmed(key))) return true;
+        if (line.kind == Kind::section) inside = sameProfileName(line.name, trimmed(section));
+        if (inside && line.kind == Kind::key && sameProfileName(line.name, trimmed(key))) return true;
     }
     return false;
 }
@@ -80,7 +80,7 @@ std::string_view ProfileText::Find(std::string_view section, std::string_view ke
 {
     ProfileLine line;
     if (!FindLine(section, key, line)) return {};
-    return Unquoted(std::string_view(m_text).substr(line.valueBegin, line.valueEnd - line.valueBegin));
+    return unquoted(std::string_view(m_text).substr(line.valueBegin, line.valueEnd - line.valueBegin));
 }
 
 std::string ProfileText::Names(const char* section, std::size_t limit) const
@@ -89,7 +89,7 @@ std::string ProfileText::Names(const char* section, std::size_t limit) const
     bool inside = !section;
     ProfileLine line;
     for (ProfileReader reader(m_text); reader.Next(line) && names.size() < limit;) {
-        if (section && line.kind == Kind::section) inside = SameProfileName(line.name, Trimmed(section));
+        if (section && line.kind == Kind::section) inside = sameProfileName(line.name, trimmed(section));
         if (!inside || line.kind != (section ? Kind::key : Kind::section)) continue;
         names.append(line.name.substr(0, limit - names.size()));
         names += '\0';
@@ -126,7 +126,7 @@ void ProfileText::Set(std::string_view section, std::string_view key, std::strin
     for (ProfileReader reader(m_text); reader.Next(line);) {
         if (line.kind == Kind::section) {
             if (place != std::string::npos) break;
-            inside = SameProfileName(line.name, Trimmed(section));
+            inside = sameProfileName(line.name, trimmed(section));
         }
         if (inside && line.kind != Kind::other) place = line.end;
     }
@@ -147,8 +147,8 @@ void ProfileText::DeleteKey(std::string_view section, std::string_view key)
     bool inside = false;
     ProfileLine line;
     for (ProfileReader reader(m_text); reader.Next(line);) {
-        if (line.kind == Kind::section) inside = SameProfileName(line.name, Trimmed(section));
-        if (inside && line.kind == Kind::key && SameProfileName(line.name, Trimmed(key))) continue;
+        if (line.kind == Kind::section) inside = sameProfileName(line.name, trimmed(section));
+        if (inside && line.kind == Kind::key && sameProfileName(line.name, trimmed(key))) continue;
         kept.append(m_text, line.begin, line.end - line.begin);
     }
     m_isChanged = kept.size() != m_text.size();
@@ -163,7 +163,7 @@ void ProfileText::DeleteSection(std::string_view section)
     ProfileLine line;
     for (ProfileReader reader(m_text); reader.Next(line);) {
         if (line.kind == Kind::section) {
-            const bool next = SameProfileName(line.name, Trimmed(section));
+            const bool next = sameProfileName(line.name, trimmed(section));
             // Remarks above a header belong to what it heads.
             if (inside && !next) kept.append(m_text, remarks, line.begin - remarks);
             inside = next;

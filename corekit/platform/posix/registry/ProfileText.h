@@ -54,6 +54,6 @@ private:
     bool m_isChanged = false;
 };
 
-bool SameProfileName(std::string_view a, std::string_view b);
+bool sameProfileName(std::string_view a, std::string_view b);
 
 } // namespace corekit::detail

@@ -20,7 +20,7 @@ using namespace corekit;
 using namespace corekit::detail;
 
 // Nothing, with errno, if the file cannot be read.
-std::optional<std::string> ReadFileText(const std::string& path)
+std::optional<std::string> readFileText(const std::string& path)
 {
     const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat status;
@@ -41,7 +41,7 @@ std::optional<std::string> ReadFileText(const std::string& path)
     return text;
 }
 
-DWORD CopyNames(std::string names, char* buffer, DWORD size)
+DWORD copyNames(std::string names, char* buffer, DWORD size)
 {
     if (size < 2) {
         if (size == 1) buffer[0] = 0;
@@ -60,7 +60,7 @@ DWORD CopyNames(std::string names, char* buffer, DWORD size)
     return static_cast<DWORD>(names.size());
 }
 
-DWORD CopyText(std::string_view text, char* buffer, DWORD size)
+DWORD copyText(std::string_view text, char* buffer, DWORD size)
 {
     if (size == 0) return 0;
     const std::size_t length = text.copy(buffer, size - 1);
@@ -68,32 +68,32 @@ DWORD CopyText(std::string_view text, char* buffer, DWORD size)
     return static_cast<DWORD>(length);
 }
 
-std::string_view WithoutTrailingBlanks(std::string_view text)
+std::string_view withoutTrailingBlanks(std::string_view text)
 {
     while (text.ends_with(' ')) text.remove_suffix(1);
     return text;
 }
 
-bool IsName(std::string_view name, std::string_view forbidden)
+bool isName(std::string_view name, std::string_view forbidden)
 {
     return name.find_first_not_of(" \t") != std::string_view::npos &&
            name.find_first_of(forbidden) == std::string_view::npos;
 }
 
-DWORD CheckChange(const char* section, const char* key, const char* value)
+DWORD checkChange(const char* section, const char* key, const char* value)
 {
-    if (!section || !IsName(section, "]\r\n")) return ERROR_INVALID_PARAMETER;
+    if (!section || !isName(section, "]\r\n")) return ERROR_INVALID_PARAMETER;
     if (!key || !value) return NO_ERROR;
     const std::string_view name(key);
     const auto first = name.find_first_not_of(" \t");
-    if (!IsName(name, "=\r\n") || name[first] == '[' || name[first] == ';') return ERROR_INVALID_PARAMETER;
+    if (!isName(name, "=\r\n") || name[first] == '[' || name[first] == ';') return ERROR_INVALID_PARAMETER;
     return std::strpbrk(value, "\r\n") ? ERROR_INVALID_PARAMETER : NO_ERROR;
 }
 
-DWORD Change(const std::string& path, const char* section, const char* key, const char* value)
+DWORD change(const std::string& path, const char* section, const char* key, const char* value)
 {
     const FileTurn turn(path);
-    std::optional<std::string> old = ReadFileText(path);
+    std::optional<std::string> old = readFileText(path);
     if (!old && errno != ENOENT) return errorFromErrno(errno);
     if (!old && (!key || !value)) return NO_ERROR;
     if (old && access(path.c_str(), W_OK) != 0) return errorFromErrno(errno);
@@ -120,24 +120,24 @@ DWORD GetPrivateProfileStringA(const char* section, const char* key, const char*
         return 0;
     }
     std::string_view value;
-    std::optional<std::string> text = ReadFileText(nativePath(file));
+    std::optional<std::string> text = readFileText(nativePath(file));
     const ProfileText profile(text ? *std::move(text) : std::string());
     if (!section || !key) {
         if (!text) SetLastError(ERROR_FILE_NOT_FOUND);
-        return CopyNames(profile.Names(section, size), buffer, size);
+        return copyNames(profile.Names(section, size), buffer, size);
     }
     value = profile.Find(section, key);
     if (!value.data()) {
         SetLastError(ERROR_FILE_NOT_FOUND);
-        value = WithoutTrailingBlanks(fallback ? fallback : "");
+        value = withoutTrailingBlanks(fallback ? fallback : "");
     }
-    return CopyText(value, buffer, size);
+    return copyText(value, buffer, size);
 }
 
 BOOL WritePrivateProfileStringA(const char* section, const char* key, const char* value, const char* file)
 {
-    DWORD error = file ? CheckChange(section, key, value) : ERROR_INVALID_PARAMETER;
-    if (error == NO_ERROR) error = Change(nativePath(file), section, key, value);
+    DWORD error = file ? checkChange(section, key, value) : ERROR_INVALID_PARAMETER;
+    if (error == NO_ERROR) error = change(nativePath(file), section, key, value);
     if (error != NO_ERROR) SetLastError(error);
     return error == NO_ERROR;
 }

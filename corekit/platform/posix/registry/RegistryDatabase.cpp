@@ -42,7 +42,7 @@ PRAGMA user_version = 1;
 )";
 static_assert(application == 1129009735);
 
-std::int64_t AskNumber(sqlite3* database, const char* sql)
+std::int64_t askNumber(sqlite3* database, const char* sql)
 {
     corekit::detail::SqliteStatement statement(database, sql);
     return statement.Step() ? statement.Number(0) : 0;
@@ -51,7 +51,7 @@ std::int64_t AskNumber(sqlite3* database, const char* sql)
 
 namespace corekit::detail {
 
-const std::string& BootId()
+const std::string& bootId()
 {
     static const std::string id = [] {
         std::ifstream file("/proc/sys/kernel/random/boot_id");
@@ -69,10 +69,10 @@ std::unique_ptr<RegistryDatabase> RegistryDatabase::Open(const std::string& path
         if (errno != ENOENT && errno != ENOTDIR)
             throw SqliteError{errno == EACCES ? SQLITE_PERM : SQLITE_IOERR};
         if (!make) return nullptr;
-        if (!MakeFolder(path.substr(0, path.rfind('/')))) throw SqliteError{SQLITE_PERM};
+        if (!makeFolder(path.substr(0, path.rfind('/')))) throw SqliteError{SQLITE_PERM};
         // Settings may hold passwords. The files beside this one get its rights.
         const Descriptor made(
-            open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, IsOfSystem(path) ? 0640 : 0600));
+            open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, isOfSystem(path) ? 0640 : 0600));
     }
     std::unique_ptr<RegistryDatabase> database(new RegistryDatabase(path));
     database->Connect(MayWrite(path) && MayWrite(path.substr(0, path.rfind('/'))));
@@ -117,8 +117,8 @@ void RegistryDatabase::Connect(bool mayWrite)
         MakeTables();
         DropVolatileKeys();
     }
-    if (AskNumber(m_database, "PRAGMA application_id") != application ||
-        AskNumber(m_database, "PRAGMA user_version") != formatVersion)
+    if (askNumber(m_database, "PRAGMA application_id") != application ||
+        askNumber(m_database, "PRAGMA user_version") != formatVersion)
         throw SqliteError{SQLITE_NOTADB};
     PrepareStatements();
     FindHeader();
@@ -160,10 +160,10 @@ void RegistryDatabase::UseWriteAheadLog()
 
 void RegistryDatabase::MakeTables()
 {
-    if (AskNumber(m_database, "PRAGMA user_version") != 0) return;
+    if (askNumber(m_database, "PRAGMA user_version") != 0) return;
     Execute("BEGIN IMMEDIATE");
     try {
-        if (AskNumber(m_database, "SELECT count(*) FROM sqlite_schema") == 0) Execute(tables);
+        if (askNumber(m_database, "SELECT count(*) FROM sqlite_schema") == 0) Execute(tables);
         Execute("COMMIT");
     } catch (...) {
         sqlite3_exec(m_database, "ROLLBACK", nullptr, nullptr, nullptr);
@@ -174,15 +174,15 @@ void RegistryDatabase::MakeTables()
 void RegistryDatabase::DropVolatileKeys()
 {
     constexpr const char* old = "SELECT id FROM keys WHERE boot IS NOT NULL AND boot <> ?1";
-    if (!SqliteStatement(m_database, old).BindText(1, BootId()).Step()) return;
+    if (!SqliteStatement(m_database, old).BindText(1, bootId()).Step()) return;
     const std::string gone = std::string("WITH RECURSIVE gone(id) AS (") + old +
                              " UNION SELECT keys.id FROM keys JOIN gone ON keys.parent = gone.id) ";
     Execute("BEGIN IMMEDIATE");
     SqliteStatement(m_database, (gone + "DELETE FROM items WHERE key IN gone").c_str())
-        .BindText(1, BootId())
+        .BindText(1, bootId())
         .Run();
     SqliteStatement(m_database, (gone + "DELETE FROM keys WHERE id IN gone").c_str())
-        .BindText(1, BootId())
+        .BindText(1, bootId())
         .Run();
     Execute("COMMIT");
 }

@@ -76,6 +76,6 @@ private:
 };
 
 // What marks a volatile key: it belongs to this start of the machine.
-const std::string& BootId();
+const std::string& bootId();
 
 } // namespace corekit::detail

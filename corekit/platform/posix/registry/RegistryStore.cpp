@@ -14,12 +14,12 @@ constexpr std::size_t longestKeyName = 255;
 constexpr std::size_t longestValueName = 16383;
 constexpr std::int64_t deepest = 512;
 
-bool IsText(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ; }
+bool isText(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ; }
 
-std::string StoredName(std::string_view narrow, std::size_t longest)
+std::string storedName(std::string_view narrow, std::size_t longest)
 {
     if (narrow.size() > longest) throw corekit::detail::RegistryError{ERROR_INVALID_PARAMETER};
-    auto utf8 = corekit::detail::NarrowToUtf8(narrow);
+    auto utf8 = corekit::detail::narrowToUtf8(narrow);
     if (!utf8) throw corekit::detail::RegistryError{ERROR_NO_UNICODE_TRANSLATION};
     return *std::move(utf8);
 }
@@ -33,7 +33,7 @@ std::int64_t Now()
 }
 
 // Takes the first name off the path; empty at its end.
-std::string_view NextName(std::string_view& path)
+std::string_view nextName(std::string_view& path)
 {
     const auto first = path.find_first_not_of('\\');
     if (first == std::string_view::npos) return path = {};
@@ -138,7 +138,7 @@ bool RegistryStore::Exists(Key key)
 
 RegistryStore::Key RegistryStore::Child(Key parent, std::string_view name)
 {
-    const std::string folded = FoldName(StoredName(name, longestKeyName));
+    const std::string folded = foldName(storedName(name, longestKeyName));
     const SqliteRow row(m_database->findKey.Bind(1, parent).BindText(2, folded));
     return row ? row->Number(0) : 0;
 }
@@ -146,7 +146,7 @@ RegistryStore::Key RegistryStore::Child(Key parent, std::string_view name)
 RegistryStore::Key RegistryStore::Walk(Key from, std::string_view path)
 {
     while (from != 0) {
-        const std::string_view name = NextName(path);
+        const std::string_view name = nextName(path);
         if (name.empty()) break;
         from = Child(from, name);
     }
@@ -179,7 +179,7 @@ std::pair<RegistryStore::Key, bool> RegistryStore::Create(Key from, const std::s
         throw RegistryError{ERROR_KEY_DELETED};
     bool made = false;
     std::string_view rest = path;
-    for (std::string_view name = NextName(rest); !name.empty(); name = NextName(rest)) {
+    for (std::string_view name = nextName(rest); !name.empty(); name = nextName(rest)) {
         if (++depth > deepest) throw RegistryError{ERROR_INVALID_PARAMETER};
         const Key parent = from;
         from = Child(parent, name);
@@ -194,12 +194,12 @@ std::pair<RegistryStore::Key, bool> RegistryStore::Create(Key from, const std::s
 RegistryStore::Key RegistryStore::Make(Key parent, std::string_view name, std::int64_t depth,
                                        std::string_view className, bool isVolatile)
 {
-    const std::string stored = StoredName(name, longestKeyName), folded = FoldName(stored);
-    const std::string storedClass = StoredName(className, longestKeyName);
+    const std::string stored = storedName(name, longestKeyName), folded = foldName(stored);
+    const std::string storedClass = storedName(className, longestKeyName);
     m_database->insertKey.Bind(1, parent).BindText(2, folded).BindText(3, stored).BindText(4, storedClass);
     m_database->insertKey.Bind(5, depth)
         .Bind(6, Now())
-        .BindText(7, isVolatile ? BootId() : std::string_view())
+        .BindText(7, isVolatile ? bootId() : std::string_view())
         .Run();
     const Key key = m_database->LastRow();
     m_database->touchKey.Bind(1, parent).Bind(2, Now()).Run();
@@ -227,12 +227,12 @@ const RegistryValue* RegistryStore::Value(Key key, std::string_view name)
     if (cached != m_values.end()) return cached->second.exists ? &cached->second.value : nullptr;
 
     CachedValue value{false, {REG_NONE, {}}};
-    const std::string folded = FoldName(StoredName(name, longestValueName));
+    const std::string folded = foldName(storedName(name, longestValueName));
     if (const SqliteRow row(database->findValue.Bind(1, key).BindText(2, folded)); row) {
         const std::string_view data = row->Bytes(1);
         value = {
             true,
-            {static_cast<DWORD>(row->Number(0)), row->IsText(1) ? Utf8ToNarrow(data) : std::string(data)}};
+            {static_cast<DWORD>(row->Number(0)), row->IsText(1) ? utf8ToNarrow(data) : std::string(data)}};
     } else if (!Exists(key)) {
         throw RegistryError{ERROR_KEY_DELETED};
     }
@@ -243,9 +243,9 @@ const RegistryValue* RegistryStore::Value(Key key, std::string_view name)
 
 void RegistryStore::SetValue(Key key, std::string_view name, DWORD type, std::string_view data)
 {
-    const std::string stored = StoredName(name, longestValueName), folded = FoldName(stored);
+    const std::string stored = storedName(name, longestValueName), folded = foldName(stored);
     // Text that the code page cannot carry there and back is kept as the bytes it came as.
-    const auto text = IsText(type) ? NarrowToUtf8(data) : std::nullopt;
+    const auto text = isText(type) ? narrowToUtf8(data) : std::nullopt;
     RegistryDatabase& database = Writer();
     RegistryDatabase::Transaction transaction(database);
     database.touchKey.Bind(1, key).Bind(2, Now()).Run();
@@ -258,7 +258,7 @@ void RegistryStore::SetValue(Key key, std::string_view name, DWORD type, std::st
 
 bool RegistryStore::DeleteValue(Key key, std::string_view name)
 {
-    const std::string folded = FoldName(StoredName(name, longestValueName));
+    const std::string folded = foldName(storedName(name, longestValueName));
     RegistryDatabase& database = Writer();
     RegistryDatabase::Transaction transaction(database);
     database.touchKey.Bind(1, key).Bind(2, Now()).Run();
@@ -284,7 +284,7 @@ const std::vector<RegistryEntry>& RegistryStore::List(Key key, std::string_view 
     std::size_t bytes = cacheOverhead;
     SqliteStatement& list = kind == "keys" ? database->listKeys : database->listValues;
     for (list.Bind(1, key); list.Step();) {
-        entries.push_back({Utf8ToNarrow(list.Bytes(0)), Utf8ToNarrow(list.Bytes(1)), list.Number(2)});
+        entries.push_back({utf8ToNarrow(list.Bytes(0)), utf8ToNarrow(list.Bytes(1)), list.Number(2)});
         bytes += cacheOverhead + entries.back().name.size();
     }
     MakeRoom(bytes);

@@ -8,12 +8,12 @@
 #include <unicode/utf8.h>
 
 namespace {
-bool IsAscii(std::string_view text)
+bool isAscii(std::string_view text)
 {
     return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-std::u16string Widen(std::string_view narrow)
+std::u16string widen(std::string_view narrow)
 {
     const int size = static_cast<int>(narrow.size());
     const int length = MultiByteToWideChar(CP_ACP, 0, narrow.data(), size, nullptr, 0);
@@ -34,10 +34,10 @@ std::string Narrow(const std::u16string& wide)
 
 namespace corekit::detail {
 
-std::optional<std::string> NarrowToUtf8(std::string_view narrow)
+std::optional<std::string> narrowToUtf8(std::string_view narrow)
 {
-    if (IsAscii(narrow)) return std::string(narrow);
-    const std::u16string wide = Widen(narrow);
+    if (isAscii(narrow)) return std::string(narrow);
+    const std::u16string wide = widen(narrow);
     std::string utf8(wide.size() * 3, '\0');
     int32_t length = 0;
     UErrorCode error = U_ZERO_ERROR;
@@ -48,9 +48,9 @@ std::optional<std::string> NarrowToUtf8(std::string_view narrow)
     return utf8;
 }
 
-std::string Utf8ToNarrow(std::string_view utf8)
+std::string utf8ToNarrow(std::string_view utf8)
 {
-    if (IsAscii(utf8)) return std::string(utf8);
+    if (isAscii(utf8)) return std::string(utf8);
     std::u16string wide(utf8.size(), u'\0');
     int32_t length = 0;
     UErrorCode error = U_ZERO_ERROR;
@@ -60,7 +60,7 @@ std::string Utf8ToNarrow(std::string_view utf8)
     return Narrow(wide);
 }
 
-std::string FoldName(std::string_view utf8)
+std::string foldName(std::string_view utf8)
 {
     std::string folded;
     folded.reserve(utf8.size());

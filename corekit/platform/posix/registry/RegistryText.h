@@ -8,10 +8,10 @@
 namespace corekit::detail {
 
 // Nothing if the way back would not give the same bytes.
-std::optional<std::string> NarrowToUtf8(std::string_view narrow);
+std::optional<std::string> narrowToUtf8(std::string_view narrow);
 // What the code page cannot hold becomes its default character.
-std::string Utf8ToNarrow(std::string_view utf8);
+std::string utf8ToNarrow(std::string_view utf8);
 // The form by which names compare: upper case, character for character.
-std::string FoldName(std::string_view utf8);
+std::string foldName(std::string_view utf8);
 
 } // namespace corekit::detail

@@ -3,7 +3,7 @@
 #include <utility>
 
 namespace {
-void Check(int code)
+void check(int code)
 {
     if (code != SQLITE_OK) throw corekit::detail::SqliteError{code};
 }
@@ -13,7 +13,7 @@ namespace corekit::detail {
 
 SqliteStatement::SqliteStatement(sqlite3* database, const char* sql)
 {
-    Check(sqlite3_prepare_v3(database, sql, -1, SQLITE_PREPARE_PERSISTENT, &m_statement, nullptr));
+    check(sqlite3_prepare_v3(database, sql, -1, SQLITE_PREPARE_PERSISTENT, &m_statement, nullptr));
 }
 
 SqliteStatement& SqliteStatement::operator=(SqliteStatement&& other) noexcept
@@ -24,20 +24,20 @@ SqliteStatement& SqliteStatement::operator=(SqliteStatement&& other) noexcept
 
 SqliteStatement& SqliteStatement::Bind(int index, std::int64_t value)
 {
-    Check(sqlite3_bind_int64(m_statement, index, value));
+    check(sqlite3_bind_int64(m_statement, index, value));
     return *this;
 }
 
 SqliteStatement& SqliteStatement::BindText(int index, std::string_view text)
 {
-    Check(sqlite3_bind_text64(m_statement, index, text.data() ? text.data() : "", text.size(), SQLITE_STATIC,
+    check(sqlite3_bind_text64(m_statement, index, text.data() ? text.data() : "", text.size(), SQLITE_STATIC,
                               SQLITE_UTF8));
     return *this;
 }
 
 SqliteStatement& SqliteStatement::BindBytes(int index, std::string_view bytes)
 {
-    Check(sqlite3_bind_blob64(m_statement, index, bytes.data() ? bytes.data() : "", bytes.size(),
+    check(sqlite3_bind_blob64(m_statement, index, bytes.data() ? bytes.data() : "", bytes.size(),
                               SQLITE_STATIC));
     return *this;
 }

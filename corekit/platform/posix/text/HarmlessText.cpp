@@ -4,7 +4,7 @@
 
 namespace {
 // Bytes of the well-formed UTF-8 sequence at the front, 0 if there is none.
-std::size_t SequenceLength(std::string_view text)
+std::size_t sequenceLength(std::string_view text)
 {
     const auto byte = [&](std::size_t i) {
         return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u;
@@ -18,7 +18,7 @@ std::size_t SequenceLength(std::string_view text)
     return follows(3) && !(lead == 0xF0 && second < 0x90) && !(lead == 0xF4 && second > 0x8F) ? 4 : 0;
 }
 
-void Escape(std::string& shown, const char* form, unsigned code)
+void escape(std::string& shown, const char* form, unsigned code)
 {
     char escaped[8];
     std::snprintf(escaped, sizeof escaped, form, code);
@@ -33,14 +33,14 @@ std::string corekit::HarmlessText(std::string_view text, LineEnds ends)
     const bool keeps = ends == LineEnds::kept;
     while (!text.empty()) {
         const auto c = static_cast<unsigned char>(text[0]);
-        const std::size_t length = c < 0x80 ? 1 : SequenceLength(text);
+        const std::size_t length = c < 0x80 ? 1 : sequenceLength(text);
         const bool isControl = (c < ' ' && c != '\t') || c == 0x7F;
         if (keeps && (c == '\n' || text.starts_with("\r\n")))
             shown += text[0];
         else if (length == 0 || isControl)
-            Escape(shown, "\\x%02X", c);
+            escape(shown, "\\x%02X", c);
         else if (length == 2 && c == 0xC2 && static_cast<unsigned char>(text[1]) < 0xA0)
-            Escape(shown, "\\u%04X", static_cast<unsigned char>(text[1]));
+            escape(shown, "\\u%04X", static_cast<unsigned char>(text[1]));
         else
             shown += text.substr(0, length);
         text.remove_prefix(length == 0 ? 1 : length);

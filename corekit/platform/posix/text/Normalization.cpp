@@ -7,7 +7,7 @@
 
 namespace {
 
-const UNormalizer2* NormalizerOf(NORM_FORM form)
+const UNormalizer2* normalizerOf(NORM_FORM form)
 {
     UErrorCode error = U_ZERO_ERROR;
     if (form == NormalizationC) return unorm2_getNFCInstance(&error);
@@ -15,7 +15,7 @@ const UNormalizer2* NormalizerOf(NORM_FORM form)
     return nullptr;
 }
 
-int Refuse(DWORD error)
+int refuse(DWORD error)
 {
     SetLastError(error);
     return 0;
@@ -25,11 +25,11 @@ int Refuse(DWORD error)
 
 int NormalizeString(NORM_FORM form, const WCHAR* text, int length, WCHAR* result, int size)
 {
-    const UNormalizer2* const normalizer = NormalizerOf(form);
-    if (!normalizer || !text || length < -1 || size < 0) return Refuse(ERROR_INVALID_PARAMETER);
+    const UNormalizer2* const normalizer = normalizerOf(form);
+    if (!normalizer || !text || length < -1 || size < 0) return refuse(ERROR_INVALID_PARAMETER);
     if (length == -1) length = static_cast<int>(std::u16string_view(text).size()) + 1;
     UErrorCode error = U_ZERO_ERROR;
     const int made = unorm2_normalize(normalizer, text, length, result, result ? size : 0, &error);
-    if (error == U_BUFFER_OVERFLOW_ERROR) return result ? Refuse(ERROR_INSUFFICIENT_BUFFER) : made;
-    return U_FAILURE(error) ? Refuse(ERROR_INVALID_PARAMETER) : made;
+    if (error == U_BUFFER_OVERFLOW_ERROR) return result ? refuse(ERROR_INSUFFICIENT_BUFFER) : made;
+    return U_FAILURE(error) ? refuse(ERROR_INVALID_PARAMETER) : made;
 }

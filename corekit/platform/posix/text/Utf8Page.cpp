@@ -111,12 +111,12 @@ class Utf8Page final : public CodePage {
 public:
     Converted widen(std::string_view text, WCHAR* result, std::size_t size) const override
     {
-        return convertAll(text, result, size, WidenUtf8, widenOne);
+        return convertAll(text, result, size, widenUtf8, widenOne);
     }
     Converted narrow(std::u16string_view text, char* result, std::size_t size,
                      std::string_view) const override
     {
-        return convertAll(text, result, size, NarrowUtf8, narrowOne);
+        return convertAll(text, result, size, narrowUtf8, narrowOne);
     }
     std::size_t longest() const override { return 3; } // four bytes are two units
 };

@@ -152,26 +152,26 @@ TextPlace<From, To> convert(std::basic_string_view<From> text, To* to, std::size
 
 } // namespace
 
-TextPlace<char, WCHAR> WidenUtf8(Utf8Forms forms, std::string_view text, WCHAR* to, std::size_t room)
+TextPlace<char, WCHAR> widenUtf8(Utf8Forms forms, std::string_view text, WCHAR* to, std::size_t room)
 {
     return forms == Utf8Forms::any ? convert<Utf8Forms::any>(text, to, room)
                                    : convert<Utf8Forms::proper>(text, to, room);
 }
 
-TextPlace<WCHAR, char> NarrowUtf8(Utf8Forms forms, std::u16string_view text, char* to, std::size_t room)
+TextPlace<WCHAR, char> narrowUtf8(Utf8Forms forms, std::u16string_view text, char* to, std::size_t room)
 {
     return forms == Utf8Forms::any ? convert<Utf8Forms::any>(text, to, room)
                                    : convert<Utf8Forms::proper>(text, to, room);
 }
 
-std::size_t Utf8Length(std::u16string_view text)
+std::size_t utf8Length(std::u16string_view text)
 {
     std::size_t bytes = text.size();
     for (const WCHAR unit : text) bytes += std::size_t{unit >= 0x80} + (unit >= 0x800);
     return bytes;
 }
 
-std::size_t Utf16Length(std::string_view text)
+std::size_t utf16Length(std::string_view text)
 {
     return static_cast<std::size_t>(std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; }));
 }

@@ -4,7 +4,7 @@
 #include "corekit/platform/posix/threads/ThreadId.h"
 
 using corekit::detail::currentThreadId;
-using corekit::detail::OnlyThread;
+using corekit::detail::onlyThread;
 
 namespace {
 
@@ -17,7 +17,7 @@ bool isInside(const CRITICAL_SECTION& section, DWORD thread)
 bool tryLock(std::atomic<int>& state)
 {
     int expected = 0;
-    if (OnlyThread() && state.load(std::memory_order_relaxed) == expected) {
+    if (onlyThread() && state.load(std::memory_order_relaxed) == expected) {
         state.store(1, std::memory_order_relaxed);
         return true;
     }
@@ -35,7 +35,7 @@ bool tryLock(std::atomic<int>& state)
 
 void unlock(std::atomic<int>& state)
 {
-    if (OnlyThread()) return state.store(0, std::memory_order_relaxed);
+    if (onlyThread()) return state.store(0, std::memory_order_relaxed);
     if (state.exchange(0, std::memory_order_release) == 2) wakeOne(state);
 }
 

@@ -21,21 +21,21 @@ constexpr KeyPair pairs[] = {
     {VK_MENU, VK_LMENU, VK_RMENU},
 };
 
-BYTE& KeyAt(int key) { return keys[static_cast<std::size_t>(key)]; }
+BYTE& keyAt(int key) { return keys[static_cast<std::size_t>(key)]; }
 
-void Press(int key)
+void press(int key)
 {
-    if (!(KeyAt(key) & downBit)) KeyAt(key) ^= toggleBit; // a key that repeats has been pressed once
-    KeyAt(key) |= downBit;
+    if (!(keyAt(key) & downBit)) keyAt(key) ^= toggleBit; // a key that repeats has been pressed once
+    keyAt(key) |= downBit;
 }
-void Release(int key) { KeyAt(key) &= static_cast<BYTE>(~downBit); }
+void release(int key) { keyAt(key) &= static_cast<BYTE>(~downBit); }
 
 } // namespace
 
 SHORT GetKeyState(int virtualKey)
 {
     if (virtualKey < 0 || virtualKey >= keyCount) return 0;
-    const BYTE state = KeyAt(virtualKey);
+    const BYTE state = keyAt(virtualKey);
     return static_cast<SHORT>((state & downBit) << 8 | (state & toggleBit));
 }
 
@@ -62,9 +62,9 @@ BOOL SetKeyboardState(const BYTE* state)
 void RecordKeyMotion(int virtualKey, KeyMotion motion)
 {
     if (virtualKey < 0 || virtualKey >= keyCount) return;
-    motion == KeyMotion::down ? Press(virtualKey) : Release(virtualKey);
+    motion == KeyMotion::down ? press(virtualKey) : release(virtualKey);
     for (const KeyPair& pair : pairs) {
         if (virtualKey != pair.left && virtualKey != pair.right) continue;
-        (KeyAt(pair.left) | KeyAt(pair.right)) & downBit ? Press(pair.either) : Release(pair.either);
+        (keyAt(pair.left) | keyAt(pair.right)) & downBit ? press(pair.either) : release(pair.either);
     }
 }

@@ -43,7 +43,7 @@ ForeignPixels pixelsOf(QImage& image)
 
 void drawWith(const Window& control, const ForeignPixels& on, const QRect& item, DRAWITEMSTRUCT& parts)
 {
-    const HDC dc = MakeForeignContext(on);
+    const HDC dc = makeForeignContext(on);
     if (!dc) return;
     parts.hDC = dc;
     parts.rcItem = documentedRect(item);

@@ -181,8 +181,8 @@ public:
 
 constinit ScreenBackEnd theBackEnd;
 
-[[gnu::constructor]] void Start() { SetDisplayBackEnd(&theBackEnd); }
-[[gnu::destructor]] void Stop() { SetDisplayBackEnd(nullptr); }
+[[gnu::constructor]] void start() { SetDisplayBackEnd(&theBackEnd); }
+[[gnu::destructor]] void stop() { SetDisplayBackEnd(nullptr); }
 
 } // namespace
 

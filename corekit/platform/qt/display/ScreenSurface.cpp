@@ -79,7 +79,7 @@ HDC ScreenSurface::newContext()
     on.width = place_.width;
     on.height = place_.height;
     on.stride = place_.width;
-    return MakeForeignContext(on);
+    return makeForeignContext(on);
 }
 
 HRESULT ScreenSurface::QueryInterface(const GUID& id, void** out)

@@ -6,7 +6,7 @@
 #include <QStyle>
 
 namespace {
-bool WorkArea(RECT& area)
+bool workArea(RECT& area)
 {
     const QScreen* screen = qGuiApp ? QGuiApplication::primaryScreen() : nullptr;
     if (!screen) return false;
@@ -15,13 +15,13 @@ bool WorkArea(RECT& area)
     return true;
 }
 
-bool Animates()
+bool animates()
 {
     const auto* const application = qobject_cast<QApplication*>(QCoreApplication::instance());
     return !application || QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
 }
 
-constexpr corekit::DesktopSource source{&WorkArea, &Animates};
-[[gnu::constructor]] void Start() { corekit::setDesktopSource(&source); }
-[[gnu::destructor]] void Stop() { corekit::setDesktopSource(nullptr); }
+constexpr corekit::DesktopSource source{&workArea, &animates};
+[[gnu::constructor]] void start() { corekit::setDesktopSource(&source); }
+[[gnu::destructor]] void stop() { corekit::setDesktopSource(nullptr); }
 } // namespace

@@ -28,7 +28,7 @@ bool isPlain(const BITMAPINFOHEADER& h)
 namespace corekit::detail {
 
 // Fresh pages from calloc cost nothing until they are drawn on.
-std::shared_ptr<Bitmap> MakeBitmap(int width, int height, double scale)
+std::shared_ptr<Bitmap> makeBitmap(int width, int height, double scale)
 {
     const auto pixels = [scale](int units) {
         return scale == 1 ? std::int64_t{units} : std::llround(units * scale);
@@ -60,7 +60,7 @@ HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height)
 {
     const DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
     if (!context) return nullptr;
-    auto bitmap = MakeBitmap(width, height, context->scale);
+    auto bitmap = makeBitmap(width, height, context->scale);
     return bitmap ? static_cast<HBITMAP>(GdiTable::add(std::move(bitmap))) : nullptr;
 }
 
@@ -74,7 +74,7 @@ HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits
         return nullptr;
     }
     const int height = info->bmiHeader.biHeight;
-    auto bitmap = MakeBitmap(info->bmiHeader.biWidth, height < 0 ? -height : height);
+    auto bitmap = makeBitmap(info->bmiHeader.biWidth, height < 0 ? -height : height);
     if (!bitmap) return nullptr;
     bitmap->topDown = height < 0;
     bitmap->isSection = true;
@@ -121,7 +121,7 @@ HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, cons
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    auto bitmap = MakeBitmap(width, height);
+    auto bitmap = makeBitmap(width, height);
     if (!bitmap) return nullptr;
     bitmap->isMonochrome = bitsPerPixel == 1;
     const auto* bytes = static_cast<const BYTE*>(bits);

@@ -62,18 +62,18 @@ LONG sum(LONG a, LONG b) { return static_cast<LONG>(static_cast<DWORD>(a) + stat
 
 namespace corekit::detail {
 
-HDC MakeForeignContext(const ForeignPixels& on)
+HDC makeForeignContext(const ForeignPixels& on)
 {
     if (!isSound(on)) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    auto context = MakeContext();
+    auto context = makeContext();
     target(*context, on);
     return static_cast<HDC>(GdiTable::add(std::move(context)));
 }
 
-bool RetargetForeignContext(HDC dc, const ForeignPixels& on)
+bool retargetForeignContext(HDC dc, const ForeignPixels& on)
 {
     DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
     if (!context) return false;

@@ -57,7 +57,7 @@ BOOL copyFrom(DeviceContext& from, DeviceContext& to, const Copying& how)
     const bool isSame = &source == to.bitmap.get();
     if (!isSame || (!how.isStretched() && !how.mirrorX && !how.mirrorY && to.parts.empty()))
         return copyPixels(to, BitmapRows(source), how);
-    const auto copy = MakeBitmap(source.width, source.height);
+    const auto copy = makeBitmap(source.width, source.height);
     if (!copy) return FALSE;
     for (int y = 0; y < source.height; ++y) std::copy_n(source.row(y), source.width, copy->row(y));
     return copyPixels(to, BitmapRows(*copy), how);

@@ -82,6 +82,6 @@ private:
 };
 
 // With the attributes and objects of a fresh one, drawing into nothing.
-std::shared_ptr<DeviceContext> MakeContext();
+std::shared_ptr<DeviceContext> makeContext();
 
 } // namespace corekit::detail

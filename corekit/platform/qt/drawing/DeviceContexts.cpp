@@ -66,7 +66,7 @@ Value refuse(Value failure)
 
 namespace corekit::detail {
 
-std::shared_ptr<DeviceContext> MakeContext()
+std::shared_ptr<DeviceContext> makeContext()
 {
     auto context = std::make_shared<DeviceContext>();
     context->font = standInFont();
@@ -100,7 +100,7 @@ void DeviceContext::updateClip()
 HDC CreateCompatibleDC(HDC like)
 {
     if (like && !GdiTable::find<DeviceContext>(like)) return nullptr;
-    return static_cast<HDC>(GdiTable::add(MakeContext()));
+    return static_cast<HDC>(GdiTable::add(makeContext()));
 }
 
 BOOL DeleteDC(HDC dc)

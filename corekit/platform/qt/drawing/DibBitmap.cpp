@@ -41,7 +41,7 @@ std::optional<Dib> takeApart(Bytes block)
 
 std::shared_ptr<Bitmap> bitmapOf(const Dib& dib)
 {
-    auto bitmap = MakeBitmap(dib.layout.width, dib.layout.height);
+    auto bitmap = makeBitmap(dib.layout.width, dib.layout.height);
     if (!bitmap) return nullptr;
     const DibRows rows(dib.layout, dib.colours.data(), dib.rows.data(), 0, dib.layout.height);
     for (int y = 0; y < dib.layout.height; ++y) rows.read(y, 0, dib.layout.width, bitmap->row(y));

@@ -21,9 +21,9 @@ struct ForeignPixels {
 // A context that draws on them, with the attributes of a fresh memory context; null if scale or stride make
 // no sense or the handle table is full. DeleteDC ends it: before the pixels go. It takes no bitmap;
 // everything that it draws is opaque.
-COREKIT_API HDC MakeForeignContext(const ForeignPixels& on);
+COREKIT_API HDC makeForeignContext(const ForeignPixels& on);
 // Lets a context go on with other pixels, its attributes kept: for windows that keep a context of their own.
 // False for a context that was made otherwise.
-COREKIT_API bool RetargetForeignContext(HDC dc, const ForeignPixels& on);
+COREKIT_API bool retargetForeignContext(HDC dc, const ForeignPixels& on);
 
 } // namespace corekit::detail

@@ -74,7 +74,7 @@ private:
 };
 
 // A bitmap of that many units, all 0. Null with a last error for a size that is refused.
-std::shared_ptr<Bitmap> MakeBitmap(int width, int height, double scale = 1);
+std::shared_ptr<Bitmap> makeBitmap(int width, int height, double scale = 1);
 
 struct Pen final : GdiObject {
     static constexpr GdiKind kindOf = GdiKind::pen;

@@ -21,7 +21,7 @@ HBITMAP LoadPictureFile(const char* path)
     }
     QImageReader reader(&file);
     const QImage picture = reader.read();
-    auto bitmap = picture.isNull() ? nullptr : MakeBitmap(picture.width(), picture.height());
+    auto bitmap = picture.isNull() ? nullptr : makeBitmap(picture.width(), picture.height());
     if (!bitmap) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;

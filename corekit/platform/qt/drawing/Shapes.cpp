@@ -115,7 +115,7 @@ HBRUSH CreatePatternBrush(HBITMAP handle)
 {
     Bitmap* const bitmap = GdiTable::find<Bitmap>(handle);
     if (!bitmap) return nullptr;
-    auto copy = bitmap->pixels ? MakeBitmap(bitmap->width, bitmap->height) : nullptr;
+    auto copy = bitmap->pixels ? makeBitmap(bitmap->width, bitmap->height) : nullptr;
     if (!copy) {
         refuse();
         return nullptr;

@@ -21,7 +21,7 @@ using FontPointer = std::unique_ptr<hb_font_t, Deleter<hb_font_destroy>>;
 using BufferPointer = std::unique_ptr<hb_buffer_t, Deleter<hb_buffer_destroy>>;
 using DrawPointer = std::unique_ptr<hb_draw_funcs_t, Deleter<hb_draw_funcs_destroy>>;
 
-hb_blob_t* TableOf(hb_face_t*, hb_tag_t tag, void* user)
+hb_blob_t* tableOf(hb_face_t*, hb_tag_t tag, void* user)
 {
     const char name[] = {static_cast<char>(tag >> 24), static_cast<char>(tag >> 16),
                          static_cast<char>(tag >> 8), static_cast<char>(tag), '\0'};
@@ -59,26 +59,26 @@ struct Pen {
     OutlinePoint start;
 };
 
-void MoveTo(hb_draw_funcs_t*, void* data, hb_draw_state_t*, float x, float y, void*)
+void moveTo(hb_draw_funcs_t*, void* data, hb_draw_state_t*, float x, float y, void*)
 {
     Pen& pen = *static_cast<Pen*>(data);
     pen.Close();
     pen.start = {x, y};
 }
 
-void LineTo(hb_draw_funcs_t*, void* data, hb_draw_state_t* state, float x, float y, void*)
+void lineTo(hb_draw_funcs_t*, void* data, hb_draw_state_t* state, float x, float y, void*)
 {
     const OutlinePoint from{state->current_x, state->current_y}, to{x, y};
     static_cast<Pen*>(data)->Add(Pen::Between(from, to, 0.5), to);
 }
 
-void QuadraticTo(hb_draw_funcs_t*, void* data, hb_draw_state_t*, float cx, float cy, float x, float y, void*)
+void quadraticTo(hb_draw_funcs_t*, void* data, hb_draw_state_t*, float cx, float cy, float x, float y, void*)
 {
     static_cast<Pen*>(data)->Add({cx, cy}, {x, y});
 }
 
 // A cubic side as four parabolas, each with the end points and, in the middle, the speed of its quarter.
-void CubicTo(hb_draw_funcs_t*, void* data, hb_draw_state_t* state, float ax, float ay, float bx, float by,
+void cubicTo(hb_draw_funcs_t*, void* data, hb_draw_state_t* state, float ax, float ay, float bx, float by,
              float x, float y, void*)
 {
     constexpr int parts = 4;
@@ -97,23 +97,23 @@ void CubicTo(hb_draw_funcs_t*, void* data, hb_draw_state_t* state, float ax, flo
     }
 }
 
-void ClosePath(hb_draw_funcs_t*, void* data, hb_draw_state_t*, void*) { static_cast<Pen*>(data)->Close(); }
+void closePath(hb_draw_funcs_t*, void* data, hb_draw_state_t*, void*) { static_cast<Pen*>(data)->Close(); }
 
-hb_draw_funcs_t* DrawFunctions()
+hb_draw_funcs_t* drawFunctions()
 {
     static const DrawPointer functions = [] {
         DrawPointer made(hb_draw_funcs_create());
-        hb_draw_funcs_set_move_to_func(made.get(), MoveTo, nullptr, nullptr);
-        hb_draw_funcs_set_line_to_func(made.get(), LineTo, nullptr, nullptr);
-        hb_draw_funcs_set_quadratic_to_func(made.get(), QuadraticTo, nullptr, nullptr);
-        hb_draw_funcs_set_cubic_to_func(made.get(), CubicTo, nullptr, nullptr);
-        hb_draw_funcs_set_close_path_func(made.get(), ClosePath, nullptr, nullptr);
+        hb_draw_funcs_set_move_to_func(made.get(), moveTo, nullptr, nullptr);
+        hb_draw_funcs_set_line_to_func(made.get(), lineTo, nullptr, nullptr);
+        hb_draw_funcs_set_quadratic_to_func(made.get(), quadraticTo, nullptr, nullptr);
+        hb_draw_funcs_set_cubic_to_func(made.get(), cubicTo, nullptr, nullptr);
+        hb_draw_funcs_set_close_path_func(made.get(), closePath, nullptr, nullptr);
         return made;
     }();
     return functions.get();
 }
 
-int Metric(hb_font_t* font, hb_ot_metrics_tag_t tag)
+int metric(hb_font_t* font, hb_ot_metrics_tag_t tag)
 {
     hb_position_t value = 0;
     hb_ot_metrics_get_position_with_fallback(font, tag, &value);
@@ -138,7 +138,7 @@ ShapingFace::ShapingFace(const char* name, const std::string& language)
     if (!typeface) return;
     m_font = std::make_unique<Font>();
     m_font->typeface = std::move(typeface);
-    m_font->face.reset(hb_face_create_for_tables(TableOf, m_font->typeface.get(), nullptr));
+    m_font->face.reset(hb_face_create_for_tables(tableOf, m_font->typeface.get(), nullptr));
     m_font->font.reset(hb_font_create(m_font->face.get())); // its scale is that of the design
     if (!language.empty())
         m_font->language = hb_language_from_string(language.data(), static_cast<int>(language.size()));
@@ -177,7 +177,7 @@ ShapedPieces ShapingFace::ShapeIn(const hb_language_impl_t* language, std::u16st
 GlyphOutline ShapingFace::Outline(unsigned glyph) const
 {
     Pen pen;
-    hb_font_get_glyph_shape(m_font->font.get(), glyph, DrawFunctions(), &pen);
+    hb_font_get_glyph_shape(m_font->font.get(), glyph, drawFunctions(), &pen);
     pen.Close();
     return std::move(pen.outline);
 }
@@ -186,12 +186,12 @@ int ShapingFace::UnitsPerEm() const { return static_cast<int>(hb_face_get_upem(m
 
 int ShapingFace::CellAscent() const
 {
-    return Metric(m_font->font.get(), HB_OT_METRICS_TAG_HORIZONTAL_CLIPPING_ASCENT);
+    return metric(m_font->font.get(), HB_OT_METRICS_TAG_HORIZONTAL_CLIPPING_ASCENT);
 }
 
 int ShapingFace::CellDescent() const
 {
-    return Metric(m_font->font.get(), HB_OT_METRICS_TAG_HORIZONTAL_CLIPPING_DESCENT);
+    return metric(m_font->font.get(), HB_OT_METRICS_TAG_HORIZONTAL_CLIPPING_DESCENT);
 }
 
 std::string ShapingFace::Name(unsigned id) const

@@ -94,7 +94,7 @@ HDC PaintInHand::begin(const QRect& client)
         on.scale = m_receiver->devicePixelRatioF();
     }
     on.clip = (m_region & client).translated(-client.topLeft());
-    m_dc = MakeForeignContext(on);
+    m_dc = makeForeignContext(on);
     return m_dc;
 }
 
@@ -166,7 +166,7 @@ HDC give(Window* window, const QRect& part, const QRegion* clip)
     } else if (window) {
         given.window = window->handle();
     }
-    const HDC dc = MakeForeignContext(on);
+    const HDC dc = makeForeignContext(on);
     if (dc) givenContexts()[dc] = given;
     return dc;
 }

@@ -24,7 +24,7 @@ QByteArray platformFor(ToolkitDisplay display)
 // uses. Its other messages go where they always go.
 QtMessageHandler elsewhere = nullptr;
 
-void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
+void passOnMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
     if (!message.startsWith(QLatin1String("QStandardPaths: "))) elsewhere(type, context, message);
 }
@@ -43,7 +43,7 @@ bool StartToolkit(ToolkitDisplay display)
     if (display == ToolkitDisplay::offscreen || wish.isEmpty())
         qputenv("QT_QPA_PLATFORM", platformFor(display));
     isUnseen = wish != "offscreen";
-    elsewhere = qInstallMessageHandler(PassOnMessage);
+    elsewhere = qInstallMessageHandler(passOnMessage);
     static corekit::detail::NeverDestroyed<QApplication> application(argumentCount, arguments);
     qInstallMessageHandler(elsewhere);
     return ToolkitIsRunning();
@@ -51,6 +51,5 @@ bool StartToolkit(ToolkitDisplay display)
 
 bool ToolkitHasDisplay()
 {
-    return ToolkitIsRunning() &&
-           !(isUnseen && QGuiApplication::platformName() == QLatin1String("offscreen"));
+    return ToolkitIsRunning() && !(isUnseen && QGuiApplication::platformName() == QLatin1String("offscreen"));
 }

@@ -190,7 +190,7 @@ int DisplayLines::LastThatFits(int start, int fits, int& beyond)
 // A word that is too wide for any line. One character is taken in any case.
 DisplayLines::Line DisplayLines::Cut(int start, int beyond)
 {
-    const int length = LongestFitting(m_ruler, m_text.data() + start, beyond - start - 1, m_room, m_usual);
+    const int length = longestFitting(m_ruler, m_text.data() + start, beyond - start - 1, m_room, m_usual);
     return {start, std::max(length, 1), beyond};
 }
 

@@ -46,7 +46,7 @@ int EditModel::CaretFromLeft(int position, std::u16string_view stored)
 {
     const WCHAR* const text = m_caretLine.Text();
     m_offset = std::min(m_offset, position);
-    m_offset += LongestFittingEnd(m_ruler, text + m_offset, position - m_offset, m_width - bothMargins);
+    m_offset += longestFittingEnd(m_ruler, text + m_offset, position - m_offset, m_width - bothMargins);
     const int width = m_ruler.Width(text + m_offset, position - m_offset);
     if (m_alignment == left) return width + margin + 2;
     return (m_width - m_ruler.Width(stored.data(), lengthOf(stored))) / 2 + width - 2;
@@ -59,7 +59,7 @@ int EditModel::CaretFromRight(int position)
     const int length = m_caretLine.Text().GetLength();
     int end = std::max(length - m_offset, position);
     end = position +
-          std::max(LongestFitting(m_ruler, text + position, end - position, m_width - bothMargins), 0);
+          std::max(longestFitting(m_ruler, text + position, end - position, m_width - bothMargins), 0);
     m_offset = length - end;
     return m_width - m_ruler.Width(text + position, end - position) - margin;
 }
@@ -94,14 +94,14 @@ int EditModel::CursorPosFromPoint(CPoint point)
 int EditModel::LeftHit(int start, std::u16string_view line, int x)
 {
     line.remove_prefix(static_cast<std::size_t>(std::min(m_offset, lengthOf(line))));
-    const int beyond = LeastBeyond(m_ruler, line.data(), lengthOf(line), x);
+    const int beyond = leastBeyond(m_ruler, line.data(), lengthOf(line), x);
     return start + m_offset + std::max(beyond - 1, 0);
 }
 
 int EditModel::RightHit(int start, std::u16string_view line, int room)
 {
     line.remove_suffix(static_cast<std::size_t>(std::min(m_offset, lengthOf(line))));
-    const int fitting = LongestFitting(m_ruler, line.data(), lengthOf(line), room - 1);
+    const int fitting = longestFitting(m_ruler, line.data(), lengthOf(line), room - 1);
     return start + std::max(lengthOf(line) - fitting - 1, 0);
 }
 

@@ -36,7 +36,7 @@ Bounds findBounds(int count, int guess, Fits fits)
 
 } // namespace
 
-int LongestFitting(TextRuler& ruler, const WCHAR* text, int count, int room, int guess)
+int longestFitting(TextRuler& ruler, const WCHAR* text, int count, int room, int guess)
 {
     if (room < 0) return -1;
     const auto fits = [&](int n) { return ruler.Width(text, n) <= room; };
@@ -48,7 +48,7 @@ int LongestFitting(TextRuler& ruler, const WCHAR* text, int count, int room, int
     return b.low;
 }
 
-int LeastBeyond(TextRuler& ruler, const WCHAR* text, int count, int room)
+int leastBeyond(TextRuler& ruler, const WCHAR* text, int count, int room)
 {
     if (room < 0) return 0;
     const auto fits = [&](int n) { return ruler.Width(text, n) <= room; };
@@ -60,7 +60,7 @@ int LeastBeyond(TextRuler& ruler, const WCHAR* text, int count, int room)
     return b.high;
 }
 
-int LongestFittingEnd(TextRuler& ruler, const WCHAR* text, int count, int room)
+int longestFittingEnd(TextRuler& ruler, const WCHAR* text, int count, int room)
 {
     if (room < 0) return count;
     const auto fits = [&](int n) { return ruler.Width(text + count - n, n) <= room; };

@@ -20,10 +20,10 @@ protected:
 
 // The greatest beginning, in characters, that is no wider than `room`; -1 if none is. A good guess saves
 // time.
-COREKIT_API int LongestFitting(TextRuler& ruler, const WCHAR* text, int count, int room, int guess = 256);
+COREKIT_API int longestFitting(TextRuler& ruler, const WCHAR* text, int count, int room, int guess = 256);
 // The least beginning that is wider than `room`; count + 1 if none is.
-COREKIT_API int LeastBeyond(TextRuler& ruler, const WCHAR* text, int count, int room);
+COREKIT_API int leastBeyond(TextRuler& ruler, const WCHAR* text, int count, int room);
 // Where the longest end of the text begins that is no wider than `room`; `count` if none is.
-COREKIT_API int LongestFittingEnd(TextRuler& ruler, const WCHAR* text, int count, int room);
+COREKIT_API int longestFittingEnd(TextRuler& ruler, const WCHAR* text, int count, int room);
 
 } // namespace corekit::detail

@@ -10,7 +10,7 @@ namespace corekit::detail {
 
 namespace {
 
-bool Contains(const CStringArray& names, const CString& name)
+bool contains(const CStringArray& names, const CString& name)
 {
     for (int k = 0; k < names.GetSize(); ++k)
         if (names[k].CompareNoCase(name) == 0) return true;
@@ -25,7 +25,7 @@ void FontFaceList::fillWithAll(const CStringArray& without)
 {
     CUnicodeManager& manager = *CUnicodeManager::GetObjectA();
     for (POSITION position = manager.GetFirstFontPosition(); position;)
-        if (const CString face = manager.GetNextFont(position); !Contains(without, face)) add(face);
+        if (const CString face = manager.GetNextFont(position); !contains(without, face)) add(face);
 }
 
 void FontFaceList::add(const CString& face)

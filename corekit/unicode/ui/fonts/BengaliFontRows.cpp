@@ -203,6 +203,6 @@ constexpr auto allRows = [] {
 
 } // namespace
 
-std::span<const GlyphFontRow> BengaliFontRows() { return allRows; }
+std::span<const GlyphFontRow> bengaliFontRows() { return allRows; }
 
 } // namespace corekit::detail

@@ -181,6 +181,6 @@ constexpr auto allRows = [] {
 
 } // namespace
 
-std::span<const GlyphFontRow> DevanagariFontRows() { return allRows; }
+std::span<const GlyphFontRow> devanagariFontRows() { return allRows; }
 
 } // namespace corekit::detail

@@ -17,21 +17,21 @@ struct Script {
     GlyphFontRules rules;
 };
 
-Script ScriptOf(GlyphScript script)
+Script scriptOf(GlyphScript script)
 {
     switch (script) {
     case GlyphScript::Bengali:
-        return {"Bengali", 2, {BengaliFontRows(), u"\u09B2", u"\u09B2\u09C1", u"\u09B2\u09BE"}};
+        return {"Bengali", 2, {bengaliFontRows(), u"\u09B2", u"\u09B2\u09C1", u"\u09B2\u09BE"}};
     case GlyphScript::Tamil:
-        return {"Tamil", 4, {TamilFontRows(), u"\u0B95", u"\u0B95\u0BCD", u"\u0B95\u0BBE"}};
+        return {"Tamil", 4, {tamilFontRows(), u"\u0B95", u"\u0B95\u0BCD", u"\u0B95\u0BBE"}};
     default:
-        return {"Devanagari", 1, {DevanagariFontRows(), u"\u092A", u"\u092A\u0902", u"\u092A\u093E"}};
+        return {"Devanagari", 1, {devanagariFontRows(), u"\u092A", u"\u092A\u0902", u"\u092A\u093E"}};
     }
 }
 
 // Where the drawing looks for a position: at the code of its number and, as some mappings go by the western
 // code page, at the character that has this number there.
-std::vector<TrueTypeCode> CodesOf(int position, WORD glyph)
+std::vector<TrueTypeCode> codesOf(int position, WORD glyph)
 {
     static constexpr WORD western[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                          0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
@@ -46,7 +46,7 @@ std::vector<TrueTypeCode> CodesOf(int position, WORD glyph)
 constexpr int blankPosition = 0x20, lastPosition = 0xFF;
 
 // Measures and licence of the face, with the blank and what stands for a missing glyph.
-TrueTypeFile FileLike(const ShapingFace& base, const std::string& faceName)
+TrueTypeFile fileLike(const ShapingFace& base, const std::string& faceName)
 {
     TrueTypeFile file;
     file.unitsPerEm = base.UnitsPerEm();
@@ -58,20 +58,20 @@ TrueTypeFile FileLike(const ShapingFace& base, const std::string& faceName)
     file.licenceAddress = base.Name(14);
     file.glyphs.push_back({{}, file.unitsPerEm / 2});
     file.glyphs.push_back({{}, static_cast<int>(base.Shape(u" ").advance)});
-    file.codes = CodesOf(blankPosition, 1);
+    file.codes = codesOf(blankPosition, 1);
     return file;
 }
 
 } // namespace
 
-const char* NameOf(GlyphScript script) { return ScriptOf(script).name; }
+const char* NameOf(GlyphScript script) { return scriptOf(script).name; }
 
 BuiltGlyphFont BuildGlyphFont(GlyphScript script, const ShapingFace& base, const std::string& faceName)
 {
-    const GlyphFontRules rules = ScriptOf(script).rules;
+    const GlyphFontRules rules = scriptOf(script).rules;
     const GlyphPieces pieces(base, rules);
     BuiltGlyphFont built;
-    TrueTypeFile file = FileLike(base, faceName);
+    TrueTypeFile file = fileLike(base, faceName);
     WORD glyphOf[lastPosition + 1] = {};
     for (int position = 1; position <= lastPosition; ++position) {
         if (position == blankPosition) continue;
@@ -86,12 +86,12 @@ BuiltGlyphFont BuildGlyphFont(GlyphScript script, const ShapingFace& base, const
             break;
         }
         glyphOf[position] = static_cast<WORD>(file.glyphs.size());
-        for (const TrueTypeCode& code : CodesOf(position, static_cast<WORD>(file.glyphs.size())))
+        for (const TrueTypeCode& code : codesOf(position, static_cast<WORD>(file.glyphs.size())))
             file.codes.push_back(code);
         file.glyphs.push_back({std::move(shape.outline), static_cast<int>(shape.advance)});
         ++built.pieces;
     }
-    for (const GlyphPair& pair : KerningOf(base, rules.rows, pieces))
+    for (const GlyphPair& pair : kerningOf(base, rules.rows, pieces))
         file.pairs.push_back({glyphOf[pair.left & 0xFF], glyphOf[pair.right & 0xFF], pair.move});
     std::erase_if(file.pairs, [](const TrueTypePair& p) { return p.left == 0 || p.right == 0; });
     built.file = file.Write();
@@ -104,7 +104,7 @@ void RegisterGlyphFont(GlyphScript script, const std::string& faceName)
     CRegistryKey key;
     key.Create(HKEY_LOCAL_MACHINE, ("Software\\Corvane\\Unicode Support\\Font Mapping\\" + faceName).c_str());
     key.SetValue("USB Signature", noUnicodeRange, sizeof(noUnicodeRange));
-    key.SetValue("Custom Signature", static_cast<unsigned>(ScriptOf(script).customSignature));
+    key.SetValue("Custom Signature", static_cast<unsigned>(scriptOf(script).customSignature));
 }
 
 bool UseAsGlyphFont(const std::string& faceName)
@@ -119,7 +119,7 @@ bool UseAsGlyphFont(const std::string& faceName)
         if (!faceName.ends_with(NameOf(script))) continue;
         CFontMapInfo* const info = FontRegistry::OfProcess().Find(faceName.c_str());
         if (info == nullptr || info->GetSignature().CoversRange(letters)) return false;
-        info->BecomeGlyphFont(ScriptOf(script).customSignature);
+        info->BecomeGlyphFont(scriptOf(script).customSignature);
         return true;
     }
     return false;

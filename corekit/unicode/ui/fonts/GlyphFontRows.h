@@ -72,8 +72,8 @@ constexpr GlyphFontRow Tail(WORD code, std::u16string_view text)
     return {code, GlyphPiece::tail, text, {}, 0};
 }
 
-std::span<const GlyphFontRow> DevanagariFontRows();
-std::span<const GlyphFontRow> BengaliFontRows();
-std::span<const GlyphFontRow> TamilFontRows();
+std::span<const GlyphFontRow> devanagariFontRows();
+std::span<const GlyphFontRow> bengaliFontRows();
+std::span<const GlyphFontRow> tamilFontRows();
 
 } // namespace corekit::detail

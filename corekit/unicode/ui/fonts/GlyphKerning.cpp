@@ -17,7 +17,7 @@ struct Edge {
     bool isHalf = false;
 };
 
-std::optional<Edge> RightEdge(const ShapingFace& face, const GlyphFontRow& row, const GlyphPieces& pieces)
+std::optional<Edge> rightEdge(const ShapingFace& face, const GlyphFontRow& row, const GlyphPieces& pieces)
 {
     GlyphPieceShape shape;
     if (pieces.Make(static_cast<BYTE>(row.code & 0xFF), shape) != GlyphPieceState::made) return std::nullopt;
@@ -30,7 +30,7 @@ std::optional<Edge> RightEdge(const ShapingFace& face, const GlyphFontRow& row, 
     return edge;
 }
 
-std::optional<Edge> LeftEdge(const ShapingFace& face, const GlyphFontRow& row)
+std::optional<Edge> leftEdge(const ShapingFace& face, const GlyphFontRow& row)
 {
     std::u16string text(row.text);
     switch (row.piece) {
@@ -50,7 +50,7 @@ std::optional<Edge> LeftEdge(const ShapingFace& face, const GlyphFontRow& row)
 }
 
 // 0 where the two texts have other glyphs together than each alone.
-int MoveBetween(const ShapingFace& face, const Edge& left, const Edge& right)
+int moveBetween(const ShapingFace& face, const Edge& left, const Edge& right)
 {
     const ShapedPieces both = face.Shape(left.text + right.text);
     const auto &b = both.glyphs, &l = left.shaped.glyphs, &r = right.shaped.glyphs;
@@ -65,18 +65,18 @@ int MoveBetween(const ShapingFace& face, const Edge& left, const Edge& right)
 
 } // namespace
 
-std::vector<GlyphPair> KerningOf(const ShapingFace& face, std::span<const GlyphFontRow> rows,
+std::vector<GlyphPair> kerningOf(const ShapingFace& face, std::span<const GlyphFontRow> rows,
                                  const GlyphPieces& pieces)
 {
     std::vector<Edge> lefts, rights;
     for (const GlyphFontRow& row : rows) {
-        if (auto edge = RightEdge(face, row, pieces)) lefts.push_back(std::move(*edge));
-        if (auto edge = LeftEdge(face, row)) rights.push_back(std::move(*edge));
+        if (auto edge = rightEdge(face, row, pieces)) lefts.push_back(std::move(*edge));
+        if (auto edge = leftEdge(face, row)) rights.push_back(std::move(*edge));
     }
     std::vector<GlyphPair> pairs;
     for (const Edge& left : lefts)
         for (const Edge& right : rights)
-            if (const int move = MoveBetween(face, left, right))
+            if (const int move = moveBetween(face, left, right))
                 pairs.push_back({left.code, right.code, move});
     return pairs;
 }

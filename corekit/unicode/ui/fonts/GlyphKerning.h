@@ -13,7 +13,7 @@ struct GlyphPair {
 };
 
 // The pairs of which both pieces end and begin as letters do; marks over and below them take no part.
-std::vector<GlyphPair> KerningOf(const ShapingFace& face, std::span<const GlyphFontRow> rows,
+std::vector<GlyphPair> kerningOf(const ShapingFace& face, std::span<const GlyphFontRow> rows,
                                  const GlyphPieces& pieces);
 
 } // namespace corekit::detail

@@ -15,7 +15,7 @@ struct Extent {
     double bottom = std::numeric_limits<double>::max();
 };
 
-Extent ExtentOf(const GlyphOutline& outline, double below = std::numeric_limits<double>::max())
+Extent extentOf(const GlyphOutline& outline, double below = std::numeric_limits<double>::max())
 {
     Extent e;
     for (const OutlineContour& contour : outline)
@@ -27,12 +27,12 @@ Extent ExtentOf(const GlyphOutline& outline, double below = std::numeric_limits<
     return e;
 }
 
-void AddTo(GlyphOutline& all, GlyphOutline&& more)
+void addTo(GlyphOutline& all, GlyphOutline&& more)
 {
     all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
 }
 
-bool LacksGlyphs(const ShapedPieces& shaped)
+bool lacksGlyphs(const ShapedPieces& shaped)
 {
     return std::any_of(shaped.glyphs.begin(), shaped.glyphs.end(),
                        [](const ShapedPiece& p) { return p.glyph == 0; });
@@ -40,7 +40,7 @@ bool LacksGlyphs(const ShapedPieces& shaped)
 
 constexpr double near = 1.5; // units, by which equal contours may differ
 
-bool AreAlike(const OutlineContour& a, const OutlineContour& b)
+bool areAlike(const OutlineContour& a, const OutlineContour& b)
 {
     return a.size() == b.size() &&
            std::equal(a.begin(), a.end(), b.begin(), [](const auto& s, const auto& t) {
@@ -49,11 +49,11 @@ bool AreAlike(const OutlineContour& a, const OutlineContour& b)
 }
 
 // False if one of them is not there.
-bool RemoveContours(GlyphOutline& from, const GlyphOutline& contours)
+bool removeContours(GlyphOutline& from, const GlyphOutline& contours)
 {
     for (const OutlineContour& contour : contours) {
         const auto same =
-            std::find_if(from.begin(), from.end(), [&](const auto& c) { return AreAlike(c, contour); });
+            std::find_if(from.begin(), from.end(), [&](const auto& c) { return areAlike(c, contour); });
         if (same == from.end()) return false;
         from.erase(same);
     }
@@ -68,11 +68,11 @@ GlyphPieces::GlyphPieces(const ShapingFace& face, const GlyphFontRules& rules) :
     GlyphOutline ink;
     if (Remainder(GlyphPiece::after, rules.stemmed, rules.letter, ink)) {
         m_stemWidth = face.Shape(rules.stemmed).advance - letter;
-        m_stemInk = ExtentOf(ink, ExtentOf(ink).top / 2).left - letter; // below the headline
+        m_stemInk = extentOf(ink, extentOf(ink).top / 2).left - letter; // below the headline
     }
     GlyphOutline mark;
     if (Remainder(GlyphPiece::after, rules.marked, rules.letter, mark))
-        m_markDistance = letter - ExtentOf(mark).left;
+        m_markDistance = letter - extentOf(mark).left;
 }
 
 const GlyphFontRow* GlyphPieces::RowOf(WORD code) const
@@ -124,7 +124,7 @@ GlyphPieceState GlyphPieces::Make(BYTE position, GlyphPieceShape& shape) const
 GlyphPieceState GlyphPieces::Whole(const GlyphFontRow& row, GlyphPieceShape& shape) const
 {
     const ShapedPieces shaped = m_face.Shape(row.text);
-    if (LacksGlyphs(shaped)) return GlyphPieceState::inseparable;
+    if (lacksGlyphs(shaped)) return GlyphPieceState::inseparable;
     shape.outline = Ink(shaped);
     shape.advance = shaped.advance - (row.tail ? TailWidth(row.tail) : 0);
     return GlyphPieceState::made;
@@ -135,10 +135,10 @@ GlyphPieceState GlyphPieces::Whole(const GlyphFontRow& row, GlyphPieceShape& sha
 GlyphPieceState GlyphPieces::Stemless(const GlyphFontRow& row, GlyphPieceShape& shape) const
 {
     ShapedPieces letter = m_face.Shape(row.text);
-    if (LacksGlyphs(letter)) return GlyphPieceState::inseparable;
+    if (lacksGlyphs(letter)) return GlyphPieceState::inseparable;
     if (!HasStem(letter)) letter = m_face.ShapeForMost(row.text);
     shape.advance = letter.advance - m_stemWidth;
-    shape.outline = PartOf(Ink(letter), CutSide::left, shape.advance + m_stemInk);
+    shape.outline = partOf(Ink(letter), CutSide::left, shape.advance + m_stemInk);
     return GlyphPieceState::made;
 }
 
@@ -146,7 +146,7 @@ GlyphPieceState GlyphPieces::Stemless(const GlyphFontRow& row, GlyphPieceShape& 
 bool GlyphPieces::HasStem(const ShapedPieces& letter) const
 {
     const GlyphOutline ink = Ink(letter);
-    const double from = letter.advance - m_stemWidth + m_stemInk - near, height = ExtentOf(ink).top;
+    const double from = letter.advance - m_stemWidth + m_stemInk - near, height = extentOf(ink).top;
     for (const OutlineContour& contour : ink)
         for (const OutlineCurve& side : contour)
             if (side.start.x > from && std::abs(side.start.x - side.end.x) < near &&
@@ -160,7 +160,7 @@ GlyphPieceState GlyphPieces::Beside(const GlyphFontRow& row, GlyphPieceShape& sh
     if (!Remainder(row.piece, row.text, row.context, shape.outline)) return GlyphPieceState::inseparable;
     const double reach = row.piece == GlyphPiece::hung ? MarkReach(row.context) : 0;
     if (row.piece != GlyphPiece::before)
-        MoveOutline(shape.outline, reach - m_face.Shape(row.context).advance, 0);
+        moveOutline(shape.outline, reach - m_face.Shape(row.context).advance, 0);
     shape.advance = m_face.Shape(row.text).advance - m_face.Shape(row.context).advance;
     return GlyphPieceState::made;
 }
@@ -180,23 +180,23 @@ void GlyphPieces::Beyond(const GlyphFontRow& row, GlyphPieceShape& shape) const
 {
     const ShapedPieces all = m_face.Shape(row.text);
     const double edge = m_face.Shape(row.context).advance;
-    shape.outline = PartOf(Ink(all), CutSide::right, edge);
-    MoveOutline(shape.outline, -edge, 0);
+    shape.outline = partOf(Ink(all), CutSide::right, edge);
+    moveOutline(shape.outline, -edge, 0);
     shape.advance = std::max(0.0, all.advance - edge);
 }
 
 void GlyphPieces::Above(const GlyphFontRow& row, GlyphPieceShape& shape) const
 {
     const ShapedPieces all = m_face.Shape(row.text);
-    shape.outline = PartOf(Ink(all), CutSide::above, ExtentOf(Ink(m_face.Shape(row.context))).top);
-    MoveOutline(shape.outline, -all.advance, 0);
+    shape.outline = partOf(Ink(all), CutSide::above, extentOf(Ink(m_face.Shape(row.context))).top);
+    moveOutline(shape.outline, -all.advance, 0);
 }
 
 void GlyphPieces::Below(const GlyphFontRow& row, GlyphPieceShape& shape) const
 {
     const ShapedPieces all = m_face.Shape(row.text);
-    shape.outline = PartOf(Ink(all), CutSide::below, ExtentOf(Ink(m_face.Shape(row.context))).bottom);
-    MoveOutline(shape.outline, -all.advance, 0);
+    shape.outline = partOf(Ink(all), CutSide::below, extentOf(Ink(m_face.Shape(row.context))).bottom);
+    moveOutline(shape.outline, -all.advance, 0);
 }
 
 GlyphOutline GlyphPieces::Ink(const ShapedPieces& text) const
@@ -204,8 +204,8 @@ GlyphOutline GlyphPieces::Ink(const ShapedPieces& text) const
     GlyphOutline ink;
     for (const ShapedPiece& piece : text.glyphs) {
         GlyphOutline one = m_face.Outline(piece.glyph);
-        MoveOutline(one, piece.x, piece.y);
-        AddTo(ink, std::move(one));
+        moveOutline(one, piece.x, piece.y);
+        addTo(ink, std::move(one));
     }
     return ink;
 }
@@ -216,7 +216,7 @@ bool GlyphPieces::Remainder(GlyphPiece side, std::u16string_view text, std::u16s
                             GlyphOutline& ink) const
 {
     const ShapedPieces all = m_face.Shape(text), known = m_face.Shape(context);
-    if (LacksGlyphs(all)) return false;
+    if (lacksGlyphs(all)) return false;
     ShapedPieces more = all;
     bool isApart = true;
     for (const ShapedPiece& piece : known.glyphs) {
@@ -227,8 +227,8 @@ bool GlyphPieces::Remainder(GlyphPiece side, std::u16string_view text, std::u16s
     }
     if (!isApart && side == GlyphPiece::before) return false;
     ink = isApart ? Ink(more) : Ink(all);
-    if (!isApart && !RemoveContours(ink, Ink(known))) return false;
-    if (side == GlyphPiece::before && !more.glyphs.empty()) MoveOutline(ink, -more.glyphs.front().x, 0);
+    if (!isApart && !removeContours(ink, Ink(known))) return false;
+    if (side == GlyphPiece::before && !more.glyphs.empty()) moveOutline(ink, -more.glyphs.front().x, 0);
     return !ink.empty();
 }
 
@@ -245,7 +245,7 @@ double GlyphPieces::MarkReach(std::u16string_view letter) const
     GlyphOutline mark;
     const std::u16string marked = std::u16string(letter).append(m_rules.marked.substr(m_rules.letter.size()));
     if (!Remainder(GlyphPiece::after, marked, letter, mark)) return 0;
-    return m_face.Shape(letter).advance - ExtentOf(mark).left - m_markDistance;
+    return m_face.Shape(letter).advance - extentOf(mark).left - m_markDistance;
 }
 
 } // namespace corekit::detail

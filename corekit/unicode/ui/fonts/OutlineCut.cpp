@@ -8,21 +8,21 @@ namespace corekit::detail {
 
 namespace {
 
-OutlinePoint Between(OutlinePoint a, OutlinePoint b, double t)
+OutlinePoint between(OutlinePoint a, OutlinePoint b, double t)
 {
     return {a.x + (b.x - a.x) * t, a.y + (b.y - a.y) * t};
 }
 
-OutlineCurve Straight(OutlinePoint from, OutlinePoint to) { return {from, Between(from, to, 0.5), to}; }
+OutlineCurve straight(OutlinePoint from, OutlinePoint to) { return {from, between(from, to, 0.5), to}; }
 
 // The part of a side between two of its parameters.
 OutlineCurve Part(const OutlineCurve& c, double from, double to)
 {
     const auto at = [&](double t) {
-        return Between(Between(c.start, c.control, t), Between(c.control, c.end, t), t);
+        return between(between(c.start, c.control, t), between(c.control, c.end, t), t);
     };
     const OutlinePoint control =
-        Between(Between(c.start, c.control, from), Between(c.control, c.end, from), to);
+        between(between(c.start, c.control, from), between(c.control, c.end, from), to);
     return {at(from), control, at(to)};
 }
 
@@ -33,7 +33,7 @@ struct Cut {
     double DistanceOf(OutlinePoint p) const { return p.x * x + p.y * y - place; }
 };
 
-Cut CutAt(CutSide side, double place)
+Cut cutAt(CutSide side, double place)
 {
     switch (side) {
     case CutSide::left:
@@ -53,7 +53,7 @@ struct Crossings {
     int count = 0;
 };
 
-Crossings CrossingsOf(const OutlineCurve& side, const Cut& cut)
+Crossings crossingsOf(const OutlineCurve& side, const Cut& cut)
 {
     const double p = cut.DistanceOf(side.start), q = cut.DistanceOf(side.control),
                  r = cut.DistanceOf(side.end);
@@ -74,31 +74,31 @@ Crossings CrossingsOf(const OutlineCurve& side, const Cut& cut)
     return found;
 }
 
-void Append(OutlineContour& to, const OutlineCurve& side)
+void append(OutlineContour& to, const OutlineCurve& side)
 {
     if (!to.empty()) {
         const OutlinePoint end = to.back().end;
         if (std::hypot(end.x - side.start.x, end.y - side.start.y) > 1e-6)
-            to.push_back(Straight(end, side.start));
+            to.push_back(straight(end, side.start));
     }
     to.push_back(side);
 }
 
-OutlineContour PartOf(const OutlineContour& contour, const Cut& cut)
+OutlineContour partOf(const OutlineContour& contour, const Cut& cut)
 {
     OutlineContour kept;
     for (const OutlineCurve& side : contour) {
-        const Crossings c = CrossingsOf(side, cut);
+        const Crossings c = crossingsOf(side, cut);
         for (int i = 0; i + 1 < c.count; ++i) {
             const OutlineCurve part = Part(side, c.at[i], c.at[i + 1]);
             const OutlinePoint middle =
-                Between(Between(part.start, part.control, 0.5), Between(part.control, part.end, 0.5), 0.5);
-            if (cut.DistanceOf(middle) <= 0) Append(kept, part);
+                between(between(part.start, part.control, 0.5), between(part.control, part.end, 0.5), 0.5);
+            if (cut.DistanceOf(middle) <= 0) append(kept, part);
         }
     }
     if (!kept.empty()) {
         const OutlinePoint first = kept.front().start, last = kept.back().end;
-        if (std::hypot(first.x - last.x, first.y - last.y) > 1e-6) kept.push_back(Straight(last, first));
+        if (std::hypot(first.x - last.x, first.y - last.y) > 1e-6) kept.push_back(straight(last, first));
     }
     return kept;
 }
@@ -108,7 +108,7 @@ OutlineContour PartOf(const OutlineContour& contour, const Cut& cut)
 namespace {
 
 template <class Change>
-void ChangePoints(GlyphOutline& outline, Change change)
+void changePoints(GlyphOutline& outline, Change change)
 {
     for (OutlineContour& contour : outline)
         for (OutlineCurve& side : contour)
@@ -117,16 +117,16 @@ void ChangePoints(GlyphOutline& outline, Change change)
 
 } // namespace
 
-void MoveOutline(GlyphOutline& outline, double x, double y)
+void moveOutline(GlyphOutline& outline, double x, double y)
 {
-    ChangePoints(outline, [=](OutlinePoint& p) { p = {p.x + x, p.y + y}; });
+    changePoints(outline, [=](OutlinePoint& p) { p = {p.x + x, p.y + y}; });
 }
 
-GlyphOutline PartOf(const GlyphOutline& outline, CutSide side, double place)
+GlyphOutline partOf(const GlyphOutline& outline, CutSide side, double place)
 {
     GlyphOutline part;
     for (const OutlineContour& contour : outline)
-        if (OutlineContour kept = PartOf(contour, CutAt(side, place)); !kept.empty())
+        if (OutlineContour kept = partOf(contour, cutAt(side, place)); !kept.empty())
             part.push_back(std::move(kept));
     return part;
 }

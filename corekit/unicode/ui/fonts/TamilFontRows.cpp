@@ -179,6 +179,6 @@ constexpr GlyphFontRow rows[] = {
 
 } // namespace
 
-std::span<const GlyphFontRow> TamilFontRows() { return rows; }
+std::span<const GlyphFontRow> tamilFontRows() { return rows; }
 
 } // namespace corekit::detail

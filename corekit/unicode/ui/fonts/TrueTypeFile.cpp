@@ -52,7 +52,7 @@ struct Box {
     bool IsEmpty() const { return left > right; }
 };
 
-int Rounded(double v) { return static_cast<int>(std::lround(std::clamp(v, -16000.0, 16000.0))); }
+int rounded(double v) { return static_cast<int>(std::lround(std::clamp(v, -16000.0, 16000.0))); }
 
 // ---- Glyphs -----------------------------------------------------------------------------------
 
@@ -63,33 +63,33 @@ struct GlyphPoints {
 
     void Add(OutlinePoint p, bool on)
     {
-        x.push_back(Rounded(p.x));
-        y.push_back(Rounded(p.y));
+        x.push_back(rounded(p.x));
+        y.push_back(rounded(p.y));
         onCurve.push_back(on);
         box.Add(x.back(), y.back());
     }
 };
 
-bool IsStraight(const OutlineCurve& c)
+bool isStraight(const OutlineCurve& c)
 {
     return std::abs(c.control.x - (c.start.x + c.end.x) / 2) < 0.25 &&
            std::abs(c.control.y - (c.start.y + c.end.y) / 2) < 0.25;
 }
 
-GlyphPoints PointsOf(const GlyphOutline& outline)
+GlyphPoints pointsOf(const GlyphOutline& outline)
 {
     GlyphPoints points;
     for (const OutlineContour& contour : outline) {
         for (const OutlineCurve& side : contour) {
             points.Add(side.start, true);
-            if (!IsStraight(side)) points.Add(side.control, false);
+            if (!isStraight(side)) points.Add(side.control, false);
         }
         if (!contour.empty()) points.contourEnds.push_back(static_cast<int>(points.x.size()) - 1);
     }
     return points;
 }
 
-void WriteGlyph(Bytes& out, const GlyphPoints& points)
+void writeGlyph(Bytes& out, const GlyphPoints& points)
 {
     constexpr unsigned onCurve = 1, mayOverlap = 0x40;
     out.U16(static_cast<int>(points.contourEnds.size()));
@@ -114,13 +114,13 @@ struct GlyphTables {
     int widest = 0, mostPoints = 0, mostContours = 0;
 };
 
-GlyphTables TablesOf(const std::vector<TrueTypeGlyph>& glyphs)
+GlyphTables tablesOf(const std::vector<TrueTypeGlyph>& glyphs)
 {
     GlyphTables t;
     for (const TrueTypeGlyph& glyph : glyphs) {
-        const GlyphPoints points = PointsOf(glyph.outline);
+        const GlyphPoints points = pointsOf(glyph.outline);
         t.places.U32(static_cast<DWORD>(t.outlines.Size()));
-        if (!points.x.empty()) WriteGlyph(t.outlines, points);
+        if (!points.x.empty()) writeGlyph(t.outlines, points);
         t.widths.U16(glyph.advance);
         t.widths.U16(points.x.empty() ? 0 : points.box.left);
         t.box.Add(points.box);
@@ -159,7 +159,7 @@ Bytes Head(const TrueTypeFile& file, const Box& box)
     return b;
 }
 
-Bytes HorizontalHeader(const TrueTypeFile& file, const GlyphTables& t)
+Bytes horizontalHeader(const TrueTypeFile& file, const GlyphTables& t)
 {
     Bytes b;
     b.U32(0x00010000);
@@ -176,7 +176,7 @@ Bytes HorizontalHeader(const TrueTypeFile& file, const GlyphTables& t)
     return b;
 }
 
-Bytes Profile(const TrueTypeFile& file, const GlyphTables& t)
+Bytes profile(const TrueTypeFile& file, const GlyphTables& t)
 {
     Bytes b;
     b.U32(0x00010000);
@@ -189,7 +189,7 @@ Bytes Profile(const TrueTypeFile& file, const GlyphTables& t)
     return b;
 }
 
-Bytes Os2(const TrueTypeFile& file)
+Bytes os2(const TrueTypeFile& file)
 {
     const int em = file.unitsPerEm;
     const auto [least, most] = std::minmax_element(file.codes.begin(), file.codes.end(),
@@ -224,7 +224,7 @@ Bytes Os2(const TrueTypeFile& file)
 }
 
 // Format 4: a segment for each stretch of characters whose glyphs follow each other, too.
-Bytes CharacterMap(const TrueTypeFile& file)
+Bytes characterMap(const TrueTypeFile& file)
 {
     std::vector<TrueTypeCode> codes = file.codes;
     std::sort(codes.begin(), codes.end(), [](auto a, auto b) { return a.character < b.character; });
@@ -255,7 +255,7 @@ Bytes CharacterMap(const TrueTypeFile& file)
     return b;
 }
 
-std::u16string Utf16(const std::string& utf8)
+std::u16string utf16(const std::string& utf8)
 {
     std::u16string wide(utf8.size(), u'\0'); // never more units than bytes
     const auto size = static_cast<int>(utf8.size());
@@ -264,7 +264,7 @@ std::u16string Utf16(const std::string& utf8)
     return wide;
 }
 
-Bytes Names(const TrueTypeFile& file)
+Bytes names(const TrueTypeFile& file)
 {
     std::string postScript = file.family;
     std::erase(postScript, ' ');
@@ -275,7 +275,7 @@ Bytes Names(const TrueTypeFile& file)
     int count = 0;
     for (const auto& [id, value] : entries) {
         if (value.empty()) continue;
-        const std::u16string wide = Utf16(value);
+        const std::u16string wide = utf16(value);
         for (const int v : {windowsPlatform, unicodeEncoding, english, id, 2 * static_cast<int>(wide.size()),
                             static_cast<int>(text.Size())})
             records.U16(v);
@@ -303,7 +303,7 @@ Bytes PostScript(const TrueTypeFile& file)
 // ---- Kerning ----------------------------------------------------------------------------------
 
 // As many subtables as their length of 16 bits asks for.
-Bytes Kerning(std::vector<TrueTypePair> pairs)
+Bytes kerning(std::vector<TrueTypePair> pairs)
 {
     constexpr std::size_t most = 10000;
     std::ranges::sort(pairs, {}, [](const TrueTypePair& p) { return std::pair(p.left, p.right); });
@@ -323,7 +323,7 @@ Bytes Kerning(std::vector<TrueTypePair> pairs)
 
 // ---- The file ---------------------------------------------------------------------------------
 
-DWORD SumOf(const std::vector<BYTE>& padded)
+DWORD sumOf(const std::vector<BYTE>& padded)
 {
     DWORD sum = 0;
     for (std::size_t i = 0; i + 3 < padded.size(); i += 4)
@@ -337,7 +337,7 @@ struct Table {
     Bytes bytes;
 };
 
-std::vector<BYTE> Assemble(std::vector<Table> tables)
+std::vector<BYTE> assemble(std::vector<Table> tables)
 {
     const int count = static_cast<int>(tables.size()), power = static_cast<int>(std::log2(count)),
               range = 16 << power;
@@ -351,14 +351,14 @@ std::vector<BYTE> Assemble(std::vector<Table> tables)
         if (table.tag == "head") head = place;
         for (int i = 0; i < 4; ++i)
             out.U8(static_cast<unsigned char>(table.tag[static_cast<std::size_t>(i)]));
-        out.U32(SumOf(table.bytes.data));
+        out.U32(sumOf(table.bytes.data));
         out.U32(static_cast<DWORD>(place));
         out.U32(size);
         place += table.bytes.Size();
     }
     for (const Table& table : tables) out.Append(table.bytes.data);
     Bytes sum;
-    sum.U32(0xB1B0AFBA - SumOf(out.data));
+    sum.U32(0xB1B0AFBA - sumOf(out.data));
     std::copy(sum.data.begin(), sum.data.end(), out.data.begin() + static_cast<std::ptrdiff_t>(head) + 8);
     return out.data;
 }
@@ -367,16 +367,16 @@ std::vector<BYTE> Assemble(std::vector<Table> tables)
 
 std::vector<BYTE> TrueTypeFile::Write() const
 {
-    GlyphTables t = TablesOf(glyphs);
+    GlyphTables t = tablesOf(glyphs);
     std::vector<Table> tables{
-        {"OS/2", Os2(*this)},          {"cmap", CharacterMap(*this)},        {"glyf", std::move(t.outlines)},
-        {"head", Head(*this, t.box)},  {"hhea", HorizontalHeader(*this, t)}, {"hmtx", std::move(t.widths)},
-        {"loca", std::move(t.places)}, {"maxp", Profile(*this, t)},          {"name", Names(*this)},
+        {"OS/2", os2(*this)},          {"cmap", characterMap(*this)},        {"glyf", std::move(t.outlines)},
+        {"head", Head(*this, t.box)},  {"hhea", horizontalHeader(*this, t)}, {"hmtx", std::move(t.widths)},
+        {"loca", std::move(t.places)}, {"maxp", profile(*this, t)},          {"name", names(*this)},
         {"post", PostScript(*this)}};
     if (!pairs.empty()) // tables stand by their tags
         tables.insert(std::ranges::find(tables, std::string_view("loca"), &Table::tag),
-                      {"kern", Kerning(pairs)});
-    return Assemble(std::move(tables));
+                      {"kern", kerning(pairs)});
+    return assemble(std::move(tables));
 }
 
 } // namespace corekit::detail

@@ -11,10 +11,10 @@ namespace {
 
 constinit bool afterConsonant = false;
 
-bool Lies(char16_t c, char16_t first, char16_t last) { return c >= first && c <= last; }
+bool lies(char16_t c, char16_t first, char16_t last) { return c >= first && c <= last; }
 
 // Whether a vowel key types a sign once `c` has been typed.
-bool TakesSign(char16_t c)
+bool takesSign(char16_t c)
 {
     constexpr char16_t candrabindu = 0x0901, anusvara = 0x0902, letterA = 0x0905, nukta = 0x093C;
     constexpr char16_t virama = 0x094D, danda = 0x0964;
@@ -28,7 +28,7 @@ bool TakesSign(char16_t c)
     case danda:
         return true;
     default: // letters, those with a nukta, and the private conjuncts
-        return Lies(c, 0x0915, 0x0939) || Lies(c, 0x0958, 0x095F) || Lies(c, 0x097A, 0x097F);
+        return lies(c, 0x0915, 0x0939) || lies(c, 0x0958, 0x095F) || lies(c, 0x097A, 0x097F);
     }
 }
 
@@ -39,7 +39,7 @@ std::optional<std::u16string_view> Find(WPARAM key, KeyState state)
     return devanagari.Find(key, state);
 }
 
-WPARAM Exchanged(WPARAM key) { return key == VK_OEM_3 ? VK_OEM_7 : key == VK_OEM_7 ? VK_OEM_3 : key; }
+WPARAM exchanged(WPARAM key) { return key == VK_OEM_3 ? VK_OEM_7 : key == VK_OEM_7 ? VK_OEM_3 : key; }
 
 } // namespace
 
@@ -54,7 +54,7 @@ int KBT_Devanagari::TranslateKey(MSG* message)
     if (!message || IsDown(VK_CONTROL) || IsDown(VK_MENU)) return 0;
     const WPARAM pressed = message->wParam;
     if (pressed == VK_SHIFT || pressed == VK_CONTROL || pressed == VK_MENU) return 0;
-    const WPARAM key = m_alternate ? Exchanged(pressed) : pressed;
+    const WPARAM key = m_alternate ? exchanged(pressed) : pressed;
     const KeyState state = IsDown(VK_SHIFT) ? KeyState::shift : KeyState::plain;
     const auto typed = key == 'Y' && m_alternate ? devanagari.Find(key, state) : Find(key, state);
     if (!typed) {
@@ -65,7 +65,7 @@ int KBT_Devanagari::TranslateKey(MSG* message)
     if (key == 'Y') // the second letter of a pair takes no sign
         afterConsonant = m_alternate ? state == KeyState::plain : !afterConsonant;
     else
-        afterConsonant = TakesSign(character);
+        afterConsonant = takesSign(character);
     SendCharacter(*message, character);
     return 1;
 }

@@ -40,7 +40,7 @@ private:
 };
 
 // The keyboard that a program begins with; empty while no language is set.
-CString DefaultKeyboardName(CUnicodeManager& manager)
+CString defaultKeyboardName(CUnicodeManager& manager)
 {
     CRegistryKey key;
     key.Create(HKEY_LOCAL_MACHINE, keyName);
@@ -75,7 +75,7 @@ void PPage_Unicode_Languages::LoadPage()
         SendDlgItemMessage(keyboardsControl, CLB_SETCHECK, static_cast<WPARAM>(row),
                            keyboard.IsEnabled() != 0);
     }
-    FillDefaults(DefaultKeyboardName(manager));
+    FillDefaults(defaultKeyboardName(manager));
 }
 
 bool PPage_Unicode_Languages::IsChecked(int row) const

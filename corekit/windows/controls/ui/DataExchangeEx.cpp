@@ -9,7 +9,7 @@
 
 namespace {
 
-CString TextOf(HWND control)
+CString textOf(HWND control)
 {
     CString text;
     CWnd::FromHandle(control)->GetWindowText(text);
@@ -18,13 +18,13 @@ CString TextOf(HWND control)
     return text;
 }
 
-[[noreturn]] void Refuse(CDataExchange& exchange, const char* text)
+[[noreturn]] void refuse(CDataExchange& exchange, const char* text)
 {
     AfxMessageBox(text, MB_ICONEXCLAMATION);
     exchange.Fail();
 }
 
-bool ReadHex(std::string_view digits, UINT& value)
+bool readHex(std::string_view digits, UINT& value)
 {
     if (digits.starts_with("0x") || digits.starts_with("0X") || digits.starts_with("#"))
         digits.remove_prefix(digits.front() == '#' ? 1 : 2);
@@ -32,7 +32,7 @@ bool ReadHex(std::string_view digits, UINT& value)
     return !digits.empty() && read.ec == std::errc() && read.ptr == digits.data() + digits.size();
 }
 
-COLORREF Turned(UINT colour) { return RGB(colour >> 16 & 0xFF, colour >> 8 & 0xFF, colour & 0xFF); }
+COLORREF turned(UINT colour) { return RGB(colour >> 16 & 0xFF, colour >> 8 & 0xFF, colour & 0xFF); }
 
 } // namespace
 
@@ -53,10 +53,10 @@ void DDX_Timecode(CDataExchange* exchange, int id, CTimecode& value)
     const HWND control = exchange->PrepareEditCtrl(id);
     if (!exchange->m_bSaveAndValidate)
         ::SetWindowTextA(control, value.MakeString());
-    else if (CTimecode read; read.SetFromString(TextOf(control)) && read.MakeString() == TextOf(control))
+    else if (CTimecode read; read.SetFromString(textOf(control)) && read.MakeString() == textOf(control))
         value = read;
     else
-        Refuse(*exchange, "Please enter a timecode as hours, minutes, seconds and frames, like 10:00:00:00.");
+        refuse(*exchange, "Please enter a timecode as hours, minutes, seconds and frames, like 10:00:00:00.");
 }
 
 void DDX_Hex(CDataExchange* exchange, int id, UINT& value)
@@ -66,10 +66,10 @@ void DDX_Hex(CDataExchange* exchange, int id, UINT& value)
         CString text;
         text.Format("%X", value);
         ::SetWindowTextA(control, text);
-    } else if (UINT read = 0; ReadHex(static_cast<const char*>(TextOf(control)), read)) {
+    } else if (UINT read = 0; readHex(static_cast<const char*>(textOf(control)), read)) {
         value = read;
     } else {
-        Refuse(*exchange, "Please enter a hexadecimal number.");
+        refuse(*exchange, "Please enter a hexadecimal number.");
     }
 }
 
@@ -78,11 +78,11 @@ void DDX_Colour(CDataExchange* exchange, int id, COLORREF& value)
     const HWND control = exchange->PrepareEditCtrl(id);
     if (!exchange->m_bSaveAndValidate) {
         CString text;
-        text.Format("%06X", Turned(value));
+        text.Format("%06X", turned(value));
         ::SetWindowTextA(control, text);
-    } else if (UINT read = 0; ReadHex(static_cast<const char*>(TextOf(control)), read) && read <= 0xFFFFFF) {
-        value = Turned(read);
+    } else if (UINT read = 0; readHex(static_cast<const char*>(textOf(control)), read) && read <= 0xFFFFFF) {
+        value = turned(read);
     } else {
-        Refuse(*exchange, "Please enter a colour as six hexadecimal digits: red, green, blue.");
+        refuse(*exchange, "Please enter a colour as six hexadecimal digits: red, green, blue.");
     }
 }

@@ -7,23 +7,23 @@
 namespace {
 
 using Hit = CRectTracker::Hit;
-bool IsLeft(Hit hit) { return hit == Hit::topLeft || hit == Hit::left || hit == Hit::bottomLeft; }
-bool IsRight(Hit hit) { return hit == Hit::topRight || hit == Hit::right || hit == Hit::bottomRight; }
-bool IsTop(Hit hit) { return hit == Hit::topLeft || hit == Hit::top || hit == Hit::topRight; }
-bool IsBottom(Hit hit) { return hit == Hit::bottomLeft || hit == Hit::bottom || hit == Hit::bottomRight; }
+bool isLeft(Hit hit) { return hit == Hit::topLeft || hit == Hit::left || hit == Hit::bottomLeft; }
+bool isRight(Hit hit) { return hit == Hit::topRight || hit == Hit::right || hit == Hit::bottomRight; }
+bool isTop(Hit hit) { return hit == Hit::topLeft || hit == Hit::top || hit == Hit::topRight; }
+bool isBottom(Hit hit) { return hit == Hit::bottomLeft || hit == Hit::bottom || hit == Hit::bottomRight; }
 constexpr Hit handles[] = {Hit::topLeft,     Hit::top,    Hit::topRight,   Hit::right,
                            Hit::bottomRight, Hit::bottom, Hit::bottomLeft, Hit::left};
 
 // Within the limits; as far as its least extent allows where these are too narrow.
-LONG Within(LONG value, LONG low, LONG high) { return std::max(low, std::min(value, high)); }
+LONG within(LONG value, LONG low, LONG high) { return std::max(low, std::min(value, high)); }
 
 } // namespace
 
 CRect CRectTracker::HandleRect(Hit hit) const
 {
     const CPoint middle = m_rect.CenterPoint();
-    const LONG x = IsLeft(hit) ? m_rect.left : IsRight(hit) ? m_rect.right - handle : middle.x - handle / 2;
-    const LONG y = IsTop(hit) ? m_rect.top : IsBottom(hit) ? m_rect.bottom - handle : middle.y - handle / 2;
+    const LONG x = isLeft(hit) ? m_rect.left : isRight(hit) ? m_rect.right - handle : middle.x - handle / 2;
+    const LONG y = isTop(hit) ? m_rect.top : isBottom(hit) ? m_rect.bottom - handle : middle.y - handle / 2;
     return {CPoint(x, y), CSize(handle, handle)};
 }
 
@@ -75,15 +75,15 @@ void CRectTracker::MoveTo(CPoint point)
         m_limits.IsRectEmpty() ? CRect(-0x3FFFFFFF, -0x3FFFFFFF, 0x3FFFFFFF, 0x3FFFFFFF) : m_limits;
     m_rect = m_former;
     if (m_hit == inside) {
-        m_rect.MoveToXY(Within(m_former.left + way.cx, limits.left, limits.right - m_former.Width()),
-                        Within(m_former.top + way.cy, limits.top, limits.bottom - m_former.Height()));
+        m_rect.MoveToXY(within(m_former.left + way.cx, limits.left, limits.right - m_former.Width()),
+                        within(m_former.top + way.cy, limits.top, limits.bottom - m_former.Height()));
         return;
     }
-    if (IsLeft(m_hit))
-        m_rect.left = Within(m_former.left + way.cx, limits.left, m_rect.right - m_leastSize.cx);
-    if (IsTop(m_hit)) m_rect.top = Within(m_former.top + way.cy, limits.top, m_rect.bottom - m_leastSize.cy);
-    if (IsRight(m_hit))
-        m_rect.right = Within(m_former.right + way.cx, m_rect.left + m_leastSize.cx, limits.right);
-    if (IsBottom(m_hit))
-        m_rect.bottom = Within(m_former.bottom + way.cy, m_rect.top + m_leastSize.cy, limits.bottom);
+    if (isLeft(m_hit))
+        m_rect.left = within(m_former.left + way.cx, limits.left, m_rect.right - m_leastSize.cx);
+    if (isTop(m_hit)) m_rect.top = within(m_former.top + way.cy, limits.top, m_rect.bottom - m_leastSize.cy);
+    if (isRight(m_hit))
+        m_rect.right = within(m_former.right + way.cx, m_rect.left + m_leastSize.cx, limits.right);
+    if (isBottom(m_hit))
+        m_rect.bottom = within(m_former.bottom + way.cy, m_rect.top + m_leastSize.cy, limits.bottom);
 }
