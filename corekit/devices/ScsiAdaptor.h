@@ -2,7 +2,7 @@
 //
 //     std::unique_ptr<CScsiAdaptor> adaptor(scsiOpenAdaptor(0));
 //     CScsiDeviceInfo info;
-//     if (adaptor && adaptor->GetDeviceInfo(0, 3, 0, info)) ... info.m_vendor
+//     if (adaptor && adaptor->GetDeviceInfo(0, 3, 0, info)) std::puts(info.m_vendor);
 //
 // Nothing here throws; failures are 0 or null. An object belongs to one thread at a time.
 #pragma once

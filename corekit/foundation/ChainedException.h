@@ -2,9 +2,9 @@
 //
 // A chained exception is a text and, where something else caused the failure, the exception that did:
 //
-//     if (!ReadFile(...)) ThrowChainedException(GetLastErrorException(), message::fileReadFailed);
-//     ...
-//     catch (CException* e) { ExceptionMessageBox(parent, e, MB_ICONSTOP); e->Delete(); }
+//     try {
+//         if (!SetEndOfFile(file)) ThrowChainedException(GetLastErrorException(), message::fileSetEndFailed);
+//     } catch (CException* e) { ExceptionMessageBox(parent, e, MB_ICONSTOP); e->Delete(); }
 //
 // It lives on the heap; the catcher frees the whole chain with Delete. Every function that takes an inner
 // exception takes it over, also when it fails; null is allowed. Texts go by number in the string table, and
@@ -25,10 +25,10 @@ public:
     CChainedException(const char* message, CException* inner);
     ~CChainedException() override;
 
-    // Copies the text of the whole chain, cut to `size` - 1 characters, with its terminator. Always 1; the
-    // help context is not written.
+    // Copies the text of the whole chain, once per exception (see BuildMessageString), cut to `size` - 1
+    // characters, with its terminator. Always 1; the help context is not written.
     BOOL GetErrorMessage(char* buffer, UINT size, UINT* helpContext = nullptr) override;
-    // Shows the text of the whole chain; the answer of the box.
+    // Shows the text of the whole chain, once per exception as well; the answer of the box.
     int ReportError(CWnd* parent = nullptr, UINT type = 0x10, UINT helpId = 0) override;
 
     // One line for each level, outermost first. Where the inner exception is chained too, this object's own
@@ -60,12 +60,12 @@ COREKIT_API CChainedException* GetLastErrorException(DWORD code);
 COREKIT_API CString GetSystemErrorString(DWORD code);
 COREKIT_API CString GetLastErrorString();
 
-// The name of a structured exception, and the text of any other, which stays the caller's.
+// The name of a structured exception; the text of any other, once per exception, which stays the caller's.
 COREKIT_API CString GetExceptionMsg(UINT code);
 COREKIT_API CString GetExceptionMsg(CException* e);
 
-// Shows the exception's text, under a line of the prefix if one is given, and returns the box's answer. A
-// CUserException shows nothing and gives 1. The exception stays the caller's.
+// Shows the exception's text, once per exception, under a line of the prefix if one is given, and returns the
+// box's answer. A CUserException shows nothing and gives 1. The exception stays the caller's.
 COREKIT_API int ExceptionMessageBox(CWnd* parent, CException* e, UINT type);
 COREKIT_API int ExceptionMessageBox(CWnd* parent, UINT prefixId, CException* e, UINT type);
 COREKIT_API int ExceptionMessageBox(CWnd* parent, UINT prefixId, const char* insert, CException* e,

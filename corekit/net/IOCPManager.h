@@ -7,14 +7,14 @@
 //         char bytes[4096];
 //     };
 //     Reading* reading = new Reading;
-//     reading->OnComplete = [](CompletionRecord* record, DWORD moved) { ... delete record's owner ... };
+//     reading->OnComplete = [](CompletionRecord* record, DWORD moved) { delete record; };
 //     reading->OnError = [](CompletionRecord* record, DWORD error) { ... };
 //
 //     CIOCPManager manager;
 //     manager.Initialise(2, 0);
 //     manager.AssociateHandle(file);
-//     if (!ReadFile(file, reading->bytes, 4096, nullptr, reading) && GetLastError() != 997) ... // never
-//     began
+//     if (!ReadFile(file, reading->bytes, 4096, nullptr, reading) && GetLastError() != 997)
+//         delete reading; // it never began
 //
 // From a call that began a transfer until one of its functions is called, the record and the buffer belong to
 // the system. What corekit/platform/CompletionPort.h says of transfers holds here.

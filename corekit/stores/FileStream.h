@@ -3,7 +3,9 @@
 // The file is seen through the aligned page of 65536 bytes that the position lies in, so many small reads and
 // writes cost a copy each. A page that was written to goes to the file when the position leaves it, at every
 // read, and at Flush. Nothing else writes it: Flush, then Close, or the last page is lost. Files reach up to
-// 4 GiB less a byte.
+// 4 GiB less a byte: for a larger one Open and AttachFile throw message::fileSetPositionFailed over error
+// 223, and what was open before stays open; a write that would make it larger throws message::fileWriteFailed
+// over the same, with nothing written.
 //
 // Failures throw CChainedException. When the file refuses a transfer, the position stays where the transfer
 // had come to, and a page that could not be written or loaded is tried again by the next operation that needs

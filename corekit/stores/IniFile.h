@@ -2,9 +2,10 @@
 //
 // Booleans are True or False (also Yes, On, No, Off, in any case), integers decimal (also 0x1F and octal
 // 017), hexadecimal numbers eight digits, colours "red, green, blue", blocks two upper-case digits a byte.
-// Getters return the default, or 0, for a key that is missing, empty or of another form. Setters and deleters
-// report nothing. Other names and lines of the file stay as they are. Any thread, one at a time for one
-// object.
+// For a key that is missing or empty getters give the default, or 0 where they have none. Of a value of
+// another form GetInteger and GetHex take the number that it begins with, 0 without one; GetBoolean and
+// GetRGB give the default, all others 0. Setters and deleters report nothing. Other names and lines of the
+// file stay as they are. Any thread, one at a time for one object.
 #pragma once
 
 #include "corekit/foundation/StringW.h"

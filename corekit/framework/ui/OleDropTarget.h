@@ -7,7 +7,8 @@
 //         }
 //         ...
 //     };
-//     m_drop.Register(this); // as long as the window or the target lives
+//     TextDrop drop;
+//     drop.Register(window); // as long as the window or the target lives
 //
 // User-interface thread only.
 #pragma once

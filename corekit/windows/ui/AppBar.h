@@ -5,6 +5,7 @@
 //     public:
 //         CClockBar() : CAppBar(IDD_CLOCK) { m_dwFlags = appBarAllowTopBottom | appBarAllowAutohide; }
 //     };
+//     CClockBar bar;
 //     bar.Create(IDD_CLOCK, &frame);
 //     bar.SetState(ABE_TOP);
 //
@@ -94,7 +95,7 @@ protected:
 private:
     void Track(CPoint screen);
 
-    UINT m_trackedHit = 0; // what the user holds, 0 for nothing
+    UINT m_trackedHit = 0;             // what the user holds, 0 for nothing
     CPoint m_trackedFrom, m_trackedAt; // on the screen
     CRect m_trackedRect;
     bool m_slides = false, m_isPressed = false;

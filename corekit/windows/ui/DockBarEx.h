@@ -1,7 +1,7 @@
 // Docks with bevelled edges, and the layout of a frame's bars in a property store.
 //
 //     EnableExtendedDocking(&frame, CBRS_ALIGN_ANY);
-//     frame.DockControlBar(&bar, GetExtendedDockBar(&frame, AFX_IDW_DOCKBAR_TOP));
+//     frame.DockControlBar(&bar, AFX_IDW_DOCKBAR_TOP);
 //     ...
 //     CDockBarEx::SaveControlBarStates(layout, &frame);
 //

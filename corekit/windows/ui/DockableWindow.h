@@ -1,6 +1,9 @@
 // A pane that a host docks at an edge of its frame, or lets float and resizes. The host derives its panes:
 //
-//     int COutline::OnCreateContents(CREATESTRUCT*, void*) { return m_tree.Create(..., this, contentsId); }
+//     int COutline::OnCreateContents(CREATESTRUCTA*, void*)
+//     {
+//         return m_tree.Create(WS_CHILD | WS_VISIBLE, CRect(), this, contentsId);
+//     }
 //     CSize COutline::CalcFloatingSize(int cx, int cy) { return {std::max(cx, 80), std::max(cy, 60)}; }
 //     CSize COutline::CalcDockedSize(int horizontal, int cx, int cy) { return {cx, horizontal ? 120 : cy}; }
 //     CSize COutline::CalcContentSize(int, int) { return {160, 240}; }
