@@ -14,11 +14,20 @@ void giveUp(Interface*& object)
     if (Interface* const held = std::exchange(object, nullptr)) held->Release();
 }
 
+// Holds another object in place of the one before, which may be the same.
+template <typename Interface>
+void Hold(Interface*& object, Interface* other)
+{
+    other->AddRef();
+    GiveUp(object);
+    object = other;
+}
+
 } // namespace
 
 HRESULT CDirectDraw::Initialise(GUID* driver)
 {
-    m_directDraw = nullptr;
+    Shutdown();
     const HRESULT created = CoCreateInstance(CLSID_DirectDraw, nullptr, CLSCTX_ALL, IID_IDirectDraw2,
                                              reinterpret_cast<void**>(&m_directDraw));
     if (FAILED(created)) {
@@ -96,8 +105,7 @@ void CDirectDraw::Shutdown() { giveUp(m_directDraw); }
 
 HRESULT CDirectDrawSurface::AttachInterface(IDirectDrawSurface3* surface)
 {
-    m_surface = surface;
-    m_surface->AddRef();
+    Hold(m_surface, surface);
     DDSURFACEDESC description{};
     description.dwSize = sizeof description;
     return m_surface->GetSurfaceDesc(&description);
@@ -106,11 +114,11 @@ HRESULT CDirectDrawSurface::AttachInterface(IDirectDrawSurface3* surface)
 HRESULT CDirectDrawSurface::AttachBackBuffer(CDirectDrawSurface& front, int)
 {
     const DWORD caps = DDSCAPS_BACKBUFFER;
-    const HRESULT result = front.m_surface->GetAttachedSurface(&caps, &m_surface);
-    if (FAILED(result)) {
-        m_surface = nullptr;
-        return result;
-    }
+    IDirectDrawSurface3* back = nullptr;
+    const HRESULT result = front.m_surface->GetAttachedSurface(&caps, &back);
+    SafeDelete();
+    if (FAILED(result)) return result;
+    m_surface = back;
     m_autoRestore = 0;
     return S_OK;
 }
@@ -173,11 +181,7 @@ void CDirectDrawSurface::Delete() { giveUp(m_surface); }
 
 void CDirectDrawSurface::SafeDelete() { giveUp(m_surface); }
 
-void CDirectDrawPalette::AttachInterface(IDirectDrawPalette* palette)
-{
-    m_palette = palette;
-    m_palette->AddRef();
-}
+void CDirectDrawPalette::AttachInterface(IDirectDrawPalette* palette) { Hold(m_palette, palette); }
 
 void CDirectDrawPalette::Delete() { giveUp(m_palette); }
 

@@ -123,6 +123,17 @@ TEST_F(FullScreen, TheModeIsKeptOnlyWhenItIsSet)
     EXPECT_EQ(draw.WaitForVBlank(1), 1);
 }
 
+TEST_F(FullScreen, WhatComesAnewReplacesWhatWasHeld)
+{
+    CDirectDrawSurface back;
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(draw.Initialise(nullptr), 0);
+        EXPECT_EQ(draw.CreateFlipChain(1, front), 0);
+        EXPECT_EQ(back.AttachBackBuffer(front, 0), 0);
+    }
+    back.SafeDelete();
+}
+
 TEST_F(FullScreen, AFailingStartLeavesNothing)
 {
     CDirectDraw other;

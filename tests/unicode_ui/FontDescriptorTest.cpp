@@ -123,6 +123,7 @@ TEST(FontDescriptor, DamagedStreamsAreToldAndLeaveNoFaces)
         }
         EXPECT_EQ(told.find("Read from stream of object \"CFontDescriptor\" failed\n"), 0u) << told;
         EXPECT_EQ(font.GetCount(), 0);
+        EXPECT_EQ(textOf(font).find("former"), std::string::npos);
         if (bytes.size() == 8) { // a count below 1
             EXPECT_NE(told.find("Data is corrupt."), told.npos) << told;
         }

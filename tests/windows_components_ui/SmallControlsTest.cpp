@@ -113,6 +113,12 @@ TEST_F(SmallControls, ASplitterKeepsSharesAndFolds)
     Click(splitter.m_hWnd, CPoint(82, 50), Button::left, Clicks::two);
     EXPECT_TRUE(splitter.IsFolded());
     EXPECT_EQ(PlaceOf(panes[0]).Width(), 0);
+    const int share = splitter.GetShare();
+    Drag(splitter.m_hWnd, CPoint(2, 50), CPoint(4, 50)); // an unsteady hand
+    EXPECT_TRUE(splitter.IsFolded());
+    EXPECT_EQ(splitter.GetShare(), share);
+    Drag(splitter.m_hWnd, CPoint(2, 50), CPoint(52, 50));
+    EXPECT_EQ(splitter.GetPosition(), 50);
     splitter.MoveWindow(0, 0, 3, 3); // narrower than its bar
     panes[1].DestroyWindow();
     splitter.Fold(false);

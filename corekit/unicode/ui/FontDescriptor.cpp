@@ -159,21 +159,23 @@ StringW CFontDescriptor::GetEmbeddingString() const { return StringW(m_combined.
 int CFontDescriptor::LoadFromRegistry(CRegistryKey& parent, const char* keyName)
 {
     m_fonts.RemoveAll();
-    CRegistryKey key;
-    int count = 0;
-    if (!key.Open(parent, keyName)) return 0;
-    if (!key.GetValue("Size", m_size) || m_size == 0) return 0;
-    if (!key.GetValue("Count", count) || count < 1) return 0;
-    for (int i = 1; i <= count; ++i) {
-        CString face;
-        if (!key.GetValue(fontValueName(i), face)) {
-            m_fonts.RemoveAll();
-            return 0;
+    const auto load = [&] {
+        CRegistryKey key;
+        int count = 0;
+        if (!key.Open(parent, keyName)) return 0;
+        if (!key.GetValue("Size", m_size) || m_size == 0) return 0;
+        if (!key.GetValue("Count", count) || count < 1) return 0;
+        for (int i = 1; i <= count; ++i) {
+            CString face;
+            if (!key.GetValue(fontValueName(i), face)) return 0;
+            m_fonts.Add(face);
         }
-        m_fonts.Add(face);
-    }
+        return 1;
+    };
+    const int isLoaded = load();
+    if (!isLoaded) m_fonts.RemoveAll();
     UpdateCombinedString();
-    return 1;
+    return isLoaded;
 }
 
 void CFontDescriptor::SaveToRegistry(CRegistryKey& parent, const char* keyName) const
@@ -204,6 +206,7 @@ void CFontDescriptor::ReadStream(CStream& stream)
         UpdateCombinedString();
     } catch (CException* e) {
         m_fonts.RemoveAll();
+        UpdateCombinedString();
         ThrowChainedException(e, message::fontReadFailed);
     }
 }
@@ -222,16 +225,20 @@ void CFontDescriptor::WriteStream(CStream& stream) const
 bool CFontDescriptor::Load(IXPCConfigNode* node, const char* prefix)
 {
     m_fonts.RemoveAll();
-    unsigned count = 0;
-    if (!node->ReadInteger(keyOf(prefix, "size"), m_size) || m_size == 0) return false;
-    if (!node->ReadInteger(keyOf(prefix, "count"), count) || count == 0) return false;
-    for (unsigned i = 0; i < count; ++i) {
-        CString face;
-        if (!node->ReadString(fontKeyOf(prefix, i + 1), face)) return false;
-        m_fonts.Add(face);
-    }
+    const auto load = [&] {
+        unsigned count = 0;
+        if (!node->ReadInteger(keyOf(prefix, "size"), m_size) || m_size == 0) return false;
+        if (!node->ReadInteger(keyOf(prefix, "count"), count) || count == 0) return false;
+        for (unsigned i = 0; i < count; ++i) {
+            CString face;
+            if (!node->ReadString(fontKeyOf(prefix, i + 1), face)) return false;
+            m_fonts.Add(face);
+        }
+        return true;
+    };
+    const bool isLoaded = load();
     UpdateCombinedString();
-    return true;
+    return isLoaded;
 }
 
 void CFontDescriptor::Save(IXPCConfigNode* node, const char* prefix) const

@@ -118,20 +118,23 @@ void CSplitterEx::OnPaint()
 // The panes cover all but the bar.
 void CSplitterEx::OnLButtonDown(UINT, CPoint point)
 {
-    m_grip = (m_direction == sideBySide ? point.x : point.y) - GetPosition();
+    m_before = GetPosition();
+    m_grip = (m_direction == sideBySide ? point.x : point.y) - m_before;
     SetCapture();
 }
 
 void CSplitterEx::OnMouseMove(UINT, CPoint point)
 {
-    if (m_grip >= 0) SetPosition((m_direction == sideBySide ? point.x : point.y) - m_grip);
+    const int wanted = (m_direction == sideBySide ? point.x : point.y) - m_grip;
+    const bool isMove = m_isFolded ? wanted > barBreadth : wanted != GetPosition();
+    if (m_grip >= 0 && isMove) SetPosition(wanted);
 }
 
 void CSplitterEx::OnLButtonUp(UINT, CPoint)
 {
     if (m_grip < 0) return;
     ReleaseCapture();
-    OnSplitterMoved();
+    if (GetPosition() != m_before) OnSplitterMoved();
 }
 
 void CSplitterEx::OnCaptureChanged(CWnd*) { m_grip = -1; }

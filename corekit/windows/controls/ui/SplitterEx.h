@@ -46,6 +46,7 @@ private:
     HWND m_panes[2] = {};
     int m_least[2] = {20, 20};
     int m_share = 500;
-    int m_grip = -1; // from the bar's edge to the mouse while it is dragged
+    int m_before = 0; // the position before a drag
+    int m_grip = -1;  // from the bar's edge to the mouse while it is dragged
     bool m_isFolded = false;
 };
