@@ -37,7 +37,7 @@ DCB lineOf(int baudRate, int parity, int dataBits, int stopBits, eFlowControlMod
 }
 
 // Of a transfer, the bytes that one call takes.
-DWORD AtOnce(unsigned long size) { return static_cast<DWORD>(std::min(size, 0xFFFFFFFFul)); }
+DWORD atOnce(unsigned long size) { return static_cast<DWORD>(std::min(size, 0xFFFFFFFFul)); }
 
 // What DCB holds in a byte must not be cut to one that is allowed.
 bool fitsBytes(int parity, int dataBits, int stopBits)
@@ -128,7 +128,7 @@ int CSerialPort::ReadSynchronous(void* data, unsigned long size, unsigned long& 
     overlapped.hEvent = m_readEvent;
     ResetEvent(m_readEvent);
     DWORD moved = 0;
-    int done = ReadFile(m_file, data, AtOnce(size), &moved, &overlapped);
+    int done = ReadFile(m_file, data, atOnce(size), &moved, &overlapped);
     if (!done && GetLastError() == ERROR_IO_PENDING)
         done = GetOverlappedResult(m_file, &overlapped, &moved, TRUE);
     received = moved;
@@ -144,7 +144,7 @@ int CSerialPort::WriteSynchronous(const void* data, unsigned long size)
         overlapped.hEvent = m_writeEvent;
         ResetEvent(m_writeEvent);
         DWORD moved = 0;
-        int done = WriteFile(m_file, rest, AtOnce(size), &moved, &overlapped);
+        int done = WriteFile(m_file, rest, atOnce(size), &moved, &overlapped);
         if (!done && GetLastError() == ERROR_IO_PENDING)
             done = GetOverlappedResult(m_file, &overlapped, &moved, TRUE);
         if (!done || moved == 0) return 0;

@@ -16,10 +16,10 @@ void giveUp(Interface*& object)
 
 // Holds another object in place of the one before, which may be the same.
 template <typename Interface>
-void Hold(Interface*& object, Interface* other)
+void hold(Interface*& object, Interface* other)
 {
     other->AddRef();
-    GiveUp(object);
+    giveUp(object);
     object = other;
 }
 
@@ -105,7 +105,7 @@ void CDirectDraw::Shutdown() { giveUp(m_directDraw); }
 
 HRESULT CDirectDrawSurface::AttachInterface(IDirectDrawSurface3* surface)
 {
-    Hold(m_surface, surface);
+    hold(m_surface, surface);
     DDSURFACEDESC description{};
     description.dwSize = sizeof description;
     return m_surface->GetSurfaceDesc(&description);
@@ -181,7 +181,7 @@ void CDirectDrawSurface::Delete() { giveUp(m_surface); }
 
 void CDirectDrawSurface::SafeDelete() { giveUp(m_surface); }
 
-void CDirectDrawPalette::AttachInterface(IDirectDrawPalette* palette) { Hold(m_palette, palette); }
+void CDirectDrawPalette::AttachInterface(IDirectDrawPalette* palette) { hold(m_palette, palette); }
 
 void CDirectDrawPalette::Delete() { giveUp(m_palette); }
 

@@ -70,10 +70,10 @@ std::optional<std::string> Expanded(std::string macro)
 
 void CIniFile::Attach(const char* path, int bMustExist)
 {
-    m_path = path;
+    m_path = path; // which may have been this object's own
     if (!bMustExist) return;
     const HANDLE file =
-        CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+        CreateFileA(m_path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                     OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE) ThrowChainedException(nullptr, message::iniFileMissing);
     CloseHandle(file);

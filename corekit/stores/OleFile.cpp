@@ -56,9 +56,9 @@ DWORD COleFile::ParseFlags(UINT flags)
 
 int COleFile::Open(const char* name, UINT flags)
 {
-    m_name = name;
+    m_name = name; // which may have been this object's own
     IStorage* storage = nullptr;
-    const HRESULT result = StgOpenStorage(StringW(name), ParseFlags(flags), &storage);
+    const HRESULT result = StgOpenStorage(StringW(m_name), ParseFlags(flags), &storage);
     if (result < 0) {
         SetLastError(static_cast<DWORD>(result));
         return 0;
@@ -74,8 +74,8 @@ void COleFile::Create(const char* name, int bOverwrite)
     m_name = name;
     IStorage* storage = nullptr;
     const DWORD mode = STGM_CREATE | STGM_TRANSACTED | STGM_SHARE_EXCLUSIVE | STGM_READWRITE;
-    const HRESULT result = StgCreateDocfile(StringW(name), mode, &storage);
-    if (result < 0) ThrowChainedException(cause(result), message::oleFileCreateFailed, name);
+    const HRESULT result = StgCreateDocfile(StringW(m_name), mode, &storage);
+    if (result < 0) ThrowChainedException(cause(result), message::oleFileCreateFailed, m_name);
     Replace(storage);
 }
 

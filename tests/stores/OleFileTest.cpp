@@ -197,7 +197,7 @@ TEST_F(OleFile, ItsDescriptorsStayInThisProcess)
     Put(file, u"part", "text");
     file.Commit();
     file.Close();
-    ASSERT_TRUE(file.Open(name.c_str(), readWrite));
+    ASSERT_TRUE(file.Open(file.GetFilename(), readWrite)); // its own name
     EXPECT_EQ(Get(file, u"part"), "text");
     int open = 0;
     for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
