@@ -17,14 +17,14 @@ std::basic_string_view<Ch> split(std::basic_string_view<Ch> text, Ch delimiter, 
     return text;
 }
 
-int Length(std::size_t units) { return static_cast<int>(units); }
+int lengthOf(std::size_t units) { return static_cast<int>(units); }
 
 CString lowBytes(std::u16string_view units)
 {
     CString item;
-    char* to = item.GetBuffer(Length(units.size()));
+    char* to = item.GetBuffer(lengthOf(units.size()));
     std::transform(units.begin(), units.end(), to, [](WCHAR c) { return static_cast<char>(c); });
-    item.ReleaseBuffer(Length(units.size()));
+    item.ReleaseBuffer(lengthOf(units.size()));
     return item;
 }
 
@@ -36,10 +36,10 @@ void splitInto(CArray<Text, const Ch*>& items, const Ch* text, std::size_t lengt
         const int index = items.GetSize();
         items.SetSize(index + 1);
         Text& added = items[index];
-        added = Text(item.data(), Length(item.size()));
+        added = Text(item.data(), lengthOf(item.size()));
         if (stand == delimiter) return;
         for (std::size_t i = item.find(stand); i != item.npos; i = item.find(stand, i + 1))
-            added.SetAt(Length(i), delimiter);
+            added.SetAt(lengthOf(i), delimiter);
     };
     const auto rest = split(std::basic_string_view<Ch>(text, length), delimiter, add);
     if (!rest.empty()) add(rest);
@@ -62,7 +62,7 @@ void splitLines(std::string_view text, bool skipEmpty, Add add)
 void ConvertDelimitedStringToArray(const char* text, CStringArray& items, char delimiter)
 {
     items.RemoveAll();
-    const auto add = [&](std::string_view item) { items.Add(CString(item.data(), Length(item.size()))); };
+    const auto add = [&](std::string_view item) { items.Add(CString(item.data(), lengthOf(item.size()))); };
     add(split(std::string_view(text), delimiter, add));
 }
 
@@ -93,7 +93,7 @@ void ConvertBufferIntoLines(const char* text, CStringArray& lines, int skipEmpty
 {
     lines.RemoveAll();
     splitLines(text, skipEmpty != 0,
-               [&](std::string_view line) { lines.Add(CString(line.data(), Length(line.size()))); });
+               [&](std::string_view line) { lines.Add(CString(line.data(), lengthOf(line.size()))); });
 }
 
 void ConvertBufferIntoLines(const char* text, CArray<StringA, const char*>& lines, int skipEmpty)
@@ -101,6 +101,6 @@ void ConvertBufferIntoLines(const char* text, CArray<StringA, const char*>& line
     lines.RemoveAll();
     splitLines(text, skipEmpty != 0, [&](std::string_view line) {
         lines.SetSize(lines.GetSize() + 1);
-        lines[lines.GetUpperBound()] = StringA(line.data(), Length(line.size()));
+        lines[lines.GetUpperBound()] = StringA(line.data(), lengthOf(line.size()));
     });
 }

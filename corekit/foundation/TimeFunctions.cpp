@@ -34,7 +34,7 @@ long askBias()
     }
 }
 
-long Bias()
+long biasNow()
 {
     static const long bias = askBias();
     return bias;
@@ -125,10 +125,10 @@ long time_GetCurrentTime(int bLocal)
     return bLocal ? time_UTCToLocal(now) : now;
 }
 
-long time_LocalToUTC(long t) { return shifted(t, Bias()); }
-long time_UTCToLocal(long t) { return shifted(t, -Bias()); }
-CTimecode time_LocalToUTC(const CTimecode& t) { return shifted(t, Bias()); }
-CTimecode time_UTCToLocal(const CTimecode& t) { return shifted(t, -Bias()); }
+long time_LocalToUTC(long t) { return shifted(t, biasNow()); }
+long time_UTCToLocal(long t) { return shifted(t, -biasNow()); }
+CTimecode time_LocalToUTC(const CTimecode& t) { return shifted(t, biasNow()); }
+CTimecode time_UTCToLocal(const CTimecode& t) { return shifted(t, -biasNow()); }
 
 int time_GetTimeStructure(std::tm& out, long t, int bToLocal)
 {

@@ -192,7 +192,7 @@ int findWholeWord(View text, View word, bool starBefore, bool starBehind)
 }
 
 // Finds a pattern part by part. `wholeWords` tells how a part between stars is searched for.
-int Match(View text, View pattern, bool wholeWords)
+int matchByParts(View text, View pattern, bool wholeWords)
 {
     int first = none;
     for (bool isFirst = true;; isFirst = false) {
@@ -276,15 +276,15 @@ void appendUpper(Copy& copy, View text)
 int matchText(View text, View pattern, bool caseSensitive, bool wholeWords)
 {
     const bool quoted = pattern.find(u'"') != View::npos;
-    if (caseSensitive && !quoted) return Match(text, pattern, wholeWords);
+    if (caseSensitive && !quoted) return matchByParts(text, pattern, wholeWords);
 
     Copy plain(pattern.size()), upperPattern(pattern.size()), upperText(caseSensitive ? 0 : text.size());
     for (const WCHAR c : pattern)
         if (c != u'"') plain.Append(c);
-    if (caseSensitive) return Match(text, plain.Text(), wholeWords);
+    if (caseSensitive) return matchByParts(text, plain.Text(), wholeWords);
     appendUpper(upperPattern, plain.Text());
     appendUpper(upperText, text);
-    return Match(upperText.Text(), upperPattern.Text(), wholeWords);
+    return matchByParts(upperText.Text(), upperPattern.Text(), wholeWords);
 }
 
 } // namespace

@@ -25,7 +25,7 @@ auto call(CCmdTarget* target, AFX_PMSG method, Arguments... arguments)
 }
 
 // Whether the command is done with.
-BOOL Dispatch(CCmdTarget* target, const AFX_MSGMAP_ENTRY& entry, const Command& command)
+BOOL dispatchTo(CCmdTarget* target, const AFX_MSGMAP_ENTRY& entry, const Command& command)
 {
     using T = CCmdTarget;
     switch (entry.nSig) {
@@ -96,7 +96,7 @@ BOOL CCmdTarget::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* in
         *info = {this, entry->pfn};
         return TRUE;
     }
-    return Dispatch(this, *entry, {id, extra});
+    return dispatchTo(this, *entry, {id, extra});
 }
 
 void corekit::setUpdateDispatch(UpdateDispatch dispatch) { updateDispatch = dispatch; }

@@ -22,7 +22,7 @@ struct CString::Block {
 namespace {
 std::string_view view(const char* text) { return text ? std::string_view(text) : std::string_view(); }
 
-int Length(std::string_view text)
+int lengthOf(std::string_view text)
 {
     if (text.size() > INT_MAX) AfxThrowMemoryException();
     return static_cast<int>(text.size());
@@ -97,7 +97,7 @@ CString::CString(const CString& other) noexcept : m_text(other.m_text)
     if (block->refs.load(std::memory_order_relaxed) > 0) block->refs.fetch_add(1, std::memory_order_relaxed);
 }
 
-CString::CString(const char* text) : CString() { Assign(text, Length(view(text))); }
+CString::CString(const char* text) : CString() { Assign(text, lengthOf(view(text))); }
 CString::CString(const unsigned char* text) : CString(reinterpret_cast<const char*>(text)) {}
 CString::CString(const char* text, int length) : CString() { Assign(text, text ? length : 0); }
 CString::CString(char ch, int count) : CString()
@@ -115,7 +115,7 @@ CString& CString::operator=(CString&& other) noexcept
 }
 CString& CString::operator=(const char* text)
 {
-    Assign(text, Length(view(text)));
+    Assign(text, lengthOf(view(text)));
     return *this;
 }
 CString& CString::operator=(char ch)
@@ -152,7 +152,7 @@ CString& CString::operator+=(const CString& other)
 }
 CString& CString::operator+=(const char* text)
 {
-    Append(text, Length(view(text)));
+    Append(text, lengthOf(view(text)));
     return *this;
 }
 CString& CString::operator+=(char ch)
@@ -262,7 +262,7 @@ int CString::Replace(const char* from, const char* to)
     for (std::size_t hit; (hit = text.find(what, begin)) != std::string_view::npos;
          begin = hit + what.size(), ++count) {
         result.Append(text.data() + begin, static_cast<int>(hit - begin));
-        result.Append(with.data(), Length(with));
+        result.Append(with.data(), lengthOf(with));
     }
     if (count == 0) return 0;
     result.Append(text.data() + begin, static_cast<int>(text.size() - begin));

@@ -206,7 +206,7 @@ using Type = FormatArgument::Type;
 
 // The argument of an item; a va_list has what the letter says.
 template <class Ch>
-FormatArgument Next(const Item<Ch>& item, FormatSource& args)
+FormatArgument nextArgument(const Item<Ch>& item, FormatSource& args)
 {
     switch (item.kind) {
     case Kind::Signed:
@@ -287,7 +287,7 @@ Value textOf(Kind kind, const FormatArgument& argument)
 template <class Ch>
 Value take(const Item<Ch>& item, FormatSource& args)
 {
-    const FormatArgument argument = Next(item, args);
+    const FormatArgument argument = nextArgument(item, args);
     Value value;
     value.kind = item.kind;
     switch (item.kind) {

@@ -18,7 +18,7 @@ constinit std::atomic<const corekit::ThreadWindows*> installed = nullptr;
 
 constexpr DWORD startFailed = 0xFFFFFFFF; // from ResumeThread
 
-CWinThread* Begin(CWinThread* thread, int priority, UINT stackBytes, DWORD flags, void* attributes)
+CWinThread* begun(CWinThread* thread, int priority, UINT stackBytes, DWORD flags, void* attributes)
 {
     if (!thread) {
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);
@@ -112,7 +112,7 @@ void CWinThread::Delete()
 CWinThread* AfxBeginThread(AFX_THREADPROC procedure, void* parameter, int priority, UINT stackBytes,
                            DWORD flags, void* attributes)
 {
-    return Begin(new (std::nothrow) CWinThread(procedure, parameter), priority, stackBytes, flags,
+    return begun(new (std::nothrow) CWinThread(procedure, parameter), priority, stackBytes, flags,
                  attributes);
 }
 
@@ -123,7 +123,7 @@ CWinThread* AfxBeginThread(CRuntimeClass* threadClass, int priority, UINT stackB
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    return Begin(static_cast<CWinThread*>(threadClass->CreateObject()), priority, stackBytes, flags,
+    return begun(static_cast<CWinThread*>(threadClass->CreateObject()), priority, stackBytes, flags,
                  attributes);
 }
 

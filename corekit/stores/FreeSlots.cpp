@@ -5,7 +5,7 @@
 
 namespace corekit::detail {
 namespace {
-constexpr std::uint64_t Bit(std::size_t number) { return std::uint64_t{1} << (number % 64); }
+constexpr std::uint64_t bitOf(std::size_t number) { return std::uint64_t{1} << (number % 64); }
 } // namespace
 
 void FreeSlots::Add(std::size_t number)
@@ -13,7 +13,7 @@ void FreeSlots::Add(std::size_t number)
     for (auto& words : m_words) {
         if (words.size() <= number / 64) words.resize(std::max(number / 64 + 1, words.size() * 2));
         const bool known = words[number / 64] != 0;
-        words[number / 64] |= Bit(number);
+        words[number / 64] |= bitOf(number);
         if (known) return;
         number /= 64;
     }
@@ -23,7 +23,7 @@ void FreeSlots::Remove(std::size_t number)
 {
     for (auto& words : m_words) {
         if (words.size() <= number / 64) return;
-        words[number / 64] &= ~Bit(number);
+        words[number / 64] &= ~bitOf(number);
         if (words[number / 64] != 0) return;
         number /= 64;
     }

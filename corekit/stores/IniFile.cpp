@@ -44,7 +44,7 @@ unsigned digit(char c)
 }
 
 // The value of a macro, without its per cent signs.
-std::optional<std::string> Expanded(std::string macro)
+std::optional<std::string> expandedMacro(std::string macro)
 {
     const auto mark = macro.find('!');
     const bool hasForm = mark != std::string::npos && mark > 0;
@@ -217,7 +217,7 @@ int CIniFile::GetMacroString(const char* section, const char* key, CString& valu
         if (sign == std::string::npos) break;
         const auto end = rest.find('%', sign + 1);
         const auto expanded =
-            Expanded(rest.substr(sign + 1, end == std::string::npos ? end : end - sign - 1));
+            expandedMacro(rest.substr(sign + 1, end == std::string::npos ? end : end - sign - 1));
         if (!expanded) return 0;
         value += expanded->c_str();
         rest.erase(0, end == std::string::npos ? end : end + 1);

@@ -23,7 +23,7 @@ using corekit::detail::NamedList;
 using corekit::detail::NameKey;
 using corekit::detail::PropertyStoreBody;
 
-std::string_view Name(const char* name) { return name ? std::string_view(name) : std::string_view(); }
+std::string_view viewOfName(const char* name) { return name ? std::string_view(name) : std::string_view(); }
 
 // Runs an operation, and throws for exhausted memory what the framework throws.
 template <class Operation>
@@ -62,7 +62,7 @@ void appendNames(const NamedList& list, CArray<StringA, const char*>& names)
 }
 
 // Text of a value, whole units only.
-std::u16string_view Units(std::string_view data, std::u16string& aligned)
+std::u16string_view unitsOf(std::string_view data, std::u16string& aligned)
 {
     aligned.resize(data.size() / sizeof(WCHAR));
     std::memcpy(aligned.data(), data.data(), aligned.size() * sizeof(WCHAR));
@@ -73,7 +73,7 @@ template <class Text>
 void narrow(std::string_view data, Text& value)
 {
     std::u16string aligned;
-    value = corekit::detail::NarrowText(Units(data, aligned)).c_str();
+    value = corekit::detail::NarrowText(unitsOf(data, aligned)).c_str();
 }
 
 } // namespace
@@ -302,7 +302,8 @@ void CPropertyStore::SetValue(const char* name, const WCHAR* text)
 
 void CPropertyStore::SetValue(const char* name, const char* text)
 {
-    const std::u16string wide = withMemoryException([&] { return corekit::detail::WideText(Name(text)); });
+    const std::u16string wide =
+        withMemoryException([&] { return corekit::detail::WideText(viewOfName(text)); });
     SetBytes(name, ePSString, wide.data(), wide.size() * sizeof(WCHAR));
 }
 

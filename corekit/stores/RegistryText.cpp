@@ -63,7 +63,7 @@ int hexDigit(char c)
     return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
 }
 
-std::string Quoted(std::string_view utf8)
+std::string quotedText(std::string_view utf8)
 {
     std::string quoted = "\"";
     for (const char c : utf8) {
@@ -176,7 +176,7 @@ std::optional<std::string> plainTexts(const std::string& data)
         const auto part = converted(CP_ACP, CP_UTF8, std::string_view(data).substr(at, end - at));
         if (!part) return std::nullopt;
         line += ' ';
-        line += Quoted(*part);
+        line += quotedText(*part);
         at = end + 1;
     }
     return line;
@@ -235,8 +235,8 @@ void exportKey(HKEY key, const std::string& path, int depth, std::string& text)
     for (const std::string& name : RegistryValueNames(key)) {
         RegistryItem item;
         if (!ReadRegistryItem(key, name.c_str(), item)) continue;
-        text +=
-            Quoted(converted(CP_ACP, CP_UTF8, name).value_or("?")) + " = " + FormatRegistryValue(item) + "\n";
+        text += quotedText(converted(CP_ACP, CP_UTF8, name).value_or("?")) + " = " +
+                FormatRegistryValue(item) + "\n";
     }
     if (depth == deepest) return;
     for (const std::string& name : RegistryKeyNames(key)) {
@@ -285,7 +285,7 @@ std::string FormatRegistryValue(const RegistryItem& item)
 {
     if (item.type == REG_SZ || item.type == REG_EXPAND_SZ) {
         if (const auto text = plainText(item.data))
-            return (item.type == REG_SZ ? "text " : "expand ") + Quoted(*text);
+            return (item.type == REG_SZ ? "text " : "expand ") + quotedText(*text);
     } else if (item.type == REG_MULTI_SZ) {
         if (const auto texts = plainTexts(item.data)) return "texts" + *texts;
     } else if (item.type == REG_DWORD && item.data.size() == 4) {

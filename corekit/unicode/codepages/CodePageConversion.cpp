@@ -37,7 +37,7 @@ const OwnPage* ownPageAt(int index)
 // The room is what is likely enough; where it is not, the length is asked for. Most texts are short: these
 // are written aside, so that the string gets no more than it needs.
 template <class Char, class String, class Convert>
-void Fill(String& out, LONGLONG room, Convert convert)
+void convertInto(String& out, LONGLONG room, Convert convert)
 {
     const auto isShort = [](int written) {
         return written == 0 && GetLastError() == ERROR_INSUFFICIENT_BUFFER;
@@ -87,7 +87,7 @@ void narrowByMachine(UINT page, StringA& out, const WCHAR* text, int length)
         if (!GetCPInfo(page, &info)) return;
         room *= info.MaxCharSize;
     }
-    Fill<char>(out, room, [&](char* to, int size) {
+    convertInto<char>(out, room, [&](char* to, int size) {
         return WideCharToMultiByte(page, 0, text, length, to, size, nullptr, nullptr);
     });
 }
@@ -98,8 +98,9 @@ void widenByMachine(UINT page, StringW& out, const char* text, int length)
     if (length == 0) return;
     const std::string_view all(text, static_cast<std::size_t>(length));
     if (isShortUtf8(page, length) && widenShort(Utf8Forms::proper, all, out)) return;
-    Fill<WCHAR>(out, length,
-                [&](WCHAR* to, int size) { return MultiByteToWideChar(page, 0, text, length, to, size); });
+    convertInto<WCHAR>(out, length, [&](WCHAR* to, int size) {
+        return MultiByteToWideChar(page, 0, text, length, to, size);
+    });
 }
 
 void widenIscii(StringW& out, const char* text, int length)

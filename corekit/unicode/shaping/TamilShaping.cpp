@@ -28,7 +28,7 @@ struct Block {
     GlyphList syllables[kssa + 1][1 + signCount];
 };
 
-constexpr GlyphList Signed(const TamilConsonant& c, const TamilSign& sign)
+constexpr GlyphList withSign(const TamilConsonant& c, const TamilSign& sign)
 {
     if (sign.joined && c.*sign.joined) return {c.*sign.joined};
     return GlyphList().Then(sign.before).Then(c.base).Then(sign.after);
@@ -37,7 +37,8 @@ constexpr GlyphList Signed(const TamilConsonant& c, const TamilSign& sign)
 constexpr void addConsonant(Block& block, int row, const TamilConsonant& c)
 {
     block.syllables[row][alone] = {c.base};
-    for (int sign = 0; sign < signCount; ++sign) block.syllables[row][1 + sign] = Signed(c, tamilSigns[sign]);
+    for (int sign = 0; sign < signCount; ++sign)
+        block.syllables[row][1 + sign] = withSign(c, tamilSigns[sign]);
 }
 
 constexpr Block makeBlock()

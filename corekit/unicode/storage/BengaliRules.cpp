@@ -78,7 +78,7 @@ std::u16string codesOf(std::string_view numbers)
 }
 
 // Letters and signs that others write too.
-bool IsPlain(std::u16string_view text)
+bool isCommonText(std::u16string_view text)
 {
     constexpr std::u16string_view privateLetters = u"\u09A9\u09B1\u09D3";
     const auto isPlain = [&](char16_t c) {
@@ -88,14 +88,14 @@ bool IsPlain(std::u16string_view text)
     return text.back() != virama && isConsonant(text[0]) && std::ranges::all_of(text, isPlain);
 }
 
-const PieceList& Clusters()
+const PieceList& allClusters()
 {
     static const PieceList clusters = [] {
         PieceList list;
         const auto add = [&list](const auto& rows) {
             for (const BengaliRow& row : rows) {
                 const std::u16string text = codesOf(row.codes);
-                if (IsPlain(text) && row.advance == static_cast<int>(text.size()))
+                if (isCommonText(text) && row.advance == static_cast<int>(text.size()))
                     list.Add({text, codesOf(row.glyphs)});
             }
         };
@@ -157,7 +157,7 @@ bool readCluster(const std::u16string& text, std::size_t& at, std::size_t end, S
         std::size_t yas = 0;
         while (rest.substr(yas * 2).starts_with(yaText)) ++yas;
         if (rest.size() != yas * 2) continue;
-        syllable.cluster = Clusters().OfText(std::u16string_view(text).substr(at, behind - at));
+        syllable.cluster = allClusters().OfText(std::u16string_view(text).substr(at, behind - at));
         if (!syllable.cluster) continue;
         syllable.yaPhalas = static_cast<int>(yas);
         at = std::max(behind, end);
@@ -211,7 +211,7 @@ std::u16string codesOf(const Syllable& syllable, bool beginsWord)
     return codes;
 }
 
-bool IsFront(char16_t code)
+bool standsInFront(char16_t code)
 {
     const auto isFront = [code](const SignGlyphs& s) { return code == s.front || code == s.frontOfWord; };
     return code != 0 && std::ranges::any_of(signs, isFront);
@@ -232,7 +232,8 @@ const SignGlyphs* signOf(char16_t front, char16_t behind)
 
 std::size_t storeBengaliSyllable(std::u16string_view text, std::u16string& stored)
 {
-    if (text.size() < 3 || (!stored.empty() && (stored.back() == virama || IsFront(stored.back())))) return 0;
+    if (text.size() < 3 || (!stored.empty() && (stored.back() == virama || standsInFront(stored.back()))))
+        return 0;
     const bool mayBeOwn = text[1] == virama || text[1] == joiner;
     Syllable syllable;
     if (!mayBeOwn || !readSyllable(text, syllable)) return 0;
@@ -251,10 +252,10 @@ std::size_t storeBengaliSyllable(std::u16string_view text, std::u16string& store
 
 std::size_t restoreBengaliSyllable(std::u16string_view codes, std::u16string& text)
 {
-    const char16_t front = IsFront(codes[0]) ? codes[0] : u'\0';
+    const char16_t front = standsInFront(codes[0]) ? codes[0] : u'\0';
     std::size_t at = front != 0;
     const auto is = [&](char16_t code) { return at < codes.size() && codes[at] == code; };
-    const Piece* const cluster = Clusters().AtCodes(codes.substr(at));
+    const Piece* const cluster = allClusters().AtCodes(codes.substr(at));
     if (!cluster) return 0;
     at += cluster->codes.size();
     const bool hasReph = at < codes.size() && isReph(codes[at]);

@@ -30,7 +30,7 @@ bool isComposed(std::u16string_view text)
     return std::ranges::all_of(text, [](char16_t c) { return c < 0x300; });
 }
 
-std::u16string Composed(std::u16string_view text)
+std::u16string composedText(std::u16string_view text)
 {
     if (isComposed(text) || text.size() > INT_MAX / 3) return std::u16string(text);
     const int length = static_cast<int>(text.size());
@@ -97,8 +97,8 @@ std::u16string rewritten(std::u16string_view text, Rule rule)
 
 StoredText ToStoredText(const WCHAR* text, int length, LANGID)
 {
-    std::u16string plain = Composed(viewOf(text, length));
-    if (mergeYehHamza(plain)) plain = Composed(plain);
+    std::u16string plain = composedText(viewOf(text, length));
+    if (mergeYehHamza(plain)) plain = composedText(plain);
     return stringOf(rewritten(plain, storeOne));
 }
 
@@ -109,5 +109,5 @@ StringW ToPlainText(const WCHAR* stored, int length, LANGID language)
     const auto restore = [letters](std::u16string_view from, std::size_t at, std::u16string& out) {
         return restoreOne(from, at, letters, out);
     };
-    return stringOf(Composed(rewritten(text, restore)));
+    return stringOf(composedText(rewritten(text, restore)));
 }

@@ -10,7 +10,7 @@ void hear(UINT charSet, HKL layout)
     if (manager->GetKeyboardCount() > 0) manager->HandleInputLangChange(charSet, layout);
 }
 
-[[gnu::constructor]] void Listen() { corekit::detail::setLayoutListener(&hear); }
+[[gnu::constructor]] void startListening() { corekit::detail::setLayoutListener(&hear); }
 [[gnu::destructor]] void stopListening() { corekit::detail::setLayoutListener(nullptr); }
 
 } // namespace

@@ -43,7 +43,7 @@ constexpr UINT lookMilliseconds = 400;
 constexpr UINT noTopLeft = SWP_NOZORDER | SWP_NOACTIVATE;
 constexpr int sizingFirst = 10, sizingLast = 17; // hit codes of a frame's sides and corners
 
-AppBarScreen Screen()
+AppBarScreen wholeScreen()
 {
     AppBarScreen screen;
     screen.size = CSize(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
@@ -169,7 +169,10 @@ void CAppBar::MimicState(DWORD changed, DWORD state)
 
 // ---- Geometry
 
-UINT CAppBar::GetEdgeFromPoint(DWORD flags, CPoint point) { return edgeFromPoint(flags, point, Screen()); }
+UINT CAppBar::GetEdgeFromPoint(DWORD flags, CPoint point)
+{
+    return edgeFromPoint(flags, point, wholeScreen());
+}
 
 UINT CAppBar::CalcProposedState(const CPoint& point) const
 {
@@ -180,7 +183,7 @@ UINT CAppBar::CalcProposedState(const CPoint& point) const
 void CAppBar::GetRect(UINT state, CRect* rect)
 {
     if (state > ABE_BOTTOM) return;
-    *rect = CRect(CPoint(0, 0), Screen().size);
+    *rect = CRect(CPoint(0, 0), wholeScreen().size);
     if (!m_state.fAutohide) SHAppBarMessage(ABM_QUERYPOS, state, 0, rect);
     *rect = dockedRect(state, *rect, m_state.auDimsDock[state]);
 }
@@ -188,7 +191,7 @@ void CAppBar::GetRect(UINT state, CRect* rect)
 int CAppBar::AdjustLocationForAutohide(int show, CRect* rect) const
 {
     if (!m_state.fAutohide) return 0;
-    return moveForAutohide(GetState(), show ? AppBarShow::shown : AppBarShow::hidden, Screen(), *rect);
+    return moveForAutohide(GetState(), show ? AppBarShow::shown : AppBarShow::hidden, wholeScreen(), *rect);
 }
 
 void CAppBar::ShowHiddenAppBar(int show)

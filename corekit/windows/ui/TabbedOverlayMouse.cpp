@@ -40,7 +40,7 @@ HCURSOR tabCursor(DWORD effect)
     return LoadCursorA(nullptr, MAKEINTRESOURCEA(static_cast<WORD>(id)));
 }
 
-DWORD Milliseconds()
+DWORD millisecondsNow()
 {
     using namespace std::chrono;
     return static_cast<DWORD>(duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
@@ -277,7 +277,7 @@ void CTabbedOverlayWnd::EnableDragFocusSelect(int enable)
 
 DROPEFFECT CTabbedOverlayWnd::DropTarget::WaitOver(int tab, CPoint point)
 {
-    m_hover.Enter(tab, point, Milliseconds());
+    m_hover.Enter(tab, point, millisecondsNow());
     return tab < 0 ? DROPEFFECT_NONE : dragAtWork;
 }
 
@@ -289,7 +289,7 @@ DROPEFFECT CTabbedOverlayWnd::DropTarget::OnDragEnter(CWnd*, COleDataObject*, DW
 DROPEFFECT CTabbedOverlayWnd::DropTarget::OnDragOver(CWnd*, COleDataObject*, DWORD, CPoint point)
 {
     if (m_hover.IsWaitingAt(point)) {
-        if (const int due = m_hover.Due(Milliseconds()); m_overlay.Has(due)) m_overlay.SetActivePane(due);
+        if (const int due = m_hover.Due(millisecondsNow()); m_overlay.Has(due)) m_overlay.SetActivePane(due);
         return dragAtWork;
     }
     const int tab = m_overlay.HitTestTab(point);

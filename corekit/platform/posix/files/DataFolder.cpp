@@ -21,7 +21,7 @@ std::string homeFolder()
     return corekit::detail::currentAccount().home;
 }
 
-std::string Above(const std::string& path)
+std::string folderAbove(const std::string& path)
 {
     const auto end = path.find_last_not_of('/');
     const auto slash = end == std::string::npos ? end : path.rfind('/', end);
@@ -46,7 +46,7 @@ bool MayWrite(const std::string& path)
     std::string place = path;
     while (faccessat(AT_FDCWD, place.c_str(), F_OK, AT_EACCESS) != 0) {
         if (errno != ENOENT || place == "/" || place == ".") return false;
-        place = Above(place);
+        place = folderAbove(place);
     }
     return faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) == 0;
 }
@@ -61,7 +61,7 @@ bool makeFolder(const std::string& path)
         return S_ISDIR(status.st_mode);
     }
     if (errno != ENOENT || path.empty()) return false;
-    if (const std::string above = Above(path); above != path && !makeFolder(above)) return false;
+    if (const std::string above = folderAbove(path); above != path && !makeFolder(above)) return false;
     return mkdir(path.c_str(), isOfSystem(path) ? 0755 : 0700) == 0 || errno == EEXIST;
 }
 

@@ -9,7 +9,7 @@ constexpr std::u16string_view form = u"{00000000-0000-0000-0000-000000000000}";
 // The order in which the bytes of the structure stand in the text.
 constexpr std::array<int, 16> byteOrder = {3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
 
-int Digit(WCHAR c)
+int digitOf(WCHAR c)
 {
     if (c >= u'0' && c <= u'9') return c - u'0';
     if (c >= u'A' && c <= u'F') return c - u'A' + 10;
@@ -29,7 +29,7 @@ HRESULT CLSIDFromString(const WCHAR* text, GUID* guid)
             if (text[i] != form[i]) return CO_E_CLASSSTRING;
             continue;
         }
-        const int value = Digit(text[i]);
+        const int value = digitOf(text[i]);
         if (value < 0) return CO_E_CLASSSTRING;
         BYTE& byte = bytes[static_cast<std::size_t>(byteOrder[digit++ / 2])];
         byte = static_cast<BYTE>(byte << 4 | value);

@@ -25,7 +25,7 @@ std::string storedName(std::string_view narrow, std::size_t longest)
 }
 
 // 100-nanosecond steps since 1601.
-std::int64_t Now()
+std::int64_t timeNow()
 {
     using Ticks = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
     const auto since1970 = std::chrono::system_clock::now().time_since_epoch();
@@ -43,7 +43,7 @@ std::string_view nextName(std::string_view& path)
     return name;
 }
 
-std::vector<std::weak_ptr<corekit::detail::RegistryStore>>& Stores()
+std::vector<std::weak_ptr<corekit::detail::RegistryStore>>& openStores()
 {
     static auto* stores = new std::vector<std::weak_ptr<corekit::detail::RegistryStore>>;
     return *stores;
@@ -59,14 +59,14 @@ std::shared_ptr<RegistryStore> RegistryStore::Current()
     const std::string path = DataFolder() + "/registry.db";
     if (*current && (*current)->m_path == path && (*current)->IsThere()) return *current;
     *current = std::make_shared<RegistryStore>(path);
-    std::erase_if(Stores(), [](const auto& store) { return store.expired(); });
-    Stores().push_back(*current);
+    std::erase_if(openStores(), [](const auto& store) { return store.expired(); });
+    openStores().push_back(*current);
     return *current;
 }
 
 void RegistryStore::DisconnectAll()
 {
-    for (const auto& weak : Stores()) {
+    for (const auto& weak : openStores()) {
         const auto store = weak.lock();
         if (!store) continue;
         store->m_database.reset();
@@ -198,11 +198,11 @@ RegistryStore::Key RegistryStore::Make(Key parent, std::string_view name, std::i
     const std::string storedClass = storedName(className, longestKeyName);
     m_database->insertKey.Bind(1, parent).BindText(2, folded).BindText(3, stored).BindText(4, storedClass);
     m_database->insertKey.Bind(5, depth)
-        .Bind(6, Now())
+        .Bind(6, timeNow())
         .BindText(7, isVolatile ? bootId() : std::string_view())
         .Run();
     const Key key = m_database->LastRow();
-    m_database->touchKey.Bind(1, parent).Bind(2, Now()).Run();
+    m_database->touchKey.Bind(1, parent).Bind(2, timeNow()).Run();
     return key;
 }
 
@@ -212,7 +212,7 @@ void RegistryStore::Delete(Key key)
     RegistryDatabase& database = Writer();
     RegistryDatabase::Transaction transaction(database);
     if (SqliteRow(database.childOf.Bind(1, key))) throw RegistryError{ERROR_ACCESS_DENIED};
-    database.touchParent.Bind(1, key).Bind(2, Now()).Run();
+    database.touchParent.Bind(1, key).Bind(2, timeNow()).Run();
     database.deleteValues.Bind(1, key).Run();
     database.deleteKey.Bind(1, key).Run();
     if (database.RowsChanged() == 0) throw RegistryError{ERROR_KEY_DELETED};
@@ -248,7 +248,7 @@ void RegistryStore::SetValue(Key key, std::string_view name, DWORD type, std::st
     const auto text = isText(type) ? narrowToUtf8(data) : std::nullopt;
     RegistryDatabase& database = Writer();
     RegistryDatabase::Transaction transaction(database);
-    database.touchKey.Bind(1, key).Bind(2, Now()).Run();
+    database.touchKey.Bind(1, key).Bind(2, timeNow()).Run();
     if (database.RowsChanged() == 0) throw RegistryError{ERROR_KEY_DELETED};
     SqliteStatement& insert = database.insertValue;
     insert.Bind(1, key).BindText(2, folded).BindText(3, stored).Bind(4, type);
@@ -261,7 +261,7 @@ bool RegistryStore::DeleteValue(Key key, std::string_view name)
     const std::string folded = foldName(storedName(name, longestValueName));
     RegistryDatabase& database = Writer();
     RegistryDatabase::Transaction transaction(database);
-    database.touchKey.Bind(1, key).Bind(2, Now()).Run();
+    database.touchKey.Bind(1, key).Bind(2, timeNow()).Run();
     if (database.RowsChanged() == 0) throw RegistryError{ERROR_KEY_DELETED};
     database.deleteValue.Bind(1, key).BindText(2, folded).Run();
     if (database.RowsChanged() == 0) return false;

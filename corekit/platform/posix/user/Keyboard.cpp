@@ -66,7 +66,7 @@ constexpr ScanName plainNames[] = {
     {0x6C, "F21"},   {0x6D, "F22"},   {0x6E, "F23"},       {0x76, "F24"},
 };
 
-const char* Find(const auto& names, BYTE scanCode)
+const char* findName(const auto& names, BYTE scanCode)
 {
     const auto found = std::ranges::lower_bound(names, scanCode, {}, &ScanName::scanCode);
     return found != std::end(names) && found->scanCode == scanCode ? found->name : nullptr;
@@ -85,8 +85,8 @@ int GetKeyNameTextA(LONG param, char* buffer, int size)
 {
     if (!buffer || size <= 0) return 0;
     const auto scanCode = static_cast<BYTE>(param >> 16);
-    const char* name = param & 1 << 24 ? Find(extendedNames, scanCode) : nullptr;
-    if (!name) name = Find(plainNames, scanCode);
+    const char* name = param & 1 << 24 ? findName(extendedNames, scanCode) : nullptr;
+    if (!name) name = findName(plainNames, scanCode);
     const std::size_t length = name ? std::min(std::strlen(name), static_cast<std::size_t>(size - 1)) : 0;
     if (length > 0) std::memcpy(buffer, name, length);
     buffer[length] = '\0';

@@ -289,7 +289,7 @@ Bytes names(const TrueTypeFile& file)
     return b;
 }
 
-Bytes PostScript(const TrueTypeFile& file)
+Bytes postTable(const TrueTypeFile& file)
 {
     Bytes b;
     b.U32(0x00030000); // no names of glyphs
@@ -372,7 +372,7 @@ std::vector<BYTE> TrueTypeFile::Write() const
         {"OS/2", os2(*this)},          {"cmap", characterMap(*this)},        {"glyf", std::move(t.outlines)},
         {"head", Head(*this, t.box)},  {"hhea", horizontalHeader(*this, t)}, {"hmtx", std::move(t.widths)},
         {"loca", std::move(t.places)}, {"maxp", profile(*this, t)},          {"name", names(*this)},
-        {"post", PostScript(*this)}};
+        {"post", postTable(*this)}};
     if (!pairs.empty()) // tables stand by their tags
         tables.insert(std::ranges::find(tables, std::string_view("loca"), &Table::tag),
                       {"kern", kerning(pairs)});

@@ -32,7 +32,7 @@ bool takesSign(char16_t c)
     }
 }
 
-std::optional<std::u16string_view> Find(WPARAM key, KeyState state)
+std::optional<std::u16string_view> findTyped(WPARAM key, KeyState state)
 {
     if (afterConsonant)
         if (const auto other = devanagariAfterConsonant.Find(key, state)) return other;
@@ -56,7 +56,7 @@ int KBT_Devanagari::TranslateKey(MSG* message)
     if (pressed == VK_SHIFT || pressed == VK_CONTROL || pressed == VK_MENU) return 0;
     const WPARAM key = m_alternate ? exchanged(pressed) : pressed;
     const KeyState state = IsDown(VK_SHIFT) ? KeyState::shift : KeyState::plain;
-    const auto typed = key == 'Y' && m_alternate ? devanagari.Find(key, state) : Find(key, state);
+    const auto typed = key == 'Y' && m_alternate ? devanagari.Find(key, state) : findTyped(key, state);
     if (!typed) {
         afterConsonant = false;
         return 0;
