@@ -61,10 +61,15 @@ END_MESSAGE_MAP()
 
 class App : public CTrayIconApp {
 public:
-    int OnTrayStart() override { return starts; }
+    int OnTrayStart() override
+    {
+        if (early) AddIcon(early, 1);
+        return starts;
+    }
     void OnTrayExit() override { ++exits; }
 
     int starts = 1, exits = 0;
+    CTrayIcon* early = nullptr;
 };
 
 class Tray : public testing::Test {
@@ -157,9 +162,13 @@ TEST_F(Tray, WithoutATrayNothingIsShown)
 
 TEST_F(Tray, AStartThatFailsEndsTheProgram)
 {
+    NotingIcon icon(log, 'a');
+    app.early = &icon;
     app.starts = 0;
     EXPECT_FALSE(app.InitInstance());
-    app.Shutdown();
+    EXPECT_EQ(log, "a shutdown|");
+    EXPECT_EQ(app.GetIcon(0), nullptr);
+    EXPECT_EQ(app.m_pMainWnd, nullptr);
 }
 
 TEST(TrayTip, LongTextsEndInDots)

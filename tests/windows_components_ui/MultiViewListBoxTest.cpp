@@ -117,7 +117,10 @@ TEST_F(MultiView, AsksOnceForTextsAndPictures)
 {
     Open(eMVLBMode_Grid);
     RunWaiting();
+    clips.GetDlgItem(0x1001)->Invalidate();
+    RunWaiting();
     EXPECT_EQ(clips.texts, 4);
+    EXPECT_EQ(clips.pictures, 4) << "of two that there are";
     clips.SetViewMode(eMVLBMode_List);
     RunWaiting();
     EXPECT_EQ(clips.texts, 4);

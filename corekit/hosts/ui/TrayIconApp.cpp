@@ -47,7 +47,9 @@ BOOL CTrayIconApp::InitInstance()
         return FALSE;
     }
     m_pMainWnd = window;
-    return OnTrayStart() != 0;
+    if (OnTrayStart()) return TRUE;
+    Shutdown(); // of the icons that were shown until then
+    return FALSE;
 }
 
 int CTrayIconApp::ExitInstance()

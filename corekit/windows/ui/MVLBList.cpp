@@ -76,10 +76,10 @@ const CDib* CMVLBList::Picture(MVLBItem& item)
 {
     if (!item.picture) {
         auto picture = std::make_unique<CDib>();
-        if (m_owner.GetItemPicture(item.id, *picture) && picture->IsValid())
-            item.picture = std::move(picture);
+        if (!m_owner.GetItemPicture(item.id, *picture)) picture->Empty();
+        item.picture = std::move(picture); // also when it is none, so that it is asked for once
     }
-    return item.picture.get();
+    return item.picture->IsValid() ? item.picture.get() : nullptr;
 }
 
 int CMVLBList::CompareItem(COMPAREITEMSTRUCT* compare)
