@@ -9,12 +9,6 @@ KNOWN = [
     "framework/ui: Document FrameWnd View",
     "framework/ui: SafeHandle Wnd",
     "framework/ui: ControlBar DockBar DockContext MiniDockFrameWnd",
-    "commands/ui: AXPropertyPage AXPropertySheet",
-    "commands/ui: CommandList DLG_NewToolbar IntelliToolBar PPage_CustomiseKeyboard PPage_CustomiseToolbars",
-    "hosts/ui: TrayAppWnd TrayIcon TrayIconApp",
-    "windows/ui: MVLBHeader MVLBList MultiViewListBox",
-    "platform/posix/handles: Dispatcher HandleTable ObjectNames Waiter",
-    "platform/posix/ports: CompletionQueue IoChannel PlacedTransfer",
 ]
 
 

@@ -1,7 +1,5 @@
 #include "corekit/commands/ui/AXPropertyPage.h"
 
-#include "corekit/commands/ui/AXPropertySheet.h"
-
 IMPLEMENT_DYNAMIC(CAXPropertyPage, CPropertyPage)
 
 CAXPropertyPage::CAXPropertyPage(UINT templateId, UINT captionId) : CPropertyPage(templateId, captionId) {}
@@ -10,6 +8,14 @@ CAXPropertyPage::CAXPropertyPage(const char* templateName, UINT captionId)
 {
 }
 CAXPropertyPage::~CAXPropertyPage() = default;
+
+// The page knows its sheet, so what makes one of the other's pages one of these stands here.
+CAXPropertyPage* CAXPropertySheet::GetPageEx(int index) const
+{
+    CPropertyPage* const page = GetPage(index);
+    return page && page->IsKindOf(RUNTIME_CLASS(CAXPropertyPage)) ? static_cast<CAXPropertyPage*>(page)
+                                                                  : nullptr;
+}
 
 CAXPropertySheet* CAXPropertyPage::GetSheet() const
 {

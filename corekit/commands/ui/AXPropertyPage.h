@@ -4,11 +4,10 @@
 // and the controls. It calls SetModified(1) when the user has changed something.
 #pragma once
 
+#include "corekit/commands/ui/AXPropertySheet.h"
 #include "corekit/framework/ui/PropertyPage.h"
 
-class CAXPropertySheet;
-
-class COREKIT_API CAXPropertyPage : public CPropertyPage {
+class COREKIT_API CAXPropertyPage : public CPropertyPage, public corekit::detail::CommittingPage {
     DECLARE_DYNAMIC(CAXPropertyPage)
 public:
     explicit CAXPropertyPage(UINT templateId, UINT captionId = 0);
@@ -16,7 +15,7 @@ public:
     ~CAXPropertyPage() override;
 
     virtual void LoadPage() = 0;       // fills the variables, once, before they go to the controls
-    virtual int CommitPage() = 0;      // stores the variables; 0 refuses
+    int CommitPage() override = 0;     // stores the variables; 0 refuses
     virtual void UpdateControls() = 0; // enabled states and the like, from the variables
 
     virtual long WizardPreviousPage();

@@ -1,6 +1,5 @@
 #include "corekit/commands/ui/AXPropertySheet.h"
 
-#include "corekit/commands/ui/AXPropertyPage.h"
 #include "corekit/platform/Tabs.h"
 
 IMPLEMENT_DYNAMIC(CAXPropertySheet, CPropertySheet)
@@ -56,19 +55,13 @@ void CAXPropertySheet::SetCancelState(int enabled)
     }
 }
 
-CAXPropertyPage* CAXPropertySheet::GetPageEx(int index) const
-{
-    CPropertyPage* const page = GetPage(index);
-    return page && page->IsKindOf(RUNTIME_CLASS(CAXPropertyPage)) ? static_cast<CAXPropertyPage*>(page)
-                                                                  : nullptr;
-}
-
 CAXPropertyPage* CAXPropertySheet::GetActivePageEx() const { return GetPageEx(GetActiveIndex()); }
 
 CAXPropertyPage* CAXPropertySheet::FindPageEx(CRuntimeClass* pageClass) const
 {
     for (int k = 0; k < GetPageCount(); ++k)
-        if (CAXPropertyPage* const page = GetPageEx(k); page && page->IsKindOf(pageClass)) return page;
+        if (GetPage(k)->IsKindOf(pageClass))
+            if (CAXPropertyPage* const page = GetPageEx(k)) return page;
     return nullptr;
 }
 
@@ -92,9 +85,11 @@ void CAXPropertySheet::RemoveAllPages()
 
 int CAXPropertySheet::CommitAllPages()
 {
-    for (int k = 0; k < GetPageCount(); ++k)
-        if (CAXPropertyPage* const page = GetPageEx(k); page && page->GetSafeHwnd() && !page->CommitPage())
-            return 0;
+    for (int k = 0; k < GetPageCount(); ++k) {
+        CPropertyPage* const page = GetPage(k);
+        auto* const commits = dynamic_cast<corekit::detail::CommittingPage*>(page);
+        if (commits && page->GetSafeHwnd() && !commits->CommitPage()) return 0;
+    }
     return 1;
 }
 

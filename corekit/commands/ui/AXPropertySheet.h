@@ -8,6 +8,17 @@
 
 class CAXPropertyPage;
 
+namespace corekit::detail {
+// A page as its sheet sees it.
+class COREKIT_API CommittingPage {
+public:
+    virtual int CommitPage() = 0; // stores what the page holds; 0 refuses
+
+protected:
+    ~CommittingPage() = default;
+};
+} // namespace corekit::detail
+
 class COREKIT_API CAXPropertySheet : public CPropertySheet {
     DECLARE_DYNAMIC(CAXPropertySheet)
 public:

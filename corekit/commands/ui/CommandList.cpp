@@ -1,13 +1,6 @@
 #include "corekit/commands/ui/CommandList.h"
 
-#include "corekit/commands/ui/AXPropertySheet.h"
-#include "corekit/commands/ui/IntelliToolBar.h"
-#include "corekit/commands/ui/PPage_CustomiseKeyboard.h"
-#include "corekit/commands/ui/PPage_CustomiseToolbars.h"
-#include "corekit/commands/ui/PPage_MacroToolbar.h"
 #include "corekit/foundation/AcceleratorResource.h"
-#include "corekit/framework/ui/FrameWnd.h"
-#include "corekit/resources/Messages.h"
 
 #include <algorithm>
 #include <utility>
@@ -32,7 +25,12 @@ std::vector<ACCEL> loadKeys(UINT tableId)
 
 CCommandList& GetCommandList()
 {
-    static CCommandList list;
+    // The one in which tool bars look.
+    struct OwnList final : CCommandList {
+        OwnList() { setToolBarCommands(this); }
+        ~OwnList() override { setToolBarCommands(nullptr); }
+    };
+    static OwnList list;
     return list;
 }
 
@@ -126,25 +124,6 @@ void CCommandList::GetDefaultAccelTableByIndex(int index, AccelArray& entries) c
 {
     if (index >= 0 && index < GetRegisteredAccelTableSize())
         GetDefaultAccelTable(static_cast<int>(m_tables[static_cast<std::size_t>(index)].id), entries);
-}
-
-int CCommandList::Configure(CFrameWnd* frame, UINT tableId, CPropertyStore* keyStore,
-                            CPropertyStore* macroStore, CPropertyStore* macroListA,
-                            CPropertyStore* macroListB, int* changed, int* showToolbar)
-{
-    const auto table = std::ranges::find(m_tables, tableId, &KeyTable::id);
-    if (table == m_tables.end()) return 0;
-    CAXPropertySheet sheet(static_cast<UINT>(message::customiseTitle), frame);
-    sheet.SetAutoDeleteMode(1);
-    sheet.AddPage(new PPage_CustomiseToolbars(frame, *this));
-    sheet.AddPage(new PPage_CustomiseKeyboard(*this, table->name));
-    if (macroStore)
-        sheet.AddPage(
-            new PPage_MacroToolbar(frame, macroStore, macroListA, macroListB, changed, showToolbar));
-    if (sheet.DoModal() != IDOK) return 0;
-    SaveAcceleratorTables(keyStore);
-    RebuildAcceleratorTables();
-    return 1;
 }
 
 void CCommandList::RebuildAcceleratorTables()

@@ -13,6 +13,7 @@
 
 #include "corekit/commands/CmdItem.h"
 #include "corekit/commands/KeyTables.h"
+#include "corekit/commands/ui/IntelliToolBar.h"
 #include "corekit/framework/Array.h"
 #include "corekit/framework/Object.h"
 #include "corekit/platform/Accelerators.h"
@@ -21,12 +22,10 @@
 #include <vector>
 
 class CFrameWnd;
-class CIntelliToolBar;
 class CPropertyStore;
 class CRect;
-using CUIntArray = CArray<UINT, UINT>;
 
-class COREKIT_API CCommandList : public CObject {
+class COREKIT_API CCommandList : public CObject, public corekit::detail::ToolBarCommands {
     DECLARE_DYNAMIC(CCommandList)
 public:
     using AccelArray = CArray<tagACCEL, tagACCEL&>;
@@ -39,7 +38,7 @@ public:
     void RegisterCommand(UINT command, UINT smallBitmap, UINT largeBitmap, UINT imageIndex,
                          const char* category, const char* name);
     // 1 and a copy of the item, or 0.
-    int GetItemByCommand(UINT command, CCmdItem& item) const;
+    int GetItemByCommand(UINT command, CCmdItem& item) const override;
 
     // ---- Keys. Tables are resources: one with the default keys, one with keys that nobody can change.
     void RegisterAcceleratorTable(const char* name, UINT tableId, UINT fixedTableId);
@@ -71,7 +70,7 @@ public:
     // ---- Toolbars of the program, not owned; one whose window goes leaves the list.
     // Nothing happens for a bar, or the id of a bar, that is listed already.
     void AddToolbar(CIntelliToolBar* toolbar);
-    void RemoveToolbar(const CIntelliToolBar* toolbar);
+    void RemoveToolbar(const CIntelliToolBar* toolbar) override;
     int GetToolbarCount() const { return static_cast<int>(m_toolbars.size()); }
     CIntelliToolBar* GetToolbarByIndex(int index) const; // null out of range
     void DestroyAllToolbars();                           // from the last to the first

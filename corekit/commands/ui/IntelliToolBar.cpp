@@ -1,6 +1,6 @@
 #include "corekit/commands/ui/IntelliToolBar.h"
 
-#include "corekit/commands/ui/CommandList.h"
+#include "corekit/commands/CmdItem.h"
 #include "corekit/foundation/ui/BitmapResource.h"
 #include "corekit/framework/ui/FrameWnd.h"
 #include "corekit/framework/ui/GdiObject.h"
@@ -23,12 +23,18 @@ namespace {
 constexpr CSize smallPicture(16, 15), smallButton(24, 22);
 constexpr int roomRoundLarge = 16;
 
+constinit corekit::detail::ToolBarCommands* source = nullptr;
+
+bool FindItem(UINT command, CCmdItem& item) { return source && source->GetItemByCommand(command, item); }
+
 UINT BitmapOf(const CCmdItem& item)
 {
     return CIntelliToolBar::UsingLargeButtons() ? item.m_nLargeBitmap : item.m_nSmallBitmap;
 }
 
 } // namespace
+
+void corekit::detail::setToolBarCommands(ToolBarCommands* commands) { source = commands; }
 
 void CIntelliToolBar::EnableLargeButtons(int enable, const CSize* size)
 {
@@ -71,7 +77,7 @@ int CIntelliToolBar::InsertButton(int index, UINT command)
     TBBUTTON button{0, 0, TBSTATE_ENABLED, TBSTYLE_SEP};
     if (command) {
         CCmdItem item;
-        if (!GetCommandList().GetItemByCommand(command, item)) return 0;
+        if (!FindItem(command, item)) return 0;
         const UINT bitmap = BitmapOf(item);
         if (!IsBitmapInstalled(bitmap) && !InstallBitmap(bitmap)) return 0;
         button = {static_cast<int>(item.m_nImageIndex) + GetBitmapImageStart(bitmap),
@@ -98,8 +104,7 @@ void CIntelliToolBar::ToggleButtonSize()
         TBBUTTON button{};
         GetButton(i, &button);
         CCmdItem item;
-        const bool hasItem =
-            button.idCommand && GetCommandList().GetItemByCommand(static_cast<UINT>(button.idCommand), item);
+        const bool hasItem = button.idCommand && FindItem(static_cast<UINT>(button.idCommand), item);
         const UINT bitmap = hasItem ? BitmapOf(item) : 0;
         if (hasItem && !IsBitmapInstalled(bitmap) && !InstallBitmap(bitmap)) break;
         SetButtonSize(m_bLargeButtons ? large + CSize(roomRoundLarge, roomRoundLarge) : smallButton);
@@ -163,6 +168,6 @@ void CIntelliToolBar::OnLButtonDblClk(UINT flags, CPoint point)
 void CIntelliToolBar::PostNcDestroy()
 {
     CToolBar::PostNcDestroy();
-    GetCommandList().RemoveToolbar(this);
+    if (source) source->RemoveToolbar(this);
     delete this;
 }

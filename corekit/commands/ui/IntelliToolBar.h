@@ -8,7 +8,25 @@
 #include "corekit/framework/Array.h"
 #include "corekit/framework/ui/ToolBar.h"
 
+class CCmdItem;
+class CIntelliToolBar;
 using CUIntArray = CArray<UINT, UINT>;
+
+namespace corekit::detail {
+
+// Where tool bars find the commands of their buttons, and say that they go.
+class COREKIT_API ToolBarCommands {
+public:
+    virtual int GetItemByCommand(UINT command, CCmdItem& item) const = 0;
+    virtual void RemoveToolbar(const CIntelliToolBar* toolbar) = 0;
+
+protected:
+    ~ToolBarCommands() = default;
+};
+// The program's; null: no command is known. Not owned.
+void setToolBarCommands(ToolBarCommands* commands);
+
+} // namespace corekit::detail
 
 class COREKIT_API CIntelliToolBar : public CToolBar {
     DECLARE_DYNAMIC(CIntelliToolBar)

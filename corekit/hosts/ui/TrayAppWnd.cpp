@@ -1,7 +1,5 @@
 #include "corekit/hosts/ui/TrayAppWnd.h"
 
-#include "corekit/hosts/ui/TrayIconApp.h"
-
 #include <algorithm>
 
 IMPLEMENT_DYNAMIC(CTrayAppWnd, CWnd)
@@ -17,12 +15,6 @@ END_MESSAGE_MAP()
 namespace {
 
 constexpr UINT firstRegistered = 0xC000, lastRegistered = 0xFFFF;
-
-CTrayIconApp* TrayApp()
-{
-    CWinApp* const app = AfxGetApp();
-    return app && app->IsKindOf(RUNTIME_CLASS(CTrayIconApp)) ? static_cast<CTrayIconApp*>(app) : nullptr;
-}
 
 } // namespace
 
@@ -51,30 +43,17 @@ void CTrayAppWnd::KillTimer(int timerId)
 
 LRESULT CTrayAppWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    CTrayIconApp* const app = TrayApp();
     const bool isOthers =
         message >= firstRegistered && message <= lastRegistered && message != trayIconMessage;
     long result = 0;
-    if (app && isOthers &&
-        app->DispatchRegisteredMessage(message, static_cast<unsigned int>(wParam), lParam, result))
-        return result;
+    if (isOthers && OnRegistered(message, wParam, lParam, result)) return result;
     return CWnd::WindowProc(message, wParam, lParam);
 }
 
 LRESULT CTrayAppWnd::OnTrayMessage(WPARAM icon, LPARAM mouseMessage)
 {
-    if (CTrayIconApp* const app = TrayApp()) app->OnIconMessage(icon, static_cast<long>(mouseMessage));
+    OnIcon(icon, static_cast<long>(mouseMessage));
     return 0;
 }
 
-void CTrayAppWnd::OnTimer(UINT_PTR timerId)
-{
-    if (CTrayIconApp* const app = TrayApp()) app->FireTimer(static_cast<int>(timerId));
-}
-
-BOOL CTrayAppWnd::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* info)
-{
-    if (CCmdTarget::OnCmdMsg(id, code, extra, info)) return TRUE;
-    CTrayIconApp* const app = TrayApp();
-    return app && app->OnCmdMsg(id, code, extra, info);
-}
+void CTrayAppWnd::OnTimer(UINT_PTR timerId) { OnTick(static_cast<int>(timerId)); }

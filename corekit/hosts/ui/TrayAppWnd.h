@@ -1,5 +1,6 @@
-// CTrayAppWnd: the hidden window of a tray program, to which the tray, timers and commands speak. Made by
-// CTrayIconApp; it deletes itself when it is destroyed.
+// CTrayAppWnd: the hidden window of a tray program, to which the tray, timers and commands speak. It keeps
+// the timers' numbers and passes the rest on to the class derived from it, which CTrayIconApp makes; it
+// deletes itself when it is destroyed.
 #pragma once
 
 #include "corekit/framework/ui/Wnd.h"
@@ -16,9 +17,12 @@ public:
     int SetTimer(UINT milliseconds);
     void KillTimer(int timerId);
 
-    BOOL OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* info) override;
-
 protected:
+    virtual void OnIcon(UINT_PTR, long /*mouseMessage*/) {}
+    virtual void OnTick(int /*timerId*/) {}
+    // A registered message of others; nonzero if it was handled.
+    virtual int OnRegistered(UINT, WPARAM, LPARAM, long& /*result*/) { return 0; }
+
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     void PostNcDestroy() override;
     LRESULT OnTrayMessage(WPARAM icon, LPARAM mouseMessage);

@@ -39,9 +39,40 @@ CString corekit::detail::shownTip(const CString& text)
     return text.GetLength() > longestTip ? text.Left(tipBeforeDots) + "..." : text;
 }
 
+// Passes everything on to the program that runs; there is none any more while the last messages come.
+class CTrayIconApp::Window final : public CTrayAppWnd {
+public:
+    BOOL OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* info) override
+    {
+        if (CCmdTarget::OnCmdMsg(id, code, extra, info)) return TRUE;
+        CTrayIconApp* const app = Program();
+        return app && app->OnCmdMsg(id, code, extra, info);
+    }
+
+protected:
+    void OnIcon(UINT_PTR icon, long mouseMessage) override
+    {
+        if (CTrayIconApp* const app = Program()) app->OnIconMessage(icon, mouseMessage);
+    }
+    void OnTick(int timerId) override
+    {
+        if (CTrayIconApp* const app = Program()) app->FireTimer(timerId);
+    }
+    int OnRegistered(UINT message, WPARAM wParam, LPARAM lParam, long& result) override
+    {
+        CTrayIconApp* const app = Program();
+        return app ? app->DispatchRegisteredMessage(message, static_cast<unsigned int>(wParam), lParam,
+                                                    result)
+                   : 0;
+    }
+
+private:
+    static CTrayIconApp* Program() { return dynamic_cast<CTrayIconApp*>(AfxGetApp()); }
+};
+
 BOOL CTrayIconApp::InitInstance()
 {
-    auto* const window = new CTrayAppWnd;
+    auto* const window = new Window;
     if (!window->CreateTrayWindow()) {
         delete window;
         return FALSE;

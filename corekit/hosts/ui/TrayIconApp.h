@@ -44,7 +44,7 @@ public:
     virtual void OnTrayExit() = 0;
 
 private:
-    friend class CTrayAppWnd;
+    class Window;
 
     void OnIconMessage(UINT_PTR icon, long mouseMessage);
     bool IsInList(const CTrayIcon* icon) const;

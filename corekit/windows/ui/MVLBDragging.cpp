@@ -1,7 +1,7 @@
 // Items that are dragged out, with either button.
 #include "corekit/platform/Cursors.h"
 #include "corekit/platform/ImageLists.h"
-#include "corekit/windows/ui/MultiViewListBox.h"
+#include "corekit/windows/ui/MVLBList.h"
 
 namespace {
 
@@ -16,7 +16,7 @@ bool CMVLBList::Press(Button button, CPoint point)
 {
     if (m_dragging == button) return true;
     if (m_dragging != Button::none && EndDrag()) m_owner.OnDragCancel();
-    if (!m_owner.DraggingEnabled() || SelectedItemAt(point) < 0) return false;
+    if (!m_view.isDraggingEnabled || SelectedItemAt(point) < 0) return false;
     m_dragStart =
         CRect(point.x - dragDistance, point.y - dragDistance, point.x + dragDistance, point.y + dragDistance);
     m_pressed = button;
@@ -35,7 +35,7 @@ int CMVLBList::SelectedItemAt(CPoint point) const
 void CMVLBList::StartDrag(CPoint point)
 {
     CArray<int, int> ids;
-    m_owner.GetSelItemIDList(ids);
+    AppendSelected(ids);
     const HWND own = m_hWnd;
     if (!m_owner.CanDrag(ids) || !::IsWindow(own)) return;
     m_dragImage = std::make_unique<CImageList>();
@@ -79,7 +79,7 @@ void CMVLBList::Release(Button button, CPoint point)
     m_pressed = Button::none;
     if (m_dragging != button || !EndDrag()) return;
     CArray<int, int> ids;
-    m_owner.GetSelItemIDList(ids);
+    AppendSelected(ids);
     ClientToScreen(&point);
     m_owner.OnDrop(point.x, point.y, ids, button == Button::right);
 }

@@ -1,7 +1,5 @@
 #include "corekit/windows/ui/MVLBHeader.h"
 
-#include "corekit/windows/ui/MultiViewListBox.h"
-
 IMPLEMENT_DYNAMIC(CMVLBHeader, CHeaderCtrl)
 
 void CMVLBHeader::AppendColumn(int width, const char* title)
@@ -30,10 +28,10 @@ BOOL CMVLBHeader::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRES
     const auto& told = *reinterpret_cast<const NMHEADERA*>(lParam);
     switch (told.hdr.code) {
     case HDN_ENDTRACK:
-        if (told.pitem) m_owner.SetColumnWidth(told.iItem, told.pitem->cxy);
+        if (told.pitem) m_owner.OnHeaderTrack(told.iItem, told.pitem->cxy);
         return TRUE;
     case HDN_ITEMCLICK:
-        m_owner.SetSortColumn(told.iItem);
+        m_owner.OnHeaderClick(told.iItem);
         return TRUE;
     default:
         return CHeaderCtrl::OnChildNotify(message, wParam, lParam, result);

@@ -2,13 +2,12 @@
 #pragma once
 
 #include "corekit/framework/ui/HeaderCtrl.h"
-
-class CMultiViewListBox;
+#include "corekit/windows/ui/MVLBOwner.h"
 
 class COREKIT_API CMVLBHeader : public CHeaderCtrl {
     DECLARE_DYNAMIC(CMVLBHeader)
 public:
-    explicit CMVLBHeader(CMultiViewListBox& owner) : m_owner(owner) {}
+    explicit CMVLBHeader(corekit::detail::MVLBOwner& owner) : m_owner(owner) {}
     ~CMVLBHeader() override { DestroyWindow(); }
 
     void AppendColumn(int width, const char* title);
@@ -18,5 +17,5 @@ protected:
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
 private:
-    CMultiViewListBox& m_owner;
+    corekit::detail::MVLBOwner& m_owner;
 };

@@ -6,9 +6,9 @@
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/Runtime.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
-#include "corekit/windows/ui/MultiViewListBox.h"
 
 #include <algorithm>
+#include <vector>
 
 IMPLEMENT_DYNAMIC(CMVLBList, CListBox)
 
@@ -84,11 +84,26 @@ const CDib* CMVLBList::Picture(MVLBItem& item)
 
 int CMVLBList::CompareItem(COMPAREITEMSTRUCT* compare)
 {
-    const int column = std::max(m_owner.m_sortColumn, 0);
+    const int column = std::max(m_view.sortColumn, 0);
     auto* first = reinterpret_cast<MVLBItem*>(compare->itemData1);
     auto* second = reinterpret_cast<MVLBItem*>(compare->itemData2);
-    if (!m_owner.m_isAscending) std::swap(first, second);
+    if (!m_view.isAscending) std::swap(first, second);
     return crt16::_wcsicmp(Text(*first, column), Text(*second, column));
+}
+
+int CMVLBList::ItemNumber(int index) const { return index >= 0 && index < GetCount() ? Item(index)->id : -1; }
+
+int CMVLBList::SelectedCount() const { return m_view.isMultiSelect ? GetSelCount() : GetCurSel() >= 0; }
+
+int CMVLBList::AppendSelected(CArray<int, int>& ids) const
+{
+    std::vector<int> selected(static_cast<std::size_t>(std::max(SelectedCount(), 0)));
+    if (m_view.isMultiSelect)
+        GetSelItems(static_cast<int>(selected.size()), selected.data());
+    else if (!selected.empty())
+        selected[0] = GetCurSel();
+    for (const int index : selected) ids.Add(ItemNumber(index));
+    return static_cast<int>(selected.size());
 }
 
 void CMVLBList::DeleteItem(DELETEITEMSTRUCT* gone) { delete reinterpret_cast<MVLBItem*>(gone->itemData); }
@@ -106,7 +121,7 @@ void CMVLBList::DrawItem(DRAWITEMSTRUCT* draw)
     auto* const item = reinterpret_cast<MVLBItem*>(draw->itemData);
     if (static_cast<int>(draw->itemID) >= 0 && item) {
         m_fonts[0].AttachDC(draw->hDC);
-        switch (m_owner.GetViewMode()) {
+        switch (m_view.mode) {
         case eMVLBMode_Grid:
             DrawGridItem(dc, place, *item);
             break;
@@ -126,7 +141,7 @@ void CMVLBList::DrawItem(DRAWITEMSTRUCT* draw)
 // The picture at the top, the caption in the middle of what is left below it.
 void CMVLBList::DrawGridItem(CDC& dc, const CRect& place, MVLBItem& item)
 {
-    const CSize size = m_owner.m_pictureSize;
+    const CSize size = m_view.pictureSize;
     const CRect box(CPoint(place.left + (place.Width() - size.cx) / 2, place.top), size);
     if (const CDib* const picture = Picture(item)) {
         if (CSize(picture->GetSize()) == size)
@@ -151,8 +166,8 @@ void CMVLBList::DrawGridItem(CDC& dc, const CRect& place, MVLBItem& item)
 void CMVLBList::DrawDetails(const CRect& place, MVLBItem& item)
 {
     int x = place.left;
-    for (int i = 0; i < m_owner.m_columns.GetSize(); ++i) {
-        const CMultiViewListBox::Column& column = m_owner.m_columns.GetAt(i);
+    for (int i = 0; i < m_view.columns.GetSize(); ++i) {
+        const corekit::detail::MVLBColumn& column = m_view.columns.GetAt(i);
         const CRect cell(x + cellMargin, place.top, x + column.width - cellMargin, place.bottom);
         StringW glyphs;
         CUnicodeManager::GetObjectA()->ConvertToGlyphs(Text(item, column.dataColumn), -1, glyphs);

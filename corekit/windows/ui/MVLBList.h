@@ -8,16 +8,18 @@
 #include "corekit/framework/ui/ListBox.h"
 #include "corekit/unicode/ui/UniRender.h"
 #include "corekit/windows/ui/MVLBItem.h"
+#include "corekit/windows/ui/MVLBOwner.h"
 
 #include <array>
 #include <memory>
 
-class CMultiViewListBox;
-
 class COREKIT_API CMVLBList : public CListBox {
     DECLARE_DYNAMIC(CMVLBList)
 public:
-    explicit CMVLBList(CMultiViewListBox& owner) : m_owner(owner) {}
+    CMVLBList(corekit::detail::MVLBOwner& owner, const corekit::detail::MVLBView& view)
+        : m_owner(owner), m_view(view)
+    {
+    }
     ~CMVLBList() override { DestroyWindow(); }
 
     // From the font of controls, before the window is made. Throws CChainedException if one cannot be had.
@@ -30,6 +32,9 @@ public:
     // From the owner the first time, then from the record; empty for a column that records do not have.
     const WCHAR* Text(MVLBItem& item, int column);
     bool IsSelected(int index) const { return GetSel(index) > 0; }
+    int ItemNumber(int index) const; // the id; -1 past the end
+    int SelectedCount() const;
+    int AppendSelected(CArray<int, int>& ids) const; // the number of ids
 
     void DrawItem(DRAWITEMSTRUCT* draw) override;
     int CompareItem(COMPAREITEMSTRUCT* compare) override;
@@ -58,7 +63,8 @@ private:
     void MoveDrag(CPoint point);
     bool EndDrag();
 
-    CMultiViewListBox& m_owner;
+    corekit::detail::MVLBOwner& m_owner;
+    const corekit::detail::MVLBView& m_view;
     // Of all styles; drawing takes the first, the others count for the height of a row.
     std::array<CUniRender, 8> m_fonts;
 

@@ -30,9 +30,9 @@ CMultiViewListBox::~CMultiViewListBox() { DestroyWindow(); }
 
 BOOL CMultiViewListBox::Create(CWnd* parent, UINT id, DWORD style, const RECT& rect, eMVLBMode mode)
 {
-    m_mode = mode;
-    m_isMultiSelect = style & MVLBS_MULTISELECT;
-    m_isSorted = style & MVLBS_SORT;
+    m_view.mode = mode;
+    m_view.isMultiSelect = style & MVLBS_MULTISELECT;
+    m_view.isSorted = style & MVLBS_SORT;
     m_list.MakeFonts();
     UpdateSysColourMetricCache();
     const char* const name = AfxRegisterWndClass(0, LoadCursorA(nullptr, IDC_ARROW));
@@ -42,7 +42,7 @@ BOOL CMultiViewListBox::Create(CWnd* parent, UINT id, DWORD style, const RECT& r
 int CMultiViewListBox::OnCreate(CREATESTRUCTA* create)
 {
     if (CWnd::OnCreate(create) == -1) return -1;
-    const DWORD visible = m_mode == eMVLBMode_Details ? WS_VISIBLE : 0;
+    const DWORD visible = m_view.mode == eMVLBMode_Details ? WS_VISIBLE : 0;
     if (!m_header.Create(headerStyle | visible, CRect(0, 0, 10, headerHeight), this, headerId)) return -1;
     if (!MakeList()) return -1;
     ApplyMode(headerHeight);
@@ -52,9 +52,9 @@ int CMultiViewListBox::OnCreate(CREATESTRUCTA* create)
 BOOL CMultiViewListBox::MakeList()
 {
     DWORD style = listStyle;
-    if (m_mode != eMVLBMode_Details) style |= LBS_MULTICOLUMN;
-    if (m_isMultiSelect) style |= LBS_MULTIPLESEL | LBS_EXTENDEDSEL;
-    if (m_isSorted) style |= LBS_SORT;
+    if (m_view.mode != eMVLBMode_Details) style |= LBS_MULTICOLUMN;
+    if (m_view.isMultiSelect) style |= LBS_MULTIPLESEL | LBS_EXTENDEDSEL;
+    if (m_view.isSorted) style |= LBS_SORT;
     return m_list.Create(style, CRect(), this, listId);
 }
 
@@ -62,9 +62,9 @@ BOOL CMultiViewListBox::MakeList()
 
 void CMultiViewListBox::SetViewMode(eMVLBMode mode)
 {
-    if (mode == m_mode) return;
-    const bool isRebuilt = mode == eMVLBMode_Details || m_mode == eMVLBMode_Details;
-    m_mode = mode;
+    if (mode == m_view.mode) return;
+    const bool isRebuilt = mode == eMVLBMode_Details || m_view.mode == eMVLBMode_Details;
+    m_view.mode = mode;
     if (isRebuilt) {
         const std::vector<ItemState> states = TakeStates();
         m_list.DestroyWindow();
@@ -76,9 +76,9 @@ void CMultiViewListBox::SetViewMode(eMVLBMode mode)
 
 int CMultiViewListBox::RowHeight()
 {
-    switch (m_mode) {
+    switch (m_view.mode) {
     case eMVLBMode_Grid:
-        return m_cellSize.cy;
+        return m_view.cellSize.cy;
     case eMVLBMode_Details:
     case eMVLBMode_List:
         return m_list.GetRowHeight();
@@ -88,11 +88,11 @@ int CMultiViewListBox::RowHeight()
 
 void CMultiViewListBox::ApplyMode(int height)
 {
-    m_header.ShowWindow(m_mode == eMVLBMode_Details ? SW_SHOW : SW_HIDE);
-    if (m_mode == eMVLBMode_Details)
+    m_header.ShowWindow(m_view.mode == eMVLBMode_Details ? SW_SHOW : SW_HIDE);
+    if (m_view.mode == eMVLBMode_Details)
         m_list.SetHorizontalExtent(m_detailsExtent);
     else
-        m_list.SetColumnWidth(m_mode == eMVLBMode_Grid ? m_cellSize.cx : m_listColumnWidth);
+        m_list.SetColumnWidth(m_view.mode == eMVLBMode_Grid ? m_view.cellSize.cx : m_listColumnWidth);
     m_list.SetItemHeight(0, static_cast<UINT>(RowHeight()));
     PlaceChildren(height);
     m_list.Invalidate();
@@ -102,7 +102,7 @@ void CMultiViewListBox::PlaceChildren(int height)
 {
     CRect client;
     GetClientRect(&client);
-    if (m_mode == eMVLBMode_Details) {
+    if (m_view.mode == eMVLBMode_Details) {
         m_header.MoveWindow(0, 0, client.Width(), height);
         CRect header;
         m_header.GetWindowRect(&header);
@@ -129,41 +129,41 @@ void CMultiViewListBox::OnMeasureItem(int id, MEASUREITEMSTRUCT* measure)
 
 void CMultiViewListBox::SetGridSize(SIZE picture, SIZE cell)
 {
-    m_pictureSize = picture;
-    m_cellSize = cell;
-    if (m_mode == eMVLBMode_Grid) ApplyMode(headerHeight);
+    m_view.pictureSize = picture;
+    m_view.cellSize = cell;
+    if (m_view.mode == eMVLBMode_Grid) ApplyMode(headerHeight);
 }
 
 void CMultiViewListBox::SetListModeWidth(int width)
 {
     m_listColumnWidth = width;
-    if (m_mode == eMVLBMode_List) m_list.SetColumnWidth(width);
+    if (m_view.mode == eMVLBMode_List) m_list.SetColumnWidth(width);
 }
 
 void CMultiViewListBox::SetDetailsModeHorizontalExtent(int width)
 {
     m_detailsExtent = width;
-    if (m_mode == eMVLBMode_Details) m_list.SetHorizontalExtent(width);
+    if (m_view.mode == eMVLBMode_Details) m_list.SetHorizontalExtent(width);
 }
 
 // ---- Columns
 
 void CMultiViewListBox::RepaintDetails()
 {
-    if (m_mode == eMVLBMode_Details) m_list.Invalidate();
+    if (m_view.mode == eMVLBMode_Details) m_list.Invalidate();
 }
 
 void CMultiViewListBox::AppendColumn(eMVLBAlign align, int dataColumn, int width, const char* title)
 {
-    m_columns.Add({align, dataColumn, width});
+    m_view.columns.Add({align, dataColumn, width});
     m_header.AppendColumn(width, title);
     RepaintDetails();
 }
 
 void CMultiViewListBox::SetColumnWidth(int column, int width)
 {
-    if (column < 0 || column >= m_columns.GetSize()) return;
-    m_columns[column].width = width;
+    if (column < 0 || column >= m_view.columns.GetSize()) return;
+    m_view.columns[column].width = width;
     m_header.SetColumnWidth(column, width);
     RepaintDetails();
     OnColumnWidthChange(column, width);
@@ -171,21 +171,21 @@ void CMultiViewListBox::SetColumnWidth(int column, int width)
 
 int CMultiViewListBox::GetColumnWidth(int column) const
 {
-    return column >= 0 && column < m_columns.GetSize() ? m_columns.GetAt(column).width : 0;
+    return column >= 0 && column < m_view.columns.GetSize() ? m_view.columns.GetAt(column).width : 0;
 }
 
 int CMultiViewListBox::GetTotalColumnWidth() const
 {
     int total = 0;
-    for (int i = 0; i < m_columns.GetSize(); ++i) total += m_columns.GetAt(i).width;
+    for (int i = 0; i < m_view.columns.GetSize(); ++i) total += m_view.columns.GetAt(i).width;
     return total;
 }
 
 void CMultiViewListBox::SetSortColumn(int column)
 {
-    m_isAscending = column == m_sortColumn ? !m_isAscending : true;
-    m_sortColumn = column;
-    if (!m_isSorted) return;
+    m_view.isAscending = column == m_view.sortColumn ? !m_view.isAscending : true;
+    m_view.sortColumn = column;
+    if (!m_view.isSorted) return;
     const std::vector<ItemState> states = TakeStates();
     m_list.SetRedraw(FALSE);
     m_list.ResetContent();
@@ -240,10 +240,7 @@ void CMultiViewListBox::ResetContent()
     for (int index = GetCount() - 1; index >= 0; --index) m_list.DeleteString(static_cast<UINT>(index));
 }
 
-int CMultiViewListBox::GetItemNumber(int index) const
-{
-    return index >= 0 && index < GetCount() ? m_list.Item(index)->id : -1;
-}
+int CMultiViewListBox::GetItemNumber(int index) const { return m_list.ItemNumber(index); }
 
 void CMultiViewListBox::GetItemIDList(CArray<int, int>& ids) const
 {
@@ -252,34 +249,22 @@ void CMultiViewListBox::GetItemIDList(CArray<int, int>& ids) const
 
 // ---- Selection
 
-int CMultiViewListBox::GetSelCount() const
-{
-    return m_isMultiSelect ? m_list.GetSelCount() : m_list.GetCurSel() >= 0;
-}
+int CMultiViewListBox::GetSelCount() const { return m_list.SelectedCount(); }
 
 int CMultiViewListBox::GetSelItemID() const
 {
     if (GetSelCount() != 1) return -1;
     int index = m_list.GetCurSel();
-    if (m_isMultiSelect) m_list.GetSelItems(1, &index);
+    if (m_view.isMultiSelect) m_list.GetSelItems(1, &index);
     return GetItemNumber(index);
 }
 
-int CMultiViewListBox::GetSelItemIDList(CArray<int, int>& ids) const
-{
-    std::vector<int> selected(static_cast<std::size_t>(std::max(GetSelCount(), 0)));
-    if (m_isMultiSelect)
-        m_list.GetSelItems(static_cast<int>(selected.size()), selected.data());
-    else if (!selected.empty())
-        selected[0] = m_list.GetCurSel();
-    for (const int index : selected) ids.Add(GetItemNumber(index));
-    return static_cast<int>(selected.size());
-}
+int CMultiViewListBox::GetSelItemIDList(CArray<int, int>& ids) const { return m_list.AppendSelected(ids); }
 
 void CMultiViewListBox::SetNewSelect(int index)
 {
     if (index < 0 || index >= GetCount()) return;
-    if (m_isMultiSelect)
+    if (m_view.isMultiSelect)
         m_list.SetSel(index);
     else
         m_list.SetCurSel(index);

@@ -16,13 +16,10 @@
 
 #include <vector>
 
-enum eMVLBMode { eMVLBMode_Grid, eMVLBMode_Details, eMVLBMode_List };
-enum eMVLBAlign { eMVLBAlign_Left, eMVLBAlign_Centre, eMVLBAlign_Right };
-
 inline constexpr DWORD MVLBS_SORT = 1;        // window styles: kept in order of a column
 inline constexpr DWORD MVLBS_MULTISELECT = 2; // several items may be selected
 
-class COREKIT_API CMultiViewListBox : public CWnd {
+class COREKIT_API CMultiViewListBox : public CWnd, private corekit::detail::MVLBOwner {
     DECLARE_DYNAMIC(CMultiViewListBox)
 public:
     CMultiViewListBox();
@@ -32,7 +29,7 @@ public:
     BOOL Create(CWnd* parent, UINT id, DWORD style, const RECT& rect, eMVLBMode mode);
 
     // ---- The view
-    eMVLBMode GetViewMode() const { return m_mode; }
+    eMVLBMode GetViewMode() const { return m_view.mode; }
     // Items and selection stay; texts and pictures are forgotten on the way to and from details.
     void SetViewMode(eMVLBMode mode);
     void SetGridSize(SIZE picture, SIZE cell);
@@ -67,23 +64,23 @@ public:
     int GetSelItemIDList(CArray<int, int>& ids) const; // appends; the number of ids
     void SetNewSelect(int index);
 
-    void EnableDragging(int enable) { m_isDraggingEnabled = enable != 0; }
-    int DraggingEnabled() const { return m_isDraggingEnabled; }
+    void EnableDragging(int enable) { m_view.isDraggingEnabled = enable != 0; }
+    int DraggingEnabled() const { return m_view.isDraggingEnabled; }
 
 protected:
-    virtual void GetItemText(StringW& out, int id, int column) = 0;
-    virtual int GetItemPicture(int id, CDib& out) = 0; // 0: it has none
+    void GetItemText(StringW& out, int id, int column) override = 0;
+    int GetItemPicture(int id, CDib& out) override = 0; // 0: it has none
     virtual void OnSelectionChange() = 0;
     virtual void OnItemDoubleClick(int id) = 0;
     virtual void OnListSetFocus() = 0;
-    virtual void OnColumnWidthChange(int column, int width) = 0;
+    void OnColumnWidthChange(int column, int width) override = 0;
     // What a drop at the point of the screen would do: 1 copy, 2 move, else nothing; bits 16 to 23 are free.
-    virtual DWORD GetDragEffect(int x, int y) = 0;
-    virtual int CanDrag(CArray<int, int>& ids) = 0;
-    virtual void OnDragCancel() = 0;
-    virtual void OnDrop(int x, int y, CArray<int, int>& ids, int rightButton) = 0;
+    DWORD GetDragEffect(int x, int y) override = 0;
+    int CanDrag(CArray<int, int>& ids) override = 0;
+    void OnDragCancel() override = 0;
+    void OnDrop(int x, int y, CArray<int, int>& ids, int rightButton) override = 0;
     // Creates the list and adds the image, then those for copying and moving.
-    virtual void MakeDragImage(CImageList* images) = 0;
+    void MakeDragImage(CImageList* images) override = 0;
 
     int OnCreate(CREATESTRUCTA* create);
     void OnSize(UINT how, int width, int height);
@@ -93,18 +90,13 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    friend class CMVLBHeader;
-    friend class CMVLBList;
-
-    struct Column {
-        eMVLBAlign align;
-        int dataColumn; // also the slot of its text in a record
-        int width;
-    };
     struct ItemState {
         int id;
         bool isSelected;
     };
+
+    void OnHeaderTrack(int column, int width) override { SetColumnWidth(column, width); }
+    void OnHeaderClick(int column) override { SetSortColumn(column); }
 
     BOOL MakeList();
     void ApplyMode(int headerHeight);
@@ -115,14 +107,9 @@ private:
     std::vector<ItemState> TakeStates() const;
     void PutBack(const std::vector<ItemState>& states);
 
+    corekit::detail::MVLBView m_view;
     CMVLBHeader m_header{*this};
-    CMVLBList m_list{*this};
-    eMVLBMode m_mode = eMVLBMode_Details;
-    bool m_isMultiSelect = false, m_isSorted = false, m_isDraggingEnabled = false;
-    int m_sortColumn = -1;
-    bool m_isAscending = true;
-    CSize m_cellSize{100, 100}, m_pictureSize{80, 80}; // of the grid
+    CMVLBList m_list{*this, m_view};
     int m_listColumnWidth = 100;
     int m_detailsExtent = 0;
-    CArray<Column, const Column&> m_columns;
 };

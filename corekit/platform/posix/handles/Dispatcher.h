@@ -7,7 +7,9 @@
 
 #include "corekit/platform/posix/handles/HandleTable.h"
 
+#include <array>
 #include <condition_variable>
+#include <span>
 
 namespace corekit::detail {
 
@@ -53,13 +55,50 @@ public:
     void removeLink(WaitLink& link);
     // Gives the object to its waiters, oldest first, for as long as it is ready for them.
     void serveWaiters();
-    // It has a name from now on.
-    void setNamed() { m_isNamed = true; }
+    // It has a name from now on, which `forget` takes back when it goes.
+    void setNamed(void (*forget)(const Waitable&)) { m_forgetName = forget; }
 
 private:
-    bool m_isNamed = false;
+    void (*m_forgetName)(const Waitable&) = nullptr;
     WaitLink* m_first = nullptr;
     WaitLink* m_last = nullptr;
+};
+
+inline Waitable& waitableIn(const HandleSlot& slot) { return static_cast<Waitable&>(*slot.object); }
+
+// One thread's wait for one or all of some objects, from looking to waking.
+class Waiter {
+public:
+    enum class For { one, all };
+
+    // The slots hold waitable objects; the dispatcher lock is held for the life of the waiter, except while
+    // it blocks.
+    Waiter(std::span<HandleSlot* const> slots, For what, Owner& owner)
+        : m_slots(slots), m_for(what), m_owner(owner)
+    {
+    }
+
+    Owner& owner() const { return m_owner; }
+    bool isServed() const { return m_served; }
+    // Consumes what the wait is for, if that is ready.
+    bool tryServe();
+    // The served wait's result, as WaitForMultipleObjects tells it.
+    DWORD result() const { return m_result; }
+
+    // Blocks until served; false when the time in milliseconds is over first.
+    bool block(std::unique_lock<std::mutex>& lock, DWORD milliseconds);
+    void wake() { m_woken.notify_one(); }
+
+private:
+    bool serveOne();
+    bool serveAll();
+
+    std::span<HandleSlot* const> m_slots;
+    const For m_for;
+    Owner& m_owner;
+    bool m_served = false;
+    DWORD m_result = 0;
+    std::condition_variable m_woken;
 };
 
 class Event final : public Waitable {

@@ -17,6 +17,12 @@ std::map<std::string, Waitable*, std::less<>>& names()
     return all;
 }
 
+void forgetName(const Waitable& object)
+{
+    const std::lock_guard lock(dispatcherLock);
+    std::erase_if(names(), [&](const auto& row) { return row.second == &object; });
+}
+
 // The object that has the name, with a handle counted for the caller; else the new one has it from now on.
 Waitable& holderOf(const char* name, Waitable& made)
 {
@@ -24,7 +30,7 @@ Waitable& holderOf(const char* name, Waitable& made)
     Waitable*& holder = names().try_emplace(name, &made).first->second;
     if (holder != &made && holder->addHandleIfAny()) return *holder;
     holder = &made;
-    made.setNamed();
+    made.setNamed(forgetName);
     return made;
 }
 
@@ -43,12 +49,6 @@ HANDLE publishName(HANDLE made, const char* name)
     if (isSameKind) return fail(ERROR_ALREADY_EXISTS, other);
     CloseHandle(other);
     return fail<HANDLE>(ERROR_INVALID_HANDLE, nullptr);
-}
-
-void forgetName(const Waitable& object)
-{
-    const std::lock_guard lock(dispatcherLock);
-    std::erase_if(names(), [&](const auto& row) { return row.second == &object; });
 }
 
 } // namespace corekit::detail

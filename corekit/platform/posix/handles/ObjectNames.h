@@ -11,7 +11,4 @@ namespace corekit::detail {
 // if it is of another kind.
 HANDLE publishName(HANDLE made, const char* name);
 
-// Called by a named object when it goes.
-void forgetName(const Waitable& object);
-
 } // namespace corekit::detail

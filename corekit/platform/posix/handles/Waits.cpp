@@ -2,7 +2,6 @@
 
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/handles/ObjectNames.h"
-#include "corekit/platform/posix/handles/Waiter.h"
 
 #include <algorithm>
 #include <chrono>

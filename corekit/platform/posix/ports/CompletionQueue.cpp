@@ -1,6 +1,5 @@
 #include "corekit/platform/posix/ports/CompletionQueue.h"
 
-#include "corekit/platform/posix/ports/PlacedTransfer.h"
 #include "corekit/platform/posix/threads/CpuRelax.h"
 
 #include <algorithm>
@@ -206,7 +205,7 @@ CompletionQueue::Taken CompletionQueue::take(Completion& completion, DWORD milli
     beginWork(own.worker);
     wakeAndUnlock(lock);
     if (completion.transfer != nullptr) {
-        const std::unique_ptr<PlacedTransfer> transfer(std::exchange(completion.transfer, nullptr));
+        const std::unique_ptr<QueuedTransfer> transfer(std::exchange(completion.transfer, nullptr));
         const Transfer result = transfer->carryOut();
         completion.moved = result.moved;
         completion.error = result.error;
@@ -312,7 +311,7 @@ void CompletionQueue::discountBlocked()
 void CompletionQueue::close()
 {
     for (;;) {
-        std::unique_ptr<PlacedTransfer> dropped; // goes without the lock
+        std::unique_ptr<QueuedTransfer> dropped; // goes without the lock
         const Lock lock = quickLock(m_lock);
         m_isClosed = true;
         while (m_count != 0 && dropped == nullptr) dropped.reset(removeFirst().transfer);

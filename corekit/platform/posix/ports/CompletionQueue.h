@@ -11,6 +11,7 @@
 #pragma once
 
 #include "corekit/platform/Files.h"
+#include "corekit/platform/posix/ports/Transfers.h"
 
 #include <atomic>
 #include <chrono>
@@ -22,7 +23,13 @@
 
 namespace corekit::detail {
 
-class PlacedTransfer;
+// A transfer that waits in a queue until a taker carries it out; one that goes without ends as cancelled.
+class QueuedTransfer {
+public:
+    virtual ~QueuedTransfer() = default;
+    // The outcome for the port.
+    virtual Transfer carryOut() = 0;
+};
 
 struct Completion {
     UINT_PTR key = 0;
@@ -30,7 +37,7 @@ struct Completion {
     DWORD moved = 0;
     DWORD error = 0;
     // A transfer to carry out first, by whoever takes this; owned.
-    PlacedTransfer* transfer = nullptr;
+    QueuedTransfer* transfer = nullptr;
 };
 
 class CompletionQueue : public std::enable_shared_from_this<CompletionQueue> {

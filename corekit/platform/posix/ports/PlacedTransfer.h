@@ -12,6 +12,8 @@
 
 namespace corekit::detail {
 
+class PlacedTransfer;
+
 class PlacedChannel final : public IoChannel, public std::enable_shared_from_this<PlacedChannel> {
 public:
     PlacedChannel(int descriptor, PortBinding binding)
@@ -35,15 +37,15 @@ private:
     std::shared_mutex m_inUse; // shared by those who use the descriptor
 };
 
-class PlacedTransfer {
+class PlacedTransfer final : public QueuedTransfer {
 public:
     PlacedTransfer(std::shared_ptr<PlacedChannel> channel, const Request& request);
     PlacedTransfer(const PlacedTransfer&) = delete;
     PlacedTransfer& operator=(const PlacedTransfer&) = delete;
-    ~PlacedTransfer(); // cancels what was not carried out
+    ~PlacedTransfer() override; // cancels what was not carried out
 
     // Moves the bytes and settles, unless it was cancelled meanwhile. The outcome for the port.
-    Transfer carryOut();
+    Transfer carryOut() override;
 
 private:
     friend class PlacedChannel;
