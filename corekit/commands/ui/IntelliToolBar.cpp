@@ -25,7 +25,7 @@ constexpr int roomRoundLarge = 16;
 
 constinit corekit::detail::ToolBarCommands* source = nullptr;
 
-bool FindItem(UINT command, CCmdItem& item) { return source && source->GetItemByCommand(command, item); }
+bool findItem(UINT command, CCmdItem& item) { return source && source->GetItemByCommand(command, item); }
 
 UINT BitmapOf(const CCmdItem& item)
 {
@@ -77,7 +77,7 @@ int CIntelliToolBar::InsertButton(int index, UINT command)
     TBBUTTON button{0, 0, TBSTATE_ENABLED, TBSTYLE_SEP};
     if (command) {
         CCmdItem item;
-        if (!FindItem(command, item)) return 0;
+        if (!findItem(command, item)) return 0;
         const UINT bitmap = BitmapOf(item);
         if (!IsBitmapInstalled(bitmap) && !InstallBitmap(bitmap)) return 0;
         button = {static_cast<int>(item.m_nImageIndex) + GetBitmapImageStart(bitmap),
@@ -104,7 +104,7 @@ void CIntelliToolBar::ToggleButtonSize()
         TBBUTTON button{};
         GetButton(i, &button);
         CCmdItem item;
-        const bool hasItem = button.idCommand && FindItem(static_cast<UINT>(button.idCommand), item);
+        const bool hasItem = button.idCommand && findItem(static_cast<UINT>(button.idCommand), item);
         const UINT bitmap = hasItem ? BitmapOf(item) : 0;
         if (hasItem && !IsBitmapInstalled(bitmap) && !InstallBitmap(bitmap)) break;
         SetButtonSize(m_bLargeButtons ? large + CSize(roomRoundLarge, roomRoundLarge) : smallButton);

@@ -1,8 +1,7 @@
 #include "corekit/framework/ui/ControlBar.h"
 
+#include "corekit/framework/ui/BarDrag.h"
 #include "corekit/framework/ui/DC.h"
-#include "corekit/framework/ui/DockBar.h"
-#include "corekit/framework/ui/DockContext.h"
 #include "corekit/framework/ui/FrameMessages.h"
 #include "corekit/framework/ui/FrameWnd.h"
 #include "corekit/framework/ui/WindowDC.h"
@@ -11,6 +10,8 @@
 
 #include <algorithm>
 #include <utility>
+
+using corekit::detail::BarDrag;
 
 IMPLEMENT_DYNAMIC(CControlBar, CWnd)
 
@@ -67,7 +68,7 @@ BOOL CControlBar::DestroyWindow()
     if (floatsIn && m_hWnd) {
         ShowWindow(SW_HIDE);
         if (m_pDockSite) SetParent(m_pDockSite);
-        if (m_pDockBar) m_pDockBar->RemoveControlBar(this);
+        if (m_dock) m_dock->RemoveControlBar(this);
     }
     return CWnd::DestroyWindow();
 }
@@ -76,7 +77,7 @@ void CControlBar::OnDestroy()
 {
     m_drag.reset();
     CFrameWnd* const site = m_pDockSite;
-    const bool wasDocked = m_pDockBar != nullptr;
+    const bool wasDocked = m_dock != nullptr;
     LeaveDocks();
     if (site && wasDocked) site->DelayRecalcLayout();
     CWnd::OnDestroy();
@@ -84,7 +85,7 @@ void CControlBar::OnDestroy()
 
 void CControlBar::LeaveDocks()
 {
-    if (m_pDockBar) m_pDockBar->RemoveControlBar(this);
+    if (m_dock) m_dock->RemoveControlBar(this);
     if (m_pDockSite) m_pDockSite->RemoveControlBar(this);
 }
 
@@ -113,7 +114,7 @@ void CControlBar::SetBorders(int left, int top, int right, int bottom)
 
 BOOL CControlBar::IsFloating() const
 {
-    return IsDockBar() ? (m_dwStyle & CBRS_FLOATING) != 0 : m_pDockBar && m_pDockBar->IsFloating();
+    return IsDockBar() ? (m_dwStyle & CBRS_FLOATING) != 0 : m_dock && m_dock->Floats();
 }
 
 BOOL CControlBar::IsVisible() const
@@ -141,11 +142,8 @@ void CControlBar::GetBarInfo(CControlBarInfo& info) const
     info.m_nBarID = static_cast<UINT>(GetDlgCtrlID());
     info.m_bVisible = IsVisible();
     info.m_nMRUWidth = m_nMRUWidth;
-    if (m_pDockBar) {
-        CRect rect;
-        GetWindowRect(&rect);
-        m_pDockBar->ScreenToClient(&rect);
-        info.m_pointPos = m_pDockBar->WantedPlace(this).value_or(rect.TopLeft());
+    if (m_dock) {
+        info.m_pointPos = m_dock->PlaceOf(*this);
         info.m_bHorz = (m_dwStyle & CBRS_ORIENT_HORZ) != 0;
     }
     if (m_dwDockStyle == 0) return;
@@ -300,16 +298,16 @@ void CControlBar::DrawBorders(CDC* dc) const
 
 void CControlBar::StartDrag(CPoint client)
 {
-    if (!m_pDockBar || !m_pDockSite || !m_hWnd) return;
+    if (!m_dock || !m_pDockSite || !m_hWnd) return;
     CPoint screen = client;
     ClientToScreen(&screen);
-    m_drag = std::make_unique<CDockContext>(*this, screen);
+    m_drag = m_pDockSite->BeginDrag(*this, screen);
     SetCapture();
 }
 
 void CControlBar::OnLButtonDown(UINT flags, CPoint point)
 {
-    if (m_pDockBar && m_dwDockStyle)
+    if (m_dock && m_dwDockStyle)
         StartDrag(point);
     else
         CWnd::OnLButtonDown(flags, point);
@@ -320,13 +318,13 @@ void CControlBar::OnMouseMove(UINT flags, CPoint point)
     if (!m_drag) return CWnd::OnMouseMove(flags, point);
     CPoint screen = point;
     ClientToScreen(&screen);
-    m_drag->MoveTo(screen, flags & MK_CONTROL ? CDockContext::Docking::off : CDockContext::Docking::on);
+    m_drag->MoveTo(screen, flags & MK_CONTROL ? BarDrag::Docking::off : BarDrag::Docking::on);
 }
 
 void CControlBar::OnLButtonUp(UINT flags, CPoint point)
 {
     if (!m_drag) return CWnd::OnLButtonUp(flags, point);
-    const std::unique_ptr<CDockContext> drag = std::move(m_drag);
+    const std::unique_ptr<BarDrag> drag = std::move(m_drag);
     ReleaseCapture();
     drag->Drop();
 }
@@ -342,7 +340,7 @@ void CControlBar::OnKeyDown(UINT key, UINT repeat, UINT flags)
 
 void CControlBar::OnLButtonDblClk(UINT flags, CPoint point)
 {
-    if (m_pDockBar && m_dwDockStyle)
+    if (m_dock && m_dwDockStyle)
         ToggleDocking();
     else
         CWnd::OnLButtonDblClk(flags, point);
@@ -351,7 +349,7 @@ void CControlBar::OnLButtonDblClk(UINT flags, CPoint point)
 void CControlBar::ToggleDocking()
 {
     CFrameWnd* const site = m_pDockSite;
-    if (!site || !m_pDockBar) return;
+    if (!site || !m_dock) return;
     CRect place;
     GetWindowRect(&place);
     if (IsFloating()) {

@@ -12,8 +12,27 @@
 #include <memory>
 #include <vector>
 
+class CControlBar;
 class CDockBar;
-class CDockContext;
+
+namespace corekit::detail {
+
+class BarDrag;
+
+// A dock as the bars in it see it.
+class COREKIT_API BarDock {
+public:
+    // False if the bar does not stand here.
+    virtual BOOL RemoveControlBar(CControlBar* bar) = 0;
+    // Where the user put the bar, in the dock; else where it is.
+    virtual CPoint PlaceOf(const CControlBar& bar) const = 0;
+    virtual bool Floats() const = 0;
+
+protected:
+    ~BarDock() = default;
+};
+
+} // namespace corekit::detail
 
 // What is kept of a bar: state, place and, of a dock, what stands in it.
 struct CControlBarInfo {
@@ -70,7 +89,7 @@ public:
     void ToggleDocking();          // floats a docked bar, docks a floating one where it was
 
     BOOL m_bAutoDelete = FALSE;
-    CDockBar* m_pDockBar = nullptr;   // that it stands in; not owned, as the next
+    CDockBar* m_pDockBar = nullptr;   // that it stands in, set by that; not owned, as the next
     CFrameWnd* m_pDockSite = nullptr; // that lists it
     DWORD m_dwStyle = 0;
     DWORD m_dwDockStyle = 0; // 0 before EnableDocking
@@ -108,11 +127,13 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    friend CDockBar;
     enum class Delay { none, show, hide };
 
     void LeaveDocks();
 
-    std::unique_ptr<CDockContext> m_drag; // while the user drags it
-    CRect m_borders;                      // left, top, right, bottom
+    corekit::detail::BarDock* m_dock = nullptr;       // m_pDockBar
+    std::unique_ptr<corekit::detail::BarDrag> m_drag; // while the user drags it
+    CRect m_borders;                                  // left, top, right, bottom
     Delay m_delay = Delay::none;
 };

@@ -64,13 +64,27 @@ std::optional<CPoint> CDockBar::WantedPlace(const CControlBar* bar) const
     return std::nullopt;
 }
 
+CPoint CDockBar::PlaceOf(const CControlBar& bar) const
+{
+    CRect rect;
+    bar.GetWindowRect(&rect);
+    ScreenToClient(&rect);
+    return WantedPlace(&bar).value_or(rect.TopLeft());
+}
+
+void CDockBar::SetDockOf(CControlBar& bar, CDockBar* dock)
+{
+    bar.m_pDockBar = dock;
+    bar.m_dock = dock;
+}
+
 void CDockBar::TakeIn(CControlBar* bar)
 {
     CDockBar* const former = bar->m_pDockBar;
     const DWORD style = bar->GetBarStyle() & ~(CBRS_ALIGN_ANY | CBRS_FLOATING);
     bar->SetParent(this);
     if (former && former != this) former->RemoveControlBar(bar);
-    bar->m_pDockBar = this;
+    SetDockOf(*bar, this);
     bar->SetBarStyle(style | (m_dwStyle & (CBRS_ALIGN_ANY | CBRS_FLOATING)) | CBRS_BORDER_ANY);
     if (bar->IsVisible() && !(bar->GetStyle() & WS_VISIBLE)) bar->ShowWindow(SW_SHOWNA);
 }
@@ -132,7 +146,7 @@ BOOL CDockBar::RemoveControlBar(CControlBar* bar)
         found |= std::erase_if(row, [bar](const Place& place) { return place.bar == bar; }) > 0;
     if (!found) return FALSE;
     std::erase_if(m_rows, [](const Row& row) { return row.empty(); });
-    if (bar->m_pDockBar == this) bar->m_pDockBar = nullptr;
+    if (bar->m_pDockBar == this) SetDockOf(*bar, nullptr);
     if (!m_rows.empty() || !IsFloating() || !m_hWnd) return TRUE;
     if (CFrameWnd* const frame = GetParentFrame()) frame->DestroyWindow();
     return TRUE;

@@ -11,7 +11,7 @@
 #include <optional>
 #include <vector>
 
-class COREKIT_API CDockBar : public CControlBar {
+class COREKIT_API CDockBar : public CControlBar, private corekit::detail::BarDock {
     DECLARE_DYNAMIC(CDockBar)
 public:
     explicit CDockBar(BOOL floating = FALSE);
@@ -24,7 +24,7 @@ public:
     // its left (standing: upper) edge; a rectangle above or below all rows, or none, begins a new row there.
     void DockControlBar(CControlBar* bar, const RECT* screen = nullptr);
     // False if the bar does not stand here. A floating frame goes with its last bar.
-    BOOL RemoveControlBar(CControlBar* bar);
+    BOOL RemoveControlBar(CControlBar* bar) override;
     int GetDockedCount() const;
     int GetDockedVisibleCount() const;
     CControlBar* GetDockedControlBar(int index) const; // row by row; null out of range
@@ -55,6 +55,10 @@ private:
         CPoint wanted;
     };
     using Row = std::vector<Place>;
+
+    CPoint PlaceOf(const CControlBar& bar) const override;
+    bool Floats() const override { return IsFloating(); }
+    void SetDockOf(CControlBar& bar, CDockBar* dock);
 
     bool Lies() const { return (m_dwStyle & CBRS_ORIENT_HORZ) != 0; }
     void TakeIn(CControlBar* bar);

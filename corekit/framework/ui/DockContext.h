@@ -4,6 +4,7 @@
 // the mouse goes down on the bar; Drop puts it in force, and without it nothing has changed.
 #pragma once
 
+#include "corekit/framework/ui/BarDrag.h"
 #include "corekit/framework/ui/Wnd.h"
 
 #include <array>
@@ -11,18 +12,16 @@
 class CControlBar;
 class CDockBar;
 
-class CDockContext {
+class CDockContext final : public corekit::detail::BarDrag {
 public:
     CDockContext(CControlBar& bar, CPoint screen);
-    ~CDockContext();
+    ~CDockContext() override;
     CDockContext(const CDockContext&) = delete;
     CDockContext& operator=(const CDockContext&) = delete;
 
-    enum class Docking { on, off };
-    void MoveTo(CPoint screen, Docking docking);
-    // Nothing where the mouse has not moved far enough for a drag. The bar may have another parent
-    // afterwards.
-    void Drop();
+    void MoveTo(CPoint screen, Docking docking) override;
+    // Nothing where the mouse has not moved far enough for a drag.
+    void Drop() override;
 
 private:
     CDockBar* DockAt(CPoint screen) const;

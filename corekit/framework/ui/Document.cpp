@@ -1,28 +1,33 @@
 #include "corekit/framework/ui/Document.h"
 
-#include "corekit/framework/ui/View.h"
-
 #include <algorithm>
 
 IMPLEMENT_DYNAMIC(CDocument, CCmdTarget)
 
 CDocument::~CDocument()
 {
-    for (CView* const view : m_views) view->m_pDocument = nullptr;
+    for (const Listed& each : m_views) each.seen->m_pDocument = nullptr;
 }
 
-void CDocument::AddView(CView* view)
+bool CDocument::Lists(const CView* view) const
 {
-    if (std::ranges::find(m_views, view) != m_views.end()) return;
-    m_views.push_back(view);
-    view->m_pDocument = this;
+    return std::ranges::find(m_views, view, &Listed::view) != m_views.end();
+}
+
+void CDocument::Enlist(CView* view, corekit::detail::DocumentViewer& seen)
+{
+    if (Lists(view)) return;
+    m_views.push_back({view, &seen});
+    seen.m_pDocument = this;
     OnChangedViewList();
 }
 
 void CDocument::RemoveView(CView* view)
 {
-    if (std::erase(m_views, view) == 0) return;
-    view->m_pDocument = nullptr;
+    const auto listed = std::ranges::find(m_views, view, &Listed::view);
+    if (listed == m_views.end()) return;
+    listed->seen->m_pDocument = nullptr;
+    m_views.erase(listed);
     OnChangedViewList();
 }
 
@@ -40,13 +45,12 @@ CView* CDocument::GetNextView(POSITION& position) const
         return nullptr;
     }
     position = number < m_views.size() ? reinterpret_cast<POSITION>(number + 1) : nullptr;
-    return m_views[number - 1];
+    return m_views[number - 1].view;
 }
 
 void CDocument::UpdateAllViews(CView* sender, LPARAM hint, CObject* what)
 {
-    const std::vector<CView*> views = m_views; // an update may close one
-    for (CView* const view : views)
-        if (view != sender && std::ranges::find(m_views, view) != m_views.end())
-            view->OnUpdate(sender, hint, what);
+    const std::vector<Listed> views = m_views; // an update may close one
+    for (const Listed& each : views)
+        if (each.view != sender && Lists(each.view)) each.seen->OnUpdate(sender, hint, what);
 }

@@ -9,7 +9,22 @@
 
 #include <vector>
 
+class CDocument;
 class CView;
+
+namespace corekit::detail {
+// A view as its document sees it.
+class COREKIT_API DocumentViewer {
+public:
+    // The document has changed.
+    virtual void OnUpdate(CView* sender, LPARAM hint, CObject* what) = 0;
+
+    CDocument* m_pDocument = nullptr; // not owned; set by CDocument
+
+protected:
+    ~DocumentViewer() = default;
+};
+} // namespace corekit::detail
 
 class COREKIT_API CDocument : public CCmdTarget {
     DECLARE_DYNAMIC(CDocument)
@@ -35,7 +50,14 @@ public:
     virtual void OnChangedViewList() {}
 
 private:
-    std::vector<CView*> m_views;
+    struct Listed {
+        CView* view;
+        corekit::detail::DocumentViewer* seen;
+    };
+    void Enlist(CView* view, corekit::detail::DocumentViewer& seen);
+    bool Lists(const CView* view) const;
+
+    std::vector<Listed> m_views;
     CString m_strTitle, m_strPathName;
     BOOL m_bModified = FALSE;
 };

@@ -1,4 +1,5 @@
 // A frame's bars: where they stand, how they are shown, docked and floated, and the record of it all.
+#include "corekit/framework/ui/DockContext.h"
 #include "corekit/framework/ui/DockState.h"
 #include "corekit/framework/ui/FrameMessages.h"
 #include "corekit/framework/ui/FrameWnd.h"
@@ -181,6 +182,11 @@ void CFrameWnd::FloatControlBar(CControlBar* bar, CPoint point, DWORD style)
     }
     frame->SetWindowPos(nullptr, point.x, point.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     frame->RecalcLayout();
+}
+
+std::unique_ptr<corekit::detail::BarDrag> CFrameWnd::BeginDrag(CControlBar& bar, CPoint screen)
+{
+    return std::make_unique<CDockContext>(bar, screen);
 }
 
 // ---- Records

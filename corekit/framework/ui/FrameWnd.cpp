@@ -2,15 +2,12 @@
 
 #include "corekit/framework/ui/CmdUI.h"
 #include "corekit/framework/ui/ControlBarStyles.h"
-#include "corekit/framework/ui/Document.h"
 #include "corekit/framework/ui/FrameMessages.h"
 #include "corekit/framework/ui/SafeHandle.h"
 #include "corekit/framework/ui/View.h"
 #include "corekit/framework/WinApp.h"
 #include "corekit/platform/Cursors.h"
 #include "corekit/platform/SystemColours.h"
-
-#include <memory>
 
 IMPLEMENT_DYNAMIC(CFrameWnd, CWnd)
 

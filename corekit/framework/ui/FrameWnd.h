@@ -6,20 +6,25 @@
 #pragma once
 
 #include "corekit/framework/ui/CreateContext.h"
+#include "corekit/framework/ui/ViewFrame.h"
 #include "corekit/framework/ui/Wnd.h"
 #include "corekit/platform/Accelerators.h"
 
+#include <memory>
 #include <vector>
 
 class CControlBar;
 class CDockBar;
 class CMiniDockFrameWnd;
-class CView;
 struct CDockState;
+
+namespace corekit::detail {
+class BarDrag;
+}
 
 inline constexpr UINT AFX_IDW_PANE_FIRST = 0xE900, AFX_IDW_PANE_LAST = 0xE9FF; // ids of views
 
-class COREKIT_API CFrameWnd : public CWnd {
+class COREKIT_API CFrameWnd : public CWnd, public corekit::detail::ViewFrame {
     DECLARE_DYNAMIC(CFrameWnd)
 public:
     CFrameWnd() = default;
@@ -33,9 +38,9 @@ public:
     // Tells all views to show their document for the first time, and shows the frame.
     void InitialUpdateFrame(CDocument* document, BOOL makeVisible);
 
-    CView* GetActiveView() const { return m_pViewActive; }
+    CView* GetActiveView() const override { return m_pViewActive; }
     // Null for none. Both views are told unless `notify` is false.
-    void SetActiveView(CView* view, BOOL notify = TRUE);
+    void SetActiveView(CView* view, BOOL notify = TRUE) override;
     virtual CDocument* GetActiveDocument();
 
     // Lays the bars out along the edges, in the order in which they were made, and the view over what is
@@ -59,6 +64,8 @@ public:
     // In a small frame of its own whose corner is at that point of the screen. Style: CBRS_ALIGN_TOP lying,
     // CBRS_ALIGN_LEFT standing.
     void FloatControlBar(CControlBar* bar, CPoint point, DWORD style = 0x2000);
+    // The user has taken hold of the bar at that point of the screen.
+    std::unique_ptr<corekit::detail::BarDrag> BeginDrag(CControlBar& bar, CPoint screen);
     void GetDockState(CDockState& state) const;
     // Bars that the state does not name stay where they are, and those that it alone names are not made.
     void SetDockState(const CDockState& state);

@@ -1,8 +1,12 @@
 // The handle of a window that may be missing.
 #pragma once
 
-#include "corekit/framework/ui/Wnd.h"
+#include "corekit/platform/Types.h"
 
 namespace corekit::detail {
-inline HWND safeHandle(const CWnd* window) { return window ? window->m_hWnd : nullptr; }
+template <class Window>
+HWND safeHandle(const Window* window)
+{
+    return window ? window->m_hWnd : nullptr;
+}
 } // namespace corekit::detail

@@ -1,9 +1,8 @@
 #include "corekit/framework/ui/View.h"
 
 #include "corekit/framework/ui/DC.h"
-#include "corekit/framework/ui/Document.h"
 #include "corekit/framework/ui/FrameMessages.h"
-#include "corekit/framework/ui/FrameWnd.h"
+#include "corekit/framework/ui/ViewFrame.h"
 #include "corekit/platform/Cursors.h"
 #include "corekit/platform/SystemColours.h"
 
@@ -16,6 +15,20 @@ ON_WM_PAINT()
 ON_WM_MOUSEACTIVATE()
 ON_MESSAGE(WM_INITIALUPDATE, &CView::OnInitialUpdateMessage)
 END_MESSAGE_MAP()
+
+namespace {
+
+// The nearest above it; null without one.
+corekit::detail::ViewFrame* frameOf(const CView& view)
+{
+    for (CWnd* above = view.GetParent(); above; above = above->GetParent())
+        if (auto* const frame = dynamic_cast<corekit::detail::ViewFrame*>(above)) return frame;
+    return nullptr;
+}
+
+} // namespace
+
+void CDocument::AddView(CView* view) { Enlist(view, *view); }
 
 CView::~CView()
 {
@@ -40,7 +53,7 @@ int CView::OnCreate(CREATESTRUCTA* create)
 
 void CView::OnDestroy()
 {
-    if (CFrameWnd* const frame = GetParentFrame(); frame && frame->GetActiveView() == this)
+    if (auto* const frame = frameOf(*this); frame && frame->GetActiveView() == this)
         frame->SetActiveView(nullptr);
     CWnd::OnDestroy();
 }
@@ -58,7 +71,7 @@ int CView::OnMouseActivate(CWnd* top, UINT hit, UINT message)
 {
     const int answer = CWnd::OnMouseActivate(top, hit, message);
     if (answer == MA_NOACTIVATE || answer == MA_NOACTIVATEANDEAT) return answer;
-    CFrameWnd* const frame = GetParentFrame();
+    auto* const frame = frameOf(*this);
     if (frame && frame->GetActiveView() != this) frame->SetActiveView(this);
     return answer;
 }

@@ -5,9 +5,10 @@
 #pragma once
 
 #include "corekit/framework/ui/CreateContext.h"
+#include "corekit/framework/ui/Document.h"
 #include "corekit/framework/ui/Wnd.h"
 
-class COREKIT_API CView : public CWnd {
+class COREKIT_API CView : public CWnd, public corekit::detail::DocumentViewer {
     DECLARE_DYNAMIC(CView)
 public:
     CView() = default;
@@ -19,11 +20,9 @@ public:
     // Once, when frame and document are there: shows the document for the first time.
     virtual void OnInitialUpdate() { OnUpdate(nullptr, 0, nullptr); }
     // The document has changed; repaints all.
-    virtual void OnUpdate(CView* sender, LPARAM hint, CObject* what);
+    void OnUpdate(CView* sender, LPARAM hint, CObject* what) override;
     // Becomes or ceases to be the active view; takes the focus when its frame is in front.
     virtual void OnActivateView(BOOL activate, CView* activated, CView* deactivated);
-
-    CDocument* m_pDocument = nullptr; // not owned; set by CDocument
 
 protected:
     virtual void OnDraw(CDC* dc) = 0;

@@ -1,6 +1,7 @@
 #include "corekit/framework/ui/WindowDC.h"
 
 #include "corekit/framework/ui/SafeHandle.h"
+#include "corekit/framework/ui/Wnd.h"
 
 using corekit::detail::safeHandle;
 
