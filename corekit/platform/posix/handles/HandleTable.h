@@ -1,10 +1,8 @@
-// The table behind every handle.
-//
-// A handle is the address of a slot; a slot holds one object and counts its users. Slots are never given back
-// to the system, so any value can be judged without touching foreign memory. An object lives until its handle
-// is closed and its last user is gone.
+// Kernel objects and their handles, several for one object if need be. It lives until its last handle is
+// closed and the last user of each is gone.
 #pragma once
 
+#include "corekit/platform/posix/handles/SlotTable.h"
 #include "corekit/platform/Types.h"
 
 #include <atomic>
@@ -62,25 +60,24 @@ private:
     std::atomic<std::uint32_t> m_handles{1};
 };
 
-struct alignas(32) HandleSlot {
-    static constexpr std::uint32_t openBit = 1; // the rest of `state` counts users by two
+struct alignas(32) HandleSlot : Slot {
+    bool isOpen(HANDLE handle) const { return isOpenIn(turnMeant(handle)); }
+    bool enter(HANDLE handle) { return enterIn(turnMeant(handle)); } // becomes a user; false when closed
+    void leave();                                                    // for users
+    void clear();
 
-    std::atomic<std::uint32_t> state{0};
-    std::uint32_t next = 0;
     Object* object = nullptr;
     // A copy of the object's, for those who look without being users: the object of another kind may go
     // meanwhile.
     std::atomic<ObjectKind> kind{};
-    // How often the slot was opened: tells an open handle from an earlier one with the same value.
-    std::atomic<std::uint32_t> turn{0};
 
-    bool isOpen() const { return (state.load(std::memory_order_acquire) & openBit) != 0; }
-    bool enter(); // becomes a user; false when closed
-    void addUser()
+private:
+    // A socket's number names no turn.
+    std::uint64_t turnMeant(HANDLE handle) const
     {
-        state.fetch_add(2, std::memory_order_relaxed);
-    }             // for those who are users or hold the lock
-    void leave(); // the last one out of a closed slot frees the object
+        const auto number = reinterpret_cast<HandleNumber>(handle);
+        return number < mostSlots ? turn() : turnOf(number);
+    }
 };
 
 // A new handle that owns the object; null with error 4 when the table is full.
@@ -92,7 +89,7 @@ HANDLE openAnother(Object& object);
 // The same where the handle is counted already; on failure it is given back.
 HANDLE openCounted(Object& object);
 
-// The slot of a handle, open or not; null for a value that is none.
+// The slot that a handle names, open or not; null for a value that names none.
 HandleSlot* slotOf(HANDLE handle);
 
 // What a socket is known by. slotOf takes it as a handle while the slot holds a socket.
@@ -111,7 +108,7 @@ class HandleUser {
 public:
     explicit HandleUser(HANDLE handle) : m_slot(slotOf(handle))
     {
-        if (m_slot == nullptr || !m_slot->enter()) {
+        if (m_slot == nullptr || !m_slot->enter(handle)) {
             m_slot = nullptr;
         } else if (isOfKind<T>(m_slot->object->kind())) {
             m_object = static_cast<T*>(m_slot->object);

@@ -19,7 +19,7 @@ BOOL DuplicateHandle(HANDLE sourceProcess, HANDLE source, HANDLE targetProcess, 
         return *target != nullptr;
     }
     HandleSlot* const slot = corekit::detail::slotOf(source);
-    if (slot == nullptr || !slot->enter()) {
+    if (slot == nullptr || !slot->enter(source)) {
         SetLastError(ERROR_INVALID_HANDLE);
         return FALSE;
     }
@@ -32,19 +32,19 @@ BOOL CloseHandle(HANDLE handle)
 {
     if (handle == GetCurrentThread()) return TRUE; // stands for no object of its own
     HandleSlot* const slot = corekit::detail::slotOf(handle);
-    if (slot == nullptr || !slot->enter()) {
+    if (slot == nullptr || !slot->enter(handle)) {
         SetLastError(ERROR_INVALID_HANDLE);
         return FALSE;
     }
-    std::uint32_t before;
+    bool closed;
     if (std::mutex* const mutex = slot->object->closingLock()) {
         const std::lock_guard lock(*mutex);
-        before = slot->state.fetch_and(~HandleSlot::openBit, std::memory_order_acq_rel);
+        closed = slot->close();
     } else {
-        before = slot->state.fetch_and(~HandleSlot::openBit, std::memory_order_acq_rel);
+        closed = slot->close();
     }
     slot->leave();
-    if ((before & HandleSlot::openBit) != 0) return TRUE;
+    if (closed) return TRUE;
     SetLastError(ERROR_INVALID_HANDLE);
     return FALSE;
 }

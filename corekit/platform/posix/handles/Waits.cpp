@@ -17,7 +17,7 @@ using namespace corekit::detail;
 HandleSlot* openSlot(HANDLE handle)
 {
     HandleSlot* const slot = slotOf(handle);
-    return slot != nullptr && slot->isOpen() ? slot : nullptr;
+    return slot != nullptr && slot->isOpen(handle) ? slot : nullptr;
 }
 
 bool isWaitable(const HandleSlot& slot)

@@ -32,20 +32,15 @@ public:
     // Null for what is no open port.
     CompletionQueue* find(HANDLE port)
     {
-        HandleSlot* const slot = slotOf(port);
-        if (slot != nullptr && slot == m_slot && slot->isOpen() &&
-            slot->turn.load(std::memory_order_relaxed) == m_turn)
-            return m_queue.get();
+        if (m_queue != nullptr && port == m_port && slotOf(port)->isOpen(port)) return m_queue.get();
         const PortUser user(port);
-        m_slot = user ? slot : nullptr;
+        m_port = port;
         m_queue = user ? user->queue : nullptr;
-        if (m_slot != nullptr) m_turn = m_slot->turn.load(std::memory_order_relaxed);
         return m_queue.get();
     }
 
 private:
-    HandleSlot* m_slot = nullptr;
-    std::uint32_t m_turn = 0;
+    HANDLE m_port = nullptr;
     std::shared_ptr<CompletionQueue> m_queue;
 };
 

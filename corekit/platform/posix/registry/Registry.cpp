@@ -1,17 +1,16 @@
 #include "corekit/platform/Registry.h"
 
+#include "corekit/platform/posix/handles/SlotTable.h"
 #include "corekit/platform/posix/registry/RegistryStore.h"
 
 #include <algorithm>
 #include <cstring>
-#include <deque>
 #include <mutex>
 #include <pthread.h>
 #include <stdexcept>
 #include <strings.h>
 #include <unistd.h>
 #include <utility>
-#include <vector>
 
 namespace {
 using corekit::detail::RegistryDatabase;
@@ -25,21 +24,21 @@ constexpr DWORD maximumAllowed = 0x02000000;
 constexpr DWORD writingRights = KEY_SET_VALUE | KEY_CREATE_SUB_KEY | 0x20 | 0xD0000; // links, delete, owner
 
 struct OpenKey {
-    std::shared_ptr<RegistryStore> store; // null: a free slot
+    std::shared_ptr<RegistryStore> store;
     RegistryStore::Key key = 0;
     DWORD access = 0;
-    std::uint32_t serial = 1; // tells a slot's users apart
 };
+
+struct KeySlot : corekit::detail::Slot {
+    void clear() { open = {}; }
+
+    OpenKey open;
+};
+
+constinit corekit::detail::SlotTable<KeySlot, corekit::detail::mostSlots> openKeys;
 
 // One lock for all: the connection is one, and a call from the cache is over in a fraction of a microsecond.
 constinit std::mutex lock;
-
-// Never destroyed: keys may be used while the process ends.
-std::deque<OpenKey>& Slots()
-{
-    static auto* slots = new std::deque<OpenKey>;
-    return *slots;
-}
 
 // A connection belongs to the process that made it, so none is open while a process divides.
 void WatchForks()
@@ -108,38 +107,31 @@ void Require(bool condition, DWORD code = ERROR_INVALID_PARAMETER)
     if (!condition) throw RegistryError{code};
 }
 
-constexpr int serialShift = 24;
-constexpr std::uintptr_t slotMask = (1u << serialShift) - 1;
+// A user of an open key.
+class KeyUser {
+public:
+    explicit KeyUser(HKEY key) : m_slot(openKeys.enter(reinterpret_cast<corekit::detail::HandleNumber>(key)))
+    {
+        Require(m_slot, ERROR_INVALID_HANDLE);
+    }
+    KeyUser(const KeyUser&) = delete;
+    KeyUser& operator=(const KeyUser&) = delete;
+    ~KeyUser() { openKeys.leave(*m_slot); }
 
-// A handle is the number of a slot, from 1, and that slot's serial number.
-OpenKey* FindSlot(HKEY key)
-{
-    const auto number = reinterpret_cast<std::uintptr_t>(key);
-    const std::uintptr_t slot = number & slotMask;
-    if (slot == 0 || slot > Slots().size()) return nullptr;
-    OpenKey& open = Slots()[slot - 1];
-    return open.store && open.serial == number >> serialShift ? &open : nullptr;
-}
+    const OpenKey& operator*() const { return m_slot->open; }
+    void Close() { m_slot->close(); }
 
-std::vector<std::uintptr_t>& FreeSlots()
-{
-    static auto* free = new std::vector<std::uintptr_t>;
-    return *free;
-}
+private:
+    KeySlot* const m_slot;
+};
 
 HKEY NewHandle(std::shared_ptr<RegistryStore> store, RegistryStore::Key key, DWORD access)
 {
-    if (FreeSlots().empty()) {
-        Require(Slots().size() < slotMask, ERROR_NOT_ENOUGH_MEMORY);
-        FreeSlots().reserve(Slots().size() + 1); // so that closing never fails
-        Slots().emplace_back();
-        FreeSlots().push_back(Slots().size());
-    }
-    const std::uintptr_t slot = FreeSlots().back();
-    FreeSlots().pop_back();
-    OpenKey& open = Slots()[slot - 1];
-    open = {std::move(store), key, access, open.serial};
-    return reinterpret_cast<HKEY>(slot | static_cast<std::uintptr_t>(open.serial) << serialShift);
+    const auto number = openKeys.open(corekit::detail::HandleKind::registryKey, [&](KeySlot& slot) {
+        slot.open = {std::move(store), key, access};
+    });
+    Require(number != 0, ERROR_NOT_ENOUGH_MEMORY);
+    return reinterpret_cast<HKEY>(number);
 }
 
 // A hive, or a copy of the open key's record.
@@ -149,9 +141,8 @@ OpenKey Opened(HKEY key, DWORD access = 0)
         return {RegistryStore::Current(), RegistryDatabase::machineHive, KEY_ALL_ACCESS};
     if (key == HKEY_CURRENT_USER)
         return {RegistryStore::Current(), RegistryDatabase::userHive, KEY_ALL_ACCESS};
-    const OpenKey* open = FindSlot(key);
-    Require(open, ERROR_INVALID_HANDLE);
-    Require((open->access & access) == access, ERROR_ACCESS_DENIED);
+    const KeyUser open(key);
+    Require(((*open).access & access) == access, ERROR_ACCESS_DENIED);
     return *open;
 }
 
@@ -223,10 +214,7 @@ LONG RegCloseKey(HKEY key)
 {
     return Answer([&] {
         if (key == HKEY_LOCAL_MACHINE || key == HKEY_CURRENT_USER) return;
-        OpenKey* open = FindSlot(key);
-        Require(open, ERROR_INVALID_HANDLE);
-        *open = {nullptr, 0, 0, open->serial + 1};
-        FreeSlots().push_back(reinterpret_cast<std::uintptr_t>(key) & slotMask);
+        KeyUser(key).Close();
     });
 }
 

@@ -130,9 +130,7 @@ int sockets::closesocket(SOCKET number)
     CloseHandle(handleOf(number));
     socket->setEvents(nullptr);
     // Whoever still waits for the socket keeps it open; this ends the wait.
-    constexpr std::uint32_t oneUser = 2;
-    if (slotOf(handleOf(number))->state.load(std::memory_order_acquire) > oneUser)
-        ::shutdown(socket->descriptor(), SHUT_RDWR);
+    if (slotOf(handleOf(number))->hasSeveralUsers()) ::shutdown(socket->descriptor(), SHUT_RDWR);
     return 0;
 }
 

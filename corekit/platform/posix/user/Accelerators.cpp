@@ -7,7 +7,8 @@
 #include <vector>
 
 namespace {
-using Tables = corekit::detail::UserTable<HACCEL, const std::vector<ACCEL>>;
+using Tables =
+    corekit::detail::UserTable<HACCEL, const std::vector<ACCEL>, corekit::detail::HandleKind::accelerators>;
 }
 
 HACCEL CreateAcceleratorTableA(const ACCEL* rows, int count)
@@ -16,19 +17,19 @@ HACCEL CreateAcceleratorTableA(const ACCEL* rows, int count)
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    return Tables::Instance().Open(std::make_shared<const std::vector<ACCEL>>(rows, rows + count));
+    return Tables::Open(std::make_unique<const std::vector<ACCEL>>(rows, rows + count));
 }
 
 BOOL DestroyAcceleratorTable(HACCEL table)
 {
-    if (Tables::Instance().Close(table)) return TRUE;
+    if (Tables::Close(table)) return TRUE;
     SetLastError(ERROR_INVALID_ACCEL_HANDLE);
     return FALSE;
 }
 
 int CopyAcceleratorTableA(HACCEL handle, ACCEL* rows, int count)
 {
-    const auto table = Tables::Instance().Find(handle);
+    const auto table = Tables::Find(handle);
     if (!table) SetLastError(ERROR_INVALID_ACCEL_HANDLE);
     const int present = table ? static_cast<int>(table->size()) : 0;
     if (!rows || !table) return present;

@@ -23,7 +23,8 @@ struct Menu {
     std::vector<Item> items;
 };
 
-using Menus = UserTable<HMENU, Menu>;
+using Menus = UserTable<HMENU, Menu, HandleKind::menu>;
+using MenuUser = Menus::User;
 
 constexpr UINT failure = 0xFFFFFFFF;
 constexpr UINT enabledBits = MF_GRAYED | MF_DISABLED;
@@ -37,30 +38,30 @@ Result Fail(DWORD error, Result result)
     return result;
 }
 
-std::shared_ptr<Menu> FindMenu(HMENU handle)
+MenuUser FindMenu(HMENU handle)
 {
-    auto menu = Menus::Instance().Find(handle);
+    auto menu = Menus::Find(handle);
     if (!menu) SetLastError(ERROR_INVALID_MENU_HANDLE);
     return menu;
 }
 
 // An item and the menu that it stands in.
 struct Place {
-    std::shared_ptr<Menu> menu;
+    MenuUser menu;
     std::size_t index = 0;
 
-    explicit operator bool() const { return menu != nullptr; }
+    explicit operator bool() const { return static_cast<bool>(menu); }
     Item& operator*() const { return menu->items[index]; }
     Item* operator->() const { return &menu->items[index]; }
 };
 
-Place FindCommand(const std::shared_ptr<Menu>& menu, UINT command)
+Place FindCommand(const MenuUser& menu, UINT command)
 {
     for (std::size_t i = 0; i < menu->items.size(); ++i) {
         const Item& item = menu->items[i];
         if (!(item.flags & MF_POPUP)) {
             if (item.id == command) return {menu, i};
-        } else if (const auto inner = Menus::Instance().Find(item.opens)) {
+        } else if (const auto inner = Menus::Find(item.opens)) {
             if (const Place found = FindCommand(inner, command)) return found;
         }
     }
@@ -68,7 +69,7 @@ Place FindCommand(const std::shared_ptr<Menu>& menu, UINT command)
 }
 
 // Empty, with no error set, if there is no such item.
-Place Look(const std::shared_ptr<Menu>& menu, UINT place, UINT flags)
+Place Look(const MenuUser& menu, UINT place, UINT flags)
 {
     if (!(flags & MF_BYPOSITION)) return FindCommand(menu, place);
     return place < menu->items.size() ? Place{menu, place} : Place{};
@@ -86,7 +87,7 @@ bool Holds(const Menu& outer, const Menu& wanted)
 {
     if (&outer == &wanted) return true;
     return std::ranges::any_of(outer.items, [&](const Item& item) {
-        const auto inner = item.opens ? Menus::Instance().Find(item.opens) : nullptr;
+        const auto inner = Menus::Find(item.opens);
         return inner && Holds(*inner, wanted);
     });
 }
@@ -117,12 +118,12 @@ DWORD ChangeState(HMENU handle, UINT place, UINT flags, UINT bits)
 
 } // namespace
 
-HMENU CreateMenu() { return Menus::Instance().Open(std::make_shared<Menu>()); }
+HMENU CreateMenu() { return Menus::Open(std::make_unique<Menu>()); }
 HMENU CreatePopupMenu() { return CreateMenu(); }
 
 BOOL DestroyMenu(HMENU handle)
 {
-    const auto menu = Menus::Instance().Close(handle);
+    const auto menu = Menus::Close(handle);
     if (!menu) return Fail(ERROR_INVALID_MENU_HANDLE, FALSE);
     for (const Item& item : menu->items)
         if (item.opens) DestroyMenu(item.opens);
@@ -191,7 +192,7 @@ UINT GetMenuState(HMENU handle, UINT place, UINT flags)
     const Place item = FindItem(handle, place, flags);
     if (!item) return failure;
     if (!item->opens) return item->flags;
-    const auto opened = Menus::Instance().Find(item->opens);
+    const auto opened = Menus::Find(item->opens);
     return MAKEWORD(LOBYTE(item->flags), LOBYTE(opened ? opened->items.size() : 0));
 }
 

@@ -22,11 +22,12 @@ struct Window {
     DWORD threadNumber;
     std::shared_ptr<MessageQueue> queue; // of that thread
     corekit::WindowProcedure procedure;
+    std::shared_ptr<void> behind;
 
     bool IsOfThisThread() const { return thread == std::this_thread::get_id(); }
 };
 
-using Windows = UserTable<HWND, const Window>;
+using Windows = UserTable<HWND, const Window, HandleKind::window>;
 
 const std::shared_ptr<MessageQueue>& ThisThreadsQueue()
 {
@@ -44,7 +45,7 @@ DWORD Milliseconds()
 bool MayRead(HWND window)
 {
     if (!window) return true;
-    const auto found = Windows::Instance().Find(window);
+    const auto found = Windows::Find(window);
     if (found && found->IsOfThisThread()) return true;
     SetLastError(ERROR_INVALID_WINDOW_HANDLE);
     return false;
@@ -55,24 +56,24 @@ bool MayRead(HWND window)
 LRESULT DispatchMessageA(const MSG* message)
 {
     if (!message) return 0;
-    const auto window = Windows::Instance().Find(message->hwnd);
+    const auto window = Windows::Find(message->hwnd);
     return window && window->IsOfThisThread() ? window->procedure(*message) : 0;
 }
 
 LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const auto found = Windows::Instance().Find(window);
+    const auto found = Windows::Find(window);
     if (found && found->IsOfThisThread())
         return found->procedure({window, message, wParam, lParam, 0, {0, 0}});
     SetLastError(found ? ERROR_ACCESS_DENIED : ERROR_INVALID_WINDOW_HANDLE);
     return 0;
 }
 
-BOOL IsWindow(HWND window) { return Windows::Instance().Find(window) != nullptr; }
+BOOL IsWindow(HWND window) { return static_cast<bool>(Windows::Find(window)); }
 
 DWORD GetWindowThreadProcessId(HWND window, DWORD* process)
 {
-    const auto found = Windows::Instance().Find(window);
+    const auto found = Windows::Find(window);
     if (!found) SetLastError(ERROR_INVALID_WINDOW_HANDLE);
     if (found && process) *process = GetCurrentProcessId();
     return found ? found->threadNumber : 0;
@@ -83,7 +84,7 @@ BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     std::shared_ptr<MessageQueue> queue;
     if (!window)
         queue = ThisThreadsQueue();
-    else if (const auto found = Windows::Instance().Find(window))
+    else if (const auto found = Windows::Find(window))
         queue = found->queue;
     if (!queue) {
         SetLastError(ERROR_INVALID_WINDOW_HANDLE);
@@ -131,15 +132,22 @@ MessageWindow::~MessageWindow() { corekit::closeWindow(m_window); }
 
 namespace corekit {
 
-HWND openWindow(WindowProcedure procedure)
+HWND openWindow(WindowProcedure procedure, std::shared_ptr<void> behind)
 {
-    return Windows::Instance().Open(std::make_shared<const Window>(
-        Window{std::this_thread::get_id(), GetCurrentThreadId(), ThisThreadsQueue(), std::move(procedure)}));
+    return Windows::Open(
+        std::make_unique<const Window>(Window{std::this_thread::get_id(), GetCurrentThreadId(),
+                                              ThisThreadsQueue(), std::move(procedure), std::move(behind)}));
+}
+
+const std::shared_ptr<void>* windowBehind(HWND window)
+{
+    const auto found = Windows::Find(window);
+    return found && found->IsOfThisThread() ? &found->behind : nullptr;
 }
 
 void closeWindow(HWND window)
 {
-    if (const auto closed = Windows::Instance().Close(window)) closed->queue->Drop(window);
+    if (const auto closed = Windows::Close(window)) closed->queue->Drop(window);
 }
 
 void setOuterLoop(const OuterLoop& loop) { ThisThreadsQueue()->SetOuterLoop(loop); }

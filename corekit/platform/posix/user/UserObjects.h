@@ -1,59 +1,73 @@
-// The table behind windows, menus and accelerator tables.
-//
-// Their handles are numbers, not addresses, and a number is never used again: one that has been closed, or
-// was never given out, is known for what it is.
+// Objects behind the handles of windows, menus, accelerator tables and image lists.
 #pragma once
 
-#include "corekit/platform/Types.h"
+#include "corekit/platform/posix/handles/SlotTable.h"
 
-#include <atomic>
 #include <memory>
-#include <mutex>
-#include <unordered_map>
+#include <new>
 #include <utility>
 
 namespace corekit::detail {
 
-// All kinds count together, so that a handle of one kind means nothing to another. Numbers below 0x10000 are
-// left to the ids that callers choose themselves.
-inline constinit std::atomic<UINT_PTR> lastUserNumber = 0xFFFF;
-
 // Any thread may ask; what an object holds is its owner's care.
-template <class Handle, class T>
+template <class Handle, class T, HandleKind kind>
 class UserTable {
-public:
-    // Lives to the end of the process: an object may be closed by a static object's destructor.
-    static UserTable& Instance()
-    {
-        static auto* const table = new UserTable;
-        return *table;
-    }
+    struct ObjectSlot : Slot {
+        void clear() { delete std::exchange(object, nullptr); }
 
-    Handle Open(std::shared_ptr<T> object)
+        T* object = nullptr;
+    };
+
+public:
+    // A user of an object, which stays as long as this does, whatever becomes of its handle.
+    class User {
+    public:
+        User() = default;
+        User(const User& other) : m_slot(other.m_slot)
+        {
+            if (m_slot != nullptr) m_slot->addUser();
+        }
+        User(User&& other) noexcept : m_slot(std::exchange(other.m_slot, nullptr)) {}
+        User& operator=(User other) noexcept
+        {
+            std::swap(m_slot, other.m_slot);
+            return *this;
+        }
+        ~User()
+        {
+            if (m_slot != nullptr) table.leave(*m_slot);
+        }
+
+        explicit operator bool() const { return m_slot != nullptr; }
+        T* operator->() const { return m_slot->object; }
+        T& operator*() const { return *m_slot->object; }
+
+    private:
+        friend UserTable;
+        explicit User(ObjectSlot* slot) : m_slot(slot) {}
+
+        ObjectSlot* m_slot = nullptr;
+    };
+
+    // Throws std::bad_alloc when the table is full.
+    static Handle Open(std::unique_ptr<T> object)
     {
-        const std::lock_guard lock(m_lock);
-        const auto handle = reinterpret_cast<Handle>(++lastUserNumber);
-        m_objects.emplace(handle, std::move(object));
-        return handle;
+        const HandleNumber number =
+            table.open(kind, [&](ObjectSlot& slot) { slot.object = object.release(); });
+        if (number == 0) throw std::bad_alloc();
+        return reinterpret_cast<Handle>(number);
     }
-    // Null for what is not open.
-    std::shared_ptr<T> Find(Handle handle)
+    // Empty for what is not open.
+    static User Find(Handle handle) { return User(table.enter(reinterpret_cast<HandleNumber>(handle))); }
+    // The object that was closed; empty for what is not open.
+    static User Close(Handle handle)
     {
-        const std::lock_guard lock(m_lock);
-        const auto found = m_objects.find(handle);
-        return found == m_objects.end() ? nullptr : found->second;
-    }
-    // The object that was closed; null for what is not open.
-    std::shared_ptr<T> Close(Handle handle)
-    {
-        const std::lock_guard lock(m_lock);
-        const auto node = m_objects.extract(handle);
-        return node ? node.mapped() : nullptr;
+        User closed = Find(handle);
+        return closed && closed.m_slot->close() ? closed : User();
     }
 
 private:
-    std::mutex m_lock;
-    std::unordered_map<Handle, std::shared_ptr<T>> m_objects;
+    static constinit inline SlotTable<ObjectSlot, 1u << 16> table;
 };
 
 } // namespace corekit::detail

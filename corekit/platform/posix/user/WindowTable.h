@@ -1,21 +1,24 @@
 // The table of all windows, and the loop of the thread that runs the window toolkit.
 //
-// A window is known here by its thread and by what takes its messages; the window library keeps the rest. Its
-// posted messages wait with all others of the thread; the toolkit's loop is told that one came and takes it
-// when its turn comes.
+// A window is known here by its thread, by what takes its messages, and by what the window library keeps
+// behind it. Its posted messages wait with all others of the thread; the toolkit's loop is told that one came
+// and takes it when its turn comes.
 #pragma once
 
 #include "corekit/platform/Export.h"
 #include "corekit/platform/Messages.h"
 
 #include <functional>
+#include <memory>
 
 namespace corekit {
 
 using WindowProcedure = std::function<LRESULT(const MSG&)>;
 
-// A window of the calling thread.
-COREKIT_API HWND openWindow(WindowProcedure procedure);
+// A window of the calling thread. What stands behind it stays until it is closed.
+COREKIT_API HWND openWindow(WindowProcedure procedure, std::shared_ptr<void> behind = nullptr);
+// What stands behind a window of the calling thread; null for any other value.
+COREKIT_API const std::shared_ptr<void>* windowBehind(HWND window);
 // Takes its posted messages along.
 COREKIT_API void closeWindow(HWND window);
 

@@ -53,7 +53,7 @@ constinit Drag drag;
 
 const QImage* pictureAt(HIMAGELIST handle, int index)
 {
-    const auto list = imageListOf(handle);
+    const auto list = ImageLists::Find(handle);
     return list && list->has(index) ? &list->pictures[static_cast<std::size_t>(index)] : nullptr;
 }
 

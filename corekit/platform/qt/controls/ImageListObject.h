@@ -2,11 +2,11 @@
 #pragma once
 
 #include "corekit/platform/ImageLists.h"
+#include "corekit/platform/posix/user/UserObjects.h"
 
 #include <QIcon>
 #include <QImage>
 
-#include <memory>
 #include <vector>
 
 namespace corekit::detail {
@@ -19,8 +19,9 @@ struct ImageList {
     bool has(int index) const { return index >= 0 && static_cast<std::size_t>(index) < pictures.size(); }
 };
 
-// Null for a handle that is none.
-std::shared_ptr<ImageList> imageListOf(HIMAGELIST handle);
+using ImageLists = UserTable<HIMAGELIST, ImageList, HandleKind::imageList>;
+using ImageListUser = ImageLists::User;
+
 // Null where there is no such picture.
 QIcon iconFrom(HIMAGELIST handle, int index);
 QSize iconSizeOf(HIMAGELIST handle);

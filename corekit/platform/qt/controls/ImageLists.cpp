@@ -1,7 +1,6 @@
 #include "corekit/platform/ImageLists.h"
 
 #include "corekit/platform/Errors.h"
-#include "corekit/platform/posix/user/UserObjects.h"
 #include "corekit/platform/qt/controls/ImageListObject.h"
 #include "corekit/platform/qt/controls/Picture.h"
 #include "corekit/platform/qt/drawing/ToolkitPainter.h"
@@ -16,12 +15,11 @@ namespace corekit::detail {
 
 namespace {
 
-using ImageLists = UserTable<HIMAGELIST, ImageList>;
 constexpr int largestSide = 4096;
 
-std::shared_ptr<ImageList> require(HIMAGELIST handle)
+ImageListUser require(HIMAGELIST handle)
 {
-    auto list = imageListOf(handle);
+    auto list = ImageLists::Find(handle);
     if (!list) SetLastError(ERROR_INVALID_HANDLE);
     return list;
 }
@@ -62,21 +60,16 @@ int append(ImageList& list, const QImage& strip)
 
 } // namespace
 
-std::shared_ptr<ImageList> imageListOf(HIMAGELIST handle)
-{
-    return handle ? ImageLists::Instance().Find(handle) : nullptr;
-}
-
 QIcon iconFrom(HIMAGELIST handle, int index)
 {
-    const auto list = imageListOf(handle);
+    const auto list = ImageLists::Find(handle);
     if (!list || !list->has(index)) return {};
     return QIcon(QPixmap::fromImage(list->pictures[static_cast<std::size_t>(index)]));
 }
 
 QSize iconSizeOf(HIMAGELIST handle)
 {
-    const auto list = imageListOf(handle);
+    const auto list = ImageLists::Find(handle);
     return list ? QSize(list->width, list->height) : QSize();
 }
 
@@ -90,16 +83,16 @@ HIMAGELIST ImageList_Create(int width, int height, UINT, int initial, int)
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    auto list = std::make_shared<ImageList>();
+    auto list = std::make_unique<ImageList>();
     list->width = width;
     list->height = height;
     if (initial > 0 && initial < largestSide) list->pictures.reserve(static_cast<std::size_t>(initial));
-    return ImageLists::Instance().Open(std::move(list));
+    return ImageLists::Open(std::move(list));
 }
 
 BOOL ImageList_Destroy(HIMAGELIST handle)
 {
-    if (ImageLists::Instance().Close(handle)) return TRUE;
+    if (ImageLists::Close(handle)) return TRUE;
     SetLastError(ERROR_INVALID_HANDLE);
     return FALSE;
 }

@@ -2,62 +2,49 @@
 
 #include "corekit/platform/Errors.h"
 
-#include <mutex>
 #include <utility>
 
 namespace corekit::detail {
 
-namespace {
-
-std::mutex tableLock; // makes and frees slots; lookups do without
-std::array<WORD, 0x10000> freeSlots;
-std::size_t freeCount = 0;
-std::size_t neverUsed = 0;
-
-} // namespace
-
-constinit GdiTable::Slots GdiTable::slots;
+constinit SlotTable<GdiTable::ObjectSlot, 1u << 16> GdiTable::table;
 
 void* GdiTable::add(std::shared_ptr<GdiObject> object)
 {
-    const std::lock_guard guard(tableLock);
-    if (freeCount == 0 && neverUsed > slotMask) {
-        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-        return nullptr;
-    }
-    const std::size_t index = freeCount ? freeSlots[--freeCount] : neverUsed++;
-    Slot& slot = slots.at[index];
-    const auto value = ++slot.generation << (slotBits + kindBits) |
-                       static_cast<std::uintptr_t>(object->kind) << slotBits | index;
-    object->handle = reinterpret_cast<void*>(value);
-    slot.object = std::move(object);
-    slot.handle.store(value, std::memory_order_release);
-    return reinterpret_cast<void*>(value);
+    GdiObject& added = *object;
+    const auto kind = static_cast<HandleKind>(added.kind);
+    const HandleNumber number = table.open(kind, [&](ObjectSlot& slot) { slot.object = std::move(object); });
+    if (number == 0) SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    if (number != 0) added.handle = reinterpret_cast<void*>(number);
+    return reinterpret_cast<void*>(number);
+}
+
+GdiTable::ObjectSlot* GdiTable::enter(const void* handle)
+{
+    const auto number = reinterpret_cast<HandleNumber>(handle);
+    const bool isOurs = kindOf(number) >= HandleKind::gdiObject;
+    ObjectSlot* const slot = isOurs ? table.enter(number) : nullptr;
+    if (slot == nullptr) refuse();
+    return slot;
 }
 
 std::shared_ptr<GdiObject> GdiTable::share(const void* handle)
 {
-    const auto value = reinterpret_cast<std::uintptr_t>(handle);
-    const Slot& slot = slots.at[value & slotMask];
-    if (value == 0 || slot.handle.load(std::memory_order_acquire) != value) {
-        refuse();
-        return nullptr;
-    }
-    return slot.object;
+    ObjectSlot* const slot = enter(handle);
+    if (slot == nullptr) return nullptr;
+    std::shared_ptr<GdiObject> shared = slot->object;
+    table.leave(*slot);
+    return shared;
 }
 
 std::shared_ptr<GdiObject> GdiTable::remove(const void* handle)
 {
-    const std::lock_guard guard(tableLock);
-    const auto value = reinterpret_cast<std::uintptr_t>(handle);
-    Slot& slot = slots.at[value & slotMask];
-    if (value == 0 || slot.handle.load(std::memory_order_acquire) != value) {
-        refuse();
-        return nullptr;
-    }
-    slot.handle.store(0, std::memory_order_release);
-    freeSlots[freeCount++] = static_cast<WORD>(value & slotMask);
-    return std::exchange(slot.object, nullptr);
+    ObjectSlot* const slot = enter(handle);
+    if (slot == nullptr) return nullptr;
+    std::shared_ptr<GdiObject> shared = slot->object;
+    const bool closed = slot->close();
+    table.leave(*slot);
+    if (!closed) refuse();
+    return closed ? shared : nullptr;
 }
 
 void GdiTable::refuse() { SetLastError(ERROR_INVALID_HANDLE); }

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "corekit/platform/Gdi.h"
+#include "corekit/platform/posix/handles/SlotTable.h"
 #include "corekit/platform/qt/drawing/Area.h"
 
-#include <array>
-#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -17,7 +16,15 @@ namespace corekit::detail {
 
 class SizedFont;
 
-enum class GdiKind : std::uintptr_t { context = 1, font, bitmap, pen, brush, region, icon };
+enum class GdiKind : std::uint8_t {
+    context = static_cast<std::uint8_t>(HandleKind::gdiObject),
+    font,
+    bitmap,
+    pen,
+    brush,
+    region,
+    icon
+};
 
 struct GdiObject {
     explicit GdiObject(GdiKind k) : kind(k) {}
@@ -94,24 +101,23 @@ struct Brush final : GdiObject {
     std::shared_ptr<Bitmap> pattern; // of BS_PATTERN
 };
 
-// A handle is a number: generation, kind and slot. A stale or invented one fails the comparison with
-// its slot and is never followed.
 class GdiTable {
 public:
     // Null if the table is full; the object's handle is set otherwise.
     static void* add(std::shared_ptr<GdiObject> object);
-    // Null with ERROR_INVALID_HANDLE unless the handle stands for a live object of this type.
+    // Null with ERROR_INVALID_HANDLE unless the handle stands for a live object of this type. The caller only
+    // looks: that nobody deletes the object meanwhile is the program's care.
     template <typename T>
     static T* find(const void* handle)
     {
-        const auto value = reinterpret_cast<std::uintptr_t>(handle);
-        const Slot& slot = slots.at[value & slotMask];
-        if (value == 0 || ((value >> slotBits) & kindMask) != static_cast<std::uintptr_t>(T::kindOf) ||
-            slot.handle.load(std::memory_order_acquire) != value) [[unlikely]] {
+        const auto number = reinterpret_cast<HandleNumber>(handle);
+        const ObjectSlot* const slot = table.at(number);
+        if (kindOf(number) != static_cast<HandleKind>(T::kindOf) || slot == nullptr ||
+            !slot->isOpenIn(turnOf(number))) [[unlikely]] {
             refuse();
             return nullptr;
         }
-        return static_cast<T*>(slot.object.get());
+        return static_cast<T*>(slot->object.get());
     }
     // As find, for an object of any kind, with a share in it.
     static std::shared_ptr<GdiObject> share(const void* handle);
@@ -119,23 +125,13 @@ public:
     static std::shared_ptr<GdiObject> remove(const void* handle);
 
 private:
-    static constexpr int slotBits = 16;
-    static constexpr int kindBits = 4;
-    static constexpr std::uintptr_t slotMask = (1u << slotBits) - 1;
-    static constexpr std::uintptr_t kindMask = (1u << kindBits) - 1;
+    struct ObjectSlot : Slot {
+        void clear() { object.reset(); }
 
-    struct Slot {
-        std::atomic<std::uintptr_t> handle{0};
-        std::uintptr_t generation = 0;
         std::shared_ptr<GdiObject> object;
     };
-    // Zero pages until slots are handed out; never torn down, since fonts outlive the toolkit's own end.
-    union Slots {
-        constexpr Slots() : at{} {}
-        ~Slots() {}
-        std::array<Slot, slotMask + 1> at;
-    };
-    static constinit Slots slots;
+    static constinit SlotTable<ObjectSlot, 1u << 16> table;
+    static ObjectSlot* enter(const void* handle);
     static void refuse();
 };
 

@@ -78,8 +78,9 @@ private:
     void takeOver()
     {
         QWidget& widget = *m_window->widget();
-        m_handle = openWindow(
-            [window = m_window](const MSG& message) { return WindowProcedures::call(*window, message); });
+        m_handle = openWindow([window = m_window.get()](
+                                  const MSG& message) { return WindowProcedures::call(*window, message); },
+                              m_window);
         m_window->m_handle = m_handle;
         m_window->m_alive = true;
         m_window->m_class = &m_class;
@@ -91,7 +92,7 @@ private:
         m_window->m_parent = m_create.hwndParent;
         if (isChild()) m_window->m_id = reinterpret_cast<UINT_PTR>(m_create.hMenu);
         ++m_class.windows;
-        windowTables().add(m_handle, m_window);
+        windowTables().add(*m_window);
         if (!isChild())
             widget.setWindowFlags(flagsOf(m_window->m_style, m_window->m_exStyle));
         else

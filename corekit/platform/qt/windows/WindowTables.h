@@ -1,9 +1,11 @@
-// Which window stands behind a handle, and which for a widget. Toolkit's thread.
+// All windows, and which of them stands for a widget. Toolkit's thread.
 #pragma once
 
+#include "corekit/platform/posix/user/WindowTable.h"
 #include "corekit/platform/qt/windows/Window.h"
 
 #include <unordered_map>
+#include <unordered_set>
 
 namespace corekit::detail {
 
@@ -11,36 +13,31 @@ class WindowTables {
 public:
     Window* find(HWND handle) const
     {
-        const auto found = m_windows.find(handle);
-        return found == m_windows.end() ? nullptr : found->second.get();
+        const std::shared_ptr<void>* const behind = windowBehind(handle);
+        return behind ? static_cast<Window*>(behind->get()) : nullptr;
     }
     std::shared_ptr<Window> share(HWND handle) const
     {
-        const auto found = m_windows.find(handle);
-        return found == m_windows.end() ? nullptr : found->second;
+        const std::shared_ptr<void>* const behind = windowBehind(handle);
+        return behind ? std::static_pointer_cast<Window>(*behind) : nullptr;
     }
     Window* standingFor(const QObject* widget) const
     {
         const auto found = m_widgets.find(widget);
         return found == m_widgets.end() ? nullptr : found->second;
     }
-    void add(HWND handle, std::shared_ptr<Window> window)
+    void add(Window& window)
     {
-        m_widgets.emplace(window->widget(), window.get());
-        m_windows.emplace(handle, std::move(window));
+        m_widgets.emplace(window.widget(), &window);
+        m_handles.insert(window.handle());
     }
     void removeWidget(const QObject* widget) { m_widgets.erase(widget); }
-    void remove(HWND handle) { m_windows.erase(handle); }
+    void remove(HWND handle) { m_handles.erase(handle); }
     // Handles of all windows, in no order: those that went since are to be looked up again.
-    std::vector<HWND> handles() const
-    {
-        std::vector<HWND> all;
-        for (const auto& [handle, window] : m_windows) all.push_back(handle);
-        return all;
-    }
+    std::vector<HWND> handles() const { return {m_handles.begin(), m_handles.end()}; }
 
 private:
-    std::unordered_map<HWND, std::shared_ptr<Window>> m_windows;
+    std::unordered_set<HWND> m_handles;
     std::unordered_map<const QObject*, Window*> m_widgets;
 };
 
