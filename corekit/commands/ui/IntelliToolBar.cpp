@@ -27,7 +27,7 @@ constinit corekit::detail::ToolBarCommands* source = nullptr;
 
 bool findItem(UINT command, CCmdItem& item) { return source && source->GetItemByCommand(command, item); }
 
-UINT BitmapOf(const CCmdItem& item)
+UINT bitmapOf(const CCmdItem& item)
 {
     return CIntelliToolBar::UsingLargeButtons() ? item.m_nLargeBitmap : item.m_nSmallBitmap;
 }
@@ -78,7 +78,7 @@ int CIntelliToolBar::InsertButton(int index, UINT command)
     if (command) {
         CCmdItem item;
         if (!findItem(command, item)) return 0;
-        const UINT bitmap = BitmapOf(item);
+        const UINT bitmap = bitmapOf(item);
         if (!IsBitmapInstalled(bitmap) && !InstallBitmap(bitmap)) return 0;
         button = {static_cast<int>(item.m_nImageIndex) + GetBitmapImageStart(bitmap),
                   static_cast<int>(item.m_nCommand), TBSTATE_ENABLED, TBSTYLE_BUTTON};
@@ -105,7 +105,7 @@ void CIntelliToolBar::ToggleButtonSize()
         GetButton(i, &button);
         CCmdItem item;
         const bool hasItem = button.idCommand && findItem(static_cast<UINT>(button.idCommand), item);
-        const UINT bitmap = hasItem ? BitmapOf(item) : 0;
+        const UINT bitmap = hasItem ? bitmapOf(item) : 0;
         if (hasItem && !IsBitmapInstalled(bitmap) && !InstallBitmap(bitmap)) break;
         SetButtonSize(m_bLargeButtons ? large + CSize(roomRoundLarge, roomRoundLarge) : smallButton);
         if (!hasItem) continue;

@@ -41,7 +41,7 @@ constinit corekit::detail::SlotTable<KeySlot, corekit::detail::mostSlots> openKe
 constinit std::mutex lock;
 
 // A connection belongs to the process that made it, so none is open while a process divides.
-void WatchForks()
+void watchForks()
 {
     static const int watching = pthread_atfork(
         [] {
@@ -52,7 +52,7 @@ void WatchForks()
     if (watching != 0) throw std::bad_alloc();
 }
 
-DWORD ErrorOf(const SqliteError& error)
+DWORD errorOf(const SqliteError& error)
 {
     switch (error.code & 0xFF) {
     case SQLITE_BUSY:
@@ -79,16 +79,16 @@ DWORD ErrorOf(const SqliteError& error)
 
 // Every public operation runs in here.
 template <class Operation>
-LONG Answer(Operation operation) noexcept
+LONG answer(Operation operation) noexcept
 {
     DWORD code = ERROR_SUCCESS;
     try {
-        WatchForks();
+        watchForks();
         const std::lock_guard guard(lock);
         try {
             operation();
         } catch (const SqliteError& error) {
-            code = ErrorOf(error);
+            code = errorOf(error);
             if (code == ERROR_REGISTRY_CORRUPT || code == ERROR_REGISTRY_IO_FAILED)
                 RegistryStore::DisconnectAll();
         }
@@ -102,7 +102,7 @@ LONG Answer(Operation operation) noexcept
     return static_cast<LONG>(code);
 }
 
-void Require(bool condition, DWORD code = ERROR_INVALID_PARAMETER)
+void require(bool condition, DWORD code = ERROR_INVALID_PARAMETER)
 {
     if (!condition) throw RegistryError{code};
 }
@@ -112,7 +112,7 @@ class KeyUser {
 public:
     explicit KeyUser(HKEY key) : m_slot(openKeys.enter(reinterpret_cast<corekit::detail::HandleNumber>(key)))
     {
-        Require(m_slot, ERROR_INVALID_HANDLE);
+        require(m_slot, ERROR_INVALID_HANDLE);
     }
     KeyUser(const KeyUser&) = delete;
     KeyUser& operator=(const KeyUser&) = delete;
@@ -125,94 +125,94 @@ private:
     KeySlot* const m_slot;
 };
 
-HKEY NewHandle(std::shared_ptr<RegistryStore> store, RegistryStore::Key key, DWORD access)
+HKEY newHandle(std::shared_ptr<RegistryStore> store, RegistryStore::Key key, DWORD access)
 {
     const auto number = openKeys.open(corekit::detail::HandleKind::registryKey, [&](KeySlot& slot) {
         slot.open = {std::move(store), key, access};
     });
-    Require(number != 0, ERROR_NOT_ENOUGH_MEMORY);
+    require(number != 0, ERROR_NOT_ENOUGH_MEMORY);
     return reinterpret_cast<HKEY>(number);
 }
 
 // A hive, or a copy of the open key's record.
-OpenKey Opened(HKEY key, DWORD access = 0)
+OpenKey opened(HKEY key, DWORD access = 0)
 {
     if (key == HKEY_LOCAL_MACHINE)
         return {RegistryStore::Current(), RegistryDatabase::machineHive, KEY_ALL_ACCESS};
     if (key == HKEY_CURRENT_USER)
         return {RegistryStore::Current(), RegistryDatabase::userHive, KEY_ALL_ACCESS};
     const KeyUser open(key);
-    Require(((*open).access & access) == access, ERROR_ACCESS_DENIED);
+    require(((*open).access & access) == access, ERROR_ACCESS_DENIED);
     return *open;
 }
 
-std::string PathOf(const char* subKey)
+std::string pathOf(const char* subKey)
 {
     std::string path = subKey ? subKey : "";
-    Require(!path.starts_with('\\'), ERROR_BAD_PATHNAME);
+    require(!path.starts_with('\\'), ERROR_BAD_PATHNAME);
     while (path.ends_with('\\')) path.pop_back();
     return path;
 }
 
 // What the handle may do in the end; throws 5 for more than this user may.
-DWORD Granted(const RegistryStore& store, DWORD access)
+DWORD grantedAccess(const RegistryStore& store, DWORD access)
 {
     if (access & maximumAllowed) return store.MayWrite() ? KEY_ALL_ACCESS : KEY_READ;
     if (access & genericAll) access |= KEY_ALL_ACCESS;
     if (access & genericRead) access |= KEY_READ;
     if (access & genericWrite) access |= KEY_WRITE;
-    Require(!(access & writingRights) || store.MayWrite(), ERROR_ACCESS_DENIED);
+    require(!(access & writingRights) || store.MayWrite(), ERROR_ACCESS_DENIED);
     return access;
 }
 
-void CopyData(std::string_view from, BYTE* data, DWORD* size)
+void copyData(std::string_view from, BYTE* data, DWORD* size)
 {
     if (!size) return;
     const DWORD room = std::exchange(*size, static_cast<DWORD>(from.size()));
     if (!data) return;
-    Require(from.size() <= room, ERROR_MORE_DATA);
+    require(from.size() <= room, ERROR_MORE_DATA);
     std::copy_n(from.data(), from.size(), data);
 }
 
-void CopyText(std::string_view from, char* text, DWORD* size)
+void copyText(std::string_view from, char* text, DWORD* size)
 {
     if (!text || !size) return;
-    Require(from.size() < *size, ERROR_MORE_DATA);
+    require(from.size() < *size, ERROR_MORE_DATA);
     text[from.copy(text, from.size())] = 0;
     *size = static_cast<DWORD>(from.size());
 }
 
-std::string_view NameOf(const char* name) { return name ? name : ""; }
+std::string_view nameOf(const char* name) { return name ? name : ""; }
 } // namespace
 
 LONG RegOpenKeyExA(HKEY key, const char* subKey, DWORD, DWORD access, HKEY* result)
 {
-    return Answer([&] {
-        Require(result);
-        const OpenKey parent = Opened(key);
-        const RegistryStore::Key found = parent.store->Find(parent.key, PathOf(subKey));
-        Require(found != 0, ERROR_FILE_NOT_FOUND);
-        *result = NewHandle(parent.store, found, Granted(*parent.store, access));
+    return answer([&] {
+        require(result);
+        const OpenKey parent = opened(key);
+        const RegistryStore::Key found = parent.store->Find(parent.key, pathOf(subKey));
+        require(found != 0, ERROR_FILE_NOT_FOUND);
+        *result = newHandle(parent.store, found, grantedAccess(*parent.store, access));
     });
 }
 
 LONG RegCreateKeyExA(HKEY key, const char* subKey, DWORD, const char* keyClass, DWORD options, DWORD access,
                      const _SECURITY_ATTRIBUTES*, HKEY* result, DWORD* disposition)
 {
-    return Answer([&] {
-        Require(result && subKey && (options & ~REG_OPTION_VOLATILE) == 0);
-        const OpenKey parent = Opened(key);
-        const DWORD granted = Granted(*parent.store, access);
+    return answer([&] {
+        require(result && subKey && (options & ~REG_OPTION_VOLATILE) == 0);
+        const OpenKey parent = opened(key);
+        const DWORD granted = grantedAccess(*parent.store, access);
         const auto [found, made] =
-            parent.store->Create(parent.key, PathOf(subKey), NameOf(keyClass), options & REG_OPTION_VOLATILE);
-        *result = NewHandle(parent.store, found, granted);
+            parent.store->Create(parent.key, pathOf(subKey), nameOf(keyClass), options & REG_OPTION_VOLATILE);
+        *result = newHandle(parent.store, found, granted);
         if (disposition) *disposition = made ? REG_CREATED_NEW_KEY : REG_OPENED_EXISTING_KEY;
     });
 }
 
 LONG RegCloseKey(HKEY key)
 {
-    return Answer([&] {
+    return answer([&] {
         if (key == HKEY_LOCAL_MACHINE || key == HKEY_CURRENT_USER) return;
         KeyUser(key).Close();
     });
@@ -220,58 +220,58 @@ LONG RegCloseKey(HKEY key)
 
 LONG RegConnectRegistryA(const char* machine, HKEY hive, HKEY* result)
 {
-    return Answer([&] {
-        Require(result);
-        Require(hive == HKEY_LOCAL_MACHINE || hive == HKEY_CURRENT_USER, ERROR_INVALID_HANDLE);
-        std::string_view name = NameOf(machine);
+    return answer([&] {
+        require(result);
+        require(hive == HKEY_LOCAL_MACHINE || hive == HKEY_CURRENT_USER, ERROR_INVALID_HANDLE);
+        std::string_view name = nameOf(machine);
         name.remove_prefix(std::min(name.find_first_not_of('\\'), name.size()));
         char own[256] = "";
         gethostname(own, sizeof own - 1);
         const auto is = [&](std::string_view other) {
             return name.size() == other.size() && strncasecmp(name.data(), other.data(), name.size()) == 0;
         };
-        Require(name.empty() || is(".") || is("localhost") || is(own), ERROR_BAD_NETPATH);
-        const OpenKey local = Opened(hive);
-        *result = NewHandle(local.store, local.key, Granted(*local.store, maximumAllowed));
+        require(name.empty() || is(".") || is("localhost") || is(own), ERROR_BAD_NETPATH);
+        const OpenKey local = opened(hive);
+        *result = newHandle(local.store, local.key, grantedAccess(*local.store, maximumAllowed));
     });
 }
 
 LONG RegQueryValueExA(HKEY key, const char* name, DWORD*, DWORD* type, BYTE* data, DWORD* size)
 {
-    return Answer([&] {
-        Require(size || !data);
-        const OpenKey open = Opened(key, KEY_QUERY_VALUE);
-        const RegistryValue* value = open.store->Value(open.key, NameOf(name));
-        Require(value, ERROR_FILE_NOT_FOUND);
+    return answer([&] {
+        require(size || !data);
+        const OpenKey open = opened(key, KEY_QUERY_VALUE);
+        const RegistryValue* value = open.store->Value(open.key, nameOf(name));
+        require(value, ERROR_FILE_NOT_FOUND);
         if (type) *type = value->type;
-        CopyData(value->data, data, size);
+        copyData(value->data, data, size);
     });
 }
 
 LONG RegSetValueExA(HKEY key, const char* name, DWORD, DWORD type, const BYTE* data, DWORD size)
 {
-    return Answer([&] {
-        Require(data || size == 0);
-        const OpenKey open = Opened(key, KEY_SET_VALUE);
-        open.store->SetValue(open.key, NameOf(name), type, {reinterpret_cast<const char*>(data), size});
+    return answer([&] {
+        require(data || size == 0);
+        const OpenKey open = opened(key, KEY_SET_VALUE);
+        open.store->SetValue(open.key, nameOf(name), type, {reinterpret_cast<const char*>(data), size});
     });
 }
 
 LONG RegDeleteValueA(HKEY key, const char* name)
 {
-    return Answer([&] {
-        const OpenKey open = Opened(key, KEY_SET_VALUE);
-        Require(open.store->DeleteValue(open.key, NameOf(name)), ERROR_FILE_NOT_FOUND);
+    return answer([&] {
+        const OpenKey open = opened(key, KEY_SET_VALUE);
+        require(open.store->DeleteValue(open.key, nameOf(name)), ERROR_FILE_NOT_FOUND);
     });
 }
 
 LONG RegDeleteKeyA(HKEY key, const char* subKey)
 {
-    return Answer([&] {
-        Require(subKey);
-        const OpenKey parent = Opened(key);
-        const RegistryStore::Key found = parent.store->Find(parent.key, PathOf(subKey));
-        Require(found != 0, ERROR_FILE_NOT_FOUND);
+    return answer([&] {
+        require(subKey);
+        const OpenKey parent = opened(key);
+        const RegistryStore::Key found = parent.store->Find(parent.key, pathOf(subKey));
+        require(found != 0, ERROR_FILE_NOT_FOUND);
         parent.store->Delete(found);
     });
 }
@@ -279,13 +279,13 @@ LONG RegDeleteKeyA(HKEY key, const char* subKey)
 LONG RegEnumKeyExA(HKEY key, DWORD index, char* name, DWORD* nameSize, DWORD*, char* keyClass,
                    DWORD* classSize, FILETIME* time)
 {
-    return Answer([&] {
-        Require(name && nameSize && (!keyClass || classSize));
-        const OpenKey open = Opened(key, KEY_ENUMERATE_SUB_KEYS);
+    return answer([&] {
+        require(name && nameSize && (!keyClass || classSize));
+        const OpenKey open = opened(key, KEY_ENUMERATE_SUB_KEYS);
         const auto& entries = open.store->Keys(open.key);
-        Require(index < entries.size(), ERROR_NO_MORE_ITEMS);
-        CopyText(entries[index].name, name, nameSize);
-        CopyText(entries[index].className, keyClass, classSize);
+        require(index < entries.size(), ERROR_NO_MORE_ITEMS);
+        copyText(entries[index].name, name, nameSize);
+        copyText(entries[index].className, keyClass, classSize);
         const auto changed = static_cast<std::uint64_t>(entries[index].changed);
         if (time) *time = {static_cast<DWORD>(changed), static_cast<DWORD>(changed >> 32)};
     });
@@ -294,16 +294,16 @@ LONG RegEnumKeyExA(HKEY key, DWORD index, char* name, DWORD* nameSize, DWORD*, c
 LONG RegEnumValueA(HKEY key, DWORD index, char* name, DWORD* nameSize, DWORD*, DWORD* type, BYTE* data,
                    DWORD* size)
 {
-    return Answer([&] {
-        Require(name && nameSize && (size || !data));
-        const OpenKey open = Opened(key, KEY_QUERY_VALUE);
+    return answer([&] {
+        require(name && nameSize && (size || !data));
+        const OpenKey open = opened(key, KEY_QUERY_VALUE);
         const auto& entries = open.store->Values(open.key);
-        Require(index < entries.size(), ERROR_NO_MORE_ITEMS);
-        CopyText(entries[index].name, name, nameSize);
+        require(index < entries.size(), ERROR_NO_MORE_ITEMS);
+        copyText(entries[index].name, name, nameSize);
         if (!type && !size) return;
         const RegistryValue* value = open.store->Value(open.key, std::string(entries[index].name));
-        Require(value, ERROR_NO_MORE_ITEMS);
+        require(value, ERROR_NO_MORE_ITEMS);
         if (type) *type = value->type;
-        CopyData(value->data, data, size);
+        copyData(value->data, data, size);
     });
 }

@@ -32,13 +32,13 @@ constexpr UINT knownFlags =
     enabledBits | MF_CHECKED | MF_POPUP | MF_MENUBARBREAK | MF_MENUBREAK | MF_SEPARATOR | MF_BYPOSITION;
 
 template <class Result>
-Result Fail(DWORD error, Result result)
+Result fail(DWORD error, Result result)
 {
     SetLastError(error);
     return result;
 }
 
-MenuUser FindMenu(HMENU handle)
+MenuUser findMenu(HMENU handle)
 {
     auto menu = Menus::Find(handle);
     if (!menu) SetLastError(ERROR_INVALID_MENU_HANDLE);
@@ -55,47 +55,47 @@ struct Place {
     Item* operator->() const { return &menu->items[index]; }
 };
 
-Place FindCommand(const MenuUser& menu, UINT command)
+Place findCommand(const MenuUser& menu, UINT command)
 {
     for (std::size_t i = 0; i < menu->items.size(); ++i) {
         const Item& item = menu->items[i];
         if (!(item.flags & MF_POPUP)) {
             if (item.id == command) return {menu, i};
         } else if (const auto inner = Menus::Find(item.opens)) {
-            if (const Place found = FindCommand(inner, command)) return found;
+            if (const Place found = findCommand(inner, command)) return found;
         }
     }
     return {};
 }
 
 // Empty, with no error set, if there is no such item.
-Place Look(const MenuUser& menu, UINT place, UINT flags)
+Place look(const MenuUser& menu, UINT place, UINT flags)
 {
-    if (!(flags & MF_BYPOSITION)) return FindCommand(menu, place);
+    if (!(flags & MF_BYPOSITION)) return findCommand(menu, place);
     return place < menu->items.size() ? Place{menu, place} : Place{};
 }
 
-Place FindItem(HMENU handle, UINT place, UINT flags)
+Place findItem(HMENU handle, UINT place, UINT flags)
 {
-    const auto menu = FindMenu(handle);
-    Place found = menu ? Look(menu, place, flags) : Place{};
+    const auto menu = findMenu(handle);
+    Place found = menu ? look(menu, place, flags) : Place{};
     if (menu && !found) SetLastError(ERROR_MENU_ITEM_NOT_FOUND);
     return found;
 }
 
-bool Holds(const Menu& outer, const Menu& wanted)
+bool holds(const Menu& outer, const Menu& wanted)
 {
     if (&outer == &wanted) return true;
     return std::ranges::any_of(outer.items, [&](const Item& item) {
         const auto inner = Menus::Find(item.opens);
-        return inner && Holds(*inner, wanted);
+        return inner && holds(*inner, wanted);
     });
 }
 
 // What the arguments describe, to stand in `menu`. False with a last error.
-bool Describe(Item& made, const Menu& menu, UINT flags, UINT_PTR item, const char* text)
+bool describe(Item& made, const Menu& menu, UINT flags, UINT_PTR item, const char* text)
 {
-    if (flags & ~knownFlags) return Fail(ERROR_INVALID_PARAMETER, false);
+    if (flags & ~knownFlags) return fail(ERROR_INVALID_PARAMETER, false);
     made.flags = flags & ~MF_BYPOSITION;
     if (text && !(flags & MF_SEPARATOR)) made.text = text;
     if (!(flags & MF_POPUP)) {
@@ -103,13 +103,13 @@ bool Describe(Item& made, const Menu& menu, UINT flags, UINT_PTR item, const cha
         return true;
     }
     made.opens = reinterpret_cast<HMENU>(item);
-    const auto opened = FindMenu(made.opens);
-    return opened && (!Holds(*opened, menu) || Fail(ERROR_INVALID_PARAMETER, false));
+    const auto opened = findMenu(made.opens);
+    return opened && (!holds(*opened, menu) || fail(ERROR_INVALID_PARAMETER, false));
 }
 
-DWORD ChangeState(HMENU handle, UINT place, UINT flags, UINT bits)
+DWORD changeState(HMENU handle, UINT place, UINT flags, UINT bits)
 {
-    const Place item = FindItem(handle, place, flags);
+    const Place item = findItem(handle, place, flags);
     if (!item) return failure;
     const UINT former = item->flags & bits;
     item->flags = (item->flags & ~bits) | (flags & bits);
@@ -124,7 +124,7 @@ HMENU CreatePopupMenu() { return CreateMenu(); }
 BOOL DestroyMenu(HMENU handle)
 {
     const auto menu = Menus::Close(handle);
-    if (!menu) return Fail(ERROR_INVALID_MENU_HANDLE, FALSE);
+    if (!menu) return fail(ERROR_INVALID_MENU_HANDLE, FALSE);
     for (const Item& item : menu->items)
         if (item.opens) DestroyMenu(item.opens);
     return TRUE;
@@ -132,12 +132,12 @@ BOOL DestroyMenu(HMENU handle)
 
 BOOL InsertMenuA(HMENU handle, UINT place, UINT flags, UINT_PTR item, const char* text)
 {
-    const auto menu = FindMenu(handle);
+    const auto menu = findMenu(handle);
     if (!menu) return FALSE;
-    Place before = Look(menu, place, flags);
+    Place before = look(menu, place, flags);
     if (!before) before = {menu, menu->items.size()};
     Item made;
-    if (!Describe(made, *before.menu, flags, item, text)) return FALSE;
+    if (!describe(made, *before.menu, flags, item, text)) return FALSE;
     before.menu->items.insert(before.menu->items.begin() + static_cast<std::ptrdiff_t>(before.index),
                               std::move(made));
     return TRUE;
@@ -150,9 +150,9 @@ BOOL AppendMenuA(HMENU menu, UINT flags, UINT_PTR item, const char* text)
 
 BOOL ModifyMenuA(HMENU handle, UINT place, UINT flags, UINT_PTR item, const char* text)
 {
-    const Place changed = FindItem(handle, place, flags);
+    const Place changed = findItem(handle, place, flags);
     Item made;
-    if (!changed || !Describe(made, *changed.menu, flags, item, text)) return FALSE;
+    if (!changed || !describe(made, *changed.menu, flags, item, text)) return FALSE;
     const HMENU former = changed->opens, now = made.opens;
     *changed = std::move(made);
     if (former && former != now) DestroyMenu(former);
@@ -161,7 +161,7 @@ BOOL ModifyMenuA(HMENU handle, UINT place, UINT flags, UINT_PTR item, const char
 
 BOOL DeleteMenu(HMENU handle, UINT place, UINT flags)
 {
-    const Place doomed = FindItem(handle, place, flags);
+    const Place doomed = findItem(handle, place, flags);
     if (!doomed) return FALSE;
     const HMENU opened = doomed->opens;
     doomed.menu->items.erase(doomed.menu->items.begin() + static_cast<std::ptrdiff_t>(doomed.index));
@@ -171,25 +171,25 @@ BOOL DeleteMenu(HMENU handle, UINT place, UINT flags)
 
 int GetMenuItemCount(HMENU handle)
 {
-    const auto menu = FindMenu(handle);
+    const auto menu = findMenu(handle);
     return menu ? static_cast<int>(menu->items.size()) : -1;
 }
 
 UINT GetMenuItemID(HMENU handle, int position)
 {
-    const Place item = FindItem(handle, static_cast<UINT>(position), MF_BYPOSITION);
+    const Place item = findItem(handle, static_cast<UINT>(position), MF_BYPOSITION);
     return item && !item->opens ? item->id : failure;
 }
 
 HMENU GetSubMenu(HMENU handle, int position)
 {
-    const Place item = FindItem(handle, static_cast<UINT>(position), MF_BYPOSITION);
+    const Place item = findItem(handle, static_cast<UINT>(position), MF_BYPOSITION);
     return item ? item->opens : nullptr;
 }
 
 UINT GetMenuState(HMENU handle, UINT place, UINT flags)
 {
-    const Place item = FindItem(handle, place, flags);
+    const Place item = findItem(handle, place, flags);
     if (!item) return failure;
     if (!item->opens) return item->flags;
     const auto opened = Menus::Find(item->opens);
@@ -199,7 +199,7 @@ UINT GetMenuState(HMENU handle, UINT place, UINT flags)
 int GetMenuStringA(HMENU handle, UINT place, char* buffer, int size, UINT flags)
 {
     if (buffer && size > 0) *buffer = 0;
-    const Place item = FindItem(handle, place, flags);
+    const Place item = findItem(handle, place, flags);
     if (!item || (buffer && size <= 0)) return 0;
     if (!buffer) return static_cast<int>(item->text.size());
     const std::size_t length = std::min(item->text.size(), static_cast<std::size_t>(size) - 1);
@@ -210,9 +210,9 @@ int GetMenuStringA(HMENU handle, UINT place, char* buffer, int size, UINT flags)
 
 DWORD EnableMenuItem(HMENU menu, UINT place, UINT flags)
 {
-    return ChangeState(menu, place, flags, enabledBits);
+    return changeState(menu, place, flags, enabledBits);
 }
 DWORD CheckMenuItem(HMENU menu, UINT place, UINT flags)
 {
-    return ChangeState(menu, place, flags, MF_CHECKED);
+    return changeState(menu, place, flags, MF_CHECKED);
 }

@@ -29,20 +29,20 @@ struct Window {
 
 using Windows = UserTable<HWND, const Window, HandleKind::window>;
 
-const std::shared_ptr<MessageQueue>& ThisThreadsQueue()
+const std::shared_ptr<MessageQueue>& thisThreadsQueue()
 {
     thread_local const auto queue = std::make_shared<MessageQueue>();
     return queue;
 }
 
-DWORD Milliseconds()
+DWORD millisecondsNow()
 {
     using namespace std::chrono;
     return static_cast<DWORD>(duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
 }
 
 // Whether this thread may read messages of the window.
-bool MayRead(HWND window)
+bool mayRead(HWND window)
 {
     if (!window) return true;
     const auto found = Windows::Find(window);
@@ -83,14 +83,14 @@ BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     std::shared_ptr<MessageQueue> queue;
     if (!window)
-        queue = ThisThreadsQueue();
+        queue = thisThreadsQueue();
     else if (const auto found = Windows::Find(window))
         queue = found->queue;
     if (!queue) {
         SetLastError(ERROR_INVALID_WINDOW_HANDLE);
         return FALSE;
     }
-    if (queue->Post({window, message, wParam, lParam, Milliseconds(), {0, 0}})) return TRUE;
+    if (queue->Post({window, message, wParam, lParam, millisecondsNow(), {0, 0}})) return TRUE;
     SetLastError(ERROR_NOT_ENOUGH_QUOTA);
     return FALSE;
 }
@@ -98,8 +98,8 @@ BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove)
 {
     if (!message) SetLastError(ERROR_INVALID_PARAMETER);
-    if (!message || !MayRead(window)) return FALSE;
-    const auto queue = ThisThreadsQueue();
+    if (!message || !mayRead(window)) return FALSE;
+    const auto queue = thisThreadsQueue();
     const QueueRead how = remove & PM_REMOVE ? QueueRead::take : QueueRead::look;
     if (queue->Read(*message, {window, first, last}, how)) return TRUE;
     if (!queue->HasOuterLoop()) return FALSE;
@@ -110,13 +110,13 @@ BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove)
 BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last)
 {
     if (!message) SetLastError(ERROR_INVALID_PARAMETER);
-    if (!message || !MayRead(window)) return -1;
-    const auto queue = ThisThreadsQueue();
+    if (!message || !mayRead(window)) return -1;
+    const auto queue = thisThreadsQueue();
     const MessageFilter filter{window, first, last};
     if (queue->HasOuterLoop()) {
         while (!queue->Read(*message, filter, QueueRead::take)) {
             queue->WorkOutside(true);
-            if (!MayRead(window)) return -1;
+            if (!mayRead(window)) return -1;
         }
     } else {
         queue->Read(*message, filter, QueueRead::wait);
@@ -136,7 +136,7 @@ HWND openWindow(WindowProcedure procedure, std::shared_ptr<void> behind)
 {
     return Windows::Open(
         std::make_unique<const Window>(Window{std::this_thread::get_id(), GetCurrentThreadId(),
-                                              ThisThreadsQueue(), std::move(procedure), std::move(behind)}));
+                                              thisThreadsQueue(), std::move(procedure), std::move(behind)}));
 }
 
 const std::shared_ptr<void>* windowBehind(HWND window)
@@ -150,14 +150,14 @@ void closeWindow(HWND window)
     if (const auto closed = Windows::Close(window)) closed->queue->Drop(window);
 }
 
-void setOuterLoop(const OuterLoop& loop) { ThisThreadsQueue()->SetOuterLoop(loop); }
+void setOuterLoop(const OuterLoop& loop) { thisThreadsQueue()->SetOuterLoop(loop); }
 
-bool takePosted(MSG& message) { return ThisThreadsQueue()->Read(message, {nullptr, 0, 0}, QueueRead::take); }
+bool takePosted(MSG& message) { return thisThreadsQueue()->Read(message, {nullptr, 0, 0}, QueueRead::take); }
 
 bool hasPosted()
 {
     MSG message;
-    return ThisThreadsQueue()->Read(message, {nullptr, 0, 0}, QueueRead::look);
+    return thisThreadsQueue()->Read(message, {nullptr, 0, 0}, QueueRead::look);
 }
 
 } // namespace corekit
