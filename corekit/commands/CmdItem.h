@@ -12,9 +12,12 @@ public:
     // The text of the command in the string table, up to its first line end: the prompt without the tip.
     CString GetDescription() const;
 
+    // What WM_COMMAND carries for it, and the number of its text in the string table.
     UINT m_nCommand = 0;
+    // Bitmaps may be 0, for a command without a button.
     UINT m_nSmallBitmap = 0; // resources that hold the button's image, 16 by 15 pixels or larger ones
     UINT m_nLargeBitmap = 0;
+
     UINT m_nImageIndex = 0; // of the image inside either bitmap
     CString m_strCategory;  // path, parts divided by "!"
     CString m_strName;      // as lists of commands show it

@@ -4,11 +4,17 @@
 #include "corekit/framework/Array.h"
 #include "corekit/platform/Types.h"
 
+// A plain value: a copy has a list of its own. What its keys do to the table's own keys, see KeyTables.h;
+// here nothing is checked, and a key or a command may come more than once.
 class CCustomAcceleratorTable {
 public:
+    // No keys, and the number 0, which no table has.
     CCustomAcceleratorTable() = default;
+    // No keys yet for the table of that resource number.
     explicit CCustomAcceleratorTable(UINT tableId) : m_nTableID(tableId) {}
+    // Copies number and keys. Not from the object itself.
     CCustomAcceleratorTable(const CCustomAcceleratorTable& source) { *this = source; }
+    // Copies of tables are what lists of them hold.
     CCustomAcceleratorTable& operator=(const CCustomAcceleratorTable& source)
     {
         m_nTableID = source.m_nTableID;
@@ -16,6 +22,6 @@ public:
         return *this;
     }
 
-    UINT m_nTableID = 0;
-    CArray<tagACCEL, tagACCEL&> m_entries;
+    UINT m_nTableID = 0;                   // resource number of the default table
+    CArray<tagACCEL, tagACCEL&> m_entries; // in the order in which they were given
 };

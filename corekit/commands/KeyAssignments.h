@@ -16,16 +16,21 @@ namespace corekit::detail {
 
 inline constexpr BYTE FNOINVERT = 2; // of ACCEL::fVirt: no menu is marked
 
+// A table is meant by its resource number. Two keys are the same if key code and held keys are, whether
+// they mark a menu or not. One thread at a time.
 class COREKIT_API KeyAssignments {
 public:
     // What is worked on: filled in at first, taken out at the end.
     CustomAcceleratorTables& Tables() { return m_tables; }
     // The custom keys of a command, the newest first; the default ones where it has none.
     std::vector<ACCEL> KeysOf(UINT table, WORD command, std::span<const ACCEL> defaults) const;
+    // Gives the command that `key` names one key more, which counts as its newest. Nobody asks here who
+    // holds the key already: see HolderOf.
     void Assign(UINT table, const ACCEL& key, std::span<const ACCEL> defaults);
     // Takes the custom key of that name from the command; whether it had one.
     bool Remove(UINT table, WORD command, const CString& keyName);
-    void ResetAll(); // of all tables
+    // Takes all custom keys away, of all tables: the default ones count again.
+    void ResetAll();
 
     // The command that holds the key already: among the custom keys of commands for which `isRival` is true,
     // then among default keys of commands without custom ones, here and in the keys that count everywhere.
@@ -35,6 +40,7 @@ public:
 
 private:
     const CCustomAcceleratorTable* Find(UINT table) const; // the last of that id
+    // The table of that id, made if there is none.
     CCustomAcceleratorTable& Made(UINT table);
     bool HasCustomKey(UINT table, WORD command) const;
 

@@ -26,6 +26,7 @@ using CustomAcceleratorTables = CArray<CCustomAcceleratorTable, CCustomAccelerat
 // Appends the tables that the store holds. A table whose data is missing has no keys; a part of a key at the
 // end is left out, and so are tables whose number the store does not have.
 COREKIT_API void LoadCustomKeys(CPropertyStore& store, CustomAcceleratorTables& tables);
+// Writes all tables. What stood there of tables beyond their number stays, and is not read again.
 COREKIT_API void SaveCustomKeys(CPropertyStore& store, const CustomAcceleratorTables& tables);
 
 } // namespace corekit::detail

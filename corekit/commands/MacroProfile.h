@@ -13,18 +13,19 @@ class CPropertyStore;
 namespace corekit {
 
 struct MacroButton {
-    CString name;
+    CString name;             // as the button shows it when it has no bitmap
     CString command;          // name of the macro, empty for none
     std::vector<BYTE> bitmap; // the stream form of a CDib, empty for none
     CString description;      // shown as the tool tip
 };
 
-inline constexpr int maximumMacroButtons = 50;
-inline constexpr int valuesOfMacroButton = 5;
+inline constexpr int maximumMacroButtons = 50; // of one toolbar
+inline constexpr int valuesOfMacroButton = 5;  // in the store
 
-// As many buttons as the store has values for, at most maximumMacroButtons; what is missing of one is empty.
+// As many buttons as the store has values for, five each, at most maximumMacroButtons; what is missing of
+// one is empty.
 COREKIT_API std::vector<MacroButton> LoadMacroButtons(CPropertyStore& store);
-// Replaces all values of the store.
+// Replaces all values of the store, others' too; nested stores stay.
 COREKIT_API void SaveMacroButtons(CPropertyStore& store, const std::vector<MacroButton>& buttons);
 
 } // namespace corekit

@@ -10,7 +10,9 @@
 class COREKIT_API CScsiDevice : public CObject {
     DECLARE_DYNAMIC(CScsiDevice)
 public:
+    // Where the device is; adaptor, bus and id count from 0.
     virtual int Open(int adaptor, int bus, int id) = 0;
+    // Sends `size` bytes to a unit of the device, and waits until it has taken them.
     virtual int Write(int lun, void* data, unsigned long size) = 0;
     // Asks for `size` bytes; a device that has fewer fills less of the buffer.
     virtual int Read(int lun, void* data, unsigned long size) = 0;

@@ -31,7 +31,8 @@ public:
     ~CSerialPort() override; // closes
 
     // The first leaves the line as it was, the others set all of it; where that fails the port is closed
-    // again. Nothing is told to the sink. A port that is open is closed first.
+    // again. The sink is not used and may be null. A port that is open is closed first. Throws the system's
+    // reason when there are no events to wait with.
     int OpenPort(int port, CProgressSink* progress);
     int OpenPort(const CSerialPortConfig& config, CProgressSink* progress);
     // `parity` and `stopBits` are the platform's values (EVENPARITY, TWOSTOPBITS).
@@ -45,7 +46,10 @@ public:
     CString GetPortName() const { return m_name; }
 
     int SetCommTimeouts(_COMMTIMEOUTS& timeouts) { return ::SetCommTimeouts(m_file, &timeouts); }
+    // The state of the incoming signals, MS_ or-ed together.
     int GetCommModemStatus(unsigned long* status);
+    // Sets or clears an outgoing signal or a break (SETDTR and its neighbours); drops what waits (PURGE_).
+    // A failure shows only as the last error.
     void EscapeCommFunction(unsigned long function);
     void PurgeComm(unsigned long flags);
     // Sets the structure's length field, too.

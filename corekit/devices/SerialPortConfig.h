@@ -12,6 +12,8 @@
 class CAXPropertySheet;
 class CPropertyStore;
 
+// Who may hold the other side up: nobody, the RTS and CTS signals, or the characters XON (17) and XOFF
+// (19).
 enum eFlowControlMode : int { flowNone = 0, flowHardware = 1, flowSoftware = 2 };
 
 class COREKIT_API CSerialPortConfig : public CObject {
@@ -19,20 +21,23 @@ class COREKIT_API CSerialPortConfig : public CObject {
 public:
     // COM1, 9600 bits per second, 8 data bits, no parity, one stop bit, hardware flow control.
     CSerialPortConfig() = default;
+    // A copy is independent of the original.
     CSerialPortConfig(const CSerialPortConfig& other) : CObject() { CopyHelper(other); }
     CSerialPortConfig& operator=(const CSerialPortConfig& other)
     {
         CopyHelper(other);
         return *this;
     }
+    // Equal if all six settings are.
     bool operator==(const CSerialPortConfig& other) const { return m_line == other.m_line; }
 
-    int GetPortNumber() const { return m_line.port; }
-    int GetBaudRate() const { return m_line.baudRate; }
+    int GetPortNumber() const { return m_line.port; }   // 1 is COM1
+    int GetBaudRate() const { return m_line.baudRate; } // bits per second
     int GetParity() const { return m_line.parity; }     // 0 none, 1 odd, 2 even, 3 mark, 4 space
     int GetDataBits() const { return m_line.dataBits; } // 5 to 8
     int GetStopBits() const { return m_line.stopBits; } // 0 one, 1 one and a half, 2 two
     eFlowControlMode GetFlowControl() const { return m_line.flow; }
+    // Values are kept as they are given.
     void SetPortNumber(int port) { m_line.port = port; }
     void SetData(int port, int baudRate, int parity, int dataBits, int stopBits, eFlowControlMode flow)
     {
@@ -41,13 +46,16 @@ public:
 
     // Another version throws message::invalidVersion before anything has changed.
     void ReadStream(CStream& stream);
+    // Writes 28 bytes at the stream's position.
     void WriteStream(CStream& stream);
-    // 0 at the first value that is missing; those before it have been read. The key is made if need be; what
-    // fails throws.
+    // 0 at the first value that is missing; those before it have been read. The key below `root` is made if
+    // need be; what fails throws message::createKeyFailed or message::setValueFailed.
     int LoadFromRegistry(HKEY root, const char* subKey);
+    // Writes all six, making the key if need be.
     void SaveToRegistry(HKEY root, const char* subKey);
     // 0 at the first value that is missing; those before it have been read.
     int LoadFromPropertyStore(CPropertyStore* store);
+    // Both stores are the caller's and not null.
     void SaveToPropertyStore(CPropertyStore* store);
 
     // Adds the page on which a user changes this object, which must outlive the sheet. The page offers the
@@ -55,18 +63,20 @@ public:
     void AddPropertyPages(CAXPropertySheet& sheet, unsigned int captionId, int allPorts);
 
 private:
+    // What is kept, with the settings of a new object.
     struct Line {
-        int port = 1;
-        int baudRate = 9600;
-        int parity = 0;
-        int dataBits = 8;
-        int stopBits = 0;
+        int port = 1;        // COM1
+        int baudRate = 9600; // bits per second
+        int parity = 0;      // none
+        int dataBits = 8;    // 5 to 8
+        int stopBits = 0;    // one
         eFlowControlMode flow = flowHardware;
 
         bool operator==(const Line&) const = default;
     };
 
-    void CopyHelper(const CSerialPortConfig& other) { m_line = other.m_line; }
+    void CopyHelper(const CSerialPortConfig& other) { m_line = other.m_line; } // all six settings
+    // Calls visit with the name and the value of each setting until it gives false; whether it never did.
     template <class Visit>
     static bool EachField(Line& line, Visit visit);
 

@@ -14,11 +14,14 @@
 #include <cstddef>
 
 inline constexpr std::size_t acceleratorResourceRow = 8; // flags, key, command and nothing, 16 bits each
+// Marks the last row among a row's flags; never seen in a loaded table.
 inline constexpr BYTE lastAcceleratorFlag = 0x80;
 
 // The stored form of the resource: little-endian rows, the last one flagged.
 template <std::size_t count>
 constexpr std::array<std::byte, count * acceleratorResourceRow>
+// The stored form of the resource: little-endian rows, the last one flagged. Eight bytes for each row;
+// meant for a constant, so that the table costs nothing at start.
 AcceleratorResource(const ACCEL (&rows)[count])
 {
     std::array<std::byte, count * acceleratorResourceRow> bytes{};
@@ -37,4 +40,4 @@ AcceleratorResource(const ACCEL (&rows)[count])
 // for the caller to destroy. The table ends with the flagged row or the last whole one. Null if no module has
 // such a resource, or one without a row.
 COREKIT_API HACCEL AfxLoadAccelerators(UINT id);
-COREKIT_API HACCEL AfxLoadAccelerators(const char* name);
+COREKIT_API HACCEL AfxLoadAccelerators(const char* name); // or MAKEINTRESOURCEA of a number

@@ -8,15 +8,18 @@
 
 class CTimecode;
 
-// Appends the text without its terminator, or `size` bytes.
+// Appends the text without its terminator, null being empty, or `size` bytes. An array that would pass 2
+// GiB throws the memory exception and stays as it was. The source must not lie in the array.
 COREKIT_API void AppendStringToBuffer(CByteArray& buffer, const char* text);
 COREKIT_API void AppendDataToBuffer(CByteArray& buffer, const void* data, unsigned long size);
 
-// Swaps the two bytes of each 16-bit unit in place.
+// Swaps the two bytes of each 16-bit unit in place, which turns big-endian text into little-endian or back;
+// `count` is in units.
 COREKIT_API void SwapByteOrder(unsigned short* data, int count);
+// All units of the string's length.
 COREKIT_API void SwapByteOrderInString(StringW& text);
 
-// Appends four bytes, little-endian.
+// Appends the low 32 bits as four bytes, little-endian.
 COREKIT_API void AddToBLOB(CByteArray& blob, unsigned long value);
 // The timecode as one value, its hours in the most significant byte.
 COREKIT_API void AddToBLOB(CByteArray& blob, const CTimecode& value);

@@ -22,7 +22,9 @@ class CWnd;
 class COREKIT_API CChainedException : public CException {
     DECLARE_DYNAMIC(CChainedException)
 public:
+    // Copies the message and owns the inner exception, which may be null.
     CChainedException(const char* message, CException* inner);
+
     ~CChainedException() override;
 
     // Copies the text of the whole chain, once per exception (see BuildMessageString), cut to `size` - 1
@@ -36,6 +38,7 @@ public:
     CString BuildMessageString();
 
 private:
+    // The cause, deleted with this object.
     CException* m_pInner;
     CString m_message;
 };
@@ -56,7 +59,8 @@ private:
 COREKIT_API CChainedException* GetLastErrorException();
 COREKIT_API CChainedException* GetLastErrorException(DWORD code);
 
-// The system's text with the line end that it has.
+// The system's text with the line end that it has; empty for a code without one. The second is for the
+// calling thread's last error.
 COREKIT_API CString GetSystemErrorString(DWORD code);
 COREKIT_API CString GetLastErrorString();
 

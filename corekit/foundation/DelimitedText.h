@@ -13,13 +13,16 @@ COREKIT_API void ConvertDelimitedStringToArray(const char* text, CStringArray& i
 COREKIT_API void ConvertDelimitedStringToArray(const WCHAR* text, CStringArray& items, WCHAR delimiter);
 COREKIT_API void ConvertDelimitedStringToArray(const char* text, CArray<StringA, const char*>& items,
                                                char delimiter);
+// With a stand-in, by which an item may contain the delimiter: where `stand` is in the text, the item gets
+// the delimiter itself. The items are split before that. No text is null.
 COREKIT_API void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHAR*>& items,
                                                WCHAR delimiter);
 // With a stand-in: where `stand` is in the text, the item gets the delimiter itself.
 COREKIT_API void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHAR*>& items,
                                                WCHAR delimiter, WCHAR stand);
 
-// Empties the array and fills it with the lines of the text, which CR, LF or CR LF end. An empty last line is
-// not added, and no empty line at all with `skipEmpty`.
+// Empties the array and fills it with the lines of the text, which CR, LF or CR LF end and which come
+// without them. An empty last line is not added, and no empty line at all with `skipEmpty` not 0. The text
+// ends at its first zero and is not null.
 COREKIT_API void ConvertBufferIntoLines(const char* text, CStringArray& lines, int skipEmpty);
 COREKIT_API void ConvertBufferIntoLines(const char* text, CArray<StringA, const char*>& lines, int skipEmpty);

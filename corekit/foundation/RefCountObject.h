@@ -8,10 +8,14 @@
 class COREKIT_API CRefCountObject : public CObject {
     DECLARE_DYNAMIC(CRefCountObject)
 public:
+    // Takes one more reference. Only who holds one may ask for another.
     void AddRef();
+    // Gives one reference back. With the last one OnFinalRelease runs on this thread, then the object is
+    // gone; the caller must not touch it again.
     void Release();
 
 protected:
+    // Protected, since the object deletes itself: neither a local variable nor a member is of such a class.
     CRefCountObject() = default;
     ~CRefCountObject() override = default;
 
@@ -20,5 +24,5 @@ protected:
     virtual void OnFinalRelease() = 0;
 
 private:
-    LONG m_references = 1;
+    LONG m_references = 1; // starts with the maker's
 };

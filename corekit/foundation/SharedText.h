@@ -39,8 +39,8 @@ struct TextHeader {
 // The one buffer of all empty strings of a width.
 template <class Ch>
 struct EmptyText {
-    TextHeader<Ch> header{-1, 0, 0};
-    Ch terminator{};
+    TextHeader<Ch> header{-1, 0, 0}; // never counted
+    Ch terminator{};                 // what all of them point to
 };
 extern COREKIT_API EmptyText<char> emptyTextA;
 extern COREKIT_API EmptyText<WCHAR> emptyTextW;
@@ -51,12 +51,12 @@ constexpr WCHAR* EmptyCharacters(WCHAR) { return &emptyTextW.terminator; }
 template <class Self, class Ch>
 class COREKIT_API SharedText {
 public:
-    using Data = TextHeader<Ch>;
+    using Data = TextHeader<Ch>; // of this width
 
     int GetLength() const { return GetData()->nDataLength; }
-    int GetAllocLength() const { return GetData()->nAllocLength; }
-    bool IsEmpty() const { return GetLength() == 0; }
-    operator const Ch*() const { return m_pchData; }
+    int GetAllocLength() const { return GetData()->nAllocLength; } // room, without the terminator
+    bool IsEmpty() const { return GetLength() == 0; }              // by the length alone
+    operator const Ch*() const { return m_pchData; }               // zero-terminated, never null
 
     // The character at an index; 0 outside the buffer.
     Ch GetAt(int index) const { return index >= 0 && index <= GetAllocLength() ? m_pchData[index] : Ch{}; }
@@ -85,27 +85,27 @@ public:
 
     // Index of a character or text at or behind `start`, -1 if there is none. The text ends at its first
     // zero, and a start outside the text finds nothing.
-    int Find(Ch ch) const { return Find(ch, 0); }
+    int Find(Ch ch) const { return Find(ch, 0); } // zero finds the terminator
     int Find(Ch ch, int start) const;
     int Find(const Ch* text) const { return Find(text, 0); }
-    int Find(const Ch* text, int start) const;
-    int FindOneOf(const Ch* set) const; // the first character that is in the set
+    int Find(const Ch* text, int start) const; // null is nowhere, the empty text at the start
+    int FindOneOf(const Ch* set) const;        // the first character that is in the set
     // The last occurrence. Only the low 8 bits of the character are looked for, in both widths.
     int ReverseFind(Ch ch) const;
 
     // Parts. Each is a string with a buffer of its own; counts and starts are cut to what there is.
-    Self Left(int n) const;
-    Self Right(int n) const;
-    Self Mid(int first) const { return Mid(first, GetLength()); }
+    Self Left(int n) const;                                       // the first n characters
+    Self Right(int n) const;                                      // the last n
+    Self Mid(int first) const { return Mid(first, GetLength()); } // from an index to the end
     Self Mid(int first, int n) const;
     Self SpanIncluding(const Ch* set) const; // the leading characters that are in the set
     Self SpanExcluding(const Ch* set) const; // the leading characters that are not
 
-    void MakeUpper();
-    void MakeLower();
-    void MakeReverse();
-    void TrimLeft(); // drop white space; the buffer stays
-    void TrimRight();
+    void MakeUpper();   // by the current locale, in place
+    void MakeLower();   // likewise, both up to the first zero
+    void MakeReverse(); // up to the first zero
+    void TrimLeft();    // drop white space; the buffer stays
+    void TrimRight();   // both by the locale's white space
 
     // Loads a text of the string table. Always 1; an unknown number gives the empty string.
     BOOL LoadStringA(UINT id);
@@ -135,8 +135,8 @@ public:
 
     // A locked buffer is never shared: copies of the string get their own, and assignments go into it while
     // they fit.
-    Ch* LockBuffer();
-    void UnlockBuffer();
+    Ch* LockBuffer();    // the characters, also of a buffer made for it
+    void UnlockBuffer(); // it may be shared again
 
     Data* GetData() const { return reinterpret_cast<Data*>(m_pchData) - 1; }
 
@@ -185,24 +185,24 @@ protected:
             std::memcpy(m_pchData, p, sizeof(Ch) * static_cast<std::size_t>(n));
         }
     }
-    SharedText(Ch ch, int n);
-    ~SharedText() { Release(GetData()); }
+    SharedText(Ch ch, int n);             // n below 1 is the empty text
+    ~SharedText() { Release(GetData()); } // gives its share back
     SharedText& operator=(const SharedText& other);
     SharedText& operator=(SharedText&& other);
 
-    void Init() { m_pchData = EmptyCharacters(Ch{}); }
+    void Init() { m_pchData = EmptyCharacters(Ch{}); } // releases nothing
     void AllocBuffer(int n);      // a new buffer of exactly n characters; the old one is not released
     void AllocBeforeWrite(int n); // an unshared buffer with room for n; the text may be lost
     void CopyBeforeWrite()        // an unshared buffer with the same text
     {
         if (RefsOf(GetData()) >= 2) CopyShared();
     }
-    void CopyShared();
-    void Clear();
-    void AllocCopy(Self& dest, int copyLen, int copyIndex, int extraLen) const;
-    void ConcatCopy(int n1, const Ch* p1, int n2, const Ch* p2);
-    void ConcatInPlace(int n, const Ch* p);
-    void FormatV(const Ch* format, va_list args);
+    void CopyShared(); // leaves the buffer to the others
+    void Clear();      // a locked buffer stays
+    void AllocCopy(Self& dest, int copyLen, int copyIndex, int extraLen) const; // of a part
+    void ConcatCopy(int n1, const Ch* p1, int n2, const Ch* p2); // a new buffer; the old is not released
+    void ConcatInPlace(int n, const Ch* p);                      // appends; p may lie in this buffer
+    void FormatV(const Ch* format, va_list args);                // all formatting ends in the third
     void FormatList(const Ch* format, FormatArguments args);
     void FormatFrom(const Ch* format, const FormatSource& source);
     void Release()
@@ -216,19 +216,20 @@ protected:
         // Who holds it alone, or has locked it, need not count down: nobody else can take a share.
         if (RefsOf(data) <= 1 || InterlockedDecrement(&data->nRefs) == 0) ::operator delete(data);
     }
+    // Null counts as empty.
     static int SafeStrlen(const Ch* p) { return p ? CountedLength(TextLength(p)) : 0; }
 
     // The count, readable while other threads change it.
     static LONG RefsOf(Data* data) { return std::atomic_ref(data->nRefs).load(std::memory_order_acquire); }
-    bool IsEmptyBuffer() const { return m_pchData == EmptyCharacters(Ch{}); }
+    bool IsEmptyBuffer() const { return m_pchData == EmptyCharacters(Ch{}); } // the one of all empty strings
     bool IsLocked() const { return RefsOf(GetData()) < 0 && !IsEmptyBuffer(); }
     bool IsOwnWithRoom(LONGLONG n) const { return RefsOf(GetData()) < 2 && n <= GetAllocLength(); }
-    struct Hold;
-    void SetLength(int n); // with the terminator, kept inside the buffer
-    void CopyOfLocked(const SharedText& other);
-    static Self Joined(int n1, const Ch* p1, int n2, const Ch* p2);
+    struct Hold;                                // a share for a scope
+    void SetLength(int n);                      // with the terminator, kept inside the buffer
+    void CopyOfLocked(const SharedText& other); // with a buffer of its own
+    static Self Joined(int n1, const Ch* p1, int n2, const Ch* p2); // a new text of both
 
-    Ch* m_pchData;
+    Ch* m_pchData; // never null
 };
 
 template <class Self, class Ch>

@@ -14,9 +14,10 @@ COREKIT_API void QuickSort(void* base, unsigned count, unsigned width, void* con
                            int (*compare)(void* context, const void* a, const void* b));
 
 // Ascending order. Integers compare by their 32-bit difference, so values more than 2^31 apart do not sort
-// rightly; texts compare without regard to case.
+// rightly; texts compare without regard to case, and equal ones keep their order.
 COREKIT_API void SortArray(CByteArray& array);
 COREKIT_API void SortArray(CArray<int, int>& array);
+// Texts are sorted by pointers first, so that each is moved once.
 COREKIT_API void SortArray(CStringArray& array);
 COREKIT_API void SortArray(CArray<StringA, const char*>& array);
 COREKIT_API void SortArray(CArray<StringW, const WCHAR*>& array);

@@ -11,9 +11,12 @@
 
 #include <ctime>
 
+// The time now in whole seconds, local if `bLocal` is not 0. A CTestClock, where there is one, is asked
+// instead.
 COREKIT_API long time_GetCurrentTime(int bLocal);
 
-// A result below zero is moved a day up. The timecode forms stay within the day and keep the frames.
+// Shift by the process's offset. A result below zero is moved a day up. The timecode forms stay within the
+// day and keep the frames.
 COREKIT_API long time_LocalToUTC(long t);
 COREKIT_API long time_UTCToLocal(long t);
 COREKIT_API CTimecode time_LocalToUTC(const CTimecode& t);
@@ -26,17 +29,21 @@ COREKIT_API int time_GetTimeStructure(std::tm& out, long t, int bToLocal);
 // outside or passes 32 bits.
 COREKIT_API long time_GetTimeValue(std::tm& t, int bFromLocal);
 
-// strftime, cut off at 4095 characters: a longer result is empty.
+// strftime in the current locale, cut off at 4095 characters: a longer result is empty, and so is that of a
+// null format. The wide form converts each conversion on its own and copies all else as it stands.
 COREKIT_API void time_FormatString(CString& out, const char* format, const std::tm& t);
 COREKIT_API void time_FormatString(StringA& out, const char* format, const std::tm& t);
 COREKIT_API void time_FormatString(StringW& out, const WCHAR* format, const std::tm& t);
+// The same for a time in seconds, moved to local time if asked. A time before 1970 formats as a structure of
+// zeros, 00/01/1900.
 COREKIT_API void time_FormatString(CString& out, const char* format, long t, int bToLocal);
 COREKIT_API void time_FormatString(StringA& out, const char* format, long t, int bToLocal);
 COREKIT_API void time_FormatString(StringW& out, const WCHAR* format, long t, int bToLocal);
+// The same for the time now, of which `bToLocal` makes the local one.
 COREKIT_API void time_FormatCurrentTime(CString& out, const char* format, int bToLocal);
 COREKIT_API void time_FormatCurrentTime(StringA& out, const char* format, int bToLocal);
 COREKIT_API void time_FormatCurrentTime(StringW& out, const WCHAR* format, int bToLocal);
 
-// File times count 100 nanoseconds since 1601.
+// File times count 100 nanoseconds since 1601 in UTC. Unix times are cut to whole seconds, towards 1970.
 COREKIT_API _FILETIME FileTimeFromUnixTime(const long& t);
 COREKIT_API long UnixTimeFromFileTime(const _FILETIME& t);

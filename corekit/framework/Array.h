@@ -27,13 +27,14 @@
 template <class TYPE, class ARG_TYPE = const TYPE&>
 class CArray : public CObject {
 public:
-    CArray() = default;
+    CArray() = default; // empty; allocates nothing until the first element comes
+    // Destroys the elements, frees the store; what pointers among them point at stays.
     ~CArray() override { Reset(); }
 
-    int GetSize() const noexcept { return m_nSize; }
-    int GetCount() const noexcept { return m_nSize; }
+    int GetSize() const noexcept { return m_nSize; }  // elements in use
+    int GetCount() const noexcept { return m_nSize; } // the same
     bool IsEmpty() const noexcept { return m_nSize == 0; }
-    int GetUpperBound() const noexcept { return m_nSize - 1; }
+    int GetUpperBound() const noexcept { return m_nSize - 1; } // -1 for an empty array
 
     // A negative size counts as 0, which frees the store. `growBy` of -1 leaves the step, 0 is the rule
     // above.
@@ -48,18 +49,21 @@ public:
             std::destroy(m_pData + newSize, m_pData + m_nSize);
         m_nSize = newSize;
     }
-    void RemoveAll() { SetSize(0); }
-    void FreeExtra()
+    void RemoveAll() { SetSize(0); } // destroys all and frees the store
+    void FreeExtra()                 // gives back what is reserved beyond the size; elements may move
     {
         if (m_nSize == 0) return Reset();
         if (m_nSize != m_nMaxSize) Reallocate(m_nSize);
     }
 
+    // A reference is good until the array grows, shrinks or goes. One for an index outside belongs to the
+    // calling thread and is cleared by the next such access.
     const TYPE& operator[](int index) const { return Inside(index) ? m_pData[index] : Spare(); }
     TYPE& operator[](int index) { return Inside(index) ? m_pData[index] : Spare(); }
-    const TYPE& GetAt(int index) const { return (*this)[index]; }
+    const TYPE& GetAt(int index) const { return (*this)[index]; } // as operator[], like the next two
     const TYPE& ElementAt(int index) const { return (*this)[index]; }
     TYPE& ElementAt(int index) { return (*this)[index]; }
+    // Assigns; never grows.
     void SetAt(int index, ARG_TYPE element)
     {
         if (Inside(index)) m_pData[index] = element;
@@ -68,23 +72,26 @@ public:
     TYPE* GetData() noexcept { return m_pData; }
     const TYPE* GetData() const noexcept { return m_pData; }
 
-    // The index of the new element.
+    // The index of the new element. At the end; amortised by the growth step, linear in the size when the
+    // store moves.
     int Add(ARG_TYPE element)
     {
         const int index = m_nSize;
         SetAtGrow(index, element);
         return index;
     }
+    // Assigns, and grows the array up to the index where it lies behind the end; what comes in between is
+    // new. Below 0 nothing happens.
     void SetAtGrow(int index, ARG_TYPE element)
     {
         if (index < 0) return;
-        if (index < m_nSize) {
+        if (index < m_nSize) { // there is such an element
             m_pData[index] = element;
-        } else if (index == m_nSize && index < m_nMaxSize) {
+        } else if (index == m_nSize && index < m_nMaxSize) { // the next one, and there is room
             TYPE* added = std::construct_at(m_pData + m_nSize);
             ++m_nSize;
             *added = element;
-        } else if (index < m_nMaxSize) {
+        } else if (index < m_nMaxSize) { // further on, in the room there is
             SetSize(index + 1);
             m_pData[index] = element;
         } else {
@@ -95,7 +102,7 @@ public:
             m_pData[index] = std::move(copy);
         }
     }
-    // The index of the first appended element.
+    // The index of the first appended element. Copies all of `source`, which may be this array.
     int Append(const CArray& source)
     {
         const int first = m_nSize, count = source.m_nSize;
@@ -104,14 +111,16 @@ public:
         std::copy_n(source.m_pData, count, m_pData + first);
         return first;
     }
+    // Makes the size and every element equal; the growth step stays.
     void Copy(const CArray& source)
     {
-        if (this == &source) return;
+        if (this == &source) return; // as it is
         SetSize(source.m_nSize);
         std::copy_n(source.m_pData, source.m_nSize, m_pData);
     }
 
-    // An index past the end grows the array up to it.
+    // An index past the end grows the array up to it. `count` copies in front of the element at `index`;
+    // below 0, and for no copies, nothing happens.
     void InsertAt(int index, ARG_TYPE element, int count = 1)
     {
         if (index < 0 || count <= 0) return;
@@ -120,18 +129,20 @@ public:
         OpenGap(index, count);
         std::fill_n(m_pData + index, count, copy);
     }
+    // All of `source`, which may be this array, in front of the element at `index`; null inserts nothing.
     void InsertAt(int index, const CArray* source)
     {
         if (index < 0 || !source || source->m_nSize == 0) return;
         CArray copy;
         copy.Copy(*source);
-        OpenGap(index, copy.m_nSize);
+        OpenGap(index, copy.m_nSize); // throws before anything has moved
         std::move(copy.m_pData, copy.m_pData + copy.m_nSize, m_pData + index);
     }
+    // Moves what lies behind to the front; the capacity stays.
     void RemoveAt(int index, int count = 1)
     {
-        if (!Inside(index) || count <= 0) return;
-        count = std::min(count, m_nSize - index);
+        if (!Inside(index) || count <= 0) return; // nothing is there
+        count = std::min(count, m_nSize - index); // as many as there are
         std::move(m_pData + index + count, m_pData + m_nSize, m_pData + index);
         std::destroy(m_pData + m_nSize - count, m_pData + m_nSize);
         m_nSize -= count;
@@ -148,11 +159,12 @@ private:
     // What an index outside stands for; fresh at every use.
     [[gnu::cold, gnu::noinline]] static TYPE& Spare()
     {
-        static thread_local TYPE spare;
+        static thread_local TYPE spare; // one for each type and thread
         spare = TYPE();
         return spare;
     }
 
+    // Makes value-initialised elements in raw store.
     static void Construct(TYPE* first, TYPE* last)
     {
         if constexpr (std::is_scalar_v<TYPE> && !std::is_member_pointer_v<TYPE>)
@@ -167,12 +179,14 @@ private:
         return std::max(newSize, step > INT_MAX - m_nMaxSize ? INT_MAX : m_nMaxSize + step);
     }
 
+    // Moves the elements to a store of that size; trivially copyable ones as a block. Throws the memory
+    // exception and leaves all as it was.
     void Reallocate(int capacity)
     {
         if (static_cast<std::size_t>(capacity) > PTRDIFF_MAX / sizeof(TYPE)) AfxThrowMemoryException();
         const std::size_t bytes = static_cast<std::size_t>(capacity) * sizeof(TYPE);
         if constexpr (std::is_trivially_copyable_v<TYPE>) {
-            void* store = std::realloc(static_cast<void*>(m_pData), bytes);
+            void* store = std::realloc(static_cast<void*>(m_pData), bytes); // often in place
             if (!store) AfxThrowMemoryException();
             m_pData = static_cast<TYPE*>(store);
         } else {
@@ -186,11 +200,12 @@ private:
         m_nMaxSize = capacity;
     }
 
+    // Moves the elements from `index` on by `count` places; the gap holds values to be overwritten.
     void OpenGap(int index, int count)
     {
         const int oldSize = m_nSize;
         if (count > INT_MAX - std::max(index, oldSize)) AfxThrowMemoryException();
-        SetSize(std::max(index, oldSize) + count);
+        SetSize(std::max(index, oldSize) + count); // new ones at the end
         if (index < oldSize)
             std::move_backward(m_pData + index, m_pData + oldSize, m_pData + oldSize + count);
     }
@@ -204,18 +219,19 @@ private:
     }
 
     TYPE* m_pData = nullptr;
-    int m_nSize = 0;
-    int m_nMaxSize = 0;
-    int m_nGrowBy = 0;
+    int m_nSize = 0;    // in use
+    int m_nMaxSize = 0; // allocated
+    int m_nGrowBy = 0;  // 0: the rule above
 };
 
-class COREKIT_API CByteArray : public CArray<BYTE, BYTE> {
+// Arrays of common types, with a run-time class each.
+class COREKIT_API CByteArray : public CArray<BYTE, BYTE> { // bytes
     DECLARE_DYNAMIC(CByteArray)
 };
-class COREKIT_API CWordArray : public CArray<WORD, WORD> {
+class COREKIT_API CWordArray : public CArray<WORD, WORD> { // 16 bits, unsigned
     DECLARE_DYNAMIC(CWordArray)
 };
-class COREKIT_API CDWordArray : public CArray<DWORD, DWORD> {
+class COREKIT_API CDWordArray : public CArray<DWORD, DWORD> { // 32 bits, unsigned
     DECLARE_DYNAMIC(CDWordArray)
 };
 // Owns none of what its pointers point at.
@@ -225,6 +241,6 @@ class COREKIT_API CPtrArray : public CArray<void*, void*> {
 class COREKIT_API CObArray : public CArray<CObject*, CObject*> {
     DECLARE_DYNAMIC(CObArray)
 };
-class COREKIT_API CStringArray : public CArray<CString, const CString&> {
+class COREKIT_API CStringArray : public CArray<CString, const CString&> { // copies share the texts
     DECLARE_DYNAMIC(CStringArray)
 };

@@ -1,5 +1,22 @@
 // The application object: one per program, usually a static of a class derived from CWinApp. It stands for
 // the thread that makes it.
+//
+// It is made before main runs and goes after it has ended, or lives on main's stack; never in two places, as
+// the newest one counts. AfxWinInit tells it the command line; CWinThread::Run then runs the program, if it
+// has a main window.
+//
+//     class CPrompterApp : public CWinApp {
+//     public:
+//         CPrompterApp() : CWinApp("Prompter") {}
+//         BOOL InitInstance() override; // makes the main window and sets m_pMainWnd
+//     };
+//     CPrompterApp theApp;
+//
+//     int main(int argc, char** argv)
+//     {
+//         AfxWinInit(nullptr, nullptr, argc > 1 ? argv[1] : "", 1);
+//         return theApp.InitInstance() ? theApp.Run() : theApp.ExitInstance();
+//     }
 #pragma once
 
 #include "corekit/framework/WinThread.h"
@@ -7,25 +24,31 @@
 class COREKIT_API CWinApp : public CWinThread {
     DECLARE_DYNAMIC(CWinApp)
 public:
-    // The name must outlive the object; null counts as "".
+    // The name must outlive the object; null counts as "". The object becomes that of the calling thread
+    // (AfxGetThread) and of the program (AfxGetApp).
     explicit CWinApp(const char* appName = nullptr);
+    // Does not destroy the main window.
     ~CWinApp() override;
 
     // The cursor that asks for patience, over all windows: 1 begins, -1 ends, 0 shows it again. Counts.
+    // User-interface thread; without the window library nothing happens. Ends beyond the begins are
+    // disregarded.
     virtual void DoWaitCursor(int change);
-    void BeginWaitCursor() { DoWaitCursor(1); }
-    void EndWaitCursor() { DoWaitCursor(-1); }
-    void RestoreWaitCursor() { DoWaitCursor(0); }
+    void BeginWaitCursor() { DoWaitCursor(1); }   // one more
+    void EndWaitCursor() { DoWaitCursor(-1); }    // one less; the last one brings the cursor back
+    void RestoreWaitCursor() { DoWaitCursor(0); } // changes nothing: it lies over all other cursors
 
-    const char* m_pszAppName;
-    const char* m_lpCmdLine = ""; // without the program's name; set by whoever starts the application
-    HINSTANCE m_hInstance = nullptr;
+    const char* m_pszAppName;        // titles message boxes; never null
+    const char* m_lpCmdLine = "";    // without the program's name; set by whoever starts the application
+    HINSTANCE m_hInstance = nullptr; // null for the program itself
 };
 
-// The application object, or null before it is made and after it is gone.
+// The application object, or null before it is made and after it is gone. Any thread; the object itself
+// belongs to its own.
 COREKIT_API CWinApp* AfxGetApp();
 
-// Shows the waiting cursor for as long as it lives; nothing without an application object.
+// Shows the waiting cursor for as long as it lives; nothing without an application object. User-interface
+// thread; nests.
 class CWaitCursor {
 public:
     CWaitCursor()
@@ -39,7 +62,7 @@ public:
     CWaitCursor(const CWaitCursor&) = delete;
     CWaitCursor& operator=(const CWaitCursor&) = delete;
 
-    void Restore()
+    void Restore() // as CWinApp::RestoreWaitCursor
     {
         if (CWinApp* const app = AfxGetApp()) app->RestoreWaitCursor();
     }

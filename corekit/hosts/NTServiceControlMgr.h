@@ -24,11 +24,15 @@ public:
     CNTServiceControlMgr& operator=(const CNTServiceControlMgr&) = delete;
     ~CNTServiceControlMgr() override { Close(); }
 
-    // Connects to this machine's manager. Once open, close it before it is opened again.
+    // Connects to this machine's manager; `access` is SC_MANAGER_ rights, which the later calls need. Once
+    // open, close it before it is opened again.
     int OpenLocal(unsigned long access);
-    void Close();
 
+    void Close(); // nothing happens if it is not open
+
+    // Nonzero for a service that is there and may be asked for its state.
     int ServiceExists(const char* name);
+    // The state of the moment; a service that failed is stopped, with error 1066 and its own exit code.
     int QueryServiceStatus(const char* name, _SERVICE_STATUS& status);
 
     // Installs the service; one of that name that exists gets these settings instead. Types and accounts are
@@ -41,8 +45,9 @@ public:
                              unsigned long startType, unsigned long errorControl, const char* binaryPath,
                              const char* loadOrderGroup, unsigned long* tagId,
                              const CStringArray& dependencies, const char* startName, const char* password);
-    // The service can then not be started.
+    // The service can then not be started; one that runs goes on.
     int DisableService(const char* name);
+    // Takes the service away; one that runs goes on until it ends.
     int DeleteService(const char* name);
 
     // Start or stop the service and look on twice a second until it has: there is no limit of time while the

@@ -116,6 +116,7 @@ private:
     static void AlertSinkEventLogHook(eAlertCategory category, const char* text);
 
     CString m_name;
+    // Whether the program was started with -console.
     bool m_isConsole = false;
     CAlertSink m_alerts;
     HANDLE m_stopEvent = nullptr;

@@ -23,21 +23,22 @@ class CLogTarget;
 
 // The level in the log is Information, Warning, MajorError or MinorError; any other value is a minor error.
 enum eAlertCategory : int {
-    alertInformation = 0,
-    alertWarning = 1,
-    alertMajorError = 2,
-    alertMinorError = 3,
+    alertInformation = 0, // nothing is wrong
+    alertWarning = 1,     // something may go wrong
+    alertMajorError = 2,  // a part of the work is not done
+    alertMinorError = 3,  // something failed without harm
 };
 
 class COREKIT_API CAlertSink : public CObject {
     DECLARE_DYNAMIC(CAlertSink)
 public:
+    // Called on the thread that reports; the text lives until it returns.
     using Hook = void (*)(eAlertCategory category, const char* text);
 
     CAlertSink();
     ~CAlertSink() override;
 
-    // Not needed before Alert. Always 1.
+    // Keeps the settings and the program's name. Not needed before Alert. Always 1.
     int Initialise(const CAlertSinkConfig& config, const char* name);
     // For good; a hook registered twice is called twice. One that is registered by a hook is called in the
     // same report.
@@ -45,6 +46,7 @@ public:
     // Stays the caller's; null for none.
     void SetLogTarget(CLogTarget* target);
 
+    // Reports a text, or one of the string table by its number.
     void Alert(eAlertCategory category, const char* text);
     void Alert(eAlertCategory category, unsigned int stringId);
     // Two lines.
@@ -57,6 +59,7 @@ public:
     void AlertException(eAlertCategory category, const char* text, CException* e);
     void AlertException(eAlertCategory category, const char* text, unsigned int code);
 
+    // The same; a null sink does no harm.
     static void Alert(CAlertSink* sink, eAlertCategory category, const char* text);
     static void Alert(CAlertSink* sink, eAlertCategory category, unsigned int stringId);
     static void Alert(CAlertSink* sink, eAlertCategory category, const char* title, const char* detail);

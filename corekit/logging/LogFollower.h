@@ -34,7 +34,9 @@ COREKIT_API LogLine ParseLogLine(std::string_view line);
 
 class COREKIT_API CLogFollower {
 public:
+    // Names as they were given to CLogTarget::CreateLogFile. Nothing is opened before the first Next.
     CLogFollower(const char* baseName, const char* directory);
+
     ~CLogFollower();
 
     // The next whole line, without its end. False if there is none yet.
@@ -43,11 +45,12 @@ public:
     const std::string& CurrentFile() const { return m_path; }
 
 private:
+    // The path of the file to go on with; empty while there is none.
     std::string NextFile() const;
     bool ReadLine(std::string& line);
 
     std::unique_ptr<corekit::detail::LogFileNames> m_names;
-    std::string m_path;
-    std::ifstream m_file;
+    std::string m_path;    // of the file that is read
+    std::ifstream m_file;  // behind the last whole line, or in one that has no end yet
     std::string m_started; // a line whose end is not there yet
 };

@@ -7,13 +7,13 @@
 #include <string_view>
 
 enum eLogLevel : DWORD {
-    logDebug = 1,
-    logTrace = 2,
-    logInformation = 4,
-    logWarning = 8,
-    logMinorError = 16,
-    logMajorError = 32,
-    logCriticalError = 64,
+    logDebug = 1,          // for who looks for a fault
+    logTrace = 2,          // step by step what happens
+    logInformation = 4,    // what an operator may want to know
+    logWarning = 8,        // something to be looked at
+    logMinorError = 16,    // something failed, the program goes on as before
+    logMajorError = 32,    // a part of its work is not done
+    logCriticalError = 64, // it cannot go on
 };
 
 namespace corekit {

@@ -41,13 +41,15 @@ class LogFileNames;
 class COREKIT_API CLogTarget : public CCriticalObject {
     DECLARE_DYNAMIC(CLogTarget)
 public:
-    CLogTarget();
+    CLogTarget();           // no log is open: messages go nowhere until CreateLogFile
     ~CLogTarget() override; // closes the file
 
-    // 0 if a log is open, or the file cannot be opened; the last error tells why. Old files stay until the
-    // next day begins.
+    // Opens or makes the log in a folder that exists, and writes a line that says so. `daily` other than 0
+    // makes a file for each day. 0 if a log is open, or the file cannot be opened; the last error tells
+    // why. Old files stay until the next day begins.
     int CreateLogFile(const char* baseName, const char* directory, int daily);
-    void CloseLogFile();
+    // Writes a line that says so. Nothing happens if no log is open; another one may be opened then.
+    void CloseLogFile(); // any number of times
     // Why messages have been lost since the file last took one; 0 when none has.
     DWORD GetLossReason();
 
@@ -65,6 +67,8 @@ public:
     void LogMessage(unsigned long level, unsigned int stringId);
     void LogMessage(unsigned long level, const WCHAR* text); // in the active code page
 
+    // One level each. A text is bytes as they are to stand in the file, the number of one in the string
+    // table, or wide text; null is empty.
     void LogDebugMsg(const char* text) { LogMessage(logDebug, text); }
     void LogDebugMsg(unsigned int stringId) { LogMessage(logDebug, stringId); }
     void LogDebugMsg(const WCHAR* text) { LogMessage(logDebug, text); }
@@ -87,7 +91,7 @@ public:
     void LogCriticalErrorMsg(unsigned int stringId) { LogMessage(logCriticalError, stringId); }
     void LogCriticalErrorMsg(const WCHAR* text) { LogMessage(logCriticalError, text); }
 
-    // "*Unknown*" for what is not one level.
+    // The name as it stands in a line, without blanks; "*Unknown*" for what is not one level.
     static StringA GetLevelName(unsigned long level);
 
     // Adds a page, made with new, on which the user edits the three values, which must outlive it; `enabled`
@@ -96,23 +100,24 @@ public:
                                 unsigned long* mask, int* days);
 
 private:
+    // Without the lock: whether a message has to be looked at more closely.
     bool Takes(unsigned long level) const
     {
         return (m_mask.load(std::memory_order_relaxed) & level) != 0 &&
                m_isOpen.load(std::memory_order_relaxed);
     }
-    std::string PathAt(long now) const;
-    void WriteMessage(DWORD level, const char* text);
+    std::string PathAt(long now) const;               // of the file for that time
+    void WriteMessage(DWORD level, const char* text); // takes the lock, looks at the day
     // The following hold the lock and work for the time `now`.
     void WriteLogEntry(long now, DWORD level, std::string_view text);
-    void AppendLine(DWORD level, std::string_view text);
-    void Stamp(long now);
-    void RollOver(long now);
-    void NoteStart(long now);
-    void DeleteOldFiles(long now);
+    void AppendLine(DWORD level, std::string_view text); // to what goes out next
+    void Stamp(long now);                                // the time as it begins a line
+    void RollOver(long now);                             // to the file of a new day
+    void NoteStart(long now);                            // in the registry, for the next day's log
+    void DeleteOldFiles(long now);                       // of a daily log
 
-    std::unique_ptr<corekit::detail::AppendFile> m_file;
-    std::unique_ptr<corekit::detail::LogFileNames> m_names;
+    std::unique_ptr<corekit::detail::AppendFile> m_file;    // the open file, if any
+    std::unique_ptr<corekit::detail::LogFileNames> m_names; // of this log's files
     bool m_isDaily = false;
     long m_fileDay = 0; // the day that the open file is for
     std::atomic<bool> m_isOpen = false;

@@ -44,6 +44,7 @@ public:
     // Nonzero once when the user wants the operation to stop: whoever gets it stops.
     int CancelPressed();
 
+    // The same through a pointer, which may be null.
     static void SetStatus(CProgressSink* sink, const char* text);
     static void SetStatus(CProgressSink* sink, unsigned int stringId);
     static void SetStatus1(CProgressSink* sink, unsigned int stringId, const char* arg1);
@@ -59,12 +60,13 @@ public:
     static int CancelPressed(CProgressSink* sink);
 
 protected:
-    virtual void DoSetStatus(const char* text) = 0;
-    virtual void DoSetRange(int lower, int upper) = 0;
-    virtual void DoSetPos(int position) = 0;
+    // For whoever looks on: what the operations above come down to, never called through a null pointer.
+    virtual void DoSetStatus(const char* text) = 0;    // the line as it is to be shown
+    virtual void DoSetRange(int lower, int upper) = 0; // both ends included
+    virtual void DoSetPos(int position) = 0;           // may lie outside the range
     virtual void DoSetStep(int step) = 0;
-    virtual void DoStepIt() = 0;
+    virtual void DoStepIt() = 0; // moves on by the step
     virtual int DoMessageBox(const char* text, unsigned int flags) = 0;
-    virtual CWnd* DoGetDialogOwnerWnd() = 0;
-    virtual int DoCancelPressed() = 0;
+    virtual CWnd* DoGetDialogOwnerWnd() = 0; // null for none
+    virtual int DoCancelPressed() = 0;       // nonzero once
 };

@@ -21,7 +21,7 @@ class FtpReader;
 }
 
 enum eFtpMode : int {
-    ftpModeNormal = 0,   // the server connects back: there is none, every transfer fails
+    ftpModeNormal = 0,   // the server connects back: transfers fail, those of files without a text
     ftpModePassive = 1,  // a connection to the server for each transfer
     ftpModeAvidFast = 2, // listings and files come on the control connection; uploads as in passive mode
 };
@@ -32,6 +32,7 @@ public:
     // kind 0: what is done and what goes to and fro, the password included; 1: errors.
     using LoggingCallback = void (*)(void* context, int kind, const char* text);
 
+    // Not connected; passive mode, no callback.
     CFtpClient();
     // A copy shares the connection, and takes the mode, the callback without its context, and the settings.
     // Only one of the two may Disconnect, and they may not work at once.
@@ -39,30 +40,36 @@ public:
     CFtpClient& operator=(const CFtpClient& other);
     ~CFtpClient() override; // closes nothing: see Disconnect
 
-    // Connects and logs on. A connection that stands is forgotten, not closed.
+    // Connects to a host by name or address, and logs on; a server that asks for no password gets none.
+    // noDelay: 1 sends commands at once (TCP_NODELAY). A connection that stands is forgotten, not closed.
     int Connect(const char* host, int port, const char* user, const char* password, int noDelay);
     // Closes the connection, without a word to the server. What was received and not read is kept for the
     // next one, and so is the mode.
     void Disconnect();
     int IsConnected() const { return m_socket != nullptr; } // also when the other side has gone
+    // Null for no callback. It is called on the thread of the operation; the text lives until it returns.
     void SetLoggingCallback(LoggingCallback callback, void* context);
 
-    // Milliseconds that a connect, a read or a write may wait, 30,000 at first; reads of file data 20,000.
-    // With 0 a connect takes as long as the system lets it.
+    // Milliseconds that a connect, a read or a write may wait, 30,000 at first; reads of a file in passive
+    // mode always 20,000. With 0 a connect takes as long as the system lets it.
     unsigned long GetTimeout() const { return m_timeout; }
     void SetTimeout(unsigned long milliseconds) { m_timeout = static_cast<DWORD>(milliseconds); }
     // Bounds all that is asked for from now on, however many bytes move: what is not done after so many
     // milliseconds fails, and the connection is closed. 0, as at first, takes the bound away.
     void SetTotalTimeout(unsigned long milliseconds);
+    // Whether that bound has passed; 0 without one.
     int IsTimeOver() const { return m_total != 0 && TimeLeft() == 0; }
-    // Sends SITE IDLE and leaves the server's reply unread: the next command takes it for its own.
+    // Sends SITE IDLE with a number of seconds and leaves the server's reply unread: the next command takes
+    // it for its own.
     int SetIdleTimeout(int value);
-    // AvidFast is asked of the server (SITE FAST=4) and cannot be left; the others are not told to it.
+    // AvidFast is asked of the server (SITE FAST=4) and cannot be left; the others are not told to it. 1
+    // also when the mode is in use already.
     int SetConnectionMode(eFtpMode mode);
     // 1: data connections go to the host of the control connection, whatever address the server names. Off at
     // first.
     void SetDataToControlHost(int enable) { m_dataToControlHost = enable; }
 
+    // What failed last, in words, and the server's last line about it, empty where the server had no say.
     CString GetLastError() const { return m_lastError; }
     CString GetLastFtpMessage() const { return m_lastMessage; }
     // Both texts as an exception for the caller to delete, the server's line inside.
@@ -72,14 +79,17 @@ public:
     int ChangeDirectory(const char* path);
     int MakeDirectory(const char* path);
     int RemoveDirectoryA(const char* path);
-    int DeleteFileA(const char* name);
-    int NoOp();
-    // The current folder, a line each. One without files may be an empty array.
+    int DeleteFileA(const char* name); // of the current folder, or by a path as the server understands it
+    int NoOp();                        // asks the server for a sign of life
+    // The current folder, a line each, in place of what the array held. One without files may be an empty
+    // array. The first form is the server's own and for people, the second has bare names.
     int GetRawDirectoryListing(CStringArray& lines); // LIST
     int GetNameList(CStringArray& lines);            // NLST
-    // Writes the file at the stream's position. In AvidFast mode a file ends at its first byte 4.
+    // Writes the file at the stream's position. In AvidFast mode a file ends at its first byte 4. What came
+    // before a failure stays in the stream.
     int GetFileToStream(const char* name, CStream& stream);
-    // Sends what lies between the stream's position and its end.
+    // Sends what lies between the stream's position and its end, and waits until the server has confirmed
+    // it. A file of that name is replaced.
     int UploadStream(const char* name, CStream& stream);
     int UploadBuffer(const char* name, const void* data, unsigned int size);
 
@@ -88,10 +98,12 @@ private:
 
     static constexpr DWORD controlRead = 0x1000; // bytes of a reply or a listing that are read at once
 
+    // Reads what the server has sent, at most `size` bytes, waiting `limit` milliseconds.
     int GetMoreData(DWORD size, DWORD limit);
     int ReadOneLine(CString& line, DWORD start);
+    // All lines of one reply; the last one counts.
     int GetServerMessage(CStringArray& lines);
-    static int GetResultClass(const CStringArray& lines);
+    static int GetResultClass(const CStringArray& lines); // the reply's first digit
     int WriteDataToSocket(XSocket& socket, const void* data, DWORD size);
     int SendCommand(const char* command, const char* argument);
     void SetLastError(UINT id);
@@ -99,10 +111,10 @@ private:
     void LogString(int kind, const char* text);
     int Failed(UINT id); // sets the error; 0
     int Failed(UINT id, const CStringArray& lines);
-    int BreakOff();
-    void ReadOwedReply();
+    int BreakOff();       // closes the connection; 0
+    void ReadOwedReply(); // after a transfer that failed here
     void DropLateReply();
-    DWORD TimeLeft() const;
+    DWORD TimeLeft() const; // milliseconds of the total limit
     DWORD Within(DWORD limit) const { return limit < TimeLeft() ? limit : TimeLeft(); }
     DWORD ConnectLimit() const { return Within(m_timeout ? m_timeout : INFINITE); }
     int AwaitTaken(XSocket& socket);
@@ -110,7 +122,8 @@ private:
     int WaitForBanner();
     int LogonToSite(const char* user, const char* password);
     int Command(const char* command, const char* argument, UINT errorId);
-    int set_transfer_mode(bool binary);
+    int set_transfer_mode(bool binary); // TYPE I or TYPE A
+    // PASV, and the connection that the server offers; null with the error set.
     Socket SetupPassiveConnection();
     void ReadSocketToArray(XSocket& socket, CStringArray& lines);
     int ReadSocketToStream(XSocket& socket, CStream& stream);
@@ -128,7 +141,7 @@ private:
     int Upload_Normal() { return 0; }
     int Upload_Passive(const char* name, CStream& stream);
 
-    XSocket* m_socket = nullptr;
+    XSocket* m_socket = nullptr; // owned, by one of the copies
     CString m_lastError;
     CString m_lastMessage;
     std::unique_ptr<corekit::detail::FtpReader> m_received; // control bytes that nobody has consumed
@@ -137,6 +150,6 @@ private:
     void* m_context = nullptr;
     DWORD m_timeout = 30000;
     DWORD m_total = 0, m_totalStart = 0; // by timeGetTime
-    int m_dataToControlHost = 0;
-    bool m_expectsLateReply = false;
+    int m_dataToControlHost = 0;         // see SetDataToControlHost
+    bool m_expectsLateReply = false;     // of an upload that failed
 };

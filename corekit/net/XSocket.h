@@ -18,14 +18,15 @@ public:
     ~XSocket() override;
 
     int IsOpen() const { return m_hSocket != INVALID_SOCKET; }
-    operator unsigned int() const { return m_hSocket; }
-    operator void*() const; // the socket as a HANDLE
+    operator unsigned int() const { return m_hSocket; } // INVALID_SOCKET when closed
+    operator void*() const;                             // the socket as a HANDLE
 
     // A new socket; flags as for WSASocketA, of which WSA_FLAG_OVERLAPPED (1) is usual and changes nothing
     // here. noDelay: TCP sends at once (TCP_NODELAY, RFC 896). Family, type and protocol may come from an
     // address record.
     int Create(int family, int type, int protocol, unsigned long flags, int noDelay);
     int Create(_CSADDR_INFO& info, unsigned long flags, int noDelay);
+    // Connects the socket made by Create. 0 leaves it open for another attempt or for Close.
     int Connect(_SOCKET_ADDRESS& address);
     int Connect(sockaddr* address); // of 16 bytes
     // How long Connect and ConnectTCPStream wait for the other side; without this, as long as the system
@@ -35,12 +36,13 @@ public:
     XSocket* Accept();
     void Close(); // calls OnClose first
 
-    // The socket goes to the caller.
+    // The socket goes to the caller, still open; OnClose is not called.
     unsigned int Detach();
     void* DetachHandle();
 
-    // Connects to a TCP port of a host: a name, or an address if it begins with a digit. The first address of
-    // a name is tried and no other.
+    // Makes a socket and connects it to a TCP port of a host: a name, or an address if it begins with a
+    // digit. The first address of a name is tried and no other. 0 closes the socket again. A socket that
+    // this object had is not closed: use a fresh object.
     int ConnectTCPStream(const char* host, int port, unsigned long flags, int noDelay);
     int ConnectTCPStream(sockaddr_in address, unsigned long flags, int noDelay);
     // There is no IPX here: always 0.

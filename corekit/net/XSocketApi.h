@@ -15,6 +15,8 @@
 
 class XListenSocket;
 
+// All members are static and for any thread, but for InitSockets, ShutdownSockets, CreateAcceptThread and
+// TerminateAcceptThread, which one controlling thread calls.
 class COREKIT_API XSocketApi {
 public:
     // Binds the functions and starts the use of sockets. Null when that has been done, now or before; else
@@ -23,6 +25,7 @@ public:
     static CException* InitSockets();
     // Ends the use of sockets. The functions stay bound.
     static void ShutdownSockets();
+    // Not 0 between InitSockets and ShutdownSockets.
     static int IsInitialised() { return m_bInitDone; }
 
     // One thread accepts for all listen sockets of the process. Throws message::acceptThreadFailed; does
@@ -47,6 +50,7 @@ public:
 #undef SOCKET_CALL
 
 private:
+    // A listen socket that is served.
     struct AcceptEntry {
         HANDLE event; // auto-reset, signalled when a connection waits
         XListenSocket* socket;
@@ -58,6 +62,7 @@ private:
     static void BindFunctions(HINSTANCE library);
     static UINT AcceptThread(void*);
     static DWORD CopyEvents(HANDLE* events);
+    // Accept connections; false when one waits that could not be taken, which is tried again soon.
     static bool ServeSignalled(HANDLE event);
     static bool ServeAll();
     static bool DoAccept(XListenSocket* listener);

@@ -10,20 +10,20 @@
 
 #include <string_view>
 
-inline const char* const IDC_ARROW = MAKEINTRESOURCEA(32512);
-inline const char* const IDC_IBEAM = MAKEINTRESOURCEA(32513);
-inline const char* const IDC_WAIT = MAKEINTRESOURCEA(32514);
-inline const char* const IDC_CROSS = MAKEINTRESOURCEA(32515);
-inline const char* const IDC_UPARROW = MAKEINTRESOURCEA(32516);
-inline const char* const IDC_SIZENWSE = MAKEINTRESOURCEA(32642);
-inline const char* const IDC_SIZENESW = MAKEINTRESOURCEA(32643);
-inline const char* const IDC_SIZEWE = MAKEINTRESOURCEA(32644);
-inline const char* const IDC_SIZENS = MAKEINTRESOURCEA(32645);
-inline const char* const IDC_SIZEALL = MAKEINTRESOURCEA(32646);
-inline const char* const IDC_NO = MAKEINTRESOURCEA(32648);
-inline const char* const IDC_HAND = MAKEINTRESOURCEA(32649);
-inline const char* const IDC_APPSTARTING = MAKEINTRESOURCEA(32650);
-inline const char* const IDC_HELP = MAKEINTRESOURCEA(32651);
+inline const char* const IDC_ARROW = MAKEINTRESOURCEA(32512);       // the usual one
+inline const char* const IDC_IBEAM = MAKEINTRESOURCEA(32513);       // over text
+inline const char* const IDC_WAIT = MAKEINTRESOURCEA(32514);        // the program is busy
+inline const char* const IDC_CROSS = MAKEINTRESOURCEA(32515);       // cross hairs
+inline const char* const IDC_UPARROW = MAKEINTRESOURCEA(32516);     // an arrow upwards
+inline const char* const IDC_SIZENWSE = MAKEINTRESOURCEA(32642);    // sizing, along a diagonal
+inline const char* const IDC_SIZENESW = MAKEINTRESOURCEA(32643);    // the other diagonal
+inline const char* const IDC_SIZEWE = MAKEINTRESOURCEA(32644);      // across
+inline const char* const IDC_SIZENS = MAKEINTRESOURCEA(32645);      // up and down
+inline const char* const IDC_SIZEALL = MAKEINTRESOURCEA(32646);     // moving
+inline const char* const IDC_NO = MAKEINTRESOURCEA(32648);          // not here
+inline const char* const IDC_HAND = MAKEINTRESOURCEA(32649);        // over a link
+inline const char* const IDC_APPSTARTING = MAKEINTRESOURCEA(32650); // busy, and can be used
+inline const char* const IDC_HELP = MAKEINTRESOURCEA(32651);        // asks what something is
 
 inline const char* const IDI_APPLICATION = MAKEINTRESOURCEA(32512);
 inline const char* const IDI_ERROR = MAKEINTRESOURCEA(32513);
@@ -55,12 +55,13 @@ COREKIT_API BOOL DestroyCursor(HCURSOR cursor);
 
 inline constexpr UINT DI_MASK = 1;
 inline constexpr UINT DI_IMAGE = 2;
-inline constexpr UINT DI_NORMAL = 3;
+inline constexpr UINT DI_NORMAL = 3;      // both; drawn in any case
 inline constexpr UINT DI_DEFAULTSIZE = 8; // where width or height is 0, that of the system's icons
 
 // Draws an icon or cursor; a width or height of 0 is its own. `step` and `behind` are not used.
 COREKIT_API BOOL DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, UINT step, HBRUSH behind,
                             UINT flags);
+// In the size of the system's icons, 32 by 32.
 COREKIT_API BOOL DrawIcon(HDC dc, int x, int y, HICON icon);
 
 // Shows that cursor over the window below the mouse, or the one that has captured it, until the next call or

@@ -5,6 +5,7 @@
 
 #include <string>
 
+// Other folders than these stand for another machine, as tests need it.
 struct DeviceFolders {
     std::string devices = "/dev"; // the device files
     std::string system = "/sys";  // what the kernel tells of them

@@ -7,6 +7,7 @@
 
 #include "corekit/platform/Com.h"
 
+// The class for CoCreateInstance, then interfaces.
 inline constexpr GUID CLSID_DirectDraw = {
     0xD7B70EE0, 0x4340, 0x11CF, {0xB0, 0x63, 0x00, 0x20, 0xAF, 0xC2, 0xCD, 0x35}};
 inline constexpr GUID IID_IDirectDraw2 = {
@@ -16,58 +17,64 @@ inline constexpr GUID IID_IDirectDraw7 = {
 inline constexpr GUID IID_IDirectDrawSurface3 = {
     0xDA044E00, 0x69B2, 0x11D0, {0xA1, 0xD5, 0x00, 0xAA, 0x00, 0xB8, 0xDF, 0xBB}};
 
-inline constexpr HRESULT DDERR_INVALIDPARAMS = static_cast<HRESULT>(0x80070057);
+inline constexpr HRESULT DDERR_INVALIDPARAMS = static_cast<HRESULT>(0x80070057); // an argument makes no sense
 inline constexpr HRESULT DDERR_OUTOFMEMORY = static_cast<HRESULT>(0x8007000E);
+// Not done, or not on this thread.
 inline constexpr HRESULT DDERR_UNSUPPORTED = static_cast<HRESULT>(0x80004001);
-inline constexpr HRESULT DDERR_INVALIDRECT = static_cast<HRESULT>(0x88760096);
+inline constexpr HRESULT DDERR_INVALIDRECT = static_cast<HRESULT>(0x88760096); // does not lie in its surface
+// SetCooperativeLevel first.
 inline constexpr HRESULT DDERR_NOCOOPERATIVELEVELSET = static_cast<HRESULT>(0x887600D4);
-inline constexpr HRESULT DDERR_NOEXCLUSIVEMODE = static_cast<HRESULT>(0x887600E1);
-inline constexpr HRESULT DDERR_NOTFOUND = static_cast<HRESULT>(0x887600FF);
-inline constexpr HRESULT DDERR_SURFACELOST = static_cast<HRESULT>(0x887601C2);
+inline constexpr HRESULT DDERR_NOEXCLUSIVEMODE = static_cast<HRESULT>(0x887600E1); // needs DDSCL_EXCLUSIVE
+inline constexpr HRESULT DDERR_NOTFOUND = static_cast<HRESULT>(0x887600FF);    // no such surface hangs here
+inline constexpr HRESULT DDERR_SURFACELOST = static_cast<HRESULT>(0x887601C2); // Restore, and draw anew
+// One a display.
 inline constexpr HRESULT DDERR_PRIMARYSURFACEALREADYEXISTS = static_cast<HRESULT>(0x88760234);
-inline constexpr HRESULT DDERR_NOTFLIPPABLE = static_cast<HRESULT>(0x88760246);
+inline constexpr HRESULT DDERR_NOTFLIPPABLE = static_cast<HRESULT>(0x88760246); // no back buffer
+// Initialize first, or the screen has gone.
 inline constexpr HRESULT DDERR_WRONGMODE = static_cast<HRESULT>(0x8876024B);
-inline constexpr HRESULT DDERR_DCALREADYCREATED = static_cast<HRESULT>(0x8876026C);
+inline constexpr HRESULT DDERR_DCALREADYCREATED = static_cast<HRESULT>(0x8876026C); // a context is out
 
-inline constexpr DWORD DDSCL_FULLSCREEN = 0x1;
-inline constexpr DWORD DDSCL_NORMAL = 0x8;
-inline constexpr DWORD DDSCL_EXCLUSIVE = 0x10;
+inline constexpr DWORD DDSCL_FULLSCREEN = 0x1; // with DDSCL_EXCLUSIVE
+inline constexpr DWORD DDSCL_NORMAL = 0x8;     // shares the screen
+inline constexpr DWORD DDSCL_EXCLUSIVE = 0x10; // the whole screen
 
+// Which members of a description count.
 inline constexpr DWORD DDSD_CAPS = 0x1;
 inline constexpr DWORD DDSD_HEIGHT = 0x2;
 inline constexpr DWORD DDSD_WIDTH = 0x4;
 inline constexpr DWORD DDSD_BACKBUFFERCOUNT = 0x20;
 
-inline constexpr DWORD DDSCAPS_BACKBUFFER = 0x4;
-inline constexpr DWORD DDSCAPS_COMPLEX = 0x8;
-inline constexpr DWORD DDSCAPS_FLIP = 0x10;
-inline constexpr DWORD DDSCAPS_OFFSCREENPLAIN = 0x40;
-inline constexpr DWORD DDSCAPS_PRIMARYSURFACE = 0x200;
-inline constexpr DWORD DDSCAPS_VIDEOMEMORY = 0x4000;
+// What a surface is for.
+inline constexpr DWORD DDSCAPS_BACKBUFFER = 0x4;       // shown by the next Flip
+inline constexpr DWORD DDSCAPS_COMPLEX = 0x8;          // several that belong together
+inline constexpr DWORD DDSCAPS_FLIP = 0x10;            // can be flipped
+inline constexpr DWORD DDSCAPS_OFFSCREENPLAIN = 0x40;  // memory to copy from
+inline constexpr DWORD DDSCAPS_PRIMARYSURFACE = 0x200; // what the screen shows
+inline constexpr DWORD DDSCAPS_VIDEOMEMORY = 0x4000;   // accepted
 
-inline constexpr DWORD DDBLT_ROP = 0x20000;
+inline constexpr DWORD DDBLT_ROP = 0x20000; // by DDBLTFX::dwROP
 
 struct DDSURFACEDESC {
-    DWORD dwSize; // of this record
-    DWORD dwFlags;
-    DWORD dwHeight, dwWidth;
-    LONG lPitch;
-    DWORD dwBackBufferCount;
+    DWORD dwSize;            // of this record
+    DWORD dwFlags;           // DDSD_
+    DWORD dwHeight, dwWidth; // pixels
+    LONG lPitch;             // out: bytes of a row
+    DWORD dwBackBufferCount; // 0 or 1
     DWORD notUsed[20];
-    DWORD dwCaps;
+    DWORD dwCaps; // DDSCAPS_
 };
 static_assert(sizeof(DDSURFACEDESC) == 108);
 
 struct DDBLTFX {
     DWORD dwSize; // of this record
     DWORD dwDDFX;
-    DWORD dwROP;
+    DWORD dwROP; // raster operation (GdiBitmaps.h)
     DWORD notUsed[22];
 };
 static_assert(sizeof(DDBLTFX) == 100);
 
 struct PALETTEENTRY {
-    BYTE peRed, peGreen, peBlue, peFlags;
+    BYTE peRed, peGreen, peBlue, peFlags; // 0 to 255 each; flags are not used
 };
 
 struct IDirectDrawPalette : IUnknown {};
@@ -75,6 +82,7 @@ struct IDirectDrawPalette : IUnknown {};
 struct IDirectDrawSurface : IUnknown {};
 
 struct IDirectDrawSurface3 : IUnknown {
+    // Size, abilities, bytes of a row.
     virtual HRESULT GetSurfaceDesc(DDSURFACEDESC* description) = 0;
     // The surface that hangs on this one and has these abilities, with a reference.
     virtual HRESULT GetAttachedSurface(const DWORD* caps, IDirectDrawSurface3** out) = 0;
@@ -86,7 +94,9 @@ struct IDirectDrawSurface3 : IUnknown {
     virtual HRESULT Flip(IDirectDrawSurface3* target, DWORD flags) = 0;
     // A context on the surface's pixels; one at a time.
     virtual HRESULT GetDC(HDC* dc) = 0;
+    // Ends the context; a primary surface shows what was drawn.
     virtual HRESULT ReleaseDC(HDC dc) = 0;
+    // Of 256 colours, for 8 bits; null takes it away.
     virtual HRESULT SetPalette(IDirectDrawPalette* palette) = 0;
     // Makes a lost surface usable again; its picture is gone.
     virtual HRESULT Restore() = 0;
@@ -95,11 +105,17 @@ struct IDirectDrawSurface3 : IUnknown {
 struct IDirectDraw2 : IUnknown {
     // The display: null for the primary one. Once, before anything else.
     virtual HRESULT Initialize(GUID* driver) = 0;
+    // DDSCL_NORMAL, or DDSCL_EXCLUSIVE with DDSCL_FULLSCREEN.
     virtual HRESULT SetCooperativeLevel(HWND window, DWORD flags) = 0;
+    // In pixels, 8 to 32 bits; the screen keeps its own mode and stretches. `refresh` and `flags` do
+    // nothing.
     virtual HRESULT SetDisplayMode(DWORD width, DWORD height, DWORD bits, DWORD refresh, DWORD flags) = 0;
+    // A primary one, with a back buffer if asked for, or memory; black. `outer` is null.
     virtual HRESULT CreateSurface(DDSURFACEDESC* description, IDirectDrawSurface** out, IUnknown* outer) = 0;
+    // Copies 256 entries.
     virtual HRESULT CreatePalette(DWORD flags, PALETTEENTRY* entries, IDirectDrawPalette** out,
                                   IUnknown* outer) = 0;
+    // Returns at the next one; `event` must be null.
     virtual HRESULT WaitForVerticalBlank(DWORD flags, HANDLE event) = 0;
 };
 
@@ -107,7 +123,7 @@ struct IDirectDraw2 : IUnknown {
 struct IDirectDraw7 : IUnknown {};
 
 inline constexpr DWORD DDENUM_ATTACHEDSECONDARYDEVICES = 1;
-inline constexpr DWORD DDENUM_DETACHEDSECONDARYDEVICES = 2;
+inline constexpr DWORD DDENUM_DETACHEDSECONDARYDEVICES = 2; // accepted
 
 // Gets each display: its identifier (null: the primary one), description and name. 0 ends the enumeration.
 using LPDDENUMCALLBACKEXA = BOOL (*)(GUID* driver, char* description, char* name, void* context,

@@ -7,39 +7,41 @@
 #include <cstddef>
 #include <span>
 
+// The header of a device-independent bitmap.
 struct BITMAPINFOHEADER {
-    DWORD biSize;
-    LONG biWidth;
-    LONG biHeight; // negative: the first row in memory is the top one
-    WORD biPlanes;
-    WORD biBitCount;
-    DWORD biCompression;
-    DWORD biSizeImage;
-    LONG biXPelsPerMeter;
+    DWORD biSize;         // 40
+    LONG biWidth;         // pixels
+    LONG biHeight;        // negative: the first row in memory is the top one
+    WORD biPlanes;        // 1
+    WORD biBitCount;      // bits a pixel
+    DWORD biCompression;  // BI_RGB
+    DWORD biSizeImage;    // may be 0
+    LONG biXPelsPerMeter; // not used, as the next one
     LONG biYPelsPerMeter;
-    DWORD biClrUsed;
-    DWORD biClrImportant;
+    DWORD biClrUsed;      // entries of the colour table; 0: all that the bits can name
+    DWORD biClrImportant; // not used
 };
 static_assert(sizeof(BITMAPINFOHEADER) == 40);
 
 struct RGBQUAD {
-    BYTE rgbBlue, rgbGreen, rgbRed, rgbReserved;
+    BYTE rgbBlue, rgbGreen, rgbRed, rgbReserved; // a colour of the table; the fourth byte is 0
 };
 struct BITMAPINFO {
     BITMAPINFOHEADER bmiHeader;
-    RGBQUAD bmiColors[1];
+    RGBQUAD bmiColors[1]; // as many as the header says
 };
-inline constexpr DWORD BI_RGB = 0;
-inline constexpr UINT DIB_RGB_COLORS = 0;
+inline constexpr DWORD BI_RGB = 0;        // rows as they are, not compressed
+inline constexpr UINT DIB_RGB_COLORS = 0; // the table holds colours; the only usage here
 
+// What GetObjectA tells.
 struct BITMAP {
     LONG bmType;
-    LONG bmWidth;
+    LONG bmWidth; // units, as the next one
     LONG bmHeight;
-    LONG bmWidthBytes;
-    WORD bmPlanes;
-    WORD bmBitsPixel;
-    void* bmBits; // null unless made by CreateDIBSection or CreateBitmapFromDib
+    LONG bmWidthBytes; // of a row, padded to two bytes
+    WORD bmPlanes;     // 1
+    WORD bmBitsPixel;  // 1 or 32, or what a file had
+    void* bmBits;      // null unless made by CreateDIBSection or CreateBitmapFromDib
 };
 
 // Width and height from 1 pixel, the whole up to 1 GiB; null with ERROR_INVALID_PARAMETER otherwise.
@@ -66,16 +68,16 @@ COREKIT_API HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPe
 
 // Raster operations: what becomes of the destination D with the source S and the brush P. Every code of the
 // documented form is understood; its third byte is the table of results.
-inline constexpr DWORD SRCCOPY = 0x00CC0020;
-inline constexpr DWORD SRCPAINT = 0x00EE0086;
-inline constexpr DWORD SRCAND = 0x008800C6;
-inline constexpr DWORD SRCINVERT = 0x00660046;
-inline constexpr DWORD NOTSRCCOPY = 0x00330008;
-inline constexpr DWORD PATCOPY = 0x00F00021;
-inline constexpr DWORD PATINVERT = 0x005A0049;
-inline constexpr DWORD DSTINVERT = 0x00550009;
-inline constexpr DWORD BLACKNESS = 0x00000042;
-inline constexpr DWORD WHITENESS = 0x00FF0062;
+inline constexpr DWORD SRCCOPY = 0x00CC0020;    // S
+inline constexpr DWORD SRCPAINT = 0x00EE0086;   // D or S
+inline constexpr DWORD SRCAND = 0x008800C6;     // D and S
+inline constexpr DWORD SRCINVERT = 0x00660046;  // D xor S
+inline constexpr DWORD NOTSRCCOPY = 0x00330008; // not S
+inline constexpr DWORD PATCOPY = 0x00F00021;    // P
+inline constexpr DWORD PATINVERT = 0x005A0049;  // D xor P
+inline constexpr DWORD DSTINVERT = 0x00550009;  // not D
+inline constexpr DWORD BLACKNESS = 0x00000042;  // all 0
+inline constexpr DWORD WHITENESS = 0x00FF0062;  // all 1
 
 inline constexpr int COLORONCOLOR = 3; // the nearest pixel
 inline constexpr int HALFTONE = 4;     // smoothed
@@ -93,12 +95,12 @@ COREKIT_API int SetStretchBltMode(HDC dc, int mode);
 COREKIT_API BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation);
 
 struct BLENDFUNCTION {
-    BYTE BlendOp; // 0
-    BYTE BlendFlags;
+    BYTE BlendOp;             // 0
+    BYTE BlendFlags;          // 0
     BYTE SourceConstantAlpha; // 255: as it is
     BYTE AlphaFormat;         // AC_SRC_ALPHA: each pixel by its own alpha, too
 };
-inline constexpr BYTE AC_SRC_OVER = 0;
+inline constexpr BYTE AC_SRC_OVER = 0; // the one operation
 inline constexpr BYTE AC_SRC_ALPHA = 1;
 
 // Lays the source over the destination. The source area must lie in the source.

@@ -5,12 +5,15 @@
 #include "corekit/platform/Types.h"
 
 inline constexpr int LF_FACESIZE = 32;
+// Weights and character sets that calls here answer.
 inline constexpr int FW_NORMAL = 400;
-inline constexpr int FW_BOLD = 700;
+inline constexpr int FW_BOLD = 700; // any weight from 600 up gives it
 inline constexpr DWORD ANSI_CHARSET = 0;
-inline constexpr DWORD DEFAULT_CHARSET = 1;
-inline constexpr DWORD TRUETYPE_FONTTYPE = 4;
+inline constexpr DWORD DEFAULT_CHARSET = 1;   // says nothing
+inline constexpr DWORD TRUETYPE_FONTTYPE = 4; // of EnumFontsA: a face with outlines
 
+// What CreateFontA takes, in the same order: height and width in units, angles in tenths of a degree (only 0
+// is had), weight as FW_ values. GetObjectA answers the height and width asked for.
 struct LOGFONTA {
     LONG lfHeight, lfWidth, lfEscapement, lfOrientation, lfWeight;
     BYTE lfItalic, lfUnderline, lfStrikeOut, lfCharSet;
@@ -18,6 +21,8 @@ struct LOGFONTA {
     char lfFaceName[LF_FACESIZE]; // a longer name is cut; CreateFontA finds the face by the cut name, too
 };
 
+// All in units of the context. tmInternalLeading is what the cell has beyond the em, tmMaxCharWidth the
+// width of the widest character.
 struct TEXTMETRICA {
     LONG tmHeight; // tmAscent + tmDescent, the height of a line's cell
     LONG tmAscent, tmDescent, tmInternalLeading, tmExternalLeading;

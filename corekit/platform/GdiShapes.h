@@ -10,8 +10,8 @@ using HPEN = HGDIOBJ;
 
 // ---- Pens and brushes -------------------------------------------------------------------------
 
-inline constexpr int PS_SOLID = 0;
-inline constexpr int PS_DASH = 1;
+inline constexpr int PS_SOLID = 0; // one stroke
+inline constexpr int PS_DASH = 1;  // dashes, dots and both: of pens one unit wide
 inline constexpr int PS_DOT = 2;
 inline constexpr int PS_DASHDOT = 3;
 inline constexpr int PS_DASHDOTDOT = 4;
@@ -22,12 +22,12 @@ inline constexpr int PS_INSIDEFRAME = 6; // solid, and within the rectangle of a
 // Null with ERROR_INVALID_PARAMETER for another style and for a width below 0 or above 4,096.
 COREKIT_API HPEN CreatePen(int style, int width, COLORREF colour);
 
-inline constexpr int HS_HORIZONTAL = 0;
-inline constexpr int HS_VERTICAL = 1;
-inline constexpr int HS_FDIAGONAL = 2; // falls to the right
-inline constexpr int HS_BDIAGONAL = 3; // rises to the right
-inline constexpr int HS_CROSS = 4;
-inline constexpr int HS_DIAGCROSS = 5;
+inline constexpr int HS_HORIZONTAL = 0; // lines from left to right
+inline constexpr int HS_VERTICAL = 1;   // lines from top to bottom
+inline constexpr int HS_FDIAGONAL = 2;  // falls to the right
+inline constexpr int HS_BDIAGONAL = 3;  // rises to the right
+inline constexpr int HS_CROSS = 4;      // both of these
+inline constexpr int HS_DIAGCROSS = 5;  // both diagonals
 
 COREKIT_API HBRUSH CreateSolidBrush(COLORREF colour);
 // Lines eight pixels apart; with OPAQUE the ground has the background colour.
@@ -35,6 +35,7 @@ COREKIT_API HBRUSH CreateHatchBrush(int hatch, COLORREF colour);
 // Repeats the bitmap from the corner of the surface on. The bitmap may be changed or deleted afterwards.
 COREKIT_API HBRUSH CreatePatternBrush(HBITMAP bitmap);
 
+// Kinds of brushes, as GetObjectA tells them.
 inline constexpr UINT BS_SOLID = 0;
 inline constexpr UINT BS_NULL = 1;
 inline constexpr UINT BS_HATCHED = 2;
@@ -42,14 +43,14 @@ inline constexpr UINT BS_PATTERN = 3;
 
 // What GetObjectA tells of pens and brushes.
 struct LOGPEN {
-    UINT lopnStyle;
-    POINT lopnWidth; // in x
-    COLORREF lopnColor;
+    UINT lopnStyle;     // PS_
+    POINT lopnWidth;    // in x
+    COLORREF lopnColor; // 0x00BBGGRR
 };
 struct LOGBRUSH {
-    UINT lbStyle;
-    COLORREF lbColor;
-    UINT_PTR lbHatch;
+    UINT lbStyle;     // BS_
+    COLORREF lbColor; // of a solid or hatched one
+    UINT_PTR lbHatch; // HS_
 };
 
 // ---- Areas ------------------------------------------------------------------------------------

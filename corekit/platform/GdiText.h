@@ -33,23 +33,23 @@ COREKIT_API BOOL TextOutW(HDC dc, int x, int y, const WCHAR* text, int count);
 
 inline constexpr UINT DT_TOP = 0;
 inline constexpr UINT DT_LEFT = 0;
-inline constexpr UINT DT_CENTER = 0x1;
-inline constexpr UINT DT_RIGHT = 0x2;
-inline constexpr UINT DT_VCENTER = 0x4; // with DT_SINGLELINE only, like the next
-inline constexpr UINT DT_BOTTOM = 0x8;
-inline constexpr UINT DT_WORDBREAK = 0x10;
-inline constexpr UINT DT_SINGLELINE = 0x20; // line ends are drawn as blanks
-inline constexpr UINT DT_EXPANDTABS = 0x40; // to multiples of eight average characters
-inline constexpr UINT DT_NOCLIP = 0x100;
-inline constexpr UINT DT_EXTERNALLEADING = 0x200;
-inline constexpr UINT DT_CALCRECT = 0x400; // draws nothing, sets the rectangle's right and bottom edge
-inline constexpr UINT DT_NOPREFIX = 0x800; // "&" is a character like others
-inline constexpr UINT DT_EDITCONTROL = 0x2000;
-inline constexpr UINT DT_PATH_ELLIPSIS = 0x4000; // cut in the middle, the last part of a path is kept
-inline constexpr UINT DT_END_ELLIPSIS = 0x8000;
-inline constexpr UINT DT_RTLREADING = 0x20000;
-inline constexpr UINT DT_WORD_ELLIPSIS = 0x40000;
-inline constexpr UINT DT_HIDEPREFIX = 0x100000;
+inline constexpr UINT DT_CENTER = 0x1;            // each line in the middle
+inline constexpr UINT DT_RIGHT = 0x2;             // each line at the right
+inline constexpr UINT DT_VCENTER = 0x4;           // with DT_SINGLELINE only, like the next
+inline constexpr UINT DT_BOTTOM = 0x8;            // at the lower edge
+inline constexpr UINT DT_WORDBREAK = 0x10;        // lines break between words where they would be too wide
+inline constexpr UINT DT_SINGLELINE = 0x20;       // line ends are drawn as blanks
+inline constexpr UINT DT_EXPANDTABS = 0x40;       // to multiples of eight average characters
+inline constexpr UINT DT_NOCLIP = 0x100;          // also outside the rectangle
+inline constexpr UINT DT_EXTERNALLEADING = 0x200; // lines stand further apart by the font's leading
+inline constexpr UINT DT_CALCRECT = 0x400;        // draws nothing, sets the rectangle's right and bottom edge
+inline constexpr UINT DT_NOPREFIX = 0x800;        // "&" is a character like others
+inline constexpr UINT DT_EDITCONTROL = 0x2000; // with DT_WORDBREAK: words too wide for a line break anywhere
+inline constexpr UINT DT_PATH_ELLIPSIS = 0x4000;  // cut in the middle, the last part of a path is kept
+inline constexpr UINT DT_END_ELLIPSIS = 0x8000;   // what is too wide ends with "..."
+inline constexpr UINT DT_RTLREADING = 0x20000;    // the base direction is right to left
+inline constexpr UINT DT_WORD_ELLIPSIS = 0x40000; // as DT_END_ELLIPSIS, for each line
+inline constexpr UINT DT_HIDEPREFIX = 0x100000;   // "&" is taken out and underlines nothing
 
 // Draws text in the rectangle, and returns the height of the text, or with DT_VCENTER and DT_BOTTOM the
 // distance of its lower edge from the rectangle's upper one; 0 on failure. "&" underlines the character

@@ -1,4 +1,9 @@
 // Atomic operations on 32-bit counters and on pointers shared between threads. Each is a full barrier.
+//
+//     static LONG users = 0;
+//     if (InterlockedIncrement(&users) == 1) Start();
+//     ...
+//     if (InterlockedDecrement(&users) == 0) Stop();
 #pragma once
 
 #include "corekit/platform/Types.h"
@@ -6,6 +11,7 @@
 #include <atomic>
 
 namespace corekit::detail {
+// The target as an atomic, in place.
 inline std::atomic_ref<LONG> shared(volatile LONG* target)
 {
     return std::atomic_ref<LONG>(const_cast<LONG&>(*target));
@@ -22,11 +28,12 @@ inline LONG InterlockedDecrement(volatile LONG* target)
     return corekit::detail::shared(target).fetch_sub(1) - 1;
 }
 
-// These return the value before the step.
+// Stores the value. This and the next return the value before the step.
 inline LONG InterlockedExchange(volatile LONG* target, LONG value)
 {
     return corekit::detail::shared(target).exchange(value);
 }
+// Adds the value, modulo 2^32.
 inline LONG InterlockedExchangeAdd(volatile LONG* target, LONG value)
 {
     return corekit::detail::shared(target).fetch_add(value);

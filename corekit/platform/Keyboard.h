@@ -11,13 +11,13 @@
 using HKL = struct HKL__*;
 
 // ---- Virtual keys. Letters and digits are their ASCII capitals and digits.
-inline constexpr int VK_BACK = 0x08;
+inline constexpr int VK_BACK = 0x08; // Backspace
 inline constexpr int VK_TAB = 0x09;
-inline constexpr int VK_RETURN = 0x0D;
-inline constexpr int VK_SHIFT = 0x10;
+inline constexpr int VK_RETURN = 0x0D; // Enter, both
+inline constexpr int VK_SHIFT = 0x10;  // either one, as the next two
 inline constexpr int VK_CONTROL = 0x11;
-inline constexpr int VK_MENU = 0x12; // Alt
-inline constexpr int VK_CAPITAL = 0x14;
+inline constexpr int VK_MENU = 0x12;    // Alt
+inline constexpr int VK_CAPITAL = 0x14; // Caps Lock
 inline constexpr int VK_ESCAPE = 0x1B;
 inline constexpr int VK_SPACE = 0x20;
 inline constexpr int VK_PRIOR = 0x21, VK_NEXT = 0x22; // page up and down
@@ -26,7 +26,7 @@ inline constexpr int VK_LEFT = 0x25, VK_UP = 0x26, VK_RIGHT = 0x27, VK_DOWN = 0x
 inline constexpr int VK_INSERT = 0x2D, VK_DELETE = 0x2E;
 inline constexpr int VK_NUMPAD0 = 0x60; // to 0x69
 inline constexpr int VK_F1 = 0x70;      // to F24 at 0x87
-inline constexpr int VK_LSHIFT = 0xA0;
+inline constexpr int VK_LSHIFT = 0xA0;  // left and right ones apart
 inline constexpr int VK_RSHIFT = 0xA1;
 inline constexpr int VK_LCONTROL = 0xA2;
 inline constexpr int VK_RCONTROL = 0xA3;
@@ -48,10 +48,10 @@ inline constexpr int VK_OEM_8 = 0xDF;      // ` on the British layout
 // What ACCEL::fVirt says.
 inline constexpr BYTE FVIRTKEY = 1; // the key is a virtual key, else a character
 inline constexpr BYTE FSHIFT = 4;   // what must be held
-inline constexpr BYTE FCONTROL = 8;
-inline constexpr BYTE FALT = 16;
+inline constexpr BYTE FCONTROL = 8; // Ctrl
+inline constexpr BYTE FALT = 16;    // Alt
 
-inline constexpr UINT MAPVK_VK_TO_VSC = 0;
+inline constexpr UINT MAPVK_VK_TO_VSC = 0; // the one type of MapVirtualKeyA
 
 // The scan code of a virtual key, 0 if there is none or for another type.
 COREKIT_API UINT MapVirtualKeyA(UINT code, UINT type);

@@ -3,9 +3,9 @@
 
 #include "corekit/platform/Controls.h"
 
-inline constexpr DWORD PBS_SMOOTH = 0x1; // accepted: every bar is
-inline constexpr DWORD PBS_VERTICAL = 0x4;
-inline constexpr DWORD PBS_MARQUEE = 0x8; // runs without an end in sight, once PBM_SETMARQUEE starts it
+inline constexpr DWORD PBS_SMOOTH = 0x1;   // accepted: every bar is
+inline constexpr DWORD PBS_VERTICAL = 0x4; // fills upwards
+inline constexpr DWORD PBS_MARQUEE = 0x8;  // runs without an end in sight, once PBM_SETMARQUEE starts it
 
 struct PBRANGE {
     int iLow, iHigh;
@@ -21,4 +21,4 @@ inline constexpr UINT PBM_SETRANGE32 = 0x406; // wParam, lParam
 inline constexpr UINT PBM_GETRANGE = 0x407;   // wParam: lower or upper limit; lParam: PBRANGE*, may be null
 inline constexpr UINT PBM_GETPOS = 0x408;
 inline constexpr UINT PBM_SETMARQUEE = 0x40A; // wParam: run or stand
-inline constexpr UINT PBM_GETSTEP = 0x40D;
+inline constexpr UINT PBM_GETSTEP = 0x40D;    // answers the step

@@ -20,16 +20,18 @@ struct _SECURITY_ATTRIBUTES;
 inline HKEY const HKEY_CURRENT_USER = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(-0x7FFFFFFF));
 inline HKEY const HKEY_LOCAL_MACHINE = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(-0x7FFFFFFE));
 
+// Types of values; the registry keeps bytes and type as they are given.
 inline constexpr DWORD REG_NONE = 0;
-inline constexpr DWORD REG_SZ = 1;
-inline constexpr DWORD REG_EXPAND_SZ = 2;
-inline constexpr DWORD REG_BINARY = 3;
-inline constexpr DWORD REG_DWORD = 4;
+inline constexpr DWORD REG_SZ = 1;        // text
+inline constexpr DWORD REG_EXPAND_SZ = 2; // text with variables
+inline constexpr DWORD REG_BINARY = 3;    // bytes
+inline constexpr DWORD REG_DWORD = 4;     // 32 bits
 inline constexpr DWORD REG_DWORD_BIG_ENDIAN = 5;
-inline constexpr DWORD REG_LINK = 6;
-inline constexpr DWORD REG_MULTI_SZ = 7;
-inline constexpr DWORD REG_QWORD = 11;
+inline constexpr DWORD REG_LINK = 6;     // kept
+inline constexpr DWORD REG_MULTI_SZ = 7; // texts, each with its terminator, and one more
+inline constexpr DWORD REG_QWORD = 11;   // 64 bits
 
+// What a handle may be used for.
 inline constexpr DWORD KEY_QUERY_VALUE = 0x0001;
 inline constexpr DWORD KEY_SET_VALUE = 0x0002;
 inline constexpr DWORD KEY_CREATE_SUB_KEY = 0x0004;
@@ -40,12 +42,12 @@ inline constexpr DWORD KEY_ALL_ACCESS = 0xF003F;
 
 inline constexpr DWORD REG_OPTION_NON_VOLATILE = 0;
 inline constexpr DWORD REG_OPTION_VOLATILE = 1; // the key goes when the machine restarts
-inline constexpr DWORD REG_CREATED_NEW_KEY = 1;
+inline constexpr DWORD REG_CREATED_NEW_KEY = 1; // RegCreateKeyExA has made it
 inline constexpr DWORD REG_OPENED_EXISTING_KEY = 2;
 
-inline constexpr DWORD ERROR_BAD_NETPATH = 53;
+inline constexpr DWORD ERROR_BAD_NETPATH = 53; // another machine
 inline constexpr DWORD ERROR_BAD_PATHNAME = 161;
-inline constexpr DWORD ERROR_MORE_DATA = 234;
+inline constexpr DWORD ERROR_MORE_DATA = 234; // the buffer is too small
 inline constexpr DWORD ERROR_REGISTRY_CORRUPT = 1015;
 inline constexpr DWORD ERROR_REGISTRY_IO_FAILED = 1016;
 inline constexpr DWORD ERROR_KEY_DELETED = 1018;
@@ -59,6 +61,7 @@ COREKIT_API LONG RegOpenKeyExA(HKEY key, const char* subKey, DWORD options, DWOR
 COREKIT_API LONG RegCreateKeyExA(HKEY key, const char* subKey, DWORD reserved, const char* keyClass,
                                  DWORD options, DWORD access, const _SECURITY_ATTRIBUTES* security,
                                  HKEY* result, DWORD* disposition);
+// Not needed for the two hives.
 COREKIT_API LONG RegCloseKey(HKEY key);
 // A hive of this machine: the name is null, "." or this host's, with any number of `\` ahead of it. There is
 // no way to another machine's registry: 53.

@@ -8,6 +8,7 @@
 #include <functional>
 #include <span>
 
+// A number in the place of a name. It must not be read as text.
 inline const char* MAKEINTRESOURCEA(WORD number)
 {
     return reinterpret_cast<const char*>(static_cast<UINT_PTR>(number));
@@ -19,6 +20,7 @@ inline constexpr WORD RT_ICON = 3;        // a PNG file, or what CreateCursorFro
 inline constexpr WORD RT_DIALOG = 5;      // what DialogBytes reads
 inline constexpr WORD RT_ACCELERATOR = 9; // what AcceleratorResource makes
 
+// Last error of calls that load a resource which no module has.
 inline constexpr DWORD ERROR_RESOURCE_NAME_NOT_FOUND = 1814;
 
 // Hands the bytes of a resource to `use` while its module is held in place; whether there was one. A name or
@@ -26,7 +28,8 @@ inline constexpr DWORD ERROR_RESOURCE_NAME_NOT_FOUND = 1814;
 using ResourceReader = bool (*)(const char* name, const char* type,
                                 const std::function<void(std::span<const std::byte>)>& use);
 
-// Whoever keeps the list of modules installs its reader when it is loaded. Without one nothing is found.
+// Whoever keeps the list of modules installs its reader when it is loaded. Without one nothing is found. Any
+// thread; null takes the reader away.
 COREKIT_API void SetResourceReader(ResourceReader reader);
 COREKIT_API bool UseResource(const char* name, WORD type,
                              const std::function<void(std::span<const std::byte>)>& use);

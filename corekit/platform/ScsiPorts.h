@@ -12,10 +12,10 @@ inline constexpr DWORD IOCTL_SCSI_GET_INQUIRY_DATA = 0x4100C, IOCTL_SCSI_GET_CAP
                        IOCTL_SCSI_PASS_THROUGH_DIRECT = 0x4D014;
 
 struct IO_SCSI_CAPABILITIES {
-    DWORD Length;
-    DWORD MaximumTransferLength; // bytes
-    DWORD MaximumPhysicalPages;
-    DWORD SupportedAsynchronousEvents;
+    DWORD Length;                      // of this record
+    DWORD MaximumTransferLength;       // bytes
+    DWORD MaximumPhysicalPages;        // pieces of memory in one transfer
+    DWORD SupportedAsynchronousEvents; // 0, as all that follows
     DWORD AlignmentMask;
     BYTE TaggedQueuing;
     BYTE AdapterScansDown;
@@ -25,8 +25,8 @@ static_assert(sizeof(IO_SCSI_CAPABILITIES) == 24);
 
 struct SCSI_BUS_DATA {
     BYTE NumberOfLogicalUnits; // devices that are there
-    BYTE InitiatorBusId;
-    DWORD InquiryDataOffset; // of the first record, from the start of the buffer; 0: none
+    BYTE InitiatorBusId;       // 7
+    DWORD InquiryDataOffset;   // of the first record, from the start of the buffer; 0: none
 };
 // Opens the inquiry data of an adaptor; one bus data follows another.
 struct SCSI_ADAPTER_BUS_INFO {
@@ -34,18 +34,18 @@ struct SCSI_ADAPTER_BUS_INFO {
     SCSI_BUS_DATA BusData[1];
 };
 struct SCSI_INQUIRY_DATA {
-    BYTE PathId;
+    BYTE PathId; // bus
     BYTE TargetId;
-    BYTE Lun;
-    BYTE DeviceClaimed; // a driver has it
-    DWORD InquiryDataLength;
+    BYTE Lun;                    // logical unit
+    BYTE DeviceClaimed;          // a driver has it
+    DWORD InquiryDataLength;     // bytes that the device gave
     DWORD NextInquiryDataOffset; // 0: the last of the bus
     BYTE InquiryData[1];
 };
 static_assert(sizeof(SCSI_BUS_DATA) == 8 && offsetof(SCSI_ADAPTER_BUS_INFO, BusData) == 4 &&
               offsetof(SCSI_INQUIRY_DATA, InquiryData) == 12);
 
-inline constexpr BYTE SCSI_IOCTL_DATA_OUT = 0, SCSI_IOCTL_DATA_IN = 1;
+inline constexpr BYTE SCSI_IOCTL_DATA_OUT = 0, SCSI_IOCTL_DATA_IN = 1; // to the device, or from it
 
 struct SCSI_PASS_THROUGH_DIRECT {
     WORD Length;
@@ -53,14 +53,14 @@ struct SCSI_PASS_THROUGH_DIRECT {
     BYTE PathId;
     BYTE TargetId;
     BYTE Lun;
-    BYTE CdbLength;
-    BYTE SenseInfoLength; // set: how much of it there is
-    BYTE DataIn;
+    BYTE CdbLength;           // 1 to 16
+    BYTE SenseInfoLength;     // set: how much of it there is
+    BYTE DataIn;              // SCSI_IOCTL_
     DWORD DataTransferLength; // set: the bytes moved
     DWORD TimeOutValue;       // seconds
-    void* DataBuffer;
-    DWORD SenseInfoOffset; // from the start of this structure
-    BYTE Cdb[16];
+    void* DataBuffer;         // the caller's
+    DWORD SenseInfoOffset;    // from the start of this structure
+    BYTE Cdb[16];             // the command
 };
 
 // One of the three operations above. *returned gets the bytes written to `out`. 0 with error 122 for a buffer

@@ -20,36 +20,38 @@
 #include <string>
 #include <vector>
 
+// Parity bits and stop bits of a frame; 1.5 stop bits go with five data bits.
 inline constexpr BYTE NOPARITY = 0, ODDPARITY = 1, EVENPARITY = 2, MARKPARITY = 3, SPACEPARITY = 4;
 inline constexpr BYTE ONESTOPBIT = 0, ONE5STOPBITS = 1, TWOSTOPBITS = 2;
-inline constexpr DWORD DTR_CONTROL_DISABLE = 0, DTR_CONTROL_ENABLE = 1;
+inline constexpr DWORD DTR_CONTROL_DISABLE = 0, DTR_CONTROL_ENABLE = 1; // signal off, or on
+// Off, on, or by what the buffer holds.
 inline constexpr DWORD RTS_CONTROL_DISABLE = 0, RTS_CONTROL_ENABLE = 1, RTS_CONTROL_HANDSHAKE = 2;
 
 // The settings of a line.
 struct _DCB {
-    DWORD DCBlength; // 28
-    DWORD BaudRate;  // bits per second
-    DWORD fBinary : 1;
-    DWORD fParity : 1; // check what is received
-    DWORD fOutxCtsFlow : 1;
+    DWORD DCBlength;        // 28
+    DWORD BaudRate;         // bits per second
+    DWORD fBinary : 1;      // 1
+    DWORD fParity : 1;      // check what is received
+    DWORD fOutxCtsFlow : 1; // CTS off stops sending
     DWORD fOutxDsrFlow : 1;
-    DWORD fDtrControl : 2;
+    DWORD fDtrControl : 2; // DTR_CONTROL_
     DWORD fDsrSensitivity : 1;
     DWORD fTXContinueOnXoff : 1;
     DWORD fOutX : 1; // XOFF from the other side stops sending
     DWORD fInX : 1;  // XOFF is sent when too much has come in
     DWORD fErrorChar : 1;
     DWORD fNull : 1;
-    DWORD fRtsControl : 2;
+    DWORD fRtsControl : 2; // RTS_CONTROL_
     DWORD fAbortOnError : 1;
     DWORD fDummy2 : 17;
     WORD wReserved;
     WORD XonLim;
     WORD XoffLim;
     BYTE ByteSize; // 5 to 8
-    BYTE Parity;
-    BYTE StopBits;
-    char XonChar;
+    BYTE Parity;   // 0 to 4
+    BYTE StopBits; // 0 to 2
+    char XonChar;  // what goes on, and stops, sending
     char XoffChar;
     char ErrorChar;
     char EofChar;
@@ -61,11 +63,11 @@ static_assert(sizeof(DCB) == 28 && offsetof(DCB, ByteSize) == 18 && offsetof(DCB
 
 // When a transfer ends without all of its bytes, which is no failure. Milliseconds; zeros wait for all.
 struct _COMMTIMEOUTS {
-    DWORD ReadIntervalTimeout;        // between two bytes. INFINITE, the others 0: take what is there;
-                                      // with a multiplier of INFINITE: the first bytes within the constant
-    DWORD ReadTotalTimeoutMultiplier; // for each byte asked for
-    DWORD ReadTotalTimeoutConstant;   // and once
-    DWORD WriteTotalTimeoutMultiplier;
+    DWORD ReadIntervalTimeout;         // between two bytes. INFINITE, the others 0: take what is there;
+                                       // with a multiplier of INFINITE: the first bytes within the constant
+    DWORD ReadTotalTimeoutMultiplier;  // for each byte asked for
+    DWORD ReadTotalTimeoutConstant;    // and once
+    DWORD WriteTotalTimeoutMultiplier; // likewise
     DWORD WriteTotalTimeoutConstant;
 };
 using COMMTIMEOUTS = _COMMTIMEOUTS;

@@ -21,57 +21,60 @@
 #undef htonl
 #undef ntohl
 
-using SOCKET = unsigned int;
-inline constexpr SOCKET INVALID_SOCKET = 0xFFFFFFFF;
-inline constexpr int SOCKET_ERROR = -1;
+using SOCKET = unsigned int;                         // good as a HANDLE, too
+inline constexpr SOCKET INVALID_SOCKET = 0xFFFFFFFF; // a failure
+inline constexpr int SOCKET_ERROR = -1;              // a failure of calls that return int
 
 static_assert(sizeof(sockaddr) == 16 && sizeof(sockaddr_in) == 16 && AF_INET == 2 && SOCK_STREAM == 1);
 
-inline constexpr DWORD WSAEINTR = 10004;
-inline constexpr DWORD WSAEACCES = 10013;
-inline constexpr DWORD WSAEFAULT = 10014;
-inline constexpr DWORD WSAEINVAL = 10022;
-inline constexpr DWORD WSAEMFILE = 10024;
-inline constexpr DWORD WSAEWOULDBLOCK = 10035;
-inline constexpr DWORD WSAEINPROGRESS = 10036;
-inline constexpr DWORD WSAENOTSOCK = 10038;
-inline constexpr DWORD WSAENOPROTOOPT = 10042;
-inline constexpr DWORD WSAEOPNOTSUPP = 10045;
-inline constexpr DWORD WSAEAFNOSUPPORT = 10047;
-inline constexpr DWORD WSAECONNRESET = 10054;
-inline constexpr DWORD WSAENOBUFS = 10055;
-inline constexpr DWORD WSAENOTCONN = 10057;
-inline constexpr DWORD WSAECONNREFUSED = 10061;
-inline constexpr DWORD WSAVERNOTSUPPORTED = 10092;
-inline constexpr DWORD WSANOTINITIALISED = 10093;
-inline constexpr DWORD WSASERVICE_NOT_FOUND = 10108;
-inline constexpr DWORD WSA_E_NO_MORE = 10110;
-inline constexpr DWORD WSAHOST_NOT_FOUND = 11001;
+// What a failed call leaves as last error; numbers of Errors.h come as well.
+inline constexpr DWORD WSAEINTR = 10004;             // broken off
+inline constexpr DWORD WSAEACCES = 10013;            // may not be used so
+inline constexpr DWORD WSAEFAULT = 10014;            // memory missing or too small
+inline constexpr DWORD WSAEINVAL = 10022;            // not in a state for this
+inline constexpr DWORD WSAEMFILE = 10024;            // too many are open
+inline constexpr DWORD WSAEWOULDBLOCK = 10035;       // nothing to do just now, on one that never waits
+inline constexpr DWORD WSAEINPROGRESS = 10036;       // a connection is under way, on one that never waits
+inline constexpr DWORD WSAENOTSOCK = 10038;          // no socket of that number
+inline constexpr DWORD WSAENOPROTOOPT = 10042;       // no such option
+inline constexpr DWORD WSAEOPNOTSUPP = 10045;        // not done here
+inline constexpr DWORD WSAEAFNOSUPPORT = 10047;      // another family than AF_INET
+inline constexpr DWORD WSAECONNRESET = 10054;        // the other side broke it off
+inline constexpr DWORD WSAENOBUFS = 10055;           // no room
+inline constexpr DWORD WSAENOTCONN = 10057;          // not connected
+inline constexpr DWORD WSAECONNREFUSED = 10061;      // nobody listens there
+inline constexpr DWORD WSAVERNOTSUPPORTED = 10092;   // a version below 1.0
+inline constexpr DWORD WSANOTINITIALISED = 10093;    // never given: sockets need no start
+inline constexpr DWORD WSASERVICE_NOT_FOUND = 10108; // names of a kind that is not looked up
+inline constexpr DWORD WSA_E_NO_MORE = 10110;        // the end of a look-up
+inline constexpr DWORD WSAHOST_NOT_FOUND = 11001;    // no host of that name
 
 // --- network events: bits for WSAEventSelect, and where each has its error in WSANETWORKEVENTS
 
 inline constexpr long FD_READ = 1, FD_WRITE = 2, FD_OOB = 4, FD_ACCEPT = 8, FD_CONNECT = 16, FD_CLOSE = 32;
+// Index into iErrorCode.
 inline constexpr int FD_READ_BIT = 0, FD_WRITE_BIT = 1, FD_OOB_BIT = 2, FD_ACCEPT_BIT = 3, FD_CONNECT_BIT = 4,
                      FD_CLOSE_BIT = 5, FD_MAX_EVENTS = 10;
 
 struct _WSANETWORKEVENTS {
-    LONG lNetworkEvents;
+    LONG lNetworkEvents;           // FD_ bits
     int iErrorCode[FD_MAX_EVENTS]; // 0, or why the event happened
 };
 using WSANETWORKEVENTS = _WSANETWORKEVENTS;
 
 inline constexpr DWORD FIONBIO_CODE = 0x8004667E;  // WSAIoctl: a DWORD, not 0 for a socket that never waits
 inline constexpr DWORD FIONREAD_CODE = 0x4004667F; // WSAIoctl: gives a DWORD, the bytes that can be read
-inline constexpr DWORD WSA_FLAG_OVERLAPPED = 1;
+inline constexpr DWORD WSA_FLAG_OVERLAPPED = 1;    // accepted: every socket can
 
 // --- names
 
 struct _SOCKET_ADDRESS {
     sockaddr* lpSockaddr;
-    int iSockaddrLength;
+    int iSockaddrLength; // bytes
 };
 using SOCKET_ADDRESS = _SOCKET_ADDRESS;
 
+// One address of a host, as WSALookupServiceNextA tells it.
 struct _CSADDR_INFO {
     SOCKET_ADDRESS LocalAddr;
     SOCKET_ADDRESS RemoteAddr;
@@ -80,48 +83,50 @@ struct _CSADDR_INFO {
 };
 using CSADDR_INFO = _CSADDR_INFO;
 
+// What the caller can speak.
 struct _AFPROTOCOLS {
     int iAddressFamily;
     int iProtocol;
 };
 using AFPROTOCOLS = _AFPROTOCOLS;
 
+// Query and answer of a look-up. Members without a word here are not used.
 struct _WSAQuerySetA {
-    DWORD dwSize;
-    char* lpszServiceInstanceName;
-    GUID* lpServiceClassId;
+    DWORD dwSize;                  // of this record
+    char* lpszServiceInstanceName; // the host's name
+    GUID* lpServiceClassId;        // SVCID_HOSTNAME
     struct WSAVERSION* lpVersion;
     char* lpszComment;
-    DWORD dwNameSpace;
+    DWORD dwNameSpace; // NS_ALL or NS_DNS
     GUID* lpNSProviderId;
     char* lpszContext;
-    DWORD dwNumberOfProtocols;
+    DWORD dwNumberOfProtocols; // 0: any
     AFPROTOCOLS* lpafpProtocols;
     char* lpszQueryString;
-    DWORD dwNumberOfCsAddrs;
-    CSADDR_INFO* lpcsaBuffer;
+    DWORD dwNumberOfCsAddrs;  // out: how many addresses
+    CSADDR_INFO* lpcsaBuffer; // out: within the caller's buffer
     DWORD dwOutputFlags;
     struct BLOB* lpBlob;
 };
 using WSAQUERYSETA = _WSAQuerySetA;
 
-inline constexpr DWORD LUP_RETURN_NAME = 0x10;
-inline constexpr DWORD LUP_RETURN_ADDR = 0x100;
+inline constexpr DWORD LUP_RETURN_NAME = 0x10;  // fill the name in
+inline constexpr DWORD LUP_RETURN_ADDR = 0x100; // fill the addresses in
 inline constexpr DWORD NS_ALL = 0, NS_DNS = 12;
 inline constexpr GUID SVCID_HOSTNAME = {0x0002A800, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 
 // --- records that only some calls look at
 
 struct WSADATA {
-    WORD wVersion, wHighVersion;
+    WORD wVersion, wHighVersion; // in force; the highest that is had
 };
 struct WSAPROTOCOL_INFOA {
     int iAddressFamily, iSocketType, iProtocol;
-    char szProtocol[256];
+    char szProtocol[256]; // its name
 };
 struct WSANAMESPACE_INFOA {
     DWORD dwNameSpace;
-    BOOL fActive;
+    BOOL fActive; // whether it answers
     char* lpszIdentifier;
 };
 struct WSABUF;
@@ -132,11 +137,15 @@ using LPWSAOVERLAPPED_COMPLETION_ROUTINE = void (*)(DWORD error, DWORD moved, OV
 
 namespace sockets {
 
+// AF_INET, SOCK_STREAM or SOCK_DGRAM. For the caller to close.
 COREKIT_API SOCKET socket(int family, int type, int protocol);
+// Waits for a connection, unless the listener never waits.
 COREKIT_API SOCKET accept(SOCKET listener, sockaddr* address, int* length); // both may be null
+// An address that old connections still use is no hindrance.
 COREKIT_API int bind(SOCKET socket, const sockaddr* address, int length);
 COREKIT_API int listen(SOCKET socket, int backlog);
 COREKIT_API int connect(SOCKET socket, const sockaddr* address, int length);
+// Ends the calls of other threads that wait for it.
 COREKIT_API int closesocket(SOCKET socket);
 COREKIT_API int getpeername(SOCKET socket, sockaddr* address, int* length);
 COREKIT_API int getsockname(SOCKET socket, sockaddr* address, int* length);
@@ -165,6 +174,7 @@ COREKIT_API BOOL ConnectWithin(SOCKET socket, const sockaddr* address, int lengt
 } // namespace sockets
 
 // Starts the use of sockets and ends one such use; the version is at least 1.0 and at most 2.2 is had.
+// Answers the reason itself. Not needed here, and neither is the end.
 COREKIT_API int WSAStartup(WORD version, WSADATA* data);
 COREKIT_API int WSACleanup();
 COREKIT_API int WSAGetLastError();

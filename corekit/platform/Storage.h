@@ -11,59 +11,67 @@
 #include "corekit/platform/Types.h"
 #include "corekit/platform/Variant.h"
 
-inline constexpr HRESULT S_FALSE = 1;
-inline constexpr HRESULT STG_E_FILENOTFOUND = static_cast<HRESULT>(0x80030002);
-inline constexpr HRESULT STG_E_PATHNOTFOUND = static_cast<HRESULT>(0x80030003);
-inline constexpr HRESULT STG_E_ACCESSDENIED = static_cast<HRESULT>(0x80030005);
+inline constexpr HRESULT S_FALSE = 1;                                           // no failure: nothing there
+inline constexpr HRESULT STG_E_FILENOTFOUND = static_cast<HRESULT>(0x80030002); // file or element
+inline constexpr HRESULT STG_E_PATHNOTFOUND = static_cast<HRESULT>(0x80030003); // no such folder
+inline constexpr HRESULT STG_E_ACCESSDENIED = static_cast<HRESULT>(0x80030005); // no right, or open already
 inline constexpr HRESULT STG_E_INSUFFICIENTMEMORY = static_cast<HRESULT>(0x80030008);
-inline constexpr HRESULT STG_E_INVALIDPOINTER = static_cast<HRESULT>(0x80030009);
-inline constexpr HRESULT STG_E_SEEKERROR = static_cast<HRESULT>(0x80030019);
-inline constexpr HRESULT STG_E_WRITEFAULT = static_cast<HRESULT>(0x8003001D);
-inline constexpr HRESULT STG_E_READFAULT = static_cast<HRESULT>(0x8003001E);
-inline constexpr HRESULT STG_E_SHAREVIOLATION = static_cast<HRESULT>(0x80030020);
-inline constexpr HRESULT STG_E_FILEALREADYEXISTS = static_cast<HRESULT>(0x80030050);
-inline constexpr HRESULT STG_E_MEDIUMFULL = static_cast<HRESULT>(0x80030070);
-inline constexpr HRESULT STG_E_INVALIDHEADER = static_cast<HRESULT>(0x800300FB); // no compound file
-inline constexpr HRESULT STG_E_INVALIDNAME = static_cast<HRESULT>(0x800300FC);
+inline constexpr HRESULT STG_E_INVALIDPOINTER = static_cast<HRESULT>(0x80030009);    // null
+inline constexpr HRESULT STG_E_SEEKERROR = static_cast<HRESULT>(0x80030019);         // before the start
+inline constexpr HRESULT STG_E_WRITEFAULT = static_cast<HRESULT>(0x8003001D);        // not all was taken
+inline constexpr HRESULT STG_E_READFAULT = static_cast<HRESULT>(0x8003001E);         // not all was given
+inline constexpr HRESULT STG_E_SHAREVIOLATION = static_cast<HRESULT>(0x80030020);    // open elsewhere
+inline constexpr HRESULT STG_E_FILEALREADYEXISTS = static_cast<HRESULT>(0x80030050); // file or element
+inline constexpr HRESULT STG_E_MEDIUMFULL = static_cast<HRESULT>(0x80030070);        // no room
+inline constexpr HRESULT STG_E_INVALIDHEADER = static_cast<HRESULT>(0x800300FB);     // no compound file
+inline constexpr HRESULT STG_E_INVALIDNAME = static_cast<HRESULT>(0x800300FC);       // of an element
+// A compound file with damage.
 inline constexpr HRESULT STG_E_DOCFILECORRUPT = static_cast<HRESULT>(0x80030109);
 
+// How a file is opened, what others may do meanwhile, and what becomes of one that exists.
 inline constexpr DWORD STGM_READ = 0;
-inline constexpr DWORD STGM_WRITE = 1;
+inline constexpr DWORD STGM_WRITE = 1; // as STGM_READWRITE
 inline constexpr DWORD STGM_READWRITE = 2;
-inline constexpr DWORD STGM_SHARE_EXCLUSIVE = 0x10;
-inline constexpr DWORD STGM_SHARE_DENY_WRITE = 0x20;
-inline constexpr DWORD STGM_SHARE_DENY_READ = 0x30;
-inline constexpr DWORD STGM_SHARE_DENY_NONE = 0x40;
-inline constexpr DWORD STGM_CREATE = 0x1000;
-inline constexpr DWORD STGM_TRANSACTED = 0x10000;
+inline constexpr DWORD STGM_SHARE_EXCLUSIVE = 0x10;  // nothing
+inline constexpr DWORD STGM_SHARE_DENY_WRITE = 0x20; // read
+inline constexpr DWORD STGM_SHARE_DENY_READ = 0x30;  // write
+inline constexpr DWORD STGM_SHARE_DENY_NONE = 0x40;  // both
+inline constexpr DWORD STGM_CREATE = 0x1000;         // takes the place of what exists
+inline constexpr DWORD STGM_TRANSACTED = 0x10000;    // accepted: every storage is
 
 inline constexpr DWORD STGTY_STORAGE = 1;
 inline constexpr DWORD STGTY_STREAM = 2;
-inline constexpr DWORD STATFLAG_NONAME = 1;
+inline constexpr DWORD STATFLAG_NONAME = 1; // of Stat
 
+// From the start, the position, the end.
 enum STREAM_SEEK : DWORD { STREAM_SEEK_SET, STREAM_SEEK_CUR, STREAM_SEEK_END };
 
 struct STATSTG {
     WCHAR pwcsName[32]; // empty for a root and with STATFLAG_NONAME
-    DWORD type;
-    DWORDLONG cbSize; // of a stream
-    CLSID clsid;      // of a storage
+    DWORD type;         // STGTY_
+    DWORDLONG cbSize;   // of a stream
+    CLSID clsid;        // of a storage
 };
 
+// Bytes with a position, 0 at first.
 class COREKIT_API IStream {
 public:
     virtual DWORD AddRef() = 0;
     virtual DWORD Release() = 0;
     // Fewer bytes than asked for at the end of the stream; *done may be null.
     virtual HRESULT Read(void* buffer, DWORD count, DWORD* done) = 0;
+    // Extends the stream as needed; what lies between is 0.
     virtual HRESULT Write(const void* buffer, DWORD count, DWORD* done) = 0;
+    // Behind the end is allowed; *position, which may be null, gets the new place.
     virtual HRESULT Seek(LONGLONG distance, DWORD origin, DWORDLONG* position) = 0;
+    // What is new is 0; the position stays.
     virtual HRESULT SetSize(DWORDLONG size) = 0;
 
 protected:
     virtual ~IStream() = default;
 };
 
+// Elements with names, and a class identifier.
 class COREKIT_API IStorage {
 public:
     virtual DWORD AddRef() = 0;
@@ -71,11 +79,14 @@ public:
     // A stream is open once at a time; one that is open is refused with STG_E_ACCESSDENIED. In a file opened
     // for reading its writes are refused. Without STGM_CREATE an existing name is refused.
     virtual HRESULT CreateStream(const WCHAR* name, DWORD mode, DWORD, DWORD, IStream** stream) = 0;
+    // At its start. Mode and the unnamed arguments are not used.
     virtual HRESULT OpenStream(const WCHAR* name, void*, DWORD mode, DWORD, IStream** stream) = 0;
     virtual HRESULT OpenStorage(const WCHAR* name, DWORD mode, IStorage** storage) = 0;
     // Of the root only: writes everything, also what other storages of the file changed.
     virtual HRESULT Commit(DWORD flags) = 0;
+    // Kept at the next Commit.
     virtual HRESULT SetClass(const CLSID& id) = 0;
+    // Of the storage itself.
     virtual HRESULT Stat(STATSTG* status, DWORD flags) = 0;
     // The index-th element in the order of the file; S_FALSE at the end.
     virtual HRESULT StatElement(DWORD index, STATSTG* status) = 0;

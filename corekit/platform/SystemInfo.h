@@ -10,14 +10,14 @@ inline constexpr WORD PROCESSOR_ARCHITECTURE_INTEL = 0, PROCESSOR_ARCHITECTURE_A
 struct SYSTEM_INFO {
     WORD wProcessorArchitecture;
     WORD wReserved;
-    DWORD dwPageSize;
-    void* lpMinimumApplicationAddress;
+    DWORD dwPageSize;                  // bytes
+    void* lpMinimumApplicationAddress; // null, as the next one
     void* lpMaximumApplicationAddress;
     DWORD_PTR dwActiveProcessorMask; // of the first 64
     DWORD dwNumberOfProcessors;      // those that this process may use
-    DWORD dwProcessorType;
-    DWORD dwAllocationGranularity;
-    WORD wProcessorLevel;
+    DWORD dwProcessorType;           // 0
+    DWORD dwAllocationGranularity;   // 65,536: of offsets of views
+    WORD wProcessorLevel;            // 0, as the next one
     WORD wProcessorRevision;
 };
 
@@ -31,13 +31,13 @@ struct OSVERSIONINFOEX {
     DWORD dwOSVersionInfoSize; // 148 or 156, set by the caller
     DWORD dwMajorVersion;
     DWORD dwMinorVersion;
-    DWORD dwBuildNumber;
-    DWORD dwPlatformId;
-    char szCSDVersion[128];
+    DWORD dwBuildNumber;    // third number of the kernel's release
+    DWORD dwPlatformId;     // VER_PLATFORM_WIN32_NT
+    char szCSDVersion[128]; // empty
     WORD wServicePackMajor;
     WORD wServicePackMinor;
-    WORD wSuiteMask;
-    BYTE wProductType;
+    WORD wSuiteMask;   // VER_SUITE_
+    BYTE wProductType; // 0
     BYTE wReserved;
 };
 static_assert(sizeof(OSVERSIONINFOEX) == 156);
@@ -54,7 +54,7 @@ COREKIT_API UINT GetSystemDirectoryA(char* buffer, UINT size);
 // $TMPDIR, or /tmp, with a separator at the end; reported as above.
 COREKIT_API DWORD GetTempPathA(DWORD size, char* buffer);
 
-COREKIT_API DWORD GetCurrentProcessId();
+COREKIT_API DWORD GetCurrentProcessId(); // the kernel's number
 
 // The number of the login session that the process runs in; 0 outside of any, as services do. 0 with error 87
 // for a process that is not there.

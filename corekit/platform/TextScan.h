@@ -1,5 +1,7 @@
 // Fast loops over zero-terminated text. Where a length is given, the terminator stands at that index, the
 // text ends at its first zero, and nothing behind the terminator is read.
+//
+// All of them may read whole blocks of 16 bytes around the text, never beyond its page. Any thread.
 #pragma once
 
 #include "corekit/platform/Export.h"
@@ -22,6 +24,7 @@ inline int CountedLength(std::size_t n)
     return static_cast<int>(n);
 }
 
+// Units before the terminator.
 inline std::size_t TextLength(const char* p) { return std::strlen(p); }
 COREKIT_API std::size_t TextLength(const WCHAR* p);
 
@@ -32,7 +35,8 @@ inline int TextLength(const char* p, int n)
 }
 COREKIT_API int TextLength(const WCHAR* p, int n);
 
-// The index of a character or a text in text[0, n), -1 if there is none.
+// The index of a character or a text in text[0, n), -1 if there is none. Case counts. Of several places the
+// first. An empty text is found at 0.
 COREKIT_API int FindInText(const char* text, int n, char ch);
 COREKIT_API int FindInText(const WCHAR* text, int n, WCHAR ch);
 COREKIT_API int FindInText(const char* text, int n, const char* what);
@@ -59,6 +63,7 @@ inline bool SameUnits(const WCHAR* a, const WCHAR* b, std::size_t n)
     return std::equal(a, a + n, b);
 }
 
+// Whether two texts with their terminators are the same; the lengths only make it faster.
 inline bool SameText(const char* a, int, const char* b, int) { return std::strcmp(a, b) == 0; }
 inline bool SameText(const WCHAR* a, int lengthA, const WCHAR* b, int lengthB)
 {

@@ -1,6 +1,9 @@
 // Eight UTF-16 units, or sixteen bytes, in a vector register: the steps that loops over text are made of.
 //
 // A mark is a unit of all ones. Sanitized builds run the same steps.
+//
+// Words: a block is eight units in a register; units count from the lowest address. Everything is inline.
+// For the string classes of this library; other code uses those.
 #pragma once
 
 #include "corekit/platform/Types.h"
@@ -12,14 +15,15 @@
 
 namespace corekit::detail {
 
-inline constexpr int unitsAtOnce = 8;
+inline constexpr int unitsAtOnce = 8; // in one block
 
-using Units [[gnu::vector_size(16)]] = std::uint16_t;
-using Bytes16 [[gnu::vector_size(16)]] = signed char;
-using Numbers [[gnu::vector_size(16)]] = int;
+using Units [[gnu::vector_size(16)]] = std::uint16_t; // eight UTF-16 units
+using Bytes16 [[gnu::vector_size(16)]] = signed char; // sixteen bytes, signed for comparisons
+using Numbers [[gnu::vector_size(16)]] = int;         // four ints
 
 static_assert(std::endian::native == std::endian::little); // the first unit is the lowest
 
+// From any address; 16 bytes are read.
 inline Units loadUnits(const void* from)
 {
     Units units;
@@ -27,14 +31,17 @@ inline Units loadUnits(const void* from)
     return units;
 }
 
+// To any address; 16 bytes are written.
 inline void storeUnits(void* to, Units units) { std::memcpy(to, &units, sizeof units); }
 
+// The same unit eight times.
 inline Units spreadUnit(WCHAR unit)
 {
     const std::uint16_t u = unit;
     return Units{u, u, u, u, u, u, u, u};
 }
 
+// Last unit first.
 inline Units reversedUnits(Units units)
 {
     return __builtin_shufflevector(units, units, 7, 6, 5, 4, 3, 2, 1, 0);
@@ -53,6 +60,7 @@ inline bool isInOnePage(const void* p, std::size_t bytes)
     return reinterpret_cast<std::uintptr_t>(p) % pageSize <= pageSize - bytes;
 }
 
+// Like loadUnits, hidden from the checkers: only where isInOnePage holds.
 COREKIT_READS_WHOLE_BLOCKS inline Units anyBlock(const void* p)
 {
     using AnyPlace = Units __attribute__((may_alias, aligned(1)));
@@ -61,16 +69,19 @@ COREKIT_READS_WHOLE_BLOCKS inline Units anyBlock(const void* p)
 
 // --- marks
 
+// A mark where both are the same.
 inline Units equalUnits(Units a, Units b) { return std::bit_cast<Units>(a == b); }
+// A mark where the unit is 0.
 inline Units zeroUnits(Units units) { return equalUnits(units, Units{}); }
 
+// A mark where the unit lies from first to last, both included.
 inline Units unitsInRange(Units units, WCHAR first, WCHAR last)
 {
     const std::uint16_t low = first, width = static_cast<std::uint16_t>(last - first);
     return std::bit_cast<Units>(units - low <= width);
 }
 
-// The highest bit of each byte.
+// The highest bit of each byte. Bit i is that of byte i.
 inline std::uint32_t highBits(Bytes16 bytes)
 {
 #ifdef __SSE2__
@@ -105,6 +116,7 @@ inline std::size_t firstMark(unsigned bits) { return static_cast<std::size_t>(st
 // How many units at the front are marked.
 inline std::size_t leadingMarks(Units marks) { return firstMark(~markBits(marks) | 0x10000); }
 
+// Calls with the index of each marked unit, ascending.
 template <class F>
 void forEachMark(Units marks, F apply)
 {
@@ -117,7 +129,9 @@ void forEachMark(Units marks, F apply)
 
 // --- bytes
 
+// From any address; 16 bytes are read.
 inline Bytes16 loadBytes(const void* from) { return std::bit_cast<Bytes16>(loadUnits(from)); }
+// The same byte sixteen times.
 inline Bytes16 spreadByte(std::uint8_t byte) { return Bytes16{} + static_cast<signed char>(byte); }
 
 // Bit i is set where byte i is the same in both.

@@ -29,7 +29,7 @@ struct WNDCLASSA {
     int cbClsExtra; // not used
     int cbWndExtra; // bytes at each window, for SetWindowLongPtrA
     HINSTANCE hInstance;
-    HICON hIcon;
+    HICON hIcon;          // kept and given back; not shown
     HCURSOR hCursor;      // shown over the client area; null: the window sets it at WM_SETCURSOR
     HBRUSH hbrBackground; // what WM_ERASEBKGND fills with: a brush, or 1 + a system colour; null: nothing
     const char* lpszMenuName;

@@ -15,12 +15,15 @@ class COREKIT_API CDeflator : public CObject {
     DECLARE_DYNAMIC(CDeflator)
 
 public:
+    // Holds nothing but the last checksum, so one object may serve any number of streams.
     CDeflator() = default;
 
-    // Compresses all from the position of `in` to its end.
+    // Compresses all from the position of `in` to its end. `out` is written at its position. The two must
+    // not be the same stream. Takes less than 512 KiB of memory, whatever the size.
     void Deflate(CStream& in, CStream& out);
     // Compresses `count` bytes, an unsigned 32-bit number, from the position of `in`; both positions end
-    // behind what was read and written.
+    // behind what was read and written. Where `in` ends early its exception comes out, and `out` holds a
+    // part.
     void Deflate(CStream& in, int count, CStream& out);
 
     // The Adler-32 of the bytes that the last whole run read; 0 before the first.

@@ -14,12 +14,13 @@ class COREKIT_API CInflator : public CObject {
     DECLARE_DYNAMIC(CInflator)
 
 public:
+    // Holds nothing, so one object may serve any number of streams.
     CInflator() = default;
 
-    // Expands all from the position of `in` to its end.
+    // Expands all from the position of `in` to its end, and writes it at the position of `out`.
     void Inflate(CStream& in, CStream& out);
-    // Expands `count` compressed bytes, an unsigned 32-bit number. Bytes among them that follow the end of
-    // the compressed data are skipped.
+    // Expands `count` compressed bytes, an unsigned 32-bit number; `in` must have that many. Bytes among
+    // them that follow the end of the compressed data are skipped.
     void Inflate(CStream& in, int count, CStream& out);
 
 private:

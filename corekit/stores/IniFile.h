@@ -15,23 +15,31 @@
 class COREKIT_API CIniFile : public CObject {
     DECLARE_DYNAMIC(CIniFile)
 public:
+    // Without a path there is nothing to read. The path is kept as it is given; the file is opened anew at
+    // each call.
     CIniFile() = default;
     explicit CIniFile(const char* path) : m_path(path) {}
 
-    // With bMustExist a file that cannot be read throws message::iniFileMissing.
+    // Another file. With bMustExist a file that cannot be read throws message::iniFileMissing; the path is
+    // taken nevertheless.
     void Attach(const char* path, int bMustExist = 0);
+
     const CString& GetPath() const { return m_path; }
 
-    // At most 255 characters of it. An empty value counts as missing.
+    // At most 255 characters of it. An empty value counts as missing. 1, or 0 with `value` untouched.
     int GetString(const char* section, const char* key, CString& value) const;
+    // Makes the file, the section and the key as needed; null for the value deletes the key.
     void SetString(const char* section, const char* key, const char* value);
+
     int GetBoolean(const char* section, const char* key, int fallback) const;
     void SetBoolean(const char* section, const char* key, int value);
-    int GetInteger(const char* section, const char* key, int fallback) const;
+    int GetInteger(const char* section, const char* key, int fallback) const; // held at the ends of 32 bits
     void SetInteger(const char* section, const char* key, int value);
-    DWORD GetHex(const char* section, const char* key, DWORD fallback) const;
+    DWORD GetHex(const char* section, const char* key, DWORD fallback) const; // held at 0xFFFFFFFF
     void SetHex(const char* section, const char* key, DWORD value);
+    // In braces; 1, or 0 with `id` untouched.
     int GetClassID(const char* section, const char* key, _GUID* id) const;
+
     void SetClassID(const char* section, const char* key, const _GUID& id);
 
     // The value must have exactly 2 x size digits, else 0 and nothing is written; what is no digit, small
@@ -53,6 +61,7 @@ public:
     int GetUnicodeString(const char* section, const char* key, StringW& value) const;
     void SetUnicodeString(const char* section, const char* key, const WCHAR* value);
 
+    // A section with all its keys, or one key.
     void DeleteSection(const char* section);
     void DeleteEntry(const char* section, const char* key);
 

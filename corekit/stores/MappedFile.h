@@ -18,12 +18,14 @@ public:
 
     // Each of the first two closes what was open. 0 on failure, with the reason as last error.
 
-    // Makes a file of that size, all zeros; 0 also if it exists, and for a size of 0. Nothing is left behind
-    // by a failure.
+    // Makes a file of that many bytes, all zeros, open for writing; 0 also if it exists, and for a size of
+    // 0. Nothing is left behind by a failure.
     int CreateFileA(const char* name, DWORD size);
+    // All of a file; for reading only with bWrite 0, where a write to the view ends the process. 0 also for
+    // an empty file.
     int OpenFile(const char* name, int bWrite);
-    // Takes over an open file, which after a failure is still the caller's. The object is expected to be
-    // closed.
+    // Takes over an open file, which must allow what bWrite asks, and which after a failure is still the
+    // caller's. The object is expected to be closed.
     int AttachOpenFile(HANDLE file, int bWrite);
 
     void Close(); // with a Flush
@@ -43,7 +45,7 @@ public:
     int ExtendFile(DWORD newSize);
     // Views the file again at the size that it had before a failed ExtendFile.
     int RestoreView();
-    // Returns when what was written is on the device.
+    // Returns when what was written is on the device; 0 if that failed or nothing is open.
     int Flush();
 
 private:

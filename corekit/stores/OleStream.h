@@ -9,12 +9,16 @@
 
 class IStream;
 
+// One thread at a time. Positions and sizes are in bytes, below 4 GiB. Failures throw CChainedException
+// with messages of the oleStream group over the system's reason.
 class COREKIT_API COleStream : public corekit::detail::PagedStream {
     DECLARE_DYNAMIC(COleStream)
 
 public:
-    ~COleStream() override; // without flushing
+    // Without flushing: what was not stored is lost.
+    ~COleStream() override;
 
+    // At once, without waiting for Flush; message::oleStreamSetSizeFailed.
     void SetEndOfStream() override;
 
 protected:
@@ -25,11 +29,11 @@ private:
     friend class COleFile;
 
     COleStream();
-    // Owns the interface unless this throws.
+    // Starts at position 0. Owns the interface unless this throws.
     void AttachStream(IStream* stream);
     void LoadPage(DWORD base, BYTE* page, DWORD count) override;
     void StorePage(DWORD base, const BYTE* page, DWORD count) override;
-    void MoveCursor(DWORD position);
+    void MoveCursor(DWORD position); // of the interface, not of the stream
 
-    IStream* m_pStream = nullptr;
+    IStream* m_pStream = nullptr; // owned
 };

@@ -44,6 +44,7 @@ class COREKIT_API CPropertyStore : public CCriticalObject {
     DECLARE_DYNAMIC(CPropertyStore)
 
 public:
+    // An empty store. The copy shares the content of the source until one of the two is changed.
     CPropertyStore();
     CPropertyStore(const CPropertyStore& source);
     // A store assigned to itself ends up empty.
@@ -54,17 +55,18 @@ public:
 
     // The first bytes of the value, whatever its type; bytes that it lacks read as 0.
     int GetValue(const char* name, int& value) const;
-    int GetValue(const char* name, long& value) const; // 4 bytes, extended
-    int GetValue(const char* name, unsigned int& value) const;
+    int GetValue(const char* name, long& value) const;          // 4 bytes, extended
+    int GetValue(const char* name, unsigned int& value) const;  // 4 bytes
     int GetValue(const char* name, unsigned long& value) const; // 4 bytes, extended
-    int GetValue(const char* name, _GUID& value) const;
-    // The bytes as text, an odd last one left out.
+    int GetValue(const char* name, _GUID& value) const;         // 16 bytes
+    // The bytes as UTF-16 text, an odd last one left out.
     int GetValue(const char* name, StringW& value) const;
     int GetValue(const char* name, StringA& value) const; // narrowed by the active code page
     int GetValue(const char* name, CString& value) const;
     // All bytes of the value.
     int GetValue(const char* name, CByteArray& value) const;
-    // These find only a value of exactly their own size in bytes.
+    // These find only a value of exactly their own size in bytes: `size`, 8 for points, sizes and 64-bit
+    // numbers, 16 for rectangles.
     int GetBinaryValue(const char* name, void* buffer, DWORD size) const;
     int GetValue(const char* name, POINT& value) const { return GetBinaryValue(name, &value, sizeof value); }
     int GetValue(const char* name, SIZE& value) const { return GetBinaryValue(name, &value, sizeof value); }
@@ -76,13 +78,15 @@ public:
 
     // --- writing values
 
-    // Put their bytes at the start of a value that is there, whose size stays: what does not fit is left out.
+    // Put their bytes at the start of a value that is there, whose size stays: what does not fit is left
+    // out. A new value has 4 bytes and ePSInteger, a GUID 16 and ePSGuid.
     void SetValue(const char* name, int value) { SetInteger(name, static_cast<DWORD>(value)); }
     void SetValue(const char* name, long value) { SetInteger(name, static_cast<DWORD>(value)); }
     void SetValue(const char* name, unsigned int value) { SetInteger(name, value); }
     void SetValue(const char* name, unsigned long value) { SetInteger(name, static_cast<DWORD>(value)); }
     void SetValue(const char* name, const _GUID& value);
-    // Replace all bytes of a value that is there.
+    // Replace all bytes of a value that is there. A new one is ePSString or ePSBinary; texts are kept up to
+    // their terminator, without it.
     void SetValue(const char* name, const WCHAR* text);
     void SetValue(const char* name, const char* text); // widened by the active code page
     void SetBinaryValue(const char* name, const void* data, DWORD size);
@@ -96,6 +100,8 @@ public:
 
     // --- the list of values. An index outside it gives an empty name and ePSNone.
 
+    // Values of this store alone, not of those nested in it; counted from 0 in the order in which they were
+    // added.
     int GetPropertyStoreValueCount() const;
     StringA GetPropertyStoreValueName(int index) const;
     ePSEntryType GetPropertyStoreValueType(int index) const;
@@ -104,10 +110,13 @@ public:
 
     // --- nested stores, always as copies. A missing name or index gives an empty store and deletes nothing.
 
+    // Makes a nested store of that name or replaces its content. The store itself may be given: it is
+    // copied first.
     void SetPropertyStore(const char* name, const CPropertyStore& store);
+
     CPropertyStore GetPropertyStore(const char* name) const;
     CPropertyStore GetPropertyStore(int index) const;
-    int PropertyStoreExists(const char* name) const;
+    int PropertyStoreExists(const char* name) const; // 1 or 0
     int GetPropertyStoreCount() const;
     StringA GetPropertyStoreName(int index) const;
     void GetPropertyStoreNames(CArray<StringA, const char*>& names) const; // appends
@@ -116,6 +125,7 @@ public:
 
     // --- the whole store
 
+    // Drops all values and nested stores.
     void Empty();
     // Appends what the stream holds, without a look at the names that are there. A failure throws what the
     // stream throws, message::invalidVersion for another version, or message::dataCorrupt where stores nest
@@ -128,7 +138,7 @@ public:
     // could not be read again.
     void WriteStream(CStream& stream) const;
 
-    static constexpr int deepestNesting = 256;
+    static constexpr int deepestNesting = 256; // levels below the outermost store
 
 private:
     using Body = corekit::detail::PropertyStoreBody;

@@ -36,24 +36,32 @@ public:
     CWordListFile();
     ~CWordListFile() override; // flushes and closes
 
-    int Create(const char* name); // 0 if the file exists or cannot be made
-    int Open(const char* name);   // 0 if it cannot be opened, is no word list or is damaged
-    void Close();
+    // Makes an empty list and opens it; what was open is closed first. 0 if the file exists or cannot be
+    // made.
+    int Create(const char* name);
+    // What was open is closed first. 0 if it cannot be opened for writing, is no word list or is damaged.
+    // Reads the index of leaves, not the words.
+    int Open(const char* name);
+
+    void Close(); // with a Flush; forgets all that was kept in memory
     bool IsOpen() const { return m_blocks.IsOpen(); }
     int Flush() { return m_blocks.Flush(); } // not 0 when all is on the device
 
-    // The identifier under which the word is kept: the one given, or an older one, which stays. 0 for a word
-    // that is too long, and for an identifier of 0, which stores nothing.
+    // The identifier under which the word is kept: the one given, or an older one, which stays. 0 for a
+    // word that is too long, for an identifier of 0, which stores nothing, and when no list is open. The
+    // word is zero-terminated; case and white space around it do not count.
     DWORD AddWord(const WCHAR* word, DWORD id);
-    DWORD FindWord(const WCHAR* word); // 0 if it is not there
+    // The word's identifier; 0 if it is not there or no list is open.
+    DWORD FindWord(const WCHAR* word);
 
-    // The identifiers of words that match by MatchWildCardString, in order of the words; 1 if there are any.
-    // A pattern that begins with "*" or "?" looks at all words. Any other starts at the part in front of its
-    // first wildcard, at a leaf boundary: it looks at some words that begin otherwise, and may begin behind
-    // words that would have matched.
+    // The identifiers of words that match by MatchWildCardString, in order of the words, replacing what
+    // `ids` held; 1 if there are any. A pattern that begins with "*" or "?" looks at all words. Any other
+    // starts at the part in front of its first wildcard, at a leaf boundary: it looks at some words that
+    // begin otherwise, and may begin behind words that would have matched.
     int FindPattern(const WCHAR* pattern, CDWordArray& ids);
 
     // The runs of letters, digits and "/" in a text, with bWildcards of "*" and "?" as well, as they stand.
+    // The order is that of the text, and a word that comes twice is there twice.
     static void ConvertStringToWords(const WCHAR* text, CArray<StringW, const WCHAR*>& words, int bWildcards);
 
 private:
@@ -61,30 +69,35 @@ private:
     using Header = corekit::detail::WordListHeader;
     using Word = corekit::detail::NormalWord;
 
+    // Where a word is in the list, or where it belongs.
     struct Place {
         DWORD leaf; // by its number in the master index
         DWORD at;   // the entry that has the word, or the one in front of which it belongs
         bool found;
     };
 
-    bool IsIndexSound() const;
-    void StoreHeader();
-    DWORD* MasterIndex() const;
-    Leaf& LeafAt(DWORD leaf) const;
+    bool IsIndexSound() const;      // no block is used twice or lies outside
+    void StoreHeader();             // to block 0
+    DWORD* MasterIndex() const;     // the leaves' blocks in order of their words
+    Leaf& LeafAt(DWORD leaf) const; // by its number in the master index
     const Leaf* Blocks() const;
-    DWORD TakeBlock();
+    DWORD TakeBlock(); // a new one; throws when there is none
 
+    // By the order of the leaves in memory once that is known, before that by steps through the file.
     Place FindPlace(const Word& word) const;
     Place FindPlaceBySteps(const Word& word) const;
     DWORD FindInOrder(const Word& word, bool moved);
     void AddFirstWord(const Word& word, DWORD id);
     void AddAt(Place place, const Word& word, DWORD id);
-    void SplitLeaf(Place& place);
-    void CheckMasterIndexSpace();
+    void SplitLeaf(Place& place); // a full one, in halves
+    void CheckMasterIndexSpace(); // makes room for one leaf more
     void PutWord(Place place, const Word& word, DWORD id, DWORD used);
+    // Makes the order, and with `words` the table of all words, once as many searches have been made as pay
+    // for it.
     void Learn(bool words);
 
     DWORD FirstLeafOf(const WCHAR* prefix) const;
+    // By prefix, and by all words; the leaf functions match the entries of one leaf.
     void FindPatternNormalList(const StringW& prefix, const StringW& pattern, CDWordArray& ids);
     void LinearSearchNormalList(const StringW& pattern, CDWordArray& ids);
     bool LinearSearchEntireList(const StringW& pattern, CDWordArray& ids);

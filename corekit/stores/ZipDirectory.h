@@ -10,27 +10,33 @@
 
 namespace corekit {
 
+// One file of the archive as its row in the directory has it. Nothing of it is checked but that the row is
+// whole.
 struct ZipDirectoryEntry {
     DWORDLONG place;  // of its row, as unzSetOffset64 takes it
     DWORDLONG local;  // of its own header, in the file
     DWORDLONG packed; // bytes of its data in the file
     DWORDLONG size;   // and of what they become
-    std::string name;
-    DWORD dosDate;
+    std::string name; // bytes as they stand, with "/" between folders
+    DWORD dosDate;    // date in the high half, time in the low
 };
 
-// Takes memory in proportion to the directory in the file.
+// The directory of one archive, read at once and kept apart from the file. Takes memory in proportion to
+// the directory in the file, whatever it claims. Both the 32-bit and the 64-bit form are read.
 class COREKIT_API ZipDirectory {
 public:
-    // Nothing if the file is no archive or cannot be read.
+    // Nothing if the file is no archive, is no plain file or cannot be read. A program in front of the
+    // archive is allowed for.
     static std::optional<ZipDirectory> Read(const std::string& path);
 
     const std::vector<ZipDirectoryEntry>& Entries() const { return m_entries; }
-    // False if rows are missing or too many, or reach beyond the directory.
+    // False if rows are missing or too many, or reach beyond the directory; the entries are then those
+    // before it.
     bool IsWhole() const { return m_isWhole; }
     // Whether two entries share bytes, or one lies in the directory: no packer does that.
     bool HasOverlap() const;
-    DWORDLONG UnpackedSize() const; // of all entries, at most the largest number
+    // What all entries claim together, in bytes, at most the largest number.
+    DWORDLONG UnpackedSize() const;
 
 private:
     std::vector<ZipDirectoryEntry> m_entries;

@@ -17,12 +17,12 @@ inline constexpr DWORD appBarAllowLeftRight = 1, appBarAllowTopBottom = 2, appBa
 
 // What a host keeps of its bar from run to run.
 struct APPBARSTATE {
-    DWORD cbSize;
-    UINT uState;
-    BOOL fAutohide;
+    DWORD cbSize;   // bytes of this record that are valid
+    UINT uState;    // ABE_ or one of the two above
+    BOOL fAutohide; // hides on its edge while docked
     BOOL fAlwaysOnTop;
     UINT auDimsDock[4]; // by edge: the width of a bar at a side, the height of one at top or bottom
-    RECT rcFloat;
+    RECT rcFloat;       // where it floats, on the screen
 };
 static_assert(sizeof(APPBARSTATE) == 48 && offsetof(APPBARSTATE, rcFloat) == 32);
 
@@ -46,12 +46,13 @@ COREKIT_API UINT edgeFromPoint(DWORD allowed, POINT point, const AppBarScreen& s
 // The strip of the given breadth along the edge of the area. The area itself for a state that is no edge.
 COREKIT_API CRect dockedRect(UINT edge, const CRect& area, UINT breadth);
 
+// Whether a bar that hides itself is out of the way or in sight.
 enum class AppBarShow { hidden, shown };
 // Where a bar that hides itself lies on its edge; hidden, a rim of two borders stays on the screen. False,
 // and nothing changes, for a state that is no edge.
 COREKIT_API bool moveForAutohide(UINT edge, AppBarShow show, const AppBarScreen& screen, CRect& rect);
 
-inline constexpr int slideMilliseconds = 400;
+inline constexpr int slideMilliseconds = 400; // a bar takes to hide or come out
 // The rectangle on its way from `start` to `end`, `elapsed` milliseconds after it left.
 COREKIT_API CRect slidingRect(const CRect& start, const CRect& end, int elapsed);
 

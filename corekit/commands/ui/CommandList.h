@@ -35,18 +35,23 @@ public:
     ~CCommandList() override; // destroys the tables that were built
 
     // ---- Commands
+    // A command by its number, the bitmap resources with its small and its large picture (0: none) and the
+    // index of the picture in them, and its category, a path with "!" between the parts. Texts are copied.
     void RegisterCommand(UINT command, UINT smallBitmap, UINT largeBitmap, UINT imageIndex,
                          const char* category, const char* name);
     // 1 and a copy of the item, or 0.
     int GetItemByCommand(UINT command, CCmdItem& item) const override;
 
     // ---- Keys. Tables are resources: one with the default keys, one with keys that nobody can change.
+    // Under the name of the place where the keys count. A missing resource has no keys.
     void RegisterAcceleratorTable(const char* name, UINT tableId, UINT fixedTableId);
     // Where the table's handle stands, for good; null for a table that is not registered. The handle is null
     // where there are no keys.
     HACCEL* GetAcceleratorTable(UINT tableId);
     // Replaces the array with the default keys; with nothing where there are none.
     static void GetDefaultAccelTable(int tableId, AccelArray& entries);
+    // Replaces the array with a copy of the user's keys, and the user's keys with a copy of the array;
+    // tables that were built stay until RebuildAcceleratorTables.
     void GetCustomAccelTableArray(CustomTableArray& tables) const;
     void SetCustomAccelTableArray(const CustomTableArray& tables);
     // 0 for a null store, else 1. Loading adds to what is there, so it is meant to run once.
@@ -62,7 +67,10 @@ public:
                   CPropertyStore* macroListA, CPropertyStore* macroListB, int* changed, int* showToolbar);
 
     // ---- Toolbars that a user gets at first
+    // A bar by its number and name, with commands for its buttons, 0 being a separator. The first
+    // registration of a number counts.
     void RegisterDefaultToolbar(UINT id, const char* name, const CUIntArray& buttons);
+
     int GetDefaultToolbarCount() const { return static_cast<int>(m_defaultToolbars.size()); }
     // 0, and nothing changes, for an index that does not exist.
     int GetDefaultToolbarByIndex(int index, UINT& id, CString& name, CUIntArray& buttons) const;
@@ -95,19 +103,19 @@ private:
         std::vector<UINT> buttons;
     };
 
-    int GetCommandIndex(UINT command) const;
+    int GetCommandIndex(UINT command) const; // -1 for none
     int GetRegisteredAccelTableSize() const { return static_cast<int>(m_tables.size()); }
     int FindAccelTableID(const CString& name) const; // of the last table of that name, -1 without one
     void GetDefaultAccelTableByIndex(int index, AccelArray& entries) const;
-    int FindCustomAccelTable(UINT tableId) const;
-    HACCEL Build(const KeyTable& table) const;
+    int FindCustomAccelTable(UINT tableId) const; // the last of that number, -1 without one
+    HACCEL Build(const KeyTable& table) const;    // for the caller; null without keys
 
     std::vector<CCmdItem> m_commands;
-    std::deque<KeyTable> m_tables; // their places are known outside
-    CustomTableArray m_customTables;
-    std::vector<CIntelliToolBar*> m_toolbars;
+    std::deque<KeyTable> m_tables;            // their places are known outside
+    CustomTableArray m_customTables;          // the user's keys
+    std::vector<CIntelliToolBar*> m_toolbars; // not owned
     std::vector<DefaultToolbar> m_defaultToolbars;
 };
 
-// The program's own.
+// The program's own, which lives until the process ends.
 COREKIT_API CCommandList& GetCommandList();

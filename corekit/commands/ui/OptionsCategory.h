@@ -25,7 +25,7 @@ public:
     ~COptionsCategory() override; // deletes the children, from the first
 
     virtual CString GetTitle() = 0; // in the tree
-    // Whether the category may be shown now; 0 shows the blank page instead.
+    // Whether the category may be shown now; 0 shows the blank page instead. It may ask the user.
     virtual int CheckSelectOK(CWnd* parent) = 0;
     // Adds the category's pages, made with new: the sheet deletes them.
     virtual void PreparePages(CWnd* parent, CAXPropertySheet& sheet) = 0;
@@ -36,8 +36,8 @@ public:
     // Nonzero keeps this node out of the tree when it is the root.
     virtual int HideIfRootCategory() = 0;
 
-    void AddChild(COptionsCategory* child); // made with new
-    COptionsCategory* GetParent() const { return m_parent; }
+    void AddChild(COptionsCategory* child);                  // made with new
+    COptionsCategory* GetParent() const { return m_parent; } // null for the root
     const CArray<COptionsCategory*, COptionsCategory*>& GetChildArray() const { return m_children; }
     int HasChildren() const { return m_children.GetSize() > 0; }
 
@@ -46,6 +46,7 @@ public:
     int ShowOptionsDialog(UINT captionId, CWnd* parent, CLogTarget* log);
 
 private:
+    // A plain sheet of this category's pages.
     int DoSoloCategory(UINT captionId, CWnd* parent);
 
     CArray<COptionsCategory*, COptionsCategory*> m_children; // owned
@@ -56,6 +57,7 @@ private:
 class COREKIT_API CSimpleOptionsCategory : public COptionsCategory {
     DECLARE_DYNAMIC(CSimpleOptionsCategory)
 public:
+    // The title by its number in the string table; `hideIfRoot` is what HideIfRootCategory answers.
     CSimpleOptionsCategory(UINT titleStringId, int hideIfRoot);
 
     CString GetTitle() override { return m_title; }
@@ -66,6 +68,7 @@ public:
     int HideIfRootCategory() override { return m_hideIfRoot; }
 
 protected:
+    // The page that asks to pick a category.
     void AddBlankPage(CAXPropertySheet& sheet);
 
 private:

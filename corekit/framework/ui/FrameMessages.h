@@ -7,7 +7,7 @@
 // takes what it needs.
 inline constexpr UINT WM_SIZEPARENT = 0x0361;
 struct AFX_SIZEPARENTPARAMS {
-    HDWP hDWP;      // the moves to come; null: only the sizes are asked for
+    HDWP hDWP;      // the moves to come, to be carried on; null: only the sizes are asked for
     RECT rect;      // what is left
     SIZE sizeTotal; // what the bars have taken
     BOOL bStretch;  // bars reach from edge to edge
@@ -17,4 +17,4 @@ struct AFX_SIZEPARENTPARAMS {
 inline constexpr UINT WM_IDLEUPDATECMDUI = 0x0363;
 // After the first layout of a frame; a view gets its first contents.
 inline constexpr UINT WM_INITIALUPDATE = 0x0364;
-inline constexpr UINT WM_COMMANDHELP = 0x0365;
+inline constexpr UINT WM_COMMANDHELP = 0x0365; // help for what is in front; nobody sends it here

@@ -9,6 +9,12 @@
 // Messages go to WindowProc: from there by OnWndMsg to the message map (MessageMap.h), and what nobody
 // handles to the class's own procedure. Commands go by OnCmdMsg; a frame lets its view and document have them
 // first. User-interface thread only.
+//
+// A window in four lines:
+//
+//     class CPane : public CWnd { ... };
+//     CPane pane;
+//     pane.Create(AfxRegisterWndClass(CS_DBLCLKS), "", WS_VISIBLE, CRect(0, 0, 200, 100), &frame, 100);
 #pragma once
 
 #include "corekit/framework/String.h"
@@ -28,8 +34,9 @@ struct CCreateContext;
 class COREKIT_API CWnd : public CWndMessages {
     DECLARE_DYNAMIC(CWnd)
 public:
+    // An object without a window. Operations on it fail as those on a null handle do, and do no harm.
     CWnd() = default;
-    ~CWnd() override; // destroys the window if there still is one
+    ~CWnd() override; // parts from the window, which goes on as one of its class; DestroyWindow ends it
 
     HWND m_hWnd = nullptr;
     HWND GetSafeHwnd() const; // also through a null pointer: null
@@ -37,13 +44,18 @@ public:
 
     // ---- Handles and objects
     static CWnd* FromHandle(HWND window); // null for null
+    // The object bound to the window, null without one.
     static CWnd* FromHandlePermanent(HWND window);
-    static void DeleteTempMap();
+    static void DeleteTempMap(); // called when the program is idle
+    // False, and nothing changes, for null, and where either has a partner already. Messages do not come
+    // here.
     BOOL Attach(HWND window);
+    // The window stays and goes on without an object.
     HWND Detach();
+    // False where Attach is false.
     BOOL SubclassWindow(HWND window);
-    BOOL SubclassDlgItem(UINT id, CWnd* parent);
-    HWND UnsubclassWindow();
+    BOOL SubclassDlgItem(UINT id, CWnd* parent); // the control of that id
+    HWND UnsubclassWindow();                     // messages go to the class's own procedure again
 
     // ---- Life. PreCreateWindow may change what is asked for. A child's id goes where a menu would.
     BOOL CreateEx(DWORD exStyle, const char* className, const char* name, DWORD style, int x, int y,
@@ -52,15 +64,19 @@ public:
                   CWnd* parent, UINT id, void* parameter = nullptr);
     virtual BOOL Create(const char* className, const char* name, DWORD style, const RECT& rect, CWnd* parent,
                         UINT id, CCreateContext* context = nullptr);
+    // False without a window. The object is bound no longer when it returns, and may be gone.
     virtual BOOL DestroyWindow();
     virtual BOOL PreCreateWindow(CREATESTRUCTA& create);
-    virtual void PreSubclassWindow() {}
-    virtual void PostNcDestroy() {}
+    virtual void PreSubclassWindow() {} // bound, and no message has come yet
+    virtual void PostNcDestroy() {}     // the last call; a class that owns itself deletes itself
 
     // ---- Messages
+    // At once; 0 without a window, or from another thread.
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    // From any thread; FALSE with the last error if the window has gone.
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     LRESULT SendDlgItemMessage(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    // Children first, then theirs; windows may go meanwhile.
     void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0, BOOL deep = TRUE);
     LRESULT Default() override;
     static const MSG* GetCurrentMessage(); // the one in hand
@@ -73,70 +89,77 @@ public:
 
     // ---- The tree
     CWnd* GetParent() const { return FromHandle(::GetParent(m_hWnd)); }
-    CWnd* SetParent(CWnd* parent);
-    CWnd* GetOwner() const;
-    void SetOwner(const CWnd* owner); // null: the parent again
-    CWnd* GetTopLevelParent() const;
-    CFrameWnd* GetParentFrame() const; // null without one
-    CFrameWnd* GetTopLevelFrame() const;
+    CWnd* SetParent(CWnd* parent);       // the former one
+    CWnd* GetOwner() const;              // the parent, if none is set
+    void SetOwner(const CWnd* owner);    // null: the parent again
+    CWnd* GetTopLevelParent() const;     // the outermost owner
+    CFrameWnd* GetParentFrame() const;   // null without one
+    CFrameWnd* GetTopLevelFrame() const; // the outermost frame; may be this one
     CWnd* GetWindow(UINT which) const { return FromHandle(::GetWindow(m_hWnd, which)); }
     CWnd* GetTopWindow() const { return GetWindow(GW_CHILD); }
     CWnd* GetNextWindow(UINT which = GW_HWNDNEXT) const { return GetWindow(which); }
-    BOOL IsChild(const CWnd* window) const;
-    CWnd* GetDlgItem(int id) const { return FromHandle(::GetDlgItem(m_hWnd, id)); }
-    CWnd* GetDescendantWindow(int id, BOOL onlyPermanent = FALSE) const;
+    BOOL IsChild(const CWnd* window) const;                                         // at any depth
+    CWnd* GetDlgItem(int id) const { return FromHandle(::GetDlgItem(m_hWnd, id)); } // null without one
+    CWnd* GetDescendantWindow(int id, BOOL onlyPermanent = FALSE) const;            // at any depth
     int GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }
+    // Answers the former id.
     int SetDlgCtrlID(int id) { return static_cast<int>(::SetWindowLongPtrA(m_hWnd, GWLP_ID, id)); }
     static CWnd* GetDesktopWindow() { return FromHandle(::GetDesktopWindow()); }
+    // Null where no window of this program is.
     static CWnd* WindowFromPoint(POINT point) { return FromHandle(::WindowFromPoint(point)); }
-    CWnd* ChildWindowFromPoint(POINT point) const;
+    CWnd* ChildWindowFromPoint(POINT point) const; // in the client area; this one if no child is there
 
     // ---- Style, place, state
     DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLongA(m_hWnd, GWL_STYLE)); }
     DWORD GetExStyle() const { return static_cast<DWORD>(::GetWindowLongA(m_hWnd, GWL_EXSTYLE)); }
-    BOOL ModifyStyle(DWORD remove, DWORD add, UINT flags = 0); // whether anything changed
+    // Whether anything changed. Without `flags` (SWP_) nothing is sent beside the change of style.
+    BOOL ModifyStyle(DWORD remove, DWORD add, UINT flags = 0);
     BOOL ModifyStyleEx(DWORD remove, DWORD add, UINT flags = 0);
-    BOOL ShowWindow(int how) { return ::ShowWindow(m_hWnd, how); }
-    BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
+    BOOL ShowWindow(int how) { return ::ShowWindow(m_hWnd, how); }     // SW_; whether it was visible
+    BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); } // with all its parents
     BOOL IsIconic() const { return ::IsIconic(m_hWnd); }
     BOOL IsZoomed() const { return ::IsZoomed(m_hWnd); }
+    // Child: the parent's client area; top window: the screen, with its frame. Pixels.
     BOOL SetWindowPos(const CWnd* insertAfter, int x, int y, int width, int height, UINT flags);
     void MoveWindow(int x, int y, int width, int height, BOOL repaint = TRUE);
     void MoveWindow(const RECT* rect, BOOL repaint = TRUE);
-    void BringWindowToTop() { ::BringWindowToTop(m_hWnd); }
-    void CenterWindow(CWnd* over = nullptr); // null: the owner, or the screen
-    void GetWindowRect(RECT* rect) const { ::GetWindowRect(m_hWnd, rect); }
-    void GetClientRect(RECT* rect) const { ::GetClientRect(m_hWnd, rect); }
+    void BringWindowToTop() { ::BringWindowToTop(m_hWnd); } // and active, if it is a top window
+    void CenterWindow(CWnd* over = nullptr);                // null: the owner, or the screen
+    void GetWindowRect(RECT* rect) const { ::GetWindowRect(m_hWnd, rect); } // on the screen
+    void GetClientRect(RECT* rect) const { ::GetClientRect(m_hWnd, rect); } // left and top are 0
     void ClientToScreen(POINT* point) const { ::ClientToScreen(m_hWnd, point); }
     void ClientToScreen(RECT* rect) const;
     void ScreenToClient(POINT* point) const { ::ScreenToClient(m_hWnd, point); }
     void ScreenToClient(RECT* rect) const;
-    void MapWindowPoints(CWnd* to, POINT* points, UINT count) const;
+    void MapWindowPoints(CWnd* to, POINT* points, UINT count) const; // null: the screen
     void MapWindowPoints(CWnd* to, RECT* rect) const;
+    // Whether it was disabled.
     BOOL EnableWindow(BOOL enable = TRUE) { return ::EnableWindow(m_hWnd, enable); }
     BOOL IsWindowEnabled() const { return ::IsWindowEnabled(m_hWnd); }
     static const CWnd wndTop, wndBottom, wndTopMost, wndNoTopMost; // places for SetWindowPos
 
     // ---- Text and font
+    // Caption or contents, in the active code page.
     void SetWindowText(const char* text) { ::SetWindowTextA(m_hWnd, text); }
+    // Copies at most size - 1 bytes and a terminator; answers the bytes copied.
     int GetWindowText(char* buffer, int size) const { return ::GetWindowTextA(m_hWnd, buffer, size); }
     void GetWindowText(CString& text) const;
-    int GetWindowTextLength() const { return ::GetWindowTextLengthA(m_hWnd); }
+    int GetWindowTextLength() const { return ::GetWindowTextLengthA(m_hWnd); } // in bytes
     void SetDlgItemText(int id, const char* text);
-    int GetDlgItemText(int id, CString& text) const;
-    void SetFont(HFONT font, BOOL redraw = TRUE);
+    int GetDlgItemText(int id, CString& text) const; // its length
+    void SetFont(HFONT font, BOOL redraw = TRUE);    // not owned
     HFONT GetFont() const { return reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)); }
 
     // ---- Painting
-    CDC* GetDC(); // temporary, to be given back
-    CDC* GetWindowDC();
-    int ReleaseDC(CDC* dc);
+    CDC* GetDC();           // temporary, to be given back
+    CDC* GetWindowDC();     // with borders
+    int ReleaseDC(CDC* dc); // 0: not from here
     HDC BeginPaint(PAINTSTRUCT* paint) { return ::BeginPaint(m_hWnd, paint); }
     void EndPaint(const PAINTSTRUCT* paint) { ::EndPaint(m_hWnd, paint); }
-    void Invalidate(BOOL erase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, erase); }
+    void Invalidate(BOOL erase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, erase); } // painted when idle
     void InvalidateRect(const RECT* rect, BOOL erase = TRUE) { ::InvalidateRect(m_hWnd, rect, erase); }
     void ValidateRect(const RECT* rect) { ::ValidateRect(m_hWnd, rect); }
-    void UpdateWindow() { ::UpdateWindow(m_hWnd); }
+    void UpdateWindow() { ::UpdateWindow(m_hWnd); } // paints now
     BOOL RedrawWindow(const RECT* rect = nullptr, HRGN region = nullptr,
                       UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE)
     {
@@ -144,16 +167,18 @@ public:
     }
     void SetRedraw(BOOL redraw = TRUE) { SendMessage(WM_SETREDRAW, static_cast<WPARAM>(redraw)); }
     BOOL GetUpdateRect(RECT* rect, BOOL erase = FALSE) { return ::GetUpdateRect(m_hWnd, rect, erase); }
+    // What comes into view is invalid.
     void ScrollWindow(int dx, int dy, const RECT* part = nullptr, const RECT* clip = nullptr);
 
     // ---- Input
-    CWnd* SetFocus() { return FromHandle(::SetFocus(m_hWnd)); }
+    CWnd* SetFocus() { return FromHandle(::SetFocus(m_hWnd)); } // the former; temporary
     static CWnd* GetFocus() { return FromHandle(::GetFocus()); }
-    CWnd* SetCapture() { return FromHandle(::SetCapture(m_hWnd)); }
+    CWnd* SetCapture() { return FromHandle(::SetCapture(m_hWnd)); } // the former
     static CWnd* GetCapture() { return FromHandle(::GetCapture()); }
     CWnd* SetActiveWindow() { return FromHandle(::SetActiveWindow(m_hWnd)); }
     static CWnd* GetActiveWindow() { return FromHandle(::GetActiveWindow()); }
     BOOL SetForegroundWindow() { return ::SetForegroundWindow(m_hWnd); }
+    // WM_TIMER every so many milliseconds, 10 at least; answers the id, 0 on failure.
     UINT_PTR SetTimer(UINT_PTR id, UINT milliseconds, TIMERPROC procedure = nullptr);
     BOOL KillTimer(UINT_PTR id) { return ::KillTimer(m_hWnd, id); }
     void CreateSolidCaret(int width, int height) { ::CreateCaret(m_hWnd, nullptr, width, height); }
@@ -161,35 +186,38 @@ public:
     static CPoint GetCaretPos();
     void ShowCaret() { ::ShowCaret(m_hWnd); }
     void HideCaret() { ::HideCaret(m_hWnd); }
-    BOOL OpenClipboard();
-    void DragAcceptFiles(BOOL accept = TRUE);
+    BOOL OpenClipboard();                     // FALSE: open already
+    void DragAcceptFiles(BOOL accept = TRUE); // WM_DROPFILES comes
 
     // ---- Scroll bars and menus
-    BOOL SetScrollInfo(int bar, SCROLLINFO* info, BOOL redraw = TRUE);
-    BOOL GetScrollInfo(int bar, SCROLLINFO* info, UINT mask = SIF_ALL) const;
-    int SetScrollPos(int bar, int position, BOOL redraw = TRUE);
+    BOOL SetScrollInfo(int bar, SCROLLINFO* info, BOOL redraw = TRUE);        // fills cbSize in
+    BOOL GetScrollInfo(int bar, SCROLLINFO* info, UINT mask = SIF_ALL) const; // mask: SIF_
+    int SetScrollPos(int bar, int position, BOOL redraw = TRUE);              // the former
     int GetScrollPos(int bar) const { return ::GetScrollPos(m_hWnd, bar); }
     void SetScrollRange(int bar, int minimum, int maximum, BOOL redraw = TRUE);
     void ShowScrollBar(UINT bar, BOOL show = TRUE);
-    void EnableScrollBarCtrl(int bar, BOOL enable = TRUE);
-    CMenu* GetMenu() const; // temporary; null without one
-    BOOL SetMenu(CMenu* menu);
+    void EnableScrollBarCtrl(int bar, BOOL enable = TRUE); // shows or hides it
+    CMenu* GetMenu() const;                                // temporary; null without one
+    BOOL SetMenu(CMenu* menu);                             // owned by the window from then on
 
     // ---- Dialogs and modal loops
-    BOOL UpdateData(BOOL saveAndValidate = TRUE);
+    BOOL UpdateData(BOOL saveAndValidate = TRUE); // FALSE where a value is refused or its control is missing
     virtual void DoDataExchange(CDataExchange*) {}
     // Runs the toolkit's loop until EndModalLoop, and returns its result. The window need not be a dialog.
     int RunModalLoop();
     virtual void EndModalLoop(int result);
-    BOOL ContinueModal() const { return m_modalDepth > 0; }
+    BOOL ContinueModal() const { return m_modalDepth > 0; } // a modal loop of this window runs
+    // Blocks until the user answers; the caption is the program's name, whatever `caption` says.
     int MessageBox(const char* text, const char* caption = nullptr, UINT type = 0);
 
 protected:
+    // Each message of the window; a CException* that leaves it is shown and freed.
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    // The class's own procedure, or the platform's.
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
-    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
-    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
+    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);                 // TRUE: done
+    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result); // TRUE: done
     // A message that this window sent its parent comes back; true: it is handled.
     virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
     // Sends a message back to the child that it came from.

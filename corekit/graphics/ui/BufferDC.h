@@ -9,7 +9,10 @@
 class COREKIT_API CBufferDC : public CDC {
     DECLARE_DYNAMIC(CBufferDC)
 
+    // A context with a bitmap of the rectangle's width and height in pixels, in the target's format. The
+    // bitmap is not cleared. User-interface thread.
     CBufferDC(CDC* target, CRect rect, int blitOnDestruction);
+    // Brings the result to the target first, if that is enabled.
     ~CBufferDC() override;
 
     void EnableBlitOnDestruction(int enable) { m_blitOnDestruction = enable; }
@@ -21,6 +24,6 @@ private:
     CDC* m_target;
     CRect m_rect;
     int m_blitOnDestruction;
-    HGDIOBJ m_before;
+    HGDIOBJ m_before; // the bitmap that the context had first
     CBitmap m_bitmap;
 };

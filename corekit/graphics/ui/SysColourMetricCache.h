@@ -16,22 +16,22 @@ class COREKIT_API CSysColourMetricCache : public CObject {
     // bit 17 that a target is there and refuses.
     HCURSOR GetCursorForDropEffect(DWORD effect) const;
 
-    COLORREF m_buttonShadow;
-    COLORREF m_buttonHighlight;
-    COLORREF m_buttonFace;
+    COLORREF m_buttonShadow;    // the dark edge of buttons
+    COLORREF m_buttonHighlight; // the light one
+    COLORREF m_buttonFace;      // also the face of dialogs
     COLORREF m_windowFrame;
-    COLORREF m_window;
+    COLORREF m_window; // behind text
     COLORREF m_windowText;
-    COLORREF m_highlight;
+    COLORREF m_highlight; // behind selected text
     COLORREF m_highlightText;
     COLORREF m_scrollBar;
-    COLORREF m_captionText;
-    COLORREF m_activeCaption;
+    COLORREF m_captionText;   // on the active window's caption
+    COLORREF m_activeCaption; // behind it
     COLORREF m_inactiveCaptionText;
     COLORREF m_inactiveCaption;
-    int m_verticalScrollWidth;
-    int m_horizontalScrollHeight;
-    int m_edgeWidth;
+    int m_verticalScrollWidth;    // pixels, here and below
+    int m_horizontalScrollHeight; // of a horizontal scroll bar
+    int m_edgeWidth;              // of a raised or sunken edge
     int m_edgeHeight;
 
     static constexpr int dropCursorCount = 5;
@@ -43,6 +43,7 @@ class COREKIT_API CSysColourMetricCache : public CObject {
     HCURSOR m_dropCursors[dropCursorCount]; // refused, move, move between, copy, copy between
 };
 
+// The one record.
 COREKIT_API const CSysColourMetricCache& SysColourMetricCache();
 // Reads colours and measures anew; loads the cursors that are still missing.
 COREKIT_API void UpdateSysColourMetricCache();

@@ -19,7 +19,7 @@
 #include <memory>
 #include <vector>
 
-// One applet.
+// One applet. Made with new; the application owns it.
 class COREKIT_API CControlPanelItem : public CObject {
     DECLARE_DYNAMIC(CControlPanelItem)
 public:
@@ -34,16 +34,22 @@ public:
 class COREKIT_API CControlPanelApp : public CWinApp {
     DECLARE_DYNAMIC(CControlPanelApp)
 public:
+    // The name may be null; it must outlive the object.
     explicit CControlPanelApp(const char* appName = nullptr) : CWinApp(appName) {}
 
-    virtual void OnLoad() = 0;      // once, when the library is loaded
+    virtual void OnLoad() = 0;      // once, when the library gets its first message
     virtual int OnAppletInit() = 0; // adds the items; nonzero for success
+    // The shell is done with the applets, or OnAppletInit gave 0; in the former case the items are gone
+    // already.
     virtual void OnAppletExit() = 0;
 
+    // Calls OnLoad. The library's entry calls this and ExitInstance; nobody runs a loop.
     BOOL InitInstance() override;
+    // The library goes.
     int ExitInstance() override;
 
-    // What the library's entry does with a message of the shell. An item that is not there is ignored.
+    // What the library's entry does with a message of the shell (CPL_). An item that is not there is
+    // ignored. 1 for a CPL_INIT that succeeded, the number of items for CPL_GETCOUNT, else 0.
     long CplApplet(HWND parent, unsigned int message, long lParam1, long lParam2);
 
 protected:
@@ -51,9 +57,9 @@ protected:
     void AddCplItem(CControlPanelItem* item) { m_items.emplace_back(item); }
 
 private:
-    CControlPanelItem* ItemAt(long index) const;
+    CControlPanelItem* ItemAt(long index) const; // null if there is none
 
-    std::vector<std::unique_ptr<CControlPanelItem>> m_items;
+    std::vector<std::unique_ptr<CControlPanelItem>> m_items; // in the order of AddCplItem
 };
 
 namespace corekit::detail {

@@ -17,23 +17,29 @@
 class COREKIT_API DLG_SCMStatus : public corekit::detail::ProgressDialogBase {
     DECLARE_DYNAMIC(DLG_SCMStatus)
 public:
-    // The line that is shown at first.
+    // The line that is shown at first, by its number in the string table. The title is the application's
+    // name.
     explicit DLG_SCMStatus(unsigned int textId);
 
     // Over the parent's top window, which takes no input until DestroyWindow.
     using CWnd::Create;
+    // Over the parent's top window, which takes no input until DestroyWindow. Stands for a tenth of a
+    // second before it returns, so that it is seen. If it cannot be made, all that follows does nothing.
     void Create(CWnd* parent);
 
+    // Another line, after the windows have worked for a moment.
     void SetStatus(const char* text);
     void SetStatus(unsigned int textId);
-    // One of the twelve steps of a turn; the thirteenth is the first again.
+    // One of the twelve steps of a turn; the thirteenth is the first again, and negative ones turn back.
     void SetPos(int position);
+    // For the operation; it belongs to the dialog. Message boxes of the operation come over the dialog.
     CProgressSink* GetProgressSink() { return &m_sink; }
 
 protected:
-    BOOL OnInitDialog() override;
+    BOOL OnInitDialog() override; // shows the first line and step 0
 
 private:
+    // Positions and status go to the dialog; ranges and steps count for nothing, and nobody cancels.
     class Sink final : public CProgressSink {
     public:
         explicit Sink(DLG_SCMStatus& dialog) : m_dialog(dialog) {}
@@ -52,10 +58,11 @@ private:
         DLG_SCMStatus& m_dialog;
     };
 
+    // The icon of a step, 0 to 11.
     void Show(int step);
 
-    static constexpr int steps = 12;
-    std::array<HICON, steps> m_icons{};
-    CString m_text;
-    Sink m_sink{*this};
+    static constexpr int steps = 12;    // of a turn
+    std::array<HICON, steps> m_icons{}; // shared ones of the library
+    CString m_text;                     // the first line
+    Sink m_sink{*this};                 // for GetProgressSink
 };

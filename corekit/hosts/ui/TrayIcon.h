@@ -11,6 +11,7 @@
 class COREKIT_API CTrayIcon : public CCmdTarget {
     DECLARE_DYNAMIC(CTrayIcon)
 public:
+    // What the mouse does to the icon.
     virtual void OnLeftButtonDown() = 0;
     virtual void OnLeftButtonDblClk() = 0;
     virtual void OnRightButtonDown() = 0;
@@ -40,5 +41,5 @@ protected:
     void KillTimer(int timerId);
 
 private:
-    int m_autoDelete;
+    int m_autoDelete; // whether Delete deletes
 };

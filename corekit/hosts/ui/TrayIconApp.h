@@ -22,7 +22,7 @@ public:
 
     // Makes the window; 0 where that fails or OnTrayStart gives 0.
     BOOL InitInstance() override;
-    int ExitInstance() override;
+    int ExitInstance() override; // calls OnTrayExit
 
     // Enters the icon in the list; with `show` nonzero it also appears, and the result is whether it did.
     int AddIcon(CTrayIcon* icon, int show);
@@ -30,18 +30,20 @@ public:
     int AddIconToTaskbar(CTrayIcon* icon);
     int ChangeIconOnTaskbar(CTrayIcon* icon);
     int RemoveIconFromTaskbar(CTrayIcon* icon); // it stays in the list
-    // Null outside the list.
+    // Counted from 0 in the order of AddIcon; null outside the list.
     CTrayIcon* GetIcon(int index);
 
     // Takes all icons away and destroys the window, which ends the program's loop.
     void Shutdown();
+    // Asks each icon in turn whether the timer is its own, until one says so.
     void FireTimer(int timerId);
     // 0 if no icon handled it.
     int DispatchRegisteredMessage(unsigned int message, unsigned int wParam, long lParam, long& result);
+    // Asks the icons, in order, for what the program itself does not handle.
     BOOL OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* info) override;
 
     virtual int OnTrayStart() = 0; // nonzero for success
-    virtual void OnTrayExit() = 0;
+    virtual void OnTrayExit() = 0; // when the loop has ended
 
 private:
     class Window;
@@ -52,7 +54,7 @@ private:
     template <class Ask>
     int AskIcons(Ask ask);
 
-    std::vector<CTrayIcon*> m_icons;
+    std::vector<CTrayIcon*> m_icons; // in the order of AddIcon
 };
 
 namespace corekit::detail {

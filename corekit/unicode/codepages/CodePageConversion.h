@@ -14,8 +14,8 @@ inline constexpr int CP_OWN_UTF8 = 0x10002; // UTF-8 of 16-bit units: each half 
 
 // The library's own pages: how many, and the number and the name in each row. 0 and no name outside.
 COREKIT_API int cconvGetCPCount();
-COREKIT_API int cconvGetCodePage(int index);
-COREKIT_API CString cconvGetCPName(int index);
+COREKIT_API int cconvGetCodePage(int index);   // 0 outside
+COREKIT_API CString cconvGetCPName(int index); // from the string table
 
 // What a page cannot hold is replaced by the machine's rule, and a page that the machine lacks gives an empty
 // text; CP_ISCII89 leaves `out` as it was. Both throw CNotSupportedException for 0x10000 and above 0x10002.

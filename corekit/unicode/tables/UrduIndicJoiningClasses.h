@@ -6,5 +6,6 @@
 
 class COREKIT_API CUrduIndicJoiningClasses : public corekit::detail::JoiningClasses<0xE300> {
 public:
+    // There is nothing to assign: objects have no state.
     CUrduIndicJoiningClasses& operator=(const CUrduIndicJoiningClasses&) { return *this; }
 };

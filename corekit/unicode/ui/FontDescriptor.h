@@ -4,6 +4,12 @@
 // As text it is the size, the number of faces and the faces, each followed by a line feed. That text is
 // how a choice travels inside other text, and two descriptors are equal if their texts are equal without
 // regard to case.
+//
+//     CFontDescriptor font;
+//     font.SetSize(24);
+//     font.AddFont("Arial");
+//     font.AddFont("Noto Sans Devanagari");
+//     CUnicodeManager::GetObjectA()->SetControlsFontDescriptor(font);
 #pragma once
 
 #include "corekit/foundation/StringW.h"
@@ -32,18 +38,21 @@ public:
     // Expects a whole text. Of any other, what was read up to the missing line stays.
     CFontDescriptor& operator=(const WCHAR* text);
 
-    // No faces and size 0. The text, and so equality, stay as they were until the next change.
+    // No faces and size 0. The text, and so equality, stay as they were until the next change of face or
+    // size; so they do after a load or a read that failed.
     void Empty();
+    // At the end, behind the faces that are asked before it. Duplicates and unknown faces are taken.
     void AddFont(const char* face);
     // Nothing happens outside the list.
     void ReplaceFont(int index, const char* face);
-    // Height as CreateFontA takes it.
+    // Height as CreateFontA takes it: above 0 of a line, below 0 of the letters. It is not checked.
     void SetSize(int size);
 
     int GetCount() const { return m_fonts.GetSize(); }
-    int GetSize() const { return m_size; }
+    int GetSize() const { return m_size; } // as CreateFontA takes it
     // Face 0 is the primary one. Empty outside the list.
     CString GetFont(int index) const;
+    // The descriptor as text, and the same as wide text.
     const CString& GetCombinedString() const { return m_combined; }
     StringW GetEmbeddingString() const;
 
@@ -64,6 +73,7 @@ public:
     // Keys "size", "count", "font-1" and on, with the prefix and a hyphen before each unless it is null or
     // empty. A failed load returns false and keeps the faces that it found.
     bool Load(IXPCConfigNode* node, const char* prefix);
+    // Writes what Load reads; keys of former faces stay.
     void Save(IXPCConfigNode* node, const char* prefix) const;
 
     // Lets the user choose: one font and its size, from there or with two faces and more several. 1 if the
@@ -76,11 +86,12 @@ public:
     }
 
 private:
+    // Takes faces, size and text over.
     void CopyHelper(const CFontDescriptor& other);
-    void UpdateCombinedString();
+    void UpdateCombinedString(); // after every change but Empty
     bool Parse(const WCHAR* text);
 
     int m_size = 0;
-    CStringArray m_fonts;
-    CString m_combined;
+    CStringArray m_fonts; // the first one is asked first
+    CString m_combined;   // what equality compares
 };

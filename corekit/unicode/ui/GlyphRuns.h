@@ -22,12 +22,17 @@ public:
     static constexpr int maxFonts = 16;
 
     FontCoverage() { Clear(); }
+    // No fonts: nothing is covered.
     void Clear();
+    // The next slot; a font beyond the sixteenth is left out. Where fonts cover the same range the first
+    // one counts.
     void Add(const CFontSignature& signature);
+
     int Count() const { return m_count; }
 
     // The first slot that covers the character's range, -1 if none does.
     int SlotOf(WCHAR c) const { return m_slotOfRange[static_cast<std::size_t>(rangeIndexOf(c))]; }
+    // Appends what the slot's font must be given for the character. The slot must exist.
     void Convert(int slot, WCHAR c, std::u16string& out) const
     {
         m_signatures[static_cast<std::size_t>(slot)].Convert(c, out);
@@ -35,8 +40,8 @@ public:
 
 private:
     int m_count = 0;
-    std::array<signed char, rangeIndexCount> m_slotOfRange;
-    std::array<CFontSignature, maxFonts> m_signatures;
+    std::array<signed char, rangeIndexCount> m_slotOfRange; // -1: no font covers it
+    std::array<CFontSignature, maxFonts> m_signatures;      // copies
 };
 
 // Stored Indic Urdu, expanded to its text when it is drawn or measured.
@@ -58,21 +63,24 @@ struct RunRules {
 // The width of text in whatever font is selected at the moment.
 class RunRuler {
 public:
+    // In pixels; `options` are those that the text will be drawn with.
     virtual int Width(const WCHAR* text, int count, UINT options) = 0;
 
 protected:
     ~RunRuler() = default;
 };
 
+// One call of the platform: text of one font, with the marks that are drawn over it.
 struct GlyphRun {
+    // An Arabic mark, as the run's font has it, at a place of its own.
     struct Mark {
-        WCHAR text;
-        int x;
+        WCHAR text; // the font's code of the mark
+        int x;      // in the units of the drawing
 
         friend bool operator==(const Mark&, const Mark&) = default;
     };
 
-    int slot = 0;
+    int slot = 0;            // the font
     std::u16string text;     // as the font is given it
     UINT options = 0;        // of ExtTextOutW
     int extra = 0;           // pixels to add to the measured width
@@ -85,6 +93,7 @@ class DoubledTypes {
 public:
     explicit DoubledTypes(CArray<int, int>& types) : m_types(types) {}
 
+    // Entries, the doubled ones included.
     int Count() const { return static_cast<int>(m_settled.size()) + m_types.GetSize() - m_rest; }
     // -1 beyond the end.
     int At(int index) const
@@ -100,9 +109,9 @@ public:
     void Store();
 
 private:
-    CArray<int, int>& m_types;
-    std::vector<int> m_settled;
-    int m_rest = 0; // the first of m_types that is not settled
+    CArray<int, int>& m_types;  // the caller's, changed by Store alone
+    std::vector<int> m_settled; // entries that no longer stand there
+    int m_rest = 0;             // the first of m_types that is not settled
 };
 
 // Cuts a string in display order into the runs that are drawn one after the other.
@@ -118,23 +127,26 @@ public:
     bool Next(int x, RunRuler& ruler, GlyphRun& run);
 
 private:
+    // Where a run ends for the sake of order: not here, in front of the character, or behind it.
     enum class Cut { none, before, behind };
 
-    void Fill(int x, RunRuler& ruler, GlyphRun& run);
-    Cut CutByType(WCHAR c, bool runIsEmpty);
-    void Append(WCHAR c, GlyphRun& run);
-    void AppendExpanded(WCHAR c, GlyphRun& run);
+    void Fill(int x, RunRuler& ruler, GlyphRun& run); // up to where the run ends
+    Cut CutByType(WCHAR c, bool runIsEmpty);          // by strong and neutral characters
+    void Append(WCHAR c, GlyphRun& run);              // as the font has it
+    void AppendExpanded(WCHAR c, GlyphRun& run);      // stored Indic Urdu, as its text
+    // Takes an Arabic mark out of the run, to be drawn over it where the text before it ends.
     void LiftMark(WCHAR c, int x, RunRuler& ruler, GlyphRun& run);
+    // Turns right-to-left stretches back into logical order, for the platform to reverse.
     void RestoreRightStretches(GlyphRun& run) const;
 
-    const FontCoverage& m_fonts;
-    const RunRules m_rules;
-    const WCHAR* const m_glyphs;
-    const int m_count;
-    DoubledTypes m_types;
-    UINT m_options;
-    int m_next = 0;      // the next glyph
-    int m_runStart = -1; // the first glyph of the run
+    const FontCoverage& m_fonts; // in the order of the font list
+    const RunRules m_rules;      // as they were when it was made
+    const WCHAR* const m_glyphs; // the caller's
+    const int m_count;           // of glyphs
+    DoubledTypes m_types;        // the caller's list, as it grows
+    UINT m_options;              // of the next run
+    int m_next = 0;              // the next glyph
+    int m_runStart = -1;         // the first glyph of the run
     bool m_betweenStrong = false;
     bool m_drawn = false;       // a run has gone out whose options are to be cleared
     bool m_plain = true;        // no shaped text in the run

@@ -5,6 +5,16 @@
 // There is one object, and it belongs to the user-interface thread; nothing here is locked. Initialise must
 // come before any other use, and the toolkit must be running by then. The registry key
 // HKEY_LOCAL_MACHINE\Software\Corvane\Unicode Support keeps the settings, see docs/unicode-manager.md.
+//
+//     CUnicodeManager* const manager = CUnicodeManager::Initialise(0);
+//     manager->EnableKeyboardSwitching(TRUE);
+//     manager->SetKeyboardFromLocale(1025, FALSE); // Arabic
+//     ...
+//     BOOL CMainFrame::PreTranslateMessage(MSG* message)
+//     {
+//         return CUnicodeManager::GetObjectA()->TranslateMessageHook(message) ||
+//                CFrameWnd::PreTranslateMessage(message);
+//     }
 #pragma once
 
 #include "corekit/foundation/StringW.h"
@@ -45,10 +55,11 @@ public:
     // The object, initialised or not; never null.
     static CUnicodeManager* GetObjectA();
 
-    // ---- Fonts. Names of faces compare without regard to case.
-    // "Arial" always is: where the machine has not got it, another face is drawn under its name.
+    // "Arial" always is: where the machine has not got it, another face is drawn under its name. Only
+    // outline faces are known, those that were there when the object was initialised.
     bool IsFontValid(const char* face) const;
-    // The record of a face, its signature read; null for a face that the machine does not have.
+    // The record of a face, its signature read; null for a face that the machine does not have. Owned by
+    // the manager.
     CFontMapInfo* GetFontMapInfo(const char* face);
     // Walks all faces, in no order. Null when there is none or no more.
     POSITION GetFirstFontPosition() const;
@@ -84,11 +95,11 @@ public:
     // The code point that selects a private glyph in an 8-bit font.
     static WORD OldDumbMapSpecialGlyph(WORD glyph);
 
-    // ---- Messages. A host passes each message here before it translates it, or the keyboards are dead.
     // True: the message is consumed and goes no further. Ctrl, Alt and an arrow key to the left or right
-    // switch keyboards; other keys go to the active one. Characters of two bytes in the active code page are
-    // put together and sent on with the final-character mark.
+    // switch keyboards; other keys go to the active one. Characters of two bytes in the active code page
+    // are put together and sent on with the final-character mark. Null is false.
     bool TranslateMessageHook(MSG* message);
+    // The hook's parts, for WM_KEYDOWN, WM_CHAR and WM_IME_CHAR; the message must be of that kind.
     bool TMH_KeyDown(MSG* message);
     bool TMH_Char(MSG* message);
     bool TMH_IMEChar(MSG* message);
@@ -107,9 +118,9 @@ public:
     CKBLayout* GetKeyboard(int index) const; // null outside the list
     // Leaves both alone outside the list.
     void GetKeyboardInfo(int index, CString& name, WORD& locale) const;
-    int GetActiveKeyboard() const;
-    CString GetActiveKeyboardName() const;
-    WORD GetCurrentKeyboardLocale() const;
+    int GetActiveKeyboard() const;         // an index
+    CString GetActiveKeyboardName() const; // empty if there is none
+    WORD GetCurrentKeyboardLocale() const; // language of the active one; 0 if there is none
 
     // Off at first, and while it is off the operations below answer true and do nothing: switched on once a
     // window is ready for keys.
@@ -125,7 +136,8 @@ public:
     bool SetKeyboardFromLocale(WORD locale, BOOL useDefault);
     // The first enabled keyboard of the language or a variety becomes the default; without one there is none.
     void SetDefaultKeyboard(DWORD locale);
-    // The part of activating that tells both keyboards and takes the new one's code page.
+    // The part of activating that tells both keyboards and takes the new one's code page; the index in
+    // force stays. False outside the list.
     bool ActivateLayoutCore(int index);
     // For a keyboard of our own that becomes active: puts the platform on its layout of that language, if it
     // has one; 0 is any language, and leaves the platform as it is.
@@ -137,11 +149,15 @@ public:
     // message::createKeyFailed or message::setValueFailed, and the setting holds for this process only.
     // With `forGlyphs`, false also while the platform handles complex languages.
     BOOL IsBIDIEnabled(BOOL forGlyphs) const;
+    // Whether this library orders bidirectional text for display.
     void SetBIDIEnabled(BOOL enabled);
+    // Whether the platform orders and joins text, and this library leaves it alone.
     BOOL WindowsComplexLanguageHandlingEnabled() const;
     void SetWindowsComplexLanguageHandling(BOOL enabled);
+    // Whether lines should leave room for high marks; for hosts that lay lines out.
     BOOL ExtraLineHeight() const;
     void SetExtraLineHeight(BOOL enabled);
+    // Whether a selection should be underlined rather than highlighted; for hosts that draw one.
     BOOL IsUnderlineSelectEnabled() const;
     void SetUnderlineSelectEnabled(BOOL enabled);
     // Writes which keyboards are enabled, in place of all that stood there. Throws as the setters do.
@@ -155,9 +171,11 @@ public:
     void OverrideSettings(const Settings& settings);
 
     // ---- Languages. No language is right to left while the platform handles complex languages.
+    // Of the system's language, and of any.
     bool RTLSystemLocale() const;
     bool IsLocaleRTL(WORD locale) const;
-    static int GetAvailableLocaleCount();
+
+    static int GetAvailableLocaleCount(); // rows of the list below
     // Replaces the list: name and locale of each.
     static void BuildAvailableLocaleList(CStringIntArray& list);
 
@@ -165,6 +183,7 @@ public:
     void AddPropertyPages(CAXPropertySheet& sheet);
 
 private:
+    // Sends what the bytes are in the active code page as a final character; true.
     bool SendConverted(MSG& message, BYTE first, BYTE second) const;
 
     corekit::detail::FontRegistry& m_fonts;

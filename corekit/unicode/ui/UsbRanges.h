@@ -11,11 +11,11 @@
 
 namespace corekit::detail {
 
-inline constexpr int usbRangeCount = 70;
-inline constexpr int privateRangeCount = 4;
+inline constexpr int usbRangeCount = 70;    // rows of the table
+inline constexpr int privateRangeCount = 4; // of 256 code points each
 inline constexpr int rangeIndexCount = usbRangeCount + privateRangeCount;
-inline constexpr int firstUsbRange = 128;
-inline constexpr int firstPrivateRange = 256;
+inline constexpr int firstUsbRange = 128;     // number of row 0
+inline constexpr int firstPrivateRange = 256; // U+E000 to U+E0FF; three more follow
 
 // First code point in the high word, last in the low word.
 COREKIT_API extern const DWORD usbRangeTable[usbRangeCount];

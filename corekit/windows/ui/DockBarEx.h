@@ -38,8 +38,8 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    int m_edges[4] = {}; // left, top, right, bottom
-    CPen m_white, m_black, m_grey;
+    int m_edges[4] = {};           // left, top, right, bottom
+    CPen m_white, m_black, m_grey; // made with the window
 };
 
 // Docks at the sides named (CBRS_ALIGN_), where the frame has none yet; the frame's bars may float. Throws

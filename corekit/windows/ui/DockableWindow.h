@@ -29,6 +29,8 @@ public:
     virtual CSize CalcDockedSize(int horizontal, int cx, int cy) = 0;
     // The size of contents that do not change theirs.
     virtual CSize CalcContentSize(int stretch, int horizontal) = 0;
+    // A child and bar of `parent`, with a window style and CBRS_ flags in `style`; 0 also if
+    // OnCreateContents fails.
     BOOL Create(CWnd* parent, UINT id, const char* name, const CRect& rect, DWORD style,
                 CCreateContext* context = nullptr);
 

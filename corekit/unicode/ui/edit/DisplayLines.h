@@ -24,10 +24,13 @@ enum class Wrapping { off, on };
 
 class COREKIT_API DisplayLines {
 public:
+    // No lines yet. The ruler must outlive the object; it is asked only for wrapped lines. One thread at a
+    // time.
     explicit DisplayLines(TextRuler& ruler) : m_ruler(ruler) {}
 
     // The lines of another text, mode, room or font; `room` in pixels. Nothing happens where all is the same.
     void SetMode(Wrapping wrapping, int room);
+    // All lines are made anew by the next update: another font, or a text that has nothing in common.
     void Forget() { m_head = m_tail = 0; }
     // The text changes, but for `head` characters at its beginning and `tail` at its end.
     void TextChanges(int head, int tail);
@@ -46,19 +49,20 @@ public:
     int LineAt(int position) const;
 
 private:
+    // A display line. Characters are counted in UTF-16 units.
     struct Line {
         int start, length;
         int seen; // behind the last character looked at, in this line or one before
     };
     static std::size_t At(int line) { return static_cast<std::size_t>(line); }
 
-    Line Delimited(int start);
-    Line Wrapped(int start);
-    Line Cut(int start, int beyond);
+    Line Delimited(int start);       // up to the next newline
+    Line Wrapped(int start);         // the words that fit
+    Line Cut(int start, int beyond); // of a word that is too wide
     int HardEnd(int start);
     int BreakAt(int from, int limit) const;
     int LastThatFits(int start, int fits, int& beyond);
-    bool Fits(int start, int end);
+    bool Fits(int start, int end); // with a newline as a blank
     int NextStart(const Line& line) const;
     void Replace(std::size_t first, std::size_t old, int delta);
 

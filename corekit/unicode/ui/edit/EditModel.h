@@ -15,6 +15,7 @@
 
 namespace corekit::detail {
 
+// Which keys are held with one that moves the cursor.
 struct HeldModifiers {
     bool shift = false;
     bool control = false;
@@ -30,8 +31,10 @@ struct EditRow {
 
 class COREKIT_API EditModel {
 public:
+    // Alignments.
     static constexpr int left = 0, centred = 1, right = 2;
 
+    // An empty text, with a border, wrapped, aligned left. The ruler must outlive the model.
     explicit EditModel(TextRuler& ruler) : m_ruler(ruler), m_lines(ruler) {}
 
     // ---- What surrounds the text. Sizes in pixels; the room for lines follows from them.
@@ -41,16 +44,20 @@ public:
     void SetBorder(bool border) { m_border = border; }
     void SetWrapping(Wrapping wrapping) { m_wrapping = wrapping; }
     void SetAlignment(int alignment) { m_alignment = alignment; }
+    // With true the text becomes upper case at once, and what is typed later. Cursor and offset go to 0 in
+    // any case.
     void SetMakeUpper(bool upper);
-    // The text is cut to the limit, to nothing by a limit of 0, which then limits no typing.
+    // In characters. The text is cut to the limit, to nothing by a limit of 0, which then limits no typing.
+    // Cursor and offset go to 0.
     void SetLimit(int limit);
     // For another font: lines anew, cursor and offset 0.
     void ForgetLines();
 
+    // The state: positions are cursor positions, sizes and places are in pixels of the client area.
     const StringW& Text() const { return m_text; }
     int Cursor() const { return m_cursor; }
-    int Anchor() const { return m_anchor; }
-    int SelectionEnd() const { return m_end; }
+    int Anchor() const { return m_anchor; }    // where the selection began
+    int SelectionEnd() const { return m_end; } // may lie before the anchor
     bool HasSelection() const { return m_anchor != m_end; }
     int Alignment() const { return m_alignment; }
     TextOrder Order() const { return m_order; }
@@ -75,13 +82,16 @@ public:
     void ReplaceSel(const WCHAR* text);
     // Both states change places, and the selection goes.
     void UndoChanges();
+    // What undo brings back next is the text as it is now.
     void CommitToUndoBuffer() { m_undo = m_text; }
 
     // ---- Editing.
     // Nothing once the limit is reached, nor for a control character.
     void OnChar(WORD character);
+    // A selection goes, else the character in front of the cursor.
     void DoBackspace();
-    // A selection goes to the undo text; its ends are taken for indexes.
+    // A selection goes to the undo text; its ends are taken for indexes. Without one the character behind
+    // the cursor goes, which undo does not bring back.
     void DoDelete();
     // A newline, with the cursor's position taken for an index; the hard return goes on to the next line.
     void OnSoftReturn();
@@ -96,11 +106,12 @@ public:
     void SelectAll(); // and the cursor behind the end
     void HighlightAll();
     void ClearSelection() { m_anchor = m_end = 0; }
-    void MoveCursorLeft(HeldModifiers held);
-    void MoveCursorRight(HeldModifiers held);
+    void MoveCursorLeft(HeldModifiers held);  // by one position, with Ctrl to the previous blank
+    void MoveCursorRight(HeldModifiers held); // with Ctrl to the next blank
     // False, and nothing else happens, on the first or last line without Shift.
     bool DoCursorUp(HeldModifiers held);
     bool DoCursorDown(HeldModifiers held);
+    // To the ends of the line, with Ctrl to those of the text.
     void DoCursorHome(HeldModifiers held);
     void DoCursorEnd(HeldModifiers held);
 
@@ -116,7 +127,7 @@ public:
     void ScrollTo(int top);
     // Scrolls the cursor's line into view and finds the caret's place.
     void UpdateCaret();
-    // Lines that no longer exist are not scrolled to.
+    // Lines that no longer exist are not scrolled to. No notification.
     void LimitTopLine();
     // What of a line is painted as selected, from and to which character.
     void SelectionIn(int line, int& from, int& to);
@@ -134,17 +145,18 @@ public:
     void ReplaceRange(int from, int to, const WCHAR* text);
 
 private:
+    // A line with a place in it.
     struct Place {
         int line, offset;
     };
-    Place PlaceOfCursor();
-    void Insert(int index, const WCHAR* text, int count);
-    void Remove(int index, int count);
-    void Replace(StringW text);
-    void EndMove(int before, HeldModifiers held);
+    Place PlaceOfCursor();                                // the line, and the offset in it
+    void Insert(int index, const WCHAR* text, int count); // at an index, which is cut to the text
+    void Remove(int index, int count);                    // likewise
+    void Replace(StringW text);                           // all of it; lines are made anew
+    void EndMove(int before, HeldModifiers held);         // caret and selection
     void WordLeft();
     void WordRight(int limit);
-    void ScrollToLine(int line);
+    void ScrollToLine(int line); // as little as it takes
     int CaretFromLeft(int position, std::u16string_view stored);
     int CaretFromRight(int position);
     int LineAtHeight(int y) const;
@@ -152,16 +164,16 @@ private:
     int RightHit(int start, std::u16string_view line, int room);
 
     TextRuler& m_ruler;
-    DisplayLines m_lines;
-    StringW m_text, m_undo;
+    DisplayLines m_lines;   // of m_text, when they are asked for
+    StringW m_text, m_undo; // undo makes them change places
     int m_cursor = 0;
-    int m_anchor = 0, m_end = 0;
+    int m_anchor = 0, m_end = 0; // equal without a selection
     int m_offset = 0;
     int m_top = 0;
-    CPoint m_caret;
+    CPoint m_caret; // its upper left corner
     int m_width = 0, m_height = 0, m_textHeight = 0;
     int m_alignment = left;
-    int m_limit = 0;
+    int m_limit = 0; // 0: none
     bool m_border = true;
     bool m_makeUpper = false;
     bool m_atFirstLine = true, m_atLastLine = true;

@@ -8,22 +8,26 @@ class CUniRender;
 
 namespace corekit::detail {
 
+// User-interface thread. The context is made by the first question and given up with the object.
 class COREKIT_API RendererRuler final : public TextRuler {
 public:
     // The renderer must outlive it and be used for nothing else; it may get other fonts.
     explicit RendererRuler(CUniRender& renderer) : m_renderer(renderer) {}
-    ~RendererRuler();
+    ~RendererRuler(); // detaches the renderer
     RendererRuler(const RendererRuler&) = delete;
     RendererRuler& operator=(const RendererRuler&) = delete;
 
+    // Text of more than 512 characters is measured in pieces of that many.
     int Width(const WCHAR* text, int count) override;
+
     int Height(const WCHAR* text, int count); // of its tallest font, and 2
 
 private:
-    void Attach();
+    void Attach(); // the renderer to the context, once
 
+    // Attached to the context from the first question on, so that none costs that again.
     CUniRender& m_renderer;
-    HDC m_context = nullptr;
+    HDC m_context = nullptr; // owned
 };
 
 } // namespace corekit::detail

@@ -1,4 +1,6 @@
 // How wide text is, and how much of it fits: what the layout of the edit control asks of a renderer.
+//
+//     const int fitting = LongestFitting(ruler, text, count, 300); // characters in 300 pixels
 #pragma once
 
 #include "corekit/platform/Export.h"
@@ -6,6 +8,7 @@
 
 namespace corekit::detail {
 
+// Not owned by those who ask it.
 class TextRuler {
 public:
     // Pixels that a text takes as it stands, shaped; 0 for none.

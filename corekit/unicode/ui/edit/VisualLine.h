@@ -14,8 +14,11 @@ enum class TextOrder { asStored, bidirectional };
 // Keeps its memory from line to line.
 class COREKIT_API VisualLine {
 public:
+    // The line in the order of `order`; stored text is taken as it is. A line of any length, without a
+    // newline.
     void Set(std::u16string_view line, TextOrder order);
 
+    // In display order. The renderer may change it; the next Set replaces it.
     StringW& Text() { return m_text; }
     // The resolved direction of each character; none unless ordered.
     CArray<int, int>& Types() { return m_types; }
@@ -24,10 +27,11 @@ public:
     int PositionOf(int offset) const;
 
 private:
+    // The line is ordered with a mark behind it, which shows where the caret behind its end stands.
     void TakeEndMarkAway();
 
     StringW m_text;
-    CArray<int, int> m_order, m_types;
+    CArray<int, int> m_order, m_types; // of each shown character: its place in the line, its direction
     int m_length = 0;
     int m_end = 0; // position of the caret behind the last character
 };

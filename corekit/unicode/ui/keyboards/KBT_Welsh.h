@@ -6,11 +6,12 @@
 
 class COREKIT_API KBT_Welsh : public CKBLayout {
     DECLARE_DYNAMIC(KBT_Welsh)
+    // Language 515, a private one; code page 1252.
     KBT_Welsh();
 
-    void Activate() override;
+    void Activate() override; // puts the platform on English (U.K.)
     void Deactivate() override {}
     // Capitals with Shift, but not while the Caps Lock key is held down.
     int TranslateKey(MSG* message) override;
-    HKL GetLayoutHandle() const override { return nullptr; }
+    HKL GetLayoutHandle() const override { return nullptr; } // it is our own
 };

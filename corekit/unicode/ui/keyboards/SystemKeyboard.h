@@ -6,19 +6,20 @@
 
 namespace corekit::detail {
 
+// Name, language and code page are those of the layout's language. User-interface thread.
 class COREKIT_API PlatformKeyboard : public CKBLayout {
 public:
     // Puts the platform on the layout.
-    void Activate() override;
-    void Deactivate() override {}
-    int TranslateKey(MSG*) override { return 0; }
-    HKL GetLayoutHandle() const override { return m_layout; }
+    void Activate() override;                                 // if it is there
+    void Deactivate() override {}                             // the next keyboard does what is needed
+    int TranslateKey(MSG*) override { return 0; }             // all keys are the platform's
+    HKL GetLayoutHandle() const override { return m_layout; } // as given to the constructor
 
 protected:
     explicit PlatformKeyboard(HKL layout) : CKBLayout(layout), m_layout(layout) {}
 
 private:
-    HKL m_layout;
+    HKL m_layout; // the platform's; nothing is to be freed
 };
 
 } // namespace corekit::detail
@@ -26,12 +27,14 @@ private:
 // Any layout that has no class of its own below.
 class COREKIT_API CSystemKeyboard : public corekit::detail::PlatformKeyboard {
     DECLARE_DYNAMIC(CSystemKeyboard)
+    // The layout is one of GetKeyboardLayoutList.
     explicit CSystemKeyboard(HKL layout) : PlatformKeyboard(layout) {}
 };
 
 // Brazilian Portuguese, 0x416.
 class COREKIT_API KBT_PortugueseExtension : public corekit::detail::PlatformKeyboard {
     DECLARE_DYNAMIC(KBT_PortugueseExtension)
+    // As any layout: a class of its own, so that hosts can tell it.
     explicit KBT_PortugueseExtension(HKL layout) : PlatformKeyboard(layout) {}
 };
 
@@ -39,7 +42,9 @@ class COREKIT_API KBT_PortugueseExtension : public corekit::detail::PlatformKeyb
 // U+F105.
 class COREKIT_API KBT_ThaiExtension : public corekit::detail::PlatformKeyboard {
     DECLARE_DYNAMIC(KBT_ThaiExtension)
+    // The platform's layout, with two keys more.
     explicit KBT_ThaiExtension(HKL layout) : PlatformKeyboard(layout) {}
 
+    // Consumes the space bar with Ctrl or Shift, but not with Alt; Ctrl counts before Shift.
     int TranslateKey(MSG* message) override;
 };
