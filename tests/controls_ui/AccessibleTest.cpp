@@ -53,9 +53,10 @@ TEST(Controls, AreReadOutWithNameAndRole)
         Parent parent;
         if (!c.namesItself) parent.add(WC_STATICA, "&Name:", SS_LEFT, {0, 0, 50, 20}, 1);
         parent.add(c.windowClass, "&Name:", c.style);
-        QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(widgetOfControl());
-        ASSERT_NE(told, nullptr) << c.windowClass;
-        EXPECT_EQ(told->role(), c.role) << c.windowClass << ' ' << c.style;
-        EXPECT_EQ(told->text(QAccessible::Name).toStdString(), "Name:") << c.windowClass << ' ' << c.style;
+        QAccessibleInterface* const described = QAccessible::queryAccessibleInterface(widgetOfControl());
+        ASSERT_NE(described, nullptr) << c.windowClass;
+        EXPECT_EQ(described->role(), c.role) << c.windowClass << ' ' << c.style;
+        EXPECT_EQ(described->text(QAccessible::Name).toStdString(), "Name:")
+            << c.windowClass << ' ' << c.style;
     }
 }

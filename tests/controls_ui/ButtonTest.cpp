@@ -25,10 +25,10 @@ TEST(Buttons, GoThroughTheStatesOfTheirKind)
         EXPECT_EQ(textOf(button), "&Text");
         EXPECT_EQ(send(button, BM_GETCHECK), c.states[0]);
         for (std::size_t i = 1; i < c.states.size(); ++i) {
-            parent.told.clear();
+            parent.notified.clear();
             Click(button, {12, 50});
             EXPECT_EQ(send(button, BM_GETCHECK), c.states[i]) << "style " << c.style << " click " << i;
-            EXPECT_EQ(parent.told, std::vector<int>{BN_CLICKED}) << "style " << c.style;
+            EXPECT_EQ(parent.notified, std::vector<int>{BN_CLICKED}) << "style " << c.style;
         }
     }
 }
@@ -101,7 +101,7 @@ TEST(Buttons, MayBeDestroyedByTheirOwnClick)
     EXPECT_FALSE(IsWindow(button));
 }
 
-TEST(Statics, LeaveTheMouseToWhatLiesBelowUnlessTheyTell)
+TEST(Statics, LeaveTheMouseToWhatLiesBelowUnlessTheyNotify)
 {
     Parent parent;
     const HWND quiet = parent.add(WC_STATICA, "a", SS_LEFT, {0, 0, 50, 20});
@@ -112,7 +112,7 @@ TEST(Statics, LeaveTheMouseToWhatLiesBelowUnlessTheyTell)
         return false;
     };
     Click(telling, {5, 5});
-    EXPECT_EQ(parent.told, std::vector<int>{STN_CLICKED});
+    EXPECT_EQ(parent.notified, std::vector<int>{STN_CLICKED});
     EXPECT_FALSE(parentClicked);
     Click(parent.window(), {5, 5});
     EXPECT_TRUE(parentClicked);

@@ -1,4 +1,4 @@
-// The classes of the controls: what their parents are told comes back to them.
+// The classes of the controls: what their parents hear comes back to them.
 #include "corekit/framework/ui/Button.h"
 #include "corekit/framework/ui/ComboBox.h"
 #include "corekit/framework/ui/Edit.h"
@@ -71,7 +71,7 @@ protected:
 
 } // namespace
 
-TEST_F(ControlClasses, HearWhatTheyTold)
+TEST_F(ControlClasses, HearTheirOwnNotifications)
 {
     Heard<CEdit> edit;
     expectHeard(edit, 0, 'X', WM_COMMAND);

@@ -165,7 +165,7 @@ TEST(CheckLists, AreMarkedBySpaceAndClick)
     send(list, CLB_ENABLE, 1, LPARAM{0});
     SetFocus(list);
     send(list, LB_SETCURSEL, 0);
-    parent.told.clear();
+    parent.notified.clear();
     PressKey(VK_SPACE);
     EXPECT_TRUE(parent.heard(CLBN_CHKCHANGE));
     EXPECT_EQ(send(list, CLB_GETCHECK, 0), 1);
@@ -255,7 +255,7 @@ TEST(ListViews, LetTheUserNameIconsAndRows)
         struct Case {
             int key;
             bool takes;
-            const char *told, *text;
+            const char *notified, *text;
         };
         for (const Case& c : {Case{VK_RETURN, true, "x", "x"}, Case{VK_ESCAPE, true, "(dropped)", "x"},
                               Case{VK_RETURN, false, "x", "x"}}) {
@@ -266,7 +266,7 @@ TEST(ListViews, LetTheUserNameIconsAndRows)
             EXPECT_EQ(GetFocus(), edit);
             TypeText(u"x");
             PressKey(c.key);
-            EXPECT_EQ(last, c.told);
+            EXPECT_EQ(last, c.notified);
             EXPECT_EQ(textAt(1), c.text);
             EXPECT_FALSE(IsWindow(edit));
             EXPECT_EQ(GetFocus(), list);

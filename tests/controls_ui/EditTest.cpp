@@ -12,7 +12,7 @@ TEST(Edits, TakeWhatTheirStyleAdmits)
         int limit;
         const char16_t* typed;
         const char* text;
-        bool toldOfLimit;
+        bool hitTheLimit;
     };
     const Case cases[] = {
         {ES_AUTOHSCROLL, 0, u"Abc 1", "Abc 1", false},
@@ -34,7 +34,7 @@ TEST(Edits, TakeWhatTheirStyleAdmits)
         if (c.limit) send(edit, EM_SETLIMITTEXT, static_cast<WPARAM>(c.limit));
         TypeText(c.typed);
         EXPECT_EQ(textOf(edit), c.text) << "style " << c.style;
-        EXPECT_EQ(parent.heard(EN_MAXTEXT), c.toldOfLimit) << "style " << c.style;
+        EXPECT_EQ(parent.heard(EN_MAXTEXT), c.hitTheLimit) << "style " << c.style;
         EXPECT_EQ(parent.heard(EN_CHANGE), c.text[0] != 0) << "style " << c.style;
         EXPECT_EQ(send(edit, EM_GETMODIFY) != 0, c.text[0] != 0) << "style " << c.style;
     }

@@ -19,7 +19,7 @@ using namespace corekit::test;
 namespace {
 
 struct Case {
-    std::string told, windowClass, script;
+    std::string notified, windowClass, script;
     DWORD style = 0;
     UINT message = 0, code = 0;
 };
@@ -33,7 +33,7 @@ std::vector<Case> casesOf(const char* path)
         std::istringstream columns(line);
         Case c;
         int code = 0;
-        columns >> c.told >> c.windowClass >> c.style >> c.message >> code;
+        columns >> c.notified >> c.windowClass >> c.style >> c.message >> code;
         std::getline(columns >> std::ws, c.script);
         c.code = static_cast<UINT>(code);
         cases.push_back(c);
@@ -133,7 +133,7 @@ TEST(Controls, EndWithinTheirOwnNotifications)
     const auto cases = casesOf(TEST_DATA "/endings.tsv");
     ASSERT_GT(cases.size(), 50u);
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.windowClass + " " + c.told + ": " + c.script);
+        SCOPED_TRACE(c.windowClass + " " + c.notified + ": " + c.script);
         Parent parent;
         const HWND elsewhere = parent.add(WC_BUTTONA, "", 0, {210, 10, 250, 30}, 8);
         const HWND window = parent.add(c.windowClass.c_str(), "", c.style, {10, 10, 200, 120});
@@ -151,6 +151,6 @@ TEST(Controls, EndWithinTheirOwnNotifications)
             return isIt;
         };
         play(window, c.script, elsewhere);
-        EXPECT_FALSE(IsWindow(window)) << "never told";
+        EXPECT_FALSE(IsWindow(window)) << "never notified";
     }
 }

@@ -26,7 +26,7 @@ TEST(ListBoxes, SortFindAndSelect)
     EXPECT_EQ(send(list, LB_FINDSTRING, 0, "AP"), 1);
     EXPECT_EQ(send(list, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), "ap"), LB_ERR);
     EXPECT_EQ(send(list, LB_SETCURSEL, 1), 1);
-    EXPECT_TRUE(parent.told.empty()) << "a program's own selection is not told";
+    EXPECT_TRUE(parent.notified.empty()) << "a program's own selection notifies nobody";
     RECT row{};
     send(list, LB_GETITEMRECT, 2, &row);
     Click(list, {row.left + 5, (row.top + row.bottom) / 2});
@@ -34,7 +34,7 @@ TEST(ListBoxes, SortFindAndSelect)
     EXPECT_TRUE(parent.heard(LBN_SELCHANGE));
     EXPECT_EQ(send(list, LB_SETCURSEL, static_cast<WPARAM>(-1)), LB_ERR);
     SetFocus(list);
-    parent.told.clear();
+    parent.notified.clear();
     PressKey(VK_HOME);
     EXPECT_EQ(send(list, LB_GETCURSEL), 0);
     EXPECT_TRUE(parent.heard(LBN_SELCHANGE));
@@ -52,9 +52,9 @@ TEST(ComboBoxes, KeepTypedTextApartFromTheList)
         EXPECT_EQ(textOf(combo), "") << kind;
         send(combo, CB_SETCURSEL, 1);
         EXPECT_EQ(textOf(combo), "two") << kind;
-        EXPECT_TRUE(parent.told.empty());
+        EXPECT_TRUE(parent.notified.empty());
         SetFocus(combo);
-        parent.told.clear();
+        parent.notified.clear();
         PressKey(VK_DOWN);
         EXPECT_EQ(send(combo, CB_GETCURSEL), 2) << kind;
         EXPECT_TRUE(parent.heard(CBN_SELCHANGE)) << kind;
@@ -115,7 +115,7 @@ TEST(ProgressBars, HoldPositionsInTheirRange)
     EXPECT_EQ(send(bar, PBM_GETPOS), 25) << "goes on from the beginning";
 }
 
-TEST(TreeViews, AskBeforeTheSelectionMovesAndTellAfter)
+TEST(TreeViews, AskBeforeTheSelectionMovesAndReportAfter)
 {
     Parent parent;
     const HWND tree = parent.add(WC_TREEVIEWA, "", TVS_HASBUTTONS | TVS_LINESATROOT | TVS_HASLINES);
@@ -138,7 +138,7 @@ TEST(TreeViews, AskBeforeTheSelectionMovesAndTellAfter)
         ASSERT_TRUE(send(tree, TVM_GETITEMRECT, TRUE, &rect));
         Click(tree, {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2});
     };
-    parent.told.clear();
+    parent.notified.clear();
     click(b);
     EXPECT_EQ(selected(), b);
     EXPECT_TRUE(parent.heard(TVN_SELCHANGING) && parent.heard(TVN_SELCHANGED) && parent.heard(NM_CLICK));
@@ -178,7 +178,7 @@ TEST(ListViews, KeepRowsColumnsAndStates)
         EXPECT_EQ(send(list, LVM_INSERTITEMA, 0, &item), i);
     }
     RunWaiting();
-    parent.told.clear();
+    parent.notified.clear();
     RECT rect{LVIR_BOUNDS, 0, 0, 0};
     ASSERT_TRUE(send(list, LVM_GETITEMRECT, 3, &rect));
     Click(list, {rect.left + 20, (rect.top + rect.bottom) / 2});
@@ -210,7 +210,7 @@ TEST(Tabs, StayWhereTheParentWantsThem)
         EXPECT_EQ(send(tabs, TCM_INSERTITEMA, static_cast<WPARAM>(i), &item), i);
     }
     EXPECT_EQ(send(tabs, TCM_GETCURSEL), 0);
-    EXPECT_TRUE(parent.told.empty());
+    EXPECT_TRUE(parent.notified.empty());
     RunWaiting();
     RECT tab{};
     send(tabs, TCM_GETITEMRECT, 1, &tab);
@@ -220,7 +220,7 @@ TEST(Tabs, StayWhereTheParentWantsThem)
         return message == WM_NOTIFY && reinterpret_cast<NMHDR*>(lParam)->code == TCN_SELCHANGING;
     };
     for (const int expected : {0, 1}) {
-        parent.told.clear();
+        parent.notified.clear();
         Click(tabs, {(tab.left + tab.right) / 2, (tab.top + tab.bottom) / 2});
         EXPECT_EQ(send(tabs, TCM_GETCURSEL), expected);
         EXPECT_EQ(parent.heard(TCN_SELCHANGE), expected == 1);

@@ -1,4 +1,4 @@
-// A window on the screen that holds controls and keeps what they tell it.
+// A window on the screen that holds controls and keeps what they notify it of.
 #pragma once
 
 #include "corekit/platform/Controls.h"
@@ -51,15 +51,15 @@ public:
                             reinterpret_cast<HMENU>(static_cast<LONG_PTR>(id)), nullptr, nullptr);
         EXPECT_NE(made, nullptr) << className;
         corekit::test::RunWaiting();
-        told.clear();
+        notified.clear();
         return made;
     }
 
     // Codes of WM_COMMAND and WM_NOTIFY, in order.
-    std::vector<int> told;
+    std::vector<int> notified;
     bool heard(UINT code) const
     {
-        for (const int one : told)
+        for (const int one : notified)
             if (one == static_cast<int>(code)) return true;
         return false;
     }
@@ -69,8 +69,9 @@ public:
 private:
     LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam)
     {
-        if (message == WM_COMMAND) told.push_back(HIWORD(wParam));
-        if (message == WM_NOTIFY) told.push_back(static_cast<int>(reinterpret_cast<NMHDR*>(lParam)->code));
+        if (message == WM_COMMAND) notified.push_back(HIWORD(wParam));
+        if (message == WM_NOTIFY)
+            notified.push_back(static_cast<int>(reinterpret_cast<NMHDR*>(lParam)->code));
         LRESULT result = 0;
         if (hook && hook(message, wParam, lParam, result)) return result;
         return DefWindowProcA(m_window, message, wParam, lParam);

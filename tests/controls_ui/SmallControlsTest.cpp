@@ -139,10 +139,10 @@ TEST(Headers, AreDraggedWiderAndToOtherPlaces)
         EXPECT_EQ(send(header, HDM_INSERTITEMA, 9, &item), i);
     }
     RunWaiting();
-    parent.told.clear();
+    parent.notified.clear();
     struct Case {
         POINT from, to;
-        UINT told;
+        UINT notified;
         int width, order[3];
     };
     const Case cases[] = {
@@ -151,9 +151,9 @@ TEST(Headers, AreDraggedWiderAndToOtherPlaces)
         {{20, 10}, {140, 10}, HDN_ENDDRAG, 90, {1, 0, 2}},
     };
     for (const Case& c : cases) {
-        parent.told.clear();
+        parent.notified.clear();
         Drag(header, c.from, c.to);
-        EXPECT_TRUE(parent.heard(c.told));
+        EXPECT_TRUE(parent.heard(c.notified));
         HDITEMA item{HDI_WIDTH, 0, nullptr, nullptr, 0, 0, 0, 0, 0};
         send(header, HDM_GETITEMA, 0, &item);
         EXPECT_NEAR(item.cxy, c.width, 2);
@@ -167,7 +167,7 @@ TEST(Headers, AreDraggedWiderAndToOtherPlaces)
     EXPECT_FALSE(send(header, HDM_SETORDERARRAY, 3, wrong));
 }
 
-TEST(ScrollBarControls, TellWhatTheUserDidAndStay)
+TEST(ScrollBarControls, ReportWhatTheUserDidAndStay)
 {
     Parent parent;
     const HWND bar = parent.add(WC_SCROLLBARA, "", 1, {10, 10, 30, 210});
@@ -183,15 +183,15 @@ TEST(ScrollBarControls, TellWhatTheUserDidAndStay)
         if (LOWORD(wParam) == SB_THUMBTRACK) tracked = now.nTrackPos;
         return true;
     };
-    const auto told = [&](int code) { return std::ranges::find(codes, code) != codes.end(); };
+    const auto notified = [&](int code) { return std::ranges::find(codes, code) != codes.end(); };
     SetFocus(bar);
     PressKey(VK_DOWN);
-    EXPECT_TRUE(told(SB_LINEDOWN));
+    EXPECT_TRUE(notified(SB_LINEDOWN));
     PressKey(VK_PRIOR);
-    EXPECT_TRUE(told(SB_PAGEUP));
+    EXPECT_TRUE(notified(SB_PAGEUP));
     EXPECT_EQ(GetScrollPos(bar, SB_CTL), 50000) << "until the program moves it";
     Drag(bar, {10, 100}, {10, 150});
-    EXPECT_TRUE(told(SB_THUMBTRACK) && told(SB_THUMBPOSITION) && told(SB_ENDSCROLL));
+    EXPECT_TRUE(notified(SB_THUMBTRACK) && notified(SB_THUMBPOSITION) && notified(SB_ENDSCROLL));
     EXPECT_GT(tracked, 65536) << "whole, where a message has 16 bits";
     SetScrollPos(bar, SB_CTL, 200000, TRUE);
     EXPECT_EQ(GetScrollPos(bar, SB_CTL), 100000 - 1000 + 1);

@@ -1,7 +1,7 @@
 // A pseudo-terminal that is a serial port of the machine: COM7, in a folder of devices of its own.
 #pragma once
 
-#include "tests/RegistryHome.h"
+#include "tests/support/RegistryHome.h"
 
 #include "corekit/platform/DeviceFolders.h"
 

@@ -2,7 +2,7 @@
 // those on anything else by the kernel.
 #pragma once
 
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include "corekit/platform/DeviceFolders.h"
 
@@ -19,7 +19,7 @@ public:
     ScriptedScsi(const ScriptedScsi&) = delete;
     ScriptedScsi& operator=(const ScriptedScsi&) = delete;
 
-    // Adds "host:bus:id:lun" with what the kernel tells of it.
+    // Adds "host:bus:id:lun" with what the kernel shows of it.
     void AddUnit(const std::string& place, int type, const std::string& vendor, const std::string& model,
                  bool isClaimed = false);
     // The device file of the unit, which the script answers for.

@@ -58,7 +58,7 @@ TEST_F(Scsi, DevicesAreFoundByTypeVendorAndProduct)
     EXPECT_FALSE(scsiFindDevice(0, "CORVANE", "PROMPTER LINK", address, claimed));
 }
 
-TEST_F(Scsi, AnAdaptorTellsItsLimitsAndDevices)
+TEST_F(Scsi, AnAdaptorReportsItsLimitsAndDevices)
 {
     AddPrompter();
     const std::unique_ptr<CScsiAdaptor> adaptor(scsiOpenAdaptor(1));
@@ -162,7 +162,7 @@ TEST_F(Scsi, TheAspiLayerDoesTheSame)
     EXPECT_FALSE(device.Read(1, back.data(), back.size()));
 }
 
-TEST(ScsiAddress, TextsAndTheirCutLun)
+TEST(ScsiAddress, TextsGoThereAndBackWithTheLunCutToItsField)
 {
     CScsiAddress address;
     address.DecodeRawString("1.0.13.15");

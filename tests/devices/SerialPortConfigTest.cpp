@@ -1,10 +1,11 @@
-#include "tests/RegistryHome.h"
+#include "tests/support/RegistryHome.h"
 
 #include "corekit/devices/SerialPortConfig.h"
 #include "corekit/framework/Exception.h"
 #include "corekit/stores/MemoryStream.h"
 #include "corekit/stores/PropertyStore.h"
 #include "corekit/stores/RegistryKey.h"
+#include "tests/support/Thrown.h"
 
 namespace {
 
@@ -52,12 +53,7 @@ TEST_F(SerialPortConfig, AnotherVersionChangesNothing)
     for (int i = 0; i < 6; ++i) stream.write_DWORD(1);
     stream.SeekToPos(0);
     const CSerialPortConfig before = config;
-    try {
-        config.ReadStream(stream);
-        FAIL();
-    } catch (CException* e) {
-        e->Delete();
-    }
+    EXPECT_NE(Thrown([&] { config.ReadStream(stream); }), "nothing");
     EXPECT_TRUE(config == before);
 }
 

@@ -62,7 +62,7 @@ TEST_F(SerialPort, EverySettingReachesTheLine)
 }
 
 // A pseudo-terminal has always eight bits and no parity bit; of a parity it keeps its kind.
-TEST_F(SerialPort, ParitiesAndSizesThatTheLineCannotHave)
+TEST_F(SerialPort, ParitiesReachTheLineAndWrongSettingsAreRefused)
 {
     for (const int parity : {1, 2, 3, 4}) {
         ASSERT_TRUE(port.OpenPort(number, 9600, parity, 7, 0, flowNone, nullptr));
@@ -165,7 +165,7 @@ TEST_F(SerialPort, AFullBufferEndsAWriteThatHasALimit)
     EXPECT_TRUE(port.WriteSynchronous("", 0));
 }
 
-TEST_F(SerialPort, WaitersOnOtherThreadsAreToldByTheEvent)
+TEST_F(SerialPort, TheEventWakesWaitersOnOtherThreads)
 {
     ASSERT_TRUE(port.OpenPort(number, nullptr));
     char buffer[4] = {};
@@ -198,7 +198,7 @@ TEST_F(SerialPort, AbortEndsAReadThatWaits)
     ender.join();
 }
 
-TEST_F(SerialPort, AHangUpInTheMiddleLosesNothingAndIsTold)
+TEST_F(SerialPort, AHangUpInTheMiddleLosesNothingAndIsReported)
 {
     ASSERT_TRUE(port.OpenPort(number, nullptr));
     Send("abc");
@@ -239,7 +239,7 @@ TEST_F(SerialPort, SixteenMegabytesPassBothWaysUnchanged)
     EXPECT_TRUE(received == sent);
 }
 
-TEST_F(SerialPort, PortsAreListedFromWhatTheKernelTells)
+TEST_F(SerialPort, PortsAreListedFromWhatTheKernelShows)
 {
     const std::string classes = folder / "sys/class/tty/";
     const auto add = [&](const std::string& name, const std::string& type) {

@@ -4,7 +4,7 @@
 #include "corekit/platform/ComboBoxes.h"
 #include "corekit/platform/DeviceFolders.h"
 #include "corekit/platform/Toolkit.h"
-#include "tests/RegistryHome.h"
+#include "tests/support/RegistryHome.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "corekit/framework/ui/Wnd.h"
 
 #include "Modal.h"
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <filesystem>
 #include <fstream>

@@ -5,7 +5,7 @@
 #include "corekit/platform/TreeViews.h"
 #include "corekit/resources/Messages.h"
 
-#include "../TempFolder.h"
+#include "tests/support/TempFolder.h"
 #include "Modal.h"
 
 #include <string>
@@ -105,8 +105,7 @@ TEST_F(Options, EachStepLeavesItsLineInTheLog)
     Acts acts{[] { Pick(1); }, [] { End(IDOK); }};
     m_root.ShowOptionsDialog(message::saveCategoryChanges, nullptr, &log);
     log.CloseLogFile();
-    std::ifstream file(folder / "options.log");
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    const std::string text = ReadWhole(folder / "options.log");
     std::size_t at = 0;
     for (const char* line : {"1. COptionsPropertySheet::Init done",
                              "2. COptionsPropertySheet::OnSelChangedOptionsList STARTS:", "3. ",

@@ -11,7 +11,7 @@
 #include "corekit/unicode/ui/UnicodeManager.h"
 
 #include "Modal.h"
-#include "tests/RegistryHome.h"
+#include "tests/support/RegistryHome.h"
 
 namespace {
 

@@ -109,7 +109,7 @@ TEST(WindowPixels, WithoutPixelsTextIsMeasuredAndNothingDrawn)
     EXPECT_EQ(corekit::detail::makeForeignContext(bad), nullptr) << "rows overlap";
 }
 
-TEST(WindowPixels, ItTakesNoBitmap)
+TEST(WindowPixels, AWindowsSurfaceTakesNoBitmap)
 {
     Surface s;
     const HBITMAP bitmap = CreateCompatibleBitmap(s.dc, 5, 5);

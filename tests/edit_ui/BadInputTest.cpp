@@ -12,6 +12,7 @@
 #include "corekit/platform/Windows.h"
 
 #include "tests/dialogs_ui/Modal.h"
+#include "tests/support/Thrown.h"
 
 #include <atomic>
 #include <cstring>
@@ -86,14 +87,7 @@ void MissingFont(EditInAWindow& window)
     CFontDescriptor font;
     font.SetSize(20);
     font.AddFont("A Face That Nobody Has");
-    bool isRefused = false;
-    try {
-        window.edit.SetFontData(font.GetCombinedString(), 0, 0);
-    } catch (CException* e) {
-        e->Delete();
-        isRefused = true;
-    }
-    EXPECT_TRUE(isRefused);
+    EXPECT_NE(Thrown([&] { window.edit.SetFontData(font.GetCombinedString(), 0, 0); }), "nothing");
     Edit(window, u"as before");
 }
 

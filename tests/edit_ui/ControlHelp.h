@@ -21,10 +21,10 @@ public:
     void OnEditCursorDown() override { Note("down"); }
     void OnEditKillFocus() override {}
 
-    std::string told;
+    std::string received;
 
 private:
-    void Note(const char* what) { told += (told.empty() ? "" : " ") + std::string(what); }
+    void Note(const char* what) { received += (received.empty() ? "" : " ") + std::string(what); }
 };
 
 class EditInAWindow {

@@ -121,7 +121,7 @@ public:
 private:
     void Tell(bool on, const char* what)
     {
-        if (on) told += (told.empty() ? "" : " ") + std::string(what);
+        if (on) received += (received.empty() ? "" : " ") + std::string(what);
     }
     void DropSelection()
     {

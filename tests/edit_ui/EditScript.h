@@ -4,6 +4,7 @@
 #include "corekit/foundation/StringW.h"
 #include "corekit/platform/Types.h"
 #include "corekit/unicode/ui/edit/EditModel.h"
+#include "tests/support/TabbedCases.h"
 
 #include <gtest/gtest.h>
 
@@ -32,7 +33,7 @@ public:
     virtual void Do(const std::string& what, const std::u16string& text) = 0; // replace, set, limit, upper
     virtual const corekit::detail::EditModel& Model() const = 0;
 
-    std::string told; // to the sink
+    std::string received; // to the sink
 };
 
 struct Setup {
@@ -47,7 +48,7 @@ struct Row {
     std::u16string text;
     std::vector<std::string> actions;
     std::u16string after;
-    std::string cursor, selection, caret, told;
+    std::string cursor, selection, caret, received;
 };
 
 inline std::u16string Wide(const std::string& utf8)
@@ -72,14 +73,6 @@ inline std::u16string TextOf(std::string written)
     for (char& c : written)
         if (c == '_') c = ' ';
     return Wide(written);
-}
-
-inline std::vector<std::string> Split(const std::string& text, char by)
-{
-    std::vector<std::string> parts;
-    std::istringstream in(text);
-    for (std::string part; std::getline(in, part, by);) parts.push_back(part);
-    return parts;
 }
 
 inline Setup SetupOf(const std::string& written)
@@ -145,7 +138,7 @@ inline void Perform(Editor& editor, const std::string& action)
     editor.Click(argument[0], halves, row, name == "double" ? 2 : 1);
 }
 
-// Text, cursor, selection and what the sink was told; the caret for an editor of the table's measures.
+// Text, cursor, selection and what the sink received; the caret for an editor of the table's measures.
 enum class Measures { ofTheTable, ofAFont };
 inline void Expect(const Row& row, Editor& editor, Measures measures)
 {
@@ -157,7 +150,7 @@ inline void Expect(const Row& row, Editor& editor, Measures measures)
     EXPECT_EQ(std::u16string(static_cast<const WCHAR*>(model.Text())), row.after);
     EXPECT_EQ(std::to_string(model.Cursor()), row.cursor);
     EXPECT_EQ(selection, row.selection);
-    EXPECT_EQ(editor.told.empty() ? "-" : editor.told, row.told);
+    EXPECT_EQ(editor.received.empty() ? "-" : editor.received, row.received);
     if (measures == Measures::ofTheTable) {
         EXPECT_EQ(std::to_string(model.Caret().x) + "," + std::to_string(model.Caret().y), row.caret);
     }

@@ -130,7 +130,7 @@ TEST_F(UnicodeList, KeysAndClicksReachTheHost)
     RECT row{};
     list.GetItemRect(1, &row, LVIR_BOUNDS);
     Click(list, POINT{row.left + 5, row.top + 5}, Button::left, Clicks::two);
-    EXPECT_EQ(list.selectedAtClick, 1) << "told after the list has acted";
+    EXPECT_EQ(list.selectedAtClick, 1) << "reported after the list has acted";
     EXPECT_EQ(list.doubleClicks, 1);
     list.destroysItself = true;
     PressKey(VK_DELETE);

@@ -2,9 +2,12 @@
 #include "corekit/foundation/StringA.h"
 #include "corekit/foundation/StringW.h"
 #include "corekit/framework/String.h"
+#include "tests/support/CaseRows.h"
 #include "TextFixture.h"
 
 #include <climits>
+#include <functional>
+#include <map>
 #include <thread>
 #include <vector>
 
@@ -20,30 +23,22 @@ TYPED_TEST(AnyString, PartsAreClampedToTheText)
 {
     using Text = typename TestFixture::String;
     const Text text = this->Make("abcdef");
-    const struct {
-        Text got;
-        const char* want;
-    } cases[] = {
-        {text.Left(2), "ab"},
-        {text.Left(-3), ""},
-        {text.Left(INT_MAX), "abcdef"},
-        {text.Right(2), "ef"},
-        {text.Right(INT_MIN), ""},
-        {text.Right(99), "abcdef"},
-        {text.Mid(2), "cdef"},
-        {text.Mid(-5), "abcdef"},
-        {text.Mid(INT_MIN), "abcdef"},
-        {text.Mid(6), ""},
-        {text.Mid(2, 3), "cde"},
-        {text.Mid(4, INT_MAX), "ef"},
-        {text.Mid(INT_MAX, 1), ""},
-        {text.Mid(-1, 2), "ab"},
-        {text.Mid(1, -1), ""},
-        {text.SpanIncluding(this->Make("cba")), "abc"},
-        {text.SpanExcluding(this->Make("fd")), "abc"},
-        {text.SpanExcluding(this->Make("")), "abcdef"},
+    const std::map<std::string, std::function<Text(CaseRow&)>> parts = {
+        {"left", [&](CaseRow& row) { return text.Left(row.Number()); }},
+        {"right", [&](CaseRow& row) { return text.Right(row.Number()); }},
+        {"mid", [&](CaseRow& row) { return text.Mid(row.Number()); }},
+        {"mid of",
+         [&](CaseRow& row) {
+             const int first = row.Number();
+             return text.Mid(first, row.Number());
+         }},
+        {"including", [&](CaseRow& row) { return text.SpanIncluding(this->Make(row.Word())); }},
+        {"excluding", [&](CaseRow& row) { return text.SpanExcluding(this->Make(row.Word())); }},
     };
-    for (const auto& c : cases) EXPECT_EQ(this->Ascii(c.got), c.want);
+    for (CaseRow row : CaseRows(TEST_DATA "/string_parts.tsv")) {
+        const Text got = parts.at(row.Word())(row);
+        EXPECT_EQ(this->Ascii(got), row.Word()) << row.Line();
+    }
     EXPECT_EQ(text.FindOneOf(this->Make("xfd")), 3);
     EXPECT_EQ(text.FindOneOf(this->Make("xyz")), -1);
 }

@@ -1,9 +1,11 @@
 #include "corekit/foundation/ByteText.h"
 #include "corekit/foundation/Blocks.h"
 #include "corekit/foundation/DelimitedText.h"
+#include "tests/support/CaseRows.h"
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -40,42 +42,33 @@ using Items = std::vector<std::string>;
 
 TEST(ByteText, EveryFormHasItsOwnText)
 {
-    CByteArray bytes;
-    CString text;
-    ConvertByteArrayToUserString(Fill(bytes, "a~\x7F\n\x80"), text);
-    EXPECT_STREQ(text, "a~<7F><0A><FFFFFF80>");
-    ConvertByteArrayToHexString(Fill(bytes, "\x01\xFE"), text);
-    EXPECT_STREQ(text, "01 FFFFFFFE ");
-    ConvertByteArrayToDecString(Fill(bytes, std::string("\0\0\1\0\xFF\xFF\xFF\xFE\x7F", 9)), text);
-    EXPECT_STREQ(text, "(256,-2,2130706432)");
-    ConvertByteArrayToDecString(Fill(bytes, ""), text);
-    EXPECT_STREQ(text, ")");
+    const std::map<std::string, void (*)(CByteArray&, CString&)> write = {
+        {"user", ConvertByteArrayToUserString},
+        {"hexadecimal", ConvertByteArrayToHexString},
+        {"decimal", ConvertByteArrayToDecString},
+    };
+    for (CaseRow row : CaseRows(TEST_DATA "/byte_text.tsv", "written")) {
+        const auto form = write.at(row.Word());
+        CByteArray bytes;
+        CString text;
+        form(Fill(bytes, row.Bytes()), text);
+        EXPECT_EQ(text, row.Bytes().c_str()) << row.Line();
+    }
 }
 
-TEST(ByteText, MalformedTextIsToldAndTheRestIsKept)
+TEST(ByteText, MalformedTextIsReportedAndTheRestIsKept)
 {
-    const struct {
-        int (*read)(CString&, CByteArray&);
-        const char* text;
-        int malformed;
-        std::string bytes;
-    } cases[] = {
-        {ConvertUserStringToByteArray, "a<0A>b<<>c", 0, "a\nb<>c"},
-        {ConvertUserStringToByteArray, "<0><00>", 0, std::string(2, '\0')},
-        {ConvertUserStringToByteArray, "x<FFFFFF80>y", 1, "xy"},
-        {ConvertUserStringToByteArray, "<zz>1<>2<1<3", 1, "123"},
-        {ConvertUserStringToByteArray, "end<4", 0, "end"},
-        {ConvertHexStringToByteArray, "41 4 ", 0, "A\x04"},
-        {ConvertHexStringToByteArray, "41 42", 0, "A"},
-        {ConvertHexStringToByteArray, "41  123 42 ", 1, "AB"},
-        {ConvertDecStringToByteArray, "(256,-2)", 0, std::string("\0\0\1\0\xFF\xFF\xFF\xFE", 8)},
-        {ConvertDecStringToByteArray, "(99999999999)x", 0, "\x7F\xFF\xFF\xFF"},
+    const std::map<std::string, int (*)(CString&, CByteArray&)> read = {
+        {"user", ConvertUserStringToByteArray},
+        {"hexadecimal", ConvertHexStringToByteArray},
+        {"decimal", ConvertDecStringToByteArray},
     };
-    for (const auto& c : cases) {
-        CString text(c.text);
+    for (CaseRow row : CaseRows(TEST_DATA "/byte_text.tsv", "read")) {
+        const auto form = read.at(row.Word());
+        CString text(row.Bytes().c_str());
         CByteArray bytes;
-        EXPECT_EQ(c.read(text, bytes), c.malformed) << c.text;
-        EXPECT_EQ(Held(bytes), c.bytes) << c.text;
+        EXPECT_EQ(form(text, bytes), row.Number()) << row.Line();
+        EXPECT_EQ(Held(bytes), row.Bytes()) << row.Line();
     }
 }
 
@@ -84,9 +77,10 @@ TEST(ByteText, EscapesGoBothWays)
     const WCHAR raw[] = u"a\tb\n\r\\\x01\x7Fא";
     EXPECT_EQ(ExpandBackslashSequences(raw), u"a\\tb\\n\\r\\\\\\x01\\x7Fא");
     EXPECT_EQ(CompactBackslashSequences(ExpandBackslashSequences(raw)), raw);
-    EXPECT_EQ(CompactBackslashSequences(u"\\q\\x4\\"), u"q\x04");
-    EXPECT_EQ(CompactBackslashSequences(u"\\x"), u"x");
-    EXPECT_EQ(CompactBackslashSequences(u"end\\"), u"end\\");
+    for (CaseRow row : CaseRows(TEST_DATA "/byte_text.tsv", "compact")) {
+        const std::u16string text = row.Units();
+        EXPECT_TRUE(CompactBackslashSequences(text.c_str()) == row.Units().c_str()) << row.Line();
+    }
 }
 
 TEST(DelimitedText, TheEndOfTheTextIsTreatedByTheKindOfArray)
@@ -114,7 +108,7 @@ TEST(DelimitedText, TheEndOfTheTextIsTreatedByTheKindOfArray)
     EXPECT_EQ(wide[0], u"a,b");
 }
 
-TEST(DelimitedText, LineEndsOfEveryKind)
+TEST(DelimitedText, EveryKindOfLineEndEndsALine)
 {
     CStringArray lines;
     ConvertBufferIntoLines("one\r\ntwo\r\rthree\n\nend\r\n", lines, 0);
@@ -123,7 +117,7 @@ TEST(DelimitedText, LineEndsOfEveryKind)
     EXPECT_EQ(Listed(lines), (Items{"one", "two"}));
 }
 
-TEST(Blocks, ChecksumsAndBlobs)
+TEST(Blocks, BlocksAreSummedAndNumbersStoredLowByteFirst)
 {
     unsigned char text[] = "Wikipedia";
     EXPECT_EQ(Adler32Checksum(text, 9), 0x11E60398u);

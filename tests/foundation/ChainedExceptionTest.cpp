@@ -9,11 +9,11 @@
 #include <string>
 
 namespace {
-// Counts the objects alive and tells a long text.
-class CTold : public CException {
+// Counts the objects alive and says a long text.
+class CSaid : public CException {
 public:
-    CTold() { ++alive; }
-    ~CTold() override { --alive; }
+    CSaid() { ++alive; }
+    ~CSaid() override { --alive; }
     BOOL GetErrorMessage(char* buffer, UINT size, UINT*) override
     {
         limit = size;
@@ -72,14 +72,14 @@ TEST(ChainedException, OneLineForEachLevelOutermostFirst)
 
 TEST(ChainedException, ForeignCauseIsAskedForAThousandCharactersAndNotKept)
 {
-    auto* e = new CChainedException("top", new CTold);
+    auto* e = new CChainedException("top", new CSaid);
     const CString first = e->BuildMessageString();
-    EXPECT_EQ(CTold::limit, 1024u);
+    EXPECT_EQ(CSaid::limit, 1024u);
     EXPECT_EQ(first.GetLength(), 4 + 1023);
     EXPECT_EQ(e->BuildMessageString(), first);
-    EXPECT_EQ(CTold::alive, 1);
+    EXPECT_EQ(CSaid::alive, 1);
     e->Delete();
-    EXPECT_EQ(CTold::alive, 0);
+    EXPECT_EQ(CSaid::alive, 0);
 }
 
 TEST(ChainedException, MessageIsCutToTheBuffer)
@@ -100,7 +100,7 @@ TEST(ChainedException, MessageIsCutToTheBuffer)
 TEST(ChainedException, TextsComeByNumberWithInserts)
 {
     EXPECT_EQ(Message(Caught([] { ThrowChainedException(nullptr, 4147u); })), "Data is corrupt.");
-    EXPECT_EQ(Message(Caught([] { ThrowChainedException(new CTold, 9999u); })).Left(3), "\ntt");
+    EXPECT_EQ(Message(Caught([] { ThrowChainedException(new CSaid, 9999u); })).Left(3), "\ntt");
     EXPECT_EQ(Message(Caught([] { ThrowChainedException(nullptr, 4154, "Courier"); })),
               "[UniRender] Font \"Courier\" is not supported on this machine.");
     EXPECT_EQ(Message(Caught([] { ThrowChainedException(nullptr, 4102, "CThing", "1"); })),
@@ -151,7 +151,7 @@ TEST_F(Boxes, PrefixStandsOnALineOfItsOwn)
     EXPECT_EQ(e->ReportError(nullptr, MB_RETRYCANCEL), 105);
     EXPECT_EQ(shown, "what");
     e->Delete();
-    auto* foreign = new CTold;
+    auto* foreign = new CSaid;
     ExceptionMessageBox(nullptr, foreign, MB_OK);
     EXPECT_EQ(shown.size(), 1023u);
     foreign->Delete();

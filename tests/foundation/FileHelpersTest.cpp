@@ -4,7 +4,9 @@
 #include "corekit/foundation/FileNames.h"
 #include "corekit/foundation/FileState.h"
 #include "corekit/platform/FindFile.h"
-#include "tests/TempFolder.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/Thrown.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -13,19 +15,6 @@
 
 namespace {
 namespace fs = std::filesystem;
-
-template <class Call>
-std::string MessageOf(Call call)
-{
-    try {
-        call();
-    } catch (CChainedException* e) {
-        const std::string text = e->BuildMessageString().GetString();
-        e->Delete();
-        return text.substr(0, text.find_first_of("\r\n"));
-    }
-    return "";
-}
 
 class FileHelpers : public testing::Test {
 protected:
@@ -52,26 +41,15 @@ constexpr std::chrono::hours day(24);
 
 TEST_F(FileHelpers, PartsOfAPathAreThoseOfItsText)
 {
-    const struct {
-        const char *path, *name, *bare, *extension, *folder;
-    } cases[] = {
-        {"C:\\shows\\a.b.txt", "a.b.txt", "a.b", "txt", "C:\\shows"},
-        {"plain", "plain", "plain", "plain", "plain"},
-        {".log", ".log", ".log", ".log", ".log"},
-        {"d\\.log", ".log", ".log", "log", "d"},
-        {"v1.2\\file", "file", "file", "2\\file", "v1.2"},
-        {"\\root", "root", "root", "\\root", "\\root"},
-        {"d\\", "", "", "d\\", "d"},
-        {"a/b.txt", "a/b.txt", "a/b", "txt", "a/b.txt"}, // this slash is no separator of texts
-        {"d\\Z\xFC\x8F.\xE4", "Z\xFC\x8F.\xE4", "Z\xFC\x8F", "\xE4", "d"},
-        {"", "", "", "", ""},
-        {nullptr, "", "", "", ""},
-    };
-    for (const auto& c : cases) {
-        EXPECT_STREQ(File_GetNameAndExt(c.path), c.name);
-        EXPECT_STREQ(File_GetNameOnly(c.path), c.bare);
-        EXPECT_STREQ(File_GetExtension(c.path), c.extension);
-        EXPECT_STREQ(File_GetDirectory(c.path), c.folder);
+    CString (*const parts[])(const char*) = {File_GetNameAndExt, File_GetNameOnly, File_GetExtension,
+                                             File_GetDirectory};
+    for (CaseRow row : CaseRows(TEST_DATA "/paths.tsv")) {
+        const std::string path = row.Bytes();
+        for (const auto part : parts) EXPECT_EQ(part(path.c_str()), row.Bytes().c_str()) << row.Line();
+    }
+    for (const auto part : parts) {
+        EXPECT_EQ(part(""), "");
+        EXPECT_EQ(part(nullptr), "");
     }
     EXPECT_STREQ(File_GetDisplayName((Make("d/show.txt")).c_str()), "show.txt");
     EXPECT_STREQ(File_GetDisplayName("no\\such"), "no\\such");
@@ -92,7 +70,7 @@ TEST_F(FileHelpers, SizesAndTimesAreThoseOfTheFile)
     FILETIME time;
     EXPECT_EQ(File_GetLastModifyTime(path.c_str(), time), 1);
     EXPECT_EQ(DWORDLONG{time.dwHighDateTime} << 32 | time.dwLowDateTime, 126'444'736'001'234'567u);
-    EXPECT_EQ(GetFileInformation((m_folder / "none").c_str(), data), 1); // a missing file is not told
+    EXPECT_EQ(GetFileInformation((m_folder / "none").c_str(), data), 1); // a missing file is no failure
     EXPECT_EQ(data.dwFileAttributes, 0u);
 }
 
@@ -112,12 +90,12 @@ TEST_F(FileHelpers, ReadOnlyFilesGoOnlyByForce)
 {
     const std::string path = Make("file");
     chmod(path.c_str(), 0444);
-    EXPECT_EQ(MessageOf([&] { File_DeleteFile(path.c_str(), 0); }), "Delete file failed, file=" + path);
+    EXPECT_EQ(ThrownLine([&] { File_DeleteFile(path.c_str(), 0); }), "Delete file failed, file=" + path);
     EXPECT_TRUE(Exists("file"));
     File_DeleteFile(path.c_str(), 1);
     EXPECT_FALSE(Exists("file"));
-    EXPECT_EQ(MessageOf([&] { File_DeleteFile(path.c_str(), 0); }), "");
-    EXPECT_EQ(MessageOf([&] { File_DeleteFile(m_folder.Path().c_str(), 1); }),
+    EXPECT_EQ(ThrownLine([&] { File_DeleteFile(path.c_str(), 0); }), "nothing");
+    EXPECT_EQ(ThrownLine([&] { File_DeleteFile(m_folder.Path().c_str(), 1); }),
               "Delete file failed, file=" + m_folder.Path());
 }
 
@@ -160,7 +138,7 @@ TEST_F(FileHelpers, DeletingATreeFollowsNoLink)
     fs::create_directory_symlink(m_folder / "tree", m_folder / "alias");
     chmod((m_folder / "tree/a").c_str(), 0444);
     const std::string tree = m_folder / "tree";
-    EXPECT_EQ(MessageOf([&] { File_DeleteDirectoryAndContents(tree.c_str(), 0); }),
+    EXPECT_EQ(ThrownLine([&] { File_DeleteDirectoryAndContents(tree.c_str(), 0); }),
               "Delete file failed, file=" + tree + "\\a");
     File_DeleteDirectoryAndContents((m_folder / "alias").c_str(), 1);
     EXPECT_FALSE(Exists("alias"));
@@ -168,7 +146,7 @@ TEST_F(FileHelpers, DeletingATreeFollowsNoLink)
     File_DeleteDirectoryAndContents(tree.c_str(), 1);
     EXPECT_FALSE(Exists("tree"));
     EXPECT_TRUE(fs::exists(kept));
-    EXPECT_EQ(MessageOf([&] { File_DeleteDirectoryAndContents(tree.c_str(), 1); }),
+    EXPECT_EQ(ThrownLine([&] { File_DeleteDirectoryAndContents(tree.c_str(), 1); }),
               "Delete directory failed, directory=" + tree);
 }
 
@@ -183,7 +161,7 @@ TEST_F(FileHelpers, ATreeDeeperThanAPathEndsWithAMessage)
     }
     fs::current_path(before);
     const std::string message =
-        MessageOf([&] { File_DeleteDirectoryAndContents((m_folder / "deep").c_str(), 1); });
+        ThrownLine([&] { File_DeleteDirectoryAndContents((m_folder / "deep").c_str(), 1); });
     EXPECT_EQ(message.rfind("Delete directory failed, directory=", 0), 0u) << message;
     std::system(("rm -rf " + m_folder.Path() + "/deep").c_str());
 }
@@ -195,12 +173,12 @@ TEST_F(FileHelpers, FoldersAreMadeWithTheirParents)
     CreateDirectoryAndParents((m_folder / "a/b").c_str());
     const std::string failed = "Failed creating a directory.";
     Make("file");
-    EXPECT_EQ(MessageOf([&] { CreateDirectoryAndParents((m_folder / "file/x/y").c_str()); }), failed);
-    EXPECT_EQ(MessageOf([] { CreateDirectoryAndParents(""); }), failed);
-    EXPECT_EQ(MessageOf([] { CreateDirectoryAndParents(nullptr); }), failed);
-    EXPECT_EQ(MessageOf([&] { CreateDirectoryAndParents((m_folder / std::string(300, 'n')).c_str()); }),
+    EXPECT_EQ(ThrownLine([&] { CreateDirectoryAndParents((m_folder / "file/x/y").c_str()); }), failed);
+    EXPECT_EQ(ThrownLine([] { CreateDirectoryAndParents(""); }), failed);
+    EXPECT_EQ(ThrownLine([] { CreateDirectoryAndParents(nullptr); }), failed);
+    EXPECT_EQ(ThrownLine([&] { CreateDirectoryAndParents((m_folder / std::string(300, 'n')).c_str()); }),
               failed);
-    EXPECT_EQ(MessageOf([&] {
+    EXPECT_EQ(ThrownLine([&] {
                   CreateDirectoryAndParents(
                       std::string(100'000, '/').append("a/b").append(5000, 'c').c_str());
               }),

@@ -34,7 +34,7 @@ BYTE flagsOf(const std::string& names)
 
 } // namespace
 
-TEST(KeyNames, VirtualKeysAndWhetherAcceleratorsCanUseThem)
+TEST(KeyNames, EveryVirtualKeyHasItsNameAndUse)
 {
     for (const NameCase& c : casesOf("virtual")) {
         CString name;
@@ -43,7 +43,7 @@ TEST(KeyNames, VirtualKeysAndWhetherAcceleratorsCanUseThem)
     }
 }
 
-TEST(KeyNames, Accelerators)
+TEST(KeyNames, AcceleratorsAreNamedWithTheirModifiers)
 {
     for (const NameCase& c : casesOf("accelerator"))
         EXPECT_EQ(GetAcceleratorKeyName({flagsOf(c.flags), c.key, 0}), c.name.c_str()) << c.key;

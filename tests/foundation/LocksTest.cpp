@@ -52,7 +52,7 @@ bool staysFalse(const std::atomic<bool>& flag)
     return !flag;
 }
 
-TEST(CritSection, TellsOnlyItsHolderThatItIsHeld)
+TEST(CritSection, SaysOnlyToItsHolderThatItIsHeld)
 {
     CCritSection section;
     EXPECT_FALSE(section.IsOwnedByCurrentThread());

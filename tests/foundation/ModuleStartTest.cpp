@@ -1,6 +1,6 @@
 #include "corekit/foundation/Timecode.h"
 #include "corekit/stores/RegistryKey.h"
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 

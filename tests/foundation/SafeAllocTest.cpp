@@ -1,6 +1,7 @@
 #include "corekit/foundation/SafeAlloc.h"
 
 #include "corekit/framework/Exception.h"
+#include "tests/support/Thrown.h"
 
 #include <gtest/gtest.h>
 
@@ -10,17 +11,9 @@ TEST(SafeAlloc, ImpossibleSizeThrowsAndLeavesTheOldBlock)
 {
     char* block = static_cast<char*>(__safe_malloc(8, __FILE__, __LINE__));
     std::strcpy(block, "kept");
-    const auto refused = [&](auto step) {
-        try {
-            step();
-        } catch (CMemoryException* e) {
-            e->Delete();
-            return true;
-        }
-        return false;
-    };
-    EXPECT_TRUE(refused([&] { __safe_realloc(block, -1, __FILE__, __LINE__); }));
-    EXPECT_TRUE(refused([] { __safe_malloc(-8, __FILE__, __LINE__); }));
+    EXPECT_EQ(ThrownClass([&] { __safe_realloc(block, -1, __FILE__, __LINE__); }),
+              RUNTIME_CLASS(CMemoryException));
+    EXPECT_EQ(ThrownClass([] { __safe_malloc(-8, __FILE__, __LINE__); }), RUNTIME_CLASS(CMemoryException));
     EXPECT_STREQ(block, "kept");
     safe_free(block);
     safe_free(nullptr);

@@ -13,7 +13,7 @@ struct Heard {
     ~Heard() { SetDebugListener(former); }
 };
 
-TEST(SafePost, TellsOfEveryTryBeyondTheFirst)
+TEST(SafePost, ReportsEveryTryBeyondTheFirst)
 {
     const struct {
         int failures;

@@ -145,7 +145,7 @@ TEST(StringFormat, EveryArgumentCountsByItsOwnType)
 }
 
 // Integers are written as the C library writes them.
-TEST(StringFormat, FlagsWidthsAndPrecisionsOfIntegers)
+TEST(StringFormat, IntegersAreWrittenAsTheRuntimeWritesThem)
 {
     for (const char* flags : {"", "-", "+", " ", "0", "#", "-0", "+0", "#0", "-#", "+-#0"})
         for (const char* size : {"", "1", "7", ".0", ".1", ".5", "9.3", "3.9", "09.3"})

@@ -140,7 +140,7 @@ TEST(StringText, ReplacingOfUnitsCountsThemAndLeavesSharersAlone)
     EXPECT_EQ(Units(source), u"Ab1");
 }
 
-TEST(StringText, JoinsOfAllKinds)
+TEST(StringText, StringsJoinWithStringsTextsAndCharacters)
 {
     const StringA a("ab"), b("cd");
     EXPECT_EQ(Bytes(a + b), "abcd");

@@ -8,27 +8,14 @@
 #include "corekit/platform/Libraries.h"
 #include "corekit/platform/Overlapped.h"
 #include "tests/support/Forked.h"
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/Thrown.h"
 
 #include <cstring>
 #include <gtest/gtest.h>
 #include <sys/utsname.h>
 
 namespace {
-template <class Call>
-std::string MessageOf(Call call)
-{
-    try {
-        call();
-    } catch (CException* e) {
-        char text[512] = "";
-        e->GetErrorMessage(text, sizeof text, nullptr);
-        e->Delete();
-        return std::string(text).substr(0, std::strcspn(text, "\r\n"));
-    }
-    return "";
-}
-
 class Variable {
 public:
     Variable(const char* name, const std::string& value) : m_name(name)
@@ -64,10 +51,10 @@ TEST(SystemHelpers, ADuplicateKeepsTheObjectAlive)
     EXPECT_TRUE(CloseHandle(running) && CloseHandle(copy));
     EXPECT_FALSE(CloseHandle(copy));
     for (void* wrong : {static_cast<void*>(nullptr), event})
-        EXPECT_EQ(MessageOf([wrong] { scDuplicateHandle(wrong); }),
+        EXPECT_EQ(ThrownLine([wrong] { scDuplicateHandle(wrong); }),
                   "Attempt to duplicate an operating system handle failed.");
     void* const mutex = CreateMutexA(nullptr, 0, "a mutex has this name");
-    EXPECT_NE(MessageOf([] { scCreateEvent(nullptr, 0, 0, "a mutex has this name"); }), "");
+    EXPECT_NE(ThrownLine([] { scCreateEvent(nullptr, 0, 0, "a mutex has this name"); }), "nothing");
     CloseHandle(mutex);
 }
 
@@ -90,7 +77,7 @@ TEST(SystemHelpers, AnOverlappedTransferThatTakesTooLongTimesOut)
     CloseHandle(transfer.hEvent);
 }
 
-TEST(SystemHelpers, FormatsAndIdentifiers)
+TEST(SystemHelpers, TextsAndIdentifiersAreFormattedAndRead)
 {
     EXPECT_STREQ(scFormatString("%s %d", "a", 7), "a 7");
     EXPECT_STREQ(scFormatString(4189u), "Shell Error");
@@ -171,14 +158,14 @@ TEST(ShellFolders, UserFoldersComeFromTheirFile)
     EXPECT_STREQ(ShellGetSpecialFolder(CSIDL_APPDATA), (home / ".config").c_str());
     EXPECT_STREQ(ShellGetSpecialFolder(CSIDL_LOCAL_APPDATA), (home / ".local/share").c_str());
     const Variable far("XDG_DATA_HOME", "/" + std::string(300, 'x'));
-    EXPECT_EQ(MessageOf([] { ShellGetSpecialFolder(CSIDL_LOCAL_APPDATA); }), "Shell Error");
-    EXPECT_EQ(MessageOf([] { ShellGetSpecialFolder(0x7777); }), "Shell Error");
+    EXPECT_EQ(ThrownLine([] { ShellGetSpecialFolder(CSIDL_LOCAL_APPDATA); }), "Shell Error");
+    EXPECT_EQ(ThrownLine([] { ShellGetSpecialFolder(0x7777); }), "Shell Error");
 }
 
 TEST(ShellFolders, AControlThatCannotRegisterIsNamed)
 {
     for (const char* path : {"/no/such.so", "libm.so.6"})
-        EXPECT_EQ(MessageOf([path] { scRegisterOleControl(path); }),
+        EXPECT_EQ(ThrownLine([path] { scRegisterOleControl(path); }),
                   "Error: OLE Control cannot be registered - module \"" + std::string(path) +
                       "\" is missing or invalid.");
 }
@@ -211,7 +198,7 @@ TEST(SystemInfo, ServicePacksHaveOneFigure)
     EXPECT_EQ(CSystemInfo::ServicePackLevelOf("Release 6"), -1);
 }
 
-TEST(VersionRecord, TheProgramTellsItsOwn)
+TEST(VersionRecord, TheProgramHoldsItsOwn)
 {
     CVersionData data;
     ASSERT_EQ(data.Initialise(static_cast<HINSTANCE>(nullptr)), 1);
@@ -250,7 +237,7 @@ TEST(SystemHelpers, AThreadThatCannotStartIsThrown)
 {
     EXPECT_EQ(InChild([] {
                   LimitTo(RLIMIT_AS, 1u << 30);
-                  const std::string text = MessageOf([] { scBeginThread(&Raise, nullptr, 0, 3u << 30); });
+                  const std::string text = ThrownLine([] { scBeginThread(&Raise, nullptr, 0, 3u << 30); });
                   return text == "There is not enough memory." ? 7 : 0;
               }),
               7);

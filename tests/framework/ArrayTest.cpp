@@ -1,4 +1,5 @@
 #include "corekit/framework/Array.h"
+#include "tests/support/Thrown.h"
 
 #include <gtest/gtest.h>
 
@@ -136,18 +137,9 @@ TEST(Array, ImpossibleSizesThrowAndChangeNothing)
     CArray<Huge, const Huge&> large; // the byte count would pass 64 bits
     CDWordArray array;
     array.Add(1);
-    const auto refused = [](auto step) {
-        try {
-            step();
-        } catch (CMemoryException* e) {
-            e->Delete();
-            return true;
-        }
-        return false;
-    };
-    EXPECT_TRUE(refused([&] { large.SetSize(INT_MAX); }));
-    EXPECT_TRUE(refused([&] { array.SetAtGrow(INT_MAX, 1); }));
-    EXPECT_TRUE(refused([&] { array.InsertAt(0, 1, INT_MAX); }));
+    EXPECT_EQ(ThrownClass([&] { large.SetSize(INT_MAX); }), RUNTIME_CLASS(CMemoryException));
+    EXPECT_EQ(ThrownClass([&] { array.SetAtGrow(INT_MAX, 1); }), RUNTIME_CLASS(CMemoryException));
+    EXPECT_EQ(ThrownClass([&] { array.InsertAt(0, 1, INT_MAX); }), RUNTIME_CLASS(CMemoryException));
     EXPECT_EQ(large.GetSize(), 0);
     EXPECT_EQ(array.GetSize(), 1);
 }

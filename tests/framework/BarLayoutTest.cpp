@@ -18,7 +18,7 @@ DockedBar Bar(int width, int height, int wanted)
     return bar;
 }
 
-std::string Told(const CRect& r)
+std::string Shown(const CRect& r)
 {
     return std::to_string(r.left) + "," + std::to_string(r.top) + " " + std::to_string(r.Width()) + "x" +
            std::to_string(r.Height());
@@ -29,7 +29,7 @@ std::string Laid(Rows rows, int length, Lying lying = Lying::horizontal)
     const CSize size = layOutDockRows(rows, lying, length);
     std::string text;
     for (const auto& row : rows)
-        for (const DockedBar& bar : row) text += Told(bar.rect) + (bar.startsLine ? "* " : " ");
+        for (const DockedBar& bar : row) text += Shown(bar.rect) + (bar.startsLine ? "* " : " ");
     return text + "= " + std::to_string(size.cx) + "x" + std::to_string(size.cy);
 }
 
@@ -65,7 +65,7 @@ TEST(BarLayout, ButtonsWrapAndStack)
     buttons[2] = {8, true, false, {}};
     EXPECT_EQ(wrapButtons(buttons, 22, 32767), CSize(104, 22));
     EXPECT_EQ(wrapButtons(buttons, 22, 48), CSize(48, 50)); // the separator is a gap between the lines
-    EXPECT_EQ(Told(buttons[3].rect), "0,28 24x22");
+    EXPECT_EQ(Shown(buttons[3].rect), "0,28 24x22");
     EXPECT_TRUE(buttons[2].wraps);
     EXPECT_EQ(wrapButtons(buttons, 22, 1).cy, 4 * 22 + 6); // one each line at least
     EXPECT_EQ(stackButtons(buttons, 22), CSize(24, 94));

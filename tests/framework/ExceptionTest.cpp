@@ -1,6 +1,7 @@
 #include "corekit/framework/Exception.h"
 
 #include "corekit/framework/MessageBox.h"
+#include "tests/support/Thrown.h"
 
 #include <gtest/gtest.h>
 
@@ -20,16 +21,8 @@ TEST(FrameworkException, ThrownObjectsKnowTheirKindAndMayBeDeleted)
             EXPECT_STREQ(text, "Out of ");
             e->Delete();
         }
-        try {
-            AfxThrowUserException();
-        } catch (CUserException* e) {
-            e->Delete();
-        }
-        try {
-            AfxThrowNotSupportedException();
-        } catch (CNotSupportedException* e) {
-            e->Delete();
-        }
+        EXPECT_EQ(ThrownClass(AfxThrowUserException), RUNTIME_CLASS(CUserException));
+        EXPECT_EQ(ThrownClass(AfxThrowNotSupportedException), RUNTIME_CLASS(CNotSupportedException));
     }
 }
 

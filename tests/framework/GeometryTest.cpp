@@ -4,7 +4,7 @@
 
 #include <climits>
 
-TEST(Rect, IntersectionAndUnionOfEmptyAndTouching)
+TEST(Rect, EmptyAndTouchingRectanglesDoNotIntersectAndEmptyOnesAddNothing)
 {
     const CRect a(0, 0, 10, 10), touching(10, 0, 20, 10), inside(2, 3, 4, 5), empty(50, 50, 50, 60);
     EXPECT_EQ(a & inside, inside);

@@ -1,4 +1,5 @@
 #include "corekit/framework/String.h"
+#include "tests/support/CaseRows.h"
 
 #include <gtest/gtest.h>
 
@@ -19,22 +20,12 @@ TEST(MessageFormat, InsertsByNumberInAnyOrder)
 
 TEST(MessageFormat, EscapesAndBadFormsStandAsWritten)
 {
-    struct {
-        const char *format, *expected;
-    } const cases[] = {
-        {"100%% %.%!", "100% .!"},
-        {"cut%0 here", "cut"},
-        {"tail %", "tail %"},
-        {"%1!q!", "A!q!"},
-        {"%1!d", "A!d"},
-        {"%1!f!", "A!f!"},
-        {"%11", "A"},
-        {"%1!99999999999s!", "A"},
-        {"", ""},
-    };
-    for (const auto& c : cases) {
+    for (CaseRow row : CaseRows(TEST_DATA "/message_formats.tsv")) {
         CString text("before");
-        text.FormatMessage(c.format, "A", "B", "C", "D", "E", "F", "G", "H", "I", "J", "A");
-        EXPECT_EQ(text, c.expected) << c.format;
+        text.FormatMessage(row.Bytes().c_str(), "A", "B", "C", "D", "E", "F", "G", "H", "I", "J", "A");
+        EXPECT_EQ(text, row.Bytes().c_str()) << row.Line();
     }
+    CString text("before");
+    text.FormatMessage("", "A");
+    EXPECT_EQ(text, "");
 }

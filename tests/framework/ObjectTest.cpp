@@ -41,7 +41,7 @@ BEGIN_MESSAGE_MAP(CTarget, CCmdTarget){0x111, 0, 10, 10, 1, static_cast<AFX_PMSG
     END_MESSAGE_MAP()
 } // namespace
 
-TEST(ClassRecord, TellsNameSizeSchemaAndBase)
+TEST(ClassRecord, HoldsNameSizeSchemaAndBase)
 {
     const CDerived object;
     const CRuntimeClass* record = object.GetRuntimeClass();
@@ -99,7 +99,7 @@ TEST(ClassRecord, ListSurvivesModulesThatComeAndGoInThreads)
 
 // The order of the first virtual operations is a contract with compiled callers; the destructor takes two
 // places.
-TEST(Object, VirtualTableOpensInThePublishedOrder)
+TEST(Object, VirtualTableOpensInTheDocumentedOrder)
 {
     struct Spy : CObject {
         CRuntimeClass* GetRuntimeClass() const override { return RUNTIME_CLASS(CMakeable); }

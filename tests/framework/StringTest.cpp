@@ -1,6 +1,7 @@
 #include "corekit/framework/String.h"
 
 #include "corekit/framework/Exception.h"
+#include "tests/support/Thrown.h"
 
 #include <gtest/gtest.h>
 
@@ -29,7 +30,7 @@ TEST(CStringText, NullsAreEmptyText)
     EXPECT_EQ(CString(none, 5), "");
 }
 
-TEST(CStringText, SearchReplaceAndTrim)
+TEST(CStringText, SearchingReplacingAndTrimmingGoByBytes)
 {
     CString text(" \tone two one\r\n");
     text.TrimLeft();
@@ -77,12 +78,7 @@ TEST(CStringBuffer, LengthComesFromTheTerminatorWithinTheBlock)
 TEST(CStringBuffer, ImpossibleSizesThrowAndKeepTheText)
 {
     CString text("kept");
-    try {
-        text.GetBuffer(INT_MAX);
-        FAIL();
-    } catch (CMemoryException* e) {
-        e->Delete();
-    }
+    EXPECT_EQ(ThrownClass([&] { text.GetBuffer(INT_MAX); }), RUNTIME_CLASS(CMemoryException));
     EXPECT_EQ(text, "kept");
 }
 

@@ -5,26 +5,13 @@
 #include "corekit/graphics/Dib.h"
 #include "corekit/resources/Messages.h"
 #include "corekit/stores/MemoryStream.h"
-#include "tests/support/Forked.h"
-#include "tests/TempFolder.h"
+#include "tests/support/FullDisk.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/Thrown.h"
 
 #include <cstdio>
 
 namespace {
-
-// The first line of what a call throws; empty if it does not.
-template <typename Call>
-std::string thrown(Call call)
-{
-    try {
-        call();
-    } catch (CChainedException* e) {
-        const std::string text = static_cast<const char*>(e->BuildMessageString());
-        e->Delete();
-        return text.substr(0, text.find('\n'));
-    }
-    return {};
-}
 
 std::string textOf(UINT id) { return static_cast<const char*>(LoadResourceString(id)); }
 
@@ -85,10 +72,11 @@ TEST(Dib, SavedFilesAreReadByUsAndByOthers)
         EXPECT_NE(readByNetpbm(path), "");
     }
     CDib dib;
-    EXPECT_EQ(thrown([&] { dib.SaveDIBFile(path.c_str()); }), textOf(message::bitmapCreateFailed));
+    EXPECT_EQ(ThrownLine([&] { dib.SaveDIBFile(path.c_str()); }), textOf(message::bitmapCreateFailed));
     dib.LoadDIBFile(path.c_str());
-    EXPECT_EQ(thrown([&] { dib.SaveDIBFile("/no/such/folder/x.bmp"); }), textOf(message::bitmapCreateFailed));
-    EXPECT_EQ(thrown([&] { dib.SaveDIBFile("/dev/full"); }), textOf(message::bitmapCreateFailed));
+    EXPECT_EQ(ThrownLine([&] { dib.SaveDIBFile("/no/such/folder/x.bmp"); }),
+              textOf(message::bitmapCreateFailed));
+    EXPECT_EQ(ThrownLine([&] { dib.SaveDIBFile("/dev/full"); }), textOf(message::bitmapCreateFailed));
 }
 
 TEST(Dib, AFileThatCannotBeReplacedKeepsItsPicture)
@@ -98,12 +86,10 @@ TEST(Dib, AFileThatCannotBeReplacedKeepsItsPicture)
     CDib dib;
     dib.LoadDIBFile(bitmapPath("rgb24-pil.bmp").c_str());
     dib.SaveDIBFile(path.c_str());
-    const int isRefused = InChild([&] { // on a disk that is full
-        std::signal(SIGXFSZ, SIG_IGN);
-        LimitTo(RLIMIT_FSIZE, 64);
-        return thrown([&] { dib.SaveDIBFile(path.c_str()); }) == textOf(message::bitmapCreateFailed);
-    });
-    EXPECT_TRUE(isRefused);
+    {
+        const FullDisk full(64);
+        EXPECT_EQ(ThrownLine([&] { dib.SaveDIBFile(path.c_str()); }), textOf(message::bitmapCreateFailed));
+    }
     CDib again;
     again.LoadDIBFile(path.c_str());
     EXPECT_EQ(bytesOf(again.GetBitmapData(), again.GetDataSize()),
@@ -118,7 +104,7 @@ TEST(Dib, WhatEndsTooEarlyIsRefusedAtEveryByte)
             const Bytes part(whole.begin(),
                              whole.begin() + static_cast<std::ptrdiff_t>(size)); // its end is its end
             CDib dib;
-            ASSERT_EQ(thrown([&] { dib.AttachDIBFileData(part.data(), static_cast<DWORD>(size)); }),
+            ASSERT_EQ(ThrownLine([&] { dib.AttachDIBFileData(part.data(), static_cast<DWORD>(size)); }),
                       textOf(message::bitmapUnreadable))
                 << name << ' ' << size;
             ASSERT_FALSE(dib.IsValid());
@@ -158,14 +144,14 @@ TEST(Dib, WildHeadersAreRefused)
         const std::size_t size = c.at == 0 || c.at == 28 ? 2 : 4;
         std::memcpy(&bytes[c.at], &c.value, size);
         CDib dib;
-        EXPECT_EQ(thrown([&] { dib.AttachDIBFileData(bytes.data(), static_cast<DWORD>(bytes.size())); }),
+        EXPECT_EQ(ThrownLine([&] { dib.AttachDIBFileData(bytes.data(), static_cast<DWORD>(bytes.size())); }),
                   textOf(c.message))
             << c.what << ' ' << c.value;
         EXPECT_EQ(dib.GetBitmapInfo(), nullptr);
     }
     CDib dib;
-    EXPECT_EQ(thrown([&] { dib.LoadDIBFile("/no/such.bmp"); }), textOf(message::bitmapUnreadable));
-    EXPECT_EQ(thrown([&] { dib.AttachDIBData(nullptr, 99); }), textOf(message::bitmapUnreadable));
+    EXPECT_EQ(ThrownLine([&] { dib.LoadDIBFile("/no/such.bmp"); }), textOf(message::bitmapUnreadable));
+    EXPECT_EQ(ThrownLine([&] { dib.AttachDIBData(nullptr, 99); }), textOf(message::bitmapUnreadable));
 }
 
 TEST(Dib, ThePlaceOfThePixelsIsComputed)
@@ -210,20 +196,20 @@ TEST(Dib, StreamsGoThereAndBack)
         const Bytes part(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
         CMemoryStream cut(part.data(), static_cast<int>(size));
         CDib none;
-        ASSERT_NE(thrown([&] { none.ReadStream(cut); }), "") << size;
+        ASSERT_NE(ThrownLine([&] { none.ReadStream(cut); }), "nothing") << size;
         ASSERT_FALSE(none.IsValid());
     }
     Bytes wild = whole;
     wild[0] = 1;
     CMemoryStream other(wild.data(), static_cast<int>(wild.size()));
-    const std::string text = thrown([&] { CDib().ReadStream(other); });
+    const std::string text = ThrownLine([&] { CDib().ReadStream(other); });
     EXPECT_NE(text.find("1.01"), std::string::npos) << text;
     EXPECT_NE(text.find("1.00"), std::string::npos) << text;
     wild = whole;
     const LONG huge = 0x7FFFFFFF;
     std::memcpy(&wild[8 + 8], &huge, 4); // the height
     CMemoryStream tall(wild.data(), static_cast<int>(wild.size()));
-    EXPECT_EQ(thrown([&] { CDib().ReadStream(tall); }), textOf(message::bitmapUnreadable));
+    EXPECT_EQ(ThrownLine([&] { CDib().ReadStream(tall); }), textOf(message::bitmapUnreadable));
 
     CMemoryStream nothing(10, 10);
     CDib empty;
@@ -269,7 +255,7 @@ TEST(Dib, GivenPixelsAreTakenWithoutTheirColours)
     EXPECT_EQ(dib.GetInfoSize(), 40u);
     EXPECT_EQ(dib.GetDataSize(), 18u);
     info.bmiHeader.biBitCount = 3;
-    EXPECT_EQ(thrown([&] { dib.LoadGlimmerViewBitmap(&info, pixels.data()); }),
+    EXPECT_EQ(ThrownLine([&] { dib.LoadGlimmerViewBitmap(&info, pixels.data()); }),
               textOf(message::bitmapUnreadable));
 }
 

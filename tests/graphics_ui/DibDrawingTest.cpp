@@ -7,6 +7,7 @@
 #include "corekit/graphics/ui/BufferDC.h"
 #include "corekit/platform/Dibs.h"
 #include "corekit/platform/Gdi.h"
+#include "tests/support/Thrown.h"
 
 #include <span>
 
@@ -182,12 +183,7 @@ TEST_F(Resources, KeepTheirDepth)
     }
     for (const UINT id : {99u, 12345u}) {
         CDib dib;
-        EXPECT_THROW(
-            try { dib.LoadBitmapResource(id, dc); } catch (CChainedException* e) {
-                e->Delete();
-                throw 0;
-            },
-            int);
+        EXPECT_NE(Thrown([&] { dib.LoadBitmapResource(id, dc); }), "nothing");
     }
 }
 

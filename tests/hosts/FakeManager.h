@@ -1,5 +1,5 @@
 // A service manager for the tests, at the other end of a socket pair. It speaks the bus's protocol and knows
-// what the test tells it to.
+// what the test has it do.
 #pragma once
 
 #include <atomic>
@@ -16,7 +16,7 @@
 class FakeManager {
 public:
     struct Unit {
-        std::string active = "inactive", told;
+        std::string active = "inactive", status;
         unsigned job = 0;
         int exitStatus = 0;
     };
@@ -124,7 +124,7 @@ private:
         if (wanted == "ActiveState")
             return sd_bus_reply_method_return(call, "v", "s", it->second.active.c_str()), 1;
         if (wanted == "StatusText")
-            return sd_bus_reply_method_return(call, "v", "s", it->second.told.c_str()), 1;
+            return sd_bus_reply_method_return(call, "v", "s", it->second.status.c_str()), 1;
         if (wanted == "ExecMainStatus")
             return sd_bus_reply_method_return(call, "v", "i", it->second.exitStatus), 1;
         return sd_bus_reply_method_return(call, "v", "(uo)", it->second.job, "/"), 1;

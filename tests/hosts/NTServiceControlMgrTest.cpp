@@ -1,6 +1,6 @@
 #include "tests/hosts/FakeManager.h"
 #include "tests/support/Positions.h"
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include "corekit/hosts/NTServiceControlMgr.h"
 #include "corekit/platform/Errors.h"
@@ -53,7 +53,7 @@ TEST_F(ServiceControl, StatesAreThoseOfTheManagerAndItsServices)
     };
     ASSERT_TRUE(manager.OpenLocal(SC_MANAGER_CONNECT));
     for (const auto& row : cases) {
-        SCOPED_TRACE(row.unit.active + " " + row.unit.told);
+        SCOPED_TRACE(row.unit.active + " " + row.unit.status);
         machine.Set("Script\\x20Upload.service", row.unit);
         SERVICE_STATUS status{};
         ASSERT_TRUE(manager.QueryServiceStatus("Script Upload", status));
@@ -96,7 +96,7 @@ TEST_F(ServiceControl, EndsOtherThanTheWantedOneGiveNothing)
     EXPECT_FALSE(manager.StopService("a", nullptr));
     EXPECT_EQ(GetLastError(), ERROR_SERVICE_NOT_ACTIVE);
     machine.Set("a.service", {"active", ""});
-    machine.onStop = [](FakeManager::Unit& unit) { unit.told = "Paused"; };
+    machine.onStop = [](FakeManager::Unit& unit) { unit.status = "Paused"; };
     EXPECT_FALSE(manager.StopService("a", nullptr));
     machine.onStop = [](FakeManager::Unit& unit) { unit = {"deactivating", "Stopping, step 1"}; };
     machine.onLook = [turn = 0](FakeManager::Unit& unit) mutable {
@@ -107,7 +107,7 @@ TEST_F(ServiceControl, EndsOtherThanTheWantedOneGiveNothing)
     EXPECT_EQ(positions.seen, (std::vector<int>{0, 1}));
 }
 
-// Whatever becomes of the bus, no call waits longer than its limit, and the reason is told.
+// Whatever becomes of the bus, no call waits longer than its limit, and the reason is reported.
 TEST_F(ServiceControl, AManagerThatFailsEndsEveryWait)
 {
     using Fault = FakeManager::Fault;

@@ -1,7 +1,7 @@
 // The service manager's end of the notify protocol.
 #pragma once
 
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <cstring>
 #include <poll.h>

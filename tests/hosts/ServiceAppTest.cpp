@@ -1,6 +1,6 @@
 #include "tests/hosts/Child.h"
 #include "tests/hosts/NotifySocket.h"
-#include "tests/RegistryHome.h"
+#include "tests/support/RegistryHome.h"
 
 #include "corekit/platform/Services.h"
 
@@ -61,7 +61,7 @@ protected:
     mutable NotifySocket manager;
 };
 
-TEST_F(ServiceApp, CommandLinesThatStartNothing)
+TEST_F(ServiceApp, HelpAboutAndWrongCommandLinesStartNothing)
 {
     const std::string help = "Command line options:\n"
                              "  -console           Run as a console-mode app instead of a service.\n"
@@ -94,7 +94,7 @@ TEST_F(ServiceApp, CommandLinesThatStartNothing)
     EXPECT_EQ(trapped.Said(), "trap\nTest Service 1.0\n");
 }
 
-TEST_F(ServiceApp, TellsItsManagerEveryState)
+TEST_F(ServiceApp, ReportsEveryStateToItsManager)
 {
     Child service = Start({}, {{"WATCHDOG_USEC", "50000"}});
     const std::string pid = "MAINPID=" + std::to_string(service.Pid());
@@ -119,7 +119,7 @@ TEST_F(ServiceApp, TellsItsManagerEveryState)
     EXPECT_EQ(ReadWhole(folder / "events"), "6 Test Service: Test Service Started OK\n");
 }
 
-TEST_F(ServiceApp, AFailedStartIsToldAndEndsWithMinusOne)
+TEST_F(ServiceApp, AFailedStartIsReportedAndEndsWithMinusOne)
 {
     Child service = Start({}, {{"TEST_FAILS", "1"}});
     EXPECT_EQ(service.End(), 255);

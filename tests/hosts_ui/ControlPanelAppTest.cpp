@@ -38,7 +38,7 @@ public:
     bool starts = true;
 };
 
-TEST(ControlPanel, TheShellsMessagesInTheirOrder)
+TEST(ControlPanel, TheShellsMessagesReachTheirApplets)
 {
     heard.clear();
     Applets app;

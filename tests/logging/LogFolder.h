@@ -3,7 +3,7 @@
 
 #include "corekit/foundation/TestClock.h"
 #include "corekit/logging/LogTarget.h"
-#include "tests/RegistryHome.h"
+#include "tests/support/RegistryHome.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,5 +1,5 @@
 #include "tests/logging/LogFolder.h"
-#include "tests/stores/Thrown.h"
+#include "tests/support/Thrown.h"
 
 #include "corekit/stores/RegistryKey.h"
 #include "corekit/Version.h"
@@ -143,7 +143,7 @@ TEST_F(LogRollover, FilesGoByTheirDateKeyAndFoldersStay)
                                         "Server.2027-01-01.log", "Server.log", "Server2.2020-01-01.log"}));
 }
 
-TEST_F(LogRollover, AFileThatCannotBeDeletedIsToldAndPassedOver)
+TEST_F(LogRollover, AFileThatCannotBeDeletedIsReportedAndPassedOver)
 {
     MakeFile("Server.2026-12-29.log");
     MakeFile("Server.2026-12-30.log");
@@ -155,10 +155,10 @@ TEST_F(LogRollover, AFileThatCannotBeDeletedIsToldAndPassedOver)
     log.LogInfoMsg("and on");
     EXPECT_EQ(Names(), (std::vector<std::string>{"Server.2026-12-29.log", "Server.2027-01-01.log"}));
     const std::string text = Text("Server.2027-01-01.log");
-    const std::size_t told = text.find("MajorError        Delete old log file failed, ");
-    ASSERT_NE(told, std::string::npos);
-    EXPECT_NE(text.find("\\Server.2026-12-29.log\n", told), std::string::npos);
-    EXPECT_EQ(text.find("Delete old", told + 20), std::string::npos);
+    const std::size_t place = text.find("MajorError        Delete old log file failed, ");
+    ASSERT_NE(place, std::string::npos);
+    EXPECT_NE(text.find("\\Server.2026-12-29.log\n", place), std::string::npos);
+    EXPECT_EQ(text.find("Delete old", place + 20), std::string::npos);
 }
 
 TEST_F(LogRollover, ARegistryThatFailsThrowsAndFreesTheLock)

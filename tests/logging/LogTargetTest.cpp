@@ -4,8 +4,8 @@
 #include "corekit/platform/Files.h"
 #include "corekit/platform/Handles.h"
 #include "tests/support/Forked.h"
+#include "tests/support/FullDisk.h"
 
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -49,7 +49,7 @@ TEST_F(LogTarget, WritesEveryLevelInItsColumns)
                   Line("Information", "Log file closed", later));
 }
 
-TEST_F(LogTarget, MaskDecidesAndOpeningAndClosingAreAlwaysTold)
+TEST_F(LogTarget, MaskDecidesAndOpeningAndClosingAreAlwaysWritten)
 {
     log.SetLogMask(0);
     ASSERT_TRUE(Open());
@@ -178,28 +178,6 @@ TEST_F(LogTarget, TenThreadsLoseAndTearNoLine)
         ASSERT_EQ(lines[i] + "\n", Line("Information", text));
     }
 }
-
-// A limit on the size of files stands for a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t size)
-    {
-        m_former = signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_limit);
-        rlimit lower = m_limit;
-        lower.rlim_cur = size;
-        setrlimit(RLIMIT_FSIZE, &lower);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_limit);
-        signal(SIGXFSZ, m_former);
-    }
-
-private:
-    rlimit m_limit{};
-    void (*m_former)(int);
-};
 
 TEST_F(LogTarget, WhatAFullDiskRefusedIsCountedInTheNextLine)
 {

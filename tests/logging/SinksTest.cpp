@@ -4,6 +4,7 @@
 #include "corekit/logging/AlertSink.h"
 #include "corekit/logging/ProgressSink.h"
 #include "corekit/platform/Errors.h"
+#include "tests/support/Thrown.h"
 
 #include <thread>
 
@@ -70,12 +71,7 @@ TEST_F(AlertSink, WhatAHookThrowsComesOutBeforeTheLogIsWritten)
 {
     OpenLog();
     sink.RegisterHook(Refuse);
-    try {
-        sink.Alert(alertWarning, "text");
-        ADD_FAILURE();
-    } catch (CException* e) {
-        e->Delete();
-    }
+    EXPECT_NE(Thrown([&] { sink.Alert(alertWarning, "text"); }), "nothing");
     EXPECT_TRUE(Logged().empty());
 }
 

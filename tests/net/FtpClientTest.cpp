@@ -4,7 +4,10 @@
 #include "corekit/platform/SystemTime.h"
 #include "corekit/stores/MemoryStream.h"
 #include "tests/net/ScriptedFtp.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/Thrown.h"
 
+#include <cstring>
 #include <map>
 #include <vector>
 
@@ -93,32 +96,21 @@ TEST_F(Ftp, NoPasswordIsSentWhereNoneIsAskedFor)
     EXPECT_TRUE(client.NoOp());
 }
 
-TEST_F(Ftp, FailedConnects)
+TEST_F(Ftp, AConnectThatFailsSaysWhereAndKeepsTheServersWords)
 {
-    struct Case {
-        const char* banner;
-        const char* user;
-        const char* password;
-        const char* error;
-        const char* message;
-    };
-    for (const Case& one :
-         {Case{"421 full\r\n", nullptr, nullptr, "[FTP] Error received from server on connect.", "421 full"},
-          Case{"220 a\r\n", "530 no\r\n", nullptr, "[FTP] server login failed.", "530 no"},
-          Case{"220 a\r\n", "331 b\r\n", "530 wrong\r\n", "[FTP] server login failed.", "530 wrong"},
-          Case{"220 a\r\n", "331 b\r\n", "332 c\r\n", "[FTP] server login failed.", "332 c"},
-          Case{"220 a\r\n", "", nullptr, "[FTP] Control connection has been closed by the remote server", ""},
-          Case{"", nullptr, nullptr, "[FTP] Control connection has been closed by the remote server", ""}}) {
+    const auto line = [](const std::string& reply) { return reply == "-" ? "" : reply + "\r\n"; };
+    for (CaseRow row : CaseRows(TEST_DATA "/ftp_replies.tsv", "connect")) {
+        const std::string banner = row.Word(), toUser = row.Word(), toPass = row.Word();
         CFtpClient own;
         ScriptedFtp peer([&](Session& session) {
-            session.say(one.banner);
-            if (one.user) session.answer("USER u", one.user);
-            if (one.password) session.answer("PASS p", one.password);
+            session.say(line(banner));
+            if (!toUser.empty()) session.answer("USER u", line(toUser));
+            if (!toPass.empty()) session.answer("PASS p", line(toPass));
         });
         own.SetTimeout(5000);
         EXPECT_FALSE(own.Connect("127.0.0.1", peer.port(), "u", "p", 0));
-        EXPECT_STREQ(own.GetLastError(), one.error) << one.banner;
-        EXPECT_STREQ(own.GetLastFtpMessage(), one.message);
+        EXPECT_STREQ(own.GetLastError(), row.Word().c_str()) << row.Line();
+        EXPECT_STREQ(own.GetLastFtpMessage(), row.Word().c_str()) << row.Line();
         EXPECT_FALSE(own.IsConnected());
     }
     serve([](Session& session) { session.say("421 full\r\n"); });
@@ -129,45 +121,40 @@ TEST_F(Ftp, FailedConnects)
     EXPECT_EQ(lastMessage(), "") << "no line of the server before";
 }
 
-TEST_F(Ftp, SimpleCommandsAndTheirFailures)
+TEST_F(Ftp, SimpleCommandsSucceedOrNameThemselves)
 {
-    struct Case {
-        const char* line;
-        int (*run)(CFtpClient&);
-        const char* error;
+    const std::map<std::string, int (*)(CFtpClient&)> runs = {
+        {"CWD a b", [](CFtpClient& c) { return c.ChangeDirectory("a b"); }},
+        {"MKD d", [](CFtpClient& c) { return c.MakeDirectory("d"); }},
+        {"RMD d", [](CFtpClient& c) { return c.RemoveDirectoryA("d"); }},
+        {"DELE f", [](CFtpClient& c) { return c.DeleteFileA("f"); }},
+        {"NOOP", [](CFtpClient& c) { return c.NoOp(); }},
+        {"SITE FAST=4", [](CFtpClient& c) { return c.SetConnectionMode(ftpModeAvidFast); }},
     };
-    const Case cases[] = {
-        {"CWD a b", [](CFtpClient& c) { return c.ChangeDirectory("a b"); }, "[FTP] CWD command failed."},
-        {"MKD d", [](CFtpClient& c) { return c.MakeDirectory("d"); },
-         "[FTP] Make Directory (MKD) command failed"},
-        {"RMD d", [](CFtpClient& c) { return c.RemoveDirectoryA("d"); },
-         "[FTP] Remove Directory (RMD) command failed"},
-        {"DELE f", [](CFtpClient& c) { return c.DeleteFileA("f"); },
-         "[FTP] Delete File (DELE) command failed"},
-        {"NOOP", [](CFtpClient& c) { return c.NoOp(); }, "[FTP] NOOP command failed"},
-        {"SITE FAST=4", [](CFtpClient& c) { return c.SetConnectionMode(ftpModeAvidFast); },
-         "[FTP] Set AvidFast mode failed."},
-    };
-    begin([&](Session& session) {
-        for (const Case& one : cases) {
-            session.answer(one.line, "550-no\r\n550 way\r\n");
-            session.answer(one.line, "250 ok\r\n");
+    auto commands = CaseRows(TEST_DATA "/ftp_replies.tsv", "command");
+    begin([commands](Session& session) {
+        for (CaseRow row : commands) {
+            const std::string line = row.Word();
+            session.answer(line, "550-no\r\n550 way\r\n");
+            session.answer(line, "250 ok\r\n");
         }
     });
-    for (const Case& one : cases) {
-        EXPECT_FALSE(one.run(client)) << one.line;
-        EXPECT_EQ(error(), one.error);
+    for (CaseRow& row : commands) {
+        const auto run = runs.at(row.Word());
+        const std::string failure = row.Word();
+        EXPECT_FALSE(run(client)) << row.Line();
+        EXPECT_EQ(error(), failure);
         EXPECT_EQ(lastMessage(), "550 way");
-        EXPECT_TRUE(logged(std::string("1 ") + one.error));
+        EXPECT_TRUE(logged("1 " + failure));
         CException* e = client.GetException();
-        EXPECT_STREQ(GetExceptionMsg(e), (std::string(one.error) + "\n550 way").c_str());
+        EXPECT_STREQ(GetExceptionMsg(e), (failure + "\n550 way").c_str());
         e->Delete();
-        EXPECT_TRUE(one.run(client)) << one.line;
-        EXPECT_EQ(error(), one.error); // stays until the next failure
+        EXPECT_TRUE(run(client)) << row.Line();
+        EXPECT_EQ(error(), failure); // stays until the next failure
     }
 }
 
-TEST_F(Ftp, ModesAndTheirTransitions)
+TEST_F(Ftp, ModesChangeUntilTheFastOneAndNeverBack)
 {
     begin([](Session& session) { session.answer("SITE FAST=4", "200 fast\r\n"); });
     EXPECT_TRUE(client.SetConnectionMode(ftpModePassive));
@@ -200,7 +187,7 @@ TEST_F(Ftp, TheReplyToSiteIdleIsTakenForTheNextCommandsOwn)
     EXPECT_TRUE(client.ChangeDirectory("x")); // with the reply to NOOP
 }
 
-TEST_F(Ftp, ListingsInPassiveMode)
+TEST_F(Ftp, PassiveListingsComeAsLines)
 {
     begin([](Session& session) {
         session.passive("A");
@@ -228,7 +215,7 @@ TEST_F(Ftp, ListingsInPassiveMode)
     EXPECT_EQ(lastMessage(), "426 cut");
 }
 
-TEST_F(Ftp, FilesInPassiveMode)
+TEST_F(Ftp, PassiveFilesComeAndGoByteForByte)
 {
     begin([](Session& session) {
         session.passive("I");
@@ -261,45 +248,41 @@ TEST_F(Ftp, FilesInPassiveMode)
     EXPECT_EQ(lastMessage(), "504 never");
 }
 
-TEST_F(Ftp, RepliesToPasv)
+TEST_F(Ftp, AReplyToPasvLeadsToItsAddressOrFails)
 {
     const loopback::DeafPort gone;
     std::vector<loopback::Listener> listeners(2); // a port whose halves differ
     const bool isEven = listeners[0].port() / 256 == listeners[0].port() % 256;
     const loopback::Listener& data = listeners[isEven];
-    const std::string high = std::to_string(data.port() / 256), low = std::to_string(data.port() % 256);
-    struct Case {
-        std::string reply, error;
+    const auto halves = [](int port) {
+        return std::to_string(port / 256) + "," + std::to_string(port % 256);
     };
-    const Case cases[] = {
-        {"227 (127,0,0,1," + high + "," + low, ""},
-        {"227 ( 127, 0,0,+1 ," + high + "," + low + "x)(9)", ""},
-        {"227-", "cut"},
-        {"228 (127,0,0,1," + high + "," + low + ")", "[FTP] PASV command failed."},
-        {"500 no", "[FTP] PASV command failed."},
-        {Session::passiveReply(gone.port()).substr(0, 40), "[FTP] Connect to PASV socket failed."},
-        {"227 nonsense", "[FTP] Connect to PASV socket failed."},
-        {"227 (127,0,0,1," + high + ")", "[FTP] Connect to PASV socket failed."},
-        {"227 (,,,,,)", "[FTP] Connect to PASV socket failed."},
-        {"227 (127,0,0,1,99999999999999999999,-1)", "[FTP] Connect to PASV socket failed."},
+    const std::pair<const char*, std::string> signs[] = {{"{port}", halves(data.port())},
+                                                         {"{high}", std::to_string(data.port() / 256)},
+                                                         {"{gone}", halves(gone.port())}};
+    const auto replyOf = [&](std::string reply) {
+        for (const auto& [sign, text] : signs)
+            if (const auto at = reply.find(sign); at != reply.npos)
+                reply.replace(at, std::strlen(sign), text);
+        return reply + "\r\n";
     };
+    const auto cases = CaseRows(TEST_DATA "/ftp_replies.tsv", "pasv");
     begin([&](Session& session) {
-        for (const auto& [reply, failure] : cases) {
+        for (CaseRow row : cases) {
             session.answer("TYPE A", "200 ok\r\n");
-            std::string line = reply.substr(0, reply.find("\r\n")) + "\r\n";
-            if (failure == "cut") line += "502 other\r\n";
-            session.answer("PASV", line);
-            if (!failure.empty()) continue;
+            session.answer("PASV", replyOf(row.Bytes()));
+            if (!row.Word().empty()) continue;
             const loopback::End connection = data.accept();
             session.answer("LIST", "150 here\r\n226 done\r\n");
         }
     });
     CStringArray lines;
-    for (const auto& [reply, failure] : cases) {
-        EXPECT_EQ(client.GetRawDirectoryListing(lines), failure.empty()) << reply;
-        const std::string told = failure == "cut" ? "[FTP] PASV command failed." : failure;
+    for (CaseRow row : cases) {
+        row.Word();
+        const std::string failure = row.Word();
+        EXPECT_EQ(client.GetRawDirectoryListing(lines), failure.empty()) << row.Line();
         if (!failure.empty()) {
-            EXPECT_EQ(error(), told) << reply;
+            EXPECT_EQ(error(), failure) << row.Line();
         }
     }
     EXPECT_TRUE(
@@ -325,7 +308,7 @@ TEST_F(Ftp, DataMayBeKeptToTheControlHost)
     EXPECT_EQ(texts(lines), Texts{"name"});
 }
 
-TEST_F(Ftp, AvidFastMode)
+TEST_F(Ftp, FastModeSendsDataOnTheControlConnection)
 {
     begin([](Session& session) {
         session.answer("SITE FAST=4", "200 fast\r\n");
@@ -590,20 +573,14 @@ TEST_F(Ftp, AStreamThatFailsEndsTheTransferWithTheServerToo)
         session.answer("RETR b", "150 here\r\nbytes");
         session.awaitEnd();
     });
-    const auto isThrown = [&](const char* name) {
+    const auto outcome = [&](const char* name) {
         Full full;
-        try {
-            client.GetFileToStream(name, full);
-            return false;
-        } catch (CException* e) {
-            e->Delete();
-            return true;
-        }
+        return Thrown([&] { client.GetFileToStream(name, full); });
     };
-    EXPECT_TRUE(isThrown("a"));
+    EXPECT_NE(outcome("a"), "nothing");
     EXPECT_TRUE(client.NoOp());
     ASSERT_TRUE(client.SetConnectionMode(ftpModeAvidFast));
-    EXPECT_TRUE(isThrown("b"));
+    EXPECT_NE(outcome("b"), "nothing");
     EXPECT_FALSE(client.NoOp());
 }
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "tests/net/Loopback.h"
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -99,7 +99,7 @@ private:
     std::thread m_thread;
 };
 
-// pyftpdlib, which tells its port on its output.
+// pyftpdlib, which writes its port to its output.
 class Pyftpd : public FtpServer {
 public:
     Pyftpd()

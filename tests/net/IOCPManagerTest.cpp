@@ -1,7 +1,7 @@
 #include "corekit/net/IOCPManager.h"
 
 #include "corekit/platform/Threads.h"
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <atomic>
 #include <gtest/gtest.h>
@@ -11,32 +11,32 @@
 
 namespace {
 
-// A record that remembers how it was told.
-struct Told : CompletionRecord {
-    Told()
+// A record that remembers how it was reported.
+struct Reported : CompletionRecord {
+    Reported()
     {
         OnComplete = [](CompletionRecord* record, DWORD moved) { Tell(record, "complete", moved); };
         OnError = [](CompletionRecord* record, DWORD error) { Tell(record, "error", error); };
     }
-    ~Told() { CloseHandle(m_told); }
+    ~Reported() { CloseHandle(m_isReported); }
     std::string Wait()
     {
-        if (WaitForSingleObject(m_told, 20000) != WAIT_OBJECT_0) return "never";
+        if (WaitForSingleObject(m_isReported, 20000) != WAIT_OBJECT_0) return "never";
         return how + " " + std::to_string(value);
     }
     static void Tell(CompletionRecord* record, const char* how, DWORD value)
     {
-        Told& told = *static_cast<Told*>(record);
-        told.how = how;
-        told.value = value;
-        SetEvent(told.m_told);
+        Reported& reported = *static_cast<Reported*>(record);
+        reported.how = how;
+        reported.value = value;
+        SetEvent(reported.m_isReported);
     }
 
     std::string how;
     DWORD value = 0;
 
 private:
-    const HANDLE m_told = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+    const HANDLE m_isReported = CreateEventA(nullptr, FALSE, FALSE, nullptr);
 };
 
 // Counts the threads that are inside at the same time.
@@ -76,7 +76,7 @@ void ExpectThreads(CIOCPManager& manager, std::size_t wanted)
     EXPECT_EQ(all.threads.size(), wanted);
 }
 
-TEST(IOCPManager, ShutdownWithoutAndAfterInitialise)
+TEST(IOCPManager, ShutdownClosesThePortAndMayComeAtAnyTime)
 {
     CIOCPManager manager;
     manager.Shutdown();
@@ -113,7 +113,7 @@ TEST(IOCPManager, KeyZeroEndsOneThread)
     ExpectThreads(manager, 2);
 }
 
-TEST(IOCPManager, TellsPostedCompletionsAndFileTransfers)
+TEST(IOCPManager, ReportsPostedCompletionsAndFileTransfers)
 {
     const TempFolder folder;
     const HANDLE file = CreateFileA((folder / "f").c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
@@ -122,7 +122,7 @@ TEST(IOCPManager, TellsPostedCompletionsAndFileTransfers)
     manager.Initialise(2, 0);
     manager.AssociateHandle(file);
     manager.AssociateHandle(nullptr); // not examined
-    Told posted, write, read, behind;
+    Reported posted, write, read, behind;
     PostQueuedCompletionStatus(manager.GetPort(), 123, 1, &posted);
     EXPECT_EQ(posted.Wait(), "complete 123");
     char bytes[16] = {};
@@ -138,17 +138,17 @@ TEST(IOCPManager, TellsPostedCompletionsAndFileTransfers)
     CloseHandle(file);
 }
 
-TEST(IOCPManager, EverythingQueuedBeforeShutdownIsTold)
+TEST(IOCPManager, EverythingQueuedBeforeShutdownIsReported)
 {
-    static std::atomic<int> told;
-    told = 0;
+    static std::atomic<int> reported;
+    reported = 0;
     CIOCPManager manager;
     manager.Initialise(4, 0);
     CompletionRecord record;
-    record.OnComplete = [](CompletionRecord*, DWORD) { ++told; };
+    record.OnComplete = [](CompletionRecord*, DWORD) { ++reported; };
     for (int i = 0; i < 5000; ++i) PostQueuedCompletionStatus(manager.GetPort(), 0, 1, &record);
     manager.Shutdown();
-    EXPECT_EQ(told, 5000);
+    EXPECT_EQ(reported, 5000);
 }
 
 } // namespace

@@ -84,9 +84,13 @@ private:
 
 class Listener {
 public:
-    explicit Listener(int backlog = 16) : m_end(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    // Port 0 takes a free one.
+    explicit Listener(int backlog = 16, int port = 0)
+        : m_end(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
     {
-        sockaddr_in where = address();
+        const int again = port != 0;
+        ::setsockopt(m_end.fd(), SOL_SOCKET, SO_REUSEADDR, &again, sizeof again);
+        sockaddr_in where = address(port);
         socklen_t size = sizeof where;
         EXPECT_EQ(::bind(m_end.fd(), reinterpret_cast<sockaddr*>(&where), size), 0);
         EXPECT_EQ(::listen(m_end.fd(), backlog), 0);

@@ -1,4 +1,4 @@
-// An FTP server that says what a test tells it to.
+// An FTP server that says what a test has it say.
 #pragma once
 
 #include "tests/net/Loopback.h"
@@ -47,8 +47,13 @@ public:
         void passive(std::string_view type)
         {
             answer(std::string("TYPE ").append(type), "200 ok\r\n");
+            expect("PASV");
+            offerData();
+        }
+        void offerData()
+        {
             m_data.emplace();
-            answer("PASV", passiveReply(m_data->port()));
+            say(passiveReply(m_data->port()));
         }
         loopback::End data() const { return m_data->accept(); }
         static std::string passiveReply(int port, const std::string& host = "127,0,0,1")

@@ -2,6 +2,7 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "tests/net/Loopback.h"
+#include "tests/support/Thrown.h"
 
 #include <atomic>
 #include <condition_variable>
@@ -71,18 +72,6 @@ protected:
         XSocket client;
         return client.ConnectTCPStream("127.0.0.1", port, 1, 0);
     }
-    // The texts of what `work` throws, outermost first.
-    static std::string thrown(const std::function<void()>& work)
-    {
-        try {
-            work();
-            return "";
-        } catch (CException* e) {
-            const std::string text = GetExceptionMsg(e).GetString();
-            e->Delete();
-            return text;
-        }
-    }
 };
 
 TEST_F(Listening, AcceptedSocketsWaitAgain)
@@ -121,7 +110,7 @@ TEST_F(Listening, TheSixtyFourthSocketIsRefused)
     for (auto& server : servers) server->start();
     Server last;
     EXPECT_EQ(
-        thrown([&] { last.start(); }),
+        Thrown([&] { last.start(); }),
         "[Socket] Unable to register socket for listen-accept handling.\n[Socket] Too many listen sockets "
         "have been registered - ::WaitForMultipleObjects() cannot cope.");
     servers.erase(servers.begin() + 20);
@@ -141,7 +130,7 @@ TEST_F(Listening, RevokingTwiceIsAFailure)
     server.Close();
     EXPECT_FALSE(connects(port));
     EXPECT_EQ(
-        thrown([&] { XSocketApi::RevokeListenSocket(&server); }),
+        Thrown([&] { XSocketApi::RevokeListenSocket(&server); }),
         "[Socket] Error attempting to revoke a socket's listen-accept handling.\n[Socket] Cannot revoke "
         "listen socket handler - it isn't registered.");
 }
@@ -158,9 +147,9 @@ TEST_F(Listening, ADetachedHandleLeavesNoListenerBehind)
     ASSERT_TRUE(connects(server.port()));
     EXPECT_TRUE(server.awaitAccepted(1));
     XSocket taker(server.Detach());
-    EXPECT_EQ(thrown([&] { XSocketApi::RevokeListenSocket(&server); }).substr(0, 77),
+    EXPECT_EQ(Thrown([&] { XSocketApi::RevokeListenSocket(&server); }).substr(0, 77),
               "[Socket] Error attempting to revoke a socket's listen-accept handling.\n[Socke");
-    EXPECT_EQ(thrown([&] { XSocketApi::RevokeListenSocket(&server); }).substr(71),
+    EXPECT_EQ(Thrown([&] { XSocketApi::RevokeListenSocket(&server); }).substr(71),
               "[Socket] Cannot revoke listen socket handler - it isn't registered.");
 }
 
@@ -169,27 +158,27 @@ TEST_F(Listening, ACloseThatThrowsClosesAllTheSame)
     Server server;
     server.start();
     XSocketApi::RevokeListenSocket(&server); // so that the server's own has nothing to take back
-    EXPECT_NE(thrown([&] { server.Close(); }), "");
+    EXPECT_NE(Thrown([&] { server.Close(); }), "nothing");
     EXPECT_FALSE(server.IsOpen());
     EXPECT_TRUE(server.Create(AF_INET, SOCK_STREAM, IPPROTO_TCP, 1, 0));
     server.start();
     EXPECT_TRUE(connects(server.port()));
 }
 
-TEST_F(Listening, AnAddressInUseIsToldAndFreeAgainAtOnce)
+TEST_F(Listening, AnAddressInUseIsReportedAndFreeAgainAtOnce)
 {
     auto first = std::make_unique<Server>();
     first->start();
     sockaddr_in taken = loopback::address(first->port());
     Server second;
-    EXPECT_EQ(thrown([&] { second.BindAndListen(reinterpret_cast<sockaddr*>(&taken), 5); }).substr(0, 27),
+    EXPECT_EQ(Thrown([&] { second.BindAndListen(reinterpret_cast<sockaddr*>(&taken), 5); }).substr(0, 27),
               "[Socket] bind() call failed");
     XSocket client; // the server closes first: its end stays in the system for a while
     ASSERT_TRUE(client.ConnectTCPStream("127.0.0.1", first->port(), 1, 0));
     ASSERT_TRUE(first->awaitAccepted(1));
     first.reset();
     Server third;
-    EXPECT_EQ(thrown([&] { third.BindAndListen(reinterpret_cast<sockaddr*>(&taken), 5); }), "");
+    EXPECT_EQ(Thrown([&] { third.BindAndListen(reinterpret_cast<sockaddr*>(&taken), 5); }), "nothing");
 }
 
 TEST_F(Listening, OnAcceptMayCloseAndOpenListenSockets)

@@ -4,6 +4,7 @@
 #include "corekit/net/XServiceQuery.h"
 #include "corekit/platform/Errors.h"
 #include "tests/net/Loopback.h"
+#include "tests/support/CaseRows.h"
 
 #include <chrono>
 #include <csignal>
@@ -193,7 +194,7 @@ TEST_F(Connected, ClosingEndsACallThatWaits)
     EXPECT_EQ(GetLastError(), WSAENOTSOCK);
 }
 
-TEST_F(Connected, AddressesAsText)
+TEST_F(Connected, AddressesAreReadableAsText)
 {
     EXPECT_STREQ(client.GetRemoteAddressAsString(), ("127.0.0.1:" + std::to_string(listener.port())).c_str());
     sockaddr_in own{};
@@ -223,7 +224,7 @@ TEST_F(Connected, ASocketMovesToAnotherObject)
     EXPECT_EQ(peer.receive(1), "");
 }
 
-TEST_F(Connected, NetworkEventsAreToldOnceUntilAnswered)
+TEST_F(Connected, NetworkEventsAreReportedOnceUntilAnswered)
 {
     const HANDLE event = WSACreateEvent();
     client.WSAEventSelect(event, FD_READ | FD_CLOSE);
@@ -295,23 +296,19 @@ TEST_F(Sockets, HostsAreLookedUpByClass)
         query.StartQuery("localhost", &SVCID_HOSTNAME, NS_ALL, nullptr, nullptr, &ipx, LUP_RETURN_ADDR));
 }
 
-TEST_F(Sockets, AddressTextsThatAreNone)
+TEST_F(Sockets, TextsThatAreNoAddressAreRefused)
 {
-    for (const char* text :
-         {"", "1.2.3", "1.2.3.4.5", "1.2.3.256", "1.2.3.4:", "1.2.3.4:65536", "1.2.3.4:x", "a"}) {
-        sockaddr_in address;
+    const auto parsed = [](std::string text, sockaddr_in& address) {
         int length = sizeof address;
-        EXPECT_EQ(XSocketApi::WSAStringToAddressA(const_cast<char*>(text), AF_INET, nullptr,
-                                                  reinterpret_cast<sockaddr*>(&address), &length),
-                  SOCKET_ERROR)
-            << text;
-    }
+        return XSocketApi::WSAStringToAddressA(text.data(), AF_INET, nullptr,
+                                               reinterpret_cast<sockaddr*>(&address), &length);
+    };
     sockaddr_in address;
-    int length = sizeof address;
+    EXPECT_EQ(parsed("", address), SOCKET_ERROR);
+    for (CaseRow row : CaseRows(TEST_DATA "/addresses.tsv"))
+        EXPECT_EQ(parsed(row.Word(), address), SOCKET_ERROR) << row.Line();
     char text[32] = "10.20.30.40:8080";
-    ASSERT_EQ(XSocketApi::WSAStringToAddressA(text, AF_INET, nullptr, reinterpret_cast<sockaddr*>(&address),
-                                              &length),
-              0);
+    ASSERT_EQ(parsed(text, address), 0);
     DWORD size = 10;
     EXPECT_EQ(
         XSocketApi::WSAAddressToStringA(reinterpret_cast<sockaddr*>(&address), 16, nullptr, text, &size),

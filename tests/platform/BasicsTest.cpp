@@ -3,7 +3,7 @@
 #include "corekit/platform/Interlocked.h"
 #include "corekit/platform/Threads.h"
 
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <algorithm>
 #include <cctype>

@@ -113,7 +113,7 @@ TEST(CodePages, EveryPageListedConvertsAndNoOther)
     EXPECT_FALSE(EnumSystemCodePagesA(nullptr, CP_INSTALLED));
 }
 
-TEST(CodePages, LeadBytesAreToldAsRanges)
+TEST(CodePages, LeadBytesAreListedAsRanges)
 {
     CPINFO info;
     ASSERT_TRUE(GetCPInfo(932, &info));

@@ -1,6 +1,6 @@
 #include "corekit/platform/CompletionPort.h"
 #include "corekit/platform/Threads.h"
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <algorithm>
 #include <atomic>

@@ -3,6 +3,7 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
 #include "corekit/platform/SystemInfo.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -13,17 +14,23 @@
 
 namespace {
 
-HANDLE Open(const std::string& name, DWORD access)
-{
-    return CreateFileA(name.c_str(), access, 7, nullptr, OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-}
+class FileMapping : public testing::Test {
+protected:
+    HANDLE Open() const
+    {
+        return CreateFileA(name.c_str(), GENERIC_READ | GENERIC_WRITE, 7, nullptr, OPEN_ALWAYS,
+                           FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    }
+
+    TempFolder folder;
+    const std::string name = folder / "mapped";
+};
 
 } // namespace
 
-TEST(FileMapping, ViewLosesTheFileOrMissesWhatIsWritten)
+TEST_F(FileMapping, AViewOutlivesItsHandlesAndSharesWhatIsWritten)
 {
-    const std::string name = testing::TempDir() + "mapping-test";
-    const HANDLE file = Open(name, GENERIC_READ | GENERIC_WRITE);
+    const HANDLE file = Open();
     const HANDLE mapping = CreateFileMappingA(file, nullptr, PAGE_READWRITE, 0, 70000, nullptr);
     ASSERT_NE(mapping, nullptr);
     EXPECT_EQ(GetFileSize(file, nullptr), 70000u);
@@ -51,10 +58,9 @@ TEST(FileMapping, ViewLosesTheFileOrMissesWhatIsWritten)
     EXPECT_EQ(GetLastError(), ERROR_INVALID_ADDRESS);
 }
 
-TEST(FileMapping, WhatCannotBeMappedIsMapped)
+TEST_F(FileMapping, WhatCannotBeMappedIsRefused)
 {
-    const std::string name = testing::TempDir() + "mapping-refused";
-    const HANDLE file = Open(name, GENERIC_READ | GENERIC_WRITE);
+    const HANDLE file = Open();
     const auto refusedAs = [](HANDLE handle, DWORD protection, DWORD size) {
         SetLastError(0);
         EXPECT_EQ(CreateFileMappingA(handle, nullptr, protection, 0, size, nullptr), nullptr);
@@ -76,10 +82,9 @@ TEST(FileMapping, WhatCannotBeMappedIsMapped)
     CloseHandle(file);
 }
 
-TEST(FileMapping, WhatAViewShowsIsNotCutOff)
+TEST_F(FileMapping, WhatAViewShowsIsNotCutOff)
 {
-    const std::string name = testing::TempDir() + "mapping-cut";
-    const HANDLE file = Open(name, GENERIC_READ | GENERIC_WRITE);
+    const HANDLE file = Open();
     const HANDLE mapping = CreateFileMappingA(file, nullptr, PAGE_READWRITE, 0, 70000, nullptr);
     const void* const view = MapViewOfFile(mapping, FILE_MAP_READ, 0, 0, 10000);
     CloseHandle(mapping);
@@ -100,10 +105,9 @@ TEST(FileMapping, WhatAViewShowsIsNotCutOff)
     CloseHandle(file);
 }
 
-TEST(FileMapping, HolesHaveTheirRoomBeforeSomebodyWritesIntoThem)
+TEST_F(FileMapping, HolesHaveTheirRoomBeforeSomebodyWritesIntoThem)
 {
-    const std::string name = testing::TempDir() + "mapping-holes";
-    const HANDLE file = Open(name, GENERIC_READ | GENERIC_WRITE);
+    const HANDLE file = Open();
     ASSERT_EQ(::truncate(name.c_str(), 1 << 20), 0);
     struct stat facts;
     const auto room = [&] { return ::stat(name.c_str(), &facts) == 0 ? facts.st_blocks * 512 : -1; };
@@ -116,9 +120,9 @@ TEST(FileMapping, HolesHaveTheirRoomBeforeSomebodyWritesIntoThem)
     for (const HANDLE handle : {reading, writing, file}) CloseHandle(handle);
 }
 
-TEST(FileMapping, AViewGrowsWithItsFile)
+TEST_F(FileMapping, AViewGrowsWithItsFile)
 {
-    const HANDLE file = Open(testing::TempDir() + "mapping-growth", GENERIC_READ | GENERIC_WRITE);
+    const HANDLE file = Open();
     constexpr DWORD first = 5000, step = 300'000;
     HANDLE mapping = CreateFileMappingA(file, nullptr, PAGE_READWRITE, 0, first, nullptr);
     void* view = MapViewOfFile(mapping, FILE_MAP_WRITE, 0, 0, 0);
@@ -139,11 +143,11 @@ TEST(FileMapping, AViewGrowsWithItsFile)
     CloseHandle(file);
 }
 
-TEST(FileMapping, OffsetsGoByTheGranularityOfTheSystem)
+TEST_F(FileMapping, OffsetsGoByTheGranularityOfTheSystem)
 {
     SYSTEM_INFO system;
     GetSystemInfo(&system);
-    const HANDLE file = Open(testing::TempDir() + "mapping-grain", GENERIC_READ | GENERIC_WRITE);
+    const HANDLE file = Open();
     const HANDLE mapping =
         CreateFileMappingA(file, nullptr, PAGE_READWRITE, 0, 3 * system.dwAllocationGranularity, nullptr);
     const void* const view = MapViewOfFile(mapping, FILE_MAP_READ, 0, system.dwAllocationGranularity, 1);

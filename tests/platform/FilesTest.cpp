@@ -1,12 +1,15 @@
 #include "corekit/platform/Files.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Waits.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/TempFolder.h"
 
 #include <array>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <map>
 #include <string>
 #include <sys/wait.h>
 #include <thread>
@@ -20,19 +23,12 @@ constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
 
 class Files : public ::testing::Test {
 protected:
-    void SetUp() override
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "corekit-files-XXXXXX").string();
-        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-        folder = pattern;
-    }
     void TearDown() override
     {
         for (const HANDLE handle : open) CloseHandle(handle);
-        std::filesystem::remove_all(folder);
     }
 
-    std::string path(const char* name) const { return (folder / name).string(); }
+    std::string path(const char* name) const { return folder / name; }
     HANDLE create(const char* name, DWORD access, DWORD share, DWORD disposition, DWORD flags = 0)
     {
         const HANDLE handle =
@@ -44,7 +40,7 @@ protected:
     void put(const char* name, std::string_view text) { std::ofstream(path(name)) << text; }
     std::uintmax_t sizeOf(const char* name) const { return std::filesystem::file_size(path(name)); }
 
-    std::filesystem::path folder;
+    TempFolder folder;
     std::vector<HANDLE> open;
 };
 
@@ -66,59 +62,44 @@ std::string read(HANDLE file, DWORD count)
 
 TEST_F(Files, EachDispositionMakesKeepsOrEmpties)
 {
-    struct {
-        DWORD disposition;
-        bool exists;
-        DWORD error; // 0: opens
-        DWORD after; // last error after success
-        std::uintmax_t size;
-    } const cases[] = {
-        {CREATE_NEW, false, 0, 1, 0},
-        {CREATE_NEW, true, ERROR_FILE_EXISTS, 0, 3},
-        {CREATE_ALWAYS, false, 0, 0, 0},
-        {CREATE_ALWAYS, true, 0, ERROR_ALREADY_EXISTS, 0},
-        {OPEN_EXISTING, false, ERROR_FILE_NOT_FOUND, 0, 0},
-        {OPEN_EXISTING, true, 0, 1, 3},
-        {OPEN_ALWAYS, false, 0, 0, 0},
-        {OPEN_ALWAYS, true, 0, ERROR_ALREADY_EXISTS, 3},
-        {TRUNCATE_EXISTING, false, ERROR_FILE_NOT_FOUND, 0, 0},
-        {TRUNCATE_EXISTING, true, 0, 1, 0},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::to_string(c.disposition) + (c.exists ? " exists" : " missing"));
-        const std::string name = std::to_string(&c - cases);
-        if (c.exists) put(name.c_str(), "abc");
+    const std::map<std::string, DWORD> dispositions = {{"create new", CREATE_NEW},
+                                                       {"create always", CREATE_ALWAYS},
+                                                       {"open existing", OPEN_EXISTING},
+                                                       {"open always", OPEN_ALWAYS},
+                                                       {"truncate existing", TRUNCATE_EXISTING}};
+    for (CaseRow row : CaseRows(TEST_DATA "/files.tsv", "disposition")) {
+        SCOPED_TRACE(row.Line());
+        const DWORD disposition = dispositions.at(row.Word());
+        const bool exists = row.Number() != 0;
+        const auto error = row.Number<DWORD>(), after = row.Number<DWORD>();
+        std::filesystem::remove(path("f"));
+        if (exists) put("f", "abc");
         SetLastError(1);
-        const HANDLE file = create(name.c_str(), GENERIC_WRITE, shareAll, c.disposition);
-        EXPECT_EQ(file == INVALID_HANDLE_VALUE, c.error != 0);
-        EXPECT_EQ(GetLastError(), c.error != 0 ? c.error : c.after);
-        if (c.error == 0 || c.exists) {
-            EXPECT_EQ(sizeOf(name.c_str()), c.size);
+        const HANDLE file = create("f", GENERIC_WRITE, shareAll, disposition);
+        EXPECT_EQ(file == INVALID_HANDLE_VALUE, error != 0);
+        EXPECT_EQ(GetLastError(), error != 0 ? error : after);
+        if (error == 0 || exists) {
+            EXPECT_EQ(sizeOf("f"), row.Number<std::uintmax_t>());
         }
     }
 }
 
-TEST_F(Files, NamesThatCannotBeOpenedTellWhy)
+TEST_F(Files, NamesThatCannotBeOpenedSayWhy)
 {
     std::filesystem::create_directory(folder / "sub");
     put("sub/file", "x");
-    struct {
-        std::string name;
-        DWORD access, error;
-    } const cases[] = {
-        {"", GENERIC_READ, ERROR_PATH_NOT_FOUND},
-        {path("missing"), GENERIC_READ, ERROR_FILE_NOT_FOUND},
-        {path("no\\such\\file"), GENERIC_READ, ERROR_PATH_NOT_FOUND},
-        {path("sub/file/x"), GENERIC_READ, ERROR_PATH_NOT_FOUND},
-        {path("sub"), GENERIC_READ, ERROR_ACCESS_DENIED},
-        {path("sub"), readWrite, ERROR_ACCESS_DENIED},
-        {path("sub"), 0, ERROR_ACCESS_DENIED},
-        {path(std::string(300, 'n').c_str()), GENERIC_READ, ERROR_FILENAME_EXCED_RANGE},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(CreateFileA(c.name.c_str(), c.access, 0, nullptr, OPEN_EXISTING, 0, nullptr),
+    const auto errorOf = [](const std::string& name, DWORD access) {
+        SetLastError(0);
+        EXPECT_EQ(CreateFileA(name.c_str(), access, 0, nullptr, OPEN_EXISTING, 0, nullptr),
                   INVALID_HANDLE_VALUE);
-        EXPECT_EQ(GetLastError(), c.error) << c.name;
+        return GetLastError();
+    };
+    const std::map<std::string, DWORD> access = {{"-", 0}, {"r", GENERIC_READ}, {"rw", readWrite}};
+    EXPECT_EQ(errorOf("", GENERIC_READ), ERROR_PATH_NOT_FOUND);
+    for (CaseRow row : CaseRows(TEST_DATA "/files.tsv", "name")) {
+        const std::string name = path(row.Bytes().c_str());
+        const DWORD error = errorOf(name, access.at(row.Word()));
+        EXPECT_EQ(error, row.Number<DWORD>()) << row.Line();
     }
     EXPECT_EQ(create("x", GENERIC_READ, 0, 6), INVALID_HANDLE_VALUE);
     EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
@@ -128,27 +109,21 @@ TEST_F(Files, NamesThatCannotBeOpenedTellWhy)
 
 TEST_F(Files, ShareModesHoldWithinTheProcess)
 {
-    struct {
-        DWORD access, share, nextAccess, nextShare;
-        bool opens;
-    } const cases[] = {
-        {GENERIC_READ, FILE_SHARE_READ, GENERIC_READ, FILE_SHARE_READ, true},
-        {GENERIC_READ, FILE_SHARE_READ, GENERIC_WRITE, shareAll, false},
-        {GENERIC_READ, shareAll, GENERIC_WRITE, FILE_SHARE_WRITE, false}, // does not share what is held
-        {GENERIC_WRITE, FILE_SHARE_READ, GENERIC_READ, shareAll, true},
-        {GENERIC_WRITE, FILE_SHARE_READ, GENERIC_READ, FILE_SHARE_READ, false},
-        {readWrite, 0, GENERIC_READ, shareAll, false},
-        {readWrite, 0, 0, 0, true}, // asks for nothing
-        {readWrite, shareAll, readWrite, shareAll, true},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(&c - cases);
-        const HANDLE first = create("f", c.access, c.share, OPEN_ALWAYS);
+    const std::map<std::string, DWORD> access = {
+        {"-", 0}, {"r", GENERIC_READ}, {"w", GENERIC_WRITE}, {"rw", readWrite}};
+    const std::map<std::string, DWORD> share = {
+        {"-", 0}, {"r", FILE_SHARE_READ}, {"w", FILE_SHARE_WRITE}, {"rw", shareAll}};
+    for (CaseRow row : CaseRows(TEST_DATA "/files.tsv", "share")) {
+        SCOPED_TRACE(row.Line());
+        const DWORD firstAccess = access.at(row.Word());
+        const HANDLE first = create("f", firstAccess, share.at(row.Word()), OPEN_ALWAYS);
         std::filesystem::create_hard_link(folder / "f", folder / "g"); // the same file by another name
+        const DWORD nextAccess = access.at(row.Word());
         SetLastError(0);
-        const HANDLE second = create("g", c.nextAccess, c.nextShare, OPEN_EXISTING);
-        EXPECT_EQ(second != INVALID_HANDLE_VALUE, c.opens);
-        EXPECT_EQ(GetLastError(), c.opens ? NO_ERROR : ERROR_SHARING_VIOLATION);
+        const HANDLE second = create("g", nextAccess, share.at(row.Word()), OPEN_EXISTING);
+        const bool opens = row.Number() != 0;
+        EXPECT_EQ(second != INVALID_HANDLE_VALUE, opens);
+        EXPECT_EQ(GetLastError(), opens ? NO_ERROR : ERROR_SHARING_VIOLATION);
         CloseHandle(first);
         CloseHandle(second);
         open.clear();
@@ -167,7 +142,7 @@ TEST_F(Files, RefusedOpeningLeavesTheContent)
     EXPECT_EQ(sizeOf("f"), 3u);
 }
 
-// What another process is told when it opens the file: its last error, 0 when it gets it.
+// What another process gets when it opens the file: its last error, 0 when it gets it.
 DWORD errorInChild(const std::string& name, DWORD access, DWORD share)
 {
     const pid_t child = ::fork();
@@ -196,7 +171,7 @@ TEST_F(Files, UnsharedFileKeepsOtherProcessesOut)
     EXPECT_EQ(errorInChild(name, GENERIC_READ, 0), ERROR_SHARING_VIOLATION);
 }
 
-TEST_F(Files, TransfersMeetAtPageBoundariesAndTheEnd)
+TEST_F(Files, TransfersAreWholeAtPageBoundariesAndTheEnd)
 {
     const HANDLE file = newFile("f");
     std::string text(65536 + 10, '\0');
@@ -219,7 +194,7 @@ TEST_F(Files, TransfersMeetAtPageBoundariesAndTheEnd)
     EXPECT_EQ(GetFileType(file), FILE_TYPE_DISK);
 }
 
-TEST_F(Files, PositionsBeyondTwoAndFourGigabytes)
+TEST_F(Files, PositionsGoBeyondTwoAndFourGigabytes)
 {
     const HANDLE file = newFile("big");
     EXPECT_EQ(SetFilePointer(file, static_cast<LONG>(0xFFFFFFF0u), nullptr, FILE_BEGIN), 0xFFFFFFF0u);
@@ -308,7 +283,7 @@ TEST_F(Files, DeletionMindsWhoHasTheFileOpen)
     EXPECT_TRUE(DeleteFileA(path("f").c_str()));
     EXPECT_FALSE(DeleteFileA(path("f").c_str()));
     EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
-    EXPECT_FALSE(DeleteFileA(folder.c_str()));
+    EXPECT_FALSE(DeleteFileA(folder.Path().c_str()));
     EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
     const HANDLE brief = create("t", readWrite, 0, CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE);
     EXPECT_TRUE(std::filesystem::exists(folder / "t"));

@@ -47,7 +47,7 @@ TEST(GlobalMemory, FixedBlockIsItsOwnAddress)
     EXPECT_EQ(GlobalFree(block), nullptr);
 }
 
-TEST(GlobalMemory, WhatIsNoBlockIsTold)
+TEST(GlobalMemory, WhatIsNoBlockIsRefused)
 {
     int local;
     for (const HGLOBAL wrong : {HGLOBAL{}, static_cast<HGLOBAL>(&local)}) {

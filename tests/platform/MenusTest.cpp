@@ -62,7 +62,7 @@ TEST_F(SomeMenus, ItemsGoInByPlaceAndByCommand)
     EXPECT_EQ(GetLastError(), ERROR_MENU_ITEM_NOT_FOUND);
 }
 
-TEST_F(SomeMenus, TellsAndChangesState)
+TEST_F(SomeMenus, StatesAreReadAndChanged)
 {
     EXPECT_EQ(GetMenuState(bar, 3, MF_BYCOMMAND), MF_CHECKED);
     EXPECT_EQ(GetMenuState(bar, 4, MF_BYCOMMAND), MF_GRAYED);

@@ -117,7 +117,7 @@ TEST_F(PortSockets, WriteIsDoneWhenAllIsOnItsWay)
     EXPECT_EQ(Take(write), std::to_string(data.size()));
 }
 
-TEST_F(PortSockets, ResetAndClosingAreTold)
+TEST_F(PortSockets, ResetAndClosingAreReported)
 {
     Associate();
     OVERLAPPED read;
@@ -141,7 +141,7 @@ TEST_F(PortSockets, ClosingTheSocketEndsItsTransfers)
     EXPECT_EQ(sockets::recv(m_peer, m_bytes, 1, 0), 0); // and the connection
 }
 
-TEST_F(PortSockets, WithoutAPortTheEventTells)
+TEST_F(PortSockets, WithoutAPortTheEventIsSet)
 {
     OVERLAPPED read;
     read.hEvent = CreateEventA(nullptr, TRUE, TRUE, nullptr);
@@ -152,7 +152,7 @@ TEST_F(PortSockets, WithoutAPortTheEventTells)
     EXPECT_TRUE(GetOverlappedResult(asHandle(m_socket), &read, &moved, TRUE));
     EXPECT_EQ(moved, 3u);
     Read(read, 10);
-    Associate(); // what began before is not told there
+    Associate(); // what began before is not reported there
     sockets::send(m_peer, "de", 2, 0);
     EXPECT_TRUE(GetOverlappedResult(asHandle(m_socket), &read, &moved, TRUE));
     EXPECT_EQ(Take(read, 0), "nothing");

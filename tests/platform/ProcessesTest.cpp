@@ -8,7 +8,7 @@
 #include "corekit/platform/Sockets.h"
 #include "corekit/platform/Waits.h"
 #include "tests/support/Forked.h"
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <csignal>
 #include <fcntl.h>

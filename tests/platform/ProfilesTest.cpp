@@ -1,7 +1,8 @@
 #include "corekit/platform/Profiles.h"
 
 #include "corekit/platform/Errors.h"
-#include "tests/TempFolder.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 #define SI_NO_CONVERSION
@@ -53,16 +54,10 @@ protected:
 TEST_F(Profiles, ValuesAreFoundWithoutBlanksCaseAndQuotationMarks)
 {
     WriteWhole(m_file, personsFile);
-    const struct {
-        const char *section, *key, *value;
-    } rows[] = {{"display", "WIDTH", "1920   ; not a remark"},
-                {"Display", "Title", " quoted "},
-                {"Display", "Empty", ""},
-                {"Sound", "Level", "3"},
-                {"Display", "Level", "none"},
-                {"Display", "this line says nothing", "none"},
-                {"", "Width", "none"}};
-    for (const auto& row : rows) EXPECT_EQ(Get(row.section, row.key), row.value) << row.key;
+    for (CaseRow row : CaseRows(TEST_DATA "/profiles.tsv", "value")) {
+        const std::string section = row.Word(), key = row.Word();
+        EXPECT_EQ(Get(section.c_str(), key.c_str()), row.Word()) << row.Line();
+    }
     EXPECT_EQ(Get("Sound", nullptr), std::string("Level\0", 6));
     EXPECT_EQ(Get(nullptr, nullptr), std::string("Display\0Sound\0", 14));
     EXPECT_EQ(Get(nullptr, nullptr, 15), std::string("Display\0Sound\0", 14));
@@ -92,15 +87,16 @@ TEST_F(Profiles, ChangeTouchesItsLineAndNoOtherByte)
 
 TEST_F(Profiles, NamesThatWouldNotBeReadBackAreRefused)
 {
-    const struct {
-        const char *section, *key, *value;
-    } rows[] = {{"a]b", "k", "v"},        {"a\nb", "k", "v"}, {"", "k", "v"},    {"s", "k=", "v"},
-                {"s", ";k", "v"},         {"s", " [k", "v"},  {"s", "k\r", "v"}, {"s", " ", "v"},
-                {"s", "k", "v\n[other]"}, {nullptr, "k", "v"}};
-    for (const auto& row : rows) {
-        EXPECT_FALSE(WritePrivateProfileStringA(row.section, row.key, row.value, m_file.c_str()));
+    const auto expectRefused = [&](const char* section, const std::string& key, const std::string& value) {
+        EXPECT_FALSE(WritePrivateProfileStringA(section, key.c_str(), value.c_str(), m_file.c_str()));
         EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    };
+    for (CaseRow row : CaseRows(TEST_DATA "/profiles.tsv", "refused")) {
+        SCOPED_TRACE(row.Line());
+        const std::string section = row.Bytes(), key = row.Bytes();
+        expectRefused(section.c_str(), key, row.Bytes());
     }
+    expectRefused(nullptr, "k", "v");
     EXPECT_FALSE(std::filesystem::exists(m_file));
     const std::string wide("\xFF\xFE[\0s\0]\0", 8);
     WriteWhole(m_file, wide);

@@ -1,6 +1,6 @@
 #include "corekit/platform/Registry.h"
 
-#include "tests/RegistryHome.h"
+#include "tests/support/RegistryHome.h"
 
 #include <chrono>
 #include <csignal>
@@ -70,12 +70,12 @@ TEST_F(RegistryProcesses, FinishedWriteIsSeenByTheNextReadElsewhere)
     ASSERT_EQ(pipe(toChild), 0);
     ASSERT_EQ(pipe(toParent), 0);
     const pid_t child = Start([&] {
-        DWORD told = 0;
+        DWORD received = 0;
         for (DWORD round = 1; round <= rounds; ++round) {
-            if (read(toChild[0], &told, sizeof told) != sizeof told) return 3;
+            if (read(toChild[0], &received, sizeof received) != sizeof received) return 3;
             for (int repeat = 0; repeat < 3; ++repeat)
-                if (Get(key, "Count") != told) return 1;
-            if (write(toParent[1], &told, sizeof told) != sizeof told) return 4;
+                if (Get(key, "Count") != received) return 1;
+            if (write(toParent[1], &received, sizeof received) != sizeof received) return 4;
         }
         return Set(key, "From child", 1) ? 0 : 2;
     });
@@ -113,22 +113,22 @@ TEST_F(RegistryProcesses, KilledWriterLosesNothingThatItHadFinished)
 {
     const HKEY key = Create("Software\\Test");
     for (int round = 0; round < 10; ++round) {
-        int told[2];
-        ASSERT_EQ(pipe(told), 0);
+        int received[2];
+        ASSERT_EQ(pipe(received), 0);
         const pid_t child = Start([&] {
             for (DWORD n = 1;; ++n)
                 if (!Set(key, "a", n) || !Set(key, Named("n", n % 50).c_str(), n) ||
-                    write(told[1], &n, sizeof n) != sizeof n)
+                    write(received[1], &n, sizeof n) != sizeof n)
                     return 1;
         });
-        close(told[1]);
+        close(received[1]);
         DWORD finished = 0;
         for (int i = 0; i < 20 + 7 * round; ++i)
-            if (read(told[0], &finished, sizeof finished) != sizeof finished) break;
+            if (read(received[0], &finished, sizeof finished) != sizeof finished) break;
         kill(child, SIGKILL);
         ResultOf(child);
-        for (DWORD more; read(told[0], &more, sizeof more) == sizeof more;) finished = more;
-        close(told[0]);
+        for (DWORD more; read(received[0], &more, sizeof more) == sizeof more;) finished = more;
+        close(received[0]);
         const DWORD a = Get(key, "a");
         EXPECT_TRUE(a == finished || a == finished + 1) << a << " after " << finished;
         EXPECT_EQ(Get(key, Named("n", finished % 50).c_str()), finished);

@@ -1,6 +1,6 @@
 #include "corekit/platform/Registry.h"
 
-#include "tests/RegistryHome.h"
+#include "tests/support/RegistryHome.h"
 
 #include <string>
 #include <thread>
@@ -75,7 +75,7 @@ TEST_F(RegistryTest, EveryTypeComesBackWithItsBytes)
     }
 }
 
-TEST_F(RegistryTest, ShortBufferIsToldTheSizeAndLeftAlone)
+TEST_F(RegistryTest, AShortBufferGetsTheSizeAndIsLeftAlone)
 {
     ASSERT_EQ(Set(m_key, "", "0123456789"), 0);
     BYTE buffer[4] = {9, 9, 9, 9};
@@ -110,7 +110,7 @@ TEST_F(RegistryTest, NamesIgnoreCaseAndKeepTheirFirstSpelling)
     EXPECT_EQ(EnumName(m_key, 0, false), "zeta");
 }
 
-TEST_F(RegistryTest, WrongCallsHaveTheirPublishedCodes)
+TEST_F(RegistryTest, WrongCallsHaveTheirDocumentedCodes)
 {
     HKEY key = nullptr;
     const auto open = [&](const char* path) { return RegOpenKeyExA(m_key, path, 0, readWrite, &key); };

@@ -3,7 +3,8 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/HarmlessText.h"
 #include "corekit/platform/Profiles.h"
-#include "tests/TempFolder.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/TempFolder.h"
 
 #include <cerrno>
 #include <dlfcn.h>
@@ -117,19 +118,9 @@ TEST(ReplacedFile, RemovesWhatKilledWritersLeftAndNothingElse)
 
 TEST(HarmlessText, ShowsWhatWouldSteerATerminal)
 {
-    const struct {
-        std::string text, shown;
-    } cases[] = {
-        {"plain \tבית", "plain \tבית"},
-        {"\x1B[31mred\x07\x7F", "\\x1B[31mred\\x07\\x7F"},
-        {"C1 \xC2\x9B"
-         "2J, bare \x9B"
-         "2J",
-         "C1 \\u009B2J, bare \\x9B2J"},
-        {"cut \xE2\x82", "cut \\xE2\\x82"},
-        {"\xED\xA0\x80 \xC0\x9B \xF4\x90\x80\x80", "\\xED\\xA0\\x80 \\xC0\\x9B \\xF4\\x90\\x80\\x80"},
-        {"a\r\nb\rc\n", "a\r\nb\\x0Dc\n"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(HarmlessText(c.text, LineEnds::kept), c.shown);
+    for (CaseRow row : CaseRows(TEST_DATA "/harmless_text.tsv")) {
+        const std::string text = row.Bytes();
+        EXPECT_EQ(HarmlessText(text, LineEnds::kept), row.Bytes()) << row.Line();
+    }
     EXPECT_EQ(HarmlessText("x\r\nDELE y", LineEnds::escaped), "x\\x0D\\x0ADELE y");
 }

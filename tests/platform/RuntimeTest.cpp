@@ -1,4 +1,5 @@
 #include "corekit/platform/Runtime.h"
+#include "tests/support/CaseRows.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -110,13 +111,14 @@ TEST(Runtime, NarrowComparisonFoldsAsciiOnly)
 
 TEST(Runtime16, NumbersStopAtTheirLimits)
 {
-    EXPECT_EQ(crt16::_wtoi(u" \t-42x"), -42);
-    EXPECT_EQ(crt16::_wtoi(u"+7"), 7);
-    EXPECT_EQ(crt16::_wtoi(u"x"), 0);
-    EXPECT_EQ(crt16::_wtoi(u"99999999999999999999999"), 2147483647);
-    EXPECT_EQ(crt16::_wtoi(u"-99999999999999999999999"), -2147483647 - 1);
-    EXPECT_TRUE(crt16::iswspace(0xA0) && crt16::iswspace(0x3000) && crt16::iswspace(u'\v'));
-    EXPECT_FALSE(crt16::iswspace(0x200B) || crt16::iswspace(0) || crt16::iswspace(u'a'));
+    for (CaseRow row : CaseRows(TEST_DATA "/runtime.tsv", "number")) {
+        const std::u16string text = row.Units();
+        EXPECT_EQ(crt16::_wtoi(text.c_str()), row.Number()) << row.Line();
+    }
+    for (CaseRow row : CaseRows(TEST_DATA "/runtime.tsv", "blank")) {
+        const WCHAR c = row.Number<WCHAR>();
+        EXPECT_EQ(crt16::iswspace(c) != 0, row.Number() != 0) << row.Line();
+    }
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 #include <ctime>
 #include <string>
 
-TEST(SystemTime, ZoneTellsTheSeasonAndBothBiases)
+TEST(SystemTime, TheZoneHasItsSeasonAndBothBiases)
 {
     const char* before = std::getenv("TZ");
     const std::string old = before ? before : "";
@@ -44,8 +44,8 @@ TEST(SystemTime, IsTheClockInUtc)
     parts.tm_hour = time.wHour;
     parts.tm_min = time.wMinute;
     parts.tm_sec = time.wSecond;
-    const std::time_t told = timegm(&parts);
-    EXPECT_GE(told, before);
-    EXPECT_LE(told, std::time(nullptr));
+    const std::time_t now = timegm(&parts);
+    EXPECT_GE(now, before);
+    EXPECT_LE(now, std::time(nullptr));
     EXPECT_EQ(parts.tm_wday, time.wDayOfWeek);
 }

@@ -212,7 +212,7 @@ TEST(Waits, WrongCallsAreRefused)
     EXPECT_FALSE(ReleaseMutex(event));
 }
 
-TEST(Handles, ValuesThatAreNoHandlesAreTold)
+TEST(Handles, ValuesThatAreNoHandlesAreRefused)
 {
     int local = 0;
     const HANDLE event = autoEvent();
@@ -244,7 +244,7 @@ TEST(Handles, ClosingTheSameHandleFromManyThreadsSucceedsOnce)
     }
 }
 
-TEST(Threads, SuspendedStartRunsAtResumeAndTellsItsCode)
+TEST(Threads, SuspendedStartRunsAtResumeAndReturnsItsCode)
 {
     std::atomic<DWORD> runningAs{0};
     std::function<DWORD()> body = [&]() -> DWORD {

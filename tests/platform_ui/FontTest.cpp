@@ -59,7 +59,7 @@ TEST(Fonts, NegativeHeightIsTheEm)
     EXPECT_FALSE(m.tmPitchAndFamily & 1);
 }
 
-TEST(Fonts, StylesShow)
+TEST(Fonts, EveryStyleShowsInThePicture)
 {
     const auto picture = [](FontStyle style) {
         Canvas c;
@@ -161,7 +161,7 @@ TEST(Fonts, EveryInstalledFaceCanDrawTheRangesOfItsSignature)
     }
 }
 
-TEST(Fonts, EnumerationNamesEveryFaceOnceAndStopsWhenTold)
+TEST(Fonts, EnumerationNamesEveryFaceOnceAndStopsAtZero)
 {
     const HDC dc = CreateCompatibleDC(nullptr);
     std::map<std::string, int> seen;
@@ -179,7 +179,7 @@ TEST(Fonts, EnumerationNamesEveryFaceOnceAndStopsWhenTold)
         const HFONT font = CreateFontA(20, 0, 0, 0, 400, 0, 0, 0, 1, 0, 0, 0, 0, face.c_str());
         const HGDIOBJ before = SelectObject(dc, font);
         GetTextFaceA(dc, sizeof real, real);
-        EXPECT_EQ(std::string(real).substr(0, face.size()), face) << "a face that cannot be loaded is told";
+        EXPECT_EQ(std::string(real).substr(0, face.size()), face) << "a face that cannot be loaded is listed";
         SelectObject(dc, before);
         DeleteObject(font);
     }

@@ -1,6 +1,7 @@
 // Handles, ownership, bitmaps, and the context as an object.
 #include "Canvas.h"
 #include "corekit/framework/ui/DC.h"
+#include "tests/support/TempFolder.h"
 
 #include <cstdio>
 #include <fstream>
@@ -139,21 +140,20 @@ TEST(Bitmaps, RowsLieAsTheHeaderSays)
 
 TEST(Bitmaps, PngFilesHoldThePicture)
 {
-    const std::string path = testing::TempDir() + "drawing_test.png";
+    const TempFolder folder;
+    const std::string path = folder / "picture.png";
     const auto save = [&](std::u16string_view text) {
         Canvas c(123, 45);
         c.use(latin, 30);
         c.draw(text, 5, 5);
         EXPECT_TRUE(SaveBitmapAsPng(c.bitmap(), path.c_str()));
-        std::ifstream in(path, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
+        return ReadWhole(path);
     };
     const std::string file = save(u"one");
     EXPECT_EQ(file.substr(0, 8), "\x89PNG\r\n\x1A\n");
     EXPECT_EQ(file.substr(16, 8), std::string("\0\0\0\x7B\0\0\0\x2D", 8));
     EXPECT_EQ(file, save(u"one"));
     EXPECT_NE(file, save(u"two"));
-    std::remove(path.c_str());
     Canvas c;
     EXPECT_FALSE(SaveBitmapAsPng(c.bitmap(), "/no/such/folder/x.png"));
     EXPECT_FALSE(SaveBitmapAsPng(c.bitmap(), nullptr));

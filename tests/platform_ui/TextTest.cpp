@@ -66,7 +66,7 @@ constexpr Sample samples[] = {
     {devanagari, u"\u0939\u093F\u0928\u094D\u0926\u0940", oneToOne},
 };
 
-// The opaque mode paints the cell, so the picture itself tells what width the drawing took.
+// The opaque mode paints the cell, so the picture itself shows what width the drawing took.
 TEST(TextOut, MeasuredIsDrawn)
 {
     for (const Sample& s : samples)

@@ -31,7 +31,7 @@ protected:
     const ControllerLine::Handler note = [this](const ControllerEvent& event) { events.push_back(event); };
 };
 
-TEST_F(Controller, TellsWhatItsPairsMeanInOrder)
+TEST_F(Controller, ReportsWhatItsPairsMeanInOrder)
 {
     ControllerLine line(number, note);
     ASSERT_TRUE(Wait([&] { return line.IsOpen(); }));

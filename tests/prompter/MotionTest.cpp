@@ -1,6 +1,7 @@
 #include "model/ReadRate.h"
 #include "model/Remote.h"
 #include "model/Scroller.h"
+#include "tests/support/CaseRows.h"
 
 #include <gtest/gtest.h>
 
@@ -83,34 +84,11 @@ std::string Described(const RemoteCommand& command)
 
 TEST(Remote, EachLineIsOneCommandOrAClearError)
 {
-    const struct {
-        std::string line, command;
-    } cases[] = {
-        {"start", "start"},
-        {"  STOP\t", "stop"},
-        {"speed 1.5", "speed 15"},
-        {"speed -0.5", "speed -5r"},
-        {"story 3", "story 3"},
-        {"story +1", "story 1r"},
-        {"line -2", "line -2"},
-        {"blank on", "blank"},
-        {"blank off", "show"},
-        {"state", "state"},
-        {"", "error: the line is empty"},
-        {"start now", "error: 'start' takes nothing behind it"},
-        {"speed", "error: 'speed' takes one word behind it"},
-        {"speed fast", "error: 'fast' is no number"},
-        {"speed nan", "error: 'nan' is no number"},
-        {"speed 1e9", "error: '1e9' is no number"},
-        {"speed ++1", "error: '++1' is no number"},
-        {"story 0", "error: stories are counted from 1"},
-        {"story 1.5", "error: '1.5' is no whole number"},
-        {"blank maybe", "error: 'blank' is 'on' or 'off'"},
-        {"line 99999999999", "error: '99999999999' is no number"},
-        {std::string(257, 'x'), "error: the line is too long"},
-        {"\x1b[2J", "error: no command '?[2j'; there are start, stop, speed, story, line, blank, state"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(Described(ParseRemoteLine(c.line)), c.command) << c.line;
+    for (CaseRow row : CaseRows(TEST_DATA "/remote_lines.tsv")) {
+        const std::string line = row.Bytes();
+        EXPECT_EQ(Described(ParseRemoteLine(line)), row.Word()) << row.Line();
+    }
+    EXPECT_EQ(Described(ParseRemoteLine(std::string(257, 'x'))), "error: the line is too long");
 }
 
 } // namespace

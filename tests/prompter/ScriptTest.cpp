@@ -1,7 +1,9 @@
 #include "model/Script.h"
+#include "tests/support/CaseRows.h"
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -97,29 +99,18 @@ TEST(Script, NewsNeverOverwriteWhatTheUserEdits)
 
 TEST(ScriptText, EveryFormIsWrittenBackByteForByte)
 {
-    using namespace std::string_literals;
-    const struct {
-        std::string bytes;
-        unsigned page;
-        Encoding encoding;
-        std::u16string text;
-    } cases[] = {
-        {"a\nb", 0, Encoding::utf8, u"a\nb"},
-        {"", 0, Encoding::utf8, u""},
-        {"a\r\nb\r\n", 0, Encoding::utf8, u"a\nb\n"},
-        {"a\r\nb\nc", 0, Encoding::utf8, u"a\r\nb\nc"}, // mixed ends stay as they are
-        {"\xEF\xBB\xBF\xD8\xB3", 0, Encoding::utf8WithMark, u"\u0633"},
-        {"\xFF\xFE\x33\x06\x0D\x00\x0A\x00"s, 0, Encoding::utf16Little, u"\u0633\n"},
-        {"\xFE\xFF\x06\x33"s, 0, Encoding::utf16Big, u"\u0633"},
-        {"\xD3\xE1", 1256, Encoding::codePage, u"\u0633\u0644"},
-        {"\xE9", 1252, Encoding::codePage, u"\u00E9"},
-    };
-    for (const auto& c : cases) {
-        const ScriptText read = DecodeScript(c.bytes, c.page);
-        EXPECT_EQ(read.text, c.text);
-        EXPECT_EQ(read.form.encoding, c.encoding);
+    const std::map<std::string, Encoding> encodings = {{"utf8", Encoding::utf8},
+                                                       {"utf8 with mark", Encoding::utf8WithMark},
+                                                       {"utf16 little", Encoding::utf16Little},
+                                                       {"utf16 big", Encoding::utf16Big},
+                                                       {"code page", Encoding::codePage}};
+    for (CaseRow row : CaseRows(TEST_DATA "/script_files.tsv")) {
+        const std::string bytes = row.Bytes();
+        const ScriptText read = DecodeScript(bytes, row.Number<unsigned>());
+        EXPECT_EQ(read.form.encoding, encodings.at(row.Word())) << row.Line();
+        EXPECT_EQ(read.text, row.Units()) << row.Line();
         EXPECT_TRUE(read.isExact);
-        EXPECT_EQ(EncodeScript(read.text, read.form), c.bytes);
+        EXPECT_EQ(EncodeScript(read.text, read.form), bytes) << row.Line();
     }
 }
 

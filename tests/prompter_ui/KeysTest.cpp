@@ -94,12 +94,12 @@ TEST_F(OnTheDesk, ThePageOfKeysKnowsTheCommandsOfEachPlace)
     sheet.AddPage(&page);
     ASSERT_TRUE(sheet.Create());
     enum { places = 1039, commands = 1040, categories = 1041, hotKey = 1044, assign = 1046 };
-    const auto pick = [&](int list, UINT findIn, UINT select, const char* text, UINT told) {
+    const auto pick = [&](int list, UINT findIn, UINT select, const char* text, UINT code) {
         const LRESULT row =
             page.SendDlgItemMessage(list, findIn, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text));
         ASSERT_GE(row, 0) << text;
         page.SendDlgItemMessage(list, select, static_cast<WPARAM>(row));
-        page.SendMessage(WM_COMMAND, static_cast<WPARAM>(MAKELONG(list, told)),
+        page.SendMessage(WM_COMMAND, static_cast<WPARAM>(MAKELONG(list, code)),
                          reinterpret_cast<LPARAM>(page.GetDlgItem(list)->m_hWnd));
     };
     pick(places, CB_FINDSTRINGEXACT, CB_SETCURSEL, "Desk", CBN_SELCHANGE);

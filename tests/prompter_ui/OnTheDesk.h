@@ -3,7 +3,7 @@
 
 #include "desk/Desk.h"
 
-#include "../TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include "corekit/platform/Toolkit.h"
 

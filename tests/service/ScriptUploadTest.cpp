@@ -1,8 +1,8 @@
 // The upload service as a program: under a manager, and on the console.
 #include "tests/hosts/Child.h"
 #include "tests/hosts/NotifySocket.h"
-#include "tests/RegistryHome.h"
 #include "tests/service/SmallFtp.h"
+#include "tests/support/RegistryHome.h"
 
 #include "corekit/foundation/TimeFunctions.h"
 #include "corekit/logging/LogFollower.h"

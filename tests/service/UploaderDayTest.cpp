@@ -7,35 +7,14 @@
 #include "corekit/net/XSocketApi.h"
 #include "corekit/platform/Handles.h"
 #include "corekit/platform/Waits.h"
+#include "tests/support/FullDisk.h"
 
-#include <csignal>
 #include <memory>
 #include <optional>
-#include <sys/resource.h>
 
 namespace {
 
 constexpr long quarter = 15 * 60;
-
-// As long as it lives no file grows.
-class FullDisk {
-public:
-    FullDisk() : m_former(signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_limit);
-        const rlimit none{0, m_limit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &none);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_limit);
-        signal(SIGXFSZ, m_former);
-    }
-
-private:
-    void (*m_former)(int);
-    rlimit m_limit{};
-};
 
 class UploaderDay : public LogFolder {
 protected:
@@ -75,12 +54,12 @@ protected:
         }
     }
     // How many lines of all day files have the text.
-    std::size_t Told(const std::string& text) const
+    std::size_t Logged(const std::string& text) const
     {
-        std::size_t told = 0;
+        std::size_t count = 0;
         for (const std::string& name : Names())
-            for (const std::string& line : Lines(name)) told += line.find(text) != std::string::npos;
-        return told;
+            for (const std::string& line : Lines(name)) count += line.find(text) != std::string::npos;
+        return count;
     }
 
     CTestClock clock{2026, 11, 14, 12, 0, 0};
@@ -125,13 +104,13 @@ TEST_F(UploaderDay, LosesNoScriptAndNoLineInTwentyFourHours)
 
     arrived.merge(server->Files());
     EXPECT_EQ(arrived, written);
-    EXPECT_EQ(Told(", 1 lost"), 1u);
+    EXPECT_EQ(Logged(", 1 lost"), 1u);
     for (const auto& [name, content] : written)
-        EXPECT_EQ(Told(name + ": sent, "), name == "script-13.txt" ? 0u : 1u) << name;
-    EXPECT_EQ(Told("cannot be reached"), 1u);
-    EXPECT_EQ(Told("can be reached again"), 1u);
-    EXPECT_EQ(Told("not sent, "), 2u);
-    EXPECT_EQ(Told("long.txt: broken off, will be sent again"), 1u);
+        EXPECT_EQ(Logged(name + ": sent, "), name == "script-13.txt" ? 0u : 1u) << name;
+    EXPECT_EQ(Logged("cannot be reached"), 1u);
+    EXPECT_EQ(Logged("can be reached again"), 1u);
+    EXPECT_EQ(Logged("not sent, "), 2u);
+    EXPECT_EQ(Logged("long.txt: broken off, will be sent again"), 1u);
     EXPECT_EQ(Names(), (std::vector<std::string>{"Upload.2026-11-14.log", "Upload.2026-11-15.log"}));
 }
 
@@ -148,7 +127,7 @@ TEST_F(UploaderDay, AScriptThatGrowsWhileItIsSentIsSentAgainWhole)
     uploader->Look();
     EXPECT_EQ(server->Files(), written);
     EXPECT_EQ(ReadWhole(scripts / "sent/long.txt"), written["long.txt"]);
-    EXPECT_EQ(Told("changed while it was sent"), 1u);
+    EXPECT_EQ(Logged("changed while it was sent"), 1u);
 }
 
 } // namespace

@@ -1,16 +1,16 @@
 #include "corekit/framework/Exception.h"
 #include "corekit/platform/Errors.h"
 #include "corekit/stores/BlockMappedFile.h"
-#include "tests/TempFolder.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/FullDisk.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/Thrown.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <cstring>
-#include <functional>
 #include <random>
 #include <string>
-#include <sys/resource.h>
 #include <vector>
 
 namespace {
@@ -25,18 +25,6 @@ DWORD NumberAt(const std::string& bytes, std::size_t at)
     return value;
 }
 
-const CRuntimeClass* ThrownBy(const std::function<void()>& act)
-{
-    try {
-        act();
-    } catch (CException* e) {
-        const CRuntimeClass* const kind = e->GetRuntimeClass();
-        e->Delete();
-        return kind;
-    }
-    return nullptr;
-}
-
 class BlockFileTest : public testing::Test {
 protected:
     TempFolder folder;
@@ -47,7 +35,7 @@ class MappedFileTest : public BlockFileTest {};
 
 } // namespace
 
-TEST_F(MappedFileTest, ViewShowsOtherThanTheFile)
+TEST_F(MappedFileTest, TheViewShowsTheFileAndGrowsWithIt)
 {
     CMappedFile file;
     EXPECT_FALSE(file.CreateFileA(name.c_str(), 0));
@@ -73,7 +61,7 @@ TEST_F(MappedFileTest, ViewShowsOtherThanTheFile)
     EXPECT_EQ(std::memcmp(other.GetViewBase(), "start", 5), 0);
 }
 
-TEST_F(MappedFileTest, FileThatWasNotAttachedIsClosed)
+TEST_F(MappedFileTest, AFileThatCannotBeAttachedStaysWithItsOwner)
 {
     WriteWhole(name, "");
     const HANDLE file = CreateFileA(name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -86,7 +74,7 @@ TEST_F(MappedFileTest, FileThatWasNotAttachedIsClosed)
     EXPECT_TRUE(mapped.OpenFile(name.c_str(), 1));
 }
 
-TEST_F(BlockFileTest, BytesOfANewFileAreOthers)
+TEST_F(BlockFileTest, ANewFileHasItsLayoutByteForByte)
 {
     CBlockMappedFile file;
     ASSERT_TRUE(file.CreateFileA(name.c_str(), 512, 9, 100));
@@ -115,40 +103,20 @@ TEST_F(BlockFileTest, BytesOfANewFileAreOthers)
     EXPECT_EQ(ReadWhole(name), expected);
 }
 
-TEST_F(BlockFileTest, HeaderThatCannotBeTrueIsFollowed)
+TEST_F(BlockFileTest, HeadersThatCannotBeTrueAreRefused)
 {
     CBlockMappedFile file;
     ASSERT_TRUE(file.CreateFileA(name.c_str(), 1024, 10, 10));
     file.AllocateContiguousBlocks(4, false);
     file.Close();
     const std::string sound = ReadWhole(name);
-    const struct {
-        const char* what;
-        std::size_t at;
-        DWORD value;
-    } cases[] = {
-        {"magic", 4, 0},
-        {"version", 16, 257},
-        {"block size", 20, 1000},
-        {"shift", 24, 11},
-        {"huge shift", 24, 33},
-        {"block count", 28, 11},
-        {"huge count", 28, ~0u},
-        {"no map", 48, 0},
-        {"map too long", 48, 244},
-        {"map outside", 52, 14000},
-        {"map on the header", 52, 0},
-        {"map twice", 52, 2048},
-        {"map wraps", 52, ~0u},
-        {"map across block 0", 60, 3500},
-        {"map in a free block", 60, 4096 + 5 * 1024},
-    };
-    for (const auto& c : cases) {
+    for (CaseRow row : CaseRows(TEST_DATA "/damaged_headers.tsv", "blocks")) {
         std::string bad = sound;
-        Patch(bad, c.at, c.value);
+        const auto at = row.Number<std::size_t>();
+        Patch(bad, at, row.Number<DWORD>());
         WriteWhole(name, bad);
-        EXPECT_FALSE(file.OpenFile(name.c_str(), 1)) << c.what;
-        EXPECT_FALSE(file.IsOpen()) << c.what;
+        EXPECT_FALSE(file.OpenFile(name.c_str(), 1)) << row.Line();
+        EXPECT_FALSE(file.IsOpen()) << row.Line();
     }
     for (const std::size_t size : {std::size_t{0}, std::size_t{1}, std::size_t{4095}, sound.size() - 1}) {
         WriteWhole(name, sound.substr(0, size));
@@ -159,7 +127,7 @@ TEST_F(BlockFileTest, HeaderThatCannotBeTrueIsFollowed)
     EXPECT_TRUE(file.OpenFile(file.GetFileName(), 1));
 }
 
-TEST_F(BlockFileTest, ArgumentsThatMakeNoFileMakeOne)
+TEST_F(BlockFileTest, WrongArgumentsMakeNoFileAndChangeNone)
 {
     CBlockMappedFile file;
     EXPECT_FALSE(file.CreateFileA(name.c_str(), 4096, 11, 10));
@@ -168,19 +136,19 @@ TEST_F(BlockFileTest, ArgumentsThatMakeNoFileMakeOne)
     EXPECT_FALSE(file.CreateFileA(name.c_str(), 1 << 30, 31, 1));
     EXPECT_FALSE(std::filesystem::exists(name));
     // 244 pages of map are one too many.
-    EXPECT_EQ(ThrownBy([&] { file.CreateFileA(name.c_str(), 16, 4, 243 * 8192 + 1); }),
+    EXPECT_EQ(ThrownClass([&] { file.CreateFileA(name.c_str(), 16, 4, 243 * 8192 + 1); }),
               RUNTIME_CLASS(CMemoryException));
     EXPECT_FALSE(std::filesystem::exists(name));
     ASSERT_TRUE(file.CreateFileA(name.c_str(), 4096, 12, 3));
     EXPECT_EQ(file.GetRequiredBlockCount(0), 1u);
     EXPECT_EQ(file.GetRequiredBlockCount(4097), 2u);
     EXPECT_EQ(file.GetRequiredBlockCount(~0u), 0x100000u);
-    EXPECT_EQ(ThrownBy([&] { file.AllocateContiguousBlocks(~0u, true); }),
+    EXPECT_EQ(ThrownClass([&] { file.AllocateContiguousBlocks(~0u, true); }),
               RUNTIME_CLASS(CNotSupportedException));
     EXPECT_EQ(file.GetBlockCount(), 3u);
 }
 
-TEST_F(BlockFileTest, BlocksComeOutOfOrderOrUncleared)
+TEST_F(BlockFileTest, BlocksComeLowestFirstAndCleared)
 {
     CBlockMappedFile file;
     ASSERT_TRUE(file.CreateFileA(name.c_str(), 256, 8, 19));
@@ -211,7 +179,7 @@ TEST_F(BlockFileTest, BlocksComeOutOfOrderOrUncleared)
     EXPECT_EQ(file.AllocateSingleBlock(true), 5u);
 }
 
-TEST_F(BlockFileTest, RunAlmostAsLongAsTheFileIsSearched)
+TEST_F(BlockFileTest, ARunAlmostAsLongAsTheFileIsOnlyHadByGrowth)
 {
     CBlockMappedFile file;
     ASSERT_TRUE(file.CreateFileA(name.c_str(), 64, 6, 20));
@@ -222,7 +190,7 @@ TEST_F(BlockFileTest, RunAlmostAsLongAsTheFileIsSearched)
     EXPECT_EQ(file.GetBlockCount(), 340u);
 }
 
-TEST_F(BlockFileTest, TheLowestRunIsTakenHoweverTheMapLies)
+TEST_F(BlockFileTest, TheLowestFreeRunIsTakenWhereverTheMapLies)
 {
     CBlockMappedFile file;
     ASSERT_TRUE(file.CreateFileA(name.c_str(), 16, 4, 100));
@@ -261,7 +229,7 @@ TEST_F(BlockFileTest, TheLowestRunIsTakenHoweverTheMapLies)
     EXPECT_LT(used.size(), 3u * 8192) << "the map takes no blocks for itself";
 }
 
-TEST_F(BlockFileTest, MapThatGrowsLosesBlocks)
+TEST_F(BlockFileTest, AMapThatGrowsKeepsEveryBlock)
 {
     CBlockMappedFile file;
     ASSERT_TRUE(file.CreateFileA(name.c_str(), 64, 6, 24576));
@@ -287,7 +255,7 @@ TEST_F(BlockFileTest, MapThatGrowsLosesBlocks)
     EXPECT_EQ(NumberAt(ReadWhole(name), 64), 4096u);
 }
 
-TEST_F(BlockFileTest, MapOfALargeNewFileIsElsewhere)
+TEST_F(BlockFileTest, TheMapOfALargeNewFileStartsInItsFirstBlocks)
 {
     CBlockMappedFile file;
     ASSERT_TRUE(file.CreateFileA(name.c_str(), 512, 9, 40000));
@@ -299,7 +267,7 @@ TEST_F(BlockFileTest, MapOfALargeNewFileIsElsewhere)
     EXPECT_EQ(bytes[1024], 0x1F);
 }
 
-TEST_F(BlockFileTest, BlocksOfTheMapAreNotFreed)
+TEST_F(BlockFileTest, BlocksOfTheMapAreNeverFreed)
 {
     CBlockMappedFile file;
     ASSERT_TRUE(file.CreateFileA(name.c_str(), 512, 9, 40000)); // the map has blocks 0 to 3
@@ -312,7 +280,7 @@ TEST_F(BlockFileTest, BlocksOfTheMapAreNotFreed)
     EXPECT_EQ(file.AllocateSingleBlock(false), 4u);
 }
 
-TEST_F(BlockFileTest, ReadOnlyFileIsWrittenTo)
+TEST_F(BlockFileTest, AReadOnlyFileIsNeverWrittenTo)
 {
     CBlockMappedFile file;
     ASSERT_TRUE(file.CreateFileA(name.c_str(), 64, 6, 20));
@@ -332,22 +300,18 @@ TEST_F(BlockFileTest, ReadOnlyFileIsWrittenTo)
     EXPECT_FALSE(file.IsBlockAllocated(0));
 }
 
-TEST_F(BlockFileTest, FileThatCannotGrowIsLost)
+TEST_F(BlockFileTest, AFileThatCannotGrowKeepsItsBlocks)
 {
     CBlockMappedFile file;
     ASSERT_TRUE(file.CreateFileA(name.c_str(), 4096, 12, 2));
     file.AllocateSingleBlock(false);
     file.AllocateSingleBlock(false);
     std::memcpy(file.DataBlockPtr(1), "kept", 4);
-    // The limit on file sizes stands for a full disk.
-    rlimit before;
-    getrlimit(RLIMIT_FSIZE, &before);
-    const auto signalBefore = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{4096 * 8, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    EXPECT_EQ(ThrownBy([&] { file.AllocateSingleBlock(true); }), RUNTIME_CLASS(CNotSupportedException));
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, signalBefore);
+    {
+        const FullDisk full(4096 * 8);
+        EXPECT_EQ(ThrownClass([&] { file.AllocateSingleBlock(true); }),
+                  RUNTIME_CLASS(CNotSupportedException));
+    }
     ASSERT_NE(file.DataBlockPtr(1), nullptr);
     EXPECT_EQ(std::memcmp(file.DataBlockPtr(1), "kept", 4), 0);
     EXPECT_EQ(file.AllocateSingleBlock(true), 2u);

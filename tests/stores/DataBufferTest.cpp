@@ -4,6 +4,7 @@
 #include "corekit/platform/Memory.h"
 #include "corekit/stores/DataCache.h"
 #include "corekit/stores/MemoryStream.h"
+#include "tests/support/Thrown.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +21,7 @@ std::string Text(const CDataBuffer& buffer)
 
 } // namespace
 
-TEST(DataBuffer, BorrowedBlockIsFreedOrAnOwnedOneIsNot)
+TEST(DataBuffer, BorrowedBlocksAreNeverFreedAndOwnedOnesAre)
 {
     char borrowed[] = "borrowed";
     CDataBuffer buffer(borrowed, 8, false);
@@ -40,7 +41,7 @@ TEST(DataBuffer, BorrowedBlockIsFreedOrAnOwnedOneIsNot)
     EXPECT_EQ(buffer.GetSize(), 0u);
 }
 
-TEST(DataBuffer, CopyOfItselfReadsWhatIsFreed)
+TEST(DataBuffer, ABufferMayCopyItsOwnContent)
 {
     CDataBuffer buffer;
     buffer.AttachCopy("abcdef", 6);
@@ -56,21 +57,16 @@ TEST(DataBuffer, CopyOfItselfReadsWhatIsFreed)
     EXPECT_TRUE(buffer.IsEqual("x", 0));
 }
 
-TEST(DataBuffer, SumOfSizesWrapsAround)
+TEST(DataBuffer, AMergeBeyondTheLargestSizeIsRefusedAndKeepsTheContent)
 {
     CDataBuffer buffer;
     buffer.AttachCopy("kept", 4);
     const char some[] = "some";
-    try {
-        buffer.AttachMerged(some, 0xFFFFFFF0, some, 0x20);
-        ADD_FAILURE() << "made";
-    } catch (CException* e) {
-        e->Delete();
-    }
+    EXPECT_NE(Thrown([&] { buffer.AttachMerged(some, 0xFFFFFFF0, some, 0x20); }), "nothing");
     EXPECT_EQ(Text(buffer), "kept");
 }
 
-TEST(DataBuffer, CopiesDifferOrShareTheirBlock)
+TEST(DataBuffer, CopiesAreEqualAndOwnTheirBlocks)
 {
     CDataBuffer buffer;
     buffer.AttachMerged("some ", 5, "bytes", 5);
@@ -91,7 +87,7 @@ TEST(DataBuffer, CopiesDifferOrShareTheirBlock)
     GlobalFree(global);
 }
 
-TEST(DataBuffer, StreamKeepsTheBlockThatWasTakenOver)
+TEST(DataBuffer, ABufferTakesOverTheContentOfAStream)
 {
     CMemoryStream stream(0, 64);
     stream.Write("streamed", 8);
@@ -100,7 +96,7 @@ TEST(DataBuffer, StreamKeepsTheBlockThatWasTakenOver)
     EXPECT_EQ(Text(buffer), "streamed");
 }
 
-TEST(DataCache, BlocksLeakOrCountsStay)
+TEST(DataCache, DeletingAllFreesTheBlocksAndClearsTheCounts)
 {
     struct Cache : CDataCache {
         using CDataCache::CDataCache;

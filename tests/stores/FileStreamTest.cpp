@@ -2,7 +2,8 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Files.h"
 #include "corekit/platform/Handles.h"
-#include "Thrown.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/Thrown.h"
 
 #include <filesystem>
 #include <fstream>
@@ -15,16 +16,10 @@ constexpr DWORD both = GENERIC_READ | GENERIC_WRITE;
 
 class FileStream : public testing::Test {
 protected:
-    std::string path =
-        testing::TempDir() + "stream." + testing::UnitTest::GetInstance()->current_test_info()->name();
+    TempFolder folder;
+    const std::string path = folder / "stream";
     CFileStream stream;
 
-    void SetUp() override { std::filesystem::remove(path); }
-    void TearDown() override
-    {
-        if (stream.IsOpen()) stream.Close();
-        std::filesystem::remove(path);
-    }
     void Open(DWORD access = both, DWORD disposition = OPEN_ALWAYS)
     {
         ASSERT_EQ(stream.Open(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, disposition, 0), 1);
@@ -48,24 +43,14 @@ protected:
     }
 };
 
-TEST_F(FileStream, ReadsAndWritesAtEveryKindOfPagePlace)
+TEST_F(FileStream, AFlushPutsEveryByteOnTheDisk)
 {
-    for (const DWORD size : {0u, 1u, 65535u, 65536u, 65537u, 131072u, 200000u}) {
-        for (const DWORD step : {1u, 7u, 65535u, 65536u, 65537u}) {
-            if (size / step > 30000) continue;
-            const auto bytes = Samples(size);
-            Open(both, CREATE_ALWAYS);
-            for (DWORD at = 0; at < size; at += step)
-                stream.Write(bytes.data() + at, std::min(step, size - at));
-            EXPECT_TRUE(stream.IsEOF());
-            stream.Flush();
-            EXPECT_EQ(OnDisk(), bytes) << size << " by " << step;
-            stream.SeekToPos(0);
-            std::vector<BYTE> read(size);
-            for (DWORD at = 0; at < size; at += step)
-                stream.Read(read.data() + at, std::min(step, size - at));
-            EXPECT_EQ(read, bytes) << size << " by " << step;
-        }
+    for (const DWORD size : {1u, 65535u, 65536u, 65537u, 131072u, 200000u}) {
+        const auto bytes = Samples(size);
+        Open(both, CREATE_ALWAYS);
+        for (DWORD at = 0; at < size; at += 7) stream.Write(bytes.data() + at, std::min<DWORD>(7, size - at));
+        stream.Flush();
+        EXPECT_EQ(OnDisk(), bytes) << size;
     }
 }
 
@@ -82,7 +67,7 @@ TEST_F(FileStream, WritesAcrossABoundaryStoreTheFirstPageOnly)
     EXPECT_EQ(OnDisk()[65538], Sample(65538));
 }
 
-TEST_F(FileStream, CloseLosesWhatWasNotFlushed)
+TEST_F(FileStream, CloseDropsWhatWasNotFlushed)
 {
     Open();
     stream.write_uint32(1);
@@ -110,23 +95,6 @@ TEST_F(FileStream, EveryReadWritesADirtyPageOut)
     stream.write_uint8(0xDD);
     stream.Read(nullptr, 0);
     EXPECT_EQ(OnDisk()[2], 0xDD);
-}
-
-TEST_F(FileStream, MovesAndReadsEndAtTheSize)
-{
-    PutOnDisk(10);
-    Open();
-    BYTE buffer[16];
-    stream.SeekToPos(10);
-    stream.Read(buffer, 0);
-    EXPECT_EQ(Thrown([&] { stream.SeekToPos(11); }),
-              "[File Stream] Seek request to a position beyond the end of the file");
-    EXPECT_EQ(Thrown([&] { stream.Skip(1); }), "[File Stream] skip would pass past the end of the file");
-    stream.Skip(-10);
-    EXPECT_EQ(Thrown([&] { stream.Skip(-1); }), "[File Stream] skip would pass past the end of the file");
-    EXPECT_EQ(Thrown([&] { stream.Read(buffer, 11); }),
-              "[File Stream] Read request would pass the end of the file");
-    EXPECT_EQ(stream.GetCurrentPos(), 0u);
 }
 
 TEST_F(FileStream, EndOfStreamCutsTheFileAndADirtyPage)
@@ -161,34 +129,35 @@ TEST_F(FileStream, PositionsReachTheThirtyTwoBitLimit)
     }
     EXPECT_TRUE(stream.IsEOF());
     EXPECT_TRUE(
-        StartsWith(Thrown([&] { stream.write_uint8(1); }), "[File Stream] Unable to write to file\n"));
+        Thrown([&] { stream.write_uint8(1); }).starts_with("[File Stream] Unable to write to file\n"));
     stream.Skip(-1);
     stream.SetEndOfStream();
     EXPECT_EQ(std::filesystem::file_size(path), 0xFFFFFFFEu);
 }
 
-TEST_F(FileStream, FileBeyondTheLimitIsRefusedWhole)
+TEST_F(FileStream, AFileBeyondTheLimitIsRefusedWhole)
 {
     PutOnDisk(10);
     Open();
     const std::string large = path + ".large";
     std::ofstream{large};
     std::filesystem::resize_file(large, 0x100000005); // sparse
-    EXPECT_TRUE(StartsWith(Thrown([&] { stream.Open(large.c_str(), both, 0, OPEN_EXISTING, 0); }),
-                           "[File Stream] Unable to set cursor position\n"));
+    EXPECT_TRUE(Thrown([&] {
+                    stream.Open(large.c_str(), both, 0, OPEN_EXISTING, 0);
+                }).starts_with("[File Stream] Unable to set cursor position\n"));
     EXPECT_EQ(stream.GetSize(), 10u); // what was open before
     EXPECT_STREQ(stream.GetFilename(), path.c_str());
     EXPECT_EQ(std::filesystem::file_size(large), 0x100000005u);
     std::filesystem::remove(large);
 }
 
-TEST_F(FileStream, EndThatTheFileRefusesStaysWhereItWas)
+TEST_F(FileStream, AnEndThatTheFileRefusesStaysWhereItWas)
 {
     PutOnDisk(10);
     Open(GENERIC_READ);
     stream.SeekToPos(4);
     EXPECT_TRUE(
-        StartsWith(Thrown([&] { stream.SetEndOfStream(); }), "[FileStream] Set End Of File failed\n"));
+        Thrown([&] { stream.SetEndOfStream(); }).starts_with("[FileStream] Set End Of File failed\n"));
     EXPECT_EQ(stream.GetSize(), 10u);
 }
 
@@ -199,8 +168,8 @@ TEST_F(FileStream, ReadThatFailsMidwayStaysWhereItHadCome)
     std::filesystem::resize_file(path, 65536 + 10);
     std::vector<BYTE> read(3 * 65536);
     const auto failed = [&](DWORD count) {
-        return StartsWith(Thrown([&] { stream.Read(read.data(), count); }),
-                          "[File Stream] Unable to read from file\n");
+        return Thrown([&] { stream.Read(read.data(), count); })
+            .starts_with("[File Stream] Unable to read from file\n");
     };
     EXPECT_TRUE(failed(3 * 65536));
     EXPECT_EQ(stream.GetCurrentPos(), 65536u);
@@ -216,12 +185,12 @@ TEST_F(FileStream, WriteThatTheFileRefusesKeepsItsPage)
     Open(GENERIC_READ);
     stream.write_uint8(1);
     for (int i = 0; i < 2; ++i) {
-        EXPECT_TRUE(StartsWith(Thrown([&] { stream.Flush(); }), "[File Stream] Unable to write to file\n"));
+        EXPECT_TRUE(Thrown([&] { stream.Flush(); }).starts_with("[File Stream] Unable to write to file\n"));
     }
     EXPECT_EQ(OnDisk()[0], Sample(0));
 }
 
-TEST_F(FileStream, OpenTellsFailureByItsResult)
+TEST_F(FileStream, AFailedOpenReturnsZeroAndLeavesTheStreamClosed)
 {
     EXPECT_EQ(stream.Open(path.c_str(), GENERIC_READ, 0, OPEN_EXISTING, 0), 0);
     EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
@@ -232,7 +201,7 @@ TEST_F(FileStream, OpenTellsFailureByItsResult)
     EXPECT_NE(Thrown([&] { stream.Write(&byte, 1); }), "nothing");
 }
 
-TEST_F(FileStream, HandleComesAndGoes)
+TEST_F(FileStream, ADetachedHandleStaysOpenForWhoeverAttachesIt)
 {
     Open();
     EXPECT_STREQ(stream.GetFilename(), path.c_str());

@@ -2,9 +2,14 @@
 
 #include "corekit/foundation/ChainedException.h"
 #include "corekit/platform/SystemNames.h"
-#include "tests/TempFolder.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/Thrown.h"
 
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
 
 namespace {
 std::u16string Text(const StringW& text) { return static_cast<const WCHAR*>(text); }
@@ -22,23 +27,23 @@ protected:
 
 TEST_F(IniFile, EveryTypeHasItsWrittenForm)
 {
+    const std::map<std::string, std::function<void(CaseRow&)>> set = {
+        {"truth", [&](CaseRow& row) { m_ini.SetBoolean("s", "k", row.Number()); }},
+        {"number", [&](CaseRow& row) { m_ini.SetInteger("s", "k", row.Number()); }},
+        {"hexadecimal", [&](CaseRow& row) { m_ini.SetHex("s", "k", row.Number<DWORD>()); }},
+        {"colour", [&](CaseRow& row) { m_ini.SetRGB("s", "k", row.Number<DWORD>()); }},
+        {"block",
+         [&](CaseRow& row) {
+             const std::string bytes = row.Bytes();
+             m_ini.SetDataBlock("s", "k", bytes.data(), static_cast<DWORD>(bytes.size()));
+         }},
+        {"unicode", [&](CaseRow& row) { m_ini.SetUnicodeString("s", "k", row.Units().c_str()); }},
+    };
+    for (CaseRow row : CaseRows(TEST_DATA "/ini_values.tsv", "written")) {
+        set.at(row.Word())(row);
+        EXPECT_EQ(Stored(), Line(row.Word())) << row.Line();
+    }
     const _GUID guid = {0x01234567, 0x89AB, 0xCDEF, {1, 2, 3, 4, 5, 6, 7, 0xFF}};
-    m_ini.SetBoolean("s", "k", 5);
-    EXPECT_EQ(Stored(), Line("True"));
-    m_ini.SetBoolean("s", "k", 0);
-    EXPECT_EQ(Stored(), Line("False"));
-    m_ini.SetInteger("s", "k", -12);
-    EXPECT_EQ(Stored(), Line("-12"));
-    m_ini.SetHex("s", "k", 0xABC);
-    EXPECT_EQ(Stored(), Line("00000ABC"));
-    m_ini.SetRGB("s", "k", 0x00030201);
-    EXPECT_EQ(Stored(), Line("1, 2, 3"));
-    m_ini.SetDataBlock("s", "k", "\x0A\xFF", 2);
-    EXPECT_EQ(Stored(), Line("0AFF"));
-    m_ini.SetUnicodeString("s", "k", u"A\u05D0");
-    EXPECT_EQ(Stored(), Line("2!14000D50"));
-    m_ini.SetUnicodeString("s", "k", u"");
-    EXPECT_EQ(Stored(), Line("0!"));
     m_ini.SetClassID("s", "k", guid);
     EXPECT_EQ(Stored(), Line("{01234567-89AB-CDEF-0102-0304050607FF}"));
     _GUID back{};
@@ -48,33 +53,12 @@ TEST_F(IniFile, EveryTypeHasItsWrittenForm)
 
 TEST_F(IniFile, NumbersAndWordsAreReadInTheirOtherSpellings)
 {
-    const struct {
-        const char* text;
-        int boolean, integer;
-        DWORD hex, rgb;
-    } rows[] = {{"yes", 1, 0, 0, 9},
-                {"oN", 1, 0, 0, 9},
-                {"NO", 0, 0, 0, 9},
-                {"off", 0, 0, 0, 9},
-                {"maybe", 9, 0, 0, 9},
-                {"0x1F", 9, 31, 31, 9},
-                {"017", 9, 15, 23, 9},
-                {"-5", 9, -5, DWORD(-5), 9},
-                {"99999999999", 9, 2147483647, 0xFFFFFFFF, 9},
-                {"1, 2, 3", 9, 1, 1, 0x030201},
-                {"1,2;3", 9, 1, 1, 0x030201},
-                {"1  2", 9, 1, 1, 9},
-                {"1, 2, 256", 9, 1, 1, 9},
-                {"255 255 255", 9, 255, 0x255, 0xFFFFFF},
-                {"0000000001, 002, 0000000000255", 9, 1, 1, 0xFF0201},
-                {"1, 2, 0000000256", 9, 1, 1, 9},
-                {"1, 2", 9, 1, 1, 9}};
-    for (const auto& row : rows) {
-        Put(row.text);
-        EXPECT_EQ(m_ini.GetBoolean("s", "k", 9), row.boolean) << row.text;
-        EXPECT_EQ(m_ini.GetInteger("s", "k", 9), row.integer) << row.text;
-        EXPECT_EQ(m_ini.GetHex("s", "k", 9), row.hex) << row.text;
-        EXPECT_EQ(m_ini.GetRGB("s", "k", 9), row.rgb) << row.text;
+    for (CaseRow row : CaseRows(TEST_DATA "/ini_values.tsv", "spelling")) {
+        Put(row.Bytes());
+        EXPECT_EQ(m_ini.GetBoolean("s", "k", 9), row.Number()) << row.Line();
+        EXPECT_EQ(m_ini.GetInteger("s", "k", 9), row.Number()) << row.Line();
+        EXPECT_EQ(m_ini.GetHex("s", "k", 9), row.Number<DWORD>()) << row.Line();
+        EXPECT_EQ(m_ini.GetRGB("s", "k", 9), row.Number<DWORD>()) << row.Line();
     }
     Put("");
     CString kept = "kept";
@@ -107,9 +91,9 @@ TEST_F(IniFile, BlocksNeedTheirExactLengthAndReadSmallDigitsAsZero)
 TEST_F(IniFile, UnicodeTextIsReadHighestDigitFirstAndCounted)
 {
     StringW text = u"old";
-    for (const char* bad : {"2!0041", "!0041", "1!004", "0041", "-1!", "9999999999!0041"}) {
-        Put(bad);
-        EXPECT_EQ(m_ini.GetUnicodeString("s", "k", text), 0) << bad;
+    for (CaseRow row : CaseRows(TEST_DATA "/ini_values.tsv", "no unicode")) {
+        Put(row.Bytes());
+        EXPECT_EQ(m_ini.GetUnicodeString("s", "k", text), 0) << row.Line();
     }
     EXPECT_EQ(Text(text), u"old");
     Put("2!004105D0");
@@ -151,17 +135,12 @@ TEST_F(IniFile, MacrosAreExpandedAndCut)
     EXPECT_EQ(m_ini.GetMacroString("s", "missing", value), 0);
 }
 
-TEST_F(IniFile, AttachToldThatTheFileMustExistSaysIfItDoesNot)
+TEST_F(IniFile, AttachingARequiredFileThatIsMissingThrows)
 {
     CIniFile ini;
     ini.Attach((m_folder / "none.ini").c_str());
-    try {
-        ini.Attach((m_folder / "none.ini").c_str(), 1);
-        FAIL();
-    } catch (CChainedException* e) {
-        EXPECT_STREQ(e->BuildMessageString(), "Cannot open .INI file - it does not exist.");
-        e->Delete();
-    }
+    EXPECT_EQ(Thrown([&] { ini.Attach((m_folder / "none.ini").c_str(), 1); }),
+              "Cannot open .INI file - it does not exist.");
     Put("1");
     ini.Attach(m_ini.GetPath(), 1);
     ini.DeleteEntry("s", "k");

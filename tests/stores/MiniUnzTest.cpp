@@ -3,7 +3,7 @@
 
 #include "corekit/framework/MessageBox.h"
 #include "corekit/stores/MemoryStream.h"
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <cstdlib>
 #include <fcntl.h>
@@ -222,7 +222,7 @@ TEST_F(MiniUnz, WhatItOpensStaysInThisProcess)
     EXPECT_EQ(Out("a"), "new");
 }
 
-TEST_F(MiniUnz, DamageIsTold)
+TEST_F(MiniUnz, DamageIsReported)
 {
     EXPECT_FALSE(Unzip());
     EXPECT_TRUE(shown.empty());

@@ -4,8 +4,8 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Storage.h"
 #include "corekit/stores/OleStream.h"
-#include "tests/stores/Thrown.h"
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/Thrown.h"
 
 #include <atomic>
 #include <cstdio>
@@ -41,18 +41,6 @@ protected:
         std::string bytes(stream->GetSize(), ' ');
         stream->Read(bytes.data(), stream->GetSize());
         return bytes;
-    }
-    template <class Call>
-    std::string MessageOf(Call call)
-    {
-        try {
-            call();
-        } catch (CChainedException* e) {
-            const std::string text = e->BuildMessageString().GetString();
-            e->Delete();
-            return text.substr(0, text.find_first_of("\r\n"));
-        }
-        return "";
     }
 
     TempFolder m_folder;
@@ -110,7 +98,7 @@ TEST_F(OleFile, OnlyWhatWasCommittedIsThereOnReopening)
     ASSERT_EQ(file.Open(m_path.c_str(), readWrite), 1);
     EXPECT_EQ(Get(file, u"sMALL"), "abc");
     EXPECT_EQ(Get(file, u"Large"), m_large);
-    EXPECT_EQ(MessageOf([&] { file.OpenStream(u"Late"); }), "[OLE File] Open stream failed, name=Late");
+    EXPECT_EQ(ThrownLine([&] { file.OpenStream(u"Late"); }), "[OLE File] Open stream failed, name=Late");
     _GUID back{};
     EXPECT_EQ(file.GetClassID(back), 1);
     EXPECT_EQ(back, id);
@@ -143,18 +131,18 @@ TEST_F(OleFile, CreateSparesExistingFilesUntilCommit)
     Put(file, u"One", "1");
     file.Commit();
     file.Close();
-    EXPECT_EQ(MessageOf([&] { file.Create(m_path.c_str(), 0); }),
+    EXPECT_EQ(ThrownLine([&] { file.Create(m_path.c_str(), 0); }),
               "[OLE File] Cannot create the file, name=" + m_path);
     file.Create(m_path.c_str(), 1);
-    EXPECT_NE(MessageOf([&] { file.OpenStream(u"One"); }), "");
+    EXPECT_NE(ThrownLine([&] { file.OpenStream(u"One"); }), "nothing");
     file.Close();
     ASSERT_EQ(file.Open(m_path.c_str(), readWrite), 1);
     EXPECT_EQ(Get(file, u"One"), "1");
-    EXPECT_NE(MessageOf([&] { file.Create((m_folder / "no/such").c_str(), 1); }), "");
+    EXPECT_NE(ThrownLine([&] { file.Create((m_folder / "no/such").c_str(), 1); }), "nothing");
     EXPECT_EQ(Get(file, u"One"), "1") << "a failed create keeps what is open";
 }
 
-TEST_F(OleFile, SharingNamesAndEndsAreGuarded)
+TEST_F(OleFile, SharingAndNamesAreGuarded)
 {
     COleFile file, other;
     file.Create(m_path.c_str(), 0);
@@ -163,16 +151,10 @@ TEST_F(OleFile, SharingNamesAndEndsAreGuarded)
     const std::u16string longest(31, u'n'), tooLong(32, u'n');
     Put(file, longest.c_str(), "x");
     for (const WCHAR* name : {u"", u"a/b", u"a:b", u"\xD800", tooLong.c_str()})
-        EXPECT_NE(MessageOf([&] { file.CreateStream(name); }), "");
+        EXPECT_NE(ThrownLine([&] { file.CreateStream(name); }), "nothing");
     const std::unique_ptr<COleStream> stream(file.OpenStream(longest.c_str()));
-    EXPECT_NE(MessageOf([&] { file.OpenStream(longest.c_str()); }), "") << "it is open";
+    EXPECT_NE(ThrownLine([&] { file.OpenStream(longest.c_str()); }), "nothing") << "it is open";
     char byte;
-    EXPECT_EQ(MessageOf([&] { stream->Read(&byte, 2); }),
-              "[OLE Stream] Read request would pass beyond the end of the file.");
-    EXPECT_EQ(MessageOf([&] { stream->SeekToPos(2); }),
-              "[OLE Stream] Seek position is beyond the end of the stream.");
-    EXPECT_EQ(MessageOf([&] { stream->Skip(-1); }),
-              "[OLE Stream] Skip request would pass beyond the end of the file.");
     file.Commit();
     file.Close();
     stream->Read(&byte, 1);
@@ -182,8 +164,8 @@ TEST_F(OleFile, SharingNamesAndEndsAreGuarded)
     ASSERT_EQ(other.Open(m_path.c_str(), 0x20), 1) << "readers share";
     const std::unique_ptr<COleStream> reader(file.OpenStream(longest.c_str()));
     reader->Write("y", 1);
-    EXPECT_EQ(MessageOf([&] { reader->Flush(); }), "[OLE Stream] Write to stream failed.");
-    EXPECT_EQ(MessageOf([&] { file.Commit(); }), "[OLE File] Commit() failed");
+    EXPECT_EQ(ThrownLine([&] { reader->Flush(); }), "[OLE Stream] Write to stream failed.");
+    EXPECT_EQ(ThrownLine([&] { file.Commit(); }), "[OLE File] Commit() failed");
     WriteWhole(m_path, "plain text");
     EXPECT_FALSE(COleFile::IsOleFile(m_path.c_str()));
     EXPECT_FALSE(COleFile::IsOleFile((m_folder / "missing").c_str()));
@@ -290,7 +272,7 @@ TEST_F(OleFile, NoChangedByteOfAFileDoesHarm)
         COleFile file;
         if (!file.Open(m_path.c_str(), 0x20)) continue;
         for (const WCHAR* name : {u"Small", u"Large"})
-            MessageOf([&] { EXPECT_LE(Get(file, name).size(), sound.size()); });
+            ThrownLine([&] { EXPECT_LE(Get(file, name).size(), sound.size()); });
     }
 }
 
@@ -345,5 +327,5 @@ TEST_F(OleFile, AStreamWithSectorsOfAnotherIsRefused)
     COleFile file;
     ASSERT_EQ(file.Open(m_path.c_str(), readWrite), 1);
     EXPECT_EQ(Get(file, u"One"), m_large);
-    EXPECT_EQ(MessageOf([&] { file.OpenStream(u"Two"); }), "[OLE File] Open stream failed, name=Two");
+    EXPECT_EQ(ThrownLine([&] { file.OpenStream(u"Two"); }), "[OLE File] Open stream failed, name=Two");
 }

@@ -2,8 +2,8 @@
 #include "corekit/stores/Deflator.h"
 #include "corekit/stores/Inflator.h"
 #include "corekit/stores/MemoryStream.h"
-#include "tests/stores/Thrown.h"
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/Thrown.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -120,15 +120,15 @@ TEST(Packing, BytesBehindTheEndAreSkippedAndNotReadForever)
     EXPECT_EQ(in.GetCurrentPos(), bytes.size());
 }
 
-TEST(Packing, DamageIsNamedInZlibsWords)
+TEST(Packing, DamageIsNamedInTheInflatersWords)
 {
     const std::string sound = Deflated(samples[7]);
     std::string flipped = sound, wrongSum = sound;
     flipped[1'000'040] = static_cast<char>(flipped[1'000'040] ^ 0x10);
     wrongSum.back() = static_cast<char>(wrongSum.back() ^ 1);
-    EXPECT_TRUE(StartsWith(Thrown([] { Inflated("no zlib stream"); }), "[Inflate] incorrect header check"));
-    EXPECT_TRUE(StartsWith(Thrown([&] { Inflated(wrongSum); }), "[Inflate] incorrect data check"));
-    EXPECT_TRUE(StartsWith(Thrown([&] { Inflated(flipped); }), "[Inflate] "));
+    EXPECT_TRUE(Thrown([] { Inflated("no zlib stream"); }).starts_with("[Inflate] incorrect header check"));
+    EXPECT_TRUE(Thrown([&] { Inflated(wrongSum); }).starts_with("[Inflate] incorrect data check"));
+    EXPECT_TRUE(Thrown([&] { Inflated(flipped); }).starts_with("[Inflate] "));
     EXPECT_EQ(Thrown([&] { Inflated(sound.substr(0, sound.size() - 1)); }), "[Inflate] [-5]");
     EXPECT_EQ(Thrown([] { Inflated(""); }), "[Inflate] [-5]");
     EXPECT_EQ(Thrown([] { Inflated(std::string("\x78\xBB\0\0\0\1", 6)); }), "[Inflate] [2]"); // a dictionary
@@ -138,9 +138,9 @@ TEST(Packing, FailuresOfTheStreamsPassThrough)
 {
     const std::string text(1000, 't');
     CMemoryStream in(text.data(), 1000), full(1, 0);
-    EXPECT_TRUE(StartsWith(Thrown([&] { CDeflator().Deflate(in, full); }), "[Memory Stream] Write requires"));
+    EXPECT_TRUE(Thrown([&] { CDeflator().Deflate(in, full); }).starts_with("[Memory Stream] Write requires"));
     in.SeekToPos(0);
     CMemoryStream out(10, 10);
-    EXPECT_TRUE(StartsWith(Thrown([&] { CDeflator().Deflate(in, 1001, out); }), "[Memory Stream] Read past"));
-    EXPECT_TRUE(StartsWith(Thrown([&] { CDeflator().Deflate(in, -1, out); }), "[Memory Stream] Read past"));
+    EXPECT_TRUE(Thrown([&] { CDeflator().Deflate(in, 1001, out); }).starts_with("[Memory Stream] Read past"));
+    EXPECT_TRUE(Thrown([&] { CDeflator().Deflate(in, -1, out); }).starts_with("[Memory Stream] Read past"));
 }

@@ -1,7 +1,7 @@
 // Property stores as the bytes of their stream form.
 #pragma once
 
-#include "Thrown.h"
+#include "tests/support/Thrown.h"
 
 #include "corekit/stores/MemoryStream.h"
 #include "corekit/stores/PropertyStore.h"

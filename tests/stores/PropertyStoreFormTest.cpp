@@ -99,7 +99,7 @@ void ExpectWholeElementsOfEachCut(const std::string& bytes, const std::string& h
         EXPECT_EQ(ReadFrom(cut, bytes.substr(0, size)), TextOf("end")) << size;
         const CPropertyStore packed = cut;
         const std::string kept = Written(cut);
-        EXPECT_TRUE(StartsWith(holds, Holds(packed, false).c_str())) << size;
+        EXPECT_TRUE(holds.starts_with(Holds(packed, false).c_str())) << size;
         const std::size_t end = kept.size() - (cut.GetPropertyStoreValueCount() == 0 ? 4 : 0);
         EXPECT_EQ(Count(cut) != before ? end : size, size);
         before = Count(cut);

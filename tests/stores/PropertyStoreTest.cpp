@@ -259,7 +259,7 @@ TEST(PropertyStore, NestedStoresAndListsOfNames)
     EXPECT_EQ(store.GetPropertyStoreCount() + store.GetPropertyStoreValueCount(), 0);
 }
 
-TEST(PropertyStore, WhatCannotBeReadAgainIsNotWritten)
+TEST(PropertyStore, NestingTooDeepToReadAgainIsNotWritten)
 {
     CPropertyStore store, back;
     for (int level = 0; level < 200000; ++level) {

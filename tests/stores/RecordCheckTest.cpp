@@ -41,10 +41,10 @@ Bytes Dialogue(Bytes field)
 
 } // namespace
 
-TEST_F(RecordFileTest, CheckOfASoundFileSaysWhatItHolds)
+TEST_F(RecordFileTest, CheckOfASoundFileListsWhatItHolds)
 {
     Make({100, 0, 600});
-    const Bytes before = ReadAll(name);
+    const Bytes before = ReadWhole(name);
     EXPECT_EQ(Check(name, quiet).text, "");
     const Outcome full = Check(name, print | verbose);
     EXPECT_EQ(full.result, 1);
@@ -68,10 +68,10 @@ TEST_F(RecordFileTest, CheckOfASoundFileSaysWhatItHolds)
                          "Lost cluster checks completed\n"
                          "Checks completed.\n");
     EXPECT_EQ(Check(name, repair).result, 1);
-    EXPECT_TRUE(ReadAll(name) == before);
+    EXPECT_TRUE(ReadWhole(name) == before);
 }
 
-TEST_F(RecordFileTest, CheckOfManyRecordsGivesSignsOfLife)
+TEST_F(RecordFileTest, CheckOfManyRecordsShowsEvery256thAsProgress)
 {
     Make(std::vector<std::size_t>(600, 1));
     CVariableLengthRecordFile file;
@@ -97,11 +97,11 @@ TEST_F(RecordFileTest, DamageIsNamedAndACheckWithoutRepairWritesNothing)
         for (const std::string& change : Split(fields[0], ' '))
             Patch(name, std::stoul(change),
                   static_cast<DWORD>(std::stoul(change.substr(change.find('=') + 1))));
-        const Bytes damaged = ReadAll(name);
+        const Bytes damaged = ReadWhole(name);
         const Outcome looked = Check(name, print);
         EXPECT_EQ(looked.result, 0);
         EXPECT_TRUE(looked.text.starts_with(Dialogue(fields[1]))) << looked.text;
-        EXPECT_TRUE(ReadAll(name) == damaged) << "a check wrote";
+        EXPECT_TRUE(ReadWhole(name) == damaged) << "a check wrote";
         EXPECT_EQ(Check(name, quiet).result, 0);
         const Outcome mended = Check(name, print | repair);
         EXPECT_EQ(mended.result, 0);
@@ -123,7 +123,7 @@ TEST_F(RecordFileTest, RepairDeletesTheLaterOfTwoRecordsOnOneSector)
     EXPECT_EQ(Get(file, 2), Content(2, 600));
 }
 
-TEST_F(RecordFileTest, RepairFreesWhatTheRepairBeforeHasLost)
+TEST_F(RecordFileTest, EachRepairFreesWhatTheOneBeforeHasLost)
 {
     // The map loses one sector; each repair frees what the one before has lost.
     Make({100});
@@ -131,8 +131,8 @@ TEST_F(RecordFileTest, RepairFreesWhatTheRepairBeforeHasLost)
     const Bytes found = Dialogue("{records}{lost}ERROR: Found lost cluster at offset=0x00003E00|");
     EXPECT_TRUE(Check(name, print | repair).text.starts_with(found));
     // Sector 9 on, where the old map's entries lay, and the lost one. The new map took the first of both.
-    EXPECT_EQ(MapOf(ReadAll(name)), (Extents{{31 * 512, 512}}));
-    EXPECT_EQ(HeaderOf(ReadAll(name)).mapOffset, 9u * 512);
+    EXPECT_EQ(MapOf(ReadWhole(name)), (Extents{{31 * 512, 512}}));
+    EXPECT_EQ(HeaderOf(ReadWhole(name)).mapOffset, 9u * 512);
     const Bytes lost = Check(name, print | repair).text;
     EXPECT_EQ(std::ranges::count(lost, '=') - 2, 7 + 13) << "the rest of the old area, and what was free\n"
                                                          << lost;
@@ -146,7 +146,7 @@ TEST_F(RecordFileTest, RepairOfAMapOnARecordKeepsTheRecord)
 {
     // The map begins on the index's last sector and goes on over three records.
     Make(std::vector<std::size_t>(20, 512));
-    Bytes file = ReadAll(name);
+    Bytes file = ReadWhole(name);
     file.erase(9 * 512, 8 * 512).append(8 * 512, 0); // records right behind the index
     Header header = HeaderOf(file);
     header.mapOffset = 8 * 512;
@@ -157,7 +157,7 @@ TEST_F(RecordFileTest, RepairOfAMapOnARecordKeepsTheRecord)
         const DWORD offset = (9 + i) * 512;
         std::memcpy(file.data() + 512 + i * 8, &offset, 4);
     }
-    std::ofstream(name, std::ios::binary) << file;
+    WriteWhole(name, file);
     EXPECT_EQ(Check(name, repair).result, 0);
     Check(name, repair);
     CVariableLengthRecordFile after;
@@ -165,18 +165,18 @@ TEST_F(RecordFileTest, RepairOfAMapOnARecordKeepsTheRecord)
     for (int i = 0; i < 20; ++i) EXPECT_EQ(Get(after, i), Content(i, 512)) << i;
 }
 
-TEST_F(RecordFileTest, EarlyEndOfACheckKeepsTheFileOpen)
+TEST_F(RecordFileTest, ACheckThatEndsEarlyWritesNothingAndLeavesTheFileOpen)
 {
     Make({100});
     Patch(name, 24, 513);
-    const Bytes damaged = ReadAll(name);
+    const Bytes damaged = ReadWhole(name);
     {
         CVariableLengthRecordFile file;
         EXPECT_EQ(file.CheckFile(name.c_str(), 0, 0, 0), 0);
         EXPECT_TRUE(file.IsOpen());
         EXPECT_EQ(file.CheckFile(name.c_str(), 0, 0, 0), 0) << "while a file is open";
     }
-    EXPECT_TRUE(ReadAll(name) == damaged) << "index and map were never read, and yet were written";
+    EXPECT_TRUE(ReadWhole(name) == damaged) << "index and map were never read, and yet were written";
     std::filesystem::resize_file(name, 40);
     EXPECT_TRUE(Thrown([&] {
                     CVariableLengthRecordFile().CheckFile(name.c_str(), 0, 0, 0);

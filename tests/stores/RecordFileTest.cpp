@@ -1,6 +1,7 @@
 #include "RecordFiles.h"
 
 #include "corekit/stores/MemoryStream.h"
+#include "tests/support/CaseRows.h"
 
 #include <algorithm>
 #include <random>
@@ -97,7 +98,7 @@ public:
 
 void ExpectOnDisk(const std::string& name, const Model& model)
 {
-    const Bytes file = ReadAll(name);
+    const Bytes file = ReadWhole(name);
     const Header h = HeaderOf(file);
     EXPECT_EQ(h.fileSize, model.size);
     EXPECT_EQ(file.size(), model.size);
@@ -109,7 +110,7 @@ void ExpectOnDisk(const std::string& name, const Model& model)
 
 } // namespace
 
-TEST_F(RecordFileTest, NewFileDiffersFromItsLayoutByHand)
+TEST_F(RecordFileTest, ANewFileHasItsLayoutByteForByte)
 {
     Make({});
     Bytes expected(32 * 512, 0);
@@ -120,10 +121,10 @@ TEST_F(RecordFileTest, NewFileDiffersFromItsLayoutByHand)
     const unsigned char map[8] = {0, 0x22, 0, 0, 0, 0x1E, 0, 0};
     std::memcpy(expected.data(), head, sizeof head);
     std::memcpy(expected.data() + 9 * 512, map, sizeof map);
-    EXPECT_TRUE(ReadAll(name) == expected);
+    EXPECT_TRUE(ReadWhole(name) == expected);
 }
 
-TEST_F(RecordFileTest, RandomOperationsKeepTheRuleOfPlacement)
+TEST_F(RecordFileTest, EveryRecordLandsWhereAScanOfTheFreeSpaceWouldPutIt)
 {
     for (const unsigned seed : {1u, 2u, 3u, 4u}) {
         std::mt19937 random(seed);
@@ -175,7 +176,7 @@ TEST_F(RecordFileTest, RandomOperationsKeepTheRuleOfPlacement)
     }
 }
 
-TEST_F(RecordFileTest, ExactFitIsMissedOrFrontOfTheLowestLongerEntryIsNotTaken)
+TEST_F(RecordFileTest, AnExactFitIsTakenOrElseTheFrontOfTheLowestLongerEntry)
 {
     // Records of those sectors, the odd ones deleted; one more of `want` sectors must land at sector 17 +
     // `at`.
@@ -196,11 +197,11 @@ TEST_F(RecordFileTest, ExactFitIsMissedOrFrontOfTheLowestLongerEntryIsNotTaken)
         for (std::size_t i = 1; i < sizes.size(); i += 2) file.DeleteRecord(static_cast<int>(i), 0);
         EXPECT_EQ(Add(file, Bytes(c.want * sector, 'x')), 1);
         file.Close(1);
-        EXPECT_EQ(IndexOf(ReadAll(name))[1].nOffset, (17 + c.at) * sector);
+        EXPECT_EQ(IndexOf(ReadWhole(name))[1].nOffset, (17 + c.at) * sector);
     }
 }
 
-TEST_F(RecordFileTest, NumbersAreNotReusedOrMiscounted)
+TEST_F(RecordFileTest, TheLowestFreeNumberIsReusedAndCountsFollow)
 {
     CVariableLengthRecordFile file;
     ASSERT_EQ(file.CreateFileA(name.c_str(), sector, 32 * sector), 1);
@@ -224,7 +225,7 @@ TEST_F(RecordFileTest, NumbersAreNotReusedOrMiscounted)
     EXPECT_EQ(Bytes(static_cast<const char*>(stream.GetMemoryBufferPointer()), stream.GetSize()), "eleventh");
 }
 
-TEST_F(RecordFileTest, WrongNumbersAndArgumentsAreTaken)
+TEST_F(RecordFileTest, WrongNumbersAndArgumentsAreRefused)
 {
     CVariableLengthRecordFile file;
     for (const auto& [size, initial] :
@@ -235,10 +236,11 @@ TEST_F(RecordFileTest, WrongNumbersAndArgumentsAreTaken)
     CVariableLengthRecordFile second;
     EXPECT_EQ(second.CreateFileA(name.c_str(), sector, 32 * sector), 0);
     EXPECT_EQ(second.OpenFile(name.c_str()), 0) << "open already";
-    EXPECT_EQ(second.OpenFile((folder + "/none").c_str()), 0);
-    for (const int record : {-1, 1}) EXPECT_NE(Thrown([&] { file.ReplaceRecord(record, "x", 1, 0); }), "");
+    EXPECT_EQ(second.OpenFile((folder / "none").c_str()), 0);
+    for (const int record : {-1, 1})
+        EXPECT_NE(Thrown([&] { file.ReplaceRecord(record, "x", 1, 0); }), "nothing");
     for (const int record : {-1, 0x1FFFFFFF})
-        EXPECT_NE(Thrown([&] { file.SetRecord(record, "x", 1, 0); }), "");
+        EXPECT_NE(Thrown([&] { file.SetRecord(record, "x", 1, 0); }), "nothing");
     EXPECT_EQ(file.GetRecordCount(), 0);
 }
 
@@ -249,44 +251,36 @@ TEST_F(RecordFileTest, WhatNobodyCouldReadIsNotWritten)
     ASSERT_EQ(file.OpenFile(name.c_str()), 1);
     const std::vector<char> page(4096);
     const auto refusal = [&](auto act) { return Thrown([&] { act(page.data(), 0x80000000u); }); };
-    const std::string told = "[Variable Length Record File] Write failed.";
-    EXPECT_TRUE(refusal([&](auto... data) { file.AddRecord(data..., 1); }).starts_with(told));
-    EXPECT_TRUE(refusal([&](auto... data) { file.SetRecord(9, data..., 1); }).starts_with(told));
-    EXPECT_TRUE(refusal([&](auto... data) { file.ReplaceRecord(0, data..., 1); }).starts_with(told));
+    const std::string expected = "[Variable Length Record File] Write failed.";
+    EXPECT_TRUE(refusal([&](auto... data) { file.AddRecord(data..., 1); }).starts_with(expected));
+    EXPECT_TRUE(refusal([&](auto... data) { file.SetRecord(9, data..., 1); }).starts_with(expected));
+    EXPECT_TRUE(refusal([&](auto... data) { file.ReplaceRecord(0, data..., 1); }).starts_with(expected));
     EXPECT_EQ(file.GetRecordCount(), 2);
     EXPECT_EQ(Get(file, 0), Content(0, 100));
     file.Close(1);
     EXPECT_EQ(std::filesystem::file_size(name), 32u * 512);
 }
 
-TEST_F(RecordFileTest, HeadersThatCannotBeTrueAreOpened)
+TEST_F(RecordFileTest, HeadersThatCannotBeTrueAreRefused)
 {
     Make({100, 2000});
-    const struct {
-        std::size_t at;
-        DWORD value;
-    } cases[] = {{0, 1},         {12, 0},          {16, 0},          {16, 33 * 512}, {20, 0},
-                 {20, 513},      {20, 32},         {20, 1u << 31},   {24, 0},        {24, 513},
-                 {24, 32 * 512}, {28, 0},          {28, 9},          {28, 1u << 23}, {28, 0xFFFFFFFF},
-                 {32, 513},      {32, 0x20000002}, {36, 0xFFFFFE00}, {36, 8 * 512},  {40, 0},
-                 {40, 24},       {44, 0xFFFFFFFF}};
-    const Bytes good = ReadAll(name);
-    for (const auto& [at, value] : cases) {
-        Patch(name, 0, good.data(), good.size());
-        Patch(name, at, value);
-        EXPECT_EQ(CVariableLengthRecordFile().OpenFile(name.c_str()), 0) << at << ' ' << value;
+    const Bytes good = ReadWhole(name);
+    for (CaseRow row : CaseRows(TEST_DATA "/damaged_headers.tsv", "records")) {
+        WriteWhole(name, good);
+        const auto at = row.Number<std::size_t>();
+        Patch(name, at, row.Number<DWORD>());
+        EXPECT_EQ(CVariableLengthRecordFile().OpenFile(name.c_str()), 0) << row.Line();
     }
-    Patch(name, 0, good.data(), good.size());
-    for (const std::size_t length : {0, 63, 64, 511, 31 * 512}) {
-        std::filesystem::resize_file(name, length);
-        EXPECT_EQ(CVariableLengthRecordFile().OpenFile(name.c_str()), 0) << length;
+    for (CaseRow row : CaseRows(TEST_DATA "/damaged_headers.tsv", "records cut")) {
+        WriteWhole(name, good);
+        std::filesystem::resize_file(name, row.Number<std::size_t>());
+        EXPECT_EQ(CVariableLengthRecordFile().OpenFile(name.c_str()), 0) << row.Line();
     }
-    std::ofstream(name, std::ios::binary)
-        << good << "what a crash left behind the size that the header knows";
+    WriteWhole(name, good + "what a crash left behind the size that the header knows");
     EXPECT_EQ(CVariableLengthRecordFile().OpenFile(name.c_str()), 1);
 }
 
-TEST_F(RecordFileTest, DamagedEntriesReachOutsideOfTheFile)
+TEST_F(RecordFileTest, DamagedEntriesNeverReachOutsideTheFile)
 {
     Make({100, 100, 100});
     Patch(name, 512 + 4, 0x7FFFFFFF);
@@ -304,7 +298,7 @@ TEST_F(RecordFileTest, DamagedEntriesReachOutsideOfTheFile)
     EXPECT_EQ(std::filesystem::file_size(name), 32u * 512);
 }
 
-TEST_F(RecordFileTest, ReplaceThatFindsNoRoomLosesTheRecord)
+TEST_F(RecordFileTest, AReplaceThatFindsNoRoomKeepsTheRecord)
 {
     Make({300, 500});
     constexpr DWORD full = 0xFFFFFE00; // no growth by 64 sectors is possible

@@ -5,6 +5,8 @@
 
 #include "corekit/foundation/SafeAlloc.h"
 #include "corekit/framework/Exception.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/Thrown.h"
 
 #include <gtest/gtest.h>
 
@@ -19,12 +21,6 @@ namespace records {
 using Bytes = std::string;
 using Header = corekit::detail::RecordFileHeader;
 using Extents = std::vector<VLRExtent>;
-
-inline Bytes ReadAll(const std::string& name)
-{
-    std::ifstream in(name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 inline void Patch(const std::string& name, std::size_t at, const void* data, std::size_t size)
 {
@@ -57,7 +53,7 @@ inline Extents IndexOf(const Bytes& file)
     return ExtentsAt(file, h.indexOffset, h.indexEntries);
 }
 
-// Text that tells where it comes from.
+// Text that shows where it comes from.
 inline Bytes Content(int seed, std::size_t size)
 {
     Bytes text(size, 0);
@@ -84,31 +80,8 @@ inline void Set(CVariableLengthRecordFile& file, int record, const Bytes& bytes)
     file.SetRecord(record, bytes.data(), static_cast<DWORD>(bytes.size()), 0);
 }
 
-// The message of what `act` throws, empty if nothing.
-template <class Act>
-std::string Thrown(Act act)
-{
-    try {
-        act();
-    } catch (CException* e) {
-        char text[256];
-        e->GetErrorMessage(text, sizeof text);
-        e->Delete();
-        return text;
-    }
-    return {};
-}
-
 class RecordFileTest : public testing::Test {
 protected:
-    RecordFileTest()
-    {
-        std::string pattern = testing::TempDir() + "records-XXXXXX";
-        folder = ::mkdtemp(pattern.data());
-        name = folder + "/file.vlr";
-    }
-    ~RecordFileTest() override { std::filesystem::remove_all(folder); }
-
     // A closed file with records of the given sizes, content by number, in sectors of 512 bytes.
     void Make(const std::vector<std::size_t>& sizes, DWORD sectors = 32)
     {
@@ -118,7 +91,8 @@ protected:
         file.Close(1);
     }
 
-    std::string folder, name;
+    TempFolder folder;
+    const std::string name = folder / "file.vlr";
 };
 
 } // namespace records

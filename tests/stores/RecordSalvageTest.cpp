@@ -12,10 +12,10 @@ class RecordSalvageTest : public RecordFileTest {
 protected:
     RecordFileSalvage Salvage() { return SalvageRecordFile(name.c_str(), target.c_str()); }
 
-    std::string target = folder + "/salvaged.vlr";
+    std::string target = folder / "salvaged.vlr";
 };
 
-TEST_F(RecordSalvageTest, RecordsOfADamagedFileAreLeftBehind)
+TEST_F(RecordSalvageTest, EveryReadableRecordOfADamagedFileIsSaved)
 {
     Make({100, 200, 600, 512, 1, 5000});
     Patch(name, 512 + 1 * 8, 17 * 512);     // on record 0
@@ -36,7 +36,7 @@ TEST_F(RecordSalvageTest, RecordsOfADamagedFileAreLeftBehind)
     EXPECT_EQ(Get(file, 5), Content(5, 5000));
 }
 
-TEST_F(RecordSalvageTest, RecordsThatAllClaimTheFileFillTheDisk)
+TEST_F(RecordSalvageTest, OnlyTheFirstOfRecordsThatAllClaimTheWholeFileIsCopied)
 {
     Make({100, 200, 600, 512, 1, 5000});
     for (std::size_t i = 0; i < 6; ++i) {
@@ -48,15 +48,15 @@ TEST_F(RecordSalvageTest, RecordsThatAllClaimTheFileFillTheDisk)
     EXPECT_EQ(done.lost, (Numbers{1, 2, 3, 4, 5}));
 }
 
-TEST_F(RecordSalvageTest, RefusalLeavesATargetOrHurtsOne)
+TEST_F(RecordSalvageTest, ARefusalMakesNoTargetAndKeepsTheOneThatIsThere)
 {
-    EXPECT_NE(Thrown([&] { Salvage(); }), "");
+    EXPECT_NE(Thrown([&] { Salvage(); }), "nothing");
     Make({100});
     Patch(name, 3, 0);
     EXPECT_EQ(Thrown([&] { Salvage(); }), name + " is not a V.L.R. file");
     EXPECT_FALSE(std::filesystem::exists(target));
     Patch(name, 0, corekit::detail::recordFileMagic, 16);
     std::ofstream(target) << "mine";
-    EXPECT_NE(Thrown([&] { Salvage(); }), "");
-    EXPECT_EQ(ReadAll(target), "mine");
+    EXPECT_NE(Thrown([&] { Salvage(); }), "nothing");
+    EXPECT_EQ(ReadWhole(target), "mine");
 }

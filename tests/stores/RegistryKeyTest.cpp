@@ -1,7 +1,8 @@
 #include "corekit/stores/RegistryKey.h"
 
 #include "corekit/foundation/ChainedException.h"
-#include "tests/RegistryHome.h"
+#include "tests/support/RegistryHome.h"
+#include "tests/support/Thrown.h"
 
 namespace {
 class RegistryKeyTest : public RegistryHome {
@@ -18,18 +19,6 @@ protected:
     CByteArray m_bytes;
 };
 
-template <class Call>
-CString MessageOf(Call call)
-{
-    try {
-        call();
-    } catch (CChainedException* e) {
-        CString text = e->BuildMessageString();
-        e->Delete();
-        return text;
-    }
-    return "";
-}
 } // namespace
 
 TEST_F(RegistryKeyTest, EachFormComesBackAsItsOwnTypeOnly)
@@ -110,7 +99,7 @@ TEST_F(RegistryKeyTest, HexStringDropsAHalfPairAndTakesAnySeparator)
     EXPECT_EQ(Bytes("v").GetSize(), 0);
 }
 
-TEST_F(RegistryKeyTest, FailedOpenKeepsTheKeyAndFailuresAreTold)
+TEST_F(RegistryKeyTest, AFailedOpenKeepsTheKeyAndFailuresAreReported)
 {
     m_key.SetValue("v", 1);
     EXPECT_EQ(m_key.Open(HKEY_LOCAL_MACHINE, "Missing"), 0);
@@ -123,12 +112,13 @@ TEST_F(RegistryKeyTest, FailedOpenKeepsTheKeyAndFailuresAreTold)
     ASSERT_TRUE(second.IsOpen());
     EXPECT_NE(HKEY(second), HKEY(m_key));
     second.Close();
-    EXPECT_TRUE(MessageOf([&] { second.Close(); }).Find("Failed attempting to close a registry key.") >= 0);
-    EXPECT_TRUE(
-        MessageOf([&] { second.SetValue("v", 1); }).Find("Failed attempting to set a registry value.") >= 0);
-    EXPECT_TRUE(MessageOf([&] {
+    EXPECT_TRUE(Thrown([&] { second.Close(); }).find("Failed attempting to close a registry key.") !=
+                std::string::npos);
+    EXPECT_TRUE(Thrown([&] { second.SetValue("v", 1); }).find("Failed attempting to set a registry value.") !=
+                std::string::npos);
+    EXPECT_TRUE(Thrown([&] {
                     second.Create(HKEY_LOCAL_MACHINE, "\\bad");
-                }).Find("Failed attempting to create a registry key.") >= 0);
+                }).find("Failed attempting to create a registry key.") != std::string::npos);
     second.Attach(m_key);
     RegCloseKey(second.Detach());
     EXPECT_FALSE(second.IsOpen());

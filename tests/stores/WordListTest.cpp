@@ -2,7 +2,8 @@
 #include "corekit/foundation/WildCards.h"
 #include "corekit/framework/Exception.h"
 #include "corekit/stores/WordListFile.h"
-#include "tests/TempFolder.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -41,7 +42,7 @@ Ids Found(CWordListFile& list, const Text& pattern)
     return {ids.GetData(), ids.GetData() + ids.GetSize()};
 }
 
-// The file as the format tells it: its leaves, read without the class.
+// The file as its format has it: the leaves, read without the class.
 struct Entry {
     DWORD id;
     Text word;
@@ -113,7 +114,7 @@ protected:
 
 } // namespace
 
-TEST_F(WordListTest, BytesOfASmallListAreOthers)
+TEST_F(WordListTest, ASmallListHasItsLayoutByteForByte)
 {
     Make({u"beta", u" Alpha\t", u"\u00e9"});
     std::string expected(4096 + 64 * 4096, '\0');
@@ -147,7 +148,7 @@ TEST_F(WordListTest, BytesOfASmallListAreOthers)
     EXPECT_EQ(list.FindWord(u"\u00c9"), 3u);
 }
 
-TEST_F(WordListTest, WordsAreKeptAsTheyWereGiven)
+TEST_F(WordListTest, WordsAreKeptTrimmedInUpperCaseUpTo29Characters)
 {
     ASSERT_TRUE(list.Create(name.c_str()));
     const Text longest(29, u'x'), tooLong(30, u'x');
@@ -170,7 +171,7 @@ TEST_F(WordListTest, WordsAreKeptAsTheyWereGiven)
     EXPECT_EQ(list.FindWord(longest.c_str()), 5u);
 }
 
-TEST_F(WordListTest, FullLeafIsSplitElsewhere)
+TEST_F(WordListTest, AFullLeafIsSplitInHalves)
 {
     for (const auto& [extra, lower, upper] :
          {std::tuple(129, 32, 33), std::tuple(65, 32, 33), std::tuple(63, 33, 32), std::tuple(0, 33, 32)}) {
@@ -186,7 +187,7 @@ TEST_F(WordListTest, FullLeafIsSplitElsewhere)
     }
 }
 
-TEST_F(WordListTest, WordIsLostAmongMany)
+TEST_F(WordListTest, EveryWordIsFoundAmongMany)
 {
     std::mt19937 random(7);
     std::map<Text, DWORD> model;
@@ -215,7 +216,7 @@ TEST_F(WordListTest, WordIsLostAmongMany)
     EXPECT_TRUE(std::is_sorted(inOrder.begin(), inOrder.end()));
 }
 
-TEST_F(WordListTest, FullMasterIndexMovesAndLosesLeaves)
+TEST_F(WordListTest, AFullMasterIndexMovesAndKeepsItsLeaves)
 {
     ASSERT_TRUE(list.Create(name.c_str()));
     const int count = 4096 * 32 + 65; // one split beyond leaf 4097
@@ -232,7 +233,7 @@ TEST_F(WordListTest, FullMasterIndexMovesAndLosesLeaves)
     EXPECT_TRUE(list.Open(name.c_str()));
 }
 
-TEST_F(WordListTest, PatternFindsOtherThanTheWalk)
+TEST_F(WordListTest, APatternFindsWhatAWalkOverTheLeavesFinds)
 {
     std::mt19937 random(11);
     std::vector<Text> words;
@@ -265,7 +266,7 @@ TEST_F(WordListTest, PatternFindsOtherThanTheWalk)
     EXPECT_EQ(Found(list, u" \t"), Ids());
 }
 
-TEST_F(WordListTest, PatternMissesAWordThatWasAddedSince)
+TEST_F(WordListTest, APatternFindsWordsThatWereAddedSince)
 {
     ASSERT_TRUE(list.Create(name.c_str()));
     EXPECT_EQ(Found(list, u"*A*"), Ids());
@@ -277,48 +278,27 @@ TEST_F(WordListTest, PatternMissesAWordThatWasAddedSince)
     }
 }
 
-TEST_F(WordListTest, ListThatCannotBeTrueIsFollowed)
+TEST_F(WordListTest, ListsThatCannotBeTrueAreRefused)
 {
     std::vector<Text> words;
     for (int i = 1; i <= 150; ++i) words.push_back(Number(i));
     Make(words);
     const std::string sound = ReadWhole(name);
-    constexpr std::size_t header = 4096, master = 8192;
-    const struct {
-        const char* what;
-        std::size_t at;
-        DWORD value;
-    } cases[] = {
-        {"shift", 24, 11},
-        {"header block free", 1024, 0xFE},
-        {"master block", header, 64},
-        {"master block wraps", header, ~0u},
-        {"master over the header", header, 0},
-        {"no master", header + 4, 0},
-        {"master too long", header + 4, 64},
-        {"master in free blocks", header + 4, 40},
-        {"master count", header + 8, 4097},
-        {"count of free leaves", header + 8, 10},
-        {"leaf outside", master + 4, 64},
-        {"leaf far outside", master + 4, ~0u},
-        {"leaf twice", master + 4, 6},
-        {"leaf on the master", master + 4, 2},
-        {"leaf on the header", master + 4, 0},
-        {"leaf that is free", master + 4, 20},
-    };
-    for (const auto& c : cases) {
+    for (CaseRow row : CaseRows(TEST_DATA "/damaged_headers.tsv", "words")) {
         std::string bad = sound;
-        std::memcpy(bad.data() + c.at, &c.value, 4);
+        const auto at = row.Number<std::size_t>();
+        const auto value = row.Number<DWORD>();
+        std::memcpy(bad.data() + at, &value, sizeof value);
         WriteWhole(name, bad);
-        EXPECT_FALSE(list.Open(name.c_str())) << c.what;
-        EXPECT_TRUE(ReadWhole(name) == bad) << c.what;
+        EXPECT_FALSE(list.Open(name.c_str())) << row.Line();
+        EXPECT_TRUE(ReadWhole(name) == bad) << row.Line();
     }
     WriteWhole(name, sound);
     EXPECT_TRUE(list.Open(name.c_str()));
 }
 
 // Leaves are read entry by entry whatever they hold; nothing beyond them is.
-TEST_F(WordListTest, DisorderInALeafEndsBadly)
+TEST_F(WordListTest, DisorderInALeafNeitherHangsNorReadsBeyondIt)
 {
     std::vector<Text> words;
     for (int i = 1; i <= 300; ++i) words.push_back(Number(i));
@@ -340,26 +320,13 @@ TEST_F(WordListTest, DisorderInALeafEndsBadly)
     }
 }
 
-TEST_F(WordListTest, TextFallsIntoOtherWords)
+TEST_F(WordListTest, TextIsPartedIntoWordsOfLettersAndDigits)
 {
-    const struct {
-        const WCHAR* text;
-        int wildcards;
-        std::vector<Text> words;
-    } cases[] = {
-        {u"", 0, {}},
-        {u" ,;", 0, {}},
-        {u"Input/Output devices", 0, {u"Input/Output", u"devices"}},
-        {u"don't pre-load 3\u00BD", 0, {u"don", u"t", u"pre", u"load", u"3\u00BD"}},
-        {u"a*b c?", 0, {u"a", u"b", u"c"}},
-        {u"a*b c?", 1, {u"a*b", u"c?"}},
-        {u"\u05E9\u05B8\u05DC \u01C5", 0, {u"\u05E9", u"\u05DC", u"\u01C5"}}, // a vowel point ends a word
-    };
-    CArray<StringW, const WCHAR*> words;
-    for (const auto& c : cases) {
-        CWordListFile::ConvertStringToWords(c.text, words, c.wildcards);
-        ASSERT_EQ(static_cast<std::size_t>(words.GetSize()), c.words.size());
-        for (std::size_t i = 0; i < c.words.size(); ++i)
-            EXPECT_TRUE(words[static_cast<int>(i)] == c.words[i].c_str());
+    for (CaseRow row : CaseRows(TEST_DATA "/words.tsv")) {
+        CArray<StringW, const WCHAR*> words;
+        const Text text = row.Units();
+        CWordListFile::ConvertStringToWords(text.c_str(), words, row.Number());
+        for (int i = 0; i < words.GetSize(); ++i) EXPECT_TRUE(words[i] == row.Units().c_str()) << row.Line();
+        EXPECT_EQ(row.Word(), "") << row.Line();
     }
 }

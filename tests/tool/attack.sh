@@ -1,18 +1,10 @@
 #!/usr/bin/env bash
 # attack.sh TOOL: full disks, others at the same file, names and texts that mean harm.
-set -u
-tool=$(realpath "$1")
-scratch=$(mktemp -d)
-trap 'rm -rf "$scratch"' EXIT
-export QT_QPA_PLATFORM=offscreen COREKIT_HOME=$scratch/home HOME=$scratch
-failures=0
+# shellcheck source-path=SCRIPTDIR source=begin.sh
+. "$(dirname "$0")/begin.sh"
+export COREKIT_HOME=$scratch/home HOME=$scratch
 cd "$scratch" || exit 1
 umask 022
-
-fail() {
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
 
 # refused PATTERN ARGUMENTS...: exit code 2 and one line on standard error that matches.
 refused() {

@@ -1,17 +1,8 @@
 #!/usr/bin/env bash
 # dib.sh TOOL: what the tool says of bitmaps, and the pictures that it makes of them, read by other programs.
-set -u
-tool=$1
-bitmaps=$(dirname "$0")/../graphics/bitmaps
-scratch=$(mktemp -d)
-trap 'rm -rf "$scratch"' EXIT
-export QT_QPA_PLATFORM=offscreen
-failures=0
-
-fail() {
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
+# shellcheck source-path=SCRIPTDIR source=begin.sh
+. "$(dirname "$0")/begin.sh"
+bitmaps=$here/../graphics/bitmaps
 
 # colours FILE: red, green and blue of every pixel, whatever the file is.
 colours() {

@@ -1,16 +1,7 @@
 #!/usr/bin/env bash
 # run.sh TOOL: what the command-line tool says and how it ends.
-set -u
-tool=$1
-scratch=$(mktemp -d)
-trap 'rm -rf "$scratch"' EXIT
-export QT_QPA_PLATFORM=offscreen
-failures=0
-
-fail() {
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
+# shellcheck source-path=SCRIPTDIR source=begin.sh
+. "$(dirname "$0")/begin.sh"
 
 # refused ARGUMENTS...: exit code 2, one line on standard error, nothing on standard output.
 refused() {

@@ -3,6 +3,8 @@
 #include "corekit/framework/Exception.h"
 #include "corekit/platform/CodePages.h"
 #include "corekit/unicode/codepages/CodePageNames.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/Thrown.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -68,56 +70,35 @@ TEST(CodePageConversion, OtherNumbersThrow)
 {
     for (const int page : {0x10000, 0x10003, 0x7FFFFFFF}) {
         for (const bool reads : {true, false}) {
-            try {
-                reads ? void(Read(page, "x")) : void(Write(page, u"x"));
-                ADD_FAILURE() << page;
-            } catch (CNotSupportedException* e) {
-                e->Delete();
-            }
+            EXPECT_EQ(ThrownClass([&] { reads ? void(Read(page, "x")) : void(Write(page, u"x")); }),
+                      RUNTIME_CLASS(CNotSupportedException))
+                << page;
         }
     }
 }
 
-struct Utf8Case {
-    std::string_view bytes;
-    bool isWhole;
-    std::u16string_view units;
-};
-
 TEST(CodePageConversion, OwnUtf8ReadsUpToTheFirstFault)
 {
-    using namespace std::string_view_literals;
-    const Utf8Case cases[] = {
-        {"\xC3\xA9", true, u"é"},
-        {"\xC3", false, u""},
-        {"A\xC3", false, u"A"},
-        {"A\xC3z", false, u"A"},
-        {"\xF0\x90\x80\x80", false, u""},
-        {"\xC0\x80", true, u"\0"sv},
-        {"\xE0\x81\x81", true, u"A"},
-        {"\xED\xA0\x80", true, u"\xD800"},
-        {"\xEF\xBF\xBF", true, u"\uFFFF"},
-        {"\xE2\x82", false, u""},
-        {"\xE2z\x82", false, u""},
-        {"\xE2\x82z", false, u""},
-        {"z\x80", false, u"z"},
-        {"z\xFF", false, u"z"},
-        {"\xC3\xA9\xC3", false, u"é"},
-        {"\xE2\x82\xAC\xE2", false, u"€"},
+    struct Utf8Case {
+        std::string bytes;
+        bool isWhole;
+        std::u16string units;
     };
+    std::vector<Utf8Case> cases;
+    for (CaseRow row : CaseRows(TEST_DATA "/own_utf8.tsv"))
+        cases.push_back({row.Bytes(), row.Number() != 0, row.Units()});
     // At the end of the text, and before and behind runs as long as the fast steps take.
     for (const std::size_t before : {0, 7, 8, 15, 300})
         for (const std::size_t after : {0, 1, 15, 16, 300})
             for (const Utf8Case& c : cases) {
                 const bool isCut = !c.isWhole && after > 0;
-                const std::string bytes =
-                    std::string(before, 'b') + std::string(c.bytes) + std::string(after, 'a');
-                const std::u16string units = std::u16string(before, u'b') + std::u16string(c.units) +
+                const std::string bytes = std::string(before, 'b') + c.bytes + std::string(after, 'a');
+                const std::u16string units = std::u16string(before, u'b') + c.units +
                                              (isCut || !c.isWhole ? u"" : std::u16string(after, u'a'));
                 StringW text;
                 EXPECT_EQ(UTF8toUnicode(bytes.data(), static_cast<int>(bytes.size()), text), c.isWhole);
                 EXPECT_EQ(std::u16string(text, static_cast<std::size_t>(text.GetLength())), units)
-                    << before << " " << after << " " << &c - cases;
+                    << before << " " << after << " " << &c - cases.data();
             }
 }
 
@@ -133,19 +114,12 @@ TEST(CodePageConversion, OwnUtf8WritesAndReadsEveryUnit)
         }
 }
 
-TEST(CodePageNames, NumbersHaveTheNamesOfTheTable)
+TEST(CodePageNames, EveryPageHasItsName)
 {
-    const std::pair<UINT, const char*> cases[] = {
-        {1252, "Windows US (ANSI) Codepage (1252)"},
-        {31, "EBCDIC US / Canada Codepage (037)"},
-        {37, "- Unrecognised Codepage 37"},
-        {708, "Arabic (ASMO 708) Codepage"},
-        {500, "EBCDIC International \"500V1\" Codepage (500)"},
-        {28595, "Cyrillic (ISO 8859-5) Codepage (29595)"},
-        {28599, "ISO 8859-9 Codepage (28599)"},
-        {0x10001, "- Unrecognised Codepage 65537"},
-    };
-    for (const auto& [page, name] : cases) EXPECT_STREQ(GetCodePageName(page), name);
+    for (CaseRow row : CaseRows(TEST_DATA "/code_page_names.tsv", "name")) {
+        const UINT page = row.Number<UINT>();
+        EXPECT_STREQ(GetCodePageName(page), row.Word().c_str()) << row.Line();
+    }
     EXPECT_EQ(cconvGetCPCount(), 2);
     EXPECT_EQ(cconvGetCodePage(0), 0x10001);
     EXPECT_EQ(cconvGetCodePage(1), 0x10002);
@@ -157,9 +131,10 @@ TEST(CodePageNames, NumbersHaveTheNamesOfTheTable)
 
 TEST(CodePageNames, CharacterSetsHaveTheirPages)
 {
-    const std::pair<UINT, UINT> cases[] = {{0, 1252},   {77, 10000}, {130, 1361},
-                                           {178, 1256}, {238, 1250}, {255, 850}};
-    for (const auto& [charSet, page] : cases) EXPECT_EQ(ConvertCharSetToCodePage(charSet), page);
+    for (CaseRow row : CaseRows(TEST_DATA "/code_page_names.tsv", "charset")) {
+        const UINT charSet = row.Number<UINT>();
+        EXPECT_EQ(ConvertCharSetToCodePage(charSet), row.Number<UINT>()) << row.Line();
+    }
     EXPECT_EQ(ConvertCharSetToCodePage(1), GetACP());
     EXPECT_EQ(ConvertCharSetToCodePage(131), GetACP());
 }

@@ -1,8 +1,10 @@
 #include "ShapingSteps.h"
 #include "corekit/unicode/shaping/GlyphConversion.h"
+#include "tests/support/CaseRows.h"
 #include "tests/support/TabbedCases.h"
 
 #include <gtest/gtest.h>
+#include <map>
 #include <random>
 #include <vector>
 
@@ -18,7 +20,7 @@ std::u16string Convert(const std::u16string& text, int length = -1)
 class StepsFromTheTable : public testing::TestWithParam<const char*> {};
 
 // A step takes exactly the characters of its piece of the line, and one conversion gives all pieces.
-TEST_P(StepsFromTheTable, TakeAndGive)
+TEST_P(StepsFromTheTable, EachStepTakesAndGivesWhatTheTableSays)
 {
     const auto cases = TabbedCases(std::string(TEST_DATA "/") + GetParam());
     ASSERT_GT(cases.size(), 50U) << "the table was not read";
@@ -115,7 +117,7 @@ TEST(ShapingSteps, CostsAreLinearOnHostileTexts)
     }
 }
 
-TEST(TamilGlyphs, ColumnsAndSigns)
+TEST(TamilGlyphs, SignsTakeTheGlyphOfTheirConsonant)
 {
     EXPECT_EQ(TamilBaseGlyph(0x0020), 0x0020);
     EXPECT_EQ(TamilBaseGlyph(0x0B96), 0);
@@ -140,16 +142,6 @@ TEST(TamilGlyphs, ColumnsAndSigns)
     ConvertTamilKssaSign(0x0BCA, out, index);
     EXPECT_EQ(index, 14);
     EXPECT_EQ(Units(out), u"\uE2FE\uE2AA\uE2FE\uE2A3");
-}
-
-TEST(DevanagariClasses, EndsOfTheRanges)
-{
-    for (const WCHAR c : {0x0915, 0x0939, 0x0958, 0x095F, 0x097C, 0x097F})
-        EXPECT_TRUE(IsDevanagariConsonant(c)) << std::hex << int{c};
-    for (const WCHAR c : {0x0914, 0x093A, 0x0957, 0x0960, 0x097B, 0x0980, 0x0015})
-        EXPECT_FALSE(IsDevanagariConsonant(c)) << std::hex << int{c};
-    for (const WCHAR c : {0x093E, 0x0945, 0x094C}) EXPECT_TRUE(IsDevanagariMatra(c)) << std::hex << int{c};
-    for (const WCHAR c : {0x093D, 0x094D}) EXPECT_FALSE(IsDevanagariMatra(c)) << std::hex << int{c};
 }
 
 TEST(BengaliCluster, LeavesSignsAndLowerLettersToTheSyllable)
@@ -183,14 +175,18 @@ TEST(BengaliCluster, ChaAndViramaTakeTheEndToo)
     EXPECT_EQ(Units(out), u"\uE151\uE126\uE19A\uE177\uE14B\uE19A") << "what comes behind a zero is its own";
 }
 
-TEST(BengaliClasses, EndsOfTheRanges)
+TEST(LetterClasses, EndWhereTheirRangesEnd)
 {
-    for (const WORD c : {0x0980, 0x0984, 0x098D, 0x0995, 0x09A9, 0x09B0, 0x09B2, 0x09B6, 0x09B9, 0x09D3,
-                         0x09D4, 0x09DF, 0x09F4})
-        EXPECT_TRUE(IsBengaliConsonant(c)) << std::hex << c;
-    for (const WORD c : {0x0094, 0x097F, 0x0981, 0x0994, 0x09B1, 0x09B3, 0x09B5, 0x09BA, 0x09CD, 0x09D2,
-                         0x09DC, 0x09F0, 0x0A15})
-        EXPECT_FALSE(IsBengaliConsonant(c)) << std::hex << c;
+    const std::map<std::string, bool (*)(WORD)> classes = {
+        {"Devanagari consonant", [](WORD c) { return bool(IsDevanagariConsonant(c)); }},
+        {"Devanagari matra", [](WORD c) { return bool(IsDevanagariMatra(c)); }},
+        {"Bengali consonant", [](WORD c) { return bool(IsBengaliConsonant(c)); }},
+    };
+    for (CaseRow row : CaseRows(TEST_DATA "/letter_classes.tsv")) {
+        const auto isOne = classes.at(row.Word());
+        const WORD c = row.Number<WORD>();
+        EXPECT_EQ(isOne(c), row.Number() != 0) << row.Line();
+    }
 }
 
 } // namespace

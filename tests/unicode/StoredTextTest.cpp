@@ -1,6 +1,7 @@
 #include "corekit/unicode/storage/StoredText.h"
 #include "corekit/platform/Normalization.h"
 
+#include "tests/support/CaseRows.h"
 #include "tests/support/TabbedCases.h"
 
 #include <gtest/gtest.h>
@@ -40,7 +41,7 @@ std::string Hex(const std::u16string& text)
     return out.str();
 }
 
-TEST(StoredText, EachRuleGoesBothWaysAndIsAppliedOnce)
+TEST(StoredText, EachSpellingIsStoredAndReadBackOnce)
 {
     const std::map<std::string, LANGID> languages = {
         {"fa", persian}, {"ur", urdu},   {"ar", arabic}, {"he", 0x040D}, {"hi", 0x0439},
@@ -57,32 +58,19 @@ TEST(StoredText, EachRuleGoesBothWaysAndIsAppliedOnce)
 
 TEST(StoredText, TheLanguageIsSeenFromTheLettersWhereNobodySaysIt)
 {
-    const struct {
-        const char16_t *plain, *back;
-    } cases[] = {
-        {u"\u067E\u06CC\u0634", u"\u067E\u06CC\u0634"}, // a Persian letter stands beside it
-        {u"\u0645\u06CC", u"\u0645\u0649"},             // none does
-        {u"\u0641\u064A", u"\u0641\u064A"},             // Arabic stays as it is
-        {u"\u06BE\u06CC\u06C2", u"\u06BE\u06CC\u06C2"}, // Urdu
-        {u"\u067C\u064A", u"\u067C\u064A"},             // Pashto, which has both letters
-    };
-    for (const auto& c : cases) EXPECT_EQ(Hex(Plain(Stored(c.plain), 0)), Hex(c.back)) << Hex(c.plain);
+    for (CaseRow row : CaseRows(TEST_DATA "/typed_text.tsv", "guessed")) {
+        const std::u16string plain = row.Units();
+        EXPECT_EQ(Hex(Plain(Stored(plain), 0)), Hex(row.Units())) << row.Line();
+    }
 }
 
 // What keyboards type goes out as others spell it.
 TEST(StoredText, TypedCodesBecomePlainSpellings)
 {
-    const struct {
-        const char16_t *typed, *plain;
-    } cases[] = {
-        {u"\u09C7\u0995", u"\u0995\u09C7"},
-        {u"\u09C7\u0995\u09CD\u09A4\u09BE", u"\u0995\u09CD\u09A4\u09CB"},
-        {u"\u09C8\u09AA\u09FD", u"\u09AA\u09CD\u09B0\u09C8"},
-        {u"\u0980\u09FF\u098E", u"\u0995\u09CD\u09B7 \u0985\u09CD\u09AF\u09BE"},
-        {u"\u09F4\u09AE\u09F7", u"\u09B0\u09CD\u09AE\u0964"},
-        {u"\u09C7", u"\u09C7"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(Hex(Plain(c.typed, 0)), Hex(c.plain)) << Hex(c.typed);
+    for (CaseRow row : CaseRows(TEST_DATA "/typed_text.tsv", "typed")) {
+        const std::u16string typed = row.Units();
+        EXPECT_EQ(Hex(Plain(typed, 0)), Hex(row.Units())) << row.Line();
+    }
 }
 
 // Codes that stand for something else here, and so cannot come back.

@@ -1,6 +1,8 @@
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
 
 #include "corekit/foundation/StringW.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/Digest.h"
 
 #include <gtest/gtest.h>
 #include <set>
@@ -11,28 +13,19 @@ using Types = CUnicodeCharTypes;
 
 const Types::__charEntry& Row(int c) { return Types::m_tbl[c >> 8][c & 0xFF]; }
 
-// FNV-1a over every field of every row, a 32-bit value at a time.
-std::uint64_t Digest()
+TEST(UnicodeCharTypes, NoFactOfTheTableHasChanged)
 {
-    std::uint64_t digest = 0xCBF29CE484222325;
+    Digest digest;
+    int rows = 0, mirrored = 0;
     for (int c = 0; c < 0x10000; ++c) {
         const Types::__charEntry& e = Row(c);
         for (const int field : {e.generalType, e.biDirectionalType, e.decimalValue, e.digitValue, e.mirrored,
-                                int{e.upperCase}, int{e.lowerCase}, int{e.titleCase}}) {
-            digest = (digest ^ static_cast<std::uint32_t>(field)) * 0x100000001B3;
-        }
-    }
-    return digest;
-}
-
-TEST(UnicodeCharTypes, NoFactOfTheTableHasChanged)
-{
-    EXPECT_EQ(Digest(), 0xAC5638822A2CB93F);
-    int rows = 0, mirrored = 0;
-    for (int c = 0; c < 0x10000; ++c) {
+                                int{e.upperCase}, int{e.lowerCase}, int{e.titleCase}})
+            digest.Add(field);
         rows += Row(c).generalType != -1;
         mirrored += Row(c).mirrored;
     }
+    EXPECT_EQ(digest.Value(), 0xAC5638822A2CB93F);
     EXPECT_EQ(rows, 6740);
     EXPECT_EQ(mirrored, 198);
 }
@@ -70,25 +63,17 @@ TEST(UnicodeCharTypes, FastLookupsAgreeWithTheRows)
 }
 
 // A wrong rule of the generator shows here by name; the digest only says that something is wrong.
-TEST(UnicodeCharTypes, DeparturesFromThePublishedData)
+TEST(UnicodeCharTypes, CharactersClassedApartFromUnicodeStaySo)
 {
-    const struct {
-        WORD c;
-        int general, bidi;
-    } cases[] = {{0x0009, 7, 10},  {0x09FF, 4, 9},  {0x200B, 4, 9},   {0xFEFF, 4, 10}, {0x20A8, 12, 4},
-                 {0x3390, 12, 0},  {0x206A, 7, 10}, {0x202A, 7, 10},  {0x06DD, 0, 1},  {0x005F, 18, 10},
-                 {0x005E, 21, 10}, {0x2160, 3, 0},  {0xDB80, 8, 0},   {0xDB7F, 9, 0},  {0xF8FF, 9, 0},
-                 {0x20AC, 20, 4},  {0x4E00, 14, 0}, {0x4E01, -1, -1}, {0x9FA5, 14, 0}, {0xFFFC, -1, -1},
-                 {0xE301, 14, 1},  {0xF100, 5, 10}, {0x2007, 4, 3},   {0x0660, 2, 5},  {0x06F0, 2, 2}};
-    for (const auto& t : cases) {
-        EXPECT_EQ(Types::GetGeneralType(t.c), t.general) << std::hex << t.c;
-        EXPECT_EQ(Types::GetBiDirectionalType(t.c), t.bidi) << std::hex << t.c;
+    for (CaseRow row : CaseRows(TEST_DATA "/char_types.tsv", "class")) {
+        const WORD c = row.Number<WORD>();
+        EXPECT_EQ(Types::GetGeneralType(c), row.Number()) << row.Line();
+        EXPECT_EQ(Types::GetBiDirectionalType(c), row.Number()) << row.Line();
     }
-    EXPECT_EQ(Row(0x2160).digitValue, 1);
-    EXPECT_EQ(Row(0x0BF0).digitValue, 10);
-    EXPECT_EQ(Row(0x00BC).digitValue, 0);
-    EXPECT_EQ(Row(0x09F8).digitValue, -1);
-    EXPECT_EQ(Row(0x2182).digitValue, 10000);
+    for (CaseRow row : CaseRows(TEST_DATA "/char_types.tsv", "digit")) {
+        const int c = row.Number();
+        EXPECT_EQ(Row(c).digitValue, row.Number()) << row.Line();
+    }
     EXPECT_EQ(Row(0x01C5).titleCase, 0xFFFF);
 }
 

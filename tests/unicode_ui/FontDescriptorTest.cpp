@@ -5,7 +5,9 @@
 #include "corekit/stores/RegistryKey.h"
 #include "corekit/stores/RegistryText.h"
 #include "corekit/unicode/ui/XPCConfigNode.h"
-#include "tests/RegistryHome.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/RegistryHome.h"
+#include "tests/support/Thrown.h"
 
 #include <cstring>
 #include <gtest/gtest.h>
@@ -45,36 +47,21 @@ TEST(FontDescriptor, TextFollowsEveryChangeButEmpty)
     EXPECT_TRUE(font.GetFont(0).IsEmpty());
 }
 
-struct ParseCase {
-    const char16_t* text;
-    const char* tolerant;
-    const char* strict;
-};
-
 TEST(FontDescriptor, TextsAreReadAsFarAsTheirLinesGo)
 {
-    const ParseCase cases[] = {
-        {u"12\n2\nArial\nTimes\n", "12\n2\nArial\nTimes\n", "12\n2\nArial\nTimes\n"},
-        {u"", "12\n1\nArial\n", "0\n0\n"},
-        {nullptr, "12\n1\nArial\n", "0\n0\n"},
-        {u"20", "12\n1\nArial\n", "0\n0\n"},
-        {u"20\n1", "12\n1\nArial\n", "0\n0\n"},
-        {u"20\n0\n", "20\n0\n", "20\n0\n"},
-        {u"20\n-5\nDejaVu\n", "20\n0\n", "20\n0\n"},
-        {u"20\n2\nDejaVu\nNoto", "12\n2\nDejaVu\nArial\n", "20\n1\nDejaVu\n"},
-        {u"-20\n1\nDejaVu\nmore\n", "-20\n1\nDejaVu\n", "-20\n1\nDejaVu\n"},
-        {u"20\n4294967295\nDejaVu\n", "12\n2\nDejaVu\nArial\n", "20\n1\nDejaVu\n"},
-        {u" +7x\n 1 \n\n", "7\n1\n\n", "7\n1\n\n"},
-        {u"99999999999999999999\n1\nA\n", "2147483647\n1\nA\n", "2147483647\n1\nA\n"},
-        {u"-99999999999999999999\n1\nA\n", "-2147483648\n1\nA\n", "-2147483648\n1\nA\n"},
-    };
-    for (const ParseCase& c : cases) {
-        EXPECT_EQ(textOf(CFontDescriptor(c.text)), c.tolerant);
+    const auto strictly = [](const WCHAR* text) {
         CFontDescriptor strict;
         strict.AddFont("former");
-        strict = c.text;
-        EXPECT_EQ(textOf(strict), c.strict);
+        strict = text;
+        return textOf(strict);
+    };
+    for (CaseRow row : CaseRows(TEST_DATA "/font_texts.tsv", "text")) {
+        const std::u16string text = row.Units();
+        EXPECT_EQ(textOf(CFontDescriptor(text.c_str())), row.Bytes()) << row.Line();
+        EXPECT_EQ(strictly(text.c_str()), row.Bytes()) << row.Line();
     }
+    EXPECT_EQ(textOf(CFontDescriptor(static_cast<const WCHAR*>(nullptr))), "12\n1\nArial\n");
+    EXPECT_EQ(strictly(nullptr), "0\n0\n");
 }
 
 TEST(FontDescriptor, StreamHoldsCountThenSizeThenFaces)
@@ -94,14 +81,7 @@ TEST(FontDescriptor, StreamHoldsCountThenSizeThenFaces)
     EXPECT_EQ(textOf(read), "-9\n2\nAb\n\n");
 }
 
-std::string chainOf(CChainedException* e)
-{
-    const std::string text = e->BuildMessageString().GetString();
-    e->Delete();
-    return text;
-}
-
-TEST(FontDescriptor, DamagedStreamsAreToldAndLeaveNoFaces)
+TEST(FontDescriptor, DamagedStreamsAreReportedAndLeaveNoFaces)
 {
     const std::vector<std::vector<unsigned char>> damaged = {
         {},                                                 // nothing
@@ -115,27 +95,18 @@ TEST(FontDescriptor, DamagedStreamsAreToldAndLeaveNoFaces)
         CFontDescriptor font;
         font.AddFont("former");
         CMemoryStream stream(bytes.data(), static_cast<int>(bytes.size()));
-        std::string told;
-        try {
-            font.ReadStream(stream);
-        } catch (CChainedException* e) {
-            told = chainOf(e);
-        }
-        EXPECT_EQ(told.find("Read from stream of object \"CFontDescriptor\" failed\n"), 0u) << told;
+        const std::string message = Thrown([&] { font.ReadStream(stream); });
+        EXPECT_EQ(message.find("Read from stream of object \"CFontDescriptor\" failed\n"), 0u) << message;
         EXPECT_EQ(font.GetCount(), 0);
         EXPECT_EQ(textOf(font).find("former"), std::string::npos);
         if (bytes.size() == 8) { // a count below 1
-            EXPECT_NE(told.find("Data is corrupt."), told.npos) << told;
+            EXPECT_NE(message.find("Data is corrupt."), message.npos) << message;
         }
     }
     unsigned char small[4];
     CMemoryStream full(small, sizeof small); // cannot grow
-    try {
-        CFontDescriptor(u"1\n1\nA\n").WriteStream(full);
-        FAIL() << "a full stream was written";
-    } catch (CChainedException* e) {
-        EXPECT_EQ(chainOf(e).find("Write to stream of object \"CFontDescriptor\" failed\n"), 0u);
-    }
+    EXPECT_EQ(ThrownLine([&] { CFontDescriptor(u"1\n1\nA\n").WriteStream(full); }),
+              "Write to stream of object \"CFontDescriptor\" failed");
 }
 
 class FakeNode : public IXPCConfigNode {
@@ -195,26 +166,13 @@ TEST_F(FontDescriptorRegistry, KeepsFacesInTheirOrderAndFewerOfThem)
 TEST_F(FontDescriptorRegistry, IncompleteOrForeignValuesAreRefused)
 {
     const std::string whole = "\"Size\" = number 15\n\"Count\" = number 2\n\"Font 1\" = text \"One\"\n";
-    const struct {
-        const char* line; // the last of a value counts
-        int size;
-    } cases[] = {
-        {"", 15}, // no "Font 2"
-        {"\"Font 2\" = number 2", 15},
-        {"\"Font 2\" = binary 41 00", 15},
-        {"\"Count\" = number 0x7FFFFFFF", 15},
-        {"\"Count\" = number 0xFFFFFFFF", 15},
-        {"\"Count\" = number 0", 15},
-        {"\"Count\" = text \"1\"", 15},
-        {"\"Size\" = number 0", 0},
-        {"\"Size\" = binary 0F 00 00 00", 9}, // not read
-    };
-    for (const auto& c : cases) {
-        ImportRegistry("[HKLM\\Software\\Test\\Font]\n" + whole + c.line);
+    for (CaseRow row : CaseRows(TEST_DATA "/font_texts.tsv", "registry")) {
+        const int size = row.Number();
+        ImportRegistry("[HKLM\\Software\\Test\\Font]\n" + whole + row.Bytes());
         CFontDescriptor font(u"9\n1\nformer\n");
-        EXPECT_EQ(font.LoadFromRegistry(parent, "Font"), 0) << c.line;
-        EXPECT_EQ(font.GetCount(), 0) << c.line;
-        EXPECT_EQ(font.GetSize(), c.size) << c.line;
+        EXPECT_EQ(font.LoadFromRegistry(parent, "Font"), 0) << row.Line();
+        EXPECT_EQ(font.GetCount(), 0) << row.Line();
+        EXPECT_EQ(font.GetSize(), size) << row.Line();
     }
     ImportRegistry("[HKLM\\Software\\Test\\Font]\n" + whole + "\"Font 2\" = text \"Two\"");
     EXPECT_EQ(CFontDescriptor().LoadFromRegistry(parent, "Font"), 1);

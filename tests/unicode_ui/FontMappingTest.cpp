@@ -1,6 +1,7 @@
 #include "corekit/stores/RegistryText.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
-#include "tests/RegistryHome.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/RegistryHome.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -45,22 +46,14 @@ bool isMapped(const CFontSignature& signature)
 
 TEST_F(FontMapping, UsualRulesFollowTheCustomSignature)
 {
-    const struct {
-        DWORD custom;
-        WCHAR from, to;
-    } cases[] = {
-        {1, 0xE000, 0x00},   {1, 0xE0FF, 0xFF},   {1, 0xE100, 0xE100},  {2, 0xE141, 0x41},
-        {4, 0xE241, 0x41},   {4, 0xE280, 0x80},   {4, 0xE282, 0x201A},  {4, 0xE28C, 0x0152},
-        {4, 0xE28D, 0x8D},   {4, 0xE295, 0x95},   {4, 0xE296, 0x2013},  {4, 0xE29E, 0x9E},
-        {4, 0xE29F, 0x0178}, {4, 0xE2A0, 0xA0},   {8, 0xE301, 0x01},    {8, 0xE282, 0xE282},
-        {3, 0xE041, 0xE041}, {0, 0xE041, 0xE041}, {16, 0xE041, 0xE041}, {5, 0xE282, 0xE282},
-    };
-    for (const auto& c : cases) {
-        Map(usb + "\"Custom Signature\" = number " + std::to_string(c.custom));
+    for (CaseRow row : CaseRows(TEST_DATA "/font_mapping.tsv", "usual")) {
+        const auto custom = row.Number<DWORD>();
+        Map(usb + "\"Custom Signature\" = number " + std::to_string(custom));
         const CFontSignature signature = Loaded();
         EXPECT_TRUE(isMapped(signature));
-        EXPECT_EQ(signature.GetCustomSignature(), c.custom);
-        EXPECT_EQ(converted(signature, c.from), std::u16string(1, c.to)) << c.custom << " " << int{c.from};
+        EXPECT_EQ(signature.GetCustomSignature(), custom);
+        const WCHAR from = row.Number<WCHAR>();
+        EXPECT_EQ(converted(signature, from), std::u16string(1, row.Number<WCHAR>())) << row.Line();
     }
 }
 
@@ -94,19 +87,10 @@ TEST_F(FontMapping, DetailedRulesReplaceTheUsualOnes)
 "Multimap 3 From" = number 0x162
 )");
     const CFontSignature signature = Loaded();
-    const std::pair<WCHAR, std::u16string> cases[] = {
-        {0xE041, u"\uE041"},                // no usual rule
-        {0x0101, u"\u0001"},                // a zone
-        {0x0155, u"\u0145"},                // the later of two, whatever the case of its name
-        {0x0300, u"\u0300"},                // a zone without its offset
-        {0x0400, u"\u0400"},                // one beyond the count
-        {0x0160, u"B"},                     // a mapping, the later of two within the count
-        {0x0170, u"\u0070"},                // a number is not written with a zero ahead
-        {0x0161, u"ab"},                    // a string ends before the first gap
-        {0x0162, u"\u0062"},                // one without characters leaves the zone
-        {0x0000, std::u16string(1, u'\0')}, // one without its source
-    };
-    for (const auto& [from, to] : cases) EXPECT_EQ(converted(signature, from), to) << std::hex << int{from};
+    for (CaseRow row : CaseRows(TEST_DATA "/font_mapping.tsv", "detailed")) {
+        const WCHAR from = row.Number<WCHAR>();
+        EXPECT_EQ(converted(signature, from), row.Units()) << row.Line();
+    }
 }
 
 TEST_F(FontMapping, WithoutBothSignaturesTheFaceSpeaksForItself)

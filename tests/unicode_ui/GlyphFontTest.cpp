@@ -3,9 +3,11 @@
 #include "corekit/platform/PairKerning.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
 #include "tests/platform_ui/Canvas.h"
-#include "tests/RegistryHome.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/RegistryHome.h"
 
 #include <gtest/gtest.h>
+#include <map>
 
 namespace {
 
@@ -51,28 +53,13 @@ int WidthOf(const char* face, std::u16string_view text, UINT options)
 
 TEST(GlyphFont, PiecesTogetherAreAsWideAsTheBaseFacesText)
 {
-    const struct {
-        GlyphScript script;
-        std::u16string_view positions, text;
-    } cases[] = {
-        {GlyphScript::Devanagari, u"\u004A\u00C9", u"\u0916"},             // a letter and its stem
-        {GlyphScript::Devanagari, u"\u0045\u00F2", u"\u0915"},             // a letter and its tail
-        {GlyphScript::Devanagari, u"\u0045\u00C6\u00F2", u"\u0915\u0902"}, // with a mark over the stem
-        {GlyphScript::Devanagari, u"\u00CA\u0045\u00F2", u"\u0915\u093F"}, // a sign in front
-        {GlyphScript::Devanagari, u"\u0047\u00F2\u00D2", u"\u0915\u094D\u0930\u0940"},
-        {GlyphScript::Bengali, u"\u0009\u004B\u009A\u0076", u"\u0995\u09CB"}, // a sign on both sides
-        {GlyphScript::Bengali, u"\u00B6", u"\u0995\u09CD\u09B7"},
-        {GlyphScript::Bengali, u"\u0069\u0080", u"\u09B0\u09C1"}, // a sign that runs on from its letter
-        {GlyphScript::Bengali, u"\u000C", u"\u09AA\u09CD\u09B0"}, // a conjunct at a free position
-        {GlyphScript::Devanagari, u"\u0026\u00F5", u"\u091F\u094D\u091F"}, // with the tail of another letter
-        {GlyphScript::Devanagari, u"\u0015\u0045\u00F2", u"\u0938\u094D\u0915"}, // a half form
-        {GlyphScript::Tamil, u"\u201A", u"\u0B95\u0BCD"}, // reached through the western code page
-        {GlyphScript::Tamil, u"\u00AA\u00E8\u00A3", u"\u0B95\u0BCA"},
-    };
-    for (const auto& c : cases) {
-        const BuiltFont& font = Font(c.script);
-        const int ours = WidthOf(font.name, c.positions, ETO_IGNORELANGUAGE);
-        EXPECT_NEAR(ours, WidthOf(font.base, c.text, 0), 2) << font.name << " " << c.positions.size();
+    const std::map<std::string, GlyphScript> scripts = {{"Devanagari", GlyphScript::Devanagari},
+                                                        {"Bengali", GlyphScript::Bengali},
+                                                        {"Tamil", GlyphScript::Tamil}};
+    for (CaseRow row : CaseRows(TEST_DATA "/glyph_pieces.tsv")) {
+        const BuiltFont& font = Font(scripts.at(row.Word()));
+        const int ours = WidthOf(font.name, row.Units(), ETO_IGNORELANGUAGE);
+        EXPECT_NEAR(ours, WidthOf(font.base, row.Units(), 0), 2) << row.Line();
     }
 }
 
@@ -110,8 +97,8 @@ TEST(GlyphFont, EveryPositionHasInk)
     }
 }
 
-// The sum over all words of a font file is this number, which tells that every table is where its entry says.
-TEST(GlyphFont, FileSumsUp)
+// The sum over all words of a font file is this number, which shows that every table is where its entry says.
+TEST(GlyphFont, TheFilesChecksumIsThatOfASoundFont)
 {
     const std::vector<BYTE>& file = Font(GlyphScript::Devanagari).built.file;
     ASSERT_EQ(file.size() % 4, 0U);

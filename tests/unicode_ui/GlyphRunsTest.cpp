@@ -1,7 +1,7 @@
 // Cutting of glyph strings into runs, from tables of cases: glyph_runs.tsv and measure_runs.tsv.
 #include "corekit/unicode/ui/GlyphRuns.h"
+#include "tests/support/TabbedCases.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -10,20 +10,6 @@ using namespace corekit::detail;
 namespace {
 
 using Columns = std::vector<std::string>;
-
-std::vector<Columns> readTable(const char* name)
-{
-    std::ifstream file(std::string(TEST_DATA "/") + name);
-    std::vector<Columns> rows;
-    for (std::string line; std::getline(file, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        Columns row;
-        std::istringstream cells(line);
-        for (std::string cell; std::getline(cells, cell, '\t');) row.push_back(cell);
-        rows.push_back(row);
-    }
-    return rows;
-}
 
 std::u16string unescaped(const std::string& text)
 {
@@ -49,7 +35,7 @@ std::string escaped(std::u16string_view text)
     return out;
 }
 
-std::string told(const GlyphRun& run)
+std::string described(const GlyphRun& run)
 {
     std::ostringstream out;
     out << run.slot << ' ' << std::hex << run.options << std::dec << ' ' << escaped(run.text);
@@ -130,7 +116,7 @@ void expectRuns(const Columns& row, std::size_t firstRun, const std::vector<std:
 
 TEST(GlyphRuns, RunsOfTheTableAreDrawnInTheirFonts)
 {
-    const auto rows = readTable("glyph_runs.tsv");
+    const auto rows = TabbedCases(TEST_DATA "/glyph_runs.tsv");
     ASSERT_GT(rows.size(), 40u);
     for (const Columns& row : rows) {
         const Setting s(row[1], row[2]);
@@ -144,14 +130,14 @@ TEST(GlyphRuns, RunsOfTheTableAreDrawnInTheirFonts)
         GlyphRunBuilder builder(s.fonts, s.rules, glyphs.data(), static_cast<int>(glyphs.size()), types,
                                 s.options);
         for (int x = 0; builder.Next(x, ruler, run); x += 10 * static_cast<int>(run.text.size()) + run.extra)
-            got.push_back(told(run));
+            got.push_back(described(run));
         expectRuns(row, 5, got);
     }
 }
 
 TEST(GlyphRuns, RunsOfTheTableHaveTheirWidths)
 {
-    const auto rows = readTable("measure_runs.tsv");
+    const auto rows = TabbedCases(TEST_DATA "/measure_runs.tsv");
     ASSERT_GT(rows.size(), 8u);
     for (const Columns& row : rows) {
         const Setting s(row[1], row[2]);
@@ -159,7 +145,7 @@ TEST(GlyphRuns, RunsOfTheTableHaveTheirWidths)
         std::vector<std::string> got;
         GlyphRun run;
         MeasureRunBuilder builder(s.fonts, s.rules, glyphs.data(), static_cast<int>(glyphs.size()));
-        while (builder.Next(run)) got.push_back(told(run));
+        while (builder.Next(run)) got.push_back(described(run));
         expectRuns(row, 4, got);
     }
 }

@@ -8,13 +8,13 @@
 #include "corekit/unicode/ui/keyboards/SystemKeyboard.h"
 #include "corekit/unicode/ui/keyboards/TableKeyboard.h"
 #include "corekit/unicode/ui/keyboards/Typist.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/TabbedCases.h"
 
 #include <array>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
-#include <sstream>
 #include <vector>
 
 namespace {
@@ -42,14 +42,6 @@ std::vector<std::unique_ptr<CKBLayout>> AllKeyboards()
     return all;
 }
 
-std::vector<std::string> Split(const std::string& text, char separator)
-{
-    std::vector<std::string> parts;
-    std::istringstream stream(text);
-    for (std::string part; std::getline(stream, part, separator);) parts.push_back(part);
-    return parts;
-}
-
 KeyStroke Stroke(const std::string& text)
 {
     KeyStroke stroke;
@@ -68,16 +60,16 @@ KeyStroke Stroke(const std::string& text)
     return stroke;
 }
 
-std::string Told(const Typist::Typed& typed)
+std::string Shown(const Typist::Typed& typed)
 {
     if (!typed.consumed) return typed.characters.empty() ? "pass" : "types, but passes";
-    std::string told;
+    std::string shown;
     for (const char16_t c : typed.characters) {
         char code[8];
         std::snprintf(code, sizeof code, "%04X", static_cast<unsigned>(c));
-        told += (told.empty() ? "" : "+") + std::string(code);
+        shown += (shown.empty() ? "" : "+") + std::string(code);
     }
-    return told.empty() ? "-" : told;
+    return shown.empty() ? "-" : shown;
 }
 
 TEST(Keyboards, TypeWhatTheTableSays)
@@ -87,19 +79,16 @@ TEST(Keyboards, TypeWhatTheTableSays)
         const std::string name = keyboard->GetName().GetString();
         EXPECT_TRUE(keyboards.emplace(name, std::move(keyboard)).second) << name;
     }
-    std::ifstream file(TEST_DATA "/keyboards.tsv");
     int rows = 0;
-    for (std::string line; std::getline(file, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        const auto cells = Split(line, '\t');
-        ASSERT_EQ(cells.size(), 3u) << line;
-        ASSERT_TRUE(keyboards.contains(cells[0])) << line;
+    for (const auto& cells : TabbedCases(TEST_DATA "/keyboards.tsv")) {
+        ASSERT_EQ(cells.size(), 3u) << cells[0];
+        ASSERT_TRUE(keyboards.contains(cells[0])) << cells[0];
         Typist(*keyboards["Devanagari - Std (Internal)"]).Press({.key = VK_SPACE}); // a word's start
         Typist typist(*keyboards[cells[0]]);
         std::string typed;
         for (const std::string& stroke : Split(cells[1], ' '))
-            typed += (typed.empty() ? "" : " ") + Told(typist.Press(Stroke(stroke)));
-        EXPECT_EQ(typed, cells[2]) << line;
+            typed += (typed.empty() ? "" : " ") + Shown(typist.Press(Stroke(stroke)));
+        EXPECT_EQ(typed, cells[2]) << cells[0] << " " << cells[1];
         ++rows;
     }
     EXPECT_GT(rows, 60);
@@ -124,39 +113,19 @@ TEST(Keyboards, HeldCapsLockMakesWelshLettersSmall)
     EXPECT_EQ(typist.Press({.key = 'W', .rightAlt = true}).characters, u"\u0175");
 }
 
-TEST(Keyboards, TellWhatTheyAre)
+TEST(Keyboards, DescribeThemselves)
 {
-    struct {
-        const char* name;
-        WORD locale;
-        int codePage;
-        CRuntimeClass* record;
-    } const facts[] = {
-        {"Devanagari - Std (Internal)", 513, 0, RUNTIME_CLASS(KBT_Devanagari)},
-        {"Devanagari - Alt 1 (Internal)", 513, 0, RUNTIME_CLASS(KBT_Devanagari)},
-        {"Bengali (Internal)", 514, 0, RUNTIME_CLASS(KBT_Bengali)},
-        {"Persian (Internal)", 516, 0, RUNTIME_CLASS(KBT_Persian)},
-        {"Arabic (Internal)", 1025, 1256, RUNTIME_CLASS(KBT_Arabic)},
-        {"Urdu (Internal)", 1056, 0, RUNTIME_CLASS(KBT_Urdu)},
-        {"Indic Urdu", 1056, 0, RUNTIME_CLASS(KBT_UrduIndian)},
-        {"Hebrew (Internal)", 1037, 0, RUNTIME_CLASS(KBT_Hebrew)},
-        {"Welsh (Internal)", 515, 1252, RUNTIME_CLASS(KBT_Welsh)},
-        {"Tamil", 517, 0, RUNTIME_CLASS(KBT_Tamil)},
-        {"Bengali Inscript", 514, 0, RUNTIME_CLASS(KBT_BengaliInscript)},
-        {"Assamese", 514, 0, RUNTIME_CLASS(KBT_Assamme)},
-        {"Thai", 0x041E, 874, RUNTIME_CLASS(KBT_ThaiExtension)},
-        {"Portuguese", 0x0416, 1252, RUNTIME_CLASS(KBT_PortugueseExtension)},
-        {"English", 0x0409, 1252, RUNTIME_CLASS(CSystemKeyboard)},
-    };
     const auto all = AllKeyboards();
-    ASSERT_EQ(all.size(), std::size(facts));
+    auto facts = CaseRows(TEST_DATA "/keyboard_facts.tsv");
+    ASSERT_EQ(all.size(), facts.size());
     for (std::size_t i = 0; i < all.size(); ++i) {
+        CaseRow& row = facts[i];
         const CKBLayout& keyboard = *all[i];
-        EXPECT_STREQ(keyboard.GetName(), facts[i].name);
-        EXPECT_EQ(keyboard.GetLocale(), facts[i].locale) << facts[i].name;
-        EXPECT_EQ(keyboard.GetCodePage(), facts[i].codePage) << facts[i].name;
+        EXPECT_STREQ(keyboard.GetRuntimeClass()->m_lpszClassName, row.Word().c_str()) << row.Line();
+        EXPECT_EQ(keyboard.GetLocale(), row.Number()) << row.Line();
+        EXPECT_EQ(keyboard.GetCodePage(), row.Number()) << row.Line();
+        EXPECT_STREQ(keyboard.GetName(), row.Word().c_str()) << row.Line();
         EXPECT_TRUE(keyboard.IsEnabled());
-        EXPECT_EQ(keyboard.GetRuntimeClass(), facts[i].record) << facts[i].name;
         EXPECT_TRUE(keyboard.IsKindOf(RUNTIME_CLASS(CKBLayout)));
     }
     EXPECT_EQ(all[12]->GetLayoutHandle(), Layout(0x041E041E));

@@ -2,8 +2,11 @@
 #include "corekit/platform/Messages.h"
 #include "corekit/unicode/ui/keyboards/KBLayout.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
+#include "tests/support/CaseRows.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -65,28 +68,19 @@ protected:
 
 TEST_F(ManagerKeyboards, ThoseOfThePlatformComeFirst)
 {
-    const std::pair<const char*, WORD> expected[] = {
-        {"English", 0x0409},
-        {"Devanagari - Std (Internal)", 513},
-        {"Devanagari - Alt 1 (Internal)", 513},
-        {"Bengali (Internal)", 514},
-        {"Persian (Internal)", 516},
-        {"Arabic (Internal)", 1025},
-        {"Urdu (Internal)", 1056},
-        {"Indic Urdu", 1056},
-        {"Hebrew (Internal)", 1037},
-        {"Welsh (Internal)", 515},
-        {"Tamil", 517},
-        {"Bengali Inscript", 514},
-        {"Assamese", 514},
-    };
-    ASSERT_EQ(manager.GetKeyboardCount(), static_cast<int>(std::size(expected)));
+    auto expected = CaseRows(TEST_DATA "/keyboard_facts.tsv");
+    std::rotate(expected.begin(), expected.end() - 1, expected.end()); // the platform's one, and then ours
+    expected.resize(13, CaseRow({}));
+    ASSERT_EQ(manager.GetKeyboardCount(), static_cast<int>(expected.size()));
     for (int i = 0; i < count; ++i) {
+        CaseRow& row = expected[static_cast<std::size_t>(i)];
+        row.Word();
         CString name;
         WORD locale = 0;
         manager.GetKeyboardInfo(i, name, locale);
-        EXPECT_STREQ(name, expected[i].first);
-        EXPECT_EQ(locale, expected[i].second) << i;
+        EXPECT_EQ(locale, row.Number()) << row.Line();
+        row.Word();
+        EXPECT_STREQ(name, row.Word().c_str()) << row.Line();
     }
     EXPECT_EQ(manager.GetActiveKeyboard(), own);
     EXPECT_EQ(manager.GetKeyboard(-1), nullptr);
@@ -147,20 +141,19 @@ TEST_F(ManagerKeyboards, OneThatIsOffOrMissingIsRefused)
 
 TEST_F(ManagerKeyboards, LanguageMeansTheVeryOneThenAVariety)
 {
-    const struct {
-        WORD locale;
-        int off, found;
-    } cases[] = {
-        {0x0420, -1, urdu},   {0x0820, -1, urdu},    {0x0420, urdu, indicUrdu},
-        {514, -1, bengali},   {0x2202, -1, bengali}, {514, bengali, inscript},
-        {0x0C01, -1, arabic}, {0x0429, -1, urdu},    {0x0809, -1, own},
-    };
-    for (const auto& c : cases) {
+    const std::map<std::string, int> numbers = {{"-", -1},
+                                                {"Urdu (Internal)", urdu},
+                                                {"Indic Urdu", indicUrdu},
+                                                {"Bengali (Internal)", bengali},
+                                                {"Bengali Inscript", inscript}};
+    for (CaseRow row : CaseRows(TEST_DATA "/keyboard_choice.tsv", "language")) {
         manager.ActivateKeyboard(urdu, FALSE);
-        if (c.off >= 0) Enable(c.off, FALSE);
-        EXPECT_EQ(manager.SetKeyboardFromLocale(c.locale, FALSE), c.locale != 0x0429) << c.locale;
-        EXPECT_EQ(manager.GetActiveKeyboard(), c.found) << c.locale;
-        if (c.off >= 0) Enable(c.off, TRUE);
+        const auto locale = row.Number<WORD>();
+        const int off = numbers.at(row.Word());
+        if (off >= 0) Enable(off, FALSE);
+        EXPECT_EQ(manager.SetKeyboardFromLocale(locale, FALSE), locale != 0x0429) << row.Line();
+        EXPECT_STREQ(manager.GetActiveKeyboardName(), row.Word().c_str()) << row.Line();
+        if (off >= 0) Enable(off, TRUE);
     }
 }
 

@@ -5,7 +5,9 @@
 #include "corekit/unicode/ui/keyboards/KBLayout.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
 #include "corekit/unicode/ui/UniRender.h"
-#include "tests/RegistryHome.h"
+#include "tests/support/CaseRows.h"
+#include "tests/support/RegistryHome.h"
+#include "tests/support/Thrown.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -155,22 +157,9 @@ TEST_F(ManagerSettings, OnlyTheExactNameAndANumberDisable)
 
 TEST_F(ManagerSettings, DefaultLocaleChoosesTheKeyboardThoughSwitchingIsOff)
 {
-    const struct {
-        const char* value;
-        const char* active;
-    } cases[] = {
-        {"number 0x0401", "Arabic (Internal)"},
-        {"number 0x0820", "Urdu (Internal)"}, // a variety
-        {"number 514", "Bengali (Internal)"},
-        {"number 0x7777", "Bengali (Internal)"}, // no such keyboard: as it was
-        {"number 0xFFFFFFFF", "Bengali (Internal)"},
-        {"text \"1025\"", "Bengali (Internal)"},
-        {"binary 01 04 00 00", "Bengali (Internal)"},
-        {"number 0x040D", "Hebrew (Internal)"},
-    };
-    for (const auto& c : cases) {
-        Reload("\"Default Locale\" = " + std::string(c.value));
-        EXPECT_STREQ(manager.GetActiveKeyboardName(), c.active) << c.value;
+    for (CaseRow row : CaseRows(TEST_DATA "/keyboard_choice.tsv", "default")) {
+        Reload("\"Default Locale\" = " + row.Bytes());
+        EXPECT_STREQ(manager.GetActiveKeyboardName(), row.Word().c_str()) << row.Line();
     }
     EXPECT_TRUE(manager.ActivateNextKeyboard()); // still off
     EXPECT_STREQ(manager.GetActiveKeyboardName(), "Hebrew (Internal)");
@@ -187,12 +176,8 @@ TEST_F(ManagerSettings, WithoutARegistryDefaultsHoldAndSettersSaySo)
     manager.GetControlsFontDescriptor(font);
     EXPECT_STREQ(font.GetCombinedString(), "15\n1\nArial\n");
     manager.SetControlsFontDescriptor(CFontDescriptor(u"9\n1\nAmiri\n")); // reports nothing
-    try {
-        manager.SetExtraLineHeight(TRUE);
-        ADD_FAILURE() << "a lost setting was not reported";
-    } catch (CException* e) {
-        e->Delete();
-    }
+    EXPECT_NE(Thrown([&] { manager.SetExtraLineHeight(TRUE); }), "nothing")
+        << "a lost setting was not reported";
     EXPECT_TRUE(manager.ExtraLineHeight()); // for this process
     setenv("COREKIT_HOME", home.c_str(), 1);
 }

@@ -5,6 +5,7 @@
 #include "corekit/platform/Gdi.h"
 #include "corekit/unicode/ui/FontDescriptor.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
+#include "tests/support/Thrown.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -210,37 +211,25 @@ TEST_F(UniRender, ContextGetsItsFontBack)
     }
 }
 
-std::string failureOf(const std::function<void()>& action)
+TEST_F(UniRender, FontsThatCannotBeHadAreNamed)
 {
-    try {
-        action();
-    } catch (CChainedException* e) {
-        const std::string text = e->BuildMessageString().GetString();
-        e->Delete();
-        return text.substr(0, text.find('\n'));
-    }
-    return {};
-}
-
-TEST_F(UniRender, FontsThatCannotBeHadAreTold)
-{
-    EXPECT_EQ(failureOf([&] { render.AddFont("No Such Face"); }),
+    EXPECT_EQ(ThrownLine([&] { render.AddFont("No Such Face"); }),
               "[UniRender] Font \"No Such Face\" is not supported on this machine.");
-    EXPECT_EQ(failureOf([&] { render.Create(-30000, FALSE, FALSE, FALSE); }),
+    EXPECT_EQ(ThrownLine([&] { render.Create(-30000, FALSE, FALSE, FALSE); }),
               "[UniRender] CreateFont() call failed.");
     for (int i = 1; i < 16; ++i) render.AddFont("Noto Sans");
-    EXPECT_EQ(failureOf([&] { render.AddFont("Noto Sans"); }), "[UniRender] Too many fonts added to object");
+    EXPECT_EQ(ThrownLine([&] { render.AddFont("Noto Sans"); }), "[UniRender] Too many fonts added to object");
     CFontDescriptor many;
     many.SetSize(10);
     for (int i = 0; i < 17; ++i) many.AddFont("DejaVu Sans");
-    EXPECT_EQ(failureOf([&] { render.CreateFromDescriptor(many, FALSE, FALSE, FALSE); }),
+    EXPECT_EQ(ThrownLine([&] { render.CreateFromDescriptor(many, FALSE, FALSE, FALSE); }),
               "[UniRender] Too many fonts added to object");
     render.Create(10, FALSE, FALSE, FALSE); // sixteen are still there
     EXPECT_EQ(render.GetHeight(), 10);
 }
 
 // A renderer without fonts or with fonts that were not created draws with what the context has.
-TEST_F(UniRender, NoFontsNoHarm)
+TEST_F(UniRender, WithoutFontsTextIsDrawnInTheFaceThatIsThere)
 {
     render.Reset();
     EXPECT_EQ(render.GetHeight(), 0);

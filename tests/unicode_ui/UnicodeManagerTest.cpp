@@ -2,6 +2,7 @@
 
 #include "corekit/foundation/KeyedArrays.h"
 #include "corekit/unicode/ui/FontMapInfo.h"
+#include "tests/support/CaseRows.h"
 
 #include <gtest/gtest.h>
 #include <set>
@@ -33,13 +34,10 @@ TEST_F(UnicodeManager, RangeNumberIsThatOfTheFirstRow)
         ASSERT_EQ(CUnicodeManager::GetCharacterUsbRangeNumber(static_cast<WORD>(c)), expected)
             << std::hex << c;
     }
-    // Where rows end and overlap.
-    constexpr int known[][2] = {{0x0041, 128}, {0x0530, 138}, {0x05BF, 140}, {0x05D0, 139}, {0x0627, 141},
-                                {0x0652, 141}, {0x0653, 142}, {0x0900, 143}, {0x1200, 128}, {0xE100, 257},
-                                {0xE3FF, 259}, {0xE400, 128}, {0xF000, 128}, {0xFB4F, 190}, {0xFB50, 191},
-                                {0xFEFE, 195}, {0xFEFF, 128}, {0xFFFD, 197}, {0xFFFF, 128}};
-    for (const auto& [c, range] : known)
-        EXPECT_EQ(CUnicodeManager::GetCharacterUsbRangeNumber(static_cast<WORD>(c)), range) << std::hex << c;
+    for (CaseRow row : CaseRows(TEST_DATA "/usb_ranges.tsv")) {
+        const WORD c = row.Number<WORD>();
+        EXPECT_EQ(CUnicodeManager::GetCharacterUsbRangeNumber(c), row.Number()) << row.Line();
+    }
     WORD first = 1, last = 1;
     for (const int range : {-1, 127, 198, 256}) {
         CUnicodeManager::GetUsbRangeExtent(range, first, last);

@@ -14,7 +14,7 @@
 #include "corekit/stores/PropertyStore.h"
 
 #include "tests/dialogs_ui/Modal.h"
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 #include "tests/windows_components_ui/Strips.h"
 
 using namespace corekit::test;

@@ -196,7 +196,7 @@ TEST_F(MultiView, ADragEndsWithItsList)
     EXPECT_EQ(clips.log.find("left"), std::string::npos) << clips.log;
 }
 
-TEST_F(MultiView, TellsOfDoubleClicksAndWidths)
+TEST_F(MultiView, ReportsDoubleClicksAndWidths)
 {
     Open(eMVLBMode_Details);
     Click(List(), MiddleOf(1), Button::left, Clicks::two);

@@ -14,6 +14,7 @@
 #include "corekit/windows/controls/ui/TabBar.h"
 
 #include "tests/dialogs_ui/Modal.h"
+#include "tests/support/Thrown.h"
 
 #include <gtest/gtest.h>
 
@@ -246,13 +247,7 @@ TEST_F(SmallControls, FieldsAreReadOrRefused)
     const auto exchange = [&](const char* text, auto& value, auto ddx) {
         field.SetWindowText(text);
         CDataExchange moves(&parent, TRUE);
-        try {
-            ddx(&moves, 5, value);
-            return true;
-        } catch (CUserException* refused) {
-            refused->Delete();
-            return false;
-        }
+        return ThrownClass([&] { ddx(&moves, 5, value); }) != RUNTIME_CLASS(CUserException);
     };
     CTimecode timecode;
     COLORREF colour = 0;

@@ -31,7 +31,7 @@ protected:
         answers.clear();
         top = Make(WS_POPUP | WS_VISIBLE, {10, 10, 210, 110});
         RunWaiting();
-        told.clear();
+        received.clear();
     }
     void TearDown() override
     {

@@ -29,7 +29,7 @@ protected:
                                     : HTCLIENT;
         };
         RunWaiting();
-        told.clear();
+        received.clear();
     }
     void TearDown() override
     {
@@ -79,7 +79,7 @@ TEST_F(FrameDrags, TheBodyMovesAndTheSidesSize)
     for (const auto& c : cases) {
         MoveWindow(top, 100, 100, 200, 100, TRUE);
         RunWaiting();
-        told.clear();
+        received.clear();
         DragBy(c.from, c.by);
         EXPECT_TRUE(Place() == c.place) << c.from.x << ": " << Place().left << " " << Place().top << " "
                                         << Place().right << " " << Place().bottom;

@@ -1,4 +1,4 @@
-// A window that keeps what it is told, and may answer by a function.
+// A window that keeps the messages that it gets, and may answer by a function.
 #pragma once
 
 #include "corekit/platform/InputTest.h"
@@ -14,20 +14,20 @@ namespace recorder {
 
 using Answer = std::function<LRESULT(HWND, UINT, WPARAM, LPARAM)>;
 
-struct Told {
+struct Received {
     HWND window;
     UINT message;
     WPARAM wParam;
     LPARAM lParam;
 };
-inline std::vector<Told> told;         // by all windows of the class
+inline std::vector<Received> received; // by all windows of the class
 inline int living = 0;                 // windows of the class
 inline std::map<UINT, Answer> answers; // by message; the default is up to them
 
 inline LRESULT Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     living += (message == WM_NCCREATE) - (message == WM_NCDESTROY);
-    told.push_back({window, message, wParam, lParam});
+    received.push_back({window, message, wParam, lParam});
     if (const auto found = answers.find(message); found != answers.end()) {
         const Answer answer = found->second; // it may take itself away
         return answer(window, message, wParam, lParam);
@@ -50,17 +50,18 @@ inline HWND Make(DWORD style, RECT place, HWND parent = nullptr, int id = 0, DWO
                            reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), nullptr, nullptr);
 }
 
-// How often a window was told something; null: any window.
+// How often a window got a message; null: any window.
 inline int Count(UINT message, HWND window = nullptr)
 {
     int count = 0;
-    for (const Told& each : told) count += each.message == message && (!window || each.window == window);
+    for (const Received& each : received)
+        count += each.message == message && (!window || each.window == window);
     return count;
 }
 
-inline const Told* Last(UINT message)
+inline const Received* Last(UINT message)
 {
-    for (auto each = told.rbegin(); each != told.rend(); ++each)
+    for (auto each = received.rbegin(); each != received.rend(); ++each)
         if (each->message == message) return &*each;
     return nullptr;
 }
@@ -69,7 +70,7 @@ inline const Told* Last(UINT message)
 inline std::vector<UINT> Order(HWND window, std::initializer_list<UINT> of)
 {
     std::vector<UINT> order;
-    for (const Told& each : told)
+    for (const Received& each : received)
         for (const UINT message : of)
             if (each.window == window && each.message == message) order.push_back(message);
     return order;

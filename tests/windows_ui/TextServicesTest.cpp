@@ -104,7 +104,7 @@ TEST_F(TextServices, WhatIsBeingComposedStandsAtTheCaret)
                 if (PixelAt(x, y) != RGB(255, 255, 255)) return true;
         return false;
     };
-    told.clear();
+    received.clear();
     ComposeUnfinished(u"n\u012B");
     EXPECT_TRUE(inked(30, 40));
     EXPECT_FALSE(inked(0, 28));
@@ -130,7 +130,7 @@ TEST_F(TextServices, DrawingAtAnyTimeStaysUntilTheNextPaint)
     RECT update{};
     EXPECT_TRUE(GetUpdateRect(top, &update, FALSE));
     EXPECT_EQ(update.right, 20);
-    told.clear();
+    received.clear();
     UpdateWindow(top);
     EXPECT_EQ(Count(WM_ERASEBKGND), 0) << "it was not asked for";
     EXPECT_FALSE(GetUpdateRect(top, &update, FALSE));

@@ -20,7 +20,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(StartToolkit(ToolkitDisplay::offscreen));
-        told.clear();
+        received.clear();
         answers.clear();
         top = Make(WS_OVERLAPPEDWINDOW | WS_VISIBLE, {100, 100, 400, 300});
         ASSERT_TRUE(top);
@@ -37,7 +37,7 @@ protected:
     HWND top = nullptr;
 };
 
-TEST_F(Windows, LifeIsToldInOrder)
+TEST_F(Windows, MessagesOfALifeComeInOrder)
 {
     const std::initializer_list<UINT> of = {WM_NCCREATE, WM_CREATE, WM_SIZE,    WM_SHOWWINDOW, WM_ACTIVATE,
                                             WM_SETFOCUS, WM_PAINT,  WM_DESTROY, WM_NCDESTROY};
@@ -48,10 +48,10 @@ TEST_F(Windows, LifeIsToldInOrder)
     EXPECT_EQ(Order(child, of),
               (std::vector<UINT>{WM_NCCREATE, WM_CREATE, WM_SIZE, WM_SHOWWINDOW, WM_PAINT}));
     EXPECT_EQ(GetDlgItem(top, 7), child);
-    told.clear();
+    received.clear();
     EXPECT_TRUE(DestroyWindow(top));
     std::vector<std::pair<HWND, UINT>> end;
-    for (const Told& each : told)
+    for (const Received& each : received)
         if (each.message == WM_DESTROY || each.message == WM_NCDESTROY)
             end.emplace_back(each.window, each.message);
     EXPECT_EQ(end, (std::vector<std::pair<HWND, UINT>>{
@@ -64,7 +64,7 @@ TEST_F(Windows, AKeyBecomesMessagesOfTheFocus)
 {
     const HWND child = Make(WS_CHILD | WS_VISIBLE, {0, 0, 50, 50}, top, 1);
     SetFocus(child);
-    told.clear();
+    received.clear();
     PressKey('A', {VK_SHIFT});
     EXPECT_EQ(Order(child, {WM_KEYDOWN, WM_CHAR, WM_KEYUP}),
               (std::vector<UINT>{WM_KEYDOWN, WM_KEYDOWN, WM_CHAR, WM_KEYUP, WM_KEYUP}));
@@ -103,7 +103,7 @@ TEST_F(Windows, PaintingReachesThePicture)
 TEST_F(Windows, ClicksAndCaptureGiveClientPoints)
 {
     const HWND child = Make(WS_CHILD | WS_VISIBLE | WS_BORDER, {50, 60, 150, 160}, top, 1);
-    told.clear();
+    received.clear();
     Click(child, {5, 6}, Button::left, Clicks::two, {VK_CONTROL});
     EXPECT_EQ(Order(child, {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK}),
               (std::vector<UINT>{WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP}));
@@ -191,19 +191,19 @@ TEST_F(Windows, PostsFromAnotherThreadWakeTheLoopInOrder)
 TEST_F(Windows, ADisabledWindowTakesNoInput)
 {
     const HWND child = Make(WS_CHILD | WS_VISIBLE | WS_DISABLED, {0, 0, 100, 100}, top, 1);
-    told.clear();
+    received.clear();
     Click(child, {5, 5});
     EXPECT_EQ(Count(WM_LBUTTONDOWN, child), 0);
     EXPECT_EQ(Count(WM_LBUTTONDOWN, top), 1);
     EXPECT_EQ(SetFocus(child), nullptr);
     EnableWindow(top, FALSE);
-    told.clear();
+    received.clear();
     Click(top, {200, 150});
     PressKey('A');
     EXPECT_EQ(Count(WM_LBUTTONDOWN) + Count(WM_KEYDOWN), 0);
 }
 
-TEST_F(Windows, ScrollBarsTakeTheirRoomAndTell)
+TEST_F(Windows, ScrollBarsTakeTheirRoomAndNotify)
 {
     const HWND child = Make(WS_CHILD | WS_VISIBLE | WS_VSCROLL, {0, 0, 100, 100}, top, 1);
     RECT before{}, after{};

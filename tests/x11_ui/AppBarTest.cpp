@@ -86,7 +86,7 @@ TEST(AppBarOnX, ABarHearsOfWindowsThatCoverTheScreen)
     QWidget film;
     film.showFullScreen();
     EXPECT_TRUE(Becomes([] { return open == 1; }));
-    const HWND late = Bar(); // a bar that comes later is told at once
+    const HWND late = Bar(); // a bar that comes later hears of it at once
     open = -1;
     film.showNormal();
     EXPECT_TRUE(Becomes([] { return open == 0; }));

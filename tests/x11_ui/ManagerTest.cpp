@@ -4,13 +4,13 @@
 #include "corekit/platform/Toolkit.h"
 #include "corekit/unicode/ui/keyboards/SystemKeyboard.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
-#include "tests/RegistryHome.h"
+#include "tests/support/RegistryHome.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-// The manager starts once in a process, so one test tells all; its server lives as long as the toolkit.
+// The manager starts once in a process, so one test holds all; its server lives as long as the toolkit.
 class ManagerOnX : public RegistryHome {
 protected:
     static HKL LayoutOf(int index)

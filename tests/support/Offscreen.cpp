@@ -1,10 +1,11 @@
-// Fonts need the toolkit: it runs, offscreen, before any test here. Registry and language are not the
-// machine's own.
+// Windows and fonts need the toolkit: it runs, offscreen, before any test of the binary. Registry and
+// language are not the machine's own.
 #include "corekit/platform/Toolkit.h"
 
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
+
 #include <optional>
 
 namespace {

@@ -1,7 +1,7 @@
 // A test fixture whose registry is empty and its own.
 #pragma once
 
-#include "tests/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 #include <string>
