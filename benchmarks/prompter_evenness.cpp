@@ -1,5 +1,6 @@
-// How evenly the prompt moves: the desk as it is used, on the display of the environment, and the times at
-// which its output is painted. benchmarks/evenness.sh runs it under an X server of its own.
+// How long a script takes to open, and how evenly the prompt moves: the desk as it is used, on the display of
+// the environment, and the times at which its output is painted. benchmarks/evenness.sh runs it under an X
+// server of its own.
 #include "desk/Desk.h"
 
 #include "corekit/framework/WinApp.h"
@@ -64,8 +65,12 @@ int main(int argc, char** argv)
     CWinApp application("prompter");
     prompter::DeskOptions options;
     options.script = argv[1];
+    const Clock::time_point started = Clock::now();
     prompter::Desk desk(options);
     desk.Open();
+    UpdateWindow(desk.Editor());
+    std::printf("open after %.0f ms\n",
+                std::chrono::duration<double, std::milli>(Clock::now() - started).count());
     application.m_pMainWnd = &desk;
     desk.StartPrompt(false);
     desk.TheSession().Start(prompter::PromptWnd::Now());

@@ -162,6 +162,7 @@
 #include "corekit/platform/PngFile.h"
 #include "corekit/platform/Profiles.h"
 #include "corekit/platform/ProgressBars.h"
+#include "corekit/platform/PunctualThread.h"
 #include "corekit/platform/RawTerminal.h"
 #include "corekit/platform/Registry.h"
 #include "corekit/platform/ReplacedFile.h"

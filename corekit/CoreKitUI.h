@@ -106,6 +106,7 @@
 #include "corekit/platform/Clipboard.h"
 #include "corekit/platform/Dialogs.h"
 #include "corekit/platform/DragDrop.h"
+#include "corekit/platform/EvenFrames.h"
 #include "corekit/platform/FileDialogs.h"
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/Input.h"

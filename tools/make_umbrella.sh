@@ -32,7 +32,7 @@ umbrella() {
         { last = room; print "#include \"" $0 "\"" }' tools/rooms.tsv - >>"$1"
 }
 
-needs_toolkit='/ui/|platform/(Caret|Clipboard|Dialogs|DragDrop|FileDialogs|Gdi|Input|InputTest|KeyboardLayouts|MessageBoxes|MessageLoop|Painting|PopupMenus|ScrollBars|Timers|Toolkit|Windows)\.h'
+needs_toolkit='/ui/|platform/(Caret|Clipboard|Dialogs|DragDrop|EvenFrames|FileDialogs|Gdi|Input|InputTest|KeyboardLayouts|MessageBoxes|MessageLoop|Painting|PopupMenus|ScrollBars|Timers|Toolkit|Windows)\.h'
 public | grep -vE "$needs_toolkit" | umbrella "$scratch/CoreKit.h" "Everything that the core library offers."
 { echo corekit/CoreKit.h; public | grep -E "$needs_toolkit"; } |
     umbrella "$scratch/CoreKitUI.h" "Everything that both libraries offer."

@@ -2,7 +2,9 @@
 
 #include "corekit/unicode/ui/edit/EditModel.h"
 
+#include <algorithm>
 #include <memory>
+#include <random>
 
 namespace {
 
@@ -152,6 +154,61 @@ TEST(EditModel, ActionsChangeTextCursorSelectionAndCaretAsTheTableSays)
         SCOPED_TRACE("edit_actions.tsv:" + std::to_string(row.number));
         NumbersEditor editor(row);
         Expect(row, editor, Measures::ofTheTable);
+    }
+}
+
+// Beside a model that keeps whole texts.
+TEST(EditModel, UndoAndTheChangesToldAreThoseOfTheWholeText)
+{
+    FixedRuler ruler;
+    EditModel model(ruler);
+    model.SetClientSize(10 * pitch, 10 * lineHeight);
+    std::mt19937 random(7);
+    std::u16string text, undo, told;
+    const auto below = [&](std::size_t n) { return static_cast<int>(random() % (n + 1)); };
+    const auto now = [&] { return std::u16string(static_cast<const WCHAR*>(model.Text())); };
+    for (int i = 0; i < 3000; ++i) {
+        const std::u16string before = now();
+        const int from = below(before.size()),
+                  to = std::min(from + below(6), static_cast<int>(before.size()));
+        const std::u16string added(static_cast<std::size_t>(below(4)), static_cast<char16_t>(u'a' + i % 26));
+        const auto put = [&] {
+            return before.substr(0, static_cast<std::size_t>(from)) + added +
+                   before.substr(static_cast<std::size_t>(to));
+        };
+        switch (below(7)) {
+        case 0:
+            std::swap(text, undo);
+            model.UndoChanges();
+            break;
+        case 1:
+            undo = before;
+            model.CommitToUndoBuffer();
+            break;
+        case 2:
+            undo = before;
+            text = put();
+            model.ReplaceRange(from, to, added.c_str());
+            break;
+        case 3:
+            text = i % 100 < 5 ? added : before;
+            if (text != before) model.SetString(text.c_str());
+            break;
+        default:
+            text = put();
+            model.Respell(from, to, added, from);
+        }
+        ASSERT_EQ(now(), text) << i;
+        TextChange change;
+        if (i % 3 == 0 && model.TakeChange(change)) {
+            told.replace(
+                static_cast<std::size_t>(change.from), static_cast<std::size_t>(change.removed),
+                text.substr(static_cast<std::size_t>(change.from), static_cast<std::size_t>(change.added)));
+            EXPECT_FALSE(model.TakeChange(change));
+        }
+        if (i % 3 == 0) {
+            ASSERT_EQ(told, text) << i;
+        }
     }
 }
 

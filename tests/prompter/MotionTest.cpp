@@ -1,4 +1,4 @@
-#include "model/ReadRate.h"
+#include "model/ReadingTimes.h"
 #include "model/Remote.h"
 #include "model/Scroller.h"
 #include "tests/support/CaseRows.h"
@@ -61,6 +61,30 @@ TEST(ReadRate, CountsLinesAsTheSettingsSay)
         {{true, 1, 1, 1}, u"\u0628\u064E\u0628", 2}, // marks take no time
     };
     for (const auto& c : cases) EXPECT_DOUBLE_EQ(c.rate.SecondsFor(c.text), c.seconds);
+}
+
+TEST(ReadingTimes, FollowEditsAsIfTheStoryWereCountedAnew)
+{
+    Script script;
+    script.SetText(u"one two three\nfour\n\nfive six seven eight\nnine");
+    ReadRate rate{true, 1, 2, 4};
+    ReadingTimes times;
+    const auto expectSame = [&] {
+        EXPECT_DOUBLE_EQ(times.SecondsFor(script.At(0), rate), rate.SecondsFor(script.At(0).text));
+    };
+    expectSame();
+    for (const char16_t* text : {u"one two three\nfour and a half\n\nfive six seven eight\nnine", u"", u"one",
+                                 u"one\n", u"zero\none\nand more"}) {
+        const std::u16string before = script.At(0).text;
+        script.SetStoryText(0, text);
+        const LineChange& change = script.At(0).change;
+        times.StoryChanged(script.At(0), before.substr(change.at, change.removed), rate);
+        expectSame();
+    }
+    script.SetStoryText(0, u"nobody told of this");
+    expectSame();
+    rate.charactersPerLine = 2;
+    expectSame();
 }
 
 std::string Described(const RemoteCommand& command)

@@ -1,16 +1,31 @@
 // What is written on the desk while the prompt runs.
 #include "OnTheDesk.h"
 
+#include "corekit/platform/Clipboard.h"
 #include "corekit/platform/InputTest.h"
 #include "corekit/platform/Keyboard.h"
+#include "corekit/platform/Memory.h"
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 using namespace prompter;
 using namespace corekit::test;
 
 namespace {
+
+void SetClipboardText(const std::u16string& text)
+{
+    const std::size_t size = (text.size() + 1) * sizeof(char16_t);
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, size);
+    std::memcpy(GlobalLock(block), text.c_str(), size);
+    GlobalUnlock(block);
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    EmptyClipboard();
+    SetClipboardData(CF_UNICODETEXT, block);
+    CloseClipboard();
+}
 
 class Editing : public OnTheDesk {
 protected:
@@ -156,6 +171,40 @@ TEST_F(Editing, TextThatAnInputMethodComposesGoesIntoTheScript)
     EXPECT_EQ(Text(*desk),
               u"\u65E5\u672C \u0633\u0644\u0627\u0645 \u0939\u093F\u0928\u094D\u0926\u0940 \u06CC\u06A9 " +
                   before);
+    desk->DestroyWindow();
+}
+
+// The same letters, unit by unit as keys of the platform's layouts send them, and pasted.
+TEST_F(Editing, WhatThePlatformComposesStandsAsItIsStoredAtOnce)
+{
+    const char16_t* const texts[] = {
+        u"\u0938\u094D\u0925\u093F\u0924\u093F \u0915\u094D\u0937\u0947\u0924\u094D\u0930 ", // Hindi
+        u"\u0995\u09CD\u09B7\u09C7\u09A4\u09CD\u09B0 \u09AC\u09BE\u0982\u09B2\u09BE ",       // Bengali
+        u"\u0B95\u0BCA\u0BA3\u0BCD\u0B9F\u0BC1 \u0BA8\u0BBF\u0BB2\u0BC8 ",                   // Tamil
+    };
+    const auto desk = Prompting();
+    auto* const edit = static_cast<ScriptEdit*>(CWnd::FromHandlePermanent(desk->Editor()));
+    ASSERT_TRUE(edit);
+    std::u16string plain = Text(*desk);
+    for (const std::u16string text : texts)
+        for (const bool isWhole : {true, false}) {
+            PressKey(VK_HOME, {VK_CONTROL});
+            if (isWhole)
+                ComposeText(text);
+            else
+                for (const char16_t unit : text) ComposeText({&unit, 1});
+            plain = text + plain;
+            const StringW stored = StoredOf(plain);
+            EXPECT_EQ(ViewOf(edit->GetString()), ViewOf(stored));
+            EXPECT_EQ(edit->GetCursorIndex(), StoredOf(text).GetLength());
+            desk->Tick();
+            EXPECT_EQ(Text(*desk), plain);
+        }
+    PressKey('A', {VK_CONTROL});
+    PressKey(VK_BACK);
+    SetClipboardText(std::u16string(texts[0]) + u"\n" + texts[1]);
+    PressKey('V', {VK_CONTROL});
+    EXPECT_EQ(ViewOf(edit->GetString()), ViewOf(StoredOf(std::u16string(texts[0]) + u"\n" + texts[1])));
     desk->DestroyWindow();
 }
 

@@ -3,6 +3,7 @@
 #include "corekit/platform/Toolkit.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace prompter;
@@ -103,6 +104,34 @@ TEST_F(Prompting, FramesAreDrawnOnlyWhenSomethingMoved)
     m_session.ScriptChanged(3 * second);
     EXPECT_TRUE(m_session.Tick(3 * second));
     EXPECT_NEAR(m_session.SecondsRead(), 1, 0.001);
+}
+
+// What happens between the drawing of a frame and its time shows in it.
+TEST_F(Prompting, AFrameDrawnAheadIsTheOneOfItsTime)
+{
+    const struct {
+        const char* what;
+        void (*happens)(Session&);
+    } cases[] = {
+        {"nothing", [](Session&) {}},
+        {"a step", [](Session& s) { s.StepLines(1, second + 1); }},
+        {"a stop", [](Session& s) { s.Stop(second + 1); }},
+        {"blank", [](Session& s) { s.SetBlank(true); }},
+    };
+    for (const auto& c : cases) {
+        Session plain(m_script), ahead(m_script);
+        for (Session* session : {&plain, &ahead}) {
+            session->SetSettings(m_session.Settings(), 0);
+            session->Start(0);
+            session->Tick(second);
+            if (session == &ahead) session->Prepare(2 * second, second);
+            c.happens(*session);
+            EXPECT_TRUE(session->Tick(2 * second) || session == &plain) << c.what;
+        }
+        EXPECT_TRUE(std::ranges::equal(plain.Frame().Pixels(), ahead.Frame().Pixels())) << c.what;
+        ahead.Prepare(2 * second, 2 * second);
+        EXPECT_FALSE(ahead.Tick(2 * second)) << "the same frame is not shown twice: " << c.what;
+    }
 }
 
 } // namespace

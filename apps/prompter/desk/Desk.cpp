@@ -3,7 +3,6 @@
 #include "desk/CommandKeys.h"
 #include "desk/DeskCommands.h"
 #include "desk/SettingsDialogs.h"
-#include "model/SameLines.h"
 
 #include "corekit/framework/MessageBox.h"
 #include "corekit/framework/Module.h"
@@ -11,13 +10,11 @@
 #include "corekit/framework/WinApp.h"
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/SystemColours.h"
-#include "corekit/unicode/storage/StoredText.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
 #include "corekit/unicode/ui/UsualFonts.h"
 
 #include <algorithm>
 #include <stdexcept>
-#include <unordered_map>
 #include <utility>
 
 namespace prompter {
@@ -41,65 +38,6 @@ constexpr UINT_PTR keepTimer = 2, newsTimer = 3, displayTimer = 4;
 constexpr UINT keepMilliseconds = 3000, newsMilliseconds = 1000, displayMilliseconds = 100;
 // Of the em: the cell is high in faces with Arabic letters.
 constexpr int editorSize = -24, listSize = -17, listWidth = 300, gap = 4;
-constexpr LANGID seenFromLetters = 0;
-
-StringW StoredOf(const std::u16string& plain)
-{
-    return ToStoredText(plain.data(), static_cast<int>(plain.size()));
-}
-
-std::u16string PlainOf(const StringW& stored)
-{
-    const StringW plain = ToPlainText(stored, stored.GetLength(), seenFromLetters);
-    return {static_cast<const WCHAR*>(plain), static_cast<std::size_t>(plain.GetLength())};
-}
-
-template <class Visit>
-void ForEachLine(std::u16string_view text, Visit visit)
-{
-    for (std::size_t at = 0; at <= text.size();) {
-        const std::size_t end = std::min(text.find(u'\n', at), text.size());
-        visit(std::u16string(text.substr(at, end - at)), end < text.size());
-        at = end + 1;
-    }
-}
-
-// Lines that are stored as one of those before are taken as that one was read.
-std::u16string PlainLinesOf(std::u16string_view stored, std::u16string_view before)
-{
-    std::unordered_map<std::u16string, std::u16string> read; // by what is stored of each
-    ForEachLine(before, [&](const std::u16string& line, bool) {
-        read.try_emplace(std::u16string(static_cast<const WCHAR*>(StoredOf(line))), line);
-    });
-    std::u16string result;
-    ForEachLine(stored, [&](const std::u16string& line, bool hasMore) {
-        const auto known = read.find(line);
-        result += known != read.end() ? known->second
-                                      : PlainOf(StringW(line.data(), static_cast<int>(line.size())));
-        if (hasMore) result += u'\n';
-    });
-    return result;
-}
-
-std::u16string_view ViewOf(const StringW& text)
-{
-    return {static_cast<const WCHAR*>(text), static_cast<std::size_t>(text.GetLength())};
-}
-
-// The text of a story whose stored form was edited; lines that nobody edited stay as they were read.
-std::u16string EditedText(const StringW& storedBefore, const StringW& storedNow, const std::u16string& before)
-{
-    const std::u16string_view was = ViewOf(storedBefore), now = ViewOf(storedNow);
-    if (CountLineEnds(was) != CountLineEnds(before)) return PlainLinesOf(now, before);
-    const SameLines same = FindSameLines(was, now);
-    const std::size_t head = LineStart(before, CountLineEnds(was.substr(0, same.head)));
-    const std::size_t tail = same.tail == 0
-                                 ? before.size()
-                                 : LineStart(before, CountLineEnds(was.substr(0, was.size() - same.tail)));
-    const std::u16string_view changed = now.substr(same.head, now.size() - same.head - same.tail);
-    return before.substr(0, head) +
-           PlainLinesOf(changed, std::u16string_view(before).substr(head, tail - head)) + before.substr(tail);
-}
 
 } // namespace
 
@@ -145,7 +83,7 @@ void Desk::Open()
     WatchNews();
     OpenRemote();
     OpenController();
-    m_clock.emplace([this] { Tick(); });
+    m_clock.emplace([this](std::int64_t due, std::int64_t next) { ShowFrame(due, next); });
     SetTimer(keepTimer, keepMilliseconds);
     SetTimer(displayTimer, displayMilliseconds);
 }
@@ -223,7 +161,7 @@ void Desk::TakeScript(const std::string& path)
     m_file.Open(path);
     m_session.GoToStart(PromptWnd::Now());
     m_session.ForgetMarkers();
-    m_editedStory = 0;
+    m_edited.End();
     ScriptChanged();
     ChooseStory(0);
     OfferLeft();
@@ -293,20 +231,28 @@ void Desk::LookForNews()
         const std::u16string text = DecodeScript(one.bytes, CodePage()).text;
         const bool isText = text.find(u'\0') == text.npos;
         if (isText)
-            changed |= m_file.TheScript().TakeNews(one.name, text, m_editedStory) != Script::News::unchanged;
+            changed |= m_file.TheScript().TakeNews(one.name, text, m_edited.Key()) != Script::News::unchanged;
     }
     if (!changed) return;
     ScriptChanged();
-    ChooseStory(std::max(m_file.TheScript().IndexOf(m_editedStory), 0));
+    ChooseStory(std::max(m_file.TheScript().IndexOf(m_edited.Key()), 0));
 }
 
 void Desk::TakeEdits()
 {
-    const StringW text = m_edit.GetString();
-    const int index = m_file.TheScript().IndexOf(m_editedStory);
-    if (index < 0 || text == m_shownText) return;
-    const StringW before = std::exchange(m_shownText, text);
-    m_file.TheScript().SetStoryText(index, EditedText(before, text, m_file.TheScript().At(index).text));
+    int from = 0, removed = 0, added = 0;
+    if (!m_edit.TakeChange(from, removed, added)) return;
+    Script& script = m_file.TheScript();
+    const int index = script.IndexOf(m_edited.Key());
+    if (index < 0) return;
+    const Story& story = script.At(index);
+    const auto edit =
+        m_edited.Take(static_cast<std::size_t>(from), static_cast<std::size_t>(removed),
+                      static_cast<std::size_t>(added), ViewOf(m_edit.GetModel().Text()), story.text);
+    if (!edit) return;
+    const std::u16string gone = story.text.substr(edit->change.at, edit->change.removed);
+    script.ChangeLines(index, edit->change, edit->lines);
+    m_list.StoryChanged(story, gone);
     ScriptChanged();
 }
 
@@ -317,11 +263,12 @@ void Desk::ChooseStory(int index)
     index = std::clamp(index, 0, script.Count() - 1);
     const Story& story = script.At(index);
     const StringW stored = StoredOf(story.text);
-    if (story.key != m_editedStory || stored != m_shownText) {
-        m_editedStory = story.key;
+    if (story.key != m_edited.Key() || ViewOf(stored) != ViewOf(m_edit.GetModel().Text())) {
         m_edit.SetString(stored);
         m_edit.CommitToUndoBuffer(); // undo never brings back another story
-        m_shownText = m_edit.GetString();
+        int from = 0, removed = 0, added = 0;
+        m_edit.TakeChange(from, removed, added); // that was no edit
+        m_edited.Begin(story, m_edit.GetString());
     }
     m_list.Choose(index);
 }
@@ -339,6 +286,19 @@ void Desk::Tick()
     if (!m_session.Tick(PromptWnd::Now())) return;
     m_outputs.ShowFrame(); // first: the desk may wait
     m_preview.ShowFrame();
+}
+
+// What the next frame needs is done as soon as this one is shown, so that nothing is left to do, and to wait
+// for, when it is due.
+void Desk::ShowFrame(std::int64_t due, std::int64_t next)
+{
+    TakeEdits();
+    const bool isNew = m_session.Tick(due, PromptWnd::Now());
+    if (isNew) m_outputs.ShowFrame();
+    m_session.Prepare(next, PromptWnd::Now());
+    if (!isNew) return;
+    m_preview.ShowFrame();
+    m_outputs.AwaitShown();
 }
 
 void Desk::OnTimer(UINT_PTR id)
@@ -366,10 +326,11 @@ void Desk::StartPrompt(bool fromCursor)
     TakeEdits();
     const std::int64_t now = PromptWnd::Now();
     if (fromCursor)
-        m_session.GoToOffset(m_editedStory, static_cast<std::size_t>(std::max(m_edit.GetCursorIndex(), 0)),
+        m_session.GoToOffset(m_edited.Key(), static_cast<std::size_t>(std::max(m_edit.GetCursorIndex(), 0)),
                              now);
     if (!m_isPrompting) ChooseStandIn();
     m_isPrompting = true;
+    if (!m_punctual) m_punctual.emplace();
     FollowDisplays();
     m_outputs.TakeFocus();
 }
@@ -379,6 +340,7 @@ void Desk::LeavePrompt()
     m_session.Stop(PromptWnd::Now());
     // The window whose key this is must outlive the key.
     m_isPrompting = false;
+    m_punctual.reset();
     m_outputs.Close();
     SetActiveWindow();
     m_edit.SetFocus();

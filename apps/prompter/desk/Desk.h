@@ -4,6 +4,7 @@
 // the user-interface thread from its creation to the end of the program.
 #pragma once
 
+#include "desk/EditedStory.h"
 #include "desk/ScriptEdit.h"
 #include "desk/ScriptFile.h"
 #include "desk/StoryList.h"
@@ -16,6 +17,7 @@
 #include "view/SettingsFile.h"
 
 #include "corekit/platform/PopupMenus.h"
+#include "corekit/platform/PunctualThread.h"
 
 #include <memory>
 #include <optional>
@@ -51,7 +53,7 @@ public:
     const std::vector<OutputWindows::Window>& Outputs() const { return m_outputs.Windows(); }
     bool HasController() const { return m_controller && m_controller->IsOpen(); }
 
-    // Brings script, frame and windows up to date; the clock calls it sixty times a second.
+    // Brings script, frame and windows up to date.
     void Tick();
 
     // ---- What menus and keys do
@@ -86,9 +88,10 @@ private:
     void KeepUnsaved();
     void KeepSettings();
     unsigned CodePage() const;
-    void TakeEdits();            // what was typed goes into the script
-    void ChooseStory(int index); // and shows it in the editor
-    void ScriptChanged();        // the list and the prompt follow
+    void ShowFrame(std::int64_t due, std::int64_t next); // sixty times a second
+    void TakeEdits();                                    // what was typed goes into the script
+    void ChooseStory(int index);                         // and shows it in the editor
+    void ScriptChanged();                                // the list and the prompt follow
     bool MayClose();
     void Perform(UINT command);
     void PerformOnStory(UINT command);
@@ -123,13 +126,13 @@ private:
     std::optional<NewsFolder> m_news;
     std::optional<RemoteServer> m_remote;
     std::optional<ControllerLine> m_controller;
-    std::optional<FrameClock> m_clock; // of the frames, while the window is there
+    std::optional<FrameClock> m_clock;                 // of the frames, while the window is there
+    std::optional<corekit::PunctualThread> m_punctual; // while the prompt is shown
     int m_remotePort = 0;
-    Settings m_keptSettings;         // as they stand in the file
-    bool m_isChangingKeys = false;   // a button of the controller is then a key to be given
-    bool m_cannotKeep = false;       // unsaved text is not safe
-    std::uint64_t m_editedStory = 0; // key
-    StringW m_shownText;             // what the editor was given, or was last seen with
+    Settings m_keptSettings;       // as they stand in the file
+    bool m_isChangingKeys = false; // a button of the controller is then a key to be given
+    bool m_cannotKeep = false;     // unsaved text is not safe
+    EditedStory m_edited;
 };
 
 } // namespace prompter

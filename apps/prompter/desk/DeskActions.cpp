@@ -103,7 +103,7 @@ void Desk::Perform(UINT command)
 void Desk::PerformOnStory(UINT command)
 {
     Script& script = m_file.TheScript();
-    const int index = std::max(script.IndexOf(m_editedStory), 0);
+    const int index = std::max(script.IndexOf(m_edited.Key()), 0);
     switch (command) {
     case addStory:
         return ShowStory(script.Insert(index + 1, u""));
@@ -120,8 +120,8 @@ void Desk::PerformOnStory(UINT command)
         script.SetSkipped(index, !script.At(index).isSkipped);
         return ShowStory(index);
     case keepStory:
-        script.KeepOnly(m_editedStory);
-        return ShowStory(std::max(script.IndexOf(m_editedStory), 0));
+        script.KeepOnly(m_edited.Key());
+        return ShowStory(std::max(script.IndexOf(m_edited.Key()), 0));
     default:
         return PerformOnStyle(command);
     }

@@ -1,11 +1,14 @@
 #include "desk/ScriptEdit.h"
 
+#include "desk/EditedStory.h"
+
 #include "corekit/platform/Clipboard.h"
 #include "corekit/platform/Keyboard.h"
 #include "corekit/platform/ScrollBars.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace prompter {
 
@@ -25,7 +28,46 @@ constexpr int notch = 120, linesOfANotch = 3;
 constexpr UINT firstVisible = 32, deleted = 127, unitBits = 0xFFFF;
 
 bool IsHeld(int key) { return GetKeyState(key) < 0; }
+constexpr std::size_t longestTypedLine = 65536; // units, beyond which typing would wait for the line
+
 bool IsLow(WCHAR c) { return (c & 0xFC00) == 0xDC00; }
+
+// Of the scripts whose stored letters depend on those around them (Devanagari, Bengali, Tamil), or their
+// glyph.
+bool IsIndic(UINT c)
+{
+    return (c >= 0x0900 && c < 0x0A00) || (c >= 0x0B80 && c < 0x0C00) || (c >= 0xE000 && c < 0xE300);
+}
+
+std::size_t SameHead(std::u16string_view a, std::u16string_view b)
+{
+    return static_cast<std::size_t>(std::ranges::mismatch(a, b).in1 - a.begin());
+}
+
+std::size_t SameTail(std::u16string_view a, std::u16string_view b)
+{
+    const auto differs = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend());
+    return static_cast<std::size_t>(differs.first - a.rbegin());
+}
+
+std::u16string Stored(const std::u16string& plain) { return std::u16string(ViewOf(StoredOf(plain))); }
+
+struct Spelling {
+    std::u16string text;
+    std::size_t cursor;
+};
+
+// What has come stands between stored text, with the cursor behind it. In front of a word it joins its
+// letters for as long as nothing parts them; the cursor keeps them apart, or it would have no place.
+Spelling WithStored(std::u16string_view before, std::u16string_view came, std::u16string_view behind)
+{
+    const std::u16string plainHead = PlainOf(before) + std::u16string(came), plainTail = PlainOf(behind);
+    std::u16string now = Stored(plainHead + plainTail), head = Stored(plainHead);
+    const std::u16string tail = Stored(plainTail);
+    if (now.ends_with(tail)) return {now, now.size() - tail.size()};
+    if (now.starts_with(head)) return {now, head.size()};
+    return {head + tail, head.size()};
+}
 
 } // namespace
 
@@ -34,6 +76,8 @@ BOOL ScriptEdit::PreTranslateMessage(MSG* message)
 {
     const bool isKey = message->hwnd == m_hWnd && message->message == WM_KEYDOWN && IsHeld(VK_CONTROL);
     if (isKey && TakeKey(static_cast<UINT>(message->wParam))) return TRUE;
+    // Keyboards of ours send their characters past this.
+    m_isFromPlatform = message->hwnd == m_hWnd && message->message == WM_CHAR;
     return CMultilineUnicodeEditCtl::PreTranslateMessage(message);
 }
 
@@ -97,7 +141,13 @@ void ScriptEdit::OnChar(UINT character, UINT repeat, UINT flags)
 {
     const UINT unit = character & unitBits;
     if (unit >= firstVisible && unit != deleted) RemoveSelection();
+    const bool isFromPlatform = std::exchange(m_isFromPlatform, false);
     CMultilineUnicodeEditCtl::OnChar(character, repeat, flags);
+    const int cursor = GetCursorIndex();
+    const StringW& text = GetModel().Text();
+    if (isFromPlatform && cursor > 0 && text.GetAt(cursor - 1) == unit &&
+        (IsIndic(unit) || IsIndic(text.GetAt(cursor - 2)) || IsIndic(text.GetAt(cursor))))
+        Store(cursor - 1, cursor);
 }
 
 bool ScriptEdit::RemoveSelection()
@@ -122,8 +172,7 @@ void ScriptEdit::RemoveBefore()
 {
     const int index = GetCursorIndex();
     if (index <= 0) return;
-    const StringW text = GetString();
-    const bool isPair = index > 1 && IsLow(text[index - 1]);
+    const bool isPair = index > 1 && IsLow(GetModel().Text()[index - 1]); // a copy would cost the edit one
     Replace(index - (isPair ? 2 : 1), index, u"");
 }
 
@@ -134,6 +183,26 @@ void ScriptEdit::Paste()
     OnCPaste();
     const int behind = index + GetString().GetLength() - length;
     Select(behind, behind);
+    if (behind > index) Store(index, behind);
+}
+
+// What has come between these indexes, and its lines with it, as it is stored.
+void ScriptEdit::Store(int from, int to)
+{
+    const std::u16string_view text = ViewOf(GetModel().Text());
+    const auto start = static_cast<std::size_t>(from), end = static_cast<std::size_t>(to);
+    const std::size_t first = start == 0 ? 0 : text.rfind(u'\n', start - 1) + 1; // npos + 1 is 0
+    const std::size_t last = std::min(text.find(u'\n', end), text.size());
+    if (to - from == 1 && last - first > longestTypedLine) return;
+    const std::u16string was(text.substr(first, last - first));
+    const auto [now, cursor] = WithStored(text.substr(first, start - first), text.substr(start, end - start),
+                                          text.substr(end, last - end));
+    if (now == was) return;
+    const std::size_t head = SameHead(was, now), tail = SameTail(std::u16string_view(was).substr(head),
+                                                                 std::u16string_view(now).substr(head));
+    const StringW middle(now.data() + head, static_cast<int>(now.size() - head - tail));
+    Respell(static_cast<int>(first + head), static_cast<int>(last - tail), middle,
+            static_cast<int>(first + cursor));
 }
 
 // The second of two presses selects the word between blanks.

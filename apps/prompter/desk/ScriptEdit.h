@@ -1,4 +1,5 @@
-// The editor of a story. Return begins a line, and a selection may reach over lines.
+// The editor of a story. Return begins a line, and a selection may reach over lines. What the platform
+// composes and what is pasted stands as it is stored from the moment it comes.
 #pragma once
 
 #include "corekit/unicode/ui/edit/MultilineUnicodeEditCtl.h"
@@ -26,9 +27,11 @@ private:
     void RemoveBefore();
     void Paste();
     void SelectWord(int index);
+    void Store(int from, int to);
 
-    int m_pressed = 0; // index at which the mouse was pressed last
-    int m_wheel = 0;   // part of a notch that is left over
+    int m_pressed = 0;             // index at which the mouse was pressed last
+    int m_wheel = 0;               // part of a notch that is left over
+    bool m_isFromPlatform = false; // the character that comes, and from no keyboard of ours
 };
 
 } // namespace prompter

@@ -89,7 +89,7 @@ void StoryList::Choose(int index)
 void StoryList::GetColumnText(StringW& out, long itemData, int column)
 {
     out = InDisplayOrder(
-        StoryText(m_script, static_cast<int>(itemData), static_cast<StoryColumn>(column), m_rate));
+        StoryText(m_script, static_cast<int>(itemData), static_cast<StoryColumn>(column), m_times, m_rate));
 }
 
 void StoryList::OnListLButtonDown(UINT, CPoint) {}

@@ -18,6 +18,11 @@ public:
     // Rows follow the script: texts always, their number where it differs.
     void Refresh();
     void Choose(int index);
+    // Before Refresh, where the change of a story and the lines that went in it are known.
+    void StoryChanged(const Story& story, std::u16string_view gone)
+    {
+        m_times.StoryChanged(story, gone, m_rate);
+    }
 
     std::function<void(int index)> onChoose;
     std::function<void(int from, int to)> onMove; // a row was dragged
@@ -37,6 +42,7 @@ protected:
 private:
     const Script& m_script;
     const ReadRate& m_rate;
+    ReadingTimes m_times;
     int m_dragged = -1;
     bool m_isRefreshing = false;
 };

@@ -5,7 +5,8 @@
 
 namespace prompter {
 
-std::u16string StoryText(const Script& script, int index, StoryColumn column, const ReadRate& rate)
+std::u16string StoryText(const Script& script, int index, StoryColumn column, ReadingTimes& times,
+                         const ReadRate& rate)
 {
     if (index < 0 || index >= script.Count()) return {};
     const Story& story = script.At(index);
@@ -19,7 +20,7 @@ std::u16string StoryText(const Script& script, int index, StoryColumn column, co
         return title.empty() ? u"(empty)" : title;
     }
     case timeColumn: {
-        const auto seconds = static_cast<int>(std::lround(rate.SecondsFor(story.text)));
+        const auto seconds = static_cast<int>(std::lround(times.SecondsFor(story, rate)));
         std::snprintf(text, sizeof text, "%d:%02d", seconds / 60, seconds % 60);
         break;
     }

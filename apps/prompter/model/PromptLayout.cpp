@@ -1,12 +1,11 @@
 #include "model/PromptLayout.h"
 
-#include "model/SameLines.h"
-
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 #include "corekit/unicode/storage/StoredText.h"
 
 #include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 namespace prompter {
 namespace {
@@ -26,7 +25,7 @@ bool BelongsToLast(char16_t c)
            isIndicSign;
 }
 
-std::u16string Stored(const std::u16string& plain)
+std::u16string Stored(std::u16string_view plain)
 {
     const StoredText stored = ToStoredText(plain.data(), static_cast<int>(plain.size()));
     return {static_cast<const WCHAR*>(stored), static_cast<std::size_t>(stored.GetLength())};
@@ -46,7 +45,7 @@ std::size_t Fitting(std::u16string_view word, int width, TextRuler& ruler)
     return fits;
 }
 
-// What of an old text an anchor stood on, in the new one.
+// The place in the new text of what stood there in the old one.
 std::size_t Moved(std::size_t offset, std::u16string_view before, std::u16string_view after)
 {
     const std::size_t most = std::min(before.size(), after.size());
@@ -56,6 +55,19 @@ std::size_t Moved(std::size_t offset, std::u16string_view before, std::u16string
         ++suffix;
     if (offset <= prefix) return offset;
     return offset >= before.size() - suffix ? offset + after.size() - before.size() : prefix;
+}
+
+// Anchors in a text of which `before`, from `at` on, has become `now`.
+void MoveAnchors(std::span<Anchor> held, std::uint64_t story, std::size_t at, std::u16string_view before,
+                 std::u16string_view now)
+{
+    for (Anchor& anchor : held) {
+        if (anchor.story != story || anchor.offset <= at) continue;
+        if (anchor.offset >= at + before.size())
+            anchor.offset = anchor.offset - before.size() + now.size();
+        else
+            anchor.offset = at + Moved(anchor.offset - at, before, now);
+    }
 }
 
 } // namespace
@@ -69,10 +81,9 @@ void PromptLayout::SetForm(int width, int lineHeight)
     m_isStale = true; // the face may have changed with it
 }
 
-void PromptLayout::LayOutParagraph(LaidStory& story, std::size_t start, std::size_t end,
-                                   TextRuler& ruler) const
+void PromptLayout::LayOutParagraph(std::u16string_view text, std::size_t start, std::size_t end,
+                                   TextRuler& ruler, Lines& lines) const
 {
-    const std::u16string_view text = story.stored;
     const bool rightToLeft = GetBaseLevel(text.data() + start, static_cast<int>(end - start)) == 1;
     PromptLine line{start, 0, 0, rightToLeft};
     int blanks = 0; // width of those behind the line so far
@@ -81,14 +92,14 @@ void PromptLayout::LayOutParagraph(LaidStory& story, std::size_t start, std::siz
         while (wordEnd < end && !IsBlank(text[wordEnd])) ++wordEnd;
         const int width = wordEnd > at ? ruler.Width(text.substr(at, wordEnd - at)) : 0;
         if (line.length > 0 && line.width + blanks + width > m_width) {
-            story.lines.push_back(line);
+            lines.push_back(line);
             line = {at, 0, 0, rightToLeft};
             blanks = 0;
         }
         if (line.length == 0 && width > m_width && wordEnd - at > 1) {
             const std::size_t part = Fitting(text.substr(at, wordEnd - at), m_width, ruler);
             if (part < wordEnd - at) {
-                story.lines.push_back({at, part, ruler.Width(text.substr(at, part)), rightToLeft});
+                lines.push_back({at, part, ruler.Width(text.substr(at, part)), rightToLeft});
                 at += part;
                 line = {at, 0, 0, rightToLeft};
                 continue;
@@ -103,45 +114,55 @@ void PromptLayout::LayOutParagraph(LaidStory& story, std::size_t start, std::siz
         while (at < end && IsBlank(text[at])) ++at;
         if (at > wordEnd) blanks += ruler.Width(text.substr(wordEnd, at - wordEnd));
     }
-    story.lines.push_back(line);
+    lines.push_back(line);
 }
 
-void PromptLayout::LayOut(LaidStory& story, TextRuler& ruler) const
+void PromptLayout::LayOut(LaidStory& laid, TextRuler& ruler) const
 {
-    story.lines.clear();
-    LayOutParagraphs(story, 0, story.stored.size(), ruler);
-    story.lines.push_back({story.stored.size(), 0, 0, false}); // the gap to the next story
+    laid.lines.clear();
+    LayOutParagraphs(laid.stored, 0, laid.stored.size(), ruler, laid.lines);
+    laid.lines.push_back({laid.stored.size(), 0, 0, false}); // the gap to the next story
 }
 
-void PromptLayout::LayOutParagraphs(LaidStory& story, std::size_t start, std::size_t end,
-                                    TextRuler& ruler) const
+void PromptLayout::LayOutParagraphs(std::u16string_view text, std::size_t start, std::size_t end,
+                                    TextRuler& ruler, Lines& lines) const
 {
     for (std::size_t at = start; at < end;) {
-        const std::size_t paragraphEnd = std::min(story.stored.find(u'\n', at), end);
-        LayOutParagraph(story, at, paragraphEnd, ruler);
+        const std::size_t paragraphEnd = std::min(text.find(u'\n', at), end);
+        LayOutParagraph(text, at, paragraphEnd, ruler, lines);
         at = paragraphEnd + 1;
     }
 }
 
-// Lines before and behind those that differ stay as they are.
-void PromptLayout::LayOutChange(LaidStory& story, const std::u16string& plain, TextRuler& ruler) const
+// Lines before and behind those that changed stay as they are.
+void PromptLayout::LayOutChange(LaidStory& laid, const Story& story, TextRuler& ruler,
+                                std::span<Anchor> held) const
 {
-    const std::u16string_view before = story.plain;
-    const SameLines same = FindSameLines(before, plain);
-    const std::size_t head = LineStart(story.stored, CountLineEnds(before.substr(0, same.head)));
-    const std::size_t tail =
-        same.tail == 0 ? story.stored.size()
-                       : LineStart(story.stored, CountLineEnds(before.substr(0, before.size() - same.tail)));
-    const std::u16string changed = Stored(plain.substr(same.head, plain.size() - same.head - same.tail));
-    const auto first = std::ranges::lower_bound(story.lines, head, {}, &PromptLine::start);
-    const auto behind = std::ranges::lower_bound(story.lines, tail, {}, &PromptLine::start);
-    std::vector<PromptLine> kept(behind, story.lines.end());
-    for (PromptLine& line : kept) line.start = line.start - tail + head + changed.size();
-    story.lines.erase(first, story.lines.end());
-    story.stored.replace(head, tail - head, changed);
-    story.plain = plain;
-    LayOutParagraphs(story, head, head + changed.size(), ruler);
-    story.lines.insert(story.lines.end(), kept.begin(), kept.end());
+    const LineChange& change = story.change;
+    const std::size_t head = laid.paragraphs.Start(change.line),
+                      tail = laid.paragraphs.Start(change.line + change.count);
+    const std::u16string now = Stored(std::u16string_view(story.text).substr(change.at, change.added)),
+                         before = laid.stored.substr(head, tail - head);
+    laid.stored.replace(head, before.size(), now);
+    laid.paragraphs.Replace(change.line, change.count, now);
+    MoveAnchors(held, story.key, head, before, now);
+    Lines made;
+    LayOutParagraphs(laid.stored, head, head + now.size(), ruler, made);
+    const auto first = std::ranges::lower_bound(laid.lines, head, {}, &PromptLine::start),
+               behind = std::ranges::lower_bound(laid.lines, tail, {}, &PromptLine::start);
+    for (auto line = behind; line != laid.lines.end(); ++line)
+        line->start = line->start - before.size() + now.size();
+    PutInPlace(laid.lines, static_cast<std::size_t>(first - laid.lines.begin()),
+               static_cast<std::size_t>(behind - first), made);
+}
+
+void PromptLayout::LayOutText(LaidStory& laid, const Story& story, TextRuler& ruler,
+                              std::span<Anchor> held) const
+{
+    const std::u16string before = std::exchange(laid.stored, Stored(story.text));
+    laid.paragraphs.Set(laid.stored);
+    MoveAnchors(held, story.key, 0, before, laid.stored);
+    LayOut(laid, ruler);
 }
 
 std::vector<std::size_t> PromptLayout::PlaceIndexes(std::span<const Anchor> anchors) const
@@ -164,17 +185,12 @@ void PromptLayout::Update(const Script& script, TextRuler& ruler, std::span<Anch
         present.insert(story.key);
         const auto [at, isNew] = m_stories.try_emplace(story.key);
         LaidStory& laid = at->second;
-        if (isNew) {
-            laid.plain = story.text;
-            laid.stored = Stored(story.text);
-            LayOut(laid, ruler);
-        } else if (laid.plain != story.text) {
-            const std::u16string before = laid.stored;
-            LayOutChange(laid, story.text, ruler);
-            for (Anchor& anchor : held)
-                if (anchor.story == story.key) anchor.offset = Moved(anchor.offset, before, laid.stored);
-        }
+        if (!isNew && laid.version != story.version && laid.version == story.formerVersion)
+            LayOutChange(laid, story, ruler, held);
+        else if (isNew || laid.version != story.version)
+            LayOutText(laid, story, ruler, held);
         if (!isNew && m_isStale) LayOut(laid, ruler);
+        laid.version = story.version;
         if (story.isSkipped) continue;
         m_places.push_back({story.key, &laid, m_lineCount});
         m_lineCount += laid.lines.size();

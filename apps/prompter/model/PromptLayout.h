@@ -5,6 +5,7 @@
 // heights pixels. Only lines that have changed are laid out anew. Skipped stories take no room.
 #pragma once
 
+#include "model/LineStarts.h"
 #include "model/Script.h"
 
 #include <functional>
@@ -56,7 +57,9 @@ public:
 
 private:
     struct LaidStory {
-        std::u16string plain, stored;
+        std::uint64_t version = 0; // of the story's text
+        std::u16string stored;
+        LineStarts paragraphs; // of the stored text, as many as the plain one has
         std::vector<PromptLine> lines;
     };
     struct Place { // of a story in the view
@@ -64,10 +67,14 @@ private:
         const LaidStory* story;
         std::size_t firstLine; // counted through all stories
     };
-    void LayOut(LaidStory& story, TextRuler& ruler) const;
-    void LayOutChange(LaidStory& story, const std::u16string& plain, TextRuler& ruler) const;
-    void LayOutParagraphs(LaidStory& story, std::size_t start, std::size_t end, TextRuler& ruler) const;
-    void LayOutParagraph(LaidStory& story, std::size_t start, std::size_t end, TextRuler& ruler) const;
+    void LayOut(LaidStory& laid, TextRuler& ruler) const;
+    void LayOutChange(LaidStory& laid, const Story& story, TextRuler& ruler, std::span<Anchor> held) const;
+    void LayOutText(LaidStory& laid, const Story& story, TextRuler& ruler, std::span<Anchor> held) const;
+    using Lines = std::vector<PromptLine>;
+    void LayOutParagraphs(std::u16string_view text, std::size_t start, std::size_t end, TextRuler& ruler,
+                          Lines& lines) const;
+    void LayOutParagraph(std::u16string_view text, std::size_t start, std::size_t end, TextRuler& ruler,
+                         Lines& lines) const;
     std::vector<std::size_t> PlaceIndexes(std::span<const Anchor> anchors) const;
     const Place* PlaceAt(std::size_t line) const;
     const Place* PlaceOf(std::uint64_t key) const;

@@ -22,7 +22,7 @@ double ReadRate::SecondsPerLine() const
     return std::max(charactersPerLine, 1) / charactersPerSecond;
 }
 
-double ReadRate::SecondsFor(std::u16string_view text) const
+long long ReadRate::LinesFor(std::u16string_view text) const
 {
     const int perLine = std::max(charactersPerLine, 1);
     long long displayLines = 0;
@@ -32,7 +32,7 @@ double ReadRate::SecondsFor(std::u16string_view text) const
         if (spoken > 0) displayLines += (spoken + perLine - 1) / perLine;
         text.remove_prefix(std::min(end + 1, text.size()));
     }
-    return static_cast<double>(displayLines) * SecondsPerLine();
+    return displayLines;
 }
 
 } // namespace prompter

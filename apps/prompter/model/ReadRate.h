@@ -15,7 +15,11 @@ struct ReadRate {
     double SecondsPerLine() const;
     // The time for a text at speed 1. A line is as many characters as the rate says, and every line of the
     // text takes at least one.
-    double SecondsFor(std::u16string_view text) const;
+    double SecondsFor(std::u16string_view text) const
+    {
+        return static_cast<double>(LinesFor(text)) * SecondsPerLine();
+    }
+    long long LinesFor(std::u16string_view text) const;
 };
 
 } // namespace prompter

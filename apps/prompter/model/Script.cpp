@@ -1,5 +1,7 @@
 #include "model/Script.h"
 
+#include "model/SameLines.h"
+
 #include <algorithm>
 
 namespace prompter {
@@ -92,17 +94,38 @@ int Script::IndexOf(std::uint64_t key) const
     return found == m_stories.end() ? -1 : static_cast<int>(found - m_stories.begin());
 }
 
-Story& Script::Changed(int index)
+void Script::Change(Story& story, const LineChange& change, std::u16string_view lines)
 {
-    ++m_version;
-    return m_stories[static_cast<std::size_t>(index)];
+    story.text.replace(change.at, change.removed, lines);
+    story.change = change;
+    story.formerVersion = story.version;
+    story.version = ++m_version;
+}
+
+void Script::Assign(Story& story, std::u16string_view text)
+{
+    const std::u16string_view before = story.text;
+    const SameLines same = FindSameLines(before, text);
+    const std::size_t removed = before.size() - same.head - same.tail;
+    const std::u16string_view gone = before.substr(same.head, removed);
+    const std::size_t isLast = same.tail == 0 ? 1 : 0;
+    const LineChange change{same.head, removed, text.size() - same.head - same.tail,
+                            CountLineEnds(before.substr(0, same.head)), CountLineEnds(gone) + isLast};
+    Change(story, change, text.substr(same.head, change.added));
 }
 
 void Script::SetStoryText(int index, std::u16string_view text)
 {
-    if (At(index).text == text) return;
-    Story& story = Changed(index);
-    story.text = text;
+    Story& story = m_stories[static_cast<std::size_t>(index)];
+    if (story.text == text) return;
+    Assign(story, text);
+    story.isEdited = true;
+}
+
+void Script::ChangeLines(int index, const LineChange& change, std::u16string_view lines)
+{
+    Story& story = m_stories[static_cast<std::size_t>(index)];
+    Change(story, change, lines);
     story.isEdited = true;
 }
 
@@ -137,7 +160,7 @@ int Script::Insert(int index, std::u16string_view text, std::string source)
 void Script::Remove(int index)
 {
     if (Count() == 1)
-        Changed(0).text.clear();
+        Assign(m_stories.front(), u"");
     else
         m_stories.erase(m_stories.begin() + index);
     ++m_version;
@@ -153,12 +176,11 @@ Script::News Script::TakeNews(const std::string& source, std::u16string_view tex
         return News::added;
     }
     if (newest->text == text) return News::unchanged;
-    const int index = static_cast<int>(m_stories.rend() - newest) - 1;
     if (newest->isEdited || newest->key == beingEdited) {
-        Insert(index + 1, text, source);
+        Insert(static_cast<int>(m_stories.rend() - newest), text, source);
         return News::beside;
     }
-    Changed(index).text = text;
+    Assign(*newest, text);
     return News::replaced;
 }
 

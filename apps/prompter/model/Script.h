@@ -14,6 +14,12 @@
 
 namespace prompter {
 
+// Whole lines of a text that have come in the place of others. What is behind the last line end is a line.
+struct LineChange {
+    std::size_t at = 0, removed = 0, added = 0; // units
+    std::size_t line = 0, count = 0;            // the first of those that have gone, and their number
+};
+
 struct Story {
     std::uint64_t key = 0;  // stays the same while a story is moved or edited; never used twice
     std::u16string divider; // the line in front, as it was read; empty for three dashes
@@ -21,6 +27,10 @@ struct Story {
     std::string source;     // name of the file in the news folder that it came from, else empty
     bool isSkipped = false;
     bool isEdited = false; // by the user, since it was read or came in
+
+    // The text is this one of those that the script has seen, made by the change from that one.
+    std::uint64_t version = 0, formerVersion = 0;
+    LineChange change;
 
     // The first line that is not blank, without leading number signs; at most 80 units.
     std::u16string Title() const;
@@ -40,6 +50,9 @@ public:
     int IndexOf(std::uint64_t key) const; // -1 for none
 
     void SetStoryText(int index, std::u16string_view text);
+    // The same for one who knows what changes, in which case it costs no more than that. The lines are those
+    // that come, of `change.added` units.
+    void ChangeLines(int index, const LineChange& change, std::u16string_view lines);
     void SetSkipped(int index, bool skipped);
     void Move(int from, int to);
     int Insert(int index, std::u16string_view text, std::string source = {}); // returns the index
@@ -60,7 +73,8 @@ public:
     void MarkSaved() { m_saved = m_version; }
 
 private:
-    Story& Changed(int index);
+    void Assign(Story& story, std::u16string_view text);
+    void Change(Story& story, const LineChange& change, std::u16string_view lines);
 
     std::vector<Story> m_stories;
     bool m_beginsWithDivider = false;

@@ -1,47 +1,37 @@
 #include "view/FrameClock.h"
 
-#include <chrono>
+#include <algorithm>
 
 namespace prompter {
 namespace {
 
-constexpr UINT frameIsDue = WM_USER + 1;
+using namespace std::chrono;
+
+std::int64_t Microseconds(steady_clock::time_point time)
+{
+    return duration_cast<microseconds>(time.time_since_epoch()).count();
+}
 
 } // namespace
 
-FrameClock::FrameClock(std::function<void()> onFrame)
-    : m_onFrame(std::move(onFrame)), m_window([this](const MSG& message) -> LRESULT {
-          if (message.message == frameIsDue && m_isDue.exchange(false)) m_onFrame();
-          return 0;
-      }),
-      m_thread([this] { Run(); })
+FrameClock::FrameClock(OnFrame onFrame) : m_onFrame(std::move(onFrame)), m_timer([this] { Ring(); })
 {
+    m_timer.SetDue(TimeOf(m_frame));
 }
 
-FrameClock::~FrameClock()
+FrameClock::Time FrameClock::TimeOf(std::int64_t frame) const
 {
-    {
-        const std::lock_guard lock(m_lock);
-        m_isEnding = true;
-    }
-    m_ends.notify_all();
-    m_thread.join();
+    return m_start + nanoseconds(frame * std::nano::den / framesPerSecond);
 }
 
-// Each time is reckoned from the beginning, so that no rounding adds up.
-void FrameClock::Run()
+// The last frame that is due by now, which is a later one than was waited for where something took its time.
+void FrameClock::Ring()
 {
-    using namespace std::chrono;
-    const auto start = steady_clock::now();
-    std::unique_lock lock(m_lock);
-    for (std::int64_t frame = 1; !m_isEnding;) {
-        const auto due = start + nanoseconds(frame * std::nano::den / framesPerSecond);
-        if (m_ends.wait_until(lock, due, [this] { return m_isEnding; })) return;
-        if (!m_isDue.exchange(true)) PostMessageA(m_window.GetSafeHwnd(), frameIsDue, 0, 0);
-        frame = duration_cast<nanoseconds>(steady_clock::now() - start).count() * framesPerSecond /
-                    std::nano::den +
-                1;
-    }
+    const std::int64_t passed = nanoseconds(steady_clock::now() - m_start).count();
+    const std::int64_t frame = std::max(m_frame, passed * framesPerSecond / std::nano::den);
+    m_frame = frame + 1;
+    m_timer.SetDue(TimeOf(m_frame));
+    m_onFrame(Microseconds(TimeOf(frame)), Microseconds(TimeOf(frame + 1)));
 }
 
 } // namespace prompter

@@ -1,39 +1,33 @@
 // Says when a frame is due, sixty times a second.
 //
-// A thread keeps the times by the steady clock and in fractions of a millisecond: a timer of whole
-// milliseconds is early by a frame in every 25. The function is called on the thread that made the clock. A
-// frame that comes due while the last has not been told is left out.
+// Times are reckoned from the beginning by the steady clock, in fractions of a millisecond: a timer of whole
+// milliseconds is early by a frame in every 25. A frame that comes due while the last is still being worked
+// on is left out. User-interface thread.
 #pragma once
 
-#include "corekit/platform/Messages.h"
+#include "corekit/platform/EvenFrames.h"
 
-#include <atomic>
-#include <condition_variable>
-#include <functional>
-#include <mutex>
-#include <thread>
+#include <cstdint>
 
 namespace prompter {
 
 class FrameClock {
 public:
-    explicit FrameClock(std::function<void()> onFrame);
-    ~FrameClock(); // waits for the thread
-    FrameClock(const FrameClock&) = delete;
-    FrameClock& operator=(const FrameClock&) = delete;
+    // Called with microseconds of the steady clock: when the frame was due, and when the next one is.
+    using OnFrame = std::function<void(std::int64_t due, std::int64_t next)>;
+    explicit FrameClock(OnFrame onFrame);
 
     static constexpr int framesPerSecond = 60;
 
 private:
-    void Run();
+    using Time = std::chrono::steady_clock::time_point;
+    Time TimeOf(std::int64_t frame) const;
+    void Ring();
 
-    std::function<void()> m_onFrame;
-    std::atomic<bool> m_isDue = false;
-    MessageWindow m_window; // its messages say that a frame is due
-    std::mutex m_lock;
-    std::condition_variable m_ends;
-    bool m_isEnding = false;
-    std::thread m_thread; // the last member: it uses the others
+    OnFrame m_onFrame;
+    Time m_start = std::chrono::steady_clock::now();
+    std::int64_t m_frame = 1; // the one that is waited for
+    corekit::FrameTimer m_timer;
 };
 
 } // namespace prompter

@@ -1,5 +1,7 @@
 #include "view/OutputWindows.h"
 
+#include "corekit/platform/EvenFrames.h"
+
 #include <algorithm>
 
 namespace prompter {
@@ -50,6 +52,11 @@ void OutputWindows::ShowFrame()
         w.window->ShowFrame();
         w.window->UpdateWindow();
     }
+}
+
+void OutputWindows::AwaitShown() const
+{
+    for (const Window& w : m_windows) corekit::AwaitShown(w.window->m_hWnd);
 }
 
 void OutputWindows::TakeFocus()

@@ -25,6 +25,7 @@ public:
     bool IsShown() const { return !m_windows.empty(); }
     bool Has(HWND window) const;
     void ShowFrame();
+    void AwaitShown() const; // until the display server has taken the frame
     void TakeFocus();
     struct Window {
         std::string display;

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdio>
 #include <ctime>
+#include <utility>
 
 namespace prompter {
 namespace {
@@ -14,14 +15,16 @@ constexpr std::int64_t second = 1000000;
 
 std::u16string Wide(const char* text) { return {text, text + std::char_traits<char>::length(text)}; }
 
-// The studio's clock; frames are those of the second.
-CTimecode LocalTime()
+// The studio's clock so many microseconds from now; frames are those of the second.
+CTimecode LocalTime(std::int64_t ahead)
 {
     std::timespec now{};
     std::timespec_get(&now, TIME_UTC);
+    const std::int64_t then = now.tv_sec * second + now.tv_nsec / 1000 + ahead;
+    const std::time_t seconds = then / second;
     std::tm local{};
-    localtime_r(&now.tv_sec, &local);
-    const long frame = now.tv_nsec / (1000000000L / CTimecode::GetFramesPerSec());
+    localtime_r(&seconds, &local);
+    const std::int64_t frame = then % second / (second / CTimecode::GetFramesPerSec());
     return {local.tm_hour, local.tm_min, local.tm_sec, static_cast<int>(frame)};
 }
 
@@ -230,13 +233,13 @@ std::string Session::Do(const RemoteCommand& command, std::int64_t now)
     return std::visit(perform, command);
 }
 
-std::u16string Session::StatusLine(std::int64_t now) const
+std::u16string Session::StatusLine(std::int64_t then, std::int64_t now) const
 {
     if (!m_settings.showsStatus) return {};
     const int frames = CTimecode::GetFramesPerSec();
-    const CTimecode clock = LocalTime();
+    const CTimecode clock = LocalTime(then - now);
     const auto read = static_cast<int>(SecondsRead());
-    const double left = SecondsLeft(now);
+    const double left = SecondsLeft(then);
     char text[128];
     int length = std::snprintf(text, sizeof text, "%02d:%02d:%02d:%02d @%d  x%.1f  %d:%02d", clock.GetHours(),
                                clock.GetMinutes(), clock.GetSeconds(), clock.GetFrames(), frames,
@@ -247,31 +250,38 @@ std::u16string Session::StatusLine(std::int64_t now) const
     return Wide(text);
 }
 
-FrameState Session::StateAt(std::int64_t now) const
+FrameState Session::StateAt(std::int64_t then, std::int64_t now) const
 {
     FrameState state;
-    state.position = m_scroller.Position(now);
+    state.position = m_scroller.Position(then);
     state.isBlank = m_isBlank;
-    if (IsCountingDown(now)) state.countdown = static_cast<int>((m_startsAt - now + second - 1) / second);
-    state.status = StatusLine(now);
+    if (IsCountingDown(then)) state.countdown = static_cast<int>((m_startsAt - then + second - 1) / second);
+    state.status = StatusLine(then, now);
     for (const Anchor& marker : m_markers) state.markers.push_back(m_layout.YOf(marker));
     return state;
 }
 
-bool Session::Tick(std::int64_t now)
+bool Session::Draw(FrameState state)
 {
-    if (m_startsAt >= 0 && now >= m_startsAt) {
-        m_scroller.Start(m_startsAt);
-        m_startsAt = -1;
-    }
-    if (m_lastTick >= 0 && m_scroller.IsRunning() && Speed() != 0) m_microsecondsRead += now - m_lastTick;
-    m_lastTick = now;
-    FrameState state = StateAt(now);
-    if (!m_frame.Context() || (!m_isStale && IsSame(state, m_shown))) return false;
+    if (!m_frame.Context() || (!m_isStale && IsSame(state, m_drawn))) return false;
     m_painter.Paint(m_frame, state);
-    m_shown = std::move(state);
+    m_drawn = std::move(state);
     m_isStale = false;
     return true;
 }
+
+bool Session::Tick(std::int64_t then, std::int64_t now)
+{
+    if (m_startsAt >= 0 && then >= m_startsAt) {
+        m_scroller.Start(m_startsAt);
+        m_startsAt = -1;
+    }
+    if (m_lastTick >= 0 && m_scroller.IsRunning() && Speed() != 0) m_microsecondsRead += then - m_lastTick;
+    m_lastTick = then;
+    const bool wasAhead = std::exchange(m_isAhead, false);
+    return Draw(StateAt(then, now)) || wasAhead;
+}
+
+void Session::Prepare(std::int64_t then, std::int64_t now) { m_isAhead |= Draw(StateAt(then, now)); }
 
 } // namespace prompter

@@ -74,16 +74,21 @@ public:
     std::string Do(const RemoteCommand& command, std::int64_t now);
 
     // ---- The frame
-    // Brings the frame up to date; true if it changed.
-    bool Tick(std::int64_t now);
+    // Brings the frame to what it is to be at a time, which may have just passed; true if it is to be shown.
+    bool Tick(std::int64_t then, std::int64_t now);
+    bool Tick(std::int64_t now) { return Tick(now, now); }
+    // Draws the frame of a time to come, so that the Tick of that time has nothing left to do unless
+    // something happens before.
+    void Prepare(std::int64_t then, std::int64_t now);
     const FrameBuffer& Frame() const { return m_frame; }
 
 private:
     std::vector<Anchor> HeldAnchors(std::int64_t now) const;
     void LayOut(std::vector<Anchor> held, std::int64_t now);
     bool IsCountingDown(std::int64_t now) const { return m_startsAt >= 0 && now < m_startsAt; }
-    FrameState StateAt(std::int64_t now) const;
-    std::u16string StatusLine(std::int64_t now) const;
+    bool Draw(FrameState state); // false if the frame shows it already
+    FrameState StateAt(std::int64_t then, std::int64_t now) const;
+    std::u16string StatusLine(std::int64_t then, std::int64_t now) const;
 
     Script& m_script;
     SessionSettings m_settings;
@@ -96,9 +101,9 @@ private:
     bool m_isBlank = false;
     std::int64_t m_startsAt = -1; // of a countdown; -1 for none
     std::int64_t m_lastTick = -1, m_microsecondsRead = 0;
-    // What the frame shows.
-    FrameState m_shown;
+    FrameState m_drawn; // what the frame shows
     bool m_isStale = true;
+    bool m_isAhead = false; // the frame has not been told of yet
 };
 
 } // namespace prompter

@@ -14,6 +14,8 @@ namespace corekit::detail {
 namespace {
 
 constexpr int spacePerExpanded = 2; // pixels
+// No screen shows a longer one. Each mark measures its run, which is what text of marks alone would wait for.
+constexpr std::size_t longestRun = 4096;
 
 bool isStrong(int type) { return type == bidi::L || type == bidi::R; }
 
@@ -96,6 +98,7 @@ void GlyphRunBuilder::Fill(int x, RunRuler& ruler, GlyphRun& run)
         const WCHAR c = m_glyphs[m_next];
         if (m_runStart < 0) m_runStart = m_next;
         if (const int slot = m_fonts.SlotOf(c); slot != run.slot && slot >= 0) return;
+        if (run.text.size() >= longestRun) return;
         Cut cut = Cut::none;
         if (m_rules.bidi) {
             if (isShaped(c)) {

@@ -35,7 +35,7 @@ void EditModel::DoBackspace()
 void EditModel::DoDelete()
 {
     if (HasSelection()) {
-        m_undo = m_text;
+        CommitToUndoBuffer();
         const int from = std::min(m_anchor, m_end);
         Remove(from, std::max(m_anchor, m_end) - from);
         m_cursor = from;
@@ -69,7 +69,7 @@ bool EditModel::GetSelectedText(StringW& text)
 // Each new line offers a position more. Where all the text is new its first line is none that came along.
 void EditModel::PasteText(const StringW& text)
 {
-    m_undo = m_text;
+    CommitToUndoBuffer();
     if (HasSelection()) DoDelete();
     const int line = GetCurrentCursorLine(), count = m_lines.Count();
     Insert(m_cursor - line, text, text.GetLength());
@@ -116,11 +116,17 @@ void EditModel::Select(int from, int to)
 void EditModel::ReplaceRange(int from, int to, const WCHAR* text)
 {
     const StringW added(text);
-    m_undo = m_text;
+    CommitToUndoBuffer();
     ClearSelection();
-    Remove(from, to - from);
-    Insert(from, added, added.GetLength());
+    Splice(from, to - from, {added, static_cast<std::size_t>(added.GetLength())});
     m_cursor = PositionAt(from + added.GetLength());
+}
+
+void EditModel::Respell(int from, int to, std::u16string_view text, int cursor)
+{
+    ClearSelection();
+    Splice(from, to - from, text);
+    m_cursor = PositionAt(cursor);
 }
 
 } // namespace corekit::detail

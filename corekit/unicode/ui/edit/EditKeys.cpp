@@ -153,6 +153,22 @@ void CMultilineUnicodeEditCtl::Replace(int from, int to, const WCHAR* text)
     TextChanged();
 }
 
+void CMultilineUnicodeEditCtl::Respell(int from, int to, const StringW& text, int cursor)
+{
+    m_model.Respell(from, to, {text, static_cast<std::size_t>(text.GetLength())}, cursor);
+    TextChanged();
+}
+
+bool CMultilineUnicodeEditCtl::TakeChange(int& from, int& removed, int& added)
+{
+    TextChange change;
+    const bool isThere = m_model.TakeChange(change);
+    from = change.from;
+    removed = change.removed;
+    added = change.added;
+    return isThere;
+}
+
 // ---- The cursor
 
 void CMultilineUnicodeEditCtl::DoCursorLeft()

@@ -4,6 +4,8 @@
 #include "corekit/platform/Runtime.h"
 
 #include <algorithm>
+#include <cstring>
+#include <utility>
 
 namespace corekit::detail {
 
@@ -64,29 +66,41 @@ std::u16string_view EditModel::LineText(int line)
 
 void EditModel::Replace(StringW text)
 {
+    m_undo.TextChanges({m_text, static_cast<std::size_t>(m_text.GetLength())}, 0, m_text.GetLength());
     m_text = std::move(text);
     m_lines.Forget();
+    m_sameHead = m_sameTail = 0;
 }
 
-void EditModel::Insert(int index, const WCHAR* text, int count)
+// Room for more is taken along where the text needs a new place, so that typing in a long one does not copy
+// it each time.
+void EditModel::Splice(int from, int removed, std::u16string_view added)
 {
-    const int length = m_text.GetLength();
-    index = std::clamp(index, 0, length);
-    WCHAR* const buffer = m_text.GetBuffer(length + count);
-    std::copy_backward(buffer + index, buffer + length, buffer + length + count);
-    std::copy_n(text, count, buffer + index);
-    m_text.ReleaseBuffer(length + count);
-    m_lines.TextChanges(index, length - index);
+    const int length = m_text.GetLength(), count = static_cast<int>(added.size());
+    const int to = std::clamp(from + removed, std::clamp(from, 0, length), length);
+    from = std::clamp(from, 0, length);
+    removed = to - from;
+    const int behind = length - from - removed, now = length - removed + count;
+    m_undo.TextChanges({m_text, static_cast<std::size_t>(length)}, from, removed);
+    const int room = std::max(length, now);
+    WCHAR* const buffer = m_text.GetBuffer(room > m_text.GetAllocLength() ? room + room / 16 : room);
+    std::memmove(buffer + from + count, buffer + from + removed,
+                 static_cast<std::size_t>(behind) * sizeof(WCHAR));
+    std::copy(added.begin(), added.end(), buffer + from);
+    m_text.ReleaseBuffer(now);
+    m_lines.TextChanges(from, behind);
+    m_sameHead = std::min(m_sameHead, from);
+    m_sameTail = std::min(m_sameTail, behind);
 }
 
-void EditModel::Remove(int index, int count)
+bool EditModel::TakeChange(TextChange& change)
 {
-    const int length = m_text.GetLength();
-    const int from = std::clamp(index, 0, length), to = std::clamp(index + count, from, length);
-    WCHAR* const buffer = m_text.GetBuffer(length);
-    std::copy(buffer + to, buffer + length, buffer + from);
-    m_text.ReleaseBuffer(length - (to - from));
-    m_lines.TextChanges(from, length - to);
+    const int length = m_text.GetLength(), same = m_sameHead + m_sameTail;
+    const bool isSame =
+        m_sameHead == m_formerLength && m_sameTail == m_formerLength && length == m_formerLength;
+    if (!isSame) change = {m_sameHead, m_formerLength - same, length - same};
+    m_sameHead = m_sameTail = m_formerLength = length;
+    return !isSame;
 }
 
 void EditModel::SetString(StringW text)
@@ -107,8 +121,11 @@ void EditModel::ReplaceSel(const WCHAR* text)
 void EditModel::UndoChanges()
 {
     ClearSelection();
-    std::swap(m_text, m_undo);
-    m_lines.Forget();
+    const UndoText::Difference back = m_undo.Exchange({m_text, static_cast<std::size_t>(m_text.GetLength())});
+    if (back.from == back.to && back.kept.empty()) return;
+    UndoText undo = std::exchange(m_undo, {});
+    Splice(back.from, back.to - back.from, back.kept);
+    m_undo = std::move(undo);
     m_cursor = std::min(m_cursor, m_text.GetLength());
 }
 

@@ -11,6 +11,7 @@
 
 #include "corekit/framework/Geometry.h"
 #include "corekit/unicode/ui/edit/DisplayLines.h"
+#include "corekit/unicode/ui/edit/UndoText.h"
 #include "corekit/unicode/ui/edit/VisualLine.h"
 
 namespace corekit::detail {
@@ -19,6 +20,11 @@ namespace corekit::detail {
 struct HeldModifiers {
     bool shift = false;
     bool control = false;
+};
+
+// Characters of a text that have come in the place of others.
+struct TextChange {
+    int from = 0, removed = 0, added = 0;
 };
 
 // A line as it is painted: in display order, cut to what is in view.
@@ -83,7 +89,7 @@ public:
     // Both states change places, and the selection goes.
     void UndoChanges();
     // What undo brings back next is the text as it is now.
-    void CommitToUndoBuffer() { m_undo = m_text; }
+    void CommitToUndoBuffer() { m_undo.Commit(m_text.GetLength()); }
 
     // ---- Editing.
     // Nothing once the limit is reached, nor for a control character.
@@ -143,17 +149,25 @@ public:
     void Select(int from, int to); // the cursor goes to `to`
     // The cursor goes behind the new text and the selection goes; undo brings back what was.
     void ReplaceRange(int from, int to, const WCHAR* text);
+    // Another spelling of what stands there, which undo does not bring back; the cursor goes to an index.
+    void Respell(int from, int to, std::u16string_view text, int cursor);
+    // What has changed of the text since this was called last; false if nothing.
+    bool TakeChange(TextChange& change);
 
 private:
     // A line with a place in it.
     struct Place {
         int line, offset;
     };
-    Place PlaceOfCursor();                                // the line, and the offset in it
-    void Insert(int index, const WCHAR* text, int count); // at an index, which is cut to the text
-    void Remove(int index, int count);                    // likewise
-    void Replace(StringW text);                           // all of it; lines are made anew
-    void EndMove(int before, HeldModifiers held);         // caret and selection
+    Place PlaceOfCursor(); // the line, and the offset in it
+    void Insert(int index, const WCHAR* text, int count)
+    {
+        Splice(index, 0, {text, static_cast<std::size_t>(count)});
+    }
+    void Remove(int index, int count) { Splice(index, count, {}); }
+    void Splice(int from, int removed, std::u16string_view added); // indexes are cut to the text
+    void Replace(StringW text);                                    // all of it; lines are made anew
+    void EndMove(int before, HeldModifiers held);                  // caret and selection
     void WordLeft();
     void WordRight(int limit);
     void ScrollToLine(int line); // as little as it takes
@@ -164,8 +178,10 @@ private:
     int RightHit(int start, std::u16string_view line, int room);
 
     TextRuler& m_ruler;
-    DisplayLines m_lines;   // of m_text, when they are asked for
-    StringW m_text, m_undo; // undo makes them change places
+    DisplayLines m_lines; // of m_text, when they are asked for
+    StringW m_text;
+    UndoText m_undo;
+    int m_sameHead = 0, m_sameTail = 0, m_formerLength = 0; // at either end, since TakeChange
     int m_cursor = 0;
     int m_anchor = 0, m_end = 0; // equal without a selection
     int m_offset = 0;

@@ -182,6 +182,7 @@ void CMultilineUnicodeEditCtl::MakeRenderers(const CFontDescriptor& font, int bo
 {
     m_measureRenderer.CreateFromDescriptor(font, bold, 0, italic);
     m_paintRenderer.CreateFromDescriptor(font, bold, 0, italic);
+    m_ruler.Forget();
 }
 
 int CMultilineUnicodeEditCtl::GetTextHeight()

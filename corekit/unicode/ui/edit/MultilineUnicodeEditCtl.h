@@ -93,6 +93,11 @@ public:
     void Replace(int from, int to,
                  const WCHAR* text); // the cursor goes behind the text; undo brings back what was
     void CopyText(int from, int to); // to the clipboard
+    // Another spelling of what stands there, which undo does not bring back; the cursor goes to an index.
+    void Respell(int from, int to, const StringW& text, int cursor);
+    // Where the text has changed since this was called last: how many characters have come in the place of
+    // how many. False if nowhere.
+    bool TakeChange(int& from, int& removed, int& added);
 
     static CString m_strClassName; // of the window class
 
