@@ -33,6 +33,27 @@ TEST(Buttons, GoThroughTheStatesOfTheirKind)
     }
 }
 
+TEST(Buttons, StandBehindTheirTextForAsLongAsTheyHaveTheStyle)
+{
+    Parent parent;
+    const HWND box = parent.add(WC_BUTTONA, "Text", BS_AUTOCHECKBOX);
+    const auto picture = [&](DWORD style) {
+        SetWindowLongA(box, GWL_STYLE, static_cast<LONG>(WS_CHILD | WS_VISIBLE | BS_AUTOCHECKBOX | style));
+        RunWaiting();
+        const HBITMAP drawn = PictureOf(box);
+        BITMAP facts{};
+        EXPECT_TRUE(GetObjectA(drawn, sizeof facts, &facts));
+        const auto* const pixels = static_cast<const DWORD*>(facts.bmBits);
+        const std::vector<DWORD> copy(pixels, pixels + facts.bmWidth * facts.bmHeight);
+        DeleteObject(drawn);
+        return copy;
+    };
+    const auto before = picture(0), behind = picture(BS_LEFTTEXT);
+    EXPECT_NE(before, behind);
+    EXPECT_EQ(picture(BS_LEFTTEXT | BS_NOTIFY), behind) << "another style has changed";
+    EXPECT_EQ(picture(0), before);
+}
+
 TEST(Buttons, OneRadioButtonOfItsGroupIsChecked)
 {
     Parent parent;

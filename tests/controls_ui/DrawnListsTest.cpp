@@ -4,6 +4,7 @@
 #include "corekit/platform/ComboBoxes.h"
 #include "corekit/platform/Edits.h"
 #include "corekit/platform/Gdi.h"
+#include "corekit/platform/ImageLists.h"
 #include "corekit/platform/Keyboard.h"
 #include "corekit/platform/ListBoxes.h"
 #include "corekit/platform/ListViewNotifications.h"
@@ -212,6 +213,67 @@ TEST(ListViews, AskForTheRowsOnShowOnly)
     PressKey('A', {VK_CONTROL});
     EXPECT_EQ(send(list, LVM_GETSELECTEDCOUNT), 100000);
     EXPECT_TRUE(parent.heard(LVN_ODSTATECHANGED));
+}
+
+TEST(ListViews, ShowThePicturesTheyAreGivenAndAskFor)
+{
+    const auto imagesOf = [](std::initializer_list<COLORREF> colours) {
+        const HIMAGELIST list = ImageList_Create(16, 16, ILC_COLOR32, 2, 0);
+        for (const COLORREF colour : colours) {
+            const HDC screen = GetDC(nullptr), dc = CreateCompatibleDC(nullptr);
+            const HBITMAP square = CreateCompatibleBitmap(screen, 16, 16);
+            const HGDIOBJ former = SelectObject(dc, square);
+            const HBRUSH brush = CreateSolidBrush(colour);
+            const RECT all{0, 0, 16, 16};
+            FillRect(dc, &all, brush);
+            SelectObject(dc, former);
+            ImageList_Add(list, square, nullptr);
+            DeleteObject(brush);
+            DeleteObject(square);
+            DeleteDC(dc);
+            ReleaseDC(nullptr, screen);
+        }
+        return list;
+    };
+    constexpr COLORREF red = RGB(250, 0, 0), blue = RGB(0, 0, 250), green = RGB(0, 250, 0);
+    const HIMAGELIST small = imagesOf({red, blue}), state = imagesOf({green});
+    for (const DWORD kind : {DWORD{0}, LVS_OWNERDATA}) {
+        Parent parent;
+        const HWND list = parent.add(WC_LISTVIEWA, "", LVS_REPORT | LVS_NOCOLUMNHEADER | kind);
+        LVCOLUMNA column{LVCF_WIDTH, 0, 120, nullptr, 0, 0, 0, 0};
+        send(list, LVM_INSERTCOLUMNA, 0, &column);
+        send(list, LVM_SETIMAGELIST, LVSIL_SMALL, small);
+        parent.hook = [](UINT message, WPARAM, LPARAM lParam, LRESULT&) {
+            auto& info = *reinterpret_cast<NMLVDISPINFOA*>(lParam);
+            if (message == WM_NOTIFY && info.hdr.code == LVN_GETDISPINFO && info.item.mask & LVIF_IMAGE)
+                info.item.iImage = 1;
+            return false;
+        };
+        LVITEMA item{};
+        item.mask = LVIF_IMAGE;
+        item.iImage = -1; // asked for
+        if (kind)
+            send(list, LVM_SETITEMCOUNT, 1);
+        else
+            send(list, LVM_INSERTITEMA, 0, &item);
+        send(list, LVM_GETITEMA, 0, &item);
+        EXPECT_EQ(item.iImage, 1);
+        const auto pixelAt = [&](int x) {
+            RunWaiting();
+            RECT icon{LVIR_ICON, 0, 0, 0};
+            EXPECT_TRUE(send(list, LVM_GETITEMRECT, 0, &icon));
+            return pixelOf(list, icon.left + x, (icon.top + icon.bottom) / 2);
+        };
+        EXPECT_EQ(pixelAt(8), blue);
+        send(list, LVM_SETIMAGELIST, LVSIL_STATE, state);
+        item.state = INDEXTOSTATEIMAGEMASK(1);
+        item.stateMask = LVIS_STATEIMAGEMASK;
+        send(list, LVM_SETITEMSTATE, 0, &item);
+        EXPECT_EQ(pixelAt(8), green);
+        EXPECT_EQ(pixelAt(24), blue);
+    }
+    ImageList_Destroy(small);
+    ImageList_Destroy(state);
 }
 
 TEST(ListViews, LetTheUserNameIconsAndRows)

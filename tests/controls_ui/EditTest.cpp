@@ -88,3 +88,23 @@ TEST(Edits, SelectAndReplaceInOneLine)
     WCHAR wide[16];
     EXPECT_EQ(std::u16string(wide, static_cast<std::size_t>(GetWindowTextW(edit, wide, 16))), u"שלום");
 }
+
+TEST(Edits, KeepAProgramsTextWholeAndAReadOnlyOneFromBeingCut)
+{
+    for (const DWORD lines : {DWORD{0}, ES_MULTILINE}) {
+        Parent parent;
+        const HWND edit = parent.add(WC_EDITA, "12", lines | ES_NUMBER);
+        send(edit, EM_SETLIMITTEXT, 3);
+        send(edit, EM_SETSEL, 1, 1);
+        send(edit, EM_REPLACESEL, TRUE, "abcdef");
+        EXPECT_EQ(textOf(edit), "1abcdef2") << lines;
+        EXPECT_FALSE(parent.heard(EN_MAXTEXT)) << lines;
+        EXPECT_EQ(send(edit, EM_GETSEL), MAKELONG(7, 7)) << lines;
+        send(edit, EM_UNDO);
+        EXPECT_EQ(textOf(edit), "12") << lines;
+        send(edit, EM_SETREADONLY, TRUE);
+        send(edit, EM_SETSEL, 0, -1);
+        send(edit, WM_CUT);
+        EXPECT_EQ(textOf(edit), "12") << lines;
+    }
+}

@@ -158,6 +158,29 @@ TEST(TreeViews, AskBeforeTheSelectionMovesAndReportAfter)
     EXPECT_EQ(selected(), c);
 }
 
+TEST(TreeViews, SayWhetherTheyScrolledAndAskBeforeTheyOpenForIt)
+{
+    Parent parent;
+    const HWND tree = parent.add(WC_TREEVIEWA, "", TVS_HASBUTTONS);
+    const auto insert = [&](HTREEITEM below) {
+        TVINSERTSTRUCTA what{below, TVI_LAST, {}};
+        return reinterpret_cast<HTREEITEM>(send(tree, TVM_INSERTITEMA, 0, &what));
+    };
+    const HTREEITEM first = insert(TVI_ROOT), inner = insert(first);
+    HTREEITEM last = nullptr;
+    for (int i = 0; i < 50; ++i) last = insert(TVI_ROOT);
+    const auto show = [&](HTREEITEM item) {
+        parent.told.clear();
+        return send(tree, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+    };
+    EXPECT_TRUE(show(last));
+    EXPECT_FALSE(show(last)) << "in sight";
+    EXPECT_FALSE(show(inner)) << "opened";
+    EXPECT_TRUE(parent.heard(TVN_ITEMEXPANDING) && parent.heard(TVN_ITEMEXPANDED));
+    EXPECT_FALSE(show(inner));
+    EXPECT_TRUE(show(last));
+}
+
 TEST(ListViews, KeepRowsColumnsAndStates)
 {
     Parent parent;

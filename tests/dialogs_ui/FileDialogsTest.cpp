@@ -102,6 +102,18 @@ TEST_F(FileDialogs, SeveralFilesComeAsPathsOfTheirOwn)
     EXPECT_EQ(paths, (std::vector<std::string>{In("one.txt"), In("two.txt")}));
 }
 
+TEST_F(FileDialogs, OneFileOfAListIsAPathWhateverTheBufferHeld)
+{
+    CFileDialog dialog(TRUE, nullptr, nullptr, mustExist | OFN_ALLOWMULTISELECT, nullptr, &owner);
+    std::fill_n(dialog.m_ofn.lpstrFile + 1, 500, 'x');
+    Acts acts{Write(In("one.txt")), PressReturnInField};
+    ASSERT_EQ(dialog.DoModal(), IDOK);
+    POSITION at = dialog.GetStartPosition();
+    EXPECT_EQ(std::string(dialog.GetNextPathName(at)), In("one.txt"));
+    EXPECT_EQ(at, nullptr);
+    EXPECT_STREQ(dialog.GetNextPathName(at), "") << "beyond the last";
+}
+
 TEST_F(FileDialogs, AFolderIsChosenWithinItsRoot)
 {
     _ITEMIDLIST* const root = ILCreateFromPathA(folder.Path().c_str());

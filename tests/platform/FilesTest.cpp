@@ -1,5 +1,6 @@
 #include "corekit/platform/Files.h"
 #include "corekit/platform/Errors.h"
+#include "corekit/platform/FileAttributes.h"
 #include "corekit/platform/Waits.h"
 #include "tests/support/CaseRows.h"
 #include "tests/support/TempFolder.h"
@@ -290,6 +291,18 @@ TEST_F(Files, DeletionMindsWhoHasTheFileOpen)
     CloseHandle(brief);
     open.clear();
     EXPECT_FALSE(std::filesystem::exists(folder / "t"));
+}
+
+TEST_F(Files, ADotHidesAFolderHoweverItsNameEnds)
+{
+    ASSERT_TRUE(CreateDirectoryA((folder / ".dir").c_str(), nullptr));
+    for (const char* end : {"", "/", "//"})
+        EXPECT_EQ(GetFileAttributesA(((folder / ".dir").string() + end).c_str()),
+                  FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN)
+            << end;
+    for (const char* end : {"/.", "/..", "/./"})
+        EXPECT_FALSE(GetFileAttributesA(((folder / ".dir").string() + end).c_str()) & FILE_ATTRIBUTE_HIDDEN)
+            << end;
 }
 
 TEST_F(Files, AppendsFromManyThreadsToOneHandleLoseNothing)

@@ -5,6 +5,7 @@
 #include "corekit/framework/ui/Menu.h"
 #include "corekit/framework/ui/View.h"
 #include "corekit/platform/InputTest.h"
+#include "corekit/platform/Keyboard.h"
 #include "corekit/platform/PopupMenus.h"
 #include "corekit/platform/Toolkit.h"
 
@@ -55,9 +56,11 @@ public:
 
 protected:
     void OnCommand() { log += "f"; }
+    void OnInitMenu(CMenu* menu) { log += menu->GetSafeHmenu() == ::GetMenu(m_hWnd) ? "b" : "p"; }
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CNoteFrame, CFrameWnd)
+ON_WM_INITMENU()
 ON_COMMAND(idFrame, &CNoteFrame::OnCommand)
 END_MESSAGE_MAP()
 
@@ -131,6 +134,18 @@ TEST_F(Frame, APopUpMenuAnswersTheKeyThatChooses)
     });
     const int chosen = TrackPopupMenu(popup, TPM_RETURNCMD, 60, 60, 0, frame->m_hWnd);
     EXPECT_EQ(chosen, static_cast<int>(idView));
+    EXPECT_EQ(frame->log, "p");
+}
+
+TEST_F(Frame, TheBarIsAnnouncedBeforeItsMenuOpens)
+{
+    PressKey('E', {VK_MENU});
+    RunWaiting();
+    PressKey(VK_DOWN);
+    PressKey(VK_RETURN);
+    RunWaiting();
+    EXPECT_EQ(frame->log.substr(0, 1), "b");
+    EXPECT_EQ(CNoteView::log, "u0v");
 }
 
 } // namespace

@@ -1,13 +1,18 @@
 #include "Recorder.h"
 
+#include "corekit/platform/Cursors.h"
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/Input.h"
 #include "corekit/platform/Painting.h"
 #include "corekit/platform/ScrollBars.h"
 #include "corekit/platform/Timers.h"
 
-#include <gtest/gtest.h>
+#include <QApplication>
+#include <QIcon>
+#include <QWidget>
 
+#include <algorithm>
+#include <gtest/gtest.h>
 #include <thread>
 
 using namespace corekit::test;
@@ -58,6 +63,19 @@ TEST_F(Windows, MessagesOfALifeComeInOrder)
                        {top, WM_DESTROY}, {child, WM_DESTROY}, {child, WM_NCDESTROY}, {top, WM_NCDESTROY}}));
     EXPECT_FALSE(IsWindow(child));
     EXPECT_FALSE(SendMessageA(top, WM_NULL, 0, 0));
+}
+
+TEST_F(Windows, ShowTheIconTheyAreGiven)
+{
+    const auto isShown = [] {
+        const auto all = QApplication::topLevelWidgets();
+        return std::ranges::any_of(all, [](const QWidget* each) { return !each->windowIcon().isNull(); });
+    };
+    EXPECT_FALSE(isShown());
+    SendMessageA(top, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(LoadIconA(nullptr, IDI_ERROR)));
+    EXPECT_TRUE(isShown());
+    EXPECT_TRUE(SendMessageA(top, WM_SETICON, ICON_BIG, 0));
+    EXPECT_FALSE(isShown());
 }
 
 TEST_F(Windows, AKeyBecomesMessagesOfTheFocus)

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <string_view>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -18,8 +19,10 @@ using namespace corekit::detail;
 DWORD attributesOf(mode_t mode, const std::string& path)
 {
     DWORD attributes = 0;
-    const std::size_t name = path.find_last_of('/') + 1;
-    if (path[name] == '.' && path.find_first_not_of('.', name) != std::string::npos)
+    std::string_view name = path;
+    name = name.substr(0, name.find_last_not_of('/') + 1);
+    name.remove_prefix(name.find_last_of('/') + 1);
+    if (name.starts_with('.') && name.find_first_not_of('.') != name.npos)
         attributes |= FILE_ATTRIBUTE_HIDDEN;
     if (S_ISLNK(mode)) return attributes | FILE_ATTRIBUTE_REPARSE_POINT;
     if (S_ISDIR(mode))

@@ -1,6 +1,7 @@
 #include "corekit/platform/SystemTime.h"
 
 #include <ctime>
+#include <optional>
 #include <time.h>
 
 void GetSystemTime(SYSTEMTIME* time)
@@ -23,15 +24,38 @@ DWORD timeGetTime()
                               static_cast<std::uint64_t>(now.tv_nsec) / 1000000);
 }
 
+namespace {
+
+// Minutes to add to local time.
+struct Biases {
+    std::optional<LONG> standard, summer;
+};
+
+// Those in force first from now on; in a year, each comes round that there is.
+Biases biasesFrom(std::time_t now)
+{
+    constexpr std::time_t week = 7 * 86400;
+    Biases found;
+    for (std::time_t at = now; at < now + 53 * week; at += week) {
+        std::tm local{};
+        if (!localtime_r(&at, &local)) break;
+        std::optional<LONG>& bias = local.tm_isdst > 0 ? found.summer : found.standard;
+        if (!bias) bias = static_cast<LONG>(-local.tm_gmtoff / 60);
+    }
+    return found;
+}
+
+} // namespace
+
 DWORD GetTimeZoneInformation(TIME_ZONE_INFORMATION* zone)
 {
-    constexpr LONG summer = -60;
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     tzset();
     if (!localtime_r(&now, &local)) return TIME_ZONE_ID_INVALID;
-    const LONG total = static_cast<LONG>(-local.tm_gmtoff / 60);
-    *zone = {local.tm_isdst > 0 ? total - summer : total, 0, daylight ? summer : 0};
-    if (!daylight) return TIME_ZONE_ID_UNKNOWN;
+    const Biases biases = biasesFrom(now);
+    const LONG standard = biases.standard.value_or(static_cast<LONG>(timezone / 60));
+    *zone = {standard, 0, biases.summer.value_or(standard) - standard};
+    if (!biases.summer) return TIME_ZONE_ID_UNKNOWN;
     return local.tm_isdst > 0 ? TIME_ZONE_ID_DAYLIGHT : TIME_ZONE_ID_STANDARD;
 }

@@ -134,9 +134,11 @@ void Button::followStyle()
     }
     face()->setCheckable(familyOf(style()) != Family::push);
     const bool mirrored = style() & BS_LEFTTEXT && familyOf(style()) != Family::push;
+    const QWidget* const above = face()->parentWidget();
     if (mirrored)
-        face()->setLayoutDirection(face()->layoutDirection() == Qt::RightToLeft ? Qt::LeftToRight
-                                                                                : Qt::RightToLeft);
+        face()->setLayoutDirection(above && above->isRightToLeft() ? Qt::LeftToRight : Qt::RightToLeft);
+    else
+        face()->unsetLayoutDirection();
     face()->update();
 }
 

@@ -108,7 +108,7 @@ LRESULT LineEdit::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
         selectInLine(*face(), static_cast<int>(wParam), static_cast<int>(lParam));
         return 0;
     case EM_REPLACESEL:
-        face()->insert(textIn(lParam));
+        face()->replaceSelection(textIn(lParam));
         if (!wParam && isAlive()) face()->forgetUndo();
         return 0;
     case EM_GETMODIFY:
@@ -147,7 +147,7 @@ LRESULT LineEdit::undoing(UINT message, WPARAM wParam, LPARAM lParam)
         face()->forgetUndo();
         return 0;
     case WM_CUT:
-        face()->cut();
+        if (!face()->isReadOnly()) face()->cut();
         return 0;
     case WM_COPY:
         face()->copy();

@@ -56,7 +56,7 @@ void LineFace::setLimit(int units)
 {
     m_limit = units;
     // The toolkit cuts what stands there; we do not.
-    setMaxLength(std::max(m_limit, static_cast<int>(text().size())));
+    setAgain(std::max(m_limit, static_cast<int>(text().size())));
 }
 
 void LineFace::setWholeText(const QString& whole)
@@ -69,16 +69,29 @@ void LineFace::setWholeText(const QString& whole)
     setCursorPosition(0);
 }
 
+void LineFace::replaceSelection(const QString& with)
+{
+    const auto whole = text().size() - selectedText().size() + with.size();
+    if (whole > maxLength()) setAgain(static_cast<int>(whole));
+    m_validator->isOff = true;
+    insert(with);
+    m_validator->isOff = false;
+}
+
 void LineFace::enter(const QString& text)
 {
     if (!isReadOnly()) insert(text);
 }
 
-void LineFace::forgetUndo()
+void LineFace::forgetUndo() { setAgain(maxLength()); }
+
+// What stands there, with nothing to undo, under a limit of the toolkit's own.
+void LineFace::setAgain(int greatest)
 {
     const QSignalBlocker quiet(this);
     const int start = selectionStart(), length = selectionLength(), cursor = cursorPosition();
     const bool modified = isModified();
+    if (greatest != maxLength()) setMaxLength(greatest);
     setText(text());
     setModified(modified);
     if (start >= 0)

@@ -24,6 +24,7 @@ public:
     int limit() const { return m_limit; }
     // As a program sets it: whole, without rules, and nothing to undo.
     void setWholeText(const QString& text);
+    void replaceSelection(const QString& text); // by a program, too
     // As the user enters it.
     void enter(const QString& text);
     void forgetUndo();
@@ -34,6 +35,7 @@ protected:
 
 private:
     class Validator;
+    void setAgain(int greatest);
 
     int m_limit;
     Validator* m_validator;

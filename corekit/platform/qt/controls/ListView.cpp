@@ -5,6 +5,7 @@
 #include "corekit/platform/qt/controls/Make.h"
 #include "corekit/platform/qt/controls/OwnerDraw.h"
 #include "corekit/platform/qt/controls/Rows.h"
+#include "corekit/platform/TreeViews.h" // I_IMAGECALLBACK
 
 #include <QHeaderView>
 
@@ -342,15 +343,14 @@ LRESULT ListView::getText(int row, ListViewItem<Char>* item) const
 }
 
 template <typename Char>
-LRESULT ListView::get(ListViewItem<Char>* item) const
+LRESULT ListView::get(ListViewItem<Char>* item)
 {
     if (!item || !m_model.has(item->iItem)) return 0;
     const ListRow* const row = m_model.rowAt(item->iItem);
     if (item->mask & LVIF_TEXT) getText(item->iItem, item);
     if (item->mask & LVIF_STATE) item->state = stateOf(item->iItem) & item->stateMask;
+    if (item->mask & LVIF_IMAGE) item->iImage = imageOf(item->iItem, std::max(item->iSubItem, 0));
     if (!row) return 1;
-    const auto column = static_cast<std::size_t>(std::max(item->iSubItem, 0));
-    if (item->mask & LVIF_IMAGE) item->iImage = column < row->cells.size() ? row->cells[column].image : 0;
     if (item->mask & LVIF_PARAM) item->lParam = row->data;
     if (item->mask & LVIF_INDENT) item->iIndent = row->indent;
     return 1;
@@ -574,28 +574,35 @@ void ListView::character(char16_t c)
                                                                          QItemSelectionModel::Rows);
 }
 
-QString ListView::askText(int row, int column)
+// Offers room for a text whatever is asked for: some answer with all they have.
+ListViewItem<char> ListView::ask(UINT mask, int row, int column, char* room)
 {
-    char room[textRoom] = {};
+    *room = 0;
     NMLVDISPINFOA info{};
-    info.item.mask = LVIF_TEXT;
+    info.item.mask = mask;
     info.item.iItem = row;
     info.item.iSubItem = column;
     info.item.pszText = room;
     info.item.cchTextMax = textRoom;
     if (const ListRow* const kept = m_model.rowAt(row)) info.item.lParam = kept->data;
     notifyParent(info.hdr, LVN_GETDISPINFO);
-    return textFrom(info.item.pszText);
+    return info.item;
 }
 
-QVariant ListView::iconOf(int row, int column) const
+QString ListView::askText(int row, int column)
 {
-    if (column > 0 && !(m_extended & LVS_EX_SUBITEMIMAGES)) return {};
-    const HIMAGELIST list = m_images[(style() & LVS_TYPEMASK) == LVS_ICON ? LVSIL_NORMAL : LVSIL_SMALL];
+    char room[textRoom];
+    return textFrom(ask(LVIF_TEXT, row, column, room).pszText);
+}
+
+int ListView::imageOf(int row, int column)
+{
     const ListRow* const kept = m_model.rowAt(row);
-    if (!list || !kept || static_cast<std::size_t>(column) >= kept->cells.size()) return {};
-    const QIcon icon = iconFrom(list, kept->cells[static_cast<std::size_t>(column)].image);
-    return icon.isNull() ? QVariant() : QVariant(icon);
+    const auto cell = static_cast<std::size_t>(column);
+    const int image = kept && cell < kept->cells.size() ? kept->cells[cell].image : 0;
+    if (!isVirtual() && image != I_IMAGECALLBACK) return image;
+    char room[textRoom];
+    return ask(LVIF_IMAGE, row, column, room).iImage;
 }
 
 void ListView::drawRow(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index)

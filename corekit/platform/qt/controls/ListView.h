@@ -53,7 +53,7 @@ private:
     template <typename Char>
     LRESULT set(const ListViewItem<Char>* item);
     template <typename Char>
-    LRESULT get(ListViewItem<Char>* item) const;
+    LRESULT get(ListViewItem<Char>* item);
     template <typename Char>
     LRESULT setText(int row, const ListViewItem<Char>* item);
     template <typename Char>
@@ -78,8 +78,10 @@ private:
     void selectionByUser(const QItemSelection& selected, const QItemSelection& deselected);
     void focusByUser(int row);
     void takeSelection(const QItemSelection& rows, bool isSelected);
+    ListViewItem<char> ask(UINT mask, int row, int column, char* room);
     QString askText(int row, int column);
-    QVariant iconOf(int row, int column) const;
+    int imageOf(int row, int column);
+    QVariant iconOf(int row, int column);
     void drawRow(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index);
 
     // ListViewColumns.cpp
@@ -101,6 +103,9 @@ private:
     LRESULT colours(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT itemRect(int row, int column, RECT& rect) const;
     LRESULT hitTest(LVHITTESTINFO& info, bool withColumn) const;
+    WPARAM rowImages() const { return (style() & LVS_TYPEMASK) == LVS_ICON ? LVSIL_NORMAL : LVSIL_SMALL; }
+    HIMAGELIST setImageList(WPARAM which, HIMAGELIST list);
+    QIcon stateIcon(int row) const;
     LRESULT setExtendedStyle(DWORD mask, DWORD style);
     LRESULT setColour(QPalette::ColorRole role, COLORREF& kept, LPARAM colour);
     QRect rectOf(QStyle::SubElement part, const QModelIndex& index) const;

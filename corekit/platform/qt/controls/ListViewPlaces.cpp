@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QPainter>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -15,6 +16,11 @@ QColor colourOf(COLORREF c)
 {
     return QColor(static_cast<int>(c & 0xFF), static_cast<int>(c >> 8 & 0xFF),
                   static_cast<int>(c >> 16 & 0xFF));
+}
+QSize shownSize(HIMAGELIST list) { return iconSizeOf(list).expandedTo({0, 0}); }
+QSize sideBySide(QSize first, QSize second)
+{
+    return {first.width() + second.width(), std::max(first.height(), second.height())};
 }
 COLORREF documentedColour(const QColor& c)
 {
@@ -83,15 +89,9 @@ LRESULT ListView::scrolling(UINT message, WPARAM wParam, LPARAM lParam)
 LRESULT ListView::looks(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case LVM_SETIMAGELIST: {
+    case LVM_SETIMAGELIST:
         if (wParam > LVSIL_STATE) return 0;
-        const HIMAGELIST former = std::exchange(m_images[wParam], reinterpret_cast<HIMAGELIST>(lParam));
-        const bool isIcons = (style() & LVS_TYPEMASK) == LVS_ICON;
-        if (const QSize size = iconSizeOf(m_images[isIcons ? LVSIL_NORMAL : LVSIL_SMALL]); !size.isEmpty())
-            view()->setIconSize(size);
-        view()->doItemsLayout();
-        return reinterpret_cast<LRESULT>(former);
-    }
+        return reinterpret_cast<LRESULT>(setImageList(wParam, reinterpret_cast<HIMAGELIST>(lParam)));
     case LVM_GETIMAGELIST:
         return wParam <= LVSIL_STATE ? reinterpret_cast<LRESULT>(m_images[wParam]) : 0;
     case LVM_SETEXTENDEDLISTVIEWSTYLE:
@@ -128,6 +128,42 @@ LRESULT ListView::colours(UINT message, WPARAM wParam, LPARAM lParam)
     default:
         return Control::defaultProcedure(message, wParam, lParam);
     }
+}
+
+HIMAGELIST ListView::setImageList(WPARAM which, HIMAGELIST list)
+{
+    const HIMAGELIST former = std::exchange(m_images[which], list);
+    const QSize size = sideBySide(shownSize(m_images[LVSIL_STATE]), shownSize(m_images[rowImages()]));
+    if (!size.isEmpty()) view()->setIconSize(size);
+    view()->doItemsLayout();
+    return former;
+}
+
+// With check boxes, those are the pictures of the states.
+QIcon ListView::stateIcon(int row) const
+{
+    const int image = (m_model.stateAt(row) >> 12) - 1;
+    return m_extended & LVS_EX_CHECKBOXES ? QIcon() : iconFrom(m_images[LVSIL_STATE], image);
+}
+
+QVariant ListView::iconOf(int row, int column)
+{
+    if (column > 0 && !(m_extended & LVS_EX_SUBITEMIMAGES)) return {};
+    const QIcon state = column > 0 ? QIcon() : stateIcon(row);
+    const HIMAGELIST list = m_images[rowImages()];
+    const QIcon icon = list ? iconFrom(list, imageOf(row, column)) : QIcon();
+    if (!isAlive()) return {};
+    if (state.isNull()) return icon.isNull() ? QVariant() : QVariant(icon);
+    const QSize first = shownSize(m_images[LVSIL_STATE]), second = shownSize(list);
+    const double scale = view()->devicePixelRatioF();
+    QPixmap both(sideBySide(first, second) * scale);
+    both.setDevicePixelRatio(scale);
+    both.fill(Qt::transparent);
+    QPainter painter(&both);
+    painter.drawPixmap(0, (sideBySide(first, second).height() - first.height()) / 2,
+                       state.pixmap(first, scale));
+    if (!icon.isNull()) painter.drawPixmap(first.width(), 0, icon.pixmap(second, scale));
+    return QIcon(both);
 }
 
 LRESULT ListView::setColour(QPalette::ColorRole role, COLORREF& kept, LPARAM colour)
@@ -169,8 +205,10 @@ QRect ListView::rectOf(QStyle::SubElement part, const QModelIndex& index) const
     option.features = QStyleOptionViewItem::HasDisplay;
     option.text = m_model.textOf(index.row(), index.column());
     option.displayAlignment = Qt::AlignLeft | Qt::AlignVCenter;
-    if (!m_model.data(index, Qt::DecorationRole).isNull())
+    if (const QVariant icon = m_model.data(index, Qt::DecorationRole); !icon.isNull()) {
         option.features |= QStyleOptionViewItem::HasDecoration;
+        option.decorationSize = icon.value<QIcon>().actualSize(view()->iconSize());
+    }
     if (!m_model.data(index, Qt::CheckStateRole).isNull())
         option.features |= QStyleOptionViewItem::HasCheckIndicator;
     return view()->style()->subElementRect(part, &option, view());
@@ -209,10 +247,15 @@ LRESULT ListView::hitTest(LVHITTESTINFO& info, bool withColumn) const
     if (index.column() > 0 && !withColumn && !(m_extended & LVS_EX_FULLROWSELECT)) return -1;
     info.iItem = index.row();
     info.iSubItem = index.column();
-    info.flags = rectOf(QStyle::SE_ItemViewItemCheckIndicator, index).contains(point) && m_model.showsMarks
-                     ? LVHT_ONITEMSTATEICON
-                 : rectOf(QStyle::SE_ItemViewItemDecoration, index).contains(point) ? LVHT_ONITEMICON
-                                                                                    : LVHT_ONITEMLABEL;
+    const QRect picture = rectOf(QStyle::SE_ItemViewItemDecoration, index);
+    const bool isState = index.column() == 0 && !stateIcon(index.row()).isNull() &&
+                         point.x() < picture.left() + shownSize(m_images[LVSIL_STATE]).width();
+    const bool isMark =
+        m_model.showsMarks && rectOf(QStyle::SE_ItemViewItemCheckIndicator, index).contains(point);
+    info.flags = isMark                     ? LVHT_ONITEMSTATEICON
+                 : !picture.contains(point) ? LVHT_ONITEMLABEL
+                 : isState                  ? LVHT_ONITEMSTATEICON
+                                            : LVHT_ONITEMICON;
     return info.iItem;
 }
 

@@ -170,15 +170,12 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const
     }
 }
 
-bool TreeModel::setData(const QModelIndex& index, const QVariant& value, int role)
+bool TreeModel::setData(const QModelIndex& index, const QVariant&, int role)
 {
     TreeNode* const node = nodeOf(index);
-    if (!node) return false;
-    if (role == Qt::EditRole) return edited && edited(*node, value.toString());
-    if (role != Qt::CheckStateRole || !showsMarks) return false;
+    if (!node || role != Qt::CheckStateRole || !showsMarks) return false;
     node->state = (node->state & ~TVIS_STATEIMAGEMASK) | INDEXTOSTATEIMAGEMASK(markOf(*node) > 1 ? 1 : 2);
     changed(*node);
-    if (marked) marked(*node);
     return true;
 }
 

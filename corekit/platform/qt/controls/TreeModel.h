@@ -54,8 +54,6 @@ public:
     std::function<QVariant(const TreeNode&)> icon;
     bool showsMarks = false;
     bool canEdit = false;
-    std::function<bool(TreeNode&, const QString&)> edited;
-    std::function<void(TreeNode&)> marked;
 
     QString textOf(const TreeNode& node) const;
 

@@ -71,10 +71,12 @@ private:
     void moved();
     LRESULT select(UINT how, HTREEITEM item);
     HTREEITEM next(UINT which, HTREEITEM from) const;
+    bool ensureVisible(HTREEITEM item);
     LRESULT hitTest(TVHITTESTINFO& info) const;
     QString askText(const TreeNode& node);
     bool askChildren(const TreeNode& node);
-    QVariant iconOf(const TreeNode& node) const;
+    int askImage(const TreeNode& node, bool isSelected);
+    QVariant iconOf(const TreeNode& node);
     LRESULT itemRect(bool onlyText, RECT& rect) const;
 
     TreeModel& m_model; // the widget's
@@ -504,6 +506,29 @@ HTREEITEM TreeView::next(UINT which, HTREEITEM from) const
     }
 }
 
+// True if that took scrolling alone.
+bool TreeView::ensureVisible(HTREEITEM item)
+{
+    const TreeNode* node = m_model.find(item);
+    if (!node) return false;
+    bool wasOpen = true;
+    std::vector<HTREEITEM> above;
+    for (const TreeNode* a = node->parent; a->handle; a = a->parent) above.push_back(a->handle);
+    for (auto each = above.rbegin(); isAlive() && each != above.rend(); ++each) {
+        const TreeNode* const still = m_model.find(*each);
+        if (!still || face()->isExpanded(m_model.indexOf(still))) continue;
+        wasOpen = false;
+        expand(*each, TVE_EXPAND, false);
+    }
+    if (!isAlive() || !(node = m_model.find(item))) return false;
+    const auto place = [this] {
+        return QPoint(face()->horizontalScrollBar()->value(), face()->verticalScrollBar()->value());
+    };
+    const QPoint before = place();
+    face()->scrollTo(m_model.indexOf(node));
+    return wasOpen && place() != before;
+}
+
 LRESULT TreeView::places(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
@@ -511,11 +536,8 @@ LRESULT TreeView::places(UINT message, WPARAM wParam, LPARAM lParam)
         return lParam ? itemRect(wParam != 0, *reinterpret_cast<RECT*>(lParam)) : 0;
     case TVM_HITTEST:
         return lParam ? hitTest(*reinterpret_cast<TVHITTESTINFO*>(lParam)) : 0;
-    case TVM_ENSUREVISIBLE: {
-        const TreeNode* const node = m_model.find(reinterpret_cast<HTREEITEM>(lParam));
-        if (node) face()->scrollTo(m_model.indexOf(node));
-        return 0;
-    }
+    case TVM_ENSUREVISIBLE:
+        return ensureVisible(reinterpret_cast<HTREEITEM>(lParam));
     case TVM_GETVISIBLECOUNT: {
         const int row = std::max(1, face()->sizeHintForRow(0));
         return face()->viewport()->height() / row;
@@ -652,14 +674,24 @@ bool TreeView::askChildren(const TreeNode& node)
     return info.item.cChildren > 0;
 }
 
-QVariant TreeView::iconOf(const TreeNode& node) const
+int TreeView::askImage(const TreeNode& node, bool isSelected)
+{
+    NMTVDISPINFOA info{};
+    info.item = describe(node);
+    info.item.mask = (isSelected ? TVIF_SELECTEDIMAGE : TVIF_IMAGE) | TVIF_HANDLE | TVIF_PARAM;
+    notifyParent(info.hdr, TVN_GETDISPINFO);
+    return isSelected ? info.item.iSelectedImage : info.item.iImage;
+}
+
+QVariant TreeView::iconOf(const TreeNode& node)
 {
     const UINT stateImage = node.state >> 12 & 0xF;
     if (m_stateImages && stateImage && !m_model.showsMarks)
         return iconFrom(m_stateImages, static_cast<int>(stateImage));
     if (!m_images) return {};
     const bool isSelected = m_model.nodeOf(face()->currentIndex()) == &node;
-    return iconFrom(m_images, isSelected ? node.selectedImage : node.image);
+    const int image = isSelected ? node.selectedImage : node.image;
+    return iconFrom(m_images, image == I_IMAGECALLBACK ? askImage(node, isSelected) : image);
 }
 
 } // namespace

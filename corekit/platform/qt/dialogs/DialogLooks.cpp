@@ -73,6 +73,8 @@ void mirrorForLanguage(HWND dialog)
         const int width = place.right - place.left;
         SetWindowPos(child, nullptr, client.right - place.left - width, place.top, 0, 0,
                      SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        // Boxes that stand behind their text turn with the dialog.
+        if (Window* const below = Window::find(child)) below->styleChanged(below->style(), below->exStyle());
     }
 }
 

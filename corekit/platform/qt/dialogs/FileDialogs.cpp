@@ -66,10 +66,10 @@ void prepare(QFileDialog& dialog, const OPENFILENAMEA& choice)
     dialog.selectNameFilter(filters[index - 1]);
 }
 
-// What goes into lpstrFile, its last zero left out.
-std::string answerOf(const QStringList& files)
+// What goes into lpstrFile, its last zero left out. Where there may be several names, an empty one ends them.
+std::string answerOf(const QStringList& files, bool isList)
 {
-    if (files.size() == 1) return bytesOf(files[0]);
+    if (files.size() == 1) return bytesOf(files[0]) + std::string(isList ? 1 : 0, '\0');
     std::string answer = bytesOf(QFileInfo(files[0]).path());
     for (const QString& file : files) answer += '\0' + bytesOf(QFileInfo(file).fileName());
     return answer + '\0';
@@ -79,7 +79,7 @@ bool store(OPENFILENAMEA& choice, const QFileDialog& dialog)
 {
     const QStringList files = dialog.selectedFiles();
     if (files.isEmpty() || !choice.lpstrFile) return false;
-    const std::string answer = answerOf(files);
+    const std::string answer = answerOf(files, choice.Flags & OFN_ALLOWMULTISELECT);
     if (answer.size() >= choice.nMaxFile) return false;
     std::memcpy(choice.lpstrFile, answer.c_str(), answer.size() + 1);
     const std::string_view path = choice.lpstrFile;

@@ -101,6 +101,7 @@ private:
         if (m_window->m_exStyle & WS_EX_ACCEPTFILES) widget.setAcceptDrops(true);
         m_window->begin(m_create);
         m_window->setText(fromNarrow(m_create.lpszName));
+        if (m_class.icon) showIcon(*m_window);
         if (m_window->m_style & WS_DISABLED) m_window->showEnabled(false);
     }
 

@@ -1,6 +1,7 @@
 // Keys and composed text become messages.
 #include "corekit/platform/Input.h"
 #include "corekit/platform/KeyboardLayouts.h"
+#include "corekit/platform/Locale.h"
 #include "corekit/platform/qt/windows/ApplicationFilter.h"
 #include "corekit/platform/qt/windows/Composition.h"
 #include "corekit/platform/qt/windows/KeyCodes.h"
@@ -9,6 +10,8 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+
+#include <cstdlib>
 
 namespace corekit::detail {
 
@@ -80,6 +83,24 @@ void sendCharacters(HWND window, UINT message, const QString& text, LPARAM lPara
     }
 }
 
+// The set of the code page that the layout's language writes in; that of Western texts for one without.
+WPARAM characterSetOf(HKL layout)
+{
+    struct Pair {
+        int page;
+        WPARAM set;
+    };
+    static constexpr Pair pairs[] = {{874, 222},  {932, 128},  {936, 134},  {949, 129},  {950, 136},
+                                     {1250, 238}, {1251, 204}, {1253, 161}, {1254, 162}, {1255, 177},
+                                     {1256, 178}, {1257, 186}, {1258, 163}};
+    char page[8] = "";
+    GetLocaleInfoA(LOWORD(reinterpret_cast<UINT_PTR>(layout)), LOCALE_IDEFAULTANSICODEPAGE, page,
+                   sizeof page);
+    for (const Pair& pair : pairs)
+        if (pair.page == std::atoi(page)) return pair.set;
+    return 0;
+}
+
 // Another layout of the user's shows in the key's own state on X.
 void noticeLayout(const QKeyEvent& event, HWND window)
 {
@@ -88,7 +109,8 @@ void noticeLayout(const QKeyEvent& event, HWND window)
     if (std::exchange(lastGroup, group) == group) return;
     const HKL layout = GetKeyboardLayout(0);
     if (layoutListener) layoutListener(0, layout);
-    MSG change = stamped(window, WM_INPUTLANGCHANGE, 0, reinterpret_cast<LPARAM>(layout));
+    MSG change =
+        stamped(window, WM_INPUTLANGCHANGE, characterSetOf(layout), reinterpret_cast<LPARAM>(layout));
     offerAndSend(change);
 }
 
@@ -111,7 +133,7 @@ bool keyEvent(Window* window, QObject* receiver, QKeyEvent* event)
     MSG pressed =
         stamped(handle, message, static_cast<WPARAM>(key.virtualKey), keyWord(key, wasDown || isUp, isUp));
     if (!window && QApplication::activePopupWidget()) return false; // an open menu has the keys to itself
-    if (!window) { // a menu or another part of the toolkit
+    if (!window) {                                                  // a menu or another part of the toolkit
         if (!offer(pressed)) return false;
         event->accept();
         return true;

@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 
 namespace corekit::detail {
 namespace {
@@ -48,7 +49,13 @@ public:
 private:
     void fill(int index)
     {
+        const QPointer<ShownMenu> self = this;
+        const HMENU outermost = qobject_cast<QMenuBar*>(parentWidget()) ? GetMenu(m_choice->window) : m_menu;
+        if (!qobject_cast<QMenu*>(parentWidget()))
+            SendMessageA(m_choice->window, WM_INITMENU, reinterpret_cast<WPARAM>(outermost), 0);
+        if (!self) return;
         SendMessageA(m_choice->window, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(m_menu), index);
+        if (!self) return;
         clear();
         const int count = GetMenuItemCount(m_menu);
         for (int i = 0; i < count; ++i) add(i);

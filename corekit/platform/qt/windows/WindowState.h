@@ -61,6 +61,7 @@ private:
 QRect caretPlace(const Window& window);
 
 LRESULT defaultIcon(Window& window, UINT message, WPARAM which, LPARAM icon);
+void showIcon(Window& window); // its own, else its class's
 // Alt and a letter: opens the menu of the bar of the window's top window that has it underlined.
 void openMenuByLetter(const Window& window, WCHAR letter);
 DWORD messageTime(); // milliseconds, as MSG counts them

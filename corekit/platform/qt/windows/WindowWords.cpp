@@ -1,8 +1,10 @@
 // The words and texts of a window.
 #include "corekit/platform/CodePages.h"
 #include "corekit/platform/Errors.h"
+#include "corekit/platform/qt/drawing/IconObject.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
 #include "corekit/platform/qt/windows/WindowClass.h"
+#include "corekit/platform/qt/windows/WindowState.h"
 #include "corekit/platform/qt/windows/WindowTables.h"
 
 #include <algorithm>
@@ -109,8 +111,22 @@ void setParentWord(Window& window, HWND parent) { WindowWords::setParent(window,
 LRESULT defaultIcon(Window& window, UINT message, WPARAM which, LPARAM icon)
 {
     HICON& kept = WindowWords::icon(window, which);
-    return reinterpret_cast<LRESULT>(
-        message == WM_GETICON ? kept : std::exchange(kept, reinterpret_cast<HICON>(icon)));
+    if (message == WM_GETICON) return reinterpret_cast<LRESULT>(kept);
+    const HICON former = std::exchange(kept, reinterpret_cast<HICON>(icon));
+    showIcon(window);
+    return reinterpret_cast<LRESULT>(former);
+}
+
+void showIcon(Window& window)
+{
+    if (window.isChild() || !window.widget()) return;
+    QIcon shown = toolkitIcon(WindowWords::icon(window, ICON_BIG));
+    const QIcon small = toolkitIcon(WindowWords::icon(window, ICON_SMALL));
+    if (shown.isNull())
+        shown = small;
+    else
+        for (const QSize size : small.availableSizes()) shown.addPixmap(small.pixmap(size));
+    window.widget()->setWindowIcon(shown.isNull() ? toolkitIcon(window.windowClass().icon) : shown);
 }
 
 } // namespace corekit::detail
