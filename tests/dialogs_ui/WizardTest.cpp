@@ -37,6 +37,31 @@ private:
     long m_next;
 };
 
+class Plain : public CPropertyPage {
+public:
+    using CPropertyPage::CPropertyPage;
+    BOOL OnKillActive() override
+    {
+        journal += "left ";
+        return CPropertyPage::OnKillActive();
+    }
+};
+
+TEST(Wizards, TakeTheFieldsOfAPageThatIsLeft)
+{
+    ASSERT_TRUE(StartToolkit());
+    journal.clear();
+    Plain first(firstTemplate), second(secondTemplate);
+    CPropertySheet sheet("Wizard");
+    sheet.SetWizardMode();
+    sheet.AddPage(&first);
+    sheet.AddPage(&second);
+    const auto press = [&sheet](int button) { return [&sheet, button] { sheet.PressButton(button); }; };
+    Acts acts{press(PSBTN_NEXT), press(PSBTN_BACK), press(PSBTN_NEXT), press(PSBTN_FINISH)};
+    EXPECT_EQ(sheet.DoModal(), ID_WIZFINISH);
+    EXPECT_EQ(journal, "left left left left ");
+}
+
 TEST(Wizards, GoOnAndBackAndEndWhereTheyMay)
 {
     ASSERT_TRUE(StartToolkit());

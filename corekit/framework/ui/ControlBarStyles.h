@@ -6,6 +6,7 @@
 // What a bar is. CBRS_FLOATING is set by the bar itself; CBRS_SIZE_DYNAMIC wraps its buttons to the shape
 // that the user gives it; CBRS_TOOLTIPS shows tips, CBRS_GRIPPER draws a handle to drag it by,
 // CBRS_BORDER_3D keeps room for borders of two pixels. The others are accepted and kept.
+// CBRS_FLOAT_MULTI is kept and changes nothing: each floating bar has a frame to itself.
 inline constexpr DWORD CBRS_FLOATING = 0x1, CBRS_SIZE_FIXED = 0x2, CBRS_SIZE_DYNAMIC = 0x4,
                        CBRS_HIDE_INPLACE = 0x8, CBRS_TOOLTIPS = 0x10, CBRS_FLYBY = 0x20,
                        CBRS_FLOAT_MULTI = 0x40, CBRS_BORDER_3D = 0x80, CBRS_GRIPPER = 0x400000;

@@ -384,7 +384,10 @@ TOOLINFOA toolOf(CWnd* window, UINT_PTR id)
 BOOL CToolTipCtrl::AddTool(CWnd* window, const char* text, const RECT* rect, UINT_PTR id)
 {
     TOOLINFOA info = toolOf(window, id);
-    if (rect) info.rect = *rect;
+    if (rect)
+        info.rect = *rect;
+    else if (id)
+        ::GetClientRect(info.hwnd, &info.rect);
     info.lpszText = const_cast<char*>(text);
     return SendMessage(TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&info)) != 0;
 }

@@ -85,6 +85,7 @@ POSITION CFileDialog::GetStartPosition() const
 // The folder stands first, and the names behind it; a single file is a path of its own.
 CString CFileDialog::GetNextPathName(POSITION& position) const
 {
+    if (!position) return {};
     const char* const at = reinterpret_cast<const char*>(position);
     const char* const first = m_ofn.lpstrFile;
     const bool isList = m_ofn.Flags & OFN_ALLOWMULTISELECT && first[std::strlen(first) + 1];

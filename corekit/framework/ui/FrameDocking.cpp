@@ -122,8 +122,7 @@ void CFrameWnd::EnableDocking(DWORD wanted)
         if (!(wanted & side.style & CBRS_ALIGN_ANY) || GetControlBar(side.id)) continue;
         auto* const dock = new CDockBar;
         dock->m_bAutoDelete = TRUE;
-        // One that cannot be made has no window to go with.
-        if (!dock->Create(this, side.style | WS_CLIPSIBLINGS, side.id)) delete dock;
+        dock->Create(this, side.style | WS_CLIPSIBLINGS, side.id); // one that cannot be made is gone
     }
 }
 
@@ -158,11 +157,7 @@ CMiniDockFrameWnd* CFrameWnd::CreateFloatingFrame(DWORD style)
         AddControlBar(&frame->m_wndDockBar);
         return frame;
     }
-    if (frame->m_hWnd)
-        frame->DestroyWindow(); // deletes it
-    else
-        delete frame;
-    return nullptr;
+    return nullptr; // it has deleted itself
 }
 
 void CFrameWnd::FloatControlBar(CControlBar* bar, CPoint point, DWORD style)

@@ -5,7 +5,11 @@
 #include "corekit/platform/MessageBoxes.h"
 #include "corekit/platform/Toolkit.h"
 
+#include <utility>
+
 namespace {
+
+constinit thread_local const char* nextCaption = nullptr;
 
 UINT withIcon(UINT flags)
 {
@@ -20,11 +24,11 @@ const char* programName()
     return app && *app->m_pszAppName ? app->m_pszAppName : nullptr;
 }
 
-int show(CWnd* parent, const char* text, UINT flags)
+int show(CWnd* parent, const char* text, const char* caption, UINT flags)
 {
     const bool isOver = parent && IsWindow(parent->GetSafeHwnd());
     const CWnd* const owner = isOver ? parent : AfxGetSafeOwner(nullptr);
-    return MessageBoxA(owner ? owner->GetSafeHwnd() : nullptr, text, programName(),
+    return MessageBoxA(owner ? owner->GetSafeHwnd() : nullptr, text, caption ? caption : programName(),
                        isOver ? flags : withIcon(flags));
 }
 
@@ -33,7 +37,17 @@ int show(CWnd* parent, const char* text, UINT flags)
 int corekit::detail::showMessageBox(CWnd* parent, const char* text, UINT flags)
 {
     if (!ToolkitHasDisplay()) return 0;
+    const char* const caption = std::exchange(nextCaption, nullptr);
     int answer = 0;
-    callOnToolkitThread([&] { answer = show(parent, text, flags); });
+    callOnToolkitThread([&] { answer = show(parent, text, caption, flags); });
+    return answer;
+}
+
+// A handler that shows no box leaves the caption behind.
+int CWnd::MessageBox(const char* text, const char* caption, UINT type)
+{
+    nextCaption = caption;
+    const int answer = StockMessageBox(this, text, type);
+    nextCaption = nullptr;
     return answer;
 }

@@ -32,7 +32,9 @@ BOOL CMiniDockFrameWnd::Create(CFrameWnd* parent, DWORD style)
     if (!CreateEx(WS_EX_TOOLWINDOW, className, "", WS_POPUP | WS_CLIPCHILDREN, 0, 0, 1, 1,
                   parent->GetSafeHwnd(), nullptr))
         return FALSE;
-    return m_wndDockBar.Create(this, style, AFX_IDW_DOCKBAR_FLOAT);
+    if (m_wndDockBar.Create(this, style, AFX_IDW_DOCKBAR_FLOAT)) return TRUE;
+    DestroyWindow();
+    return FALSE;
 }
 
 CRect CMiniDockFrameWnd::FrameRound(const CRect& bar)

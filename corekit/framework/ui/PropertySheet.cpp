@@ -314,7 +314,7 @@ void CPropertySheet::WizardStep(LRESULT answer, int step)
         for (index = 0;
              index < m_pages.GetSize() && m_pages[index]->GetTemplateId() != static_cast<UINT>(answer);)
             ++index;
-    if (GetPage(index)) BringToFront(index);
+    SetActivePage(index);
 }
 
 void CPropertySheet::OnButton(int id)
@@ -335,7 +335,8 @@ void CPropertySheet::OnButton(int id)
         if (page) WizardStep(page->OnWizardNext(), 1);
         return;
     default: // ID_WIZFINISH
-        if (page && page->OnWizardFinish() && m_hWnd) EndDialog(ID_WIZFINISH);
+        if (page && page->OnKillActive() && m_hWnd && page->OnWizardFinish() && m_hWnd)
+            EndDialog(ID_WIZFINISH);
     }
 }
 

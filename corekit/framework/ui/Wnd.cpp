@@ -247,15 +247,18 @@ void CWnd::SetScrollRange(int bar, int minimum, int maximum, BOOL redraw)
 
 void CWnd::ShowScrollBar(UINT bar, BOOL show) { ::ShowScrollBar(m_hWnd, static_cast<int>(bar), show); }
 
-void CWnd::EnableScrollBarCtrl(int bar, BOOL enable) { ::ShowScrollBar(m_hWnd, bar, enable); }
+void CWnd::EnableScrollBarCtrl(int bar, BOOL enable)
+{
+    ::EnableScrollBar(m_hWnd, bar, enable ? ESB_ENABLE_BOTH : ESB_DISABLE_BOTH);
+}
 
 CMenu* CWnd::GetMenu() const
 {
     const HMENU menu = ::GetMenu(m_hWnd);
     if (!menu) return nullptr;
-    static CMenu temporary;
-    temporary.m_hMenu = menu;
-    return &temporary;
+    static auto* const temporary = new CMenu; // it would take the menu with it
+    temporary->m_hMenu = menu;
+    return temporary;
 }
 
 BOOL CWnd::SetMenu(CMenu* menu) { return ::SetMenu(m_hWnd, menu ? menu->GetSafeHmenu() : nullptr); }
@@ -283,5 +286,3 @@ void CWnd::EndModalLoop(int result)
     if (m_modalDepth > 0) --m_modalDepth;
     PostMessage(WM_NULL); // the loop looks again
 }
-
-int CWnd::MessageBox(const char* text, const char*, UINT type) { return StockMessageBox(this, text, type); }

@@ -506,7 +506,6 @@ HTREEITEM TreeView::next(UINT which, HTREEITEM from) const
     }
 }
 
-// True if that took scrolling alone.
 bool TreeView::ensureVisible(HTREEITEM item)
 {
     const TreeNode* node = m_model.find(item);
@@ -521,12 +520,9 @@ bool TreeView::ensureVisible(HTREEITEM item)
         expand(*each, TVE_EXPAND, false);
     }
     if (!isAlive() || !(node = m_model.find(item))) return false;
-    const auto place = [this] {
-        return QPoint(face()->horizontalScrollBar()->value(), face()->verticalScrollBar()->value());
-    };
-    const QPoint before = place();
+    const int before = face()->verticalScrollBar()->value();
     face()->scrollTo(m_model.indexOf(node));
-    return wasOpen && place() != before;
+    return wasOpen && face()->verticalScrollBar()->value() != before;
 }
 
 LRESULT TreeView::places(UINT message, WPARAM wParam, LPARAM lParam)
