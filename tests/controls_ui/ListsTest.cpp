@@ -170,7 +170,7 @@ TEST(TreeViews, SayWhetherTheyScrolledAndAskBeforeTheyOpenForIt)
     HTREEITEM last = nullptr;
     for (int i = 0; i < 50; ++i) last = insert(TVI_ROOT);
     const auto show = [&](HTREEITEM item) {
-        parent.told.clear();
+        parent.notified.clear();
         return send(tree, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
     };
     EXPECT_TRUE(show(last));

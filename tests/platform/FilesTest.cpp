@@ -297,11 +297,11 @@ TEST_F(Files, ADotHidesAFolderHoweverItsNameEnds)
 {
     ASSERT_TRUE(CreateDirectoryA((folder / ".dir").c_str(), nullptr));
     for (const char* end : {"", "/", "//"})
-        EXPECT_EQ(GetFileAttributesA(((folder / ".dir").string() + end).c_str()),
+        EXPECT_EQ(GetFileAttributesA(((folder / ".dir") + end).c_str()),
                   FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN)
             << end;
     for (const char* end : {"/.", "/..", "/./"})
-        EXPECT_FALSE(GetFileAttributesA(((folder / ".dir").string() + end).c_str()) & FILE_ATTRIBUTE_HIDDEN)
+        EXPECT_FALSE(GetFileAttributesA(((folder / ".dir") + end).c_str()) & FILE_ATTRIBUTE_HIDDEN)
             << end;
 }
 
