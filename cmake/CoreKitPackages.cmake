@@ -18,6 +18,13 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # Debug packages hold something where the build made debug information: preset "package".
 if(CMAKE_CXX_FLAGS MATCHES "-g")
   set(CPACK_DEBIAN_DEBUGINFO_PACKAGE ON)
+  # It takes the information out by itself; what was stripped before has none left.
+  file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/each-generator.cmake @ONLY CONTENT [[
+if(CPACK_GENERATOR STREQUAL "DEB")
+  set(CPACK_STRIP_FILES OFF)
+endif()
+]])
+  set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_BINARY_DIR}/each-generator.cmake)
 endif()
 
 # corekit_package(COMPONENT NAME SECTION DEPENDS SUMMARY DESCRIPTION)
