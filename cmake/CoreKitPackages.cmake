@@ -92,4 +92,5 @@ install(FILES ${PROJECT_SOURCE_DIR}/docs/changes.md DESTINATION ${CMAKE_INSTALL_
 
 configure_file(${PROJECT_SOURCE_DIR}/cmake/before-packing.cmake.in ${PROJECT_BINARY_DIR}/before-packing.cmake @ONLY)
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_BINARY_DIR}/before-packing.cmake)
+set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/after-packing.cmake)
 include(CPack)

@@ -31,7 +31,11 @@ private:
     void AppendStores(NamedList& stores)
     {
         auto left = Get<DWORD>();
-        for (stores.Reserve(left); left > 0; --left) Append(stores, Store());
+        for (stores.Reserve(left); left > 0; --left) {
+            NamedItem::Ref store = Store();
+            const std::uint32_t hash = store->Hash();
+            stores.Append(std::move(store), hash);
+        }
     }
 
     void AppendValues(NamedList& values)
@@ -39,13 +43,7 @@ private:
         const auto count = Get<DWORD>();
         values.Reserve(count);
         ItemSlab slab;
-        for (DWORD left = count; left > 0; --left) Append(values, Value(slab, left));
-    }
-
-    static void Append(NamedList& list, NamedItem::Ref item)
-    {
-        const std::uint32_t hash = item->Hash();
-        list.Append(std::move(item), hash);
+        for (DWORD left = count; left > 0; --left) AppendValue(values, slab, left);
     }
 
     // What one value may keep in memory for another.
@@ -77,7 +75,7 @@ private:
         return NamedItem::Make(name, ItemContent::Ref(new PropertyStoreBody({m_form, begin})));
     }
 
-    NamedItem::Ref Value(ItemSlab& slab, DWORD left)
+    void AppendValue(NamedList& values, ItemSlab& slab, DWORD left)
     {
         const auto units = Get<WORD>();
         DWORD size;
@@ -88,8 +86,14 @@ private:
         const std::string_view name = Name(units, isSmall ? slab.NameRoom() : RoomForName(units));
         const auto type = Get<DWORD>();
         const BYTE* data = Take(Get<DWORD>());
-        if (isSmall && name.data() == slab.NameRoom()) return slab.Make(units, type, data, size);
-        return NamedItem::Make(name, type, {reinterpret_cast<const char*>(data), size});
+        if (!isSmall || name.data() != slab.NameRoom()) {
+            NamedItem::Ref item = NamedItem::Make(name, type, {reinterpret_cast<const char*>(data), size});
+            const std::uint32_t hash = item->Hash();
+            return values.Append(std::move(item), hash);
+        }
+        // While the name's block is what was written last, before its end and the data go over it in pieces.
+        const std::uint32_t hash = NameKey(name.data(), units).Hash();
+        values.Append(slab.Make(units, type, data, size), hash);
     }
 
     // No less than what the values that are left take as items, from the one whose name comes next.
@@ -110,18 +114,21 @@ private:
         return m_name = NarrowText(wide).c_str(); // a name ends at a zero
     }
 
-    // Reads and writes whole blocks of eight characters. False for a zero or one beyond ASCII.
+    // Reads and writes whole blocks of sixteen characters: what is written in one piece is ready soonest for
+    // the look at it that follows. False for a zero or one beyond ASCII.
     static bool NarrowPlain(const BYTE* from, std::size_t units, char* to)
     {
-        using Bytes8 = std::uint8_t __attribute__((vector_size(8)));
-        constexpr Units lanes{0, 1, 2, 3, 4, 5, 6, 7};
+        constexpr Units lowLanes{0, 1, 2, 3, 4, 5, 6, 7}, highLanes{8, 9, 10, 11, 12, 13, 14, 15};
         Units odd{};
-        for (std::size_t at = 0; at < units; at += 8) {
-            const Units block = loadUnits(from + at * sizeof(WCHAR));
-            const auto left = static_cast<char16_t>(std::min<std::size_t>(units - at, 8));
-            const auto isName = std::bit_cast<Units>(lanes < spreadUnit(left));
-            odd |= (block | (block - spreadUnit(1))) & isName;
-            const auto bytes = __builtin_convertvector(block, Bytes8);
+        for (std::size_t at = 0; at < units; at += 16) {
+            const Units low = loadUnits(from + at * sizeof(WCHAR));
+            const Units high = loadUnits(from + (at + 8) * sizeof(WCHAR));
+            const Units left = spreadUnit(static_cast<char16_t>(std::min<std::size_t>(units - at, 16)));
+            odd |= (low | (low - spreadUnit(1))) & std::bit_cast<Units>(lowLanes < left);
+            odd |= (high | (high - spreadUnit(1))) & std::bit_cast<Units>(highLanes < left);
+            const auto bytes =
+                __builtin_shufflevector(std::bit_cast<Bytes16>(low), std::bit_cast<Bytes16>(high), 0, 2, 4, 6,
+                                        8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
             std::memcpy(to + at, &bytes, sizeof bytes);
         }
         return markBits(zeroUnits(odd & spreadUnit(0xFF80))) == 0xFFFF;

@@ -16,6 +16,8 @@ namespace corekit::detail {
 // The stream form of a store that was found sound, with its size in the place of the version. A share of the
 // bytes around it.
 using PackedForm = std::shared_ptr<const BYTE>;
+// Bytes behind a form that may be read, whatever they are: names are unpacked by whole blocks.
+inline constexpr std::size_t packedSlack = 32;
 
 class PropertyStoreBody final : public ItemContent {
 public:

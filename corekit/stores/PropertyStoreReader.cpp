@@ -156,20 +156,19 @@ private:
     }
 
     // Growing may take the old room and the new one at once, so it ends in one step to all that the stream
-    // has.
+    // has, and not beyond.
     void Grow(std::size_t size)
     {
         constexpr std::size_t large = 8 << 20, step = 1 << 20;
-        const std::size_t rest = std::max<std::size_t>(m_left, step);
+        const std::size_t rest = m_left > 0 ? m_left : step;
         SetRoom(m_end + std::max(size, m_room < large ? std::min(3 * m_room, rest) : rest));
     }
 
-    // With some bytes more than asked for: a form that was cut short may need another count, and names are
-    // unpacked by whole blocks.
+    // With some bytes more than asked for: a form that was cut short may need another count, too.
     void SetRoom(std::size_t room)
     {
         if (room > std::numeric_limits<DWORD>::max()) throw std::length_error("property store");
-        void* bytes = std::realloc(m_bytes.get(), room + corekit::detail::ItemSlab::slack);
+        void* bytes = std::realloc(m_bytes.get(), room + corekit::detail::packedSlack);
         if (!bytes) throw std::bad_alloc();
         static_cast<void>(m_bytes.release());
         m_bytes.reset(static_cast<BYTE*>(bytes));
