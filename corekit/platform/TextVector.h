@@ -41,10 +41,13 @@ inline Units spreadUnit(WCHAR unit)
     return Units{u, u, u, u, u, u, u, u};
 }
 
-// Last unit first.
+// Last unit first: by pairs, then within each, for which every processor has a step.
 inline Units reversedUnits(Units units)
 {
-    return __builtin_shufflevector(units, units, 7, 6, 5, 4, 3, 2, 1, 0);
+    using Pairs [[gnu::vector_size(16)]] = std::uint32_t;
+    auto pairs = std::bit_cast<Pairs>(units);
+    pairs = __builtin_shufflevector(pairs, pairs, 3, 2, 1, 0);
+    return std::bit_cast<Units>(pairs << 16 | pairs >> 16);
 }
 
 // --- blocks that reach behind their text
