@@ -190,6 +190,21 @@ void ItemTree<order>::Part(TreeNode*& link, unsigned level)
 // --- changing
 
 template <TreeOrder order>
+const TreeBunch& ItemTree<order>::Approach(std::uint64_t path) const
+{
+    const bool isShared = m_root->shares.IsShared();
+    const TreeNode* node = m_root;
+    while (node->level > 0) {
+        const auto& branch = static_cast<const TreeBranch&>(*node);
+        node = branch.below[way<order>(path, branch.level)];
+        if (isShared) prefetch(branch.below, TreeBranch::ways);
+    }
+    const auto& bunch = static_cast<const TreeBunch&>(*node);
+    if (order == TreeOrder::Arrival && isShared) prefetch(bunch.Items(), bunch.size);
+    return bunch;
+}
+
+template <TreeOrder order>
 TreeBunch& ItemTree<order>::Own(std::uint64_t path)
 {
     TreeNode** link = &m_root;

@@ -37,6 +37,7 @@ struct TreeBunch : TreeNode {
     NamedItem* const* Items() const { return reinterpret_cast<NamedItem* const*>(Tags() + TagRoom(room)); }
     // When each came to its list; only where the path is the hash.
     std::uint64_t* Arrivals() { return reinterpret_cast<std::uint64_t*>(Items() + room); }
+    const std::uint64_t* Arrivals() const { return reinterpret_cast<const std::uint64_t*>(Items() + room); }
 
     void Push(NamedItem* item, std::uint32_t hash) // into room that is there
     {
@@ -121,7 +122,10 @@ public:
     }
     // Leaves the tree as it was when there is no memory.
     void Add(NamedItem* item, std::uint32_t hash, std::uint64_t arrival);
-    // The bunch at the end of a path, with no other tree that sees it. It has an item.
+    // The bunch at the end of a path. It has an item. If another tree sees the path, all that Own will touch
+    // is on its way then.
+    const TreeBunch& Approach(std::uint64_t path) const;
+    // The same with no other tree that sees it.
     TreeBunch& Own(std::uint64_t path);
     // Takes out an item whose bunch is the tree's own.
     void Remove(std::uint64_t path, const NamedItem* item);

@@ -67,8 +67,11 @@ void NamedList::AppendToTree(NamedItem::Ref item, std::uint32_t hash)
 std::uint64_t NamedList::ArrivalOf(const NamedItem& item, std::uint32_t hash)
 {
     if (!m_byHash.Root()) return 0;
-    TreeBunch& bunch = m_byHash.Own(hash);
-    return bunch.Arrivals()[bunch.IndexOf(&item)];
+    const TreeBunch& bunch = m_byHash.Approach(hash);
+    const std::uint64_t arrival = bunch.Arrivals()[bunch.IndexOf(&item)];
+    m_byArrival.Approach(arrival);
+    m_byHash.Own(hash);
+    return arrival;
 }
 
 void NamedList::Replace(NamedItem& item, std::uint32_t hash, NamedItem::Ref by)
