@@ -29,7 +29,9 @@
 #include "corekit/platform/Types.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <type_traits>
 
@@ -71,7 +73,8 @@ public:
             SetInteger(value);
         } else if constexpr (std::is_floating_point_v<Plain>) {
             m_type = Type::real;
-            m_real = value;
+            const long double real = value;
+            std::memcpy(m_real, &real, sizeof real);
         } else if constexpr (std::is_null_pointer_v<Plain>) {
             SetPointer(Type::pointer, nullptr);
         } else if constexpr (std::is_pointer_v<Plain>) {
@@ -90,7 +93,12 @@ public:
     // By its sign to 64 bits; for a pointer, its address. 0 for a real.
     std::int64_t Integer() const { return m_type == Type::real ? 0 : m_integer; }
     // 0 for everything that is no real.
-    long double Real() const { return m_type == Type::real ? m_real : 0; }
+    long double Real() const
+    {
+        long double real = 0;
+        if (m_type == Type::real) std::memcpy(&real, m_real, sizeof real);
+        return real;
+    }
     // Of a text or an address; null for numbers. What it points at is the caller's and must stay for the
     // call.
     const void* Pointer() const
@@ -130,8 +138,9 @@ private:
     bool m_isSigned = false;
     unsigned char m_bits = 32;
     union {
-        std::int64_t m_integer = 0; // also a pointer's address
-        long double m_real;         // of Type::real alone
+        std::int64_t m_integer = 0;            // also a pointer's address
+        std::byte m_real[sizeof(long double)]; // of Type::real alone; as bytes, for a union with a long
+                                               // double makes the compiler remark on its calls
     };
 };
 
