@@ -10,8 +10,11 @@
 //
 // What was set goes out at CloseClipboard. Text in one of the two text formats can be read in the other as
 // well. Blocks are global memory (Memory.h): what is set belongs to the clipboard from then on, what is got
-// stays the clipboard's and is good until it is closed. What a program holds that does not answer
-// within a quarter of a second is as if it were not there. User-interface thread.
+// stays the clipboard's and is good until it is closed. User-interface thread.
+//
+// What another program holds is as if it were not there while that program does not say within a quarter of
+// a second what it has, or gives nothing for a second; so is what takes longer than ten seconds to come or is
+// larger than 64 MiB.
 #pragma once
 
 #include "corekit/platform/Export.h"

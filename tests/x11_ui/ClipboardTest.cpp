@@ -1,5 +1,6 @@
 // The clipboard while another program holds it.
 #include "corekit/platform/Clipboard.h"
+#include "corekit/platform/Controls.h"
 #include "corekit/platform/Edits.h"
 #include "corekit/platform/Input.h"
 #include "corekit/platform/InputTest.h"
@@ -9,14 +10,19 @@
 #include "corekit/platform/Windows.h"
 
 #include "Becomes.h"
+#include "ClipboardHolder.h"
 #include "XServer.h"
+
+#include <QApplication>
 
 #include <csignal>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -65,16 +71,49 @@ private:
     pid_t m_process = -1;
 };
 
+XServer& Server()
+{
+    static XServer server;
+    setenv("QT_QPA_PLATFORM", "xcb", 1);
+    return server;
+}
+
+// Two edit controls in a window that has the keyboard.
+struct Edits {
+    Edits()
+    {
+        EXPECT_TRUE(Becomes([this] {
+            SetFocus(line);
+            return QApplication::focusWidget() != nullptr;
+        }));
+    }
+    ~Edits() { DestroyWindow(frame); }
+    Edits(const Edits&) = delete;
+    Edits& operator=(const Edits&) = delete;
+    HWND Child(DWORD style, int y) const
+    {
+        return CreateWindowExA(0, WC_EDITA, "", WS_CHILD | WS_VISIBLE | style, 0, y, 200, 30, frame, nullptr,
+                               nullptr, nullptr);
+    }
+
+    HWND frame = CreateWindowExA(0, WC_STATICA, "", WS_POPUP | WS_VISIBLE, 0, 0, 200, 60, nullptr, nullptr,
+                                 nullptr, nullptr);
+    HWND line = Child(0, 0), lines = Child(ES_MULTILINE, 30);
+};
+
+std::u16string TextOf(HWND window)
+{
+    WCHAR text[64] = {};
+    GetWindowTextW(window, text, 64);
+    return text;
+}
+
 // An owner that hangs for good would be waited for at each of these, and for longer than a test may last.
 TEST(ClipboardOnX, AnOwnerThatHangsOrGoesHoldsNobodyUp)
 {
-    static XServer server;
-    ASSERT_TRUE(server.IsRunning());
-    setenv("QT_QPA_PLATFORM", "xcb", 1);
+    ASSERT_TRUE(Server().IsRunning());
     ASSERT_TRUE(StartToolkit());
-    const HWND edit = CreateWindowExA(0, WC_EDITA, "", WS_POPUP | WS_VISIBLE, 0, 0, 200, 30, nullptr, nullptr,
-                                      nullptr, nullptr);
-    ASSERT_TRUE(edit);
+    const Edits edits;
     {
         const Holder holder("held");
         EXPECT_TRUE(Becomes([] { return ClipboardText() == u"held"; }));
@@ -83,17 +122,56 @@ TEST(ClipboardOnX, AnOwnerThatHangsOrGoesHoldsNobodyUp)
         for (int i = 0; i < 40; ++i) {
             EXPECT_EQ(ClipboardText(), u"");
             EXPECT_FALSE(IsClipboardFormatAvailable(CF_UNICODETEXT));
-            SetFocus(edit);
             PressKey('V', {VK_CONTROL});
-            SendMessageA(edit, WM_PASTE, 0, 0);
+            SendMessageA(edits.line, WM_PASTE, 0, 0);
         }
-        EXPECT_EQ(GetWindowTextLengthA(edit), 0);
+        EXPECT_EQ(GetWindowTextLengthA(edits.line), 0);
     }
     EXPECT_TRUE(Becomes([] { return !IsClipboardFormatAvailable(CF_UNICODETEXT); }));
     EXPECT_EQ(ClipboardText(), u"");
     const Holder next("again");
     EXPECT_TRUE(Becomes([] { return ClipboardText() == u"again"; }));
-    DestroyWindow(edit);
+    PressKey('V', {VK_CONTROL});
+    EXPECT_EQ(TextOf(edits.line), u"again");
+}
+
+// Whoever offers a text and then does not give it is as one who has none, at each of many pastes; the toolkit
+// would wait for that one at each.
+TEST(ClipboardOnX, ATextThatIsOfferedIsReadWholeOrNotAtAll)
+{
+    constexpr Manner withheld[] = {Manner::hangs, Manner::diesInTheMidst, Manner::sendsNumbers,
+                                   Manner::changesType, Manner::neverEnds};
+    ASSERT_TRUE(Server().IsRunning());
+    std::vector<std::unique_ptr<ClipboardHolder>> holders;
+    for (const Manner manner : withheld) holders.push_back(std::make_unique<ClipboardHolder>(manner));
+    ClipboardHolder steady(Manner::sendsSteadily);
+    ASSERT_TRUE(StartToolkit());
+    const Edits edits;
+    const HWND line = edits.line;
+    for (const auto& holder : holders) {
+        SCOPED_TRACE(&holder - holders.data());
+        ASSERT_TRUE(holder->Begin());
+        EXPECT_TRUE(IsClipboardFormatAvailable(CF_UNICODETEXT));
+        for (int times = 0; times < 20; ++times) {
+            EXPECT_EQ(ClipboardText(), u"");
+            for (const HWND edit : {line, edits.lines}) {
+                SetFocus(edit);
+                PressKey('V', {VK_CONTROL});
+                SendMessageA(edit, WM_PASTE, 0, 0);
+                EXPECT_EQ(GetWindowTextLengthA(edit), 0);
+            }
+        }
+    }
+    ASSERT_TRUE(steady.Begin());
+    EXPECT_EQ(ClipboardText().size(), std::size_t{ClipboardHolder::pieces * ClipboardHolder::pieceSize});
+    SetWindowTextW(line, u"[]");
+    SendMessageA(line, EM_SETSEL, 1, 1);
+    SendMessageA(line, EM_SETLIMITTEXT, 12, 0);
+    SetFocus(line);
+    PressKey('V', {VK_CONTROL});
+    EXPECT_EQ(TextOf(line), u"[xxxxxxxxxx]");
+    SendMessageA(line, EM_UNDO, 0, 0);
+    EXPECT_EQ(TextOf(line), u"[]");
 }
 
 } // namespace

@@ -5,7 +5,6 @@
 #include "corekit/platform/qt/controls/Make.h"
 #include "corekit/platform/qt/controls/OwnerDraw.h"
 #include "corekit/platform/qt/controls/RowDelegate.h"
-#include "corekit/platform/qt/windows/ClipboardOwner.h"
 
 #include <QScrollBar>
 #include <QStyle>
@@ -140,7 +139,7 @@ LRESULT ComboBox::defaultProcedure(UINT message, WPARAM wParam, LPARAM lParam)
             line()->copy();
             return 0;
         case WM_PASTE:
-            if (clipboardAnswers()) line()->paste();
+            line()->pasteFrom(QClipboard::Clipboard);
             return 0;
         case WM_CLEAR:
             if (line()->hasSelectedText()) line()->insert(QString());

@@ -3,7 +3,6 @@
 #include "corekit/platform/qt/controls/LineEdit.h"
 #include "corekit/platform/qt/controls/Make.h"
 #include "corekit/platform/qt/controls/TextEdit.h"
-#include "corekit/platform/qt/windows/ClipboardOwner.h"
 #include "corekit/platform/qt/windows/WideText.h"
 
 #include <QClipboard>
@@ -153,7 +152,7 @@ LRESULT LineEdit::undoing(UINT message, WPARAM wParam, LPARAM lParam)
         face()->copy();
         return 0;
     case WM_PASTE:
-        if (!face()->isReadOnly() && clipboardAnswers()) face()->paste();
+        face()->pasteFrom(QClipboard::Clipboard);
         return 0;
     case WM_CLEAR:
         if (!face()->isReadOnly() && face()->hasSelectedText()) face()->insert(QString());

@@ -1,6 +1,10 @@
 #include "corekit/platform/qt/controls/LineEdit.h"
-#include "corekit/platform/qt/windows/ClipboardOwner.h"
+#include "corekit/platform/qt/windows/ReadableMedia.h"
 
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -100,7 +104,50 @@ void LineFace::setAgain(int greatest)
         setCursorPosition(cursor);
 }
 
-bool LineFace::event(QEvent* event) { return asksSilentClipboard(*event) || QLineEdit::event(event); }
+// The toolkit's own paste, where another program has to be asked: it would wait for that for seconds.
+void LineFace::pasteFrom(QClipboard::Mode mode)
+{
+    if (isReadOnly()) return;
+    if (mode == QClipboard::Clipboard && !isHeldElsewhere()) return paste();
+    const QString text = readableText(mode);
+    if (text.isEmpty()) return;
+    endStep();
+    insert(text);
+    endStep();
+}
+
+// What comes next is undone by itself: the toolkit parts it where the caret was moved.
+void LineFace::endStep()
+{
+    if (hasSelectedText() || text().isEmpty()) return;
+    const QSignalBlocker quiet(this);
+    const int cursor = cursorPosition();
+    setCursorPosition(cursor > 0 ? cursor - 1 : cursor + 1);
+    setCursorPosition(cursor);
+}
+
+void LineFace::keyPressEvent(QKeyEvent* event)
+{
+    if (!event->matches(QKeySequence::Paste)) return QLineEdit::keyPressEvent(event);
+    const bool ofSelection = QGuiApplication::clipboard()->supportsSelection() &&
+                             event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier) &&
+                             event->key() == Qt::Key_Insert;
+    pasteFrom(ofSelection ? QClipboard::Selection : QClipboard::Clipboard);
+}
+
+void LineFace::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::MiddleButton || !isHeldElsewhere(QClipboard::Selection))
+        return QLineEdit::mouseReleaseEvent(event);
+    deselect();
+    pasteFrom(QClipboard::Selection);
+}
+
+// Before it shows its menu, the toolkit fetches the text to see whether there is any.
+void LineFace::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (isLeftToToolkit()) QLineEdit::contextMenuEvent(event);
+}
 
 QRect LineFace::placeOf(int position)
 {

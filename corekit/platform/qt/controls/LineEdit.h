@@ -1,6 +1,7 @@
 // The toolkit's line of text under the rules of an edit control's styles.
 #pragma once
 
+#include <QClipboard>
 #include <QLineEdit>
 #include <QValidator>
 
@@ -27,15 +28,19 @@ public:
     void replaceSelection(const QString& text); // by a program, too
     // As the user enters it.
     void enter(const QString& text);
+    void pasteFrom(QClipboard::Mode mode);
     void forgetUndo();
     QRect placeOf(int position);
 
 protected:
-    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     class Validator;
     void setAgain(int greatest);
+    void endStep();
 
     int m_limit;
     Validator* m_validator;

@@ -1,7 +1,7 @@
 #include "corekit/platform/qt/controls/TextEdit.h"
 
 #include "corekit/platform/Edits.h"
-#include "corekit/platform/qt/windows/ClipboardOwner.h"
+#include "corekit/platform/qt/windows/ReadableMedia.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
@@ -30,11 +30,6 @@ public:
     std::function<void(const QString&)> enter;
 
 protected:
-    bool event(QEvent* event) override { return asksSilentClipboard(*event) || QPlainTextEdit::event(event); }
-    bool viewportEvent(QEvent* event) override
-    {
-        return asksSilentClipboard(*event) || QPlainTextEdit::viewportEvent(event);
-    }
     void keyPressEvent(QKeyEvent* event) override
     {
         const QString text = event->text();
@@ -45,9 +40,11 @@ protected:
         else
             QPlainTextEdit::keyPressEvent(event);
     }
+    bool canInsertFromMimeData(const QMimeData* source) const override { return readable(source)->hasText(); }
     void insertFromMimeData(const QMimeData* source) override
     {
-        if (source->hasText()) enter(source->text());
+        const QMimeData& media = *readable(source);
+        if (media.hasText()) enter(media.text());
     }
 };
 
@@ -315,7 +312,7 @@ LRESULT TextEdit::undoing(UINT message, WPARAM wParam, LPARAM lParam)
         face()->copy();
         return 0;
     case WM_PASTE:
-        if (clipboardAnswers()) face()->paste();
+        face()->paste();
         return 0;
     case WM_CLEAR:
         if (!face()->isReadOnly()) face()->textCursor().removeSelectedText();

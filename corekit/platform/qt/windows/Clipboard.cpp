@@ -3,8 +3,8 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Memory.h"
 #include "corekit/platform/posix/user/RegisteredNames.h"
-#include "corekit/platform/qt/windows/ClipboardOwner.h"
 #include "corekit/platform/qt/windows/MediaData.h"
+#include "corekit/platform/qt/windows/ReadableMedia.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
 #include "corekit/platform/qt/windows/Window.h"
 #include "corekit/platform/Windows.h"
@@ -150,7 +150,7 @@ public:
         if (m_isEmptied)
             return m_set.contains(format) ||
                    (isText(format) && (m_set.contains(CF_TEXT) || m_set.contains(CF_UNICODETEXT)));
-        const QMimeData* const data = present();
+        const QMimeData* const data = readableMedia();
         return data && mediaHas(*data, format);
     }
 
@@ -174,14 +174,8 @@ private:
 
     static HGLOBAL fetched(UINT format)
     {
-        const QMimeData* const data = present();
+        const QMimeData* const data = readableMedia();
         return data ? blockOfMedia(*data, format) : nullptr;
-    }
-
-    // Null also while its owner does not answer.
-    static const QMimeData* present()
-    {
-        return clipboardAnswers() ? QGuiApplication::clipboard()->mimeData() : nullptr;
     }
 
     void publish()
@@ -272,8 +266,7 @@ int GetSelectionText(WCHAR* buffer, int size)
 {
     if (buffer && size > 0) *buffer = 0;
     if (!hasToolkit() || (buffer && size < 1) || !QGuiApplication::clipboard()->supportsSelection()) return 0;
-    if (!clipboardAnswers(QClipboard::Selection)) return 0;
-    const QString text = QGuiApplication::clipboard()->text(QClipboard::Selection);
+    const QString text = readableText(QClipboard::Selection);
     if (!buffer) return static_cast<int>(text.size());
     const int length = std::min(static_cast<int>(text.size()), size - 1);
     std::copy_n(reinterpret_cast<const WCHAR*>(text.utf16()), length, buffer);
