@@ -52,6 +52,7 @@ void Edit(EditInAWindow& window, const std::u16string& text)
 
 void LongLine(EditInAWindow& window) { Edit(window, Repeated(u"one line of text ", 10 * mebibyte)); }
 void Marks(EditInAWindow& window) { Edit(window, u"a" + Repeated(u"\u0301\u0302\u064B\u093F", 100'000)); }
+void EqualMarks(EditInAWindow& window) { Edit(window, u"a" + Repeated(u"\u0301", 100'000)); }
 void Surrogates(EditInAWindow& window)
 {
     Edit(window, Repeated(u"\xD800\xD800\xDC00\xDFFF\xDBFF", 1000)); // in pairs and alone
@@ -170,6 +171,7 @@ constexpr struct {
     void (*run)(EditInAWindow& window);
 } rows[] = {{"a line of 10 MiB", LongLine},
             {"100,000 marks", Marks},
+            {"100,000 equal marks", EqualMarks},
             {"only surrogates", Surrogates},
             {"control characters", ControlCharacters},
             {"a paste of 5 MiB with NUL", PasteWithNul},

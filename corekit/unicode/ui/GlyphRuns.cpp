@@ -6,6 +6,7 @@
 #include "corekit/unicode/bidi/ReorderToVisual.h"
 #include "corekit/unicode/shaping/GlyphConversion.h"
 #include "corekit/unicode/tables/UnicodeCharTypes.h"
+#include "corekit/unicode/ui/MarkCounter.h"
 
 #include <algorithm>
 
@@ -93,6 +94,7 @@ bool GlyphRunBuilder::Next(int x, RunRuler& ruler, GlyphRun& run)
 
 void GlyphRunBuilder::Fill(int x, RunRuler& ruler, GlyphRun& run)
 {
+    MarkCounter marks;
     run.slot = std::max(m_fonts.SlotOf(m_glyphs[m_next]), 0);
     for (; m_next < m_count; ++m_next) {
         const WCHAR c = m_glyphs[m_next];
@@ -113,7 +115,7 @@ void GlyphRunBuilder::Fill(int x, RunRuler& ruler, GlyphRun& run)
             if (cut == Cut::before) return;
         }
         Append(c, run);
-        if (cut == Cut::behind) {
+        if (cut == Cut::behind || marks.IsFullWith(c)) {
             ++m_next;
             return;
         }
@@ -197,7 +199,8 @@ bool MeasureRunBuilder::Next(GlyphRun& run)
         run.slot = std::max(m_fonts.SlotOf(m_glyphs[m_next]), 0);
         run.options = 0;
         run.extra = 0;
-        for (; m_next < m_count; ++m_next) {
+        MarkCounter marks;
+        for (bool isFull = false; m_next < m_count && !isFull; ++m_next) {
             const WCHAR c = m_glyphs[m_next];
             if (const int slot = m_fonts.SlotOf(c); slot != run.slot && slot >= 0) break;
             if (m_rules.bidi && isShaped(c)) run.options = ETO_IGNORELANGUAGE;
@@ -205,6 +208,7 @@ bool MeasureRunBuilder::Next(GlyphRun& run)
                 AppendExpanded(c, run);
             else if (!IsTashkeel(c))
                 m_fonts.Convert(run.slot, c, run.text);
+            isFull = marks.IsFullWith(c);
         }
     }
     return !run.text.empty();

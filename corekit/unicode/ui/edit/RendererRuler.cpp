@@ -1,7 +1,7 @@
 #include "corekit/unicode/ui/edit/RendererRuler.h"
 
 #include "corekit/framework/Geometry.h"
-#include "corekit/unicode/tables/UnicodeCharTypes.h"
+#include "corekit/unicode/ui/MarkCounter.h"
 #include "corekit/unicode/ui/UniRender.h"
 
 #include <algorithm>
@@ -12,26 +12,14 @@ namespace {
 
 // Characters. Longer text is measured in pieces: the platform refuses very long ones.
 constexpr int longestPiece = 512;
-// No letter of any language has so many. The platform's time grows with the square of their number.
-constexpr int mostMarks = 32;
 constexpr std::size_t mostKept = 4096;
 
-bool isMark(WCHAR c)
-{
-    constexpr WCHAR first = 0x0300;
-    const bool isLater = (c >= 0x1AB0 && c < 0x1B00) || (c >= 0x1DC0 && c < 0x1E00); // than the tables
-    return c >= first && (isLater || CUnicodeCharTypes::GetGeneralType(c) == general::Mn);
-}
-
-// A piece ends with as many marks as it may have, so that all that follows of them is alike.
 int pieceLength(const WCHAR* text, int count)
 {
     count = std::min(count, longestPiece);
-    int marks = 0;
-    for (int i = 0; i < count; ++i) {
-        marks = isMark(text[i]) ? marks + 1 : 0;
-        if (marks == mostMarks) return i + 1;
-    }
+    MarkCounter marks;
+    for (int i = 0; i < count; ++i)
+        if (marks.IsFullWith(text[i])) return i + 1;
     return count;
 }
 
@@ -54,7 +42,8 @@ void RendererRuler::Attach()
 int RendererRuler::PieceWidth(const WCHAR* text, int count)
 {
     const auto measured = [&] { return m_renderer.CalcLogicalStringSize(text, count, 0).cx; };
-    if (count != mostMarks || !std::all_of(text, text + count, isMark)) return measured();
+    if (count != MarkCounter::full || !std::all_of(text, text + count, MarkCounter::IsMark))
+        return measured();
     if (m_markWidths.size() >= mostKept) m_markWidths.clear();
     const auto [kept, isNew] = m_markWidths.try_emplace(std::u16string(text, text + count));
     if (isNew) kept->second = measured();
