@@ -39,7 +39,7 @@ public:
     CFontDescriptor& operator=(const WCHAR* text);
 
     // No faces and size 0. The text, and so equality, stay as they were until the next change of face or
-    // size; so they do after a load or a read that failed.
+    // size, or the next load or read.
     void Empty();
     // At the end, behind the faces that are asked before it. Duplicates and unknown faces are taken.
     void AddFont(const char* face);

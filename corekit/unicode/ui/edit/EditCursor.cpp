@@ -44,7 +44,7 @@ void EditModel::WordLeft()
 {
     int index = std::min(CursorIndex() - 2, m_text.GetLength() - 1);
     while (index >= 0 && m_text[index] != u' ') --index;
-    m_cursor = index + 1;
+    m_cursor = std::max(index + 1, 0);
     if (index < 0) return;
     const DisplayLines& lines = ConvertDataToDisplayLines();
     int line = 0;

@@ -122,10 +122,11 @@ void EditModel::UndoChanges()
 {
     ClearSelection();
     const UndoText::Difference back = m_undo.Exchange({m_text, static_cast<std::size_t>(m_text.GetLength())});
-    if (back.from == back.to && back.kept.empty()) return;
-    UndoText undo = std::exchange(m_undo, {});
-    Splice(back.from, back.to - back.from, back.kept);
-    m_undo = std::move(undo);
+    if (back.from != back.to || !back.kept.empty()) {
+        UndoText undo = std::exchange(m_undo, {});
+        Splice(back.from, back.to - back.from, back.kept);
+        m_undo = std::move(undo);
+    }
     m_cursor = std::min(m_cursor, m_text.GetLength());
 }
 

@@ -40,8 +40,8 @@ public:
 
     ~CMultilineUnicodeEditCtl() override;
 
-    // A child, visible, with a vertical scroll bar and a tab stop. Throws CChainedException if its fonts
-    // cannot be made.
+    // A child, visible, with a vertical scroll bar and a tab stop. FALSE if its fonts cannot be made; the
+    // thread's ProcessWndProcException hears why.
     BOOL Create(CWnd* parent, unsigned id, const CRect& rect);
 
     // Replaces the text, which undo does not bring back.
