@@ -1,5 +1,6 @@
 #include "EditWindow.h"
 
+#include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/ComboBoxes.h"
 #include "corekit/platform/Statics.h"
 #include "corekit/platform/SystemColours.h"
@@ -68,6 +69,8 @@ bool EditWindow::MakeControls()
 // The text follows the desktop, also to dark and back.
 void EditWindow::OnSysColorChange()
 {
+    UpdateSysColourMetricCache();
+    CWnd::OnSysColorChange();
     m_text.SetColours(GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW));
 }
 

@@ -1,5 +1,6 @@
 #include "ListWindow.h"
 
+#include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/Keyboard.h"
 #include "corekit/platform/ListViews.h"
 
@@ -14,6 +15,7 @@ constexpr int nameWidth = 380, scriptWidth = 200;
 BEGIN_MESSAGE_MAP(ListWindow, CWnd)
 ON_WM_SIZE()
 ON_WM_SETFOCUS()
+ON_WM_SYSCOLORCHANGE()
 ON_WM_DESTROY()
 END_MESSAGE_MAP()
 
@@ -70,6 +72,14 @@ void ListWindow::OnSetFocus(CWnd* before)
 {
     CWnd::OnSetFocus(before);
     m_list.SetFocus();
+}
+
+// The rows follow the desktop, also to dark and back.
+void ListWindow::OnSysColorChange()
+{
+    UpdateSysColourMetricCache();
+    CWnd::OnSysColorChange();
+    m_list.Invalidate();
 }
 
 void ListWindow::OnDestroy()

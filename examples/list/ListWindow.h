@@ -33,6 +33,7 @@ public:
 protected:
     void OnSize(UINT how, int width, int height);
     void OnSetFocus(CWnd* before);
+    void OnSysColorChange();
     void OnDestroy();
     DECLARE_MESSAGE_MAP()
 

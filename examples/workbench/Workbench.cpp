@@ -5,6 +5,7 @@
 #include "corekit/commands/ui/CommandList.h"
 #include "corekit/commands/ui/IntelliToolBar.h"
 #include "corekit/framework/ui/CmdUI.h"
+#include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/Messages.h"
 #include "corekit/windows/controls/ui/MenuHelpersEx.h"
 #include "corekit/windows/ui/DockBarEx.h"
@@ -15,6 +16,7 @@ BEGIN_MESSAGE_MAP(Workbench, CFrameWnd)
 ON_WM_CLOSE()
 ON_WM_DESTROY()
 ON_WM_CONTEXTMENU()
+ON_WM_SYSCOLORCHANGE()
 ON_COMMAND(commandNew, &Workbench::OnNew)
 ON_COMMAND(commandOpen, &Workbench::OnOpenStory)
 ON_COMMAND(commandSave, &Workbench::OnSave)
@@ -270,6 +272,13 @@ void Workbench::OnDestroy()
 {
     CFrameWnd::OnDestroy();
     PostQuitMessage(0);
+}
+
+void Workbench::OnSysColorChange()
+{
+    UpdateSysColourMetricCache();
+    CFrameWnd::OnSysColorChange();
+    RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 // ---- Commands

@@ -37,6 +37,7 @@ protected:
     BOOL PreTranslateMessage(MSG* message) override;
     void OnClose();
     void OnDestroy();
+    void OnSysColorChange();
     void OnContextMenu(CWnd* window, CPoint point);
     void OnRun();
     void OnHalt();

@@ -7,6 +7,8 @@
 #include "corekit/platform/Toolkit.h"
 
 #include <gtest/gtest.h>
+#include <QApplication>
+#include <QPalette>
 
 using namespace corekit::test;
 
@@ -55,6 +57,11 @@ protected:
     {
         log += "d" + std::to_string(point.x) + "," + std::to_string(point.y);
     }
+    void OnSysColorChange()
+    {
+        log += "C";
+        CWnd::OnSysColorChange();
+    }
     void OnFind() { log += "f"; }
     void OnUpdateFind(CCmdUI* ui) { ui->Enable(!isEating); }
     void OnNotifyCode(NMHDR* header, LRESULT* result)
@@ -72,6 +79,7 @@ ON_WM_CREATE()
 ON_WM_KEYDOWN()
 ON_WM_SIZE()
 ON_WM_LBUTTONDOWN()
+ON_WM_SYSCOLORCHANGE()
 ON_COMMAND(idFind, &CPane::OnFind)
 ON_UPDATE_COMMAND_UI(idFind, &CPane::OnUpdateFind)
 ON_NOTIFY(-12, 7, &CPane::OnNotifyCode)
@@ -124,6 +132,18 @@ TEST_F(Wnd, PreTranslationComesFirstFromTheWindowUpwards)
     top.isEating = true;
     PressKey('Y');
     EXPECT_EQ(pane.log, "tXt");
+}
+
+TEST_F(Wnd, NewColoursOfTheDesktopReachWhatStandsInAWindow)
+{
+    const QPalette before = QApplication::palette();
+    top.log.clear();
+    pane.log.clear();
+    QApplication::setPalette(QPalette(Qt::darkGray, Qt::black));
+    RunWaiting();
+    EXPECT_EQ(top.log, "C");
+    EXPECT_EQ(pane.log, "C");
+    QApplication::setPalette(before);
 }
 
 TEST_F(Wnd, ADisabledCommandIsNotCarriedOut)

@@ -8,6 +8,7 @@
 #include "corekit/framework/Module.h"
 #include "corekit/framework/ui/DC.h"
 #include "corekit/framework/WinApp.h"
+#include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/Gdi.h"
 #include "corekit/platform/SystemColours.h"
 #include "corekit/unicode/ui/UnicodeManager.h"
@@ -29,6 +30,7 @@ ON_WM_CLOSE()
 ON_WM_DESTROY()
 ON_WM_ERASEBKGND()
 ON_WM_SETFOCUS()
+ON_WM_SYSCOLORCHANGE()
 END_MESSAGE_MAP()
 
 namespace {
@@ -133,6 +135,13 @@ BOOL Desk::OnEraseBkgnd(CDC* dc)
 }
 
 void Desk::OnSetFocus(CWnd*) { m_edit.SetFocus(); }
+
+void Desk::OnSysColorChange()
+{
+    UpdateSysColourMetricCache();
+    CWnd::OnSysColorChange();
+    m_list.Invalidate();
+}
 
 void Desk::ShowTitle()
 {

@@ -74,6 +74,7 @@ protected:
     void OnDestroy();
     BOOL OnEraseBkgnd(CDC* dc);
     void OnSetFocus(CWnd* before);
+    void OnSysColorChange();
     DECLARE_MESSAGE_MAP()
 
 private:

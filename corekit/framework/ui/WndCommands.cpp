@@ -46,6 +46,9 @@ LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     const HWND sender = senderOf(m_hWnd, message, wParam, lParam);
     LRESULT result = 0;
     if (sender && sender != m_hWnd && ReflectLastMsg(sender, &result)) return result;
+    // Only top windows are told; what stands in them draws with these colours, too.
+    if (message == WM_SYSCOLORCHANGE && !(GetStyle() & WS_CHILD))
+        SendMessageToDescendants(message, wParam, lParam);
     if (m_pfnSuper) return ::CallWindowProcA(m_pfnSuper, m_hWnd, message, wParam, lParam);
     return ::DefWindowProcA(m_hWnd, message, wParam, lParam);
 }
