@@ -31,16 +31,16 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
             std::abort();
     }
     CustomAcceleratorTables tables, tablesAgain;
-    LoadCustomKeys(store, tables);
+    loadCustomKeys(store, tables);
     CPropertyStore keys;
-    SaveCustomKeys(keys, tables);
-    LoadCustomKeys(keys, tablesAgain);
+    saveCustomKeys(keys, tables);
+    loadCustomKeys(keys, tablesAgain);
     if (tablesAgain.GetSize() != tables.GetSize()) std::abort();
     for (int i = 0; i < tables.GetSize(); ++i) {
         const auto& entries = tables[i].m_entries;
         if (entries.GetSize() != tablesAgain[i].m_entries.GetSize()) std::abort();
         const std::span<const ACCEL> rows(entries.GetData(), static_cast<std::size_t>(entries.GetSize()));
-        if (MergedKeys(rows, rows, rows).size() < rows.size()) std::abort();
+        if (mergedKeys(rows, rows, rows).size() < rows.size()) std::abort();
     }
     const std::vector<MacroButton> buttons = LoadMacroButtons(store);
     for (const MacroButton& button : buttons)

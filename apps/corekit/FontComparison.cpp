@@ -129,7 +129,7 @@ std::set<std::u16string> WordsOf(const std::vector<std::u16string>& texts)
 
 } // namespace
 
-std::vector<WordLikeness> compareWords(const std::vector<std::u16string>& texts, const ComparedFaces& faces)
+std::vector<WordLikeness> CompareWords(const std::vector<std::u16string>& texts, const ComparedFaces& faces)
 {
     OurHand ours(faces);
     PlatformsHand platforms(faces);

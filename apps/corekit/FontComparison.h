@@ -18,7 +18,7 @@ struct ComparedFaces {
 
 // The words of the texts, each once, the least alike first. Both faces must be known. A word is letters with
 // their marks and joiners in any script; digits, punctuation and spaces part words.
-std::vector<WordLikeness> compareWords(const std::vector<std::u16string>& texts, const ComparedFaces& faces);
+std::vector<WordLikeness> CompareWords(const std::vector<std::u16string>& texts, const ComparedFaces& faces);
 // The share of the words, in per cent, that overlap by at least `overlap`.
 double ShareOf(const std::vector<WordLikeness>& words, double overlap);
 // The first words below each other, ours on the left, the platform's on the right. Throws std::runtime_error

@@ -180,7 +180,7 @@ void Compare(const CompareOptions& options)
     std::vector<std::u16string> texts;
     for (const std::string& file : options.files)
         for (std::u16string& line : ReadLines(file)) texts.push_back(std::move(line));
-    const std::vector<WordLikeness> words = compareWords(texts, options.faces);
+    const std::vector<WordLikeness> words = CompareWords(texts, options.faces);
     if (words.empty()) throw std::runtime_error("no words to compare");
     if (!options.picture.empty()) SaveWordPairs(words, options.faces, options.picture);
     if (options.isJson)

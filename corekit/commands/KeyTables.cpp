@@ -43,7 +43,7 @@ CCustomAcceleratorTable readTable(CPropertyStore& store, int number, UINT id)
 
 } // namespace
 
-std::vector<ACCEL> MergedKeys(std::span<const ACCEL> defaults, std::span<const ACCEL> custom,
+std::vector<ACCEL> mergedKeys(std::span<const ACCEL> defaults, std::span<const ACCEL> custom,
                               std::span<const ACCEL> fixed)
 {
     std::vector<ACCEL> merged(defaults.begin(), defaults.end());
@@ -64,7 +64,7 @@ std::vector<ACCEL> MergedKeys(std::span<const ACCEL> defaults, std::span<const A
     return merged;
 }
 
-void LoadCustomKeys(CPropertyStore& store, CustomAcceleratorTables& tables)
+void loadCustomKeys(CPropertyStore& store, CustomAcceleratorTables& tables)
 {
     int count = 0;
     store.GetValue(countName, count);
@@ -78,7 +78,7 @@ void LoadCustomKeys(CPropertyStore& store, CustomAcceleratorTables& tables)
     }
 }
 
-void SaveCustomKeys(CPropertyStore& store, const CustomAcceleratorTables& tables)
+void saveCustomKeys(CPropertyStore& store, const CustomAcceleratorTables& tables)
 {
     store.SetValue(countName, tables.GetSize());
     for (int i = 0; i < tables.GetSize(); ++i) {

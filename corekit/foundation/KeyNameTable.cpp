@@ -119,5 +119,5 @@ constexpr AcceleratorKeyName acceleratorKeyNames[] = {
 
 } // namespace
 
-std::span<const KeyName> corekit::detail::KeyNames() { return keyNames; }
-std::span<const AcceleratorKeyName> corekit::detail::AcceleratorKeyNames() { return acceleratorKeyNames; }
+std::span<const KeyName> corekit::detail::keyNameRows() { return keyNames; }
+std::span<const AcceleratorKeyName> corekit::detail::acceleratorKeyNameRows() { return acceleratorKeyNames; }

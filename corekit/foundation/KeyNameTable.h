@@ -12,13 +12,13 @@ struct KeyName {
     bool forAccelerators;
     const char* name;
 };
-std::span<const KeyName> KeyNames(); // by ascending key
+std::span<const KeyName> keyNameRows(); // by ascending key
 
 // The names of keys in accelerators, as numbers in the string table.
 struct AcceleratorKeyName {
     BYTE key;
     WORD textId;
 };
-std::span<const AcceleratorKeyName> AcceleratorKeyNames();
+std::span<const AcceleratorKeyName> acceleratorKeyNameRows();
 
 } // namespace corekit::detail

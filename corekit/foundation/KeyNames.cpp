@@ -18,7 +18,7 @@ CString virtualKeyName(WORD key)
         name.Format("F%d", key - f1 + 1);
         return name;
     }
-    for (const auto& row : corekit::detail::AcceleratorKeyNames())
+    for (const auto& row : corekit::detail::acceleratorKeyNameRows())
         if (row.key == key) return LoadResourceString(row.textId);
     constexpr LONG extended = 1 << 24;
     char name[256] = "";
@@ -35,7 +35,7 @@ int GetKeyNameFromVirtual(unsigned int virtualKey, CString& name)
         name = CString(static_cast<char>(virtualKey));
         return 1;
     }
-    const auto names = corekit::detail::KeyNames();
+    const auto names = corekit::detail::keyNameRows();
     const auto found = std::ranges::lower_bound(names, virtualKey, {}, &corekit::detail::KeyName::key);
     if (found == names.end() || found->key != virtualKey) {
         name.Format("Virtual Key - %d", static_cast<int>(virtualKey));

@@ -10,7 +10,7 @@
 
 namespace {
 // A request for nothing is a block too.
-std::size_t Bytes(int size)
+std::size_t byteCount(int size)
 {
     if (size < 0) AfxThrowMemoryException();
     return static_cast<std::size_t>(std::max(size, 1));
@@ -29,7 +29,7 @@ Char* duplicate(const Char* text, const char* file, int line)
 
 void* __safe_malloc(int size, const char*, int)
 {
-    void* block = std::malloc(Bytes(size));
+    void* block = std::malloc(byteCount(size));
     if (!block) AfxThrowMemoryException();
     return block;
 }
@@ -38,7 +38,7 @@ void safe_free(void* block) { std::free(block); }
 
 void* __safe_realloc(void* block, int size, const char*, int)
 {
-    void* moved = std::realloc(block, Bytes(size));
+    void* moved = std::realloc(block, byteCount(size));
     if (!moved) AfxThrowMemoryException();
     return moved;
 }

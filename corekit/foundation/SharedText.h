@@ -45,8 +45,8 @@ struct EmptyText {
 extern COREKIT_API EmptyText<char> emptyTextA;
 extern COREKIT_API EmptyText<WCHAR> emptyTextW;
 
-constexpr char* EmptyCharacters(char) { return &emptyTextA.terminator; }
-constexpr WCHAR* EmptyCharacters(WCHAR) { return &emptyTextW.terminator; }
+constexpr char* emptyCharacters(char) { return &emptyTextA.terminator; }
+constexpr WCHAR* emptyCharacters(WCHAR) { return &emptyTextW.terminator; }
 
 template <class Self, class Ch>
 class COREKIT_API SharedText {
@@ -79,7 +79,7 @@ public:
     void AssignCopy(int n, const Ch* p);
 
     // -1, 0 or 1, by unsigned code values up to the first zero.
-    int Compare(const Ch* p) const { return CompareText(m_pchData, p); }
+    int Compare(const Ch* p) const { return compareText(m_pchData, p); }
     int CompareNoCase(const Ch* p) const; // the same with letter case folded; below, equal to or above 0
     int Collate(const Ch* p) const;       // by the order of the current locale; below, equal to or above 0
 
@@ -116,14 +116,14 @@ public:
     template <Formattable... Args>
     void Format(const Ch* format, const Args&... args)
     {
-        FormatList(format, ListArguments(args...));
+        FormatList(format, listArguments(args...));
     }
     template <Formattable... Args>
     void Format(UINT id, const Args&... args) // the format is a text of the string table
     {
         Self format;
         format.LoadStringA(id);
-        FormatList(format, ListArguments(args...));
+        FormatList(format, listArguments(args...));
     }
 
     // Direct access. GetBuffer makes the buffer this string's own, with room for at least n characters; after
@@ -143,7 +143,7 @@ public:
     // ==, !=, <, >, <=, >= of two strings, or of a string and a zero-terminated text, order like Compare.
     friend bool operator==(const Self& a, const Self& b)
     {
-        return a.m_pchData == b.m_pchData || SameText(a.m_pchData, a.GetLength(), b.m_pchData, b.GetLength());
+        return a.m_pchData == b.m_pchData || sameText(a.m_pchData, a.GetLength(), b.m_pchData, b.GetLength());
     }
     friend bool operator==(const Self& a, const Ch* b) { return a.Compare(b) == 0; }
     friend std::strong_ordering operator<=>(const Self& a, const Self& b) { return a.Compare(b) <=> 0; }
@@ -167,7 +167,7 @@ public:
     friend Self operator+(Ch a, const Self& b) { return Joined(1, &a, b.GetLength(), b.m_pchData); }
 
 protected:
-    constexpr SharedText() noexcept : m_pchData(EmptyCharacters(Ch{})) {}
+    constexpr SharedText() noexcept : m_pchData(emptyCharacters(Ch{})) {}
     SharedText(const SharedText& other) : m_pchData(other.m_pchData)
     {
         Data* data = GetData();
@@ -190,7 +190,7 @@ protected:
     SharedText& operator=(const SharedText& other);
     SharedText& operator=(SharedText&& other);
 
-    void Init() { m_pchData = EmptyCharacters(Ch{}); } // releases nothing
+    void Init() { m_pchData = emptyCharacters(Ch{}); } // releases nothing
     void AllocBuffer(int n);      // a new buffer of exactly n characters; the old one is not released
     void AllocBeforeWrite(int n); // an unshared buffer with room for n; the text may be lost
     void CopyBeforeWrite()        // an unshared buffer with the same text
@@ -212,16 +212,16 @@ protected:
     }
     static void Release(Data* data)
     {
-        if (data->data() == EmptyCharacters(Ch{})) return;
+        if (data->data() == emptyCharacters(Ch{})) return;
         // Who holds it alone, or has locked it, need not count down: nobody else can take a share.
         if (RefsOf(data) <= 1 || InterlockedDecrement(&data->nRefs) == 0) ::operator delete(data);
     }
     // Null counts as empty.
-    static int SafeStrlen(const Ch* p) { return p ? CountedLength(TextLength(p)) : 0; }
+    static int SafeStrlen(const Ch* p) { return p ? countedLength(textLength(p)) : 0; }
 
     // The count, readable while other threads change it.
     static LONG RefsOf(Data* data) { return std::atomic_ref(data->nRefs).load(std::memory_order_acquire); }
-    bool IsEmptyBuffer() const { return m_pchData == EmptyCharacters(Ch{}); } // the one of all empty strings
+    bool IsEmptyBuffer() const { return m_pchData == emptyCharacters(Ch{}); } // the one of all empty strings
     bool IsLocked() const { return RefsOf(GetData()) < 0 && !IsEmptyBuffer(); }
     bool IsOwnWithRoom(LONGLONG n) const { return RefsOf(GetData()) < 2 && n <= GetAllocLength(); }
     struct Hold;                                // a share for a scope

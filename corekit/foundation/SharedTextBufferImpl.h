@@ -65,7 +65,7 @@ void SharedText<Self, Ch>::CopyShared()
 template <class Self, class Ch>
 void SharedText<Self, Ch>::AllocCopy(Self& dest, int copyLen, int copyIndex, int extraLen) const
 {
-    const int length = CountedLength(static_cast<std::size_t>(std::max(copyLen, 0)) +
+    const int length = countedLength(static_cast<std::size_t>(std::max(copyLen, 0)) +
                                      static_cast<std::size_t>(std::max(extraLen, 0)));
     if (length == 0) {
         dest.Init();
@@ -81,7 +81,7 @@ void SharedText<Self, Ch>::ConcatCopy(int n1, const Ch* p1, int n2, const Ch* p2
 {
     n1 = std::max(n1, 0);
     n2 = std::max(n2, 0);
-    const int length = CountedLength(static_cast<std::size_t>(n1) + static_cast<std::size_t>(n2));
+    const int length = countedLength(static_cast<std::size_t>(n1) + static_cast<std::size_t>(n2));
     if (length == 0) return;
     AllocBuffer(length);
     std::copy_n(p1, n1, m_pchData);
@@ -167,7 +167,7 @@ template <class Self, class Ch>
 void SharedText<Self, Ch>::ReleaseBuffer(int n)
 {
     CopyBeforeWrite();
-    SetLength(n == -1 ? TextLength(m_pchData, GetAllocLength()) : n);
+    SetLength(n == -1 ? textLength(m_pchData, GetAllocLength()) : n);
 }
 
 template <class Self, class Ch>

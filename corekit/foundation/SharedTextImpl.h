@@ -28,7 +28,7 @@ int SharedText<Self, Ch>::Find(Ch ch, int start) const
     const int length = GetLength();
     if (start < 0 || start > length) return -1;
     const Ch* from = m_pchData + start;
-    const int at = ch == Ch{} ? TextLength(from, length - start) : FindInText(from, length - start, ch);
+    const int at = ch == Ch{} ? textLength(from, length - start) : findInText(from, length - start, ch);
     return at < 0 ? -1 : start + at;
 }
 
@@ -37,7 +37,7 @@ int SharedText<Self, Ch>::Find(const Ch* text, int start) const
 {
     const int length = GetLength();
     if (!text || start < 0 || start > length) return -1;
-    const int at = FindInText(m_pchData + start, length - start, text);
+    const int at = findInText(m_pchData + start, length - start, text);
     return at < 0 ? -1 : start + at;
 }
 
@@ -52,7 +52,7 @@ template <class Self, class Ch>
 int SharedText<Self, Ch>::ReverseFind(Ch ch) const
 {
     const auto wanted = static_cast<Ch>(static_cast<BYTE>(ch));
-    for (int i = TextLength(m_pchData, GetLength()); i >= 0; --i) {
+    for (int i = textLength(m_pchData, GetLength()); i >= 0; --i) {
         if (m_pchData[i] == wanted) return i;
     }
     return -1;
@@ -109,16 +109,16 @@ template <class Self, class Ch>
 void SharedText<Self, Ch>::MakeReverse()
 {
     CopyBeforeWrite();
-    std::reverse(m_pchData, m_pchData + TextLength(m_pchData, GetLength()));
+    std::reverse(m_pchData, m_pchData + textLength(m_pchData, GetLength()));
 }
 
 template <class Self, class Ch>
 void SharedText<Self, Ch>::TrimRight()
 {
     CopyBeforeWrite();
-    const int end = TextLength(m_pchData, GetLength());
+    const int end = textLength(m_pchData, GetLength());
     int keep = end;
-    while (keep > 0 && IsSpace(m_pchData[keep - 1])) --keep;
+    while (keep > 0 && isWhiteSpace(m_pchData[keep - 1])) --keep;
     if (keep < end) SetLength(keep);
 }
 
@@ -127,7 +127,7 @@ void SharedText<Self, Ch>::TrimLeft()
 {
     CopyBeforeWrite();
     int skip = 0;
-    while (IsSpace(m_pchData[skip])) ++skip;
+    while (isWhiteSpace(m_pchData[skip])) ++skip;
     const int keep = GetLength() - skip;
     std::memmove(m_pchData, m_pchData + skip, static_cast<std::size_t>(keep) * sizeof(Ch));
     SetLength(keep);

@@ -28,7 +28,7 @@ std::string readNarrow(CStream& stream)
 {
     StringW wide;
     stream.Read(wide);
-    return corekit::detail::NarrowText({wide, static_cast<std::size_t>(wide.GetLength())});
+    return corekit::detail::narrowText({wide, static_cast<std::size_t>(wide.GetLength())});
 }
 
 } // namespace
@@ -53,13 +53,13 @@ void CStream::Read(CString& text) { text = readNarrow(*this).c_str(); }
 
 void CStream::WriteStringRaw(const char* text, int length)
 {
-    if (length < 0) length = corekit::detail::CountedLength(corekit::detail::TextLength(text));
+    if (length < 0) length = corekit::detail::countedLength(corekit::detail::textLength(text));
     InternalWrite(text, static_cast<DWORD>(length));
 }
 
 void CStream::WriteStringRaw(const WCHAR* text, int length)
 {
-    if (length < 0) length = corekit::detail::CountedLength(corekit::detail::TextLength(text));
+    if (length < 0) length = corekit::detail::countedLength(corekit::detail::textLength(text));
     DWORD left = static_cast<DWORD>(length);
     constexpr DWORD mostAtOnce = 0x40000000; // units, whose bytes a count still holds
     for (; left > mostAtOnce; left -= mostAtOnce, text += mostAtOnce) {

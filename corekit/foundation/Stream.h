@@ -82,7 +82,7 @@ public:
 
     void Write(const WCHAR* text) // not null
     {
-        const auto length = static_cast<WORD>(corekit::detail::TextLength(text));
+        const auto length = static_cast<WORD>(corekit::detail::textLength(text));
         Put(length);
         InternalWrite(text, length * DWORD{sizeof(WCHAR)});
     }

@@ -19,7 +19,7 @@ const StringA& AfxGetEmptyStringA()
 namespace {
 
 // Room for text of n wide units in any code page.
-int narrowRoom(int n) { return corekit::detail::CountedLength(static_cast<std::size_t>(std::max(n, 0)) * 4); }
+int narrowRoom(int n) { return corekit::detail::countedLength(static_cast<std::size_t>(std::max(n, 0)) * 4); }
 
 } // namespace
 
@@ -27,7 +27,7 @@ StringA::StringA(const WCHAR* p) { *this = p; }
 
 StringA& StringA::operator=(const WCHAR* p)
 {
-    const int n = p ? corekit::detail::CountedLength(corekit::detail::TextLength(p)) : 0;
+    const int n = p ? corekit::detail::countedLength(corekit::detail::textLength(p)) : 0;
     AllocBeforeWrite(narrowRoom(n));
     if (n) _wcstombsz(m_pchData, p, static_cast<std::size_t>(n) + 1);
     ReleaseBuffer(n ? -1 : 0);
@@ -45,7 +45,7 @@ void StringA::ConcatCopy(int n1, const char* p1, int n2, const WCHAR* p2)
 {
     n1 = std::max(n1, 0);
     if (n1 == 0 && n2 <= 0) return;
-    AllocBuffer(corekit::detail::CountedLength(static_cast<std::size_t>(n1) +
+    AllocBuffer(corekit::detail::countedLength(static_cast<std::size_t>(n1) +
                                                static_cast<std::size_t>(narrowRoom(n2))));
     std::copy_n(p1, n1, m_pchData);
     m_pchData[n1] = '\0';
@@ -57,7 +57,7 @@ void StringA::ConcatCopy(int n1, const WCHAR* p1, int n2, const char* p2)
 {
     n2 = std::max(n2, 0);
     if (n1 <= 0 && n2 == 0) return;
-    AllocBuffer(corekit::detail::CountedLength(static_cast<std::size_t>(narrowRoom(n1)) +
+    AllocBuffer(corekit::detail::countedLength(static_cast<std::size_t>(narrowRoom(n1)) +
                                                static_cast<std::size_t>(n2)));
     const int converted = n1 > 0 ? _wcstombsz(m_pchData, p1, static_cast<std::size_t>(n1)) - 1 : 0;
     std::copy_n(p2, n2, m_pchData + converted);
@@ -67,6 +67,6 @@ void StringA::ConcatCopy(int n1, const WCHAR* p1, int n2, const char* p2)
 
 StringA StringA::Narrowed(WCHAR ch)
 {
-    const std::string bytes = corekit::detail::NarrowText({&ch, 1});
+    const std::string bytes = corekit::detail::narrowText({&ch, 1});
     return StringA(bytes.data(), static_cast<int>(bytes.size()));
 }

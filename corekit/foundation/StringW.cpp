@@ -38,7 +38,7 @@ StringW& StringW::operator=(const unsigned char* p) { return *this = reinterpret
 
 StringW& StringW::operator=(const char* p)
 {
-    const int n = p ? corekit::detail::CountedLength(std::strlen(p)) : 0;
+    const int n = p ? corekit::detail::countedLength(std::strlen(p)) : 0;
     AllocBeforeWrite(n);
     if (n) _mbstowcsz(m_pchData, p, static_cast<std::size_t>(n) + 1);
     ReleaseBuffer(n ? -1 : 0);

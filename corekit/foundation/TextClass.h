@@ -18,19 +18,19 @@ inline int compareCollated(const WCHAR* a, const WCHAR* b) { return crt16::wcsco
 // How many leading characters are in the set, or are not in it. Null is a set of nothing.
 inline int countInside(const char* text, const char* set)
 {
-    return CountedLength(std::strspn(text, set ? set : ""));
+    return countedLength(std::strspn(text, set ? set : ""));
 }
 inline int countInside(const WCHAR* text, const WCHAR* set)
 {
-    return CountedLength(crt16::wcsspn(text, set ? set : u""));
+    return countedLength(crt16::wcsspn(text, set ? set : u""));
 }
 inline int countOutside(const char* text, const char* set)
 {
-    return CountedLength(std::strcspn(text, set ? set : ""));
+    return countedLength(std::strcspn(text, set ? set : ""));
 }
 inline int countOutside(const WCHAR* text, const WCHAR* set)
 {
-    return CountedLength(crt16::wcscspn(text, set ? set : u""));
+    return countedLength(crt16::wcscspn(text, set ? set : u""));
 }
 
 inline void upperInPlace(char* p) { _strupr(p); }
@@ -39,7 +39,7 @@ inline void lowerInPlace(char* p) { _strlwr(p); }
 inline void lowerInPlace(WCHAR* p) { crt16::_wcslwr(p); }
 
 // The narrow one is asked with the plain signed value.
-inline bool IsSpace(char ch) { return std::isspace(ch) != 0; }
-inline bool IsSpace(WCHAR ch) { return crt16::iswspace(ch) != 0; }
+inline bool isWhiteSpace(char ch) { return std::isspace(ch) != 0; }
+inline bool isWhiteSpace(WCHAR ch) { return crt16::iswspace(ch) != 0; }
 
 } // namespace corekit::detail

@@ -9,13 +9,13 @@ using namespace corekit::detail;
 int _wcstombsz(char* dest, const WCHAR* src, std::size_t count)
 {
     if (count == 0) return 0;
-    const std::u16string_view text(src, TextLength(src));
+    const std::u16string_view text(src, textLength(src));
     const int room = static_cast<int>(std::min<std::size_t>(count - 1, INT_MAX - 1));
     int written = 0;
     if (!text.empty() && room > 0) {
-        written = ToNarrow(text, dest, room);
+        written = narrowInto(text, dest, room);
         if (written <= 0) {
-            const std::string cut = NarrowText(text, room);
+            const std::string cut = narrowText(text, room);
             written = static_cast<int>(cut.copy(dest, cut.size()));
         }
     }
@@ -30,10 +30,10 @@ int _mbstowcsz(WCHAR* dest, const char* src, std::size_t count)
     const int room = static_cast<int>(std::min<std::size_t>(count - 1, INT_MAX - 1));
     int written = 0;
     if (!text.empty() && room > 0) {
-        written = ToWide(text, dest, room);
+        written = widenInto(text, dest, room);
         if (written <= 0) {
-            std::u16string cut = WideText(text).substr(0, static_cast<std::size_t>(room));
-            if (!cut.empty() && IsHighSurrogate(cut.back())) cut.pop_back();
+            std::u16string cut = wideText(text).substr(0, static_cast<std::size_t>(room));
+            if (!cut.empty() && isHighSurrogate(cut.back())) cut.pop_back();
             written = static_cast<int>(cut.copy(dest, cut.size()));
         }
     }

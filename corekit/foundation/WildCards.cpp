@@ -239,7 +239,7 @@ public:
         for (std::size_t from = 0; units != 0; isFirst = false) {
             const auto begin = static_cast<std::size_t>(std::countr_zero(units));
             const auto size = static_cast<std::size_t>(std::countr_one(units >> begin));
-            from = corekit::detail::FindInUnits(text, {m_pattern + begin, size}, from);
+            from = corekit::detail::findInUnits(text, {m_pattern + begin, size}, from);
             if (from == View::npos) return none;
             if (isFirst) first = static_cast<int>(from);
             from += size;

@@ -150,7 +150,7 @@ using FormatArguments = std::span<const FormatArgument>;
 
 template <Formattable... Args>
 // The arguments of a call, in order; no allocation.
-std::array<FormatArgument, sizeof...(Args)> ListArguments(const Args&... args)
+std::array<FormatArgument, sizeof...(Args)> listArguments(const Args&... args)
 {
     return {FormatArgument(args)...};
 }

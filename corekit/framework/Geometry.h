@@ -17,11 +17,11 @@ class CPoint;
 class CRect;
 
 namespace corekit::detail {
-constexpr LONG WrapAdd(LONG a, LONG b) // modulo 2^32
+constexpr LONG wrapAdd(LONG a, LONG b) // modulo 2^32
 {
     return static_cast<LONG>(static_cast<DWORD>(a) + static_cast<DWORD>(b));
 }
-constexpr LONG WrapSub(LONG a, LONG b)
+constexpr LONG wrapSub(LONG a, LONG b)
 {
     return static_cast<LONG>(static_cast<DWORD>(a) - static_cast<DWORD>(b));
 }
@@ -38,11 +38,11 @@ public:
     constexpr void SetSize(int width, int height) { *this = CSize(width, height); }
     constexpr CSize operator+(SIZE s) const
     {
-        return {corekit::detail::WrapAdd(cx, s.cx), corekit::detail::WrapAdd(cy, s.cy)};
+        return {corekit::detail::wrapAdd(cx, s.cx), corekit::detail::wrapAdd(cy, s.cy)};
     }
     constexpr CSize operator-(SIZE s) const
     {
-        return {corekit::detail::WrapSub(cx, s.cx), corekit::detail::WrapSub(cy, s.cy)};
+        return {corekit::detail::wrapSub(cx, s.cx), corekit::detail::wrapSub(cy, s.cy)};
     }
     constexpr CSize operator-() const { return CSize() - *this; } // mirrored
     constexpr CSize& operator+=(SIZE s) { return *this = *this + s; }
@@ -72,11 +72,11 @@ public:
     // A point moved by a size or a point is a point; the difference of two points is a size.
     constexpr CPoint operator+(SIZE s) const
     {
-        return {corekit::detail::WrapAdd(x, s.cx), corekit::detail::WrapAdd(y, s.cy)};
+        return {corekit::detail::wrapAdd(x, s.cx), corekit::detail::wrapAdd(y, s.cy)};
     }
     constexpr CPoint operator-(SIZE s) const
     {
-        return {corekit::detail::WrapSub(x, s.cx), corekit::detail::WrapSub(y, s.cy)};
+        return {corekit::detail::wrapSub(x, s.cx), corekit::detail::wrapSub(y, s.cy)};
     }
     constexpr CPoint operator+(POINT p) const { return *this + SIZE{p.x, p.y}; }
     constexpr CSize operator-(POINT p) const { return CSize(*this - SIZE{p.x, p.y}); }
@@ -108,8 +108,8 @@ public:
     operator const RECT*() const { return this; }
 
     // Below 0 while left and right are the wrong way round.
-    constexpr int Width() const { return corekit::detail::WrapSub(right, left); }
-    constexpr int Height() const { return corekit::detail::WrapSub(bottom, top); } // likewise
+    constexpr int Width() const { return corekit::detail::wrapSub(right, left); }
+    constexpr int Height() const { return corekit::detail::wrapSub(bottom, top); } // likewise
     constexpr CSize Size() const { return {Width(), Height()}; }
     constexpr CPoint TopLeft() const { return {left, top}; } // the corner that belongs to the rectangle
     constexpr CPoint BottomRight() const { return {right, bottom}; } // the corner that does not
@@ -153,7 +153,7 @@ public:
     // Puts the upper left corner there and keeps the size.
     constexpr void MoveToXY(int px, int py)
     {
-        OffsetRect(corekit::detail::WrapSub(px, left), corekit::detail::WrapSub(py, top));
+        OffsetRect(corekit::detail::wrapSub(px, left), corekit::detail::wrapSub(py, top));
     }
     constexpr void MoveToXY(POINT p) { MoveToXY(p.x, p.y); } // the same
 

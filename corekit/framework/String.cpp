@@ -28,7 +28,7 @@ int lengthOf(std::string_view text)
     return static_cast<int>(text.size());
 }
 
-int Index(std::size_t position)
+int indexOf(std::size_t position)
 {
     return position == std::string_view::npos ? -1 : static_cast<int>(position);
 }
@@ -191,22 +191,22 @@ int CString::Collate(const char* text) const noexcept { return std::strcoll(m_te
 int CString::Find(char ch, int start) const noexcept
 {
     if (start < 0) return -1;
-    return Index(std::string_view(m_text, static_cast<std::size_t>(GetLength()))
-                     .find(ch, static_cast<std::size_t>(start)));
+    return indexOf(std::string_view(m_text, static_cast<std::size_t>(GetLength()))
+                       .find(ch, static_cast<std::size_t>(start)));
 }
 int CString::Find(const char* text, int start) const noexcept
 {
     if (start < 0) return -1;
-    return Index(std::string_view(m_text, static_cast<std::size_t>(GetLength()))
-                     .find(view(text), static_cast<std::size_t>(start)));
+    return indexOf(std::string_view(m_text, static_cast<std::size_t>(GetLength()))
+                       .find(view(text), static_cast<std::size_t>(start)));
 }
 int CString::FindOneOf(const char* set) const noexcept
 {
-    return Index(std::string_view(m_text, static_cast<std::size_t>(GetLength())).find_first_of(view(set)));
+    return indexOf(std::string_view(m_text, static_cast<std::size_t>(GetLength())).find_first_of(view(set)));
 }
 int CString::ReverseFind(char ch) const noexcept
 {
-    return Index(std::string_view(m_text, static_cast<std::size_t>(GetLength())).rfind(ch));
+    return indexOf(std::string_view(m_text, static_cast<std::size_t>(GetLength())).rfind(ch));
 }
 
 void CString::MakeUpper()
@@ -239,7 +239,7 @@ void CString::TrimRight() { TrimRight(whiteSpace); }
 void CString::TrimRight(const char* set)
 {
     const std::string_view text(m_text, static_cast<std::size_t>(GetLength()));
-    *this = Left(Index(text.find_last_not_of(view(set))) + 1);
+    *this = Left(indexOf(text.find_last_not_of(view(set))) + 1);
 }
 
 int CString::Replace(char from, char to)

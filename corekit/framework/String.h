@@ -149,7 +149,7 @@ public:
     // Replaces this text. A null format gives the empty text.
     void Format(const char* format, const Args&... args)
     {
-        FormatList(format, corekit::detail::ListArguments(args...));
+        FormatList(format, corekit::detail::listArguments(args...));
     }
     template <corekit::detail::Formattable... Args>
     // A text that no module has gives an empty result.
@@ -157,7 +157,7 @@ public:
     {
         CString format;
         format.LoadString(formatId);
-        FormatList(format, corekit::detail::ListArguments(args...));
+        FormatList(format, corekit::detail::listArguments(args...));
     }
     // `args` are read by the letters of the format alone, which must be right.
     void FormatV(const char* format, va_list args);
@@ -172,7 +172,7 @@ public:
     // More than 99 arguments are passed over.
     void FormatMessage(const char* format, const Args&... args)
     {
-        FormatMessageList(format, corekit::detail::ListArguments(args...));
+        FormatMessageList(format, corekit::detail::listArguments(args...));
     }
     template <corekit::detail::Formattable... Args>
     // The text comes from the string table.
@@ -180,7 +180,7 @@ public:
     {
         CString format;
         format.LoadString(formatId);
-        FormatMessageList(format, corekit::detail::ListArguments(args...));
+        FormatMessageList(format, corekit::detail::listArguments(args...));
     }
     // Reads as many arguments as the highest number of the format asks for.
     void FormatMessageV(const char* format, va_list args);

@@ -317,7 +317,7 @@ Value take(const Item<Ch>& item, FormatSource& args)
 template <class Ch>
 int boundedLength(const Ch* p, int most)
 {
-    return most < 0 ? CountedLength(TextLength(p)) : TextLength(p, most);
+    return most < 0 ? countedLength(textLength(p)) : textLength(p, most);
 }
 
 // --- the room
@@ -389,7 +389,7 @@ struct Meter {
     int Bound() const
     {
         const LONGLONG bound = std::min(plain, mostForPlainText) + items;
-        return CountedLength(static_cast<std::size_t>(std::max(bound, LONGLONG{0})));
+        return countedLength(static_cast<std::size_t>(std::max(bound, LONGLONG{0})));
     }
 };
 
@@ -469,12 +469,12 @@ struct Writer {
         if constexpr (sizeof(Ch) == 1)
             Padded(item, text);
         else
-            Padded(item, std::u16string_view(WideText(text)));
+            Padded(item, std::u16string_view(wideText(text)));
     }
     void Wide(const Item<Ch>& item, std::u16string_view text)
     {
         if constexpr (sizeof(Ch) == 1)
-            Padded(item, std::string_view(NarrowText(text, item.precision)));
+            Padded(item, std::string_view(narrowText(text, item.precision)));
         else
             Padded(item, text);
     }
@@ -561,7 +561,7 @@ class Walk {
 public:
     Walk(BufferRange<Ch> out, const Ch* format, const FormatSource& args, BufferRange<Ch> own)
         : m_args(args), m_format(format),
-          m_end(format + TextLength(format)), m_meter{m_end, own}, m_writer{out}
+          m_end(format + textLength(format)), m_meter{m_end, own}, m_writer{out}
     {
         m_meter.Look(format);
     }
@@ -577,7 +577,7 @@ public:
                 p = Convert(p);
             }
         }
-        return {CountedLength(m_writer.length), m_meter.Bound(), m_meter.readsBuffer, m_hasCharacter};
+        return {countedLength(m_writer.length), m_meter.Bound(), m_meter.readsBuffer, m_hasCharacter};
     }
 
 private:

@@ -15,7 +15,7 @@ CWinApp::CWinApp(const char* appName) : m_pszAppName(appName ? appName : "")
     m_bAutoDelete = FALSE;
     m_nThreadID = GetCurrentThreadId();
     application = this;
-    corekit::detail::SetCurrentThreadObject(this);
+    corekit::detail::setCurrentThreadObject(this);
 }
 
 CWinApp::~CWinApp()

@@ -129,7 +129,7 @@ CWinThread* AfxBeginThread(CRuntimeClass* threadClass, int priority, UINT stackB
 
 CWinThread* AfxGetThread() { return current; }
 
-CWinThread* corekit::detail::SetCurrentThreadObject(CWinThread* thread)
+CWinThread* corekit::detail::setCurrentThreadObject(CWinThread* thread)
 {
     return std::exchange(current, thread);
 }

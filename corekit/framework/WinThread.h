@@ -105,5 +105,5 @@ COREKIT_API CWinThread* AfxGetThread();
 
 namespace corekit::detail {
 // Makes `thread` the calling thread's object, null for none; returns the one before.
-CWinThread* SetCurrentThreadObject(CWinThread* thread);
+CWinThread* setCurrentThreadObject(CWinThread* thread);
 } // namespace corekit::detail

@@ -14,26 +14,26 @@ namespace corekit::detail {
 // Freed with safe_free unless it is released.
 class Block {
 public:
-    explicit Block(void* bytes) : bytes_(bytes) {}
-    Block(Block&& other) noexcept : bytes_(std::exchange(other.bytes_, nullptr)) {}
+    explicit Block(void* bytes) : m_bytes(bytes) {}
+    Block(Block&& other) noexcept : m_bytes(std::exchange(other.m_bytes, nullptr)) {}
     Block(const Block&) = delete;
     Block& operator=(const Block&) = delete;
-    ~Block() { safe_free(bytes_); }
+    ~Block() { safe_free(m_bytes); }
 
-    void* get() const { return bytes_; }
+    void* get() const { return m_bytes; }
     template <typename T>
     T* as() const
     {
-        return static_cast<T*>(bytes_);
+        return static_cast<T*>(m_bytes);
     }
     template <typename T>
     T* release()
     {
-        return static_cast<T*>(std::exchange(bytes_, nullptr));
+        return static_cast<T*>(std::exchange(m_bytes, nullptr));
     }
 
 private:
-    void* bytes_;
+    void* m_bytes;
 };
 
 // The framework's memory exception if there is no block to be had.

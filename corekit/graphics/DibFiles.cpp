@@ -40,22 +40,22 @@ T valueAt(const BYTE* bytes)
 class OpenFile {
 public:
     explicit OpenFile(const char* path)
-        : handle_(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                              FILE_FLAG_SEQUENTIAL_SCAN, nullptr))
+        : m_handle(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                               FILE_FLAG_SEQUENTIAL_SCAN, nullptr))
     {
     }
     ~OpenFile()
     {
-        if (isOpen()) CloseHandle(handle_);
+        if (isOpen()) CloseHandle(m_handle);
     }
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
 
-    bool isOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
-    HANDLE handle() const { return handle_; }
+    bool isOpen() const { return m_handle != INVALID_HANDLE_VALUE; }
+    HANDLE handle() const { return m_handle; }
 
 private:
-    HANDLE handle_;
+    HANDLE m_handle;
 };
 
 std::string_view bytesOf(const void* bytes, DWORD count) { return {static_cast<const char*>(bytes), count}; }

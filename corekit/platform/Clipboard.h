@@ -36,11 +36,7 @@ COREKIT_API HGLOBAL SetClipboardData(UINT format, HGLOBAL block);
 // Null if the clipboard is not open, or nothing of that format is there.
 COREKIT_API HGLOBAL GetClipboardData(UINT format);
 COREKIT_API BOOL IsClipboardFormatAvailable(UINT format); // need not be open
-COREKIT_API HWND GetClipboardOwner();
-COREKIT_API HWND GetOpenClipboardWindow();
 
-// The primary selection of an X display: what is selected right now, pasted with the middle button. Both do
-// nothing where there is none, and answer 0.
+// The primary selection of an X display: what is selected right now, pasted with the middle button. 0 where
+// there is none.
 COREKIT_API BOOL SetSelectionText(const WCHAR* text, int count);
-// At most size - 1 units and a terminator; returns their number, for a null buffer the whole length.
-COREKIT_API int GetSelectionText(WCHAR* buffer, int size);

@@ -8,8 +8,6 @@
 #include "corekit/platform/Resources.h"
 #include "corekit/platform/Types.h"
 
-#include <string_view>
-
 inline const char* const IDC_ARROW = MAKEINTRESOURCEA(32512);       // the usual one
 inline const char* const IDC_IBEAM = MAKEINTRESOURCEA(32513);       // over text
 inline const char* const IDC_WAIT = MAKEINTRESOURCEA(32514);        // the program is busy
@@ -32,26 +30,13 @@ inline const char* const IDI_WARNING = MAKEINTRESOURCEA(32515);
 inline const char* const IDI_INFORMATION = MAKEINTRESOURCEA(32516);
 
 // A number of the system gives the desktop's own, any other number or name the resource of a module, whatever
-// the instance. What is loaded twice is the same; nobody has to free it. Null if there is none.
+// the instance: a cursor in XPM form, an icon in that or as PNG. What is loaded twice is the same; nobody has
+// to free it. Null if there is none.
+//
+// A picture in XPM form has a transparent colour "None", and the hot spot behind the four numbers of its
+// first line. At most 256 pixels wide and high, 256 colours; anything else is as if it were not there.
 COREKIT_API HCURSOR LoadCursorA(HINSTANCE instance, const char* name);
 COREKIT_API HICON LoadIconA(HINSTANCE instance, const char* name);
-
-// A picture in XPM form: a transparent colour "None", the hot spot behind the four numbers of the first line.
-// At most 256 pixels wide and high, 256 colours. For the caller to destroy; null for anything else.
-COREKIT_API HCURSOR CreateCursorFromXpm(std::string_view xpm);
-
-struct ICONINFO {
-    BOOL fIcon; // FALSE: a cursor
-    DWORD xHotspot, yHotspot;
-    HBITMAP hbmMask;  // white where nothing is drawn; null: the colours' own alpha
-    HBITMAP hbmColor; // of the same size as the mask
-};
-
-// Copies the bitmaps. For the caller to destroy.
-COREKIT_API HICON CreateIconIndirect(const ICONINFO* info);
-// What was loaded stays; the answer is TRUE all the same.
-COREKIT_API BOOL DestroyIcon(HICON icon);
-COREKIT_API BOOL DestroyCursor(HCURSOR cursor);
 
 inline constexpr UINT DI_MASK = 1;
 inline constexpr UINT DI_IMAGE = 2;

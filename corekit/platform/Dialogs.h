@@ -32,11 +32,6 @@ inline constexpr WORD DC_HASDEFID = 0x534B;
 // not be made.
 COREKIT_API HWND CreateDialogIndirectParamA(HINSTANCE instance, const DialogTemplate* dialog, HWND owner,
                                             DLGPROC procedure, LPARAM parameter);
-// Makes a dialog, disables its owner's top window and returns when EndDialog is called: its result, or -1 if
-// the dialog could not be made. Where nobody can see windows, the dialog is made, closed at once, and gives
-// what closing it gives.
-COREKIT_API INT_PTR DialogBoxIndirectParamA(HINSTANCE instance, const DialogTemplate* dialog, HWND owner,
-                                            DLGPROC procedure, LPARAM parameter);
 // Lets the loop of a modal dialog end, from within any of its messages. False for what is no modal dialog.
 COREKIT_API BOOL EndDialog(HWND dialog, INT_PTR result);
 // What a dialog does with a message that its own procedure does not want.
@@ -59,18 +54,12 @@ COREKIT_API BOOL MapDialogRect(HWND dialog, RECT* rect); // from units to pixels
 // ---- Controls by number. 0 or -1 where there is none of that id. ---------------------------------
 
 COREKIT_API LRESULT SendDlgItemMessageA(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam);
-COREKIT_API BOOL SetDlgItemTextA(HWND dialog, int id, const char* text);
-COREKIT_API UINT GetDlgItemTextA(HWND dialog, int id, char* buffer, int size);
-COREKIT_API BOOL SetDlgItemInt(HWND dialog, int id, UINT value, BOOL isSigned);
-// 0, and `translated` false, if the text is no number or one that does not fit. `translated` may be null.
-COREKIT_API UINT GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned);
 COREKIT_API BOOL CheckDlgButton(HWND dialog, int id, UINT state); // BST_
 COREKIT_API UINT IsDlgButtonChecked(HWND dialog, int id);
-// Checks one of the buttons from `first` to `last` and clears the others.
-COREKIT_API BOOL CheckRadioButton(HWND dialog, int first, int last, int checked);
 
 namespace corekit::detail {
-// Shows a dialog that has been made, keeps its owner disabled, and returns EndDialog's result; the dialog
-// stays.
+// Shows a dialog that has been made, keeps its owner's top window disabled, and returns EndDialog's result,
+// or -1 for what is no dialog; the dialog stays. Where nobody can see windows it is closed at once, and gives
+// what closing it gives.
 COREKIT_API INT_PTR runModalDialog(HWND dialog);
 } // namespace corekit::detail

@@ -93,16 +93,3 @@ COREKIT_API BOOL StretchBlt(HDC to, int x, int y, int width, int height, HDC fro
 COREKIT_API int SetStretchBltMode(HDC dc, int mode);
 // The brush alone: PATCOPY, PATINVERT, DSTINVERT, BLACKNESS, WHITENESS. False for an operation with a source.
 COREKIT_API BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation);
-
-struct BLENDFUNCTION {
-    BYTE BlendOp;             // 0
-    BYTE BlendFlags;          // 0
-    BYTE SourceConstantAlpha; // 255: as it is
-    BYTE AlphaFormat;         // AC_SRC_ALPHA: each pixel by its own alpha, too
-};
-inline constexpr BYTE AC_SRC_OVER = 0; // the one operation
-inline constexpr BYTE AC_SRC_ALPHA = 1;
-
-// Lays the source over the destination. The source area must lie in the source.
-COREKIT_API BOOL AlphaBlend(HDC to, int x, int y, int width, int height, HDC from, int fromX, int fromY,
-                            int fromWidth, int fromHeight, BLENDFUNCTION blend);

@@ -47,8 +47,6 @@ COREKIT_API int ExtSelectClipRgn(HDC dc, HRGN region, int mode);
 // Narrows the clip to the rectangle, or takes it out; edges count from the origin.
 COREKIT_API int IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
 COREKIT_API int ExcludeClipRect(HDC dc, int left, int top, int right, int bottom);
-// Copies the caller's clip: 1, 0 if there is none, -1 on failure.
-COREKIT_API int GetClipRgn(HDC dc, HRGN region);
 // The smallest rectangle round all that can be drawn on.
 COREKIT_API int GetClipBox(HDC dc, RECT* box);
 // Whether anything there can be drawn on.

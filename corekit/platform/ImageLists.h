@@ -44,8 +44,6 @@ COREKIT_API int ImageList_Add(HIMAGELIST list, HBITMAP strip, HBITMAP mask);
 COREKIT_API int ImageList_AddMasked(HIMAGELIST list, HBITMAP strip, COLORREF mask);
 // Index -1 appends. Answers the index. Scaled to the list's size; -1 on failure.
 COREKIT_API int ImageList_ReplaceIcon(HIMAGELIST list, int index, HICON icon);
-// Cut to the list's size; `mask` may be null.
-COREKIT_API BOOL ImageList_Replace(HIMAGELIST list, int index, HBITMAP picture, HBITMAP mask);
 // Index -1 removes all. Those behind move to the front.
 COREKIT_API BOOL ImageList_Remove(HIMAGELIST list, int index);
 COREKIT_API int ImageList_GetImageCount(HIMAGELIST list);
@@ -53,7 +51,6 @@ COREKIT_API int ImageList_GetImageCount(HIMAGELIST list);
 COREKIT_API BOOL ImageList_GetIconSize(HIMAGELIST list, int* width, int* height);
 // Answers the former; a new list has CLR_NONE.
 COREKIT_API COLORREF ImageList_SetBkColor(HIMAGELIST list, COLORREF colour);
-COREKIT_API COLORREF ImageList_GetBkColor(HIMAGELIST list);
 // Its upper left corner at x, y, in units of the context. 0 for a picture that does not exist.
 COREKIT_API BOOL ImageList_Draw(HIMAGELIST list, int index, HDC dc, int x, int y, UINT style);
 

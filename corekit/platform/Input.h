@@ -18,7 +18,6 @@ COREKIT_API HWND GetFocus();
 COREKIT_API HWND SetActiveWindow(HWND window); // returns the one before
 COREKIT_API HWND GetActiveWindow();
 COREKIT_API BOOL SetForegroundWindow(HWND window);
-COREKIT_API HWND GetForegroundWindow(); // the active window while this program is the active one, else null
 
 // The window with the capture gets all mouse messages of this program; pressed buttons bring those from
 // outside, too. It ends with ReleaseCapture, and where another window takes it, or the holder is hidden,
@@ -28,11 +27,7 @@ COREKIT_API BOOL ReleaseCapture();
 COREKIT_API HWND GetCapture();
 // Pointer in screen coordinates.
 COREKIT_API BOOL GetCursorPos(POINT* point);
-COREKIT_API BOOL SetCursorPos(int x, int y);
 COREKIT_API UINT GetDoubleClickTime(); // milliseconds
-// Whether the mouse moves away from the point with the left button down, beyond the system's drag distance,
-// rather than letting go; waits for either.
-COREKIT_API BOOL DragDetect(HWND window, POINT point);
 
 inline constexpr DWORD TME_HOVER = 0x1, TME_LEAVE = 0x2, TME_CANCEL = 0x80000000;
 struct TRACKMOUSEEVENT {
@@ -43,11 +38,7 @@ struct TRACKMOUSEEVENT {
 // Asks for one WM_MOUSELEAVE when the pointer leaves the window. Hovering is not reported.
 COREKIT_API BOOL TrackMouseEvent(TRACKMOUSEEVENT* track);
 
-// If the message is a key that the table has, sends WM_COMMAND to the window (HIWORD(wParam) is 1) and
-// answers
-// 1. Rows with FVIRTKEY match WM_KEYDOWN and WM_SYSKEYDOWN with exactly the keys held that they ask for; the
+// If the message is a key of the table, sends WM_COMMAND to the window (HIWORD(wParam) is 1) and answers 1.
+// Rows with FVIRTKEY match WM_KEYDOWN and WM_SYSKEYDOWN with exactly the keys held that they ask for; the
 // others match characters.
 COREKIT_API int TranslateAcceleratorA(HWND window, HACCEL table, MSG* message);
-
-// The key's state as the device has it now; here the same as GetKeyState.
-inline SHORT GetAsyncKeyState(int virtualKey) { return GetKeyState(virtualKey); }

@@ -20,9 +20,8 @@ struct LOCALESIGNATURE {
 static_assert(sizeof(LOCALESIGNATURE) == 32);
 
 // By the process's locale (the first of LC_ALL, LC_CTYPE and LANG that is set), read once; US English for a
-// language that has no number. One machine user, so both tell the same.
+// language that has no number.
 COREKIT_API LCID GetSystemDefaultLCID();
-COREKIT_API LCID GetUserDefaultLCID();
 
 // A fact about a locale: for LOCALE_FONTSIGNATURE 32 bytes, for the others text with a terminator. A variety
 // that is not known has the facts of its language; locale 0 and the defaults 0x400 and 0x800 are the

@@ -32,8 +32,6 @@ inline constexpr DWORD DCX_WINDOW = 0x1, DCX_CACHE = 0x2, DCX_CLIPCHILDREN = 0x8
 COREKIT_API HDC GetDCEx(HWND window, HRGN clip, DWORD flags);
 // 1 if the context was given out by one of these and not given back, else 0.
 COREKIT_API int ReleaseDC(HWND window, HDC dc);
-// The window of a context from here; null for a memory context.
-COREKIT_API HWND WindowFromDC(HDC dc);
 
 // Adds to what is invalid, or takes away; a null rectangle is the whole client area. `erase` asks for
 // WM_ERASEBKGND at the next paint.
@@ -57,5 +55,3 @@ inline constexpr UINT SW_SCROLLCHILDREN = 0x1, SW_INVALIDATE = 0x2, SW_ERASE = 0
 COREKIT_API int ScrollWindowEx(HWND window, int dx, int dy, const RECT* part, const RECT* clip, HRGN region,
                                RECT* update, UINT flags);
 COREKIT_API BOOL ScrollWindow(HWND window, int dx, int dy, const RECT* part, const RECT* clip);
-// Drawing stays off the screen for this window until it is called with null. One window at a time.
-COREKIT_API BOOL LockWindowUpdate(HWND window);

@@ -12,8 +12,6 @@
 // The former menu is the caller's again.
 COREKIT_API BOOL SetMenu(HWND window, HMENU menu);
 COREKIT_API HMENU GetMenu(HWND window);
-// After a change of the bar itself; what opens from it is always up to date.
-COREKIT_API BOOL DrawMenuBar(HWND window);
 
 inline constexpr UINT TPM_LEFTALIGN = 0, TPM_CENTERALIGN = 0x4, TPM_RIGHTALIGN = 0x8, TPM_LEFTBUTTON = 0,
                       TPM_RIGHTBUTTON = 0x2, TPM_BOTTOMALIGN = 0x20, TPM_NONOTIFY = 0x80,

@@ -14,9 +14,9 @@ inline const char* MAKEINTRESOURCEA(WORD number)
     return reinterpret_cast<const char*>(static_cast<UINT_PTR>(number));
 }
 
-inline constexpr WORD RT_CURSOR = 1;      // what CreateCursorFromXpm reads
+inline constexpr WORD RT_CURSOR = 1;      // a picture in XPM form
 inline constexpr WORD RT_BITMAP = 2;      // what CreateBitmapFromDib reads
-inline constexpr WORD RT_ICON = 3;        // a PNG file, or what CreateCursorFromXpm reads
+inline constexpr WORD RT_ICON = 3;        // a PNG file, or a picture in XPM form
 inline constexpr WORD RT_DIALOG = 5;      // what DialogBytes reads
 inline constexpr WORD RT_ACCELERATOR = 9; // what AcceleratorResource makes
 

@@ -1,8 +1,7 @@
 // Text functions of the platform's C runtime under their documented names.
 //
 // The 16-bit forms stand in namespace crt16, since the machine's own wchar_t is 32 bits wide. Text is
-// zero-terminated unless a view is passed; a count is in 16-bit units. None takes a null pointer but
-// lstrlenA.
+// zero-terminated unless a view is passed; a count is in 16-bit units. None takes a null pointer.
 #pragma once
 
 #include "corekit/platform/Export.h"
@@ -18,8 +17,6 @@ COREKIT_API int _strnicmp(const char* a, const char* b, std::size_t count);
 COREKIT_API char* _strupr(char* text);
 COREKIT_API char* _strlwr(char* text);
 COREKIT_API char* _strrev(char* text);
-// The length of text in bytes, 0 for null.
-COREKIT_API int lstrlenA(const char* text);
 
 namespace crt16 {
 
@@ -32,11 +29,6 @@ COREKIT_API int wcscoll(const WCHAR* a, const WCHAR* b);
 // As wcscmp after each unit went through towlower.
 COREKIT_API int _wcsicmp(const WCHAR* a, const WCHAR* b);
 
-// The first (wcsrchr: last) place of the unit, or null; a zero finds the terminator.
-COREKIT_API const WCHAR* wcschr(const WCHAR* text, WCHAR unit);
-COREKIT_API const WCHAR* wcsrchr(const WCHAR* text, WCHAR unit);
-// The first place of what, text itself for an empty what, or null.
-COREKIT_API const WCHAR* wcsstr(const WCHAR* text, const WCHAR* what);
 // How many units from the start are (wcscspn: are not) in set.
 COREKIT_API std::size_t wcsspn(const WCHAR* text, const WCHAR* set);
 COREKIT_API std::size_t wcscspn(const WCHAR* text, const WCHAR* set);

@@ -18,38 +18,38 @@
 namespace corekit::detail {
 
 // A length as the strings keep it; texts that no int can count do not fit into memory that a string may have.
-inline int CountedLength(std::size_t n)
+inline int countedLength(std::size_t n)
 {
     if (n > INT_MAX) throw std::bad_alloc();
     return static_cast<int>(n);
 }
 
 // Units before the terminator.
-inline std::size_t TextLength(const char* p) { return std::strlen(p); }
-COREKIT_API std::size_t TextLength(const WCHAR* p);
+inline std::size_t textLength(const char* p) { return std::strlen(p); }
+COREKIT_API std::size_t textLength(const WCHAR* p);
 
 // The index of the first zero, at most n.
-inline int TextLength(const char* p, int n)
+inline int textLength(const char* p, int n)
 {
     return static_cast<int>(strnlen(p, static_cast<std::size_t>(n)));
 }
-COREKIT_API int TextLength(const WCHAR* p, int n);
+COREKIT_API int textLength(const WCHAR* p, int n);
 
 // The index of a character or a text in text[0, n), -1 if there is none. Case counts. Of several places the
 // first. An empty text is found at 0.
-COREKIT_API int FindInText(const char* text, int n, char ch);
-COREKIT_API int FindInText(const WCHAR* text, int n, WCHAR ch);
-COREKIT_API int FindInText(const char* text, int n, const char* what);
-COREKIT_API int FindInText(const WCHAR* text, int n, const WCHAR* what);
+COREKIT_API int findInText(const char* text, int n, char ch);
+COREKIT_API int findInText(const WCHAR* text, int n, WCHAR ch);
+COREKIT_API int findInText(const char* text, int n, const char* what);
+COREKIT_API int findInText(const WCHAR* text, int n, const WCHAR* what);
 
 // The first unit that equals `unit`, or the terminator.
-COREKIT_API const WCHAR* FindUnitOrEnd(const WCHAR* text, WCHAR unit);
+COREKIT_API const WCHAR* findUnitOrEnd(const WCHAR* text, WCHAR unit);
 
 // Where two texts part: the index of the first difference, or of the terminator at which both end.
-COREKIT_API std::size_t MismatchInText(const WCHAR* a, const WCHAR* b);
+COREKIT_API std::size_t mismatchInText(const WCHAR* a, const WCHAR* b);
 
 // Whether n units are the same; a zero is a unit like any other.
-inline bool SameUnits(const WCHAR* a, const WCHAR* b, std::size_t n)
+inline bool sameUnits(const WCHAR* a, const WCHAR* b, std::size_t n)
 {
     const auto differ = [a, b](std::size_t i) { return loadUnits(a + i) ^ loadUnits(b + i); };
     const auto isZero = [](Units units) { return markBits(zeroUnits(units)) == 0xFFFF; };
@@ -64,34 +64,34 @@ inline bool SameUnits(const WCHAR* a, const WCHAR* b, std::size_t n)
 }
 
 // Whether two texts with their terminators are the same; the lengths only make it faster.
-inline bool SameText(const char* a, int, const char* b, int) { return std::strcmp(a, b) == 0; }
-inline bool SameText(const WCHAR* a, int lengthA, const WCHAR* b, int lengthB)
+inline bool sameText(const char* a, int, const char* b, int) { return std::strcmp(a, b) == 0; }
+inline bool sameText(const WCHAR* a, int lengthA, const WCHAR* b, int lengthB)
 {
     // Texts that are equal are mostly so to the end, without a zero in between.
-    if (lengthA == lengthB && SameUnits(a, b, static_cast<std::size_t>(lengthA))) return true;
+    if (lengthA == lengthB && sameUnits(a, b, static_cast<std::size_t>(lengthA))) return true;
     if (*a != *b) return false;
-    const std::size_t i = MismatchInText(a, b);
+    const std::size_t i = mismatchInText(a, b);
     return a[i] == b[i];
 }
 
 // -1, 0 or 1, by unsigned values. Most texts differ in their first character.
-inline int CompareText(const char* a, const char* b)
+inline int compareText(const char* a, const char* b)
 {
     const auto x = static_cast<unsigned char>(*a), y = static_cast<unsigned char>(*b);
     if (x != y) return x < y ? -1 : 1;
     const int difference = std::strcmp(a, b);
     return (difference > 0) - (difference < 0);
 }
-inline int CompareText(const WCHAR* a, const WCHAR* b)
+inline int compareText(const WCHAR* a, const WCHAR* b)
 {
     if (*a != *b) return *a < *b ? -1 : 1;
-    const std::size_t i = MismatchInText(a, b);
+    const std::size_t i = mismatchInText(a, b);
     return (a[i] > b[i]) - (a[i] < b[i]);
 }
 
 // The first place of a text or a unit at or behind `from`, npos if there is none; the terminator counts for
 // nothing. An empty text is found at `from` if that lies within.
-COREKIT_API std::size_t FindInUnits(std::u16string_view text, std::u16string_view what, std::size_t from);
-COREKIT_API std::size_t FindInUnits(std::u16string_view text, WCHAR unit, std::size_t from);
+COREKIT_API std::size_t findInUnits(std::u16string_view text, std::u16string_view what, std::size_t from);
+COREKIT_API std::size_t findInUnits(std::u16string_view text, WCHAR unit, std::size_t from);
 
 } // namespace corekit::detail

@@ -40,8 +40,6 @@ COREKIT_API BSTR SysAllocString(const WCHAR* text);
 // length units from text, zeros included; of unset content when text is null.
 COREKIT_API BSTR SysAllocStringLen(const WCHAR* text, UINT length);
 COREKIT_API void SysFreeString(BSTR text); // null is disregarded
-// In units, without the terminator.
-COREKIT_API UINT SysStringLen(BSTR text);
 
 // Makes an empty variant out of unset memory.
 COREKIT_API void VariantInit(VARIANT* variant);

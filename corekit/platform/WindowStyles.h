@@ -45,8 +45,6 @@ inline constexpr int CW_USEDEFAULT = static_cast<int>(0x80000000); // place or s
 // Procedure, module, parent or owner, id, styles, a value of the program's.
 inline constexpr int GWLP_WNDPROC = -4, GWLP_HINSTANCE = -6, GWLP_HWNDPARENT = -8, GWLP_ID = -12,
                      GWL_STYLE = -16, GWL_EXSTYLE = -20, GWLP_USERDATA = -21;
-// Of a class: background, cursor, icon, style.
-inline constexpr int GCLP_HBRBACKGROUND = -10, GCLP_HCURSOR = -12, GCLP_HICON = -14, GCL_STYLE = -26;
 
 // ---- The tree
 // Siblings from the topmost to the lowest, the owner of a top window, the topmost child.
@@ -75,6 +73,6 @@ inline HWND const HWND_TOPMOST = reinterpret_cast<HWND>(static_cast<LONG_PTR>(-1
 inline HWND const HWND_NOTOPMOST = reinterpret_cast<HWND>(static_cast<LONG_PTR>(-2)); // no longer so
 
 // ---- Errors
-// Of classes: none of that name, one already, none to take away, one that is in use.
+// Of classes: none of that name to make a window of, one already, none to ask about.
 inline constexpr DWORD ERROR_CANNOT_FIND_WND_CLASS = 1407, ERROR_CLASS_ALREADY_EXISTS = 1410,
-                       ERROR_CLASS_DOES_NOT_EXIST = 1411, ERROR_CLASS_HAS_WINDOWS = 1412;
+                       ERROR_CLASS_DOES_NOT_EXIST = 1411;

@@ -2,7 +2,7 @@
 //
 // A window is a handle that stands for one widget of the toolkit. It belongs to the thread that runs the
 // toolkit: whatever stands here is for that thread; on another the calls fail with error 5, and a debug
-// build stops. IsWindow, PostMessageA and GetWindowThreadProcessId may be asked anywhere.
+// build stops. IsWindow and PostMessageA may be asked anywhere.
 //
 // A handle that is null, closed or foreign fails with error 1400 and does no harm. Any message may destroy
 // any window: who sends one asks IsWindow before going on.
@@ -35,16 +35,12 @@ struct WNDCLASSA {
     const char* lpszMenuName;
     const char* lpszClassName; // compared without case
 };
-// 0 with error 1410 if there is such a class already. Classes stay until UnregisterClassA, which fails with
-// error 1412 while there is a window of the class. The controls' classes are there from the beginning.
+// 0 with error 1410 if there is such a class already. Classes stay for good; the controls' are there from the
+// beginning.
 COREKIT_API ATOM RegisterClassA(const WNDCLASSA* windowClass);
-COREKIT_API BOOL UnregisterClassA(const char* className, HINSTANCE instance);
 // False if there is no such class; the name is that of the registration.
 COREKIT_API BOOL GetClassInfoA(HINSTANCE instance, const char* className, WNDCLASSA* windowClass);
 COREKIT_API int GetClassNameA(HWND window, char* buffer, int size);
-// index: GCLP_. Changes the class, hence all its windows.
-COREKIT_API ULONG_PTR GetClassLongPtrA(HWND window, int index);
-COREKIT_API ULONG_PTR SetClassLongPtrA(HWND window, int index, LONG_PTR value);
 
 // ---- Life ---------------------------------------------------------------------------------------
 
@@ -60,8 +56,6 @@ COREKIT_API HWND CreateWindowExA(DWORD exStyle, const char* className, const cha
 // handles. Windows that it owns go first. May be called from any message of that very window.
 COREKIT_API BOOL DestroyWindow(HWND window);
 COREKIT_API BOOL IsWindow(HWND window);
-// The thread's number (Threads.h), 0 for no window; `process` may be null.
-COREKIT_API DWORD GetWindowThreadProcessId(HWND window, DWORD* process);
 
 // ---- Procedures ---------------------------------------------------------------------------------
 
@@ -75,10 +69,6 @@ COREKIT_API LONG_PTR GetWindowLongPtrA(HWND window, int index);
 COREKIT_API LONG_PTR SetWindowLongPtrA(HWND window, int index, LONG_PTR value);
 COREKIT_API LONG GetWindowLongA(HWND window, int index);
 COREKIT_API LONG SetWindowLongA(HWND window, int index, LONG value);
-// Named values at a window; the owner of a value takes it away by WM_NCDESTROY.
-COREKIT_API BOOL SetPropA(HWND window, const char* name, HANDLE value);
-COREKIT_API HANDLE GetPropA(HWND window, const char* name);
-COREKIT_API HANDLE RemovePropA(HWND window, const char* name);
 
 // ---- The tree -----------------------------------------------------------------------------------
 
@@ -91,14 +81,9 @@ COREKIT_API BOOL IsChild(HWND parent, HWND window);    // at any depth
 // which: GW_. Siblings stand from the topmost to the lowest.
 COREKIT_API HWND GetWindow(HWND window, UINT which);
 inline HWND GetTopWindow(HWND window) { return GetWindow(window, GW_CHILD); }
-using WNDENUMPROC = BOOL (*)(HWND, LPARAM);
-// Calls back for each child at any depth until one answers 0; windows that went meanwhile are left out.
-COREKIT_API BOOL EnumChildWindows(HWND parent, WNDENUMPROC callback, LPARAM parameter);
 // The first child with that id, at one depth.
 COREKIT_API HWND GetDlgItem(HWND parent, int id);
 COREKIT_API int GetDlgCtrlID(HWND window);
-// The top window of the program that has this class and text; each may be null.
-COREKIT_API HWND FindWindowA(const char* className, const char* name);
 // A handle that stands for the screen: GetWindowRect answers the primary screen's, and nothing can be sent.
 COREKIT_API HWND GetDesktopWindow();
 COREKIT_API HWND WindowFromPoint(POINT point); // of this program; null if there is none

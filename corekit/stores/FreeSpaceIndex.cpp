@@ -4,9 +4,9 @@
 
 namespace corekit::detail {
 namespace {
-std::uint64_t Key(DWORD upper, DWORD lower) { return static_cast<std::uint64_t>(upper) << 32 | lower; }
-std::uint64_t placeKey(VLRExtent entry) { return Key(entry.nOffset, entry.nSize); }
-std::uint64_t lengthKey(VLRExtent entry) { return Key(entry.nSize, entry.nOffset); }
+std::uint64_t keyOf(DWORD upper, DWORD lower) { return static_cast<std::uint64_t>(upper) << 32 | lower; }
+std::uint64_t placeKey(VLRExtent entry) { return keyOf(entry.nOffset, entry.nSize); }
+std::uint64_t lengthKey(VLRExtent entry) { return keyOf(entry.nSize, entry.nOffset); }
 VLRExtent fromPlaceKey(std::uint64_t key) { return {static_cast<DWORD>(key >> 32), static_cast<DWORD>(key)}; }
 constexpr std::size_t fewKeys = 8;  // not worth asking whether their entries are still there
 constexpr std::size_t slack = 1024; // keys of entries that are gone, before they are cleared away
@@ -35,8 +35,8 @@ std::vector<VLRExtent> FreeSpaceIndex::Entries(std::size_t first, std::size_t en
 FreeSpaceIndex::Ranks FreeSpaceIndex::Changed() const
 {
     if (m_lowestChange > m_highestChange) return {0, 0};
-    return {m_byPlace.RankOf(m_byPlace.LowerBound(Key(m_lowestChange, 0))),
-            m_byPlace.RankOf(m_byPlace.LowerBound(Key(m_highestChange, 0xFFFFFFFF)))};
+    return {m_byPlace.RankOf(m_byPlace.LowerBound(keyOf(m_lowestChange, 0))),
+            m_byPlace.RankOf(m_byPlace.LowerBound(keyOf(m_highestChange, 0xFFFFFFFF)))};
 }
 
 void FreeSpaceIndex::ForgetChanges()
@@ -55,7 +55,7 @@ std::optional<VLRExtent> FreeSpaceIndex::Find(DWORD length)
 {
     SettleLengths();
     for (;;) {
-        const auto exact = m_byLength.LowerBound(Key(length, 0));
+        const auto exact = m_byLength.LowerBound(keyOf(length, 0));
         if (m_byLength.IsEnd(exact)) break;
         const std::uint64_t key = m_byLength.At(exact);
         if (static_cast<DWORD>(key >> 32) != length) break;
@@ -81,7 +81,7 @@ void FreeSpaceIndex::TakeFront(VLRExtent entry, DWORD length)
 
 void FreeSpaceIndex::TakeOut(VLRExtent stretch)
 {
-    const auto after = m_byPlace.LowerBound(Key(stretch.nOffset, 0xFFFFFFFF));
+    const auto after = m_byPlace.LowerBound(keyOf(stretch.nOffset, 0xFFFFFFFF));
     if (m_byPlace.IsBegin(after)) return;
     const VLRExtent around = fromPlaceKey(m_byPlace.At(m_byPlace.Previous(after)));
     if (endOf(around) < endOf(stretch)) return;

@@ -9,7 +9,7 @@ namespace {
 
 // Texts of the typed layer mostly have 16 to 128 bytes: those are moved in eight blocks that overlap as the
 // length demands, since a jump by the length costs more than the bytes.
-void CopyLong(void* to, const void* from, DWORD count)
+void copyLong(void* to, const void* from, DWORD count)
 {
     if (count < 16 || count > 128) {
         std::memcpy(to, from, count);

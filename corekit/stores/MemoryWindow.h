@@ -11,12 +11,12 @@
 namespace corekit::detail {
 
 // A copy of any length, of which the blocks do not overlap. Out of line, to keep the small copies short.
-COREKIT_API void CopyLong(void* to, const void* from, DWORD count);
+COREKIT_API void copyLong(void* to, const void* from, DWORD count);
 
 // Values of the typed layer have 1, 2, 4 or 8 bytes, which are worth a move of their own. The blocks are
 // laundered, because where a copy is inlined on one of known size the compiler warns of the moves that the
 // count rules out.
-inline void CopyBytes(void* toBlock, const void* fromBlock, DWORD count)
+inline void copyBytes(void* toBlock, const void* fromBlock, DWORD count)
 {
     BYTE* const to = std::launder(static_cast<BYTE*>(toBlock));
     const BYTE* const from = std::launder(static_cast<const BYTE*>(fromBlock));
@@ -29,7 +29,7 @@ inline void CopyBytes(void* toBlock, const void* fromBlock, DWORD count)
     else if (count == 8)
         std::memcpy(to, from, 8);
     else if (count)
-        CopyLong(to, from, count);
+        copyLong(to, from, count);
 }
 
 // Owns nothing: the stream does, and moves the window to a new block when the old one is too small. All
@@ -56,7 +56,7 @@ struct COREKIT_API MemoryWindow {
     {
         const BYTE* from = bytes + position;
         position += count;
-        CopyBytes(buffer, from, count);
+        copyBytes(buffer, from, count);
     }
     void Put(const void* buffer, DWORD count)
     {
@@ -64,7 +64,7 @@ struct COREKIT_API MemoryWindow {
         BYTE* to = bytes + position;
         position += count;
         if (position > size) size = position;
-        CopyBytes(to, buffer, count);
+        copyBytes(to, buffer, count);
     }
 
     // The room in bytes that a write of `count` bytes beyond it needs, in whole grow steps. Throws

@@ -40,7 +40,7 @@ protected:
         if (IsInsidePage(count) && count <= m_size - m_position && !m_isDirty) [[likely]] {
             const BYTE* from = m_page.get() + (m_position - m_base);
             m_position += count;
-            CopyBytes(buffer, from, count);
+            copyBytes(buffer, from, count);
         } else {
             ReadPages(static_cast<BYTE*>(buffer), count);
         }
@@ -53,7 +53,7 @@ protected:
             m_isDirty = TRUE;
             m_position += count;
             if (m_position > m_size) m_size = m_position;
-            CopyBytes(to, buffer, count);
+            copyBytes(to, buffer, count);
         } else {
             WritePages(static_cast<const BYTE*>(buffer), count);
         }

@@ -73,7 +73,7 @@ template <class Text>
 void narrow(std::string_view data, Text& value)
 {
     std::u16string aligned;
-    value = corekit::detail::NarrowText(unitsOf(data, aligned)).c_str();
+    value = corekit::detail::narrowText(unitsOf(data, aligned)).c_str();
 }
 
 } // namespace
@@ -213,7 +213,7 @@ int CPropertyStore::GetValue(const char* name, unsigned long& value) const
 int CPropertyStore::GetValue(const char* name, StringW& value) const
 {
     return WithValue(name, [&](std::string_view data) {
-        const auto units = corekit::detail::CountedLength(data.size() / sizeof(WCHAR));
+        const auto units = corekit::detail::countedLength(data.size() / sizeof(WCHAR));
         StringW text;
         if (units > 0) {
             std::memcpy(text.GetBufferSetLength(units), data.data(),
@@ -243,7 +243,7 @@ int CPropertyStore::GetValue(const char* name, CString& value) const
 int CPropertyStore::GetValue(const char* name, CByteArray& value) const
 {
     return WithValue(name, [&](std::string_view data) {
-        value.SetSize(corekit::detail::CountedLength(data.size()));
+        value.SetSize(corekit::detail::countedLength(data.size()));
         if (!data.empty()) std::memcpy(value.GetData(), data.data(), data.size());
         return 1;
     });
@@ -297,13 +297,13 @@ void CPropertyStore::SetValue(const char* name, const _GUID& value)
 
 void CPropertyStore::SetValue(const char* name, const WCHAR* text)
 {
-    SetBytes(name, ePSString, text, text ? corekit::detail::TextLength(text) * sizeof(WCHAR) : 0);
+    SetBytes(name, ePSString, text, text ? corekit::detail::textLength(text) * sizeof(WCHAR) : 0);
 }
 
 void CPropertyStore::SetValue(const char* name, const char* text)
 {
     const std::u16string wide =
-        withMemoryException([&] { return corekit::detail::WideText(viewOfName(text)); });
+        withMemoryException([&] { return corekit::detail::wideText(viewOfName(text)); });
     SetBytes(name, ePSString, wide.data(), wide.size() * sizeof(WCHAR));
 }
 

@@ -111,7 +111,7 @@ private:
         if (NarrowPlain(from, units, to)) return {to, units};
         std::u16string wide(units, u'\0');
         std::memcpy(wide.data(), from, units * sizeof(WCHAR));
-        return m_name = NarrowText(wide).c_str(); // a name ends at a zero
+        return m_name = narrowText(wide).c_str(); // a name ends at a zero
     }
 
     // Reads and writes whole blocks of sixteen characters: what is written in one piece is ready soonest for

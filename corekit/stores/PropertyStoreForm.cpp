@@ -46,7 +46,7 @@ public:
             if (bytes > sizeof m_buffer - m_used) Flush();
             if (PutPlain(name)) return;
         }
-        const std::u16string wide = corekit::detail::WideText(name);
+        const std::u16string wide = corekit::detail::wideText(name);
         const WORD length = static_cast<WORD>(wide.size());
         PutBytes(&length, sizeof length);
         PutBytes(wide.data(), length * sizeof(WCHAR));

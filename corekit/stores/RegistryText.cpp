@@ -132,7 +132,7 @@ std::string unquoted(std::string_view& text)
     return *std::move(narrow);
 }
 
-std::string Bytes(std::string_view text)
+std::string bytesOf(std::string_view text)
 {
     std::string bytes;
     for (std::size_t at = 0; at < text.size();) {
@@ -320,10 +320,10 @@ RegistryItem ParseRegistryValue(std::string_view text)
         for (DWORD number = parseNumber(text), i = 0; i < 4; ++i)
             item.data += static_cast<char>(number >> 8 * i);
     } else if (form == "binary") {
-        item = {REG_BINARY, Bytes(text)};
+        item = {REG_BINARY, bytesOf(text)};
     } else if (form == "type") {
         const std::string_view type = text.substr(0, text.find_first_of(blanks));
-        item = {parseNumber(type), Bytes(text.substr(type.size()))};
+        item = {parseNumber(type), bytesOf(text.substr(type.size()))};
     } else {
         refuse("a value must be text, expand, texts, number, binary or type");
     }

@@ -19,7 +19,7 @@ constexpr std::string_view endMark = "PK\5\6", locatorMark = "PK\6\7", wideEndMa
 
 using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
-DWORDLONG Number(std::string_view bytes, std::size_t at, std::size_t size)
+DWORDLONG numberAt(std::string_view bytes, std::size_t at, std::size_t size)
 {
     DWORDLONG number = 0;
     for (std::size_t i = size; i > 0; --i) number = number << 8 | static_cast<BYTE>(bytes[at + i - 1]);
@@ -57,7 +57,7 @@ std::optional<DWORDLONG> findEnd(std::FILE* file)
     const std::string bytes = bytesAt(file, size - tail, static_cast<std::size_t>(tail));
     for (std::size_t at = bytes.rfind(endMark); at != bytes.npos;
          at = at ? bytes.rfind(endMark, at - 1) : bytes.npos)
-        if (at + endSize <= bytes.size() && at + endSize + Number(bytes, at + 20, 2) == bytes.size())
+        if (at + endSize <= bytes.size() && at + endSize + numberAt(bytes, at + 20, 2) == bytes.size())
             return size - tail + at;
     return std::nullopt;
 }
@@ -72,27 +72,27 @@ std::optional<End> readEnd(std::FILE* file)
     if (!place) return std::nullopt;
     const std::string bytes = bytesAt(file, *place, endSize);
     if (bytes.size() < endSize) return std::nullopt;
-    const End end{Number(bytes, 10, 2), Number(bytes, 12, 4), Number(bytes, 16, 4), *place};
+    const End end{numberAt(bytes, 10, 2), numberAt(bytes, 12, 4), numberAt(bytes, 16, 4), *place};
     const bool isWide = end.entries == 0xFFFF || end.size == 0xFFFFFFFF || end.offset == 0xFFFFFFFF;
     if (!isWide || *place < locatorSize) return end;
     const std::string locator = bytesAt(file, *place - locatorSize, locatorSize);
     if (!locator.starts_with(locatorMark)) return end;
-    const DWORDLONG widePlace = Number(locator, 8, 8);
+    const DWORDLONG widePlace = numberAt(locator, 8, 8);
     const std::string wide = bytesAt(file, widePlace, wideEndSize);
     if (wide.size() < wideEndSize || !wide.starts_with(wideEndMark)) return std::nullopt;
-    return End{Number(wide, 32, 8), Number(wide, 40, 8), Number(wide, 48, 8), widePlace};
+    return End{numberAt(wide, 32, 8), numberAt(wide, 40, 8), numberAt(wide, 48, 8), widePlace};
 }
 
 // Sizes and places that do not fit 32 bits stand in a field of their own, in this order.
 void widen(std::string_view extra, corekit::ZipDirectoryEntry& entry)
 {
     while (extra.size() >= 4) {
-        const auto size = static_cast<std::size_t>(Number(extra, 2, 2));
+        const auto size = static_cast<std::size_t>(numberAt(extra, 2, 2));
         if (size > extra.size() - 4) return;
         std::string_view field = extra.substr(4, size);
         for (DWORDLONG* value : {&entry.size, &entry.packed, &entry.local}) {
-            if (Number(extra, 0, 2) != 1 || *value != 0xFFFFFFFF || field.size() < 8) continue;
-            *value = Number(field, 0, 8);
+            if (numberAt(extra, 0, 2) != 1 || *value != 0xFFFFFFFF || field.size() < 8) continue;
+            *value = numberAt(field, 0, 8);
             field.remove_prefix(8);
         }
         extra.remove_prefix(4 + size);
@@ -113,16 +113,16 @@ std::optional<ZipDirectory> ZipDirectory::Read(const std::string& path)
     const std::string rows = bytesAt(file.get(), directory.m_begin, static_cast<std::size_t>(end->size));
     std::string_view rest = rows;
     while (rest.size() >= rowSize && rest.starts_with(rowMark)) {
-        const auto name = static_cast<std::size_t>(Number(rest, 28, 2)),
-                   extra = static_cast<std::size_t>(Number(rest, 30, 2)),
-                   comment = static_cast<std::size_t>(Number(rest, 32, 2));
+        const auto name = static_cast<std::size_t>(numberAt(rest, 28, 2)),
+                   extra = static_cast<std::size_t>(numberAt(rest, 30, 2)),
+                   comment = static_cast<std::size_t>(numberAt(rest, 32, 2));
         if (name + extra + comment > rest.size() - rowSize) break;
         ZipDirectoryEntry entry{end->offset + (rows.size() - rest.size()),
-                                Number(rest, 42, 4),
-                                Number(rest, 20, 4),
-                                Number(rest, 24, 4),
+                                numberAt(rest, 42, 4),
+                                numberAt(rest, 20, 4),
+                                numberAt(rest, 24, 4),
                                 std::string(rest.substr(rowSize, name)),
-                                static_cast<DWORD>(Number(rest, 12, 4))};
+                                static_cast<DWORD>(numberAt(rest, 12, 4))};
         widen(rest.substr(rowSize + name, extra), entry);
         entry.local += before;
         directory.m_entries.push_back(std::move(entry));
@@ -163,7 +163,7 @@ bool isConfirmed(const std::string& path, const ZipDirectoryEntry& entry)
     const File file = openFile(path);
     const std::string header = file ? bytesAt(file.get(), entry.local, headerSize + entry.name.size()) : "";
     return header.size() == headerSize + entry.name.size() && header.starts_with(headerMark) &&
-           Number(header, 10, 4) == entry.dosDate && header.ends_with(entry.name);
+           numberAt(header, 10, 4) == entry.dosDate && header.ends_with(entry.name);
 }
 
 // --- for minizip

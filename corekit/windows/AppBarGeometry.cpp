@@ -51,16 +51,16 @@ CRect dockedRect(UINT edge, const CRect& area, UINT breadth)
     const auto pixels = static_cast<LONG>(breadth);
     switch (edge) {
     case ABE_LEFT:
-        rect.right = WrapAdd(rect.left, pixels);
+        rect.right = wrapAdd(rect.left, pixels);
         break;
     case ABE_TOP:
-        rect.bottom = WrapAdd(rect.top, pixels);
+        rect.bottom = wrapAdd(rect.top, pixels);
         break;
     case ABE_RIGHT:
-        rect.left = WrapSub(rect.right, pixels);
+        rect.left = wrapSub(rect.right, pixels);
         break;
     case ABE_BOTTOM:
-        rect.top = WrapSub(rect.bottom, pixels);
+        rect.top = wrapSub(rect.bottom, pixels);
         break;
     default:
         break;
@@ -107,7 +107,7 @@ CRect wholeIncrements(const CRect& rect, CSize frame, CSize increment, UINT side
 
 int dockedHitTest(UINT edge, POINT point, const CRect& client, CSize increment)
 {
-    if ((IsSideEdge(edge) ? increment.cx : increment.cy) == 0) return hitBorder;
+    if ((isSideEdge(edge) ? increment.cx : increment.cy) == 0) return hitBorder;
     switch (edge) {
     case ABE_LEFT:
         return point.x > client.right ? hitRight : hitBorder;

@@ -28,8 +28,8 @@ static_assert(sizeof(APPBARSTATE) == 48 && offsetof(APPBARSTATE, rcFloat) == 32)
 
 namespace corekit::detail {
 
-constexpr bool IsSideEdge(UINT edge) { return edge == ABE_LEFT || edge == ABE_RIGHT; }
-constexpr bool IsEndEdge(UINT edge) { return edge == ABE_TOP || edge == ABE_BOTTOM; }
+constexpr bool isSideEdge(UINT edge) { return edge == ABE_LEFT || edge == ABE_RIGHT; }
+constexpr bool isEndEdge(UINT edge) { return edge == ABE_TOP || edge == ABE_BOTTOM; }
 
 // The measures of a screen that decide where bars go.
 struct AppBarScreen {

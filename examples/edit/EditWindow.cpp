@@ -15,9 +15,9 @@ constexpr int edge = 12, rowHeight = 28, labelWidth = 76, choiceWidth = 250, lis
 constexpr int fontSize = 40;
 constexpr const char* firstFace = "Noto Sans";
 
-CUnicodeManager& manager() { return *CUnicodeManager::GetObjectA(); }
+CUnicodeManager& Manager() { return *CUnicodeManager::GetObjectA(); }
 
-void addRow(CWnd& choice, const char* text)
+void AddRow(CWnd& choice, const char* text)
 {
     choice.SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
 }
@@ -107,35 +107,35 @@ void EditWindow::OnDestroy()
 // Keys may have switched the keyboard: Ctrl+Alt and an arrow key.
 BOOL EditWindow::PreTranslateMessage(MSG* message)
 {
-    if (manager().GetActiveKeyboard() != m_shownKeyboard) ShowKeyboard();
+    if (Manager().GetActiveKeyboard() != m_shownKeyboard) ShowKeyboard();
     return CWnd::PreTranslateMessage(message);
 }
 
 void EditWindow::ListKeyboards()
 {
-    for (int i = 0; i < manager().GetKeyboardCount(); ++i) {
+    for (int i = 0; i < Manager().GetKeyboardCount(); ++i) {
         CString name;
         WORD locale = 0;
-        manager().GetKeyboardInfo(i, name, locale);
-        addRow(m_keyboards, name);
+        Manager().GetKeyboardInfo(i, name, locale);
+        AddRow(m_keyboards, name);
     }
     ShowKeyboard();
 }
 
 void EditWindow::ShowKeyboard()
 {
-    m_shownKeyboard = manager().GetActiveKeyboard();
+    m_shownKeyboard = Manager().GetActiveKeyboard();
     m_keyboards.SendMessage(CB_SETCURSEL, static_cast<WPARAM>(m_shownKeyboard));
 }
 
 bool EditWindow::UseKeyboard(const std::string& name)
 {
-    for (int i = 0; i < manager().GetKeyboardCount(); ++i) {
+    for (int i = 0; i < Manager().GetKeyboardCount(); ++i) {
         CString other;
         WORD locale = 0;
-        manager().GetKeyboardInfo(i, other, locale);
+        Manager().GetKeyboardInfo(i, other, locale);
         if (std::string(other).starts_with(name)) {
-            const bool used = manager().ActivateKeyboard(i, FALSE);
+            const bool used = Manager().ActivateKeyboard(i, FALSE);
             ShowKeyboard();
             return used;
         }
@@ -145,14 +145,14 @@ bool EditWindow::UseKeyboard(const std::string& name)
 
 void EditWindow::OnKeyboardChosen()
 {
-    manager().ActivateKeyboard(static_cast<int>(m_keyboards.SendMessage(CB_GETCURSEL)), FALSE);
+    Manager().ActivateKeyboard(static_cast<int>(m_keyboards.SendMessage(CB_GETCURSEL)), FALSE);
     ShowKeyboard();
     m_text.SetFocus();
 }
 
 void EditWindow::ListFaces()
 {
-    for (const std::string& face : FacesOfTheMachine()) addRow(m_faces, face.c_str());
+    for (const std::string& face : FacesOfTheMachine()) AddRow(m_faces, face.c_str());
     m_faces.SendMessage(CB_SELECTSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(firstFace));
     OnFaceChosen();
 }

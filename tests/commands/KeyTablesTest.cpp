@@ -53,7 +53,7 @@ TEST(KeyTables, CustomKeysReplaceThenAddAndFixedOnesStayLast)
         {"", "X1", "F1", "F1"},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(TextOf(MergedKeys(Keys(c.defaults), Keys(c.custom), Keys(c.fixed))), c.merged)
+        EXPECT_EQ(TextOf(mergedKeys(Keys(c.defaults), Keys(c.custom), Keys(c.fixed))), c.merged)
             << c.defaults << " + " << c.custom << " + " << c.fixed;
 }
 
@@ -64,7 +64,7 @@ TEST(KeyTables, WhatIsSavedIsLoadedBehindWhatIsThere)
     saved.Add(first);
     saved.Add(second);
     CPropertyStore store;
-    SaveCustomKeys(store, saved);
+    saveCustomKeys(store, saved);
     CByteArray bytes;
     ASSERT_TRUE(store.GetValue("Custom Key Table 0 Data", bytes));
     const BYTE expected[] = {1, 0, 'A', 0, 1, 0, 1, 0, 'B', 0, 2, 0};
@@ -72,7 +72,7 @@ TEST(KeyTables, WhatIsSavedIsLoadedBehindWhatIsThere)
     EXPECT_TRUE(std::equal(expected, expected + 12, bytes.GetData()));
 
     loaded.Add(second);
-    LoadCustomKeys(store, loaded);
+    loadCustomKeys(store, loaded);
     ASSERT_EQ(loaded.GetSize(), 3);
     EXPECT_EQ(loaded[1].m_nTableID, 7u);
     EXPECT_EQ(TextOf({loaded[1].m_entries.GetData(), 2}), "A1 B2");
@@ -93,7 +93,7 @@ TEST(KeyTables, WildCountsAndSizesAreCutToWhatIsStored)
         const std::string data(static_cast<std::size_t>(c.stored), 'x');
         store.SetBinaryValue("Custom Key Table 0 Data", data.data(), static_cast<DWORD>(data.size()));
         CustomAcceleratorTables tables;
-        LoadCustomKeys(store, tables);
+        loadCustomKeys(store, tables);
         ASSERT_EQ(tables.GetSize(), c.tables) << c.count;
         if (c.tables) {
             EXPECT_EQ(tables[0].m_entries.GetSize(), c.keys) << c.size;

@@ -139,20 +139,4 @@ TEST(Copying, TwoColoursTakeThoseOfTheTarget)
     DeleteObject(mask);
 }
 
-TEST(Copying, BlendingLaysTheSourceOver)
-{
-    Picture from(2, 1);
-    from.pixels[0] = 0x80400000; // half red
-    from.pixels[1] = 0;
-    Surface s;
-    const RECT all{0, 0, 40, 30};
-    FillRect(s.dc, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-    EXPECT_TRUE(AlphaBlend(s.dc, 0, 0, 2, 1, from.dc, 0, 0, 2, 1, {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA}));
-    EXPECT_EQ(s.at(0, 0), 0xFFBF7F7F);
-    EXPECT_EQ(s.at(1, 0), 0xFFFFFFFF);
-    EXPECT_TRUE(AlphaBlend(s.dc, 0, 0, 1, 1, from.dc, 1, 0, 1, 1, {AC_SRC_OVER, 0, 128, 0}));
-    EXPECT_NEAR(static_cast<int>(s.at(0, 0) & 0xFF), 0x7F / 2, 2);
-    EXPECT_FALSE(AlphaBlend(s.dc, 0, 0, 1, 1, from.dc, 2, 0, 1, 1, {AC_SRC_OVER, 0, 255, 0}));
-}
-
 } // namespace

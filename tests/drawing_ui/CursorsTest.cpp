@@ -1,8 +1,10 @@
 #include "Surface.h"
 
+#include "corekit/framework/Module.h"
 #include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/Cursors.h"
 #include "corekit/platform/Gdi.h"
+#include "corekit/platform/Resources.h"
 #include "corekit/platform/SystemColours.h"
 #include "corekit/resources/Cursors.h"
 
@@ -17,18 +19,31 @@ std::string xpm(const std::string& facts, const std::string& rows = "\"#.\",\n\"
     return "/* XPM */\n\"" + facts + "\",\n\". c None\",\n\"# c #FF0000\",\n" + rows + "\n";
 }
 
+// The cursor of a module whose resource has these bytes.
+HCURSOR cursorOf(const std::string& bytes)
+{
+    static const std::string* served = nullptr;
+    static int count = 0;
+    served = &bytes;
+    SetResourceReader(
+        [](const char*, const char*, const std::function<void(std::span<const std::byte>)>& use) {
+            return use(std::as_bytes(std::span(*served))), true;
+        });
+    const HCURSOR cursor = LoadCursorA(nullptr, ("cursor " + std::to_string(count++)).c_str());
+    SetResourceReader(&AfxUseResource);
+    return cursor;
+}
+
 TEST(Cursors, APictureIsDrawnWhereItIsNotTransparent)
 {
-    const HCURSOR cursor = CreateCursorFromXpm(xpm("2 2 2 1 1 0"));
+    const HCURSOR cursor = cursorOf(xpm("2 2 2 1 1 0"));
     ASSERT_NE(cursor, nullptr);
     Surface s;
     EXPECT_TRUE(DrawIconEx(s.dc, 4, 5, cursor, 0, 0, 0, nullptr, DI_NORMAL));
     EXPECT_EQ(s.count(0xFFFF0000), 2);
     EXPECT_EQ(s.at(4, 5), 0xFFFF0000);
     EXPECT_EQ(s.at(5, 5), Surface::untouched);
-    EXPECT_TRUE(DestroyCursor(cursor));
-    EXPECT_FALSE(DestroyCursor(cursor));
-    EXPECT_FALSE(DrawIconEx(s.dc, 4, 5, cursor, 0, 0, 0, nullptr, DI_NORMAL));
+    EXPECT_FALSE(DrawIconEx(s.dc, 4, 5, nullptr, 0, 0, 0, nullptr, DI_NORMAL));
 }
 
 TEST(Cursors, OddPicturesAreRefused)
@@ -36,10 +51,10 @@ TEST(Cursors, OddPicturesAreRefused)
     for (const char* const facts :
          {"", "2", "2 2 2", "0 2 2 1", "2 -2 2 1", "99999 99999 2 1", "2 2 2 1 2 0", "2 2 2 1 0 -1",
           "2 2 2 9", "2 2 999999999 1", "2 2 2 1 5", "99999999999999999999 2 2 1"})
-        EXPECT_EQ(CreateCursorFromXpm(xpm(facts)), nullptr) << facts;
-    EXPECT_EQ(CreateCursorFromXpm(""), nullptr);
-    EXPECT_EQ(CreateCursorFromXpm("\""), nullptr);
-    EXPECT_EQ(CreateCursorFromXpm(xpm("2 2 2 1", "\"#\"")), nullptr) << "rows too short";
+        EXPECT_EQ(cursorOf(xpm(facts)), nullptr) << facts;
+    EXPECT_EQ(cursorOf(""), nullptr);
+    EXPECT_EQ(cursorOf("\""), nullptr);
+    EXPECT_EQ(cursorOf(xpm("2 2 2 1", "\"#\"")), nullptr) << "rows too short";
 }
 
 TEST(Cursors, TheSystemsAndOurOwnAreThereAndStay)
@@ -47,8 +62,6 @@ TEST(Cursors, TheSystemsAndOurOwnAreThereAndStay)
     for (const char* const name : {IDC_ARROW, IDC_IBEAM, IDC_WAIT, IDC_SIZEWE, IDC_HAND}) {
         const HCURSOR cursor = LoadCursorA(nullptr, name);
         EXPECT_NE(cursor, nullptr);
-        EXPECT_EQ(cursor, LoadCursorA(nullptr, name));
-        EXPECT_TRUE(DestroyCursor(cursor));
         EXPECT_EQ(cursor, LoadCursorA(nullptr, name));
     }
     for (const UINT id : {IDC_COREKIT_SPLIT, IDC_COREKIT_NODROP, IDC_COREKIT_DROPREFUSED, IDC_COREKIT_MOVE,

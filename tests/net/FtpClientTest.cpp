@@ -52,15 +52,86 @@ protected:
         return all;
     }
     using Texts = std::vector<std::string>;
+    void converse(const char* conversation);
 
     std::optional<ScriptedFtp> server;
     CFtpClient client;
     std::vector<std::string> log;
 };
 
-std::string contents(CMemoryStream& stream)
+// One turn of a conversation, a row of the table.
+struct Turn {
+    explicit Turn(CaseRow row)
+        : verb(row.Word()), name(row.Word()), type(row.Word()), command(row.Word()), reply(row.Bytes()),
+          data(row.Bytes()), end(row.Bytes()), result(row.Bytes()), error(row.Word()), message(row.Word())
+    {
+    }
+    std::string verb, name, type, command, reply, data, end, result, error, message;
+
+    void serve(Session& session) const
+    {
+        if (!type.empty()) session.passive(type);
+        session.answer(command, reply + "\r\n");
+        if (end.empty()) return;
+        const bool isUpload = command.starts_with("STOR");
+        if (const loopback::End connection = session.data(); isUpload) {
+            EXPECT_EQ(connection.receive(100), data);
+        } else {
+            connection.send(data);
+        }
+        session.say(end + "\r\n");
+    }
+    // Whether it went well, and what came of it.
+    int ask(CFtpClient& ftp, std::string& outcome) const
+    {
+        if (verb == "noop") return ftp.NoOp();
+        if (verb == "cd") return ftp.ChangeDirectory(name.c_str());
+        if (verb == "idle") return ftp.SetIdleTimeout(std::stoi(name));
+        if (verb == "fast") return ftp.SetConnectionMode(ftpModeAvidFast);
+        if (verb == "send")
+            return ftp.UploadBuffer(name.c_str(), data.data(), static_cast<unsigned>(data.size()));
+        if (verb == "list" || verb == "names") return list(ftp, outcome);
+        constexpr std::string_view before = "some "; // a stream is read and written from its position on
+        CMemoryStream stream(0, 4096);
+        stream.Write(before.data(), before.size());
+        if (verb == "get") {
+            const int isGot = ftp.GetFileToStream(name.c_str(), stream);
+            outcome.assign(static_cast<const char*>(stream.GetMemoryBufferPointer()), stream.GetSize());
+            EXPECT_TRUE(outcome.starts_with(before));
+            outcome.erase(0, before.size());
+            return isGot;
+        }
+        EXPECT_EQ(verb, "put");
+        stream.Write(data.data(), static_cast<DWORD>(data.size()));
+        stream.SeekToPos(before.size());
+        return ftp.UploadStream(name.c_str(), stream);
+    }
+
+private:
+    int list(CFtpClient& ftp, std::string& outcome) const
+    {
+        CStringArray lines;
+        lines.Add("stale");
+        const int isListed = verb == "list" ? ftp.GetRawDirectoryListing(lines) : ftp.GetNameList(lines);
+        for (int i = 0; i < lines.GetSize(); ++i) outcome += std::string(lines[i].GetString()) + '|';
+        return isListed;
+    }
+};
+
+void Ftp::converse(const char* conversation)
 {
-    return {static_cast<const char*>(stream.GetMemoryBufferPointer()), stream.GetSize()};
+    const auto rows = CaseRows(TEST_DATA "/ftp_conversations.tsv", conversation);
+    begin([rows](Session& session) {
+        for (const CaseRow& row : rows) Turn(row).serve(session);
+    });
+    for (const CaseRow& row : rows) {
+        const Turn turn(row);
+        std::string outcome;
+        const bool wentWell = turn.ask(client, outcome) != 0;
+        EXPECT_EQ(wentWell, turn.error.empty()) << row.Line();
+        EXPECT_EQ(wentWell ? outcome : error(), wentWell ? turn.result : turn.error) << row.Line();
+        EXPECT_TRUE(turn.message.empty() || lastMessage() == turn.message) << row.Line() << lastMessage();
+    }
 }
 
 TEST_F(Ftp, LogsOnAndReports)
@@ -174,79 +245,11 @@ TEST_F(Ftp, ModesChangeUntilTheFastOneAndNeverBack)
     EXPECT_EQ(error(), "[FTP] Once set, AvidFast mode cannot be deselected.");
 }
 
-TEST_F(Ftp, TheReplyToSiteIdleIsTakenForTheNextCommandsOwn)
-{
-    begin([](Session& session) {
-        session.answer("SITE IDLE=60", "500 what\r\n");
-        session.answer("NOOP", "200 noop\r\n");
-        session.answer("CWD x", "250 cwd\r\n");
-    });
-    EXPECT_TRUE(client.SetIdleTimeout(60));
-    EXPECT_FALSE(client.NoOp());
-    EXPECT_EQ(lastMessage(), "500 what");
-    EXPECT_TRUE(client.ChangeDirectory("x")); // with the reply to NOOP
-}
+TEST_F(Ftp, TheReplyToSiteIdleIsTakenForTheNextCommandsOwn) { converse("idle"); }
 
-TEST_F(Ftp, PassiveListingsComeAsLines)
-{
-    begin([](Session& session) {
-        session.passive("A");
-        session.answer("LIST", "150 here\r\n");
-        session.data().send("one\r\n\r\ntwo\nthree\r\rfour");
-        session.say("226 done\r\n");
-        session.passive("A");
-        session.answer("NLST", "450 none\r\n");
-        session.passive("A");
-        session.answer("NLST", "550 no\r\n");
-        session.passive("A");
-        session.answer("LIST", "150 here\r\n");
-        session.data().send("x\r\n");
-        session.say("426 cut\r\n");
-    });
-    CStringArray lines;
-    lines.Add("stale");
-    EXPECT_TRUE(client.GetRawDirectoryListing(lines));
-    EXPECT_EQ(texts(lines), (Texts{"one", "two", "three", "four"}));
-    EXPECT_TRUE(client.GetNameList(lines));
-    EXPECT_EQ(lines.GetSize(), 0);
-    EXPECT_FALSE(client.GetNameList(lines));
-    EXPECT_EQ(error(), "[FTP] LIST command failed.");
-    EXPECT_FALSE(client.GetRawDirectoryListing(lines));
-    EXPECT_EQ(lastMessage(), "426 cut");
-}
+TEST_F(Ftp, PassiveListingsComeAsLines) { converse("lists"); }
 
-TEST_F(Ftp, PassiveFilesComeAndGoByteForByte)
-{
-    begin([](Session& session) {
-        session.passive("I");
-        session.answer("RETR a", "150 here\r\n");
-        session.data().send(std::string("x\0\4\r\n", 5));
-        session.say("226 done\r\n");
-        session.passive("I");
-        session.answer("STOR b", "150 go\r\n");
-        EXPECT_EQ(session.data().receive(100), "tail");
-        session.say("226 got\r\n");
-        session.passive("I");
-        session.answer("RETR c", "550 no\r\n");
-        session.passive("I");
-        session.answer("STOR d", "553 no\r\n");
-        session.answer("TYPE I", "504 never\r\n");
-    });
-    CMemoryStream stream(0, 4096);
-    stream.Write("head", 4);
-    EXPECT_TRUE(client.GetFileToStream("a", stream));
-    EXPECT_EQ(contents(stream), std::string("headx\0\4\r\n", 9));
-    CMemoryStream source("some tail", 9);
-    source.SeekToPos(5);
-    EXPECT_TRUE(client.UploadStream("b", source));
-    EXPECT_FALSE(client.GetFileToStream("c", stream));
-    EXPECT_EQ(error(), "[FTP] File RETRIEVE command failed.");
-    EXPECT_FALSE(client.UploadBuffer("d", "x", 1));
-    EXPECT_EQ(error(), "[FTP] File STORE failed");
-    EXPECT_FALSE(client.UploadBuffer("d", "x", 1));
-    EXPECT_EQ(error(), "[FTP] Transfer mode (TYPE) command failed");
-    EXPECT_EQ(lastMessage(), "504 never");
-}
+TEST_F(Ftp, PassiveFilesComeAndGoByteForByte) { converse("files"); }
 
 TEST_F(Ftp, AReplyToPasvLeadsToItsAddressOrFails)
 {
@@ -308,41 +311,7 @@ TEST_F(Ftp, DataMayBeKeptToTheControlHost)
     EXPECT_EQ(texts(lines), Texts{"name"});
 }
 
-TEST_F(Ftp, FastModeSendsDataOnTheControlConnection)
-{
-    begin([](Session& session) {
-        session.answer("SITE FAST=4", "200 fast\r\n");
-        session.answer("LIST", "150 here\r\none\r\n\r\ntwo\r\n\4"
-                               "226 done\r\n");
-        session.answer("NLST", "150 here\r\na\r\n226 no end byte\r\n");
-        session.answer("LIST", "550 no\r\n");
-        session.answer("RETR f", "150 here\r\nbytes\r\n\0012\3\4"
-                                 "226 done\r\n");
-        session.answer("RETR f", "150 here\r\n\4"
-                                 "426 cut\r\n");
-        session.passive("I");
-        session.answer("STOR g", "150 go\r\n");
-        EXPECT_EQ(session.data().receive(10), "up");
-        session.say("226 got\r\n");
-        session.answer("RETR h", "150 here\r\nhalf");
-    });
-    ASSERT_TRUE(client.SetConnectionMode(ftpModeAvidFast));
-    CStringArray lines;
-    EXPECT_TRUE(client.GetRawDirectoryListing(lines));
-    EXPECT_EQ(texts(lines), (Texts{"one", "", "two", ""}));
-    EXPECT_TRUE(client.GetNameList(lines));
-    EXPECT_EQ(texts(lines), Texts{"a"});
-    EXPECT_FALSE(client.GetRawDirectoryListing(lines));
-    EXPECT_EQ(error(), "[FTP] LIST command failed.");
-    CMemoryStream stream(0, 4096);
-    EXPECT_TRUE(client.GetFileToStream("f", stream));
-    EXPECT_EQ(contents(stream), "bytes\r\n\0012\3");
-    EXPECT_FALSE(client.GetFileToStream("f", stream));
-    EXPECT_EQ(error(), "[FTP] File RETRIEVE command failed.");
-    EXPECT_TRUE(client.UploadBuffer("g", "up", 2));
-    EXPECT_FALSE(client.GetFileToStream("h", stream));
-    EXPECT_EQ(error(), "[FTP] Control connection has been closed by the remote server");
-}
+TEST_F(Ftp, FastModeSendsDataOnTheControlConnection) { converse("fast"); }
 
 // --- peers that mean no good
 
@@ -365,41 +334,27 @@ TEST_F(Ftp, RepliesWithoutAnEndAreCutOff)
 
 TEST_F(Ftp, SilenceCostsTheLimit)
 {
-    struct Case {
-        const char* name;
-        std::function<void(Session&)> script;
-        const char* error;
-    };
-    const Case cases[] = {
-        {"no reply", [](Session&) {}, "[FTP] Socket I/O failed"},
-        {"half a line", [](Session& s) { s.say("200 o"); }, "[FTP] Socket I/O failed"},
-        {"no CR", [](Session& s) { s.say("200 ok\n"); }, "[FTP] Socket I/O failed"},
-        {"no last line", [](Session& s) { s.say("200-ok\r\n"); }, "[FTP] Socket I/O failed"},
-        {"silent data",
-         [](Session& s) {
-             s.say("200 ok\r\n");
-             const loopback::Listener data;
-             s.answer("PASV", Session::passiveReply(data.port()));
-             s.answer("LIST", "150 here\r\n");
-             const loopback::End connection = data.accept();
-             s.awaitEnd();
-         },
-         "[FTP] Socket I/O failed"},
-    };
-    for (const Case& one : cases) {
+    for (CaseRow row : CaseRows(TEST_DATA "/ftp_replies.tsv", "silence")) {
+        const std::string toType = row.Bytes(), toList = row.Bytes();
         CFtpClient own;
         ScriptedFtp peer([&](Session& session) {
             session.logon();
-            session.expect("TYPE A");
-            one.script(session);
+            session.answer("TYPE A", toType);
+            const loopback::Listener data;
+            std::optional<loopback::End> connection;
+            if (!toList.empty()) {
+                session.answer("PASV", Session::passiveReply(data.port()));
+                session.answer("LIST", toList);
+                connection = data.accept();
+            }
             session.awaitEnd();
         });
         own.SetTimeout(5000);
         ASSERT_TRUE(own.Connect("127.0.0.1", peer.port(), "u", "p", 0));
         own.SetTimeout(20);
         CStringArray lines;
-        EXPECT_FALSE(own.GetRawDirectoryListing(lines)) << one.name;
-        EXPECT_STREQ(own.GetLastError(), one.error) << one.name;
+        EXPECT_FALSE(own.GetRawDirectoryListing(lines)) << row.Line();
+        EXPECT_STREQ(own.GetLastError(), "[FTP] Socket I/O failed") << row.Line();
         own.Disconnect();
     }
 }

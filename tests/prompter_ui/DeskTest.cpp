@@ -59,7 +59,7 @@ TEST_F(OnTheDesk, TheSettingsAreTakenFromTheirPages)
     SettingsSheet sheet(settings, there, nullptr);
     ASSERT_TRUE(sheet.Create());
     const auto set = [&](int id, const char* text) {
-        SetDlgItemTextA(sheet.GetActivePage()->m_hWnd, id, text);
+        SetWindowTextA(GetDlgItem(sheet.GetActivePage()->m_hWnd, id), text);
     };
     const auto click = [&](int id) { sheet.GetActivePage()->SendDlgItemMessage(id, BM_CLICK); };
     EXPECT_TRUE(IsDlgButtonChecked(sheet.GetActivePage()->m_hWnd, byCharactersRadio)) << "as it is set";

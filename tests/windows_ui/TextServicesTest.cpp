@@ -66,6 +66,7 @@ HGLOBAL BlockOf(const void* bytes, std::size_t size)
 TEST_F(TextServices, TheCaretIsSeenWhereItStandsAndNowhereElse)
 {
     const COLORREF white = RGB(255, 255, 255), black = RGB(0, 0, 0);
+    const UINT usual = GetCaretBlinkTime();
     SetCaretBlinkTime(0xFFFFFFFF);
     ASSERT_TRUE(CreateCaret(top, nullptr, 2, 12));
     SetCaretPos(20, 5);
@@ -91,6 +92,7 @@ TEST_F(TextServices, TheCaretIsSeenWhereItStandsAndNowhereElse)
     EXPECT_TRUE(DestroyCaret());
     EXPECT_EQ(PixelAt(41, 16), white);
     EXPECT_FALSE(ShowCaret(top));
+    SetCaretBlinkTime(usual);
 }
 
 TEST_F(TextServices, WhatIsBeingComposedStandsAtTheCaret)

@@ -139,6 +139,23 @@ TEST_F(Windows, ClicksAndCaptureGiveClientPoints)
     EXPECT_EQ(Count(WM_CAPTURECHANGED, child), 1);
 }
 
+TEST_F(Windows, TheWheelTurnsTheWindowBelowThePointerAndThoseAboveIt)
+{
+    const HWND child = Make(WS_CHILD | WS_VISIBLE, {50, 60, 150, 160}, top, 1);
+    POINT place{5, 6};
+    ClientToScreen(child, &place);
+    received.clear();
+    TurnWheel(child, {5, 6}, -120);
+    ASSERT_EQ(Count(WM_MOUSEWHEEL, child), 1);
+    EXPECT_EQ(static_cast<SHORT>(HIWORD(static_cast<DWORD>(Last(WM_MOUSEWHEEL)->wParam))), -120);
+    EXPECT_EQ(Last(WM_MOUSEWHEEL)->lParam, MAKELONG(place.x, place.y)) << "a point of the screen";
+    EXPECT_EQ(Count(WM_MOUSEWHEEL, top), 1) << "the child does not want it";
+    answers[WM_MOUSEWHEEL] = [](HWND, UINT, WPARAM, LPARAM) -> LRESULT { return 0; };
+    TurnWheel(child, {5, 6}, 240);
+    EXPECT_EQ(Count(WM_MOUSEWHEEL, child), 2);
+    EXPECT_EQ(Count(WM_MOUSEWHEEL, top), 1);
+}
+
 // Each message during which a window may go down, and how it comes about.
 TEST_F(Windows, MayEndWithinAnyOfTheirMessages)
 {

@@ -121,6 +121,27 @@ TEST_F(Wnd, MessagesReachMembersFromTheFirstOn)
     EXPECT_EQ(pane.gone, 1);
 }
 
+TEST_F(Wnd, AnObjectThatGoesTakesTheWindowThatItMadeAlong)
+{
+    HWND made = nullptr;
+    {
+        CPane child;
+        ASSERT_TRUE(child.Create(nullptr, "", WS_VISIBLE, CRect(0, 0, 9, 9), &top, 8));
+        made = child;
+    }
+    EXPECT_FALSE(IsWindow(made));
+    {
+        CWnd other;
+        made = pane.UnsubclassWindow();
+        ASSERT_TRUE(other.Attach(made));
+    }
+    EXPECT_TRUE(IsWindow(made)) << "attached to, not made";
+    EXPECT_EQ(CWnd::FromHandlePermanent(made), nullptr);
+    EXPECT_EQ(::SendMessageA(made, WM_GETTEXTLENGTH, 0, 0), 0) << "its class answers";
+    CPane third;
+    EXPECT_TRUE(third.SubclassWindow(made));
+}
+
 TEST_F(Wnd, PreTranslationComesFirstFromTheWindowUpwards)
 {
     pane.SetFocus();

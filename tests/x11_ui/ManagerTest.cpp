@@ -50,7 +50,7 @@ TEST_F(ManagerOnX, KeyboardsAndLayoutsOfTheServerMoveTogether)
 {
     ASSERT_NO_FATAL_FAILURE(StartOnX("-layout br,th,jp,gb"));
     CUnicodeManager& manager = *CUnicodeManager::GetObjectA();
-    ASSERT_EQ(manager.GetKeyboardCount(), 4 + 12);
+    ASSERT_GT(manager.GetKeyboardCount(), welsh);
     EXPECT_TRUE(manager.GetKeyboard(brazil)->IsKindOf(RUNTIME_CLASS(KBT_PortugueseExtension)));
     EXPECT_TRUE(manager.GetKeyboard(thailand)->IsKindOf(RUNTIME_CLASS(KBT_ThaiExtension)));
     EXPECT_TRUE(manager.GetKeyboard(japan)->IsKindOf(RUNTIME_CLASS(CSystemKeyboard)));

@@ -24,7 +24,7 @@ constexpr std::uintmax_t largestScript = 512u << 20; // bytes
     throw std::runtime_error("cannot " + what + " " + path + ": " + why);
 }
 
-std::string bytesOf(const std::string& path)
+std::string BytesOf(const std::string& path)
 {
     std::error_code error;
     if (!fs::is_regular_file(path, error))
@@ -76,7 +76,7 @@ void ScriptFile::Open(const std::string& path)
     ScriptText read;
     std::error_code error;
     const Stamp stamp = StampOf(path);
-    if (!path.empty() && fs::exists(path, error)) read = DecodeScript(bytesOf(path), m_codePage);
+    if (!path.empty() && fs::exists(path, error)) read = DecodeScript(BytesOf(path), m_codePage);
     m_script.SetText(read.text);
     m_form = read.form;
     m_isExact = read.isExact;

@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::optional<std::string> bytesOf(const fs::path& path, std::uint64_t size)
+std::optional<std::string> BytesOf(const fs::path& path, std::uint64_t size)
 {
     std::ifstream file(path, std::ios::binary);
     std::string bytes(static_cast<std::size_t>(size), '\0');
@@ -44,7 +44,7 @@ std::vector<NewsFolder::News> NewsFolder::Look()
         if (before == m_seen.end() || !before->second.IsSame(now)) continue;
         now.isTaken = before->second.isTaken;
         if (now.isTaken) continue;
-        if (auto bytes = bytesOf(fs::path(m_folder) / name, now.size))
+        if (auto bytes = BytesOf(fs::path(m_folder) / name, now.size))
             news.push_back({name, std::move(*bytes)});
         now.isTaken = true;
     }

@@ -12,7 +12,7 @@
 namespace prompter {
 namespace {
 
-std::string bytesOf(CPropertyStore& store)
+std::string BytesOf(CPropertyStore& store)
 {
     CMemoryStream stream(0, 65536);
     store.WriteStream(stream);
@@ -64,7 +64,7 @@ bool WriteStoreFile(const std::string& path, CPropertyStore store)
     std::error_code error;
     std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
     corekit::ReplacedFile file(path);
-    return file && file.Write(bytesOf(store)) && file.Commit();
+    return file && file.Write(BytesOf(store)) && file.Commit();
 }
 
 bool WriteStoreChanges(const std::string& path, CPropertyStore store, CPropertyStore before)
@@ -81,7 +81,7 @@ bool WriteStoreChanges(const std::string& path, CPropertyStore store, CPropertyS
     }
     for (int i = 0; i < stores.GetSize(); ++i) {
         CPropertyStore now = store.GetPropertyStore(stores[i]), then = before.GetPropertyStore(stores[i]);
-        if (bytesOf(now) != bytesOf(then)) kept.SetPropertyStore(stores[i], now);
+        if (BytesOf(now) != BytesOf(then)) kept.SetPropertyStore(stores[i], now);
     }
     return WriteStoreFile(path, kept);
 }

@@ -31,7 +31,7 @@ BitmapChoice chooseButtonBitmap(CWnd& dialog, std::unique_ptr<CDib>& bitmap)
     return BitmapChoice::refused;
 }
 
-void ShowPreview(CWnd& dialog, const CDib* bitmap)
+void showPreview(CWnd& dialog, const CDib* bitmap)
 {
     CWnd* const preview = dialog.GetDlgItem(previewControl);
     CWnd* const none = dialog.GetDlgItem(noBitmapControl);

@@ -15,7 +15,7 @@ bool fitsOnButton(const CDib& bitmap);
 
 // Control 1002 shows the bitmap, 1005 that there is none.
 inline constexpr int previewControl = 1002, noBitmapControl = 1005;
-void ShowPreview(CWnd& dialog, const CDib* bitmap);
+void showPreview(CWnd& dialog, const CDib* bitmap);
 void drawPreview(const DRAWITEMSTRUCT& item, const CDib* bitmap);
 
 } // namespace corekit::detail

@@ -95,7 +95,7 @@ HACCEL CCommandList::Build(const KeyTable& table) const
         const AccelArray& entries = m_customTables.GetAt(custom).m_entries;
         customKeys = {entries.GetData(), static_cast<std::size_t>(entries.GetSize())};
     }
-    const std::vector<ACCEL> keys = MergedKeys(loadKeys(table.id), customKeys, loadKeys(table.fixedId));
+    const std::vector<ACCEL> keys = mergedKeys(loadKeys(table.id), customKeys, loadKeys(table.fixedId));
     return CreateAcceleratorTableA(keys.data(), static_cast<int>(keys.size()));
 }
 
@@ -141,14 +141,14 @@ void CCommandList::SetCustomAccelTableArray(const CustomTableArray& tables) { m_
 int CCommandList::LoadAcceleratorTables(CPropertyStore* store)
 {
     if (!store) return 0;
-    LoadCustomKeys(*store, m_customTables);
+    loadCustomKeys(*store, m_customTables);
     return 1;
 }
 
 int CCommandList::SaveAcceleratorTables(CPropertyStore* store) const
 {
     if (!store) return 0;
-    SaveCustomKeys(*store, m_customTables);
+    saveCustomKeys(*store, m_customTables);
     return 1;
 }
 

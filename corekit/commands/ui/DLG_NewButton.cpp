@@ -73,7 +73,7 @@ void DLG_NewButton::OnRemoveBitmap()
 
 void DLG_NewButton::ShowBitmap()
 {
-    ShowPreview(*this, m_bitmap.get());
+    showPreview(*this, m_bitmap.get());
     if (CWnd* const remove = GetDlgItem(removeControl)) remove->EnableWindow(m_bitmap != nullptr);
 }
 

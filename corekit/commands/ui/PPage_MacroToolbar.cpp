@@ -109,7 +109,7 @@ void PPage_MacroToolbar::ShowButton()
     const Button* const button = Selected();
     SendDlgItemMessage(commandControl, CB_SETCURSEL, static_cast<WPARAM>(button ? button->command : 0));
     SetDlgItemText(descriptionControl, button ? button->description : CString());
-    ShowPreview(*this, button ? button->bitmap.get() : nullptr);
+    showPreview(*this, button ? button->bitmap.get() : nullptr);
     UpdateControls();
 }
 
@@ -148,7 +148,7 @@ void PPage_MacroToolbar::OnSelectBitmap()
 {
     Button* const button = Selected();
     if (!button || chooseButtonBitmap(*this, button->bitmap) == BitmapChoice::cancelled) return;
-    ShowPreview(*this, button->bitmap.get());
+    showPreview(*this, button->bitmap.get());
     Changed();
 }
 
@@ -157,7 +157,7 @@ void PPage_MacroToolbar::OnRemoveBitmap()
     Button* const button = Selected();
     if (!button) return;
     button->bitmap.reset();
-    ShowPreview(*this, nullptr);
+    showPreview(*this, nullptr);
     Changed();
 }
 

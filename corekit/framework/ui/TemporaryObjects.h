@@ -17,10 +17,10 @@ public:
     Object* of(Handle handle)
     {
         if (!handle) return nullptr;
-        auto found = objects_.find(handle);
-        if (found == objects_.end()) {
-            if (objects_.size() >= most) forget();
-            found = objects_.emplace(handle, std::make_unique<Object>()).first;
+        auto found = m_objects.find(handle);
+        if (found == m_objects.end()) {
+            if (m_objects.size() >= most) forget();
+            found = m_objects.emplace(handle, std::make_unique<Object>()).first;
             (*found->second).*member = handle;
         }
         return found->second.get();
@@ -36,11 +36,11 @@ private:
 
     void forget()
     {
-        for (auto& [handle, object] : objects_) (*object).*member = nullptr;
-        objects_.clear();
+        for (auto& [handle, object] : m_objects) (*object).*member = nullptr;
+        m_objects.clear();
     }
 
-    std::unordered_map<Handle, std::unique_ptr<Object>> objects_;
+    std::unordered_map<Handle, std::unique_ptr<Object>> m_objects;
 };
 
 } // namespace corekit::detail

@@ -36,7 +36,7 @@ class COREKIT_API CWnd : public CWndMessages {
 public:
     // An object without a window. Operations on it fail as those on a null handle do, and do no harm.
     CWnd() = default;
-    ~CWnd() override; // parts from the window, which goes on as one of its class; DestroyWindow ends it
+    ~CWnd() override; // ends the window that it made; one that it was attached to goes on without it
 
     HWND m_hWnd = nullptr;
     HWND GetSafeHwnd() const; // also through a null pointer: null
@@ -236,6 +236,7 @@ private:
 
     WNDPROC m_pfnSuper = nullptr; // the class's own procedure
     HWND m_hWndOwner = nullptr;
+    bool m_hasMade = false;                  // the window, which goes with it
     int m_modalDepth = 0, m_modalResult = 0; // the depth is that of the loops which still run
 };
 

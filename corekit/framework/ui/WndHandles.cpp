@@ -50,8 +50,9 @@ void CWnd::DeleteTempMap() { CWndMaps::Instance().ForgetTemporary(); }
 CWnd::~CWnd()
 {
     if (!m_hWnd || FromHandlePermanent(m_hWnd) != this) return;
-    // Nothing of the derived class is left to ask.
-    UnsubclassWindow();
+    const bool hasMade = m_hasMade;
+    const HWND window = UnsubclassWindow(); // nothing of the derived class is left to ask
+    if (hasMade && IsWindow(window)) ::DestroyWindow(window);
 }
 
 // Compiled so that a null pointer may ask.
@@ -68,6 +69,7 @@ BOOL CWnd::Attach(HWND window)
 HWND CWnd::Detach()
 {
     const HWND window = std::exchange(m_hWnd, nullptr);
+    m_hasMade = false;
     if (window && FromHandlePermanent(window) == this) CWndMaps::Instance().Remove(window);
     return window;
 }
@@ -137,6 +139,7 @@ BOOL CWnd::CreateEx(DWORD exStyle, const char* className, const char* name, DWOR
         corekit::detail::setCreationHook(std::exchange(hookBefore, nullptr));
         PostNcDestroy();
     }
+    if (made && FromHandlePermanent(made) == this) m_hasMade = true; // it may have gone meanwhile
     return made != nullptr;
 }
 

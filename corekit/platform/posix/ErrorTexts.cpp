@@ -29,7 +29,7 @@ struct TextRow {
     const char* text;
 };
 
-constexpr DWORD Code(HRESULT result) { return static_cast<DWORD>(result); }
+constexpr DWORD codeOf(HRESULT result) { return static_cast<DWORD>(result); }
 
 constexpr TextRow textRows[] = {
     {ERROR_SUCCESS, "No error."},
@@ -106,7 +106,6 @@ constexpr TextRow textRows[] = {
     {ERROR_CANNOT_FIND_WND_CLASS, "No window class has this name."},
     {ERROR_CLASS_ALREADY_EXISTS, "A window class of this name exists already."},
     {ERROR_CLASS_DOES_NOT_EXIST, "The window class does not exist."},
-    {ERROR_CLASS_HAS_WINDOWS, "The window class still has windows."},
     {ERROR_MENU_ITEM_NOT_FOUND, "The menu has no such item."},
     {ERROR_INVALID_KEYBOARD_HANDLE, "The keyboard layout does not exist."},
     {ERROR_TIMEOUT, "The time allowed for the operation ran out."},
@@ -126,20 +125,20 @@ constexpr TextRow textRows[] = {
     {WSASERVICE_NOT_FOUND, "Names of this kind cannot be looked up."},
     {WSA_E_NO_MORE, "There are no more records."},
     {WSAHOST_NOT_FOUND, "No host has this name."},
-    {Code(STG_E_FILENOTFOUND), "The compound file, or the element in it, was not found."},
-    {Code(STG_E_PATHNOTFOUND), "The folder of the compound file was not found."},
-    {Code(STG_E_ACCESSDENIED), "Access to the compound file or its element was denied."},
-    {Code(STG_E_INSUFFICIENTMEMORY), "There is not enough memory for the compound file."},
-    {Code(STG_E_INVALIDPOINTER), "A call on a compound file lacks a name or a place for its result."},
-    {Code(STG_E_SEEKERROR), "The position in the compound file cannot be reached."},
-    {Code(STG_E_WRITEFAULT), "The compound file did not take all of the data."},
-    {Code(STG_E_READFAULT), "The compound file did not give all of the data."},
-    {Code(STG_E_SHAREVIOLATION), "The compound file is in use and its user does not share it."},
-    {Code(STG_E_FILEALREADYEXISTS), "The compound file, or the element in it, exists already."},
-    {Code(STG_E_MEDIUMFULL), "There is no space left for the compound file."},
-    {Code(STG_E_INVALIDHEADER), "The file is not a compound file."},
-    {Code(STG_E_INVALIDNAME), "The name cannot be that of an element of a compound file."},
-    {Code(STG_E_DOCFILECORRUPT), "The compound file is damaged."},
+    {codeOf(STG_E_FILENOTFOUND), "The compound file, or the element in it, was not found."},
+    {codeOf(STG_E_PATHNOTFOUND), "The folder of the compound file was not found."},
+    {codeOf(STG_E_ACCESSDENIED), "Access to the compound file or its element was denied."},
+    {codeOf(STG_E_INSUFFICIENTMEMORY), "There is not enough memory for the compound file."},
+    {codeOf(STG_E_INVALIDPOINTER), "A call on a compound file lacks a name or a place for its result."},
+    {codeOf(STG_E_SEEKERROR), "The position in the compound file cannot be reached."},
+    {codeOf(STG_E_WRITEFAULT), "The compound file did not take all of the data."},
+    {codeOf(STG_E_READFAULT), "The compound file did not give all of the data."},
+    {codeOf(STG_E_SHAREVIOLATION), "The compound file is in use and its user does not share it."},
+    {codeOf(STG_E_FILEALREADYEXISTS), "The compound file, or the element in it, exists already."},
+    {codeOf(STG_E_MEDIUMFULL), "There is no space left for the compound file."},
+    {codeOf(STG_E_INVALIDHEADER), "The file is not a compound file."},
+    {codeOf(STG_E_INVALIDNAME), "The name cannot be that of an element of a compound file."},
+    {codeOf(STG_E_DOCFILECORRUPT), "The compound file is damaged."},
 };
 static_assert(std::ranges::is_sorted(textRows, {}, &TextRow::code));
 

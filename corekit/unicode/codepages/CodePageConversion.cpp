@@ -116,7 +116,7 @@ template <class Char>
 int lengthOf(const Char* text, int length)
 {
     if (text == nullptr) return 0;
-    return length < 0 ? CountedLength(TextLength(text)) : length;
+    return length < 0 ? countedLength(textLength(text)) : length;
 }
 
 } // namespace
@@ -158,7 +158,7 @@ void UnicodeToUTF8(const WCHAR* text, int length, StringA& out)
     const std::u16string_view all(text, static_cast<std::size_t>(lengthOf(text, length)));
     out.Empty();
     if (all.size() <= shortText) return void(narrowShort(Utf8Forms::any, all, out));
-    const int bytes = CountedLength(utf8Length(all));
+    const int bytes = countedLength(utf8Length(all));
     narrowUtf8(Utf8Forms::any, all, out.GetBuffer(bytes), static_cast<std::size_t>(bytes));
     out.ReleaseBuffer(bytes);
 }
@@ -168,7 +168,7 @@ BOOL UTF8toUnicode(const char* text, int length, StringW& out)
     const std::string_view all(text, static_cast<std::size_t>(lengthOf(text, length)));
     out.Empty();
     if (all.size() <= shortText) return widenShort(Utf8Forms::any, all, out);
-    const int room = CountedLength(utf16Length(all));
+    const int room = countedLength(utf16Length(all));
     WCHAR* const to = out.GetBuffer(room);
     const auto end = widenUtf8(Utf8Forms::any, all, to, static_cast<std::size_t>(room));
     out.ReleaseBuffer(static_cast<int>(end.to - to));

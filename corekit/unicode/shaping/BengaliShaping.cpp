@@ -39,8 +39,8 @@ constexpr ConsonantSet consonants = [] {
     return set;
 }();
 
-unsigned Place(WCHAR c) { return static_cast<unsigned>(c - bengaliStart); }
-bool isBengali(WCHAR c) { return Place(c) < bengaliSize; }
+unsigned placeOf(WCHAR c) { return static_cast<unsigned>(c - bengaliStart); }
+bool isBengali(WCHAR c) { return placeOf(c) < bengaliSize; }
 
 // A text of which nothing is read at or behind `end`.
 struct BoundedText {
@@ -52,11 +52,11 @@ struct BoundedText {
 
 const BengaliLeaf& findLeaf(const BoundedText& text, int index)
 {
-    const unsigned first = Place(text[index]);
+    const unsigned first = placeOf(text[index]);
     if (first >= bengaliSize) return trie.leaves[0];
     BengaliCell at = trie.cells[first];
     while (at.branches != 0) {
-        const unsigned place = Place(text[++index]);
+        const unsigned place = placeOf(text[++index]);
         if (place >= bengaliSize) break;
         const BengaliCell& next = trie.cells[at.branches + place];
         if (next.owner != at.branches) break;
@@ -153,7 +153,7 @@ using namespace corekit::detail;
 
 bool IsBengaliConsonant(WORD c)
 {
-    const unsigned place = Place(c);
+    const unsigned place = placeOf(c);
     return place < bengaliSize && consonants.has[place];
 }
 

@@ -34,7 +34,7 @@ struct Block {
 };
 
 template <class Rows>
-constexpr void Number(Block& block, const Rows& rows, Kind kind, unsigned char row)
+constexpr void numberRows(Block& block, const Rows& rows, Kind kind, unsigned char row)
 {
     for (const auto& r : rows) block.characters[r.letter - blockStart] = {kind, 0, row++};
 }
@@ -42,9 +42,9 @@ constexpr void Number(Block& block, const Rows& rows, Kind kind, unsigned char r
 constexpr Block makeBlock()
 {
     Block block{};
-    Number(block, devanagariVowels, Kind::Vowel, 0);
-    Number(block, devanagariSingles, Kind::Single, 0);
-    Number(block, devanagariConsonants, Kind::Consonant, 1);
+    numberRows(block, devanagariVowels, Kind::Vowel, 0);
+    numberRows(block, devanagariSingles, Kind::Single, 0);
+    numberRows(block, devanagariConsonants, Kind::Consonant, 1);
     Letter* letter = block.letters;
     for (const DevanagariConsonant& c : devanagariConsonants)
         *++letter = {{c.full, c.fullNukta}, {c.half, c.halfNukta}, {c.rakar, c.rakarNukta}, {}};
@@ -60,7 +60,7 @@ constexpr Block makeBlock()
 inline constexpr Block block = makeBlock();
 inline constexpr Character elsewhere{};
 
-inline const Character& Of(WCHAR c)
+inline const Character& characterOf(WCHAR c)
 {
     const unsigned place = c - blockStart;
     return place < blockSize ? block.characters[place] : elsewhere;

@@ -38,7 +38,7 @@ private:
 unsigned readConsonantMarks(Reader& text)
 {
     unsigned flags = 0;
-    while (const unsigned mark = Of(text.Peek()).mark) {
+    while (const unsigned mark = characterOf(text.Peek()).mark) {
         flags |= mark;
         text.Advance();
     }
@@ -51,7 +51,7 @@ struct Consonant {
 
     const Letter& Forms() const
     {
-        const Character& c = Of(code);
+        const Character& c = characterOf(code);
         return block.letters[c.kind == Kind::Consonant ? c.row : 0];
     }
     bool IsRa() const { return code == devanagariRa; }
@@ -111,7 +111,7 @@ Cluster readCluster(Reader& text)
         text.Advance();
         cluster.consonants[cluster.count++] = {code, readConsonantMarks(text)};
         if (cluster.count == 3 || !text.Take(virama)) return cluster;
-        if (Of(text.Peek()).kind != Kind::Consonant) {
+        if (characterOf(text.Peek()).kind != Kind::Consonant) {
             cluster.dead = true;
             return cluster;
         }
@@ -154,7 +154,7 @@ WCHAR* appendBase(WCHAR* out, const Consonant& c, Form form, bool dead)
 
 SignOn readSignMarks(Reader& text, const Consonant& c, Form form)
 {
-    const unsigned follows = Of(text.Peek()).mark & (anusvara | candrabindu);
+    const unsigned follows = characterOf(text.Peek()).mark & (anusvara | candrabindu);
     if (form != Form::Reph) {
         if (follows) text.Advance();
         return static_cast<SignOn>((c.flags | follows) >> 1);
@@ -235,7 +235,7 @@ int shapeSyllable(GlyphSink& sink, const WCHAR* text, int end, int index)
 {
     Reader reader(text, end, index);
     WCHAR* out = sink.Room(longestSyllable);
-    const Character& first = Of(reader.Peek());
+    const Character& first = characterOf(reader.Peek());
     if (first.kind == Kind::Single) {
         reader.Advance();
         sink.Commit(appendGlyph(out, devanagariSingles[first.row].glyph));
@@ -269,7 +269,7 @@ void ConvertDevanagariSyllable(StringW& out, const WCHAR* text, int& index)
 bool IsDevanagariConsonant(WCHAR c)
 {
     using namespace corekit::detail::devanagari;
-    return Of(c).kind == Kind::Consonant;
+    return characterOf(c).kind == Kind::Consonant;
 }
 
 bool IsDevanagariMatra(WCHAR c)

@@ -60,7 +60,7 @@ void ConvertToGlyphs(const WCHAR* text, int length, StringW& glyphs, bool system
     }
     if (!text || length == 0) return;
     // The steps read on to the zero, whatever the length.
-    const int end = CountedLength(TextLength(text));
+    const int end = countedLength(textLength(text));
     if (length < 0) length = end;
     if (length < 1) return;
 

@@ -50,7 +50,7 @@ private:
         if (m_buffer) m_out.ReleaseBuffer(m_length);
         constexpr int spare = 8; // so that the last step of a text does not grow it again
         const LONGLONG wanted = LONGLONG{m_length} + spare + std::max(count, m_buffer ? m_length / 2 : 0);
-        m_buffer = m_out.GetBuffer(CountedLength(static_cast<std::size_t>(wanted)));
+        m_buffer = m_out.GetBuffer(countedLength(static_cast<std::size_t>(wanted)));
         m_room = m_out.GetAllocLength();
     }
 

@@ -10,7 +10,7 @@ namespace corekit::detail {
 template <class Shape>
 void takeStep(StringW& out, const WCHAR* text, int& index, Shape shape)
 {
-    const int end = CountedLength(TextLength(text));
+    const int end = countedLength(textLength(text));
     if (index < 0 || index >= end) {
         ++index;
         return;

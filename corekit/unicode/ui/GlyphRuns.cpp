@@ -143,7 +143,7 @@ void GlyphRunBuilder::LiftMark(WCHAR c, int x, RunRuler& ruler, GlyphRun& run)
     m_fonts.Convert(run.slot, c, m_converted);
     const int count = static_cast<int>(run.text.size());
     const int width = count ? ruler.Width(run.text.data(), count, m_options) : 0;
-    if (!m_converted.empty()) run.marks.push_back({m_converted.front(), WrapAdd(x, width)});
+    if (!m_converted.empty()) run.marks.push_back({m_converted.front(), wrapAdd(x, width)});
 }
 
 void GlyphRunBuilder::Append(WCHAR c, GlyphRun& run)

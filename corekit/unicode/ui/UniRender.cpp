@@ -198,10 +198,10 @@ void CUniRender::DrawGlyphString(int x, int y, unsigned options, const CRect& re
         SelectFont(m_run.slot);
         const int length = static_cast<int>(m_run.text.size());
         const int width =
-            corekit::detail::WrapAdd(ruler.Width(m_run.text.data(), length, m_run.options), m_run.extra);
+            corekit::detail::wrapAdd(ruler.Width(m_run.text.data(), length, m_run.options), m_run.extra);
         ExtTextOutW(m_dc, x, y, m_run.options, &rect, m_run.text.data(), static_cast<UINT>(length));
         DrawMarks(m_run, y, rect);
-        x = corekit::detail::WrapAdd(x, width);
+        x = corekit::detail::wrapAdd(x, width);
     }
 }
 
@@ -240,7 +240,7 @@ CSize CUniRender::CalcGlyphStringSize(const WCHAR* glyphs, int count, int extraS
         SelectFont(m_run.slot);
         GetTextExtentPoint32W(m_dc, m_run.text.data(), static_cast<int>(m_run.text.size()), &size,
                               Options(m_run.options));
-        total.cx = corekit::detail::WrapAdd(total.cx, corekit::detail::WrapAdd(size.cx, m_run.extra));
+        total.cx = corekit::detail::wrapAdd(total.cx, corekit::detail::wrapAdd(size.cx, m_run.extra));
         total.cy = std::max(total.cy, size.cy);
     }
     total.cy += measureLeading;

@@ -22,8 +22,8 @@ bool CUnicodeManager::TranslateMessageHook(MSG* message)
 
 bool CUnicodeManager::TMH_KeyDown(MSG* message)
 {
-    using corekit::detail::IsDown;
-    if (IsDown(VK_CONTROL) && IsDown(VK_MENU)) {
+    using corekit::detail::isKeyDown;
+    if (isKeyDown(VK_CONTROL) && isKeyDown(VK_MENU)) {
         if (message->wParam == VK_LEFT) return ActivatePrevKeyboard();
         if (message->wParam == VK_RIGHT) return ActivateNextKeyboard();
     }

@@ -51,8 +51,8 @@ public:
 
     UINT GetAutohideEdge(); // on which the bar hides itself, appBarUnknown for none
 
-    static bool IsEdgeLeftOrRight(UINT edge) { return corekit::detail::IsSideEdge(edge); }
-    static bool IsEdgeTopOrBottom(UINT edge) { return corekit::detail::IsEndEdge(edge); }
+    static bool IsEdgeLeftOrRight(UINT edge) { return corekit::detail::isSideEdge(edge); }
+    static bool IsEdgeTopOrBottom(UINT edge) { return corekit::detail::isEndEdge(edge); }
     // The state for a bar that is dragged to the point of the screen, by appBarAllow flags.
     static UINT GetEdgeFromPoint(DWORD flags, CPoint point);
 

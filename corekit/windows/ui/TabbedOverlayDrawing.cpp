@@ -11,7 +11,7 @@ namespace {
 constexpr COLORREF inactiveBack = RGB(0xC0, 0xC0, 0xC0);
 constexpr COLORREF activeBack = RGB(0xFF, 0xFF, 0xFF);
 
-void Line(CDC& dc, CPen& pen, CPoint from, CPoint to)
+void drawLine(CDC& dc, CPen& pen, CPoint from, CPoint to)
 {
     CPen* const former = dc.SelectObject(&pen);
     dc.MoveTo(from.x, from.y);
@@ -44,7 +44,7 @@ void CTabbedOverlayWnd::DrawTabs(CDC& dc)
     const int saved = dc.SaveDC();
     dc.IntersectClipRect(&area);
     dc.FillSolidRect(&area, SysColourMetricCache().m_scrollBar);
-    Line(dc, m_blackPen, {area.left, area.top}, {area.right, area.top});
+    drawLine(dc, m_blackPen, {area.left, area.top}, {area.right, area.top});
     for (int tab = 0; tab < m_strip.Count(); ++tab) {
         const CRect place = m_strip.TabRect(tab);
         if (place.right + m_strip.Height() > area.left && place.left - m_strip.Height() < area.right)
@@ -63,12 +63,13 @@ void CTabbedOverlayWnd::DrawTab(CDC& dc, int tab, TabLook look)
     const int slant = m_strip.Height() / 4, height = r.Height();
     for (int row = 0; isActive && row < height; ++row) {
         const int inset = MulDiv(2 * slant, row, height);
-        Line(dc, m_whitePen, {r.left - slant + inset, r.top + row}, {r.right + slant - inset, r.top + row});
+        drawLine(dc, m_whitePen, {r.left - slant + inset, r.top + row},
+                 {r.right + slant - inset, r.top + row});
     }
-    Line(dc, m_blackPen, {r.left - slant, r.top}, {r.left + slant, r.bottom - 1});
-    Line(dc, m_blackPen, {r.right - slant, r.bottom - 1}, {r.right + slant, r.top});
-    Line(dc, m_greyPen, {r.left + slant + 1, r.bottom - 1}, {r.right - slant, r.bottom - 1});
-    if (!isActive) Line(dc, m_greyPen, {r.right - slant, r.bottom - 1}, {r.right + slant - 1, r.top});
+    drawLine(dc, m_blackPen, {r.left - slant, r.top}, {r.left + slant, r.bottom - 1});
+    drawLine(dc, m_blackPen, {r.right - slant, r.bottom - 1}, {r.right + slant, r.top});
+    drawLine(dc, m_greyPen, {r.left + slant + 1, r.bottom - 1}, {r.right - slant, r.bottom - 1});
+    if (!isActive) drawLine(dc, m_greyPen, {r.right - slant, r.bottom - 1}, {r.right + slant - 1, r.top});
 
     const CRect text(r.left + 2 * slant, r.top + 2, r.right - 2 * slant, r.bottom - 2);
     dc.SetTextColor(0);
@@ -97,7 +98,7 @@ void CTabbedOverlayWnd::DrawSplitter(CDC& dc)
     const CRect place = m_strip.SplitterRect();
     if (place.IsRectEmpty()) return;
     const CSysColourMetricCache& colours = SysColourMetricCache();
-    Line(dc, m_blackPen, {place.left, place.top + 1}, {place.left, place.bottom});
+    drawLine(dc, m_blackPen, {place.left, place.top + 1}, {place.left, place.bottom});
     const CRect bar(place.left + 1, place.top + 1, place.right, place.bottom);
     dc.FillSolidRect(&bar, colours.m_buttonFace);
     dc.Draw3dRect(&bar, colours.m_buttonHighlight, colours.m_buttonShadow);

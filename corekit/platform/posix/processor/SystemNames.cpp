@@ -16,7 +16,7 @@ std::string userName()
     return name.empty() ? std::to_string(geteuid()) : name;
 }
 
-bool Copy(std::string_view text, char* buffer, DWORD size)
+bool copyOut(std::string_view text, char* buffer, DWORD size)
 {
     if (!buffer || text.size() >= size) return false;
     buffer[text.copy(buffer, text.size())] = 0;
@@ -25,7 +25,7 @@ bool Copy(std::string_view text, char* buffer, DWORD size)
 
 BOOL copyName(std::string_view name, char* buffer, DWORD* size, DWORD counted)
 {
-    const bool copied = Copy(name, buffer, *size);
+    const bool copied = copyOut(name, buffer, *size);
     *size = static_cast<DWORD>(name.size()) + (copied ? counted : 1);
     if (!copied) SetLastError(ERROR_INSUFFICIENT_BUFFER);
     return copied;
@@ -50,5 +50,5 @@ DWORD GetEnvironmentVariableA(const char* name, char* buffer, DWORD size)
         return 0;
     }
     const auto length = static_cast<DWORD>(std::strlen(value));
-    return Copy(value, buffer, size) ? length : length + 1;
+    return copyOut(value, buffer, size) ? length : length + 1;
 }

@@ -22,7 +22,7 @@ std::u16string widen(std::string_view narrow)
     return wide;
 }
 
-std::string Narrow(const std::u16string& wide)
+std::string narrowed(const std::u16string& wide)
 {
     const int size = static_cast<int>(wide.size());
     const int length = WideCharToMultiByte(CP_ACP, 0, wide.data(), size, nullptr, 0, nullptr, nullptr);
@@ -43,7 +43,7 @@ std::optional<std::string> narrowToUtf8(std::string_view narrow)
     UErrorCode error = U_ZERO_ERROR;
     u_strToUTF8(utf8.data(), static_cast<int32_t>(utf8.size()), &length, wide.data(),
                 static_cast<int32_t>(wide.size()), &error);
-    if (U_FAILURE(error) || Narrow(wide) != narrow) return std::nullopt;
+    if (U_FAILURE(error) || narrowed(wide) != narrow) return std::nullopt;
     utf8.resize(static_cast<std::size_t>(length));
     return utf8;
 }
@@ -57,7 +57,7 @@ std::string utf8ToNarrow(std::string_view utf8)
     u_strFromUTF8WithSub(wide.data(), static_cast<int32_t>(wide.size()), &length, utf8.data(),
                          static_cast<int32_t>(utf8.size()), 0xFFFD, nullptr, &error);
     wide.resize(static_cast<std::size_t>(length));
-    return Narrow(wide);
+    return narrowed(wide);
 }
 
 std::string foldName(std::string_view utf8)

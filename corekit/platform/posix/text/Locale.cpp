@@ -102,8 +102,6 @@ using namespace corekit::detail;
 
 LCID GetSystemDefaultLCID() { return processLanguage().id; }
 
-LCID GetUserDefaultLCID() { return processLanguage().id; }
-
 int GetLocaleInfoA(LCID locale, DWORD type, char* result, int size)
 {
     const bool isOwn = locale == 0 || locale == 0x400 || locale == 0x800;

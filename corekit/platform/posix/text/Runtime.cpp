@@ -41,5 +41,3 @@ char* _strrev(char* text)
     std::reverse(text, text + std::strlen(text));
     return text;
 }
-
-int lstrlenA(const char* text) { return text != nullptr ? static_cast<int>(std::strlen(text)) : 0; }

@@ -30,9 +30,9 @@ private:
 
 namespace crt16 {
 
-std::size_t wcslen(const WCHAR* text) { return corekit::detail::TextLength(text); }
+std::size_t wcslen(const WCHAR* text) { return corekit::detail::textLength(text); }
 
-int wcscmp(const WCHAR* a, const WCHAR* b) { return corekit::detail::CompareText(a, b); }
+int wcscmp(const WCHAR* a, const WCHAR* b) { return corekit::detail::compareText(a, b); }
 
 int wcsncmp(const WCHAR* a, const WCHAR* b, std::size_t count)
 {
@@ -48,26 +48,6 @@ int _wcsicmp(const WCHAR* a, const WCHAR* b)
     const auto& lower = caseTables().lower;
     while (*a != 0 && (*a == *b || lower[*a] == lower[*b])) ++a, ++b;
     return static_cast<int>(lower[*a]) - static_cast<int>(lower[*b]);
-}
-
-const WCHAR* wcschr(const WCHAR* text, WCHAR unit)
-{
-    const WCHAR* place = corekit::detail::FindUnitOrEnd(text, unit);
-    return *place == unit ? place : nullptr;
-}
-
-const WCHAR* wcsrchr(const WCHAR* text, WCHAR unit)
-{
-    for (const WCHAR* p = text + wcslen(text);; --p) {
-        if (*p == unit) return p;
-        if (p == text) return nullptr;
-    }
-}
-
-const WCHAR* wcsstr(const WCHAR* text, const WCHAR* what)
-{
-    const std::size_t place = find({text, wcslen(text)}, {what, wcslen(what)});
-    return place != npos ? text + place : nullptr;
 }
 
 std::size_t wcsspn(const WCHAR* text, const WCHAR* set)
@@ -146,12 +126,12 @@ int _wtoi(const WCHAR* text)
 
 std::size_t find(std::u16string_view hay, WCHAR unit, std::size_t from)
 {
-    return corekit::detail::FindInUnits(hay, unit, from);
+    return corekit::detail::findInUnits(hay, unit, from);
 }
 
 std::size_t find(std::u16string_view hay, std::u16string_view needle, std::size_t from)
 {
-    return corekit::detail::FindInUnits(hay, needle, from);
+    return corekit::detail::findInUnits(hay, needle, from);
 }
 
 } // namespace crt16

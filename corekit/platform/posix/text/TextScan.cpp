@@ -41,7 +41,7 @@ int placeOf(std::size_t found) { return found == npos ? -1 : static_cast<int>(fo
 
 // The first 64 units at once, since the end of a short text is hard to guess; then whole cache lines.
 // Neither crosses into a page that the text is not in.
-COREKIT_READS_WHOLE_BLOCKS std::size_t TextLength(const WCHAR* p)
+COREKIT_READS_WHOLE_BLOCKS std::size_t textLength(const WCHAR* p)
 {
     std::size_t n = 0;
     if (isInOnePage(p, 2 * lineUnits * sizeof(WCHAR))) {
@@ -60,7 +60,7 @@ COREKIT_READS_WHOLE_BLOCKS std::size_t TextLength(const WCHAR* p)
 }
 
 // The text may end anywhere before n: nothing is read of a page that it does not reach.
-COREKIT_READS_WHOLE_BLOCKS int TextLength(const WCHAR* p, int n)
+COREKIT_READS_WHOLE_BLOCKS int textLength(const WCHAR* p, int n)
 {
     for (int i = 0; i < n;) {
         if (isInOnePage(p + i, sizeof(Units))) {
@@ -75,7 +75,7 @@ COREKIT_READS_WHOLE_BLOCKS int TextLength(const WCHAR* p, int n)
     return n;
 }
 
-COREKIT_READS_WHOLE_BLOCKS const WCHAR* FindUnitOrEnd(const WCHAR* text, WCHAR unit)
+COREKIT_READS_WHOLE_BLOCKS const WCHAR* findUnitOrEnd(const WCHAR* text, WCHAR unit)
 {
     const Units wanted = spreadUnit(unit);
     for (;;) {
@@ -91,7 +91,7 @@ COREKIT_READS_WHOLE_BLOCKS const WCHAR* FindUnitOrEnd(const WCHAR* text, WCHAR u
     }
 }
 
-COREKIT_READS_WHOLE_BLOCKS std::size_t MismatchInText(const WCHAR* a, const WCHAR* b)
+COREKIT_READS_WHOLE_BLOCKS std::size_t mismatchInText(const WCHAR* a, const WCHAR* b)
 {
     for (std::size_t i = 0;;) {
         if (isInOnePage(a + i, sizeof(Units)) && isInOnePage(b + i, sizeof(Units))) {
@@ -106,31 +106,31 @@ COREKIT_READS_WHOLE_BLOCKS std::size_t MismatchInText(const WCHAR* a, const WCHA
     }
 }
 
-int FindInText(const char* text, int n, char ch)
+int findInText(const char* text, int n, char ch)
 {
-    const std::string_view all(text, static_cast<std::size_t>(TextLength(text, n)));
+    const std::string_view all(text, static_cast<std::size_t>(textLength(text, n)));
     return placeOf(all.find(ch));
 }
 
-int FindInText(const WCHAR* text, int, WCHAR ch)
+int findInText(const WCHAR* text, int, WCHAR ch)
 {
-    const WCHAR* const at = FindUnitOrEnd(text, ch);
+    const WCHAR* const at = findUnitOrEnd(text, ch);
     return *at == ch && ch ? static_cast<int>(at - text) : -1;
 }
 
-int FindInText(const char* text, int n, const char* what)
+int findInText(const char* text, int n, const char* what)
 {
-    const std::string_view all(text, static_cast<std::size_t>(TextLength(text, n)));
+    const std::string_view all(text, static_cast<std::size_t>(textLength(text, n)));
     return placeOf(all.find(what));
 }
 
-int FindInText(const WCHAR* text, int n, const WCHAR* what)
+int findInText(const WCHAR* text, int n, const WCHAR* what)
 {
-    const int at = placeOf(FindInUnits({text, static_cast<std::size_t>(n)}, {what, TextLength(what)}, 0));
-    return TextLength(text, at) < at ? -1 : at; // behind a zero there is nothing
+    const int at = placeOf(findInUnits({text, static_cast<std::size_t>(n)}, {what, textLength(what)}, 0));
+    return textLength(text, at) < at ? -1 : at; // behind a zero there is nothing
 }
 
-std::size_t FindInUnits(std::u16string_view text, WCHAR unit, std::size_t from)
+std::size_t findInUnits(std::u16string_view text, WCHAR unit, std::size_t from)
 {
     if (from >= text.size()) return npos;
     const Units wanted = spreadUnit(unit);
@@ -143,12 +143,12 @@ std::size_t FindInUnits(std::u16string_view text, WCHAR unit, std::size_t from)
 }
 
 // A place is looked at only where the first and the last unit both fit; sixteen places a step.
-COREKIT_READS_WHOLE_BLOCKS std::size_t FindInUnits(std::u16string_view text, std::u16string_view what,
+COREKIT_READS_WHOLE_BLOCKS std::size_t findInUnits(std::u16string_view text, std::u16string_view what,
                                                    std::size_t from)
 {
     if (from > text.size() || what.size() > text.size() - from) return npos;
     if (what.empty()) return from;
-    if (what.size() == 1) return FindInUnits(text, what[0], from);
+    if (what.size() == 1) return findInUnits(text, what[0], from);
     constexpr std::size_t stepPlaces = 2 * blockUnits, stepBytes = stepPlaces * sizeof(WCHAR);
     const std::size_t span = what.size() - 1, places = text.size() - span;
     const Units first = spreadUnit(what.front());
@@ -165,7 +165,7 @@ COREKIT_READS_WHOLE_BLOCKS std::size_t FindInUnits(std::u16string_view text, std
         if (left < stepPlaces) bits &= (1u << left) - 1;
         for (; bits != 0; bits &= bits - 1) {
             const auto i = static_cast<std::size_t>(std::countr_zero(bits));
-            if (SameUnits(p + i + 1, what.data() + 1, span - 1)) return from + i;
+            if (sameUnits(p + i + 1, what.data() + 1, span - 1)) return from + i;
         }
     }
     return npos;

@@ -36,14 +36,6 @@ void SysFreeString(BSTR text)
     if (text != nullptr) std::free(blockOf(text));
 }
 
-UINT SysStringLen(BSTR text)
-{
-    if (text == nullptr) return 0;
-    DWORD bytes;
-    std::memcpy(&bytes, blockOf(text) + prefix - sizeof bytes, sizeof bytes);
-    return bytes / static_cast<UINT>(sizeof(WCHAR));
-}
-
 void VariantInit(VARIANT* variant) { *variant = VARIANT{}; }
 
 HRESULT VariantClear(VARIANT* variant)

@@ -71,14 +71,6 @@ LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 
 BOOL IsWindow(HWND window) { return static_cast<bool>(Windows::Find(window)); }
 
-DWORD GetWindowThreadProcessId(HWND window, DWORD* process)
-{
-    const auto found = Windows::Find(window);
-    if (!found) SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-    if (found && process) *process = GetCurrentProcessId();
-    return found ? found->threadNumber : 0;
-}
-
 BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     std::shared_ptr<MessageQueue> queue;

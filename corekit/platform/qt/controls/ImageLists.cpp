@@ -129,16 +129,6 @@ int ImageList_ReplaceIcon(HIMAGELIST handle, int index, HICON icon)
     return index;
 }
 
-BOOL ImageList_Replace(HIMAGELIST handle, int index, HBITMAP bitmap, HBITMAP mask)
-{
-    const auto list = require(handle);
-    const QImage picture = pictureOf(IMAGE_BITMAP, bitmap);
-    if (!list || picture.isNull() || !list->has(index)) return FALSE;
-    list->pictures[static_cast<std::size_t>(index)] =
-        masked(picture, mask).copy(0, 0, list->width, list->height);
-    return TRUE;
-}
-
 BOOL ImageList_Remove(HIMAGELIST handle, int index)
 {
     const auto list = require(handle);
@@ -169,12 +159,6 @@ COLORREF ImageList_SetBkColor(HIMAGELIST handle, COLORREF colour)
 {
     const auto list = require(handle);
     return list ? std::exchange(list->background, colour) : CLR_NONE;
-}
-
-COLORREF ImageList_GetBkColor(HIMAGELIST handle)
-{
-    const auto list = require(handle);
-    return list ? list->background : CLR_NONE;
 }
 
 BOOL ImageList_Draw(HIMAGELIST handle, int index, HDC dc, int x, int y, UINT style)

@@ -29,34 +29,6 @@ void waitForEnd(HWND dialog, DialogState& state)
     state.loop = nullptr;
 }
 
-// Keys of the innermost dialog that runs without the framework.
-constinit HWND keyDialog = nullptr;
-constinit PreTranslate offeredBefore = nullptr;
-
-bool offerToDialog(MSG* message)
-{
-    if (offeredBefore && offeredBefore(message)) return true;
-    return keyDialog && IsDialogMessageA(keyDialog, message);
-}
-
-class KeysTaken {
-public:
-    explicit KeysTaken(HWND dialog) : m_outer(std::exchange(keyDialog, dialog))
-    {
-        if (!m_outer) offeredBefore = setPreTranslate(offerToDialog);
-    }
-    KeysTaken(const KeysTaken&) = delete;
-    KeysTaken& operator=(const KeysTaken&) = delete;
-    ~KeysTaken()
-    {
-        keyDialog = m_outer;
-        if (!m_outer) setPreTranslate(std::exchange(offeredBefore, nullptr));
-    }
-
-private:
-    HWND m_outer;
-};
-
 } // namespace
 
 INT_PTR corekit::detail::runModalDialog(HWND dialog)
@@ -74,17 +46,6 @@ INT_PTR corekit::detail::runModalDialog(HWND dialog)
     if (IsWindow(dialog)) ShowWindow(dialog, SW_HIDE);
     if (IsWindow(owner) && IsWindowVisible(owner)) SetActiveWindow(owner);
     return state->ended ? state->result : cancelled;
-}
-
-INT_PTR DialogBoxIndirectParamA(HINSTANCE instance, const DialogTemplate* dialog, HWND owner,
-                                DLGPROC procedure, LPARAM parameter)
-{
-    const HWND window = CreateDialogIndirectParamA(instance, dialog, owner, procedure, parameter);
-    if (!window) return -1;
-    const KeysTaken keys(window);
-    const INT_PTR result = runModalDialog(window);
-    if (IsWindow(window)) DestroyWindow(window);
-    return result;
 }
 
 BOOL EndDialog(HWND dialog, INT_PTR result)

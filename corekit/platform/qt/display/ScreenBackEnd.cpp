@@ -62,10 +62,10 @@ public:
 
     HRESULT Initialize(GUID* driver) override
     {
-        if (screen_) return DDERR_INVALIDPARAMS;
-        screen_ = screenOf(driver);
-        if (!screen_) return DDERR_INVALIDPARAMS;
-        size_ = screen_->size();
+        if (m_screen) return DDERR_INVALIDPARAMS;
+        m_screen = screenOf(driver);
+        if (!m_screen) return DDERR_INVALIDPARAMS;
+        m_size = m_screen->size();
         return S_OK;
     }
 
@@ -73,8 +73,8 @@ public:
     {
         const bool isExclusive = (flags & DDSCL_EXCLUSIVE) != 0;
         if (isExclusive ? !(flags & DDSCL_FULLSCREEN) : !(flags & DDSCL_NORMAL)) return DDERR_INVALIDPARAMS;
-        level_ = flags;
-        if (!isExclusive) window_.reset();
+        m_level = flags;
+        if (!isExclusive) m_window.reset();
         return S_OK;
     }
 
@@ -84,8 +84,8 @@ public:
         if (!isExclusive()) return DDERR_NOEXCLUSIVEMODE;
         const bool isKnown = bits == 8 || bits == 16 || bits == 24 || bits == 32;
         if (!isKnown || !isSound(width, height)) return DDERR_INVALIDPARAMS;
-        size_ = QSize(static_cast<int>(width), static_cast<int>(height));
-        bits_ = bits;
+        m_size = QSize(static_cast<int>(width), static_cast<int>(height));
+        m_bits = bits;
         return S_OK;
     }
 
@@ -94,7 +94,7 @@ public:
         if (!d || !out || outer || d->dwSize != sizeof *d || !(d->dwFlags & DDSD_CAPS))
             return DDERR_INVALIDPARAMS;
         *out = nullptr;
-        if (level_ == 0) return DDERR_NOCOOPERATIVELEVELSET;
+        if (m_level == 0) return DDERR_NOCOOPERATIVELEVELSET;
         if (d->dwCaps & DDSCAPS_PRIMARYSURFACE) return createPrimary(*d, out);
         if (!(d->dwFlags & DDSD_WIDTH) || !(d->dwFlags & DDSD_HEIGHT) || !isSound(d->dwWidth, d->dwHeight))
             return DDERR_INVALIDPARAMS;
@@ -106,7 +106,7 @@ public:
     HRESULT CreatePalette(DWORD, PALETTEENTRY* entries, IDirectDrawPalette** out, IUnknown* outer) override
     {
         if (!entries || !out || outer) return DDERR_INVALIDPARAMS;
-        if (level_ == 0) return DDERR_NOCOOPERATIVELEVELSET;
+        if (m_level == 0) return DDERR_NOCOOPERATIVELEVELSET;
         *out = new ScreenPalette(entries);
         return S_OK;
     }
@@ -114,15 +114,15 @@ public:
     HRESULT WaitForVerticalBlank(DWORD, HANDLE event) override
     {
         if (event) return DDERR_UNSUPPORTED;
-        if (window_)
-            window_->waitForBlank();
+        if (m_window)
+            m_window->waitForBlank();
         else
-            sleepUntilBlank(screen_);
+            sleepUntilBlank(m_screen);
         return S_OK;
     }
 
 private:
-    bool isExclusive() const { return level_ & DDSCL_EXCLUSIVE; }
+    bool isExclusive() const { return m_level & DDSCL_EXCLUSIVE; }
     static bool isSound(DWORD width, DWORD height)
     {
         return width > 0 && height > 0 && width <= largestSide && height <= largestSide;
@@ -131,23 +131,24 @@ private:
     HRESULT createPrimary(const DDSURFACEDESC& d, IDirectDrawSurface** out)
     {
         if (!isExclusive()) return DDERR_NOEXCLUSIVEMODE;
-        if (!screen_) return DDERR_WRONGMODE;
-        if (window_.use_count() > 1) return DDERR_PRIMARYSURFACEALREADYEXISTS;
-        window_ = std::make_shared<ScreenWindow>(screen_);
-        const bool hasPalette = bits_ == 8;
-        auto* const front = new ScreenSurface({size_.width(), size_.height(), d.dwCaps, hasPalette, window_});
+        if (!m_screen) return DDERR_WRONGMODE;
+        if (m_window.use_count() > 1) return DDERR_PRIMARYSURFACEALREADYEXISTS;
+        m_window = std::make_shared<ScreenWindow>(m_screen);
+        const bool hasPalette = m_bits == 8;
+        auto* const front =
+            new ScreenSurface({m_size.width(), m_size.height(), d.dwCaps, hasPalette, m_window});
         if (d.dwFlags & DDSD_BACKBUFFERCOUNT && d.dwBackBufferCount > 0)
             front->attachBackBuffer(new ScreenSurface(
-                {size_.width(), size_.height(), (d.dwCaps & ~DDSCAPS_PRIMARYSURFACE) | DDSCAPS_BACKBUFFER,
-                 hasPalette, window_}));
+                {m_size.width(), m_size.height(), (d.dwCaps & ~DDSCAPS_PRIMARYSURFACE) | DDSCAPS_BACKBUFFER,
+                 hasPalette, m_window}));
         *out = front;
         return S_OK;
     }
 
-    QPointer<QScreen> screen_;
-    QSize size_;
-    DWORD bits_ = 32, level_ = 0;
-    std::shared_ptr<ScreenWindow> window_;
+    QPointer<QScreen> m_screen;
+    QSize m_size;
+    DWORD m_bits = 32, m_level = 0;
+    std::shared_ptr<ScreenWindow> m_window;
 };
 
 class ScreenBackEnd final : public DisplayBackEnd {

@@ -25,8 +25,8 @@ bool liesIn(const RECT& r, int width, int height)
 
 ScreenPalette::ScreenPalette(const PALETTEENTRY* entries)
 {
-    for (std::size_t i = 0; i < colours_.size(); ++i)
-        colours_[i] = qRgb(entries[i].peRed, entries[i].peGreen, entries[i].peBlue);
+    for (std::size_t i = 0; i < m_colours.size(); ++i)
+        m_colours[i] = qRgb(entries[i].peRed, entries[i].peGreen, entries[i].peBlue);
 }
 
 HRESULT ScreenPalette::QueryInterface(const GUID&, void** out)
@@ -49,7 +49,7 @@ QImage ScreenPalette::shown(const QImage& picture) const
             const auto [at, isNew] = nearest.try_emplace(row[x], 0);
             if (isNew)
                 at->second = *std::ranges::min_element(
-                    colours_, {}, [&](std::uint32_t colour) { return distance(colour, row[x]); });
+                    m_colours, {}, [&](std::uint32_t colour) { return distance(colour, row[x]); });
             row[x] = at->second;
         }
     }
@@ -57,28 +57,29 @@ QImage ScreenPalette::shown(const QImage& picture) const
 }
 
 ScreenSurface::ScreenSurface(Place place)
-    : place_(std::move(place)),
-      pixels_(static_cast<std::size_t>(place_.width) * static_cast<std::size_t>(place_.height), opaqueBlack),
-      work_(newContext())
+    : m_place(std::move(place)),
+      m_pixels(static_cast<std::size_t>(m_place.width) * static_cast<std::size_t>(m_place.height),
+               opaqueBlack),
+      m_work(newContext())
 {
 }
 
 ScreenSurface::~ScreenSurface()
 {
-    if (back_) back_->Release();
-    if (palette_) palette_->Release();
-    if (isPrimary() && place_.window) place_.window->show(QImage());
-    if (given_) DeleteDC(given_);
-    DeleteDC(work_);
+    if (m_back) m_back->Release();
+    if (m_palette) m_palette->Release();
+    if (isPrimary() && m_place.window) m_place.window->show(QImage());
+    if (m_given) DeleteDC(m_given);
+    DeleteDC(m_work);
 }
 
 HDC ScreenSurface::newContext()
 {
     ForeignPixels on;
-    on.pixels = pixels_.data();
-    on.width = place_.width;
-    on.height = place_.height;
-    on.stride = place_.width;
+    on.pixels = m_pixels.data();
+    on.width = m_place.width;
+    on.height = m_place.height;
+    on.stride = m_place.width;
     return makeForeignContext(on);
 }
 
@@ -95,27 +96,27 @@ HRESULT ScreenSurface::GetSurfaceDesc(DDSURFACEDESC* d)
 {
     if (!d || d->dwSize != sizeof *d) return DDERR_INVALIDPARAMS;
     d->dwFlags = DDSD_CAPS | DDSD_HEIGHT | DDSD_WIDTH;
-    d->dwWidth = static_cast<DWORD>(place_.width);
-    d->dwHeight = static_cast<DWORD>(place_.height);
-    d->lPitch = place_.width * 4;
-    d->dwBackBufferCount = back_ ? 1 : 0;
-    d->dwCaps = place_.caps;
+    d->dwWidth = static_cast<DWORD>(m_place.width);
+    d->dwHeight = static_cast<DWORD>(m_place.height);
+    d->lPitch = m_place.width * 4;
+    d->dwBackBufferCount = m_back ? 1 : 0;
+    d->dwCaps = m_place.caps;
     return S_OK;
 }
 
 HRESULT ScreenSurface::GetAttachedSurface(const DWORD* caps, IDirectDrawSurface3** out)
 {
     if (!caps || !out) return DDERR_INVALIDPARAMS;
-    *out = back_ && (*caps & DDSCAPS_BACKBUFFER) ? back_ : nullptr;
+    *out = m_back && (*caps & DDSCAPS_BACKBUFFER) ? m_back : nullptr;
     if (!*out) return DDERR_NOTFOUND;
-    back_->AddRef();
+    m_back->AddRef();
     return S_OK;
 }
 
 bool ScreenSurface::isLost()
 {
-    if (place_.window && !place_.window->isOnTop()) lost_ = true;
-    return lost_;
+    if (m_place.window && !m_place.window->isOnTop()) m_lost = true;
+    return m_lost;
 }
 
 HRESULT ScreenSurface::copy(const RECT& to, IDirectDrawSurface3* from, const RECT* part, DWORD operation)
@@ -123,10 +124,11 @@ HRESULT ScreenSurface::copy(const RECT& to, IDirectDrawSurface3* from, const REC
     auto* const source = dynamic_cast<ScreenSurface*>(from);
     if (!source) return DDERR_INVALIDPARAMS;
     if (isLost() || source->isLost()) return DDERR_SURFACELOST;
-    const RECT cut = part ? *part : wholeOf(source->place_.width, source->place_.height);
-    if (!liesIn(to, place_.width, place_.height) || !liesIn(cut, source->place_.width, source->place_.height))
+    const RECT cut = part ? *part : wholeOf(source->m_place.width, source->m_place.height);
+    if (!liesIn(to, m_place.width, m_place.height) ||
+        !liesIn(cut, source->m_place.width, source->m_place.height))
         return DDERR_INVALIDRECT;
-    StretchBlt(work_, to.left, to.top, to.right - to.left, to.bottom - to.top, source->work_, cut.left,
+    StretchBlt(m_work, to.left, to.top, to.right - to.left, to.bottom - to.top, source->m_work, cut.left,
                cut.top, cut.right - cut.left, cut.bottom - cut.top, operation);
     if (isPrimary()) present();
     return S_OK;
@@ -136,11 +138,11 @@ HRESULT ScreenSurface::BltFast(DWORD x, DWORD y, IDirectDrawSurface3* from, RECT
 {
     constexpr DWORD colourKeys = 3;
     const auto* const source = dynamic_cast<ScreenSurface*>(from);
-    if (!source || x > static_cast<DWORD>(place_.width) || y > static_cast<DWORD>(place_.height))
+    if (!source || x > static_cast<DWORD>(m_place.width) || y > static_cast<DWORD>(m_place.height))
         return DDERR_INVALIDPARAMS;
     if (flags & colourKeys) return DDERR_UNSUPPORTED;
-    const RECT cut = part ? *part : wholeOf(source->place_.width, source->place_.height);
-    if (!liesIn(cut, source->place_.width, source->place_.height)) return DDERR_INVALIDRECT;
+    const RECT cut = part ? *part : wholeOf(source->m_place.width, source->m_place.height);
+    if (!liesIn(cut, source->m_place.width, source->m_place.height)) return DDERR_INVALIDRECT;
     const auto left = static_cast<LONG>(x), top = static_cast<LONG>(y);
     return copy({left, top, left + cut.right - cut.left, top + cut.bottom - cut.top}, from, &cut, SRCCOPY);
 }
@@ -149,24 +151,24 @@ HRESULT ScreenSurface::Blt(RECT* to, IDirectDrawSurface3* source, RECT* part, DW
 {
     const bool byOperation = (flags & DDBLT_ROP) != 0;
     if (byOperation && (!effects || effects->dwSize != sizeof *effects)) return DDERR_INVALIDPARAMS;
-    return copy(to ? *to : wholeOf(place_.width, place_.height), source, part,
+    return copy(to ? *to : wholeOf(m_place.width, m_place.height), source, part,
                 byOperation ? effects->dwROP : SRCCOPY);
 }
 
 void ScreenSurface::present()
 {
-    const QImage picture(reinterpret_cast<const uchar*>(pixels_.data()), place_.width, place_.height,
-                         std::ptrdiff_t{place_.width} * 4, QImage::Format_RGB32);
-    place_.window->show(place_.hasPalette && palette_ ? palette_->shown(picture) : picture);
+    const QImage picture(reinterpret_cast<const uchar*>(m_pixels.data()), m_place.width, m_place.height,
+                         std::ptrdiff_t{m_place.width} * 4, QImage::Format_RGB32);
+    m_place.window->show(m_place.hasPalette && m_palette ? m_palette->shown(picture) : picture);
 }
 
 HRESULT ScreenSurface::Flip(IDirectDrawSurface3* target, DWORD)
 {
-    if (!back_ || target) return DDERR_NOTFLIPPABLE;
+    if (!m_back || target) return DDERR_NOTFLIPPABLE;
     if (isLost()) return DDERR_SURFACELOST;
-    if (given_ || back_->given_) return DDERR_DCALREADYCREATED;
-    std::swap(pixels_, back_->pixels_);
-    std::swap(work_, back_->work_); // each draws on the pixels that it was made for
+    if (m_given || m_back->m_given) return DDERR_DCALREADYCREATED;
+    std::swap(m_pixels, m_back->m_pixels);
+    std::swap(m_work, m_back->m_work); // each draws on the pixels that it was made for
     present();
     return S_OK;
 }
@@ -176,17 +178,17 @@ HRESULT ScreenSurface::GetDC(HDC* dc)
     if (!dc) return DDERR_INVALIDPARAMS;
     *dc = nullptr;
     if (isLost()) return DDERR_SURFACELOST;
-    if (given_) return DDERR_DCALREADYCREATED;
-    given_ = newContext();
-    if (!given_) return DDERR_OUTOFMEMORY;
-    *dc = given_;
+    if (m_given) return DDERR_DCALREADYCREATED;
+    m_given = newContext();
+    if (!m_given) return DDERR_OUTOFMEMORY;
+    *dc = m_given;
     return S_OK;
 }
 
 HRESULT ScreenSurface::ReleaseDC(HDC dc)
 {
-    if (!dc || dc != given_) return DDERR_INVALIDPARAMS;
-    DeleteDC(std::exchange(given_, nullptr));
+    if (!dc || dc != m_given) return DDERR_INVALIDPARAMS;
+    DeleteDC(std::exchange(m_given, nullptr));
     if (isLost()) return DDERR_SURFACELOST;
     if (isPrimary()) present();
     return S_OK;
@@ -198,8 +200,8 @@ HRESULT ScreenSurface::SetPalette(IDirectDrawPalette* given)
     if (given && !palette) return DDERR_INVALIDPARAMS;
     if (isLost()) return DDERR_SURFACELOST;
     if (palette) palette->AddRef();
-    if (palette_) palette_->Release();
-    palette_ = palette;
+    if (m_palette) m_palette->Release();
+    m_palette = palette;
     if (isPrimary()) present();
     return S_OK;
 }
@@ -207,10 +209,10 @@ HRESULT ScreenSurface::SetPalette(IDirectDrawPalette* given)
 HRESULT ScreenSurface::Restore()
 {
     if (!isLost()) return S_OK;
-    if (place_.window && !place_.window->raiseAgain()) return DDERR_WRONGMODE;
-    std::ranges::fill(pixels_, opaqueBlack);
-    lost_ = false;
-    return back_ ? back_->Restore() : S_OK;
+    if (m_place.window && !m_place.window->raiseAgain()) return DDERR_WRONGMODE;
+    std::ranges::fill(m_pixels, opaqueBlack);
+    m_lost = false;
+    return m_back ? m_back->Restore() : S_OK;
 }
 
 } // namespace corekit::detail

@@ -19,16 +19,16 @@ public:
     Counted() = default;
     Counted(const Counted&) = delete;
     Counted& operator=(const Counted&) = delete;
-    DWORD AddRef() final { return ++users_; }
+    DWORD AddRef() final { return ++m_users; }
     DWORD Release() final
     {
-        const DWORD left = --users_;
+        const DWORD left = --m_users;
         if (left == 0) delete this;
         return left;
     }
 
 private:
-    DWORD users_ = 1;
+    DWORD m_users = 1;
 };
 
 class ScreenPalette final : public Counted<IDirectDrawPalette> {
@@ -39,7 +39,7 @@ public:
     QImage shown(const QImage& picture) const;
 
 private:
-    std::array<std::uint32_t, 256> colours_;
+    std::array<std::uint32_t, 256> m_colours;
 };
 
 class ScreenSurface final : public Counted<IDirectDrawSurface, IDirectDrawSurface3> {
@@ -52,7 +52,7 @@ public:
     };
     explicit ScreenSurface(Place place);
     ~ScreenSurface() override;
-    void attachBackBuffer(ScreenSurface* back) { back_ = back; } // takes the reference over
+    void attachBackBuffer(ScreenSurface* back) { m_back = back; } // takes the reference over
 
     HRESULT QueryInterface(const GUID& id, void** out) override;
     HRESULT GetSurfaceDesc(DDSURFACEDESC* description) override;
@@ -67,18 +67,18 @@ public:
 
 private:
     bool isLost();
-    bool isPrimary() const { return place_.caps & DDSCAPS_PRIMARYSURFACE; }
+    bool isPrimary() const { return m_place.caps & DDSCAPS_PRIMARYSURFACE; }
     HDC newContext();
     void present();
     HRESULT copy(const RECT& to, IDirectDrawSurface3* source, const RECT* part, DWORD operation);
 
-    Place place_;
-    std::vector<std::uint32_t> pixels_;
-    HDC work_ = nullptr;  // for copies
-    HDC given_ = nullptr; // to the user
-    ScreenSurface* back_ = nullptr;
-    ScreenPalette* palette_ = nullptr;
-    bool lost_ = false;
+    Place m_place;
+    std::vector<std::uint32_t> m_pixels;
+    HDC m_work = nullptr;  // for copies
+    HDC m_given = nullptr; // to the user
+    ScreenSurface* m_back = nullptr;
+    ScreenPalette* m_palette = nullptr;
+    bool m_lost = false;
 };
 
 } // namespace corekit::detail

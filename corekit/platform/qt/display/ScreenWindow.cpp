@@ -36,7 +36,7 @@ void sleepUntilBlank(const QScreen* screen)
     std::this_thread::sleep_for(period - since % period);
 }
 
-ScreenWindow::ScreenWindow(QScreen* screen) : screen_(screen)
+ScreenWindow::ScreenWindow(QScreen* screen) : m_screen(screen)
 {
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -51,32 +51,32 @@ ScreenWindow::~ScreenWindow() { std::erase(stack(), this); }
 
 void ScreenWindow::show(const QImage& picture)
 {
-    picture_ = picture;
-    isPending_ = true;
+    m_picture = picture;
+    m_isPending = true;
     update();
 }
 
 void ScreenWindow::waitForBlank()
 {
-    if (isPending_) repaint();
-    sleepUntilBlank(screen_);
+    if (m_isPending) repaint();
+    sleepUntilBlank(m_screen);
 }
 
 bool ScreenWindow::isOnTop() const
 {
-    if (!screen_ || isMinimized() || !isVisible()) return false;
+    if (!m_screen || isMinimized() || !isVisible()) return false;
     const auto top = std::find_if(stack().rbegin(), stack().rend(), [&](const ScreenWindow* w) {
-        return w->screen_ == screen_ && w->isVisible();
+        return w->m_screen == m_screen && w->isVisible();
     });
     return top != stack().rend() && *top == this;
 }
 
 bool ScreenWindow::raiseAgain()
 {
-    if (!screen_) return false;
+    if (!m_screen) return false;
     std::erase(stack(), this);
     stack().push_back(this);
-    setGeometry(screen_->geometry());
+    setGeometry(m_screen->geometry());
     showFullScreen();
     raise();
     return true;
@@ -84,12 +84,12 @@ bool ScreenWindow::raiseAgain()
 
 void ScreenWindow::paintEvent(QPaintEvent*)
 {
-    isPending_ = false;
+    m_isPending = false;
     QPainter painter(this);
-    if (picture_.isNull())
+    if (m_picture.isNull())
         painter.fillRect(rect(), Qt::black);
     else
-        painter.drawImage(rect(), picture_);
+        painter.drawImage(rect(), m_picture);
 }
 
 } // namespace corekit::detail

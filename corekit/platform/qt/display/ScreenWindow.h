@@ -29,9 +29,9 @@ public:
 private:
     void paintEvent(QPaintEvent*) override;
 
-    QPointer<QScreen> screen_;
-    QImage picture_;
-    bool isPending_ = false;
+    QPointer<QScreen> m_screen;
+    QImage m_picture;
+    bool m_isPending = false;
 };
 
 // The screen's refresh in force.

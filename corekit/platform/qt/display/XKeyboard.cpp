@@ -59,26 +59,26 @@ std::unique_ptr<XKeyboard> XKeyboard::connect()
 {
     int screen = 0;
     auto keyboard = std::make_unique<XKeyboard>();
-    keyboard->connection_.reset(xcb_connect(nullptr, &screen));
-    xcb_connection_t* const connection = keyboard->connection_.get();
+    keyboard->m_connection.reset(xcb_connect(nullptr, &screen));
+    xcb_connection_t* const connection = keyboard->m_connection.get();
     if (xcb_connection_has_error(connection) || !hasGroups(connection)) return nullptr;
-    keyboard->root_ = rootOf(connection, screen);
-    keyboard->rulesAtom_ = atomOf(connection, rulesProperty);
+    keyboard->m_root = rootOf(connection, screen);
+    keyboard->m_rulesAtom = atomOf(connection, rulesProperty);
     return keyboard;
 }
 
 bool XKeyboard::isConnected() const
 {
-    std::free(xcb_poll_for_event(connection_.get())); // reads, and so notices that the server has gone
-    return !xcb_connection_has_error(connection_.get());
+    std::free(xcb_poll_for_event(m_connection.get())); // reads, and so notices that the server has gone
+    return !xcb_connection_has_error(m_connection.get());
 }
 
 // The property holds five texts, each with its zero: rules, model, layouts, variants, options.
 std::vector<XKeyboard::Group> XKeyboard::groups() const
 {
     const auto asked =
-        xcb_get_property(connection_.get(), 0, root_, rulesAtom_, XCB_ATOM_STRING, 0, longestRules);
-    const Reply<xcb_get_property_reply_t> answer(xcb_get_property_reply(connection_.get(), asked, nullptr));
+        xcb_get_property(m_connection.get(), 0, m_root, m_rulesAtom, XCB_ATOM_STRING, 0, longestRules);
+    const Reply<xcb_get_property_reply_t> answer(xcb_get_property_reply(m_connection.get(), asked, nullptr));
     if (!answer || answer->format != 8) return {};
     const std::string_view all(static_cast<const char*>(xcb_get_property_value(answer.get())),
                                static_cast<std::size_t>(xcb_get_property_value_length(answer.get())));
@@ -94,17 +94,18 @@ std::vector<XKeyboard::Group> XKeyboard::groups() const
 
 unsigned XKeyboard::activeGroup() const
 {
-    const auto asked = xcb_xkb_get_state(connection_.get(), XCB_XKB_ID_USE_CORE_KBD);
-    const Reply<xcb_xkb_get_state_reply_t> answer(xcb_xkb_get_state_reply(connection_.get(), asked, nullptr));
+    const auto asked = xcb_xkb_get_state(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD);
+    const Reply<xcb_xkb_get_state_reply_t> answer(
+        xcb_xkb_get_state_reply(m_connection.get(), asked, nullptr));
     return answer ? answer->group : 0;
 }
 
 void XKeyboard::lockGroup(unsigned group) const
 {
     constexpr std::uint8_t nothing = 0;
-    xcb_xkb_latch_lock_state(connection_.get(), XCB_XKB_ID_USE_CORE_KBD, nothing, nothing, 1,
+    xcb_xkb_latch_lock_state(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD, nothing, nothing, 1,
                              static_cast<std::uint8_t>(group), nothing, 0, 0);
-    xcb_flush(connection_.get());
+    xcb_flush(m_connection.get());
 }
 
 } // namespace corekit::detail

@@ -33,9 +33,9 @@ private:
         void operator()(xcb_connection_t* connection) const;
     };
 
-    std::unique_ptr<xcb_connection_t, Disconnect> connection_;
-    DWORD root_ = 0;
-    DWORD rulesAtom_ = 0;
+    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    DWORD m_root = 0;
+    DWORD m_rulesAtom = 0;
 };
 
 // The language that a group types, that of the process where it is not known.

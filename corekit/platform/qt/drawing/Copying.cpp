@@ -20,19 +20,19 @@ BOOL refuse()
 class MonochromeRows final : public PixelRows {
 public:
     MonochromeRows(Bitmap& bitmap, const DeviceContext& to)
-        : PixelRows(bitmap.width, bitmap.height), bitmap_(bitmap), zero_(pixelOf(to.textColour)),
-          one_(pixelOf(to.backColour))
+        : PixelRows(bitmap.width, bitmap.height), m_bitmap(bitmap), m_zero(pixelOf(to.textColour)),
+          m_one(pixelOf(to.backColour))
     {
     }
     void read(int y, int from, int to, std::uint32_t* out) const override
     {
-        const std::uint32_t* const row = bitmap_.row(y);
-        for (int x = from; x < to; ++x) *out++ = row[x] & 0xFFFFFF ? one_ : zero_;
+        const std::uint32_t* const row = m_bitmap.row(y);
+        for (int x = from; x < to; ++x) *out++ = row[x] & 0xFFFFFF ? m_one : m_zero;
     }
 
 private:
-    Bitmap& bitmap_;
-    const std::uint32_t zero_, one_;
+    Bitmap& m_bitmap;
+    const std::uint32_t m_zero, m_one;
 };
 
 struct Extent {
@@ -68,7 +68,7 @@ BOOL copy(HDC toHandle, const Extent& to, HDC fromHandle, const Extent& from, Co
     DeviceContext* const context = GdiTable::find<DeviceContext>(toHandle);
     DeviceContext* const source = context ? GdiTable::find<DeviceContext>(fromHandle) : nullptr;
     if (!source) return FALSE;
-    if (!how.blend && needsBrush(how.operation) && context->brush->style == BS_NULL) return TRUE;
+    if (needsBrush(how.operation) && context->brush->style == BS_NULL) return TRUE;
     how.to = context->pixelsOf(to.area());
     how.from = source->pixelsOf(from.area());
     const bool isStretched = std::abs(std::int64_t{to.width}) != std::abs(std::int64_t{from.width}) ||
@@ -119,18 +119,4 @@ BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation)
         }
     });
     return TRUE;
-}
-
-BOOL AlphaBlend(HDC to, int x, int y, int width, int height, HDC from, int fromX, int fromY, int fromWidth,
-                int fromHeight, BLENDFUNCTION blend)
-{
-    const DeviceContext* const source = GdiTable::find<DeviceContext>(from);
-    if (!source) return FALSE;
-    const bool isSound = width >= 0 && height >= 0 && fromX >= 0 && fromY >= 0 && fromWidth >= 0 &&
-                         fromHeight >= 0 && fromWidth <= source->bitmap->units.cx - fromX &&
-                         fromHeight <= source->bitmap->units.cy - fromY;
-    if (!isSound || blend.BlendOp != AC_SRC_OVER) return refuse();
-    Copying how;
-    how.blend = &blend;
-    return copy(to, {x, y, width, height}, from, {fromX, fromY, fromWidth, fromHeight}, how);
 }

@@ -67,18 +67,18 @@ int distance(const RGBQUAD& colour, std::uint32_t pixel)
 
 class RowWriter {
 public:
-    RowWriter(unsigned bits, std::vector<RGBQUAD> colours) : bits_(bits), colours_(std::move(colours)) {}
+    RowWriter(unsigned bits, std::vector<RGBQUAD> colours) : m_bits(bits), m_colours(std::move(colours)) {}
 
     void write(std::span<const std::uint32_t> pixels, std::byte* to)
     {
         for (std::size_t x = 0; x < pixels.size(); ++x) {
-            if (bits_ >= 16) {
-                const std::uint32_t value = bits_ == 16 ? fifteenBits(pixels[x]) : pixels[x] & 0xFFFFFF;
-                std::memcpy(to + x * (bits_ / 8), &value, bits_ / 8);
+            if (m_bits >= 16) {
+                const std::uint32_t value = m_bits == 16 ? fifteenBits(pixels[x]) : pixels[x] & 0xFFFFFF;
+                std::memcpy(to + x * (m_bits / 8), &value, m_bits / 8);
                 continue;
             }
-            const std::size_t perByte = 8 / bits_;
-            const unsigned shift = static_cast<unsigned>(8 - bits_ - x % perByte * bits_);
+            const std::size_t perByte = 8 / m_bits;
+            const unsigned shift = static_cast<unsigned>(8 - m_bits - x % perByte * m_bits);
             to[x / perByte] |= static_cast<std::byte>(indexOf(pixels[x] & 0xFFFFFF) << shift);
         }
     }
@@ -90,18 +90,18 @@ private:
     }
     unsigned indexOf(std::uint32_t pixel)
     {
-        const auto [place, isNew] = indexes_.try_emplace(pixel, 0);
+        const auto [place, isNew] = m_indexes.try_emplace(pixel, 0);
         if (isNew) {
             const auto nearest = std::ranges::min_element(
-                colours_, {}, [pixel](const RGBQUAD& colour) { return distance(colour, pixel); });
-            place->second = static_cast<unsigned>(nearest - colours_.begin());
+                m_colours, {}, [pixel](const RGBQUAD& colour) { return distance(colour, pixel); });
+            place->second = static_cast<unsigned>(nearest - m_colours.begin());
         }
         return place->second;
     }
 
-    const unsigned bits_;
-    const std::vector<RGBQUAD> colours_;
-    std::unordered_map<std::uint32_t, unsigned> indexes_;
+    const unsigned m_bits;
+    const std::vector<RGBQUAD> m_colours;
+    std::unordered_map<std::uint32_t, unsigned> m_indexes;
 };
 
 int fillHeader(const Bitmap& bitmap, BITMAPINFOHEADER& header)

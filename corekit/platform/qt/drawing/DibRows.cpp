@@ -174,20 +174,20 @@ DibRows::Decode DibRows::decoderFor(unsigned bits)
 }
 
 DibRows::DibRows(const DibLayout& layout, const RGBQUAD* colours, const std::byte* bits, int first, int count)
-    : PixelRows(layout.width, layout.height), layout_(layout), decode_(decoderFor(layout.bits)), bits_(bits),
-      first_(first), count_(count)
+    : PixelRows(layout.width, layout.height), m_layout(layout), m_decode(decoderFor(layout.bits)),
+      m_bits(bits), m_first(first), m_count(count)
 {
     if (layout.bits > 8) return;
-    colourCount_ = std::min<std::size_t>(layout.colours, std::size(colours_));
-    std::memcpy(colours_, colours, colourCount_ * sizeof(RGBQUAD));
+    m_colourCount = std::min<std::size_t>(layout.colours, std::size(m_colours));
+    std::memcpy(m_colours, colours, m_colourCount * sizeof(RGBQUAD));
 }
 
 bool DibRows::readColumns(int y, int next, std::span<const std::uint32_t> columns, std::uint32_t* out) const
 {
     const std::byte *const row = memoryOf(y), *const after = memoryOf(next);
-    if (layout_.bits != 24 || !row || !after) return false;
+    if (m_layout.bits != 24 || !row || !after) return false;
     constexpr std::size_t aLine = 8; // pixels, about, that lie on one line of the cache
-    const auto edge = static_cast<std::uint32_t>(layout_.width - 1);
+    const auto edge = static_cast<std::uint32_t>(m_layout.width - 1);
     std::size_t i = 0, end = columns.size();
     const auto readEdge = [&](std::size_t at) { decode24Rest(row + std::size_t{edge} * 3, 1, out + at); };
     while (i < end && columns[i] == edge) readEdge(i++);
@@ -206,26 +206,26 @@ void DibRows::copyTo(DeviceContext& context, const Area& from, const Area& to) c
 {
     Bitmap& bitmap = *context.bitmap;
     const std::ptrdiff_t stride = bitmap.topDown ? bitmap.stride : -bitmap.stride,
-                         step =
-                             static_cast<std::ptrdiff_t>(layout_.topDown ? layout_.stride : -layout_.stride);
+                         step = static_cast<std::ptrdiff_t>(m_layout.topDown ? m_layout.stride
+                                                                             : -m_layout.stride);
     context.forEachPart(to, [&](const Area& part) {
         const std::int64_t left = from.left + part.left - to.left, top = from.top + part.top - to.top,
-                           inMemory = (layout_.topDown ? top : layout_.height - 1 - top) - first_;
-        decode_(*this, bits_ + inMemory * static_cast<std::ptrdiff_t>(layout_.stride), step,
-                static_cast<int>(part.height()), static_cast<int>(left),
-                static_cast<int>(left + part.width()), bitmap.row(static_cast<int>(part.top)) + part.left,
-                stride);
+                           inMemory = (m_layout.topDown ? top : m_layout.height - 1 - top) - m_first;
+        m_decode(*this, m_bits + inMemory * static_cast<std::ptrdiff_t>(m_layout.stride), step,
+                 static_cast<int>(part.height()), static_cast<int>(left),
+                 static_cast<int>(left + part.width()), bitmap.row(static_cast<int>(part.top)) + part.left,
+                 stride);
     });
 }
 
 void DibRows::readBlock(int top, int rows, int from, int to, std::uint32_t* out, std::ptrdiff_t stride) const
 {
-    const int inMemory = (layout_.topDown ? top : layout_.height - 1 - top) - first_;
-    const int direction = layout_.topDown ? 1 : -1, last = inMemory + direction * (rows - 1);
-    const auto isThere = [this](int row) { return row >= 0 && row < count_; };
+    const int inMemory = (m_layout.topDown ? top : m_layout.height - 1 - top) - m_first;
+    const int direction = m_layout.topDown ? 1 : -1, last = inMemory + direction * (rows - 1);
+    const auto isThere = [this](int row) { return row >= 0 && row < m_count; };
     if (isThere(inMemory) && isThere(last)) {
-        const auto step = static_cast<std::ptrdiff_t>(layout_.stride);
-        return decode_(*this, bits_ + inMemory * step, direction * step, rows, from, to, out, stride);
+        const auto step = static_cast<std::ptrdiff_t>(m_layout.stride);
+        return m_decode(*this, m_bits + inMemory * step, direction * step, rows, from, to, out, stride);
     }
     for (int i = 0; i < rows; ++i, out += stride)
         if (rows > 1)

@@ -37,24 +37,24 @@ private:
     // Null for a row that is not there.
     const std::byte* memoryOf(int y) const
     {
-        const int inMemory = (layout_.topDown ? y : layout_.height - 1 - y) - first_;
-        return inMemory >= 0 && inMemory < count_
-                   ? bits_ + inMemory * static_cast<std::ptrdiff_t>(layout_.stride)
+        const int inMemory = (m_layout.topDown ? y : m_layout.height - 1 - y) - m_first;
+        return inMemory >= 0 && inMemory < m_count
+                   ? m_bits + inMemory * static_cast<std::ptrdiff_t>(m_layout.stride)
                    : nullptr;
     }
     std::uint32_t colour(unsigned index) const
     {
-        return index < colourCount_ ? opaque | colours_[index] : opaque;
+        return index < m_colourCount ? opaque | m_colours[index] : opaque;
     }
 
     static constexpr std::uint32_t opaque = 0xFF000000u;
 
-    const DibLayout layout_;
-    const Decode decode_;
-    const std::byte* const bits_;
-    const int first_, count_;
-    std::size_t colourCount_ = 0;
-    std::uint32_t colours_[256];
+    const DibLayout m_layout;
+    const Decode m_decode;
+    const std::byte* const m_bits;
+    const int m_first, m_count;
+    std::size_t m_colourCount = 0;
+    std::uint32_t m_colours[256];
 };
 
 } // namespace corekit::detail

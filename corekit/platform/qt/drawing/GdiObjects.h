@@ -76,8 +76,8 @@ struct Font final : GdiObject {
     const FontRequest request;
 
 private:
-    std::shared_ptr<SizedFont> sized_, scaled_;
-    double scale_ = 0; // of scaled_
+    std::shared_ptr<SizedFont> m_sized, m_scaled;
+    double m_scale = 0; // of m_scaled
 };
 
 // A bitmap of that many units, all 0. Null with a last error for a size that is refused.

@@ -146,36 +146,6 @@ HICON load(const char* name, WORD type)
     return icon ? static_cast<HICON>(icon->handle) : refuse<HICON>(ERROR_RESOURCE_NAME_NOT_FOUND);
 }
 
-HICON handOut(std::shared_ptr<Icon> icon)
-{
-    return icon ? static_cast<HICON>(GdiTable::add(std::move(icon))) : refuse<HICON>(ERROR_INVALID_PARAMETER);
-}
-
-BOOL destroy(HICON handle)
-{
-    const Icon* const icon = GdiTable::find<Icon>(handle);
-    if (!icon) return FALSE;
-    if (!icon->permanent) GdiTable::remove(handle);
-    return TRUE;
-}
-
-// The colours where the mask is black.
-QImage maskedPicture(Bitmap& colours, Bitmap* mask)
-{
-    QImage picture(colours.width, colours.height, QImage::Format_ARGB32_Premultiplied);
-    for (int y = 0; y < colours.height; ++y) {
-        auto* const to = reinterpret_cast<std::uint32_t*>(picture.scanLine(y));
-        for (int x = 0; x < colours.width; ++x) {
-            const std::uint32_t pixel = colours.row(y)[x];
-            if (!mask)
-                to[x] = pixel;
-            else
-                to[x] = mask->row(y)[x] & 0xFFFFFF ? 0 : pixel | 0xFF000000u;
-        }
-    }
-    return picture;
-}
-
 } // namespace
 
 namespace corekit::detail {
@@ -203,31 +173,6 @@ QIcon toolkitIcon(HICON handle)
 
 HCURSOR LoadCursorA(HINSTANCE, const char* name) { return load(name, RT_CURSOR); }
 HICON LoadIconA(HINSTANCE, const char* name) { return load(name, RT_ICON); }
-
-HCURSOR CreateCursorFromXpm(std::string_view xpm)
-{
-    return refuseWithoutToolkit(xpm) ? nullptr : handOut(iconOfXpm(xpm));
-}
-
-HICON CreateIconIndirect(const ICONINFO* info)
-{
-    if (refuseWithoutToolkit(info)) return nullptr;
-    Bitmap* const colours = info ? GdiTable::find<Bitmap>(info->hbmColor) : nullptr;
-    Bitmap* const mask = info && info->hbmMask ? GdiTable::find<Bitmap>(info->hbmMask) : nullptr;
-    const bool isSound = colours && colours->pixels && (!info->hbmMask || mask);
-    if (!isSound || (mask && (mask->width != colours->width || mask->height != colours->height)))
-        return refuse<HICON>(ERROR_INVALID_PARAMETER);
-    auto icon = std::make_shared<Icon>();
-    icon->picture = maskedPicture(*colours, mask);
-    if (!info->fIcon)
-        icon->hotSpot = {
-            static_cast<int>(std::min<DWORD>(info->xHotspot, static_cast<DWORD>(colours->width - 1))),
-            static_cast<int>(std::min<DWORD>(info->yHotspot, static_cast<DWORD>(colours->height - 1)))};
-    return handOut(std::move(icon));
-}
-
-BOOL DestroyIcon(HICON icon) { return destroy(icon); }
-BOOL DestroyCursor(HCURSOR cursor) { return destroy(cursor); }
 
 BOOL DrawIconEx(HDC dc, int x, int y, HICON handle, int width, int height, UINT, HBRUSH, UINT flags)
 {

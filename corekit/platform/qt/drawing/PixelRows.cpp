@@ -46,17 +46,17 @@ public:
         for (int y = 0; y < part.height(); ++y)
             source.read(static_cast<int>(from.top) + y, static_cast<int>(from.left),
                         static_cast<int>(from.right), reinterpret_cast<std::uint32_t*>(part.scanLine(y)));
-        picture_ = part.scaled(w, h, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                       .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        m_picture = part.scaled(w, h, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
     }
     void read(int y, int from, int to, std::uint32_t* out) const override
     {
-        std::memcpy(out, reinterpret_cast<const std::uint32_t*>(picture_.constScanLine(y)) + from,
+        std::memcpy(out, reinterpret_cast<const std::uint32_t*>(m_picture.constScanLine(y)) + from,
                     static_cast<std::size_t>(to - from) * 4);
     }
 
 private:
-    QImage picture_;
+    QImage m_picture;
 };
 
 constexpr std::int64_t largestExtent = 1 << 27;   // beyond it the arithmetic of a stretch would overflow
@@ -69,42 +69,25 @@ bool canSmooth(const PixelRows& source, const Copying& how)
            how.to.width() * how.to.height() <= largestSmoothed;
 }
 
-std::uint32_t scaledBy(std::uint32_t pixel, std::uint32_t alpha)
-{
-    std::uint32_t out = 0;
-    for (int shift = 0; shift < 32; shift += 8) out |= ((pixel >> shift & 255) * alpha + 127) / 255 << shift;
-    return out;
-}
-
-// Source over destination; colours are multiplied by alpha already.
-void blendRow(const BLENDFUNCTION& blend, std::uint32_t* to, const std::uint32_t* source, std::size_t count)
-{
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::uint32_t own = blend.AlphaFormat & AC_SRC_ALPHA ? source[i] : source[i] | opaque;
-        const std::uint32_t over = scaledBy(own, blend.SourceConstantAlpha);
-        to[i] = over + scaledBy(to[i], 255 - (over >> 24));
-    }
-}
-
 class Copier {
 public:
     Copier(DeviceContext& context, const PixelRows& source, const Copying& how)
-        : context_(context), source_(source),
-          how_(how), x_{how.to.left, how.to.width(), how.from.left, how.from.width(), how.mirrorX},
-          y_{how.to.top, how.to.height(), how.from.top, how.from.height(), how.mirrorY}
+        : m_context(context), m_source(source),
+          m_how(how), m_x{how.to.left, how.to.width(), how.from.left, how.from.width(), how.mirrorX},
+          m_y{how.to.top, how.to.height(), how.from.top, how.from.height(), how.mirrorY}
     {
     }
 
     void copy(Area part)
     {
-        cutToSource(x_, source_.width, part.left, part.right);
-        cutToSource(y_, source_.height, part.top, part.bottom);
+        cutToSource(m_x, m_source.width, part.left, part.right);
+        cutToSource(m_y, m_source.height, part.top, part.bottom);
         if (part.isEmpty()) return;
-        row_.resize(static_cast<std::size_t>(part.width()));
-        if (!how_.blend && needsBrush(how_.operation)) brush_.resize(row_.size());
+        m_row.resize(static_cast<std::size_t>(part.width()));
+        if (needsBrush(m_how.operation)) m_brush.resize(m_row.size());
         choose(part);
         // Rows that lie lower come first where the source is the same bitmap and moves down.
-        const bool upwards = source_.row(0) && y_.at(part.top) < part.top;
+        const bool upwards = m_source.row(0) && m_y.at(part.top) < part.top;
         for (std::int64_t i = 0; i < part.height(); ++i)
             copyRow(part, upwards ? part.bottom - 1 - i : part.top + i);
     }
@@ -113,62 +96,61 @@ private:
     // The columns of the source that the part shows.
     void choose(const Area& part)
     {
-        const std::int64_t a = x_.at(part.left), b = x_.at(part.right - 1);
-        first_ = static_cast<int>(std::min(a, b));
-        last_ = static_cast<int>(std::max(a, b)) + 1;
-        isStraight_ = !how_.mirrorX && x_.toSize == x_.fromSize;
-        columns_.clear();
-        if (isStraight_) return;
+        const std::int64_t a = m_x.at(part.left), b = m_x.at(part.right - 1);
+        m_first = static_cast<int>(std::min(a, b));
+        m_last = static_cast<int>(std::max(a, b)) + 1;
+        m_isStraight = !m_how.mirrorX && m_x.toSize == m_x.fromSize;
+        m_columns.clear();
+        if (m_isStraight) return;
         for (std::int64_t x = part.left; x < part.right; ++x)
-            columns_.push_back(static_cast<std::uint32_t>(x_.at(x)));
-        read_ = -1;
+            m_columns.push_back(static_cast<std::uint32_t>(m_x.at(x)));
+        m_read = -1;
     }
 
     // The pixels of the part's columns; a row that was asked for last is taken from where it was put then.
     const std::uint32_t* sourceRow(int y, int next, std::uint32_t* to)
     {
-        if (isStraight_) {
-            source_.read(y, first_, last_, to);
+        if (m_isStraight) {
+            m_source.read(y, m_first, m_last, to);
             return to;
         }
-        if (y == read_) return done_;
-        read_ = y;
-        done_ = to;
-        if (source_.readColumns(y, next, columns_, to)) return to;
-        whole_.resize(static_cast<std::size_t>(last_ - first_));
-        source_.read(y, first_, last_, whole_.data());
-        for (std::size_t i = 0; i < columns_.size(); ++i)
-            to[i] = whole_[columns_[i] - static_cast<std::uint32_t>(first_)];
+        if (y == m_read) return m_done;
+        m_read = y;
+        m_done = to;
+        if (m_source.readColumns(y, next, m_columns, to)) return to;
+        m_whole.resize(static_cast<std::size_t>(m_last - m_first));
+        m_source.read(y, m_first, m_last, m_whole.data());
+        for (std::size_t i = 0; i < m_columns.size(); ++i)
+            to[i] = m_whole[m_columns[i] - static_cast<std::uint32_t>(m_first)];
         return to;
     }
 
     void copyRow(const Area& part, std::int64_t y)
     {
-        Bitmap& bitmap = *context_.bitmap;
+        Bitmap& bitmap = *m_context.bitmap;
         std::uint32_t* const to = bitmap.row(static_cast<int>(y)) + part.left;
         const auto count = static_cast<std::size_t>(part.width());
-        const int from = static_cast<int>(y_.at(y)),
-                  next = y + 1 < part.bottom ? static_cast<int>(y_.at(y + 1)) : from;
-        if (how_.blend) return blendRow(*how_.blend, to, sourceRow(from, next, row_.data()), count);
-        if (how_.operation == SRCCOPY) {
+        const int from = static_cast<int>(m_y.at(y)),
+                  next = y + 1 < part.bottom ? static_cast<int>(m_y.at(y + 1)) : from;
+        if (m_how.operation == SRCCOPY) {
             if (const std::uint32_t* const row = sourceRow(from, next, to); row != to)
                 std::memcpy(to, row, count * 4);
             if (bitmap.isOpaque)
                 for (std::size_t i = 0; i < count; ++i) to[i] |= opaque;
             return;
         }
-        if (!brush_.empty()) brushRow(context_, *context_.brush, part.left, y, brush_);
-        combineRow(how_.operation, to, sourceRow(from, next, row_.data()), brush_.data(), count);
+        if (!m_brush.empty()) brushRow(m_context, *m_context.brush, part.left, y, m_brush);
+        combineRow(m_how.operation, to, sourceRow(from, next, m_row.data()), m_brush.data(), count);
     }
 
-    DeviceContext& context_;
-    const PixelRows& source_;
-    const Copying& how_;
-    const Axis x_, y_;
-    int first_ = 0, last_ = 0, read_ = -1;
-    const std::uint32_t* done_ = nullptr;
-    bool isStraight_ = false;
-    std::vector<std::uint32_t> row_, brush_, whole_, columns_;
+    DeviceContext& m_context;
+    const PixelRows& m_source;
+    const Copying& m_how;
+    const Axis m_x, m_y;
+    int m_first = 0, m_last = 0, m_read = -1;
+    const std::uint32_t* m_done = nullptr;
+    bool m_isStraight = false;
+    std::vector<std::uint32_t> m_row, m_brush, m_whole, m_columns;
 };
 
 // Nothing but rows laid over rows.
@@ -230,7 +212,7 @@ bool copyPixels(DeviceContext& context, const PixelRows& source, const Copying& 
         return false;
     }
     const bool isStraight = !how.isStretched() && !how.mirrorX && !how.mirrorY;
-    if (isStraight && !how.blend && how.operation == SRCCOPY) {
+    if (isStraight && how.operation == SRCCOPY) {
         copyStraight(context, source, how);
         return true;
     }

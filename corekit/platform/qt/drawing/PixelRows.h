@@ -45,23 +45,22 @@ struct Copying {
     Area from; // in pixels of the source, edges in order; of the same size unless it is stretched
     bool mirrorX = false, mirrorY = false;
     DWORD operation = SRCCOPY;
-    bool smooth = false;                  // where it is stretched
-    const BLENDFUNCTION* blend = nullptr; // instead of an operation
+    bool smooth = false; // where it is stretched
 
     bool isStretched() const { return to.width() != from.width() || to.height() != from.height(); }
 };
 
 class BitmapRows final : public PixelRows {
 public:
-    explicit BitmapRows(Bitmap& bitmap) : PixelRows(bitmap.width, bitmap.height), bitmap_(bitmap) {}
+    explicit BitmapRows(Bitmap& bitmap) : PixelRows(bitmap.width, bitmap.height), m_bitmap(bitmap) {}
     void read(int y, int from, int to, std::uint32_t* out) const override
     {
-        std::memmove(out, bitmap_.row(y) + from, static_cast<std::size_t>(to - from) * 4);
+        std::memmove(out, m_bitmap.row(y) + from, static_cast<std::size_t>(to - from) * 4);
     }
-    const std::uint32_t* row(int y) const override { return bitmap_.row(y); }
+    const std::uint32_t* row(int y) const override { return m_bitmap.row(y); }
 
 private:
-    Bitmap& bitmap_;
+    Bitmap& m_bitmap;
 };
 
 // What the source does not have, and what the clip does not let through, is left alone. False with a last

@@ -211,16 +211,6 @@ int ExcludeClipRect(HDC dc, int left, int top, int right, int bottom)
     return combineClip(dc, left, top, right, bottom, RGN_DIFF);
 }
 
-int GetClipRgn(HDC dc, HRGN region)
-{
-    const DeviceContext* const context = GdiTable::find<DeviceContext>(dc);
-    Region* const r = GdiTable::find<Region>(region);
-    if (!context || !r) return -1;
-    if (!context->chosen) return 0;
-    r->set = *context->chosen;
-    return 1;
-}
-
 int GetClipBox(HDC dc, RECT* box)
 {
     const DeviceContext* const context = GdiTable::find<DeviceContext>(dc);

@@ -45,37 +45,38 @@ QImage pictureOf(Bitmap& bitmap)
 }
 
 ToolkitPainter::ToolkitPainter(DeviceContext& context)
-    : context_(context), picture_(pictureOf(*context.bitmap))
+    : m_context(context), m_picture(pictureOf(*context.bitmap))
 {
-    if (picture_.isNull()) picture_ = QImage(1, 1, QImage::Format_ARGB32_Premultiplied); // all of it clipped
-    painter_.begin(&picture_);
+    if (m_picture.isNull())
+        m_picture = QImage(1, 1, QImage::Format_ARGB32_Premultiplied); // all of it clipped
+    m_painter.begin(&m_picture);
     const bool flip = !context.bitmap->topDown;
-    painter_.setClipRegion(regionOf(context, flip ? context.bitmap->height : 0));
+    m_painter.setClipRegion(regionOf(context, flip ? context.bitmap->height : 0));
     QTransform place;
     if (flip) place = QTransform(1, 0, 0, -1, 0, context.bitmap->height);
     place.translate(static_cast<double>(context.baseX), static_cast<double>(context.baseY));
     place.scale(context.scale, context.scale);
     place.translate(context.viewport.x, context.viewport.y);
-    painter_.setTransform(place);
+    m_painter.setTransform(place);
 }
 
 void ToolkitPainter::useContextPen()
 {
-    const Pen& pen = *context_.pen;
-    if (pen.style == PS_NULL) return painter_.setPen(Qt::NoPen);
+    const Pen& pen = *m_context.pen;
+    if (pen.style == PS_NULL) return m_painter.setPen(Qt::NoPen);
     QPen made(QColor::fromRgb(pixelOf(pen.colour)), std::max(pen.width, 1));
     made.setCapStyle(pen.width > 1 ? Qt::RoundCap : Qt::SquareCap);
     made.setJoinStyle(pen.width > 1 ? Qt::RoundJoin : Qt::MiterJoin);
-    painter_.setPen(made);
+    m_painter.setPen(made);
 }
 
 void ToolkitPainter::useContextBrush()
 {
-    const Brush& brush = *context_.brush;
-    if (brush.style == BS_NULL) return painter_.setBrush(Qt::NoBrush);
-    if (brush.style == BS_SOLID) return painter_.setBrush(QColor::fromRgb(pixelOf(brush.colour)));
-    painter_.setBrush(QBrush(patternOf(context_, brush)));
-    painter_.setBrushOrigin(-context_.viewport.x, -context_.viewport.y);
+    const Brush& brush = *m_context.brush;
+    if (brush.style == BS_NULL) return m_painter.setBrush(Qt::NoBrush);
+    if (brush.style == BS_SOLID) return m_painter.setBrush(QColor::fromRgb(pixelOf(brush.colour)));
+    m_painter.setBrush(QBrush(patternOf(m_context, brush)));
+    m_painter.setBrushOrigin(-m_context.viewport.x, -m_context.viewport.y);
 }
 
 } // namespace corekit::detail

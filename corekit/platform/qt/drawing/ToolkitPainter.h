@@ -15,15 +15,15 @@ QImage pictureOf(Bitmap& bitmap);
 class ToolkitPainter {
 public:
     explicit ToolkitPainter(DeviceContext& context);
-    QPainter* operator->() { return &painter_; }
+    QPainter* operator->() { return &m_painter; }
 
     void useContextPen();
     void useContextBrush();
 
 private:
-    DeviceContext& context_;
-    QImage picture_;
-    QPainter painter_;
+    DeviceContext& m_context;
+    QImage m_picture;
+    QPainter m_painter;
 };
 
 } // namespace corekit::detail

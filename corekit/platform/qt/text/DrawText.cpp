@@ -44,56 +44,56 @@ Line withoutPrefixes(View text, UINT format)
 class TextBlock {
 public:
     TextBlock(HDC dc, DeviceContext& context, SizedFont& font, UINT format, std::int64_t width)
-        : dc_(dc), context_(context), font_(font), format_(format), room_(width)
+        : m_dc(dc), m_context(context), m_font(font), m_format(format), m_room(width)
     {
         TEXTMETRICA metrics;
         GetTextMetricsA(dc, &metrics);
-        lineHeight_ = metrics.tmHeight + (format & DT_EXTERNALLEADING ? metrics.tmExternalLeading : 0);
-        tab_ = std::max(metrics.tmAveCharWidth, 1) * tabCharacters;
+        m_lineHeight = metrics.tmHeight + (format & DT_EXTERNALLEADING ? metrics.tmExternalLeading : 0);
+        m_tab = std::max(metrics.tmAveCharWidth, 1) * tabCharacters;
     }
 
     void layOut(View text)
     {
-        Line all = withoutPrefixes(text, format_);
-        if (format_ & DT_SINGLELINE) {
+        Line all = withoutPrefixes(text, m_format);
+        if (m_format & DT_SINGLELINE) {
             for (char16_t& c : all.text)
                 if (isLineEnd(c)) c = u' ';
             add(all, 0, all.text.size());
         } else {
             breakLines(all);
         }
-        for (Line& line : lines_) shorten(line);
+        for (Line& line : m_lines) shorten(line);
     }
 
-    int height() const { return static_cast<int>(lines_.size()) * lineHeight_; }
+    int height() const { return static_cast<int>(m_lines.size()) * m_lineHeight; }
     std::int64_t widest() const
     {
         std::int64_t most = 0;
-        for (const Line& line : lines_) most = std::max(most, widthOf(line.text));
+        for (const Line& line : m_lines) most = std::max(most, widthOf(line.text));
         return most;
     }
 
     void draw(const RECT& rect, std::int64_t top) const
     {
         std::int64_t y = top;
-        for (const Line& line : lines_) {
-            const std::int64_t spare = room_ - widthOf(line.text);
-            const std::int64_t x = rect.left + (format_ & DT_CENTER  ? spare / 2
-                                                : format_ & DT_RIGHT ? spare
-                                                                     : 0);
-            drawPieces(line.text, x, y, format_ & DT_NOCLIP ? nullptr : &rect);
-            if (line.mark != none && !(format_ & DT_HIDEPREFIX)) underline(line, x, y, rect);
-            y += lineHeight_;
+        for (const Line& line : m_lines) {
+            const std::int64_t spare = m_room - widthOf(line.text);
+            const std::int64_t x = rect.left + (m_format & DT_CENTER  ? spare / 2
+                                                : m_format & DT_RIGHT ? spare
+                                                                      : 0);
+            drawPieces(line.text, x, y, m_format & DT_NOCLIP ? nullptr : &rect);
+            if (line.mark != none && !(m_format & DT_HIDEPREFIX)) underline(line, x, y, rect);
+            y += m_lineHeight;
         }
     }
 
 private:
-    UINT options() const { return format_ & DT_RTLREADING ? ETO_RTLREADING : 0; }
+    UINT options() const { return m_format & DT_RTLREADING ? ETO_RTLREADING : 0; }
 
     std::int64_t plainWidth(View text) const
     {
         SIZE size{};
-        GetTextExtentPoint32W(dc_, text.data(), static_cast<int>(text.size()), &size, options());
+        GetTextExtentPoint32W(m_dc, text.data(), static_cast<int>(text.size()), &size, options());
         return size.cx;
     }
 
@@ -103,12 +103,12 @@ private:
     {
         std::int64_t x = 0;
         for (;;) {
-            const std::size_t tab = format_ & DT_EXPANDTABS ? text.find(u'\t') : none;
+            const std::size_t tab = m_format & DT_EXPANDTABS ? text.find(u'\t') : none;
             const View piece = text.substr(0, tab);
             use(piece, x);
             x += plainWidth(piece);
             if (tab == none) return x;
-            x = (x / tab_ + 1) * tab_;
+            x = (x / m_tab + 1) * m_tab;
             text.remove_prefix(tab + 1);
         }
     }
@@ -122,8 +122,8 @@ private:
         Line line;
         line.text = all.text.substr(from, to - from);
         if (all.mark >= from && all.mark < to) line.mark = all.mark - from;
-        if (!(format_ & DT_EXPANDTABS)) std::ranges::replace(line.text, u'\t', u' ');
-        lines_.push_back(std::move(line));
+        if (!(m_format & DT_EXPANDTABS)) std::ranges::replace(line.text, u'\t', u' ');
+        m_lines.push_back(std::move(line));
     }
 
     void breakLines(const Line& all)
@@ -132,7 +132,7 @@ private:
         std::size_t from = 0;
         while (from < text.size()) {
             const std::size_t end = std::min(text.find_first_of(u"\r\n", from), text.size());
-            if (format_ & DT_WORDBREAK)
+            if (m_format & DT_WORDBREAK)
                 breakWords(all, from, end);
             else
                 add(all, from, end);
@@ -153,12 +153,12 @@ private:
             const std::size_t word = std::min(text.find_first_not_of(u' ', next), end);
             std::size_t wordEnd = std::min(text.find(u' ', word), end);
             const std::int64_t added = widthOf(text.substr(next, wordEnd - next));
-            if (width + added <= room_ || lineEnd == from) {
-                if (added > room_ && lineEnd == from && format_ & DT_EDITCONTROL)
-                    wordEnd = word + fitting(text.substr(word, wordEnd - word), room_, true);
+            if (width + added <= m_room || lineEnd == from) {
+                if (added > m_room && lineEnd == from && m_format & DT_EDITCONTROL)
+                    wordEnd = word + fitting(text.substr(word, wordEnd - word), m_room, true);
                 width += added;
                 lineEnd = next = wordEnd;
-                if (wordEnd < end && text[wordEnd] != u' ') width = room_ + 1;
+                if (wordEnd < end && text[wordEnd] != u' ') width = m_room + 1;
                 continue;
             }
             add(all, from, lineEnd);
@@ -184,14 +184,14 @@ private:
     void shorten(Line& line) const
     {
         constexpr UINT any = DT_END_ELLIPSIS | DT_WORD_ELLIPSIS | DT_PATH_ELLIPSIS;
-        if (!(format_ & any) || widthOf(line.text) <= room_) return;
+        if (!(m_format & any) || widthOf(line.text) <= m_room) return;
         const View text = line.text;
         std::size_t tail = text.size();
-        if (format_ & DT_PATH_ELLIPSIS) {
+        if (m_format & DT_PATH_ELLIPSIS) {
             const std::size_t slash = text.find_last_of(u"\\/");
             if (slash != none) tail = slash;
         }
-        const std::int64_t room = room_ - widthOf(std::u16string(ellipsis) += text.substr(tail));
+        const std::int64_t room = m_room - widthOf(std::u16string(ellipsis) += text.substr(tail));
         const std::size_t head = fitting(text.substr(0, tail), std::max<std::int64_t>(room, 0), false);
         std::u16string cut(text.substr(0, head));
         cut += ellipsis;
@@ -204,7 +204,7 @@ private:
     void drawPieces(View text, std::int64_t left, std::int64_t y, const RECT* clip) const
     {
         forEachPiece(text, [&](View piece, std::int64_t x) {
-            ExtTextOutW(dc_, static_cast<int>(left + x), static_cast<int>(y),
+            ExtTextOutW(m_dc, static_cast<int>(left + x), static_cast<int>(y),
                         options() | (clip ? ETO_CLIPPED : 0), clip, piece.data(),
                         static_cast<UINT>(piece.size()));
         });
@@ -215,37 +215,37 @@ private:
         const View text = line.text;
         const std::int64_t from = widthOf(text.substr(0, line.mark));
         const std::int64_t to = std::max(widthOf(text.substr(0, line.mark + 1)), from + 1);
-        const bool fromRight = (format_ & DT_RTLREADING) != 0;
-        const std::int64_t width = widthOf(text), below = y + font_.ascent() + 1;
+        const bool fromRight = (m_format & DT_RTLREADING) != 0;
+        const std::int64_t width = widthOf(text), below = y + m_font.ascent() + 1;
         const Area bar{left + (fromRight ? width - to : from), below, left + (fromRight ? width - from : to),
                        below + 1};
-        const Area seen = format_ & DT_NOCLIP ? bar : bar.cut(areaOf(rect));
-        if (!seen.isEmpty()) fillArea(context_, context_.pixelsOf(seen), pixelOf(context_.textColour));
+        const Area seen = m_format & DT_NOCLIP ? bar : bar.cut(areaOf(rect));
+        if (!seen.isEmpty()) fillArea(m_context, m_context.pixelsOf(seen), pixelOf(m_context.textColour));
     }
 
-    HDC dc_;
-    DeviceContext& context_;
-    SizedFont& font_;
-    UINT format_;
-    std::int64_t room_;
-    int lineHeight_ = 0, tab_ = 1;
-    std::vector<Line> lines_;
+    HDC m_dc;
+    DeviceContext& m_context;
+    SizedFont& m_font;
+    UINT m_format;
+    std::int64_t m_room;
+    int m_lineHeight = 0, m_tab = 1;
+    std::vector<Line> m_lines;
 };
 
 // The reference point of a text is its upper left corner while this lives.
 class AlignGuard {
 public:
-    explicit AlignGuard(DeviceContext& context) : context_(context), before_(context.align)
+    explicit AlignGuard(DeviceContext& context) : m_context(context), m_before(context.align)
     {
         context.align = TA_LEFT | TA_TOP;
     }
-    ~AlignGuard() { context_.align = before_; }
+    ~AlignGuard() { m_context.align = m_before; }
     AlignGuard(const AlignGuard&) = delete;
     AlignGuard& operator=(const AlignGuard&) = delete;
 
 private:
-    DeviceContext& context_;
-    const UINT before_;
+    DeviceContext& m_context;
+    const UINT m_before;
 };
 
 int drawIn(HDC dc, View text, RECT& rect, UINT format)

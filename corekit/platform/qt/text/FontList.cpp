@@ -45,18 +45,18 @@ FontList::FontList()
 {
     for (const QString& name : QFontDatabase::families()) {
         if (QFontDatabase::isPrivateFamily(name) || isGeneric(name)) continue;
-        families_.push_back({name, QFontDatabase::isSmoothlyScalable(name)});
+        m_families.push_back({name, QFontDatabase::isSmoothlyScalable(name)});
     }
     enterNames();
 }
 
 void FontList::enterNames()
 {
-    for (const Family& f : families_) byName_.emplace(folded(f.name.toStdString()), &f);
-    for (const Family& f : families_) {
+    for (const Family& f : m_families) m_byName.emplace(folded(f.name.toStdString()), &f);
+    for (const Family& f : m_families) {
         const std::string name = f.name.toStdString();
         if (const std::string cut = cutFaceName(name); cut.size() < name.size())
-            byName_.emplace(folded(cut), &f);
+            m_byName.emplace(folded(cut), &f);
     }
 }
 
@@ -65,10 +65,10 @@ int FontList::addFont(const QByteArray& file)
     int added = 0;
     const int font = QFontDatabase::addApplicationFontFromData(file);
     for (const QString& name : QFontDatabase::applicationFontFamilies(font)) {
-        const auto place = std::find_if(families_.begin(), families_.end(),
+        const auto place = std::find_if(m_families.begin(), m_families.end(),
                                         [&](const Family& f) { return f.name.compare(name) >= 0; });
-        if (place != families_.end() && place->name == name) continue;
-        families_.insert(place, {name, QFontDatabase::isSmoothlyScalable(name)});
+        if (place != m_families.end() && place->name == name) continue;
+        m_families.insert(place, {name, QFontDatabase::isSmoothlyScalable(name)});
         ++added;
     }
     enterNames();
@@ -77,13 +77,13 @@ int FontList::addFont(const QByteArray& file)
 
 const FontList::Family* FontList::find(std::string_view name) const
 {
-    const auto found = byName_.find(folded(name));
-    return found == byName_.end() ? nullptr : found->second;
+    const auto found = m_byName.find(folded(name));
+    return found == m_byName.end() ? nullptr : found->second;
 }
 
 std::shared_ptr<Typeface> FontList::typeface(const Family& family, bool bold, bool italic)
 {
-    std::shared_ptr<Typeface>& face = typefaces_[{&family, bold, italic}];
+    std::shared_ptr<Typeface>& face = m_typefaces[{&family, bold, italic}];
     if (!face) face = Typeface::load(family.name, bold, italic);
     return face;
 }
@@ -97,7 +97,7 @@ std::shared_ptr<Typeface> FontList::typefaceFor(std::string_view name, bool bold
     if (auto face = load(name)) return face;
     for (const char* const fallback : defaultFaces)
         if (auto face = load(fallback)) return face;
-    for (const Family& family : families_)
+    for (const Family& family : m_families)
         if (auto face = load(family.name.toStdString())) return face;
     return nullptr;
 }
@@ -110,14 +110,14 @@ std::shared_ptr<SizedFont> FontList::font(std::string_view name, bool bold, bool
     const auto same = [&](const Made& m) {
         return m.face == face && m.height == height && m.width == width && m.scale == scale;
     };
-    if (const auto found = std::find_if(made_.begin(), made_.end(), same); found != made_.end()) {
-        made_.splice(made_.begin(), made_, found);
+    if (const auto found = std::find_if(m_made.begin(), m_made.end(), same); found != m_made.end()) {
+        m_made.splice(m_made.begin(), m_made, found);
         return found->font;
     }
-    made_.push_front({face, height, width, scale, std::make_shared<SizedFont>(face, height, width, scale)});
+    m_made.push_front({face, height, width, scale, std::make_shared<SizedFont>(face, height, width, scale)});
     std::size_t unheld = 0;
-    made_.remove_if([&](const Made& m) { return m.font.use_count() == 1 && ++unheld > keptFonts; });
-    return made_.front().font;
+    m_made.remove_if([&](const Made& m) { return m.font.use_count() == 1 && ++unheld > keptFonts; });
+    return m_made.front().font;
 }
 
 } // namespace corekit::detail

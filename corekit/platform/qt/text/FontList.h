@@ -18,7 +18,7 @@ public:
         bool scalable = false;
     };
     // All, sorted by name.
-    const std::list<Family>& families() const { return families_; }
+    const std::list<Family>& families() const { return m_families; }
     // By name without regard to case, or by a name cut to 31 bytes; null if there is none.
     const Family* find(std::string_view name) const;
 
@@ -44,10 +44,10 @@ private:
 
     void enterNames();
 
-    std::list<Family> families_;
-    std::map<std::string, const Family*, std::less<>> byName_; // folded, whole and cut
-    std::map<std::tuple<const Family*, bool, bool>, std::shared_ptr<Typeface>> typefaces_;
-    std::list<Made> made_; // last used first
+    std::list<Family> m_families;
+    std::map<std::string, const Family*, std::less<>> m_byName; // folded, whole and cut
+    std::map<std::tuple<const Family*, bool, bool>, std::shared_ptr<Typeface>> m_typefaces;
+    std::list<Made> m_made; // last used first
 };
 
 // The name as it stands in a LOGFONTA: at most 31 bytes, whole characters.

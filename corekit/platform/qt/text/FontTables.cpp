@@ -9,12 +9,12 @@ namespace {
 // Big-endian numbers at fixed places; what lies behind the end of the table reads as the fallback.
 class Table {
 public:
-    explicit Table(std::span<const BYTE> bytes) : bytes_(bytes) {}
+    explicit Table(std::span<const BYTE> bytes) : m_bytes(bytes) {}
 
-    bool reaches(std::size_t end) const { return bytes_.size() >= end; }
+    bool reaches(std::size_t end) const { return m_bytes.size() >= end; }
     WORD u16(std::size_t at, WORD fallback = 0) const
     {
-        return reaches(at + 2) ? static_cast<WORD>(bytes_[at] << 8 | bytes_[at + 1]) : fallback;
+        return reaches(at + 2) ? static_cast<WORD>(m_bytes[at] << 8 | m_bytes[at + 1]) : fallback;
     }
     int s16(std::size_t at, int fallback = 0) const
     {
@@ -23,7 +23,7 @@ public:
     DWORD u32(std::size_t at) const { return static_cast<DWORD>(u16(at)) << 16 | u16(at + 2); }
 
 private:
-    std::span<const BYTE> bytes_;
+    std::span<const BYTE> m_bytes;
 };
 
 } // namespace

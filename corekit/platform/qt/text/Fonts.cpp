@@ -109,26 +109,26 @@ namespace corekit::detail {
 
 SizedFont* Font::sized()
 {
-    if (sized_) return sized_.get();
+    if (m_sized) return m_sized.get();
     if (!ToolkitIsRunning()) {
         SetLastError(ERROR_DEV_NOT_EXIST);
         return nullptr;
     }
-    sized_ =
+    m_sized =
         FontList::instance().font(request.face, request.bold, request.italic, request.height, request.width);
-    if (!sized_) SetLastError(ERROR_FILE_NOT_FOUND);
-    return sized_.get();
+    if (!m_sized) SetLastError(ERROR_FILE_NOT_FOUND);
+    return m_sized.get();
 }
 
 SizedFont* Font::scaled(double scale)
 {
     if (!sized()) return nullptr;
-    if (!scaled_ || scale_ != scale) {
-        scaled_ = FontList::instance().font(request.face, request.bold, request.italic, request.height,
-                                            request.width, scale);
-        scale_ = scale;
+    if (!m_scaled || m_scale != scale) {
+        m_scaled = FontList::instance().font(request.face, request.bold, request.italic, request.height,
+                                             request.width, scale);
+        m_scale = scale;
     }
-    return scaled_.get();
+    return m_scaled.get();
 }
 
 } // namespace corekit::detail

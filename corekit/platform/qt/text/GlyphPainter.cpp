@@ -43,7 +43,7 @@ int heightOf(const Area& area) { return static_cast<int>(area.height()); }
 
 void GlyphPainter::draw(SizedFont& font, const PlacedRun& run, std::int64_t x, std::int64_t baseline)
 {
-    if (clip_.isEmpty()) return;
+    if (m_clip.isEmpty()) return;
     const std::span<const PlacedGlyph> glyphs = run.glyphs;
     for (std::size_t i = 0, end = 0; i < glyphs.size(); i = end) {
         end = i + 1;
@@ -75,7 +75,7 @@ void GlyphPainter::drawGlyph(SizedFont& font, const PlacedGlyph& g, std::int64_t
         add(mask, pen.x + mask.left, penY + mask.top);
         return;
     }
-    const Area seen = maskArea(mask, pen.x + mask.left, penY + mask.top).cut(clip_);
+    const Area seen = maskArea(mask, pen.x + mask.left, penY + mask.top).cut(m_clip);
     if (seen.isEmpty()) return;
     flush();
     const GlyphMask part = font.maskPart(
@@ -86,44 +86,44 @@ void GlyphPainter::drawGlyph(SizedFont& font, const PlacedGlyph& g, std::int64_t
 
 void GlyphPainter::add(const GlyphMask& mask, std::int64_t left, std::int64_t top)
 {
-    const Area seen = maskArea(mask, left, top).cut(clip_);
+    const Area seen = maskArea(mask, left, top).cut(m_clip);
     if (seen.isEmpty()) return;
-    box_ = count_ ? joined(box_, seen) : seen;
-    pending_[count_++] = {&mask, static_cast<int>(left), static_cast<int>(top)};
-    if (count_ == longestStretch) flush();
+    m_box = m_count ? joined(m_box, seen) : seen;
+    m_pending[m_count++] = {&mask, static_cast<int>(left), static_cast<int>(top)};
+    if (m_count == longestStretch) flush();
 }
 
 void GlyphPainter::blend(const std::uint8_t* mask, std::ptrdiff_t stride, const Area& box)
 {
-    blendMask(pixelAt(bitmap_, box), strideOf(bitmap_), mask, stride, widthOf(box), heightOf(box), pixel_,
-              static_cast<std::ptrdiff_t>(bitmap_.width - box.right));
+    blendMask(pixelAt(m_bitmap, box), strideOf(m_bitmap), mask, stride, widthOf(box), heightOf(box), m_pixel,
+              static_cast<std::ptrdiff_t>(m_bitmap.width - box.right));
 }
 
 void GlyphPainter::flush()
 {
-    const std::size_t count = std::exchange(count_, 0);
+    const std::size_t count = std::exchange(m_count, 0);
     if (count == 0) return;
-    if (const Item& only = pending_[0]; count == 1 && box_.covers(maskArea(*only.mask, only.x, only.y))) {
-        blend(only.mask->coverage.get(), only.mask->stride, box_);
+    if (const Item& only = m_pending[0]; count == 1 && m_box.covers(maskArea(*only.mask, only.x, only.y))) {
+        blend(only.mask->coverage.get(), only.mask->stride, m_box);
         return;
     }
     static thread_local std::vector<std::uint8_t> scratch;
-    const std::ptrdiff_t stride = (widthOf(box_) + 2 * blendStep - 1) / blendStep * blendStep;
+    const std::ptrdiff_t stride = (widthOf(m_box) + 2 * blendStep - 1) / blendStep * blendStep;
     const auto bytes =
-        static_cast<std::size_t>(stride) * static_cast<std::size_t>(heightOf(box_)) + blendStep;
+        static_cast<std::size_t>(stride) * static_cast<std::size_t>(heightOf(m_box)) + blendStep;
     if (scratch.size() < bytes) scratch.resize(bytes);
     std::memset(scratch.data(), 0, bytes);
-    for (const Item& item : std::span(pending_, count)) {
+    for (const Item& item : std::span(m_pending, count)) {
         const GlyphMask& m = *item.mask;
         const Area whole = maskArea(m, item.x, item.y);
-        const Area seen = whole.cut(box_);
-        std::uint8_t* const to = scratch.data() + (seen.top - box_.top) * stride + (seen.left - box_.left);
+        const Area seen = whole.cut(m_box);
+        std::uint8_t* const to = scratch.data() + (seen.top - m_box.top) * stride + (seen.left - m_box.left);
         const std::uint8_t* const from =
             m.coverage.get() + (seen.top - whole.top) * m.stride + (seen.left - whole.left);
         const auto add = widthOf(seen) == m.width ? addMask : addMaskExactly;
         add(to, stride, from, m.stride, widthOf(seen), heightOf(seen));
     }
-    blend(scratch.data(), stride, box_);
+    blend(scratch.data(), stride, m_box);
     if (bytes > keptScratch) scratch = {};
 }
 

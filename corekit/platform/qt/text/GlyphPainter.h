@@ -11,7 +11,7 @@ class GlyphPainter {
 public:
     // `clip` lies within the bitmap.
     GlyphPainter(Bitmap& bitmap, const Area& clip, std::uint32_t pixel)
-        : bitmap_(bitmap), clip_(clip), pixel_(pixel)
+        : m_bitmap(bitmap), m_clip(clip), m_pixel(pixel)
     {
     }
 
@@ -32,12 +32,12 @@ private:
     void flush();
     void blend(const std::uint8_t* mask, std::ptrdiff_t stride, const Area& box);
 
-    Bitmap& bitmap_;
-    const Area clip_;
-    const std::uint32_t pixel_;
-    std::size_t count_ = 0;
-    Area box_{}; // of all pending masks, within the clip
-    Item pending_[longestStretch];
+    Bitmap& m_bitmap;
+    const Area m_clip;
+    const std::uint32_t m_pixel;
+    std::size_t m_count = 0;
+    Area m_box{}; // of all pending masks, within the clip
+    Item m_pending[longestStretch];
 };
 
 } // namespace corekit::detail

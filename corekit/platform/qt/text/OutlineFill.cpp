@@ -15,12 +15,12 @@ namespace {
 class AreaBand {
 public:
     AreaBand(int width, int rows)
-        : width_(width), rows_(rows), stride_(static_cast<std::size_t>(width) + 2),
-          areas_(stride_ * static_cast<std::size_t>(rows))
+        : m_width(width), m_rows(rows), m_stride(static_cast<std::size_t>(width) + 2),
+          m_areas(m_stride * static_cast<std::size_t>(rows))
     {
     }
 
-    const float* row(int y) const { return areas_.data() + stride_ * static_cast<std::size_t>(y); }
+    const float* row(int y) const { return m_areas.data() + m_stride * static_cast<std::size_t>(y); }
 
     // An edge in the band's own coordinates. What lies left of it counts from the first column on, what lies
     // right of it does not count.
@@ -33,7 +33,7 @@ public:
             std::swap(y0, y1);
         }
         const float slope = (x1 - x0) / (y1 - y0);
-        const float top = std::max(y0, 0.0f), bottom = std::min(y1, static_cast<float>(rows_));
+        const float top = std::max(y0, 0.0f), bottom = std::min(y1, static_cast<float>(m_rows));
         float x = x0 + (top - y0) * slope;
         float y = top;
         while (y < bottom) {
@@ -49,10 +49,10 @@ private:
     // One row's part of an edge, `height` of it, between two columns; cut at both sides of the band.
     void addClipped(int row, float a, float b, float height)
     {
-        const float right = static_cast<float>(width_);
+        const float right = static_cast<float>(m_width);
         if (a > b) std::swap(a, b);
         if (a >= right) return;
-        float* const areas = areas_.data() + stride_ * static_cast<std::size_t>(row);
+        float* const areas = m_areas.data() + m_stride * static_cast<std::size_t>(row);
         if (b <= 0) {
             areas[0] += height;
             return;
@@ -91,9 +91,9 @@ private:
         }
     }
 
-    int width_, rows_;
-    std::size_t stride_;
-    std::vector<float> areas_;
+    int m_width, m_rows;
+    std::size_t m_stride;
+    std::vector<float> m_areas;
 };
 
 constexpr std::size_t bandFloats = std::size_t{1} << 20;
@@ -108,7 +108,7 @@ void OutlineFill::add(const QPainterPath& path, const QTransform& place)
     };
     Point start{}, now{};
     const auto close = [&] {
-        if (now.x != start.x || now.y != start.y) edges_.push_back({now, start});
+        if (now.x != start.x || now.y != start.y) m_edges.push_back({now, start});
     };
     for (int i = 0; i < path.elementCount(); ++i) {
         const Point p = pointAt(i);
@@ -124,7 +124,7 @@ void OutlineFill::add(const QPainterPath& path, const QTransform& place)
             i += 2;
             break;
         default:
-            edges_.push_back({now, p});
+            m_edges.push_back({now, p});
             now = p;
         }
     }
@@ -144,7 +144,7 @@ void OutlineFill::addCurve(Point a, Point b, Point c, Point d)
         const Point to = i == pieces ? d
                                      : Point{wa * a.x + wb * b.x + wc * c.x + wd * d.x,
                                              wa * a.y + wb * b.y + wc * c.y + wd * d.y};
-        edges_.push_back({from, to});
+        m_edges.push_back({from, to});
         from = to;
     }
 }
@@ -153,7 +153,7 @@ void OutlineFill::measure(GlyphMask& mask) const
 {
     constexpr float far = std::numeric_limits<float>::max();
     Point least{far, far}, most{-far, -far};
-    for (const Edge& e : edges_) { // closed outlines: every point is the start of an edge
+    for (const Edge& e : m_edges) { // closed outlines: every point is the start of an edge
         least = {std::min(least.x, e.from.x), std::min(least.y, e.from.y)};
         most = {std::max(most.x, e.from.x), std::max(most.y, e.from.y)};
     }
@@ -176,7 +176,7 @@ void OutlineFill::fill(GlyphMask& mask, int fineness) const
         const int rows = std::min(bandRows, mask.height - top);
         AreaBand band(mask.width, rows * fineness);
         const auto offset = static_cast<float>(mask.top + top);
-        for (const Edge& e : edges_)
+        for (const Edge& e : m_edges)
             band.add(e.from.x - left, (e.from.y - offset) * scale, e.to.x - left, (e.to.y - offset) * scale);
         for (int y = 0; y < rows; ++y) {
             std::fill(sums.begin(), sums.end(), 0.0f);

@@ -16,7 +16,7 @@ class OutlineFill {
 public:
     // Adds closed outlines; curves are cut into lines that stay within a fraction of a pixel.
     void add(const QPainterPath& path, const QTransform& place);
-    bool isEmpty() const { return edges_.empty(); }
+    bool isEmpty() const { return m_edges.empty(); }
     // Sets the smallest whole-pixel rectangle around all that was added.
     void measure(GlyphMask& mask) const;
     // Fills the mask's rectangle; stride and coverage are ready, coverage is 0. Overlapping outlines are
@@ -32,7 +32,7 @@ private:
     };
     void addCurve(Point a, Point b, Point c, Point d);
 
-    std::vector<Edge> edges_;
+    std::vector<Edge> m_edges;
 };
 
 } // namespace corekit::detail

@@ -54,17 +54,17 @@ std::unique_ptr<GlyphMask> maskOf(const OutlineFill& outlines, int fineness)
 } // namespace
 
 SizedFont::SizedFont(std::shared_ptr<Typeface> face, int height, int width, double scale)
-    : face_(std::move(face))
+    : m_face(std::move(face))
 {
-    const FontTables& t = face_->tables();
+    const FontTables& t = m_face->tables();
     const double cell = t.cellAscent + t.cellDescent;
-    em_ = height > 0 ? height * t.unitsPerEm / cell : height < 0 ? -static_cast<double>(height) : 16.0;
-    em_ *= scale;
-    scaleX_ = scaleY_ = em_ / face_->designPixels();
-    ascent_ = down(t.cellAscent);
-    descent_ = height > 0 ? static_cast<int>(std::lround(height * scale)) - ascent_ : down(t.cellDescent);
+    m_em = height > 0 ? height * t.unitsPerEm / cell : height < 0 ? -static_cast<double>(height) : 16.0;
+    m_em *= scale;
+    m_scaleX = m_scaleY = m_em / m_face->designPixels();
+    m_ascent = down(t.cellAscent);
+    m_descent = height > 0 ? static_cast<int>(std::lround(height * scale)) - m_ascent : down(t.cellDescent);
     if (width > 0 && t.averageWidth > 0)
-        scaleX_ = width * scale * t.unitsPerEm / t.averageWidth / face_->designPixels();
+        m_scaleX = width * scale * t.unitsPerEm / t.averageWidth / m_face->designPixels();
     allFonts().push_back(this);
 }
 
@@ -76,44 +76,44 @@ SizedFont::~SizedFont()
 
 void SizedFont::dropMasks()
 {
-    for (auto& block : blocks_) {
+    for (auto& block : m_blocks) {
         if (!block) continue;
         for (const auto& positions : block->masks)
             for (const auto& m : positions)
                 if (m) allMaskBytes -= sizeOf(*m);
         block.reset();
     }
-    for (const auto& [key, m] : words_) allMaskBytes -= wordOverhead + sizeOf(*m);
-    words_.clear();
+    for (const auto& [key, m] : m_words) allMaskBytes -= wordOverhead + sizeOf(*m);
+    m_words.clear();
 }
 
 int SizedFont::across(int designUnits) const
 {
     return static_cast<int>(
-        std::lround(designUnits * scaleX_ * face_->designPixels() / face_->tables().unitsPerEm));
+        std::lround(designUnits * m_scaleX * m_face->designPixels() / m_face->tables().unitsPerEm));
 }
 
 int SizedFont::down(int designUnits) const
 {
-    return static_cast<int>(std::lround(designUnits * em_ / face_->tables().unitsPerEm));
+    return static_cast<int>(std::lround(designUnits * m_em / m_face->tables().unitsPerEm));
 }
 
 const SizedFont::Page& SizedFont::loadPage(unsigned high)
 {
     auto page = std::make_unique<Page>();
     double advances[256];
-    face_->lookUp(high, page->glyphs, advances);
+    m_face->lookUp(high, page->glyphs, advances);
     for (unsigned i = 0; i < 256; ++i)
         page->advances[i] = static_cast<std::int32_t>(
-            std::clamp(std::round(advances[i] * scaleX_ * wholePixel), -0x1p30, 0x1p30));
-    return *(pages_[high] = std::move(page));
+            std::clamp(std::round(advances[i] * m_scaleX * wholePixel), -0x1p30, 0x1p30));
+    return *(m_pages[high] = std::move(page));
 }
 
 void SizedFont::addOutline(OutlineFill& to, std::uint16_t glyph, double x, double y) const
 {
     QTransform place = QTransform::fromTranslate(x, y);
-    place.scale(scaleX_, scaleY_);
-    to.add(face_->outline(glyph), place);
+    place.scale(m_scaleX, m_scaleY);
+    to.add(m_face->outline(glyph), place);
 }
 
 GlyphMask SizedFont::maskPart(std::uint16_t glyph, unsigned quarter, int left, int top, int right,
@@ -132,7 +132,7 @@ GlyphMask SizedFont::maskPart(std::uint16_t glyph, unsigned quarter, int left, i
 
 const GlyphMask& SizedFont::makeMask(std::uint16_t glyph, unsigned quarter)
 {
-    std::unique_ptr<MaskBlock>& block = blocks_[glyph >> 6];
+    std::unique_ptr<MaskBlock>& block = m_blocks[glyph >> 6];
     if (!block) block = std::make_unique<MaskBlock>();
     OutlineFill outlines;
     addOutline(outlines, glyph, quarter / 4.0, 0);
@@ -141,19 +141,19 @@ const GlyphMask& SizedFont::makeMask(std::uint16_t glyph, unsigned quarter)
 
 const GlyphMask& SizedFont::wordMask(std::span<const PlacedGlyph> word, unsigned quarter)
 {
-    key_.assign(1, quarter);
+    m_key.assign(1, quarter);
     for (const PlacedGlyph& g : word) {
-        key_ += g.glyph;
-        key_ += static_cast<char32_t>(g.x - word.front().x);
-        key_ += static_cast<char32_t>(g.y);
+        m_key += g.glyph;
+        m_key += static_cast<char32_t>(g.x - word.front().x);
+        m_key += static_cast<char32_t>(g.y);
     }
-    if (const auto found = words_.find(std::u32string_view(key_)); found != words_.end())
+    if (const auto found = m_words.find(std::u32string_view(m_key)); found != m_words.end())
         return *found->second;
     OutlineFill all;
     for (const PlacedGlyph& g : word)
         addOutline(all, g.glyph, quarter / 4.0 + static_cast<double>(g.x - word.front().x) / wholePixel, g.y);
     allMaskBytes += wordOverhead;
-    return *words_.emplace(key_, maskOf(all, wordRows)).first->second;
+    return *m_words.emplace(m_key, maskOf(all, wordRows)).first->second;
 }
 
 void SizedFont::trimMasks()

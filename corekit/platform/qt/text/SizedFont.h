@@ -38,14 +38,14 @@ public:
     };
     const Page& page(unsigned high)
     {
-        const std::unique_ptr<Page>& p = pages_[high];
+        const std::unique_ptr<Page>& p = m_pages[high];
         return p ? *p : loadPage(high);
     }
 
     // The mask of a glyph whose pen stands `quarter` quarters of a pixel right of a whole one.
     const GlyphMask& mask(std::uint16_t glyph, unsigned quarter)
     {
-        const std::unique_ptr<MaskBlock>& block = blocks_[glyph >> 6];
+        const std::unique_ptr<MaskBlock>& block = m_blocks[glyph >> 6];
         if (block)
             if (const GlyphMask* const m = block->masks[glyph & 63][quarter].get()) return *m;
         return makeMask(glyph, quarter);
@@ -55,14 +55,14 @@ public:
     // The part of a mask that covers these columns and rows, counted from pen and baseline.
     GlyphMask maskPart(std::uint16_t glyph, unsigned quarter, int left, int top, int right, int bottom) const;
 
-    Typeface& face() { return *face_; }
-    const Typeface& face() const { return *face_; }
-    int ascent() const { return ascent_; }
-    int descent() const { return descent_; }
-    int height() const { return ascent_ + descent_; }
-    double em() const { return em_; }
-    double scaleX() const { return scaleX_; } // from design pixels
-    double scaleY() const { return scaleY_; }
+    Typeface& face() { return *m_face; }
+    const Typeface& face() const { return *m_face; }
+    int ascent() const { return m_ascent; }
+    int descent() const { return m_descent; }
+    int height() const { return m_ascent + m_descent; }
+    double em() const { return m_em; }
+    double scaleX() const { return m_scaleX; } // from design pixels
+    double scaleY() const { return m_scaleY; }
     int across(int designUnits) const; // rounded
     int down(int designUnits) const;
 
@@ -87,13 +87,13 @@ private:
     void addOutline(OutlineFill& to, std::uint16_t glyph, double x, double y) const;
     const GlyphMask& makeMask(std::uint16_t glyph, unsigned quarter);
 
-    std::shared_ptr<Typeface> face_;
-    double em_ = 0, scaleX_ = 0, scaleY_ = 0;
-    int ascent_ = 0, descent_ = 0;
-    std::array<std::unique_ptr<Page>, 256> pages_;
-    std::array<std::unique_ptr<MaskBlock>, 1024> blocks_;
-    std::unordered_map<WordKey, std::unique_ptr<GlyphMask>, WordHash, std::equal_to<>> words_;
-    WordKey key_; // of the last word asked for
+    std::shared_ptr<Typeface> m_face;
+    double m_em = 0, m_scaleX = 0, m_scaleY = 0;
+    int m_ascent = 0, m_descent = 0;
+    std::array<std::unique_ptr<Page>, 256> m_pages;
+    std::array<std::unique_ptr<MaskBlock>, 1024> m_blocks;
+    std::unordered_map<WordKey, std::unique_ptr<GlyphMask>, WordHash, std::equal_to<>> m_words;
+    WordKey m_key; // of the last word asked for
 };
 
 } // namespace corekit::detail

@@ -52,28 +52,28 @@ void checkSubsets(const QRawFont& font, std::array<DWORD, 4>& subsets)
 std::shared_ptr<Typeface> Typeface::load(const QString& family, bool bold, bool italic)
 {
     auto face = std::make_shared<Typeface>();
-    face->font_.setFamily(family);
-    face->font_.setWeight(bold ? QFont::Bold : QFont::Normal);
-    face->font_.setItalic(italic);
-    face->font_.setKerning(false);
-    face->font_.setHintingPreference(QFont::PreferNoHinting);
-    face->font_.setStyleStrategy(QFont::NoFontMerging);
-    face->font_.setPixelSize(commonDesignSize);
-    face->raw_ = QRawFont::fromFont(face->font_);
-    if (!face->raw_.isValid() || face->raw_.familyName().compare(family, Qt::CaseInsensitive) != 0)
+    face->m_font.setFamily(family);
+    face->m_font.setWeight(bold ? QFont::Bold : QFont::Normal);
+    face->m_font.setItalic(italic);
+    face->m_font.setKerning(false);
+    face->m_font.setHintingPreference(QFont::PreferNoHinting);
+    face->m_font.setStyleStrategy(QFont::NoFontMerging);
+    face->m_font.setPixelSize(commonDesignSize);
+    face->m_raw = QRawFont::fromFont(face->m_font);
+    if (!face->m_raw.isValid() || face->m_raw.familyName().compare(family, Qt::CaseInsensitive) != 0)
         return nullptr;
-    const int unitsPerEm = std::clamp(static_cast<int>(face->raw_.unitsPerEm()), 16, 16384);
-    face->designPixels_ = std::min(unitsPerEm, greatestDesignSize);
-    if (face->designPixels_ != commonDesignSize) {
-        face->font_.setPixelSize(static_cast<int>(face->designPixels_));
-        face->raw_ = QRawFont::fromFont(face->font_);
+    const int unitsPerEm = std::clamp(static_cast<int>(face->m_raw.unitsPerEm()), 16, 16384);
+    face->m_designPixels = std::min(unitsPerEm, greatestDesignSize);
+    if (face->m_designPixels != commonDesignSize) {
+        face->m_font.setPixelSize(static_cast<int>(face->m_designPixels));
+        face->m_raw = QRawFont::fromFont(face->m_font);
     }
-    face->name_ = family.toStdString();
-    face->tables_.unitsPerEm = unitsPerEm;
-    face->tables_.read(bytesOf(face->raw_.fontTable("OS/2")), bytesOf(face->raw_.fontTable("hhea")),
-                       bytesOf(face->raw_.fontTable("post")));
-    face->holdsPieces_ = face->tables_.subsets == std::array<DWORD, 4>{};
-    if (!face->holdsPieces_) checkSubsets(face->raw_, face->tables_.subsets);
+    face->m_name = family.toStdString();
+    face->m_tables.unitsPerEm = unitsPerEm;
+    face->m_tables.read(bytesOf(face->m_raw.fontTable("OS/2")), bytesOf(face->m_raw.fontTable("hhea")),
+                        bytesOf(face->m_raw.fontTable("post")));
+    face->m_holdsPieces = face->m_tables.subsets == std::array<DWORD, 4>{};
+    if (!face->m_holdsPieces) checkSubsets(face->m_raw, face->m_tables.subsets);
     return face;
 }
 
@@ -93,12 +93,12 @@ void Typeface::lookUp(unsigned high, std::uint16_t (&glyphs)[256], double (&adva
     for (unsigned i = 0; i < 256; ++i) units[i] = QChar(high << 8 | i);
     int count = 256;
     // A lone surrogate has no glyph, and pairs would shift the answers.
-    if (high < 0xD8 || high > 0xDF) raw_.glyphIndexesForChars(units, 256, indexes, &count);
-    raw_.advancesForGlyphIndexes(indexes, steps, 256);
+    if (high < 0xD8 || high > 0xDF) m_raw.glyphIndexesForChars(units, 256, indexes, &count);
+    m_raw.advancesForGlyphIndexes(indexes, steps, 256);
     const QChar blank(u' ');
     quint32 blankGlyph = 0;
     int blanks = 1;
-    raw_.glyphIndexesForChars(&blank, 1, &blankGlyph, &blanks);
+    m_raw.glyphIndexesForChars(&blank, 1, &blankGlyph, &blanks);
     for (unsigned i = 0; i < 256; ++i) {
         const bool unseen = isUnseen(high << 8 | i);
         glyphs[i] = static_cast<std::uint16_t>(unseen ? blankGlyph : indexes[i]);
@@ -108,15 +108,15 @@ void Typeface::lookUp(unsigned high, std::uint16_t (&glyphs)[256], double (&adva
 
 const QPainterPath& Typeface::outline(std::uint16_t glyph)
 {
-    if (const auto found = outlines_.find(glyph); found != outlines_.end()) return found->second;
-    if (outlines_.size() >= cachedOutlines) outlines_.clear();
-    return outlines_.emplace(glyph, raw_.pathForGlyph(glyph)).first->second;
+    if (const auto found = m_outlines.find(glyph); found != m_outlines.end()) return found->second;
+    if (m_outlines.size() >= cachedOutlines) m_outlines.clear();
+    return m_outlines.emplace(glyph, m_raw.pathForGlyph(glyph)).first->second;
 }
 
 const ShapedText& Typeface::shape(std::u16string_view text, bool rightToLeft, bool kerned)
 {
-    if (text.size() > longestCached) return uncached_ = layOut(text, rightToLeft, kerned);
-    LayoutCache& cache = layouts_[rightToLeft][kerned];
+    if (text.size() > longestCached) return m_uncached = layOut(text, rightToLeft, kerned);
+    LayoutCache& cache = m_layouts[rightToLeft][kerned];
     if (const auto found = cache.find(text); found != cache.end()) return found->second;
     if (cache.size() >= cachedLayouts) cache.clear();
     return cache.emplace(text, layOut(text, rightToLeft, kerned)).first->second;
@@ -124,7 +124,7 @@ const ShapedText& Typeface::shape(std::u16string_view text, bool rightToLeft, bo
 
 ShapedText Typeface::layOut(std::u16string_view text, bool rightToLeft, bool kerned) const
 {
-    QFont font = font_;
+    QFont font = m_font;
     font.setKerning(kerned);
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setTextDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
@@ -154,12 +154,12 @@ ShapedText Typeface::layOut(std::u16string_view text, bool rightToLeft, bool ker
 
 const KernTable& Typeface::kerning()
 {
-    if (!kerning_) {
+    if (!m_kerning) {
         const QByteArray bytes = table("kern");
-        kerning_ = std::make_unique<const KernTable>(std::span(
+        m_kerning = std::make_unique<const KernTable>(std::span(
             reinterpret_cast<const BYTE*>(bytes.constData()), static_cast<std::size_t>(bytes.size())));
     }
-    return *kerning_;
+    return *m_kerning;
 }
 
 } // namespace corekit::detail

@@ -32,14 +32,14 @@ public:
     // Null if the toolkit does not give a scalable font of exactly this family.
     static std::shared_ptr<Typeface> load(const QString& family, bool bold, bool italic);
 
-    const std::string& name() const { return name_; }
-    const FontTables& tables() const { return tables_; }
-    QByteArray table(const char* tag) const { return raw_.fontTable(tag); } // as it stands in the font file
+    const std::string& name() const { return m_name; }
+    const FontTables& tables() const { return m_tables; }
+    QByteArray table(const char* tag) const { return m_raw.fontTable(tag); } // as it stands in the font file
     // A face that claims no Unicode range has pieces of writing at its codes, not characters: each is drawn
     // for itself and may touch the next.
-    bool holdsPieces() const { return holdsPieces_; }
-    const KernTable& kerning();                           // read when it is asked for
-    double designPixels() const { return designPixels_; } // per em
+    bool holdsPieces() const { return m_holdsPieces; }
+    const KernTable& kerning();                            // read when it is asked for
+    double designPixels() const { return m_designPixels; } // per em
 
     // Glyphs and advances (in design pixels) of the 256 code units high * 256 ...
     void lookUp(unsigned high, std::uint16_t (&glyphs)[256], double (&advances)[256]) const;
@@ -58,16 +58,16 @@ private:
 
     ShapedText layOut(std::u16string_view text, bool rightToLeft, bool kerned) const;
 
-    std::string name_;
-    QFont font_;
-    QRawFont raw_;
-    FontTables tables_;
-    bool holdsPieces_ = false;
-    double designPixels_ = 0;
-    std::unordered_map<std::uint16_t, QPainterPath> outlines_;
-    LayoutCache layouts_[2][2]; // by direction and kerning
-    ShapedText uncached_;
-    std::unique_ptr<const KernTable> kerning_;
+    std::string m_name;
+    QFont m_font;
+    QRawFont m_raw;
+    FontTables m_tables;
+    bool m_holdsPieces = false;
+    double m_designPixels = 0;
+    std::unordered_map<std::uint16_t, QPainterPath> m_outlines;
+    LayoutCache m_layouts[2][2]; // by direction and kerning
+    ShapedText m_uncached;
+    std::unique_ptr<const KernTable> m_kerning;
 };
 
 } // namespace corekit::detail

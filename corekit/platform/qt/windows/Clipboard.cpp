@@ -155,8 +155,6 @@ public:
     }
 
     bool isOpen() const { return m_isOpen; }
-    HWND window() const { return m_isOpen ? m_window : nullptr; }
-    HWND owner() const { return QGuiApplication::clipboard()->ownsClipboard() ? m_owner : nullptr; }
 
 private:
     QString textThatWasSet() const
@@ -249,10 +247,6 @@ HGLOBAL GetClipboardData(UINT format) { return requireOpen() ? Clipboard::instan
 
 BOOL IsClipboardFormatAvailable(UINT format) { return hasToolkit() && Clipboard::instance().has(format); }
 
-HWND GetClipboardOwner() { return hasToolkit() ? Clipboard::instance().owner() : nullptr; }
-
-HWND GetOpenClipboardWindow() { return hasToolkit() ? Clipboard::instance().window() : nullptr; }
-
 BOOL SetSelectionText(const WCHAR* text, int count)
 {
     if (!text || count < 0 || !hasToolkit() || !QGuiApplication::clipboard()->supportsSelection())
@@ -260,16 +254,4 @@ BOOL SetSelectionText(const WCHAR* text, int count)
     QGuiApplication::clipboard()->setText(QString(reinterpret_cast<const QChar*>(text), count),
                                           QClipboard::Selection);
     return TRUE;
-}
-
-int GetSelectionText(WCHAR* buffer, int size)
-{
-    if (buffer && size > 0) *buffer = 0;
-    if (!hasToolkit() || (buffer && size < 1) || !QGuiApplication::clipboard()->supportsSelection()) return 0;
-    const QString text = readableText(QClipboard::Selection);
-    if (!buffer) return static_cast<int>(text.size());
-    const int length = std::min(static_cast<int>(text.size()), size - 1);
-    std::copy_n(reinterpret_cast<const WCHAR*>(text.utf16()), length, buffer);
-    buffer[length] = 0;
-    return length;
 }

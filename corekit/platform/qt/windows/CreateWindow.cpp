@@ -91,7 +91,6 @@ private:
         m_window->m_instance = m_create.hInstance;
         m_window->m_parent = m_create.hwndParent;
         if (isChild()) m_window->m_id = reinterpret_cast<UINT_PTR>(m_create.hMenu);
-        ++m_class.windows;
         windowTables().add(*m_window);
         if (!isChild())
             widget.setWindowFlags(flagsOf(m_window->m_style, m_window->m_exStyle));
@@ -208,7 +207,6 @@ private:
         forgetInput(handle);
         forgetMenu(handle);
         window->m_alive = false;
-        --window->m_class->windows;
         windowTables().removeWidget(window->m_widget.data());
         windowTables().remove(handle);
         closeWindow(handle);

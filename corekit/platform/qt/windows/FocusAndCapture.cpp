@@ -1,7 +1,6 @@
 // Who has the keys, who is active, who has the mouse.
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Input.h"
-#include "corekit/platform/MessageLoop.h"
 #include "corekit/platform/qt/windows/ApplicationFilter.h"
 #include "corekit/platform/qt/windows/DropEvents.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
@@ -9,10 +8,7 @@
 #include "corekit/platform/qt/windows/WindowTables.h"
 
 #include <QApplication>
-#include <QCursor>
-#include <QStyleHints>
 
-#include <cstdlib>
 #include <utility>
 
 namespace corekit::detail {
@@ -134,11 +130,6 @@ BOOL SetForegroundWindow(HWND handle)
     return TRUE;
 }
 
-HWND GetForegroundWindow()
-{
-    return QGuiApplication::applicationState() == Qt::ApplicationActive ? GetActiveWindow() : nullptr;
-}
-
 HWND SetCapture(HWND handle)
 {
     const Window* const window = requireWindow(handle);
@@ -173,29 +164,7 @@ BOOL GetCursorPos(POINT* point)
     return TRUE;
 }
 
-BOOL SetCursorPos(int x, int y)
-{
-    if (!QCoreApplication::instance()) return FALSE;
-    QCursor::setPos(x, y);
-    return TRUE;
-}
-
 UINT GetDoubleClickTime()
 {
     return QCoreApplication::instance() ? static_cast<UINT>(QApplication::doubleClickInterval()) : 500;
-}
-
-BOOL DragDetect(HWND window, POINT from)
-{
-    if (!requireWindow(window)) return FALSE;
-    const int distance = QGuiApplication::styleHints()->startDragDistance();
-    bool isDragged = false;
-    ClientToScreen(window, &from);
-    const auto isOpen = [&] {
-        const POINT now = pointerPlace();
-        isDragged = std::abs(now.x - from.x) > distance || std::abs(now.y - from.y) > distance;
-        return !isDragged && IsWindow(window) && QGuiApplication::mouseButtons() & Qt::LeftButton;
-    };
-    if (const auto exitCode = runMessageLoop(isOpen)) PostQuitMessage(*exitCode);
-    return isDragged;
 }

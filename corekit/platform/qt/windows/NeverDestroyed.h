@@ -13,15 +13,15 @@ public:
     template <typename... Args>
     explicit NeverDestroyed(Args&&... args)
     {
-        new (storage_) T(std::forward<Args>(args)...);
+        new (m_storage) T(std::forward<Args>(args)...);
     }
     NeverDestroyed(const NeverDestroyed&) = delete;
     NeverDestroyed& operator=(const NeverDestroyed&) = delete;
 
-    T& get() { return *std::launder(reinterpret_cast<T*>(storage_)); }
+    T& get() { return *std::launder(reinterpret_cast<T*>(m_storage)); }
 
 private:
-    alignas(T) unsigned char storage_[sizeof(T)];
+    alignas(T) unsigned char m_storage[sizeof(T)];
 };
 
 } // namespace corekit::detail

@@ -21,7 +21,6 @@ public:
     ~PaintInHand();
 
     static PaintInHand* of(HWND window); // the innermost; null if there is none
-    static HWND windowOf(HDC dc);        // that paints with that context, or null
     static bool isAny();
 
     const QRegion& region() const { return m_region; }

@@ -63,13 +63,6 @@ PaintInHand* PaintInHand::of(HWND window)
 
 bool PaintInHand::isAny() { return innermost != nullptr; }
 
-HWND PaintInHand::windowOf(HDC dc)
-{
-    for (const PaintInHand* paint = innermost; paint; paint = paint->m_outer)
-        if (dc && paint->m_dc == dc) return paint->m_window;
-    return nullptr;
-}
-
 HDC PaintInHand::begin(const QRect& client)
 {
     if (m_dc || !m_receiver) return m_dc;
@@ -314,13 +307,6 @@ int ReleaseDC(HWND, HDC dc)
     return 1;
 }
 
-HWND WindowFromDC(HDC dc)
-{
-    const auto found = givenContexts().find(dc);
-    if (found != givenContexts().end()) return found->second.window;
-    return PaintInHand::windowOf(dc);
-}
-
 BOOL InvalidateRect(HWND handle, const RECT* rect, BOOL erase)
 {
     if (!handle) { // all windows
@@ -426,15 +412,4 @@ BOOL ScrollWindow(HWND handle, int dx, int dy, const RECT* part, const RECT* cli
 {
     const UINT flags = SW_INVALIDATE | SW_ERASE | (part ? 0 : SW_SCROLLCHILDREN);
     return ScrollWindowEx(handle, dx, dy, part, clip, nullptr, nullptr, flags) != 0;
-}
-
-BOOL LockWindowUpdate(HWND handle)
-{
-    static constinit HWND locked = nullptr;
-    if (handle && !requireWindow(handle)) return FALSE;
-    if (handle && locked && IsWindow(locked)) return FALSE;
-    if (locked && Window::find(locked)) Window::find(locked)->widget()->setUpdatesEnabled(true);
-    locked = handle;
-    if (handle) Window::find(handle)->widget()->setUpdatesEnabled(false);
-    return TRUE;
 }

@@ -185,16 +185,6 @@ HMENU GetMenu(HWND handle)
     return found == barMenus().end() ? nullptr : found->second;
 }
 
-BOOL DrawMenuBar(HWND handle)
-{
-    BareWindow* const window = bareWindow(handle);
-    const HMENU menu = GetMenu(handle);
-    if (!window || !window->menuBar() || !menu) return FALSE;
-    fillBar(*window->menuBar(), menu, handle);
-    window->layOut();
-    return TRUE;
-}
-
 int TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int, HWND handle, const RECT*)
 {
     const Window* const window = requireWindow(handle);

@@ -105,7 +105,6 @@ private:
     WNDPROC m_procedure = nullptr;
     WindowClass* m_class = nullptr;
     std::vector<std::byte> m_extra;
-    std::map<std::string, HANDLE> m_properties;
     QString m_text;
     HICON m_icons[2] = {};
     bool m_placeTold = false;

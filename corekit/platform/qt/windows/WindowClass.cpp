@@ -39,21 +39,6 @@ WindowClass* add(const char* name)
     return &place->second;
 }
 
-ULONG_PTR* wordOf(WindowClass& windowClass, int index)
-{
-    switch (index) {
-    case GCLP_HBRBACKGROUND:
-        return reinterpret_cast<ULONG_PTR*>(&windowClass.background);
-    case GCLP_HCURSOR:
-        return reinterpret_cast<ULONG_PTR*>(&windowClass.cursor);
-    case GCLP_HICON:
-        return reinterpret_cast<ULONG_PTR*>(&windowClass.icon);
-    default:
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
-    }
-}
-
 } // namespace
 
 WindowClass* findClass(const char* name)
@@ -105,18 +90,6 @@ ATOM RegisterClassA(const WNDCLASSA* windowClass)
     return made->atom;
 }
 
-BOOL UnregisterClassA(const char* className, HINSTANCE)
-{
-    if (!onToolkitThread()) return FALSE;
-    const WindowClass* const found = findClass(className);
-    if (!found || found->make || found->windows) {
-        SetLastError(found ? ERROR_CLASS_HAS_WINDOWS : ERROR_CLASS_DOES_NOT_EXIST);
-        return FALSE;
-    }
-    classes().erase(smallLetters(found->name.c_str()));
-    return TRUE;
-}
-
 BOOL GetClassInfoA(HINSTANCE, const char* className, WNDCLASSA* out)
 {
     if (!onToolkitThread()) return FALSE;
@@ -142,27 +115,4 @@ int GetClassNameA(HWND handle, char* buffer, int size)
     std::memcpy(buffer, name.data(), length);
     buffer[length] = 0;
     return static_cast<int>(length);
-}
-
-ULONG_PTR GetClassLongPtrA(HWND handle, int index)
-{
-    Window* const window = requireWindow(handle);
-    if (!window) return 0;
-    WindowClass& windowClass = *findClass(window->windowClass().name.c_str());
-    if (index == GCL_STYLE) return windowClass.style;
-    const ULONG_PTR* const word = wordOf(windowClass, index);
-    return word ? *word : 0;
-}
-
-ULONG_PTR SetClassLongPtrA(HWND handle, int index, LONG_PTR value)
-{
-    const ULONG_PTR former = GetClassLongPtrA(handle, index);
-    Window* const window = requireWindow(handle);
-    if (!window) return 0;
-    WindowClass& windowClass = *findClass(window->windowClass().name.c_str());
-    if (index == GCL_STYLE)
-        windowClass.style = static_cast<UINT>(value);
-    else if (ULONG_PTR* const word = wordOf(windowClass, index))
-        *word = static_cast<ULONG_PTR>(value);
-    return former;
 }

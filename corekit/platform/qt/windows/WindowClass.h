@@ -17,7 +17,6 @@ struct WindowClass {
     std::string menuName;
     MakeControl make = nullptr; // null: a bare window
     ATOM atom = 0;
-    int windows = 0; // of this class, that live
 };
 
 // Without regard to case; null if there is none.

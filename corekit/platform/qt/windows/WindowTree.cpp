@@ -2,7 +2,6 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Input.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
-#include "corekit/platform/qt/windows/WindowClass.h"
 #include "corekit/platform/qt/windows/WindowState.h"
 #include "corekit/platform/qt/windows/WindowTables.h"
 
@@ -54,17 +53,6 @@ HWND siblingAt(const Window& window, int step)
 
 // A number that no window gets: handles of windows are above 0xFFFF.
 const HWND desktop = reinterpret_cast<HWND>(static_cast<UINT_PTR>(0xFFFE));
-
-bool callEach(const Window& window, WNDENUMPROC callback, LPARAM parameter)
-{
-    for (const HWND child : childrenOf(window)) {
-        if (!windowTables().find(child)) continue;
-        if (!callback(child, parameter)) return false;
-        const auto still = windowTables().share(child);
-        if (still && !callEach(*still, callback, parameter)) return false;
-    }
-    return true;
-}
 
 } // namespace
 
@@ -158,19 +146,6 @@ HWND GetWindow(HWND handle, UINT which)
     }
 }
 
-BOOL EnumChildWindows(HWND parent, WNDENUMPROC callback, LPARAM parameter)
-{
-    if (!onToolkitThread() || !callback) return FALSE;
-    if (!parent || parent == desktop) {
-        for (const HWND top : topWindows())
-            if (windowTables().find(top) && !callback(top, parameter)) break;
-        return TRUE;
-    }
-    if (!requireWindow(parent)) return FALSE;
-    callEach(*windowTables().share(parent), callback, parameter);
-    return TRUE;
-}
-
 HWND GetDlgItem(HWND parent, int id)
 {
     const Window* const window = requireWindow(parent);
@@ -178,19 +153,6 @@ HWND GetDlgItem(HWND parent, int id)
     for (const HWND child : childrenOf(*window))
         if (static_cast<int>(windowTables().find(child)->id()) == id) return child;
     SetLastError(1421); // no such control
-    return nullptr;
-}
-
-HWND FindWindowA(const char* className, const char* name)
-{
-    if (!onToolkitThread()) return nullptr;
-    const WindowClass* const wanted = className ? findClass(className) : nullptr;
-    if (className && !wanted) return nullptr;
-    for (const HWND handle : topWindows()) {
-        const Window* const window = windowTables().find(handle);
-        if (wanted && &window->windowClass() != wanted) continue;
-        if (!name || window->text() == fromNarrow(name)) return handle;
-    }
     return nullptr;
 }
 

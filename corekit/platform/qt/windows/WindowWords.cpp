@@ -75,7 +75,6 @@ public:
     }
 
     static void setParent(Window& window, HWND parent) { window.m_parent = parent; }
-    static std::map<std::string, HANDLE>& properties(Window& window) { return window.m_properties; }
     static HICON& icon(Window& window, WPARAM which) { return window.m_icons[which == ICON_BIG]; }
 
 private:
@@ -152,30 +151,6 @@ LONG GetWindowLongA(HWND window, int index) { return static_cast<LONG>(GetWindow
 LONG SetWindowLongA(HWND window, int index, LONG value)
 {
     return static_cast<LONG>(SetWindowLongPtrA(window, index, value));
-}
-
-BOOL SetPropA(HWND handle, const char* name, HANDLE value)
-{
-    Window* const window = requireWindow(handle);
-    if (!window || !name) return FALSE;
-    WindowWords::properties(*window)[name] = value;
-    return TRUE;
-}
-
-HANDLE GetPropA(HWND handle, const char* name)
-{
-    Window* const window = requireWindow(handle);
-    if (!window || !name) return nullptr;
-    const auto& properties = WindowWords::properties(*window);
-    const auto found = properties.find(name);
-    return found == properties.end() ? nullptr : found->second;
-}
-
-HANDLE RemovePropA(HWND handle, const char* name)
-{
-    const HANDLE former = GetPropA(handle, name);
-    if (former) WindowWords::properties(*Window::find(handle)).erase(name);
-    return former;
 }
 
 int GetDlgCtrlID(HWND handle)

@@ -47,7 +47,7 @@ const CMultilineUnicodeEditCtl::KeyRow CMultilineUnicodeEditCtl::keyRows[] = {
 
 namespace {
 
-HeldModifiers held() { return {IsDown(VK_SHIFT), IsDown(VK_CONTROL)}; }
+HeldModifiers held() { return {isKeyDown(VK_SHIFT), isKeyDown(VK_CONTROL)}; }
 
 } // namespace
 
@@ -62,7 +62,7 @@ BOOL CMultilineUnicodeEditCtl::PreTranslateMessage(MSG* message)
 bool CMultilineUnicodeEditCtl::RunKey(UINT key)
 {
     for (const KeyRow& row : keyRows)
-        if (row.key == key && (row.held == 0 || IsDown(row.held))) {
+        if (row.key == key && (row.held == 0 || isKeyDown(row.held))) {
             LookAround();
             (this->*row.action)(); // which may be the end of this window
             return true;
@@ -247,5 +247,5 @@ void CMultilineUnicodeEditCtl::TellEscape()
 
 void CMultilineUnicodeEditCtl::TellTab()
 {
-    if (m_sink) m_sink->OnEditTab(IsDown(VK_SHIFT) ? 1 : 0);
+    if (m_sink) m_sink->OnEditTab(isKeyDown(VK_SHIFT) ? 1 : 0);
 }

@@ -56,7 +56,7 @@ int RendererRuler::Width(const WCHAR* text, int count)
     int width = 0;
     for (int at = 0; at < count;) {
         const int length = pieceLength(text + at, count - at);
-        width = WrapAdd(width, PieceWidth(text + at, length));
+        width = wrapAdd(width, PieceWidth(text + at, length));
         at += length;
     }
     return width;

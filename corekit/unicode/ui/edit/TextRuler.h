@@ -1,6 +1,6 @@
 // How wide text is, and how much of it fits: what the layout of the edit control asks of a renderer.
 //
-//     const int fitting = LongestFitting(ruler, text, count, 300); // characters in 300 pixels
+//     const int fitting = longestFitting(ruler, text, count, 300); // characters in 300 pixels
 #pragma once
 
 #include "corekit/platform/Export.h"

@@ -30,44 +30,44 @@ struct GlyphFontRow {
     WORD tail;
 };
 
-constexpr GlyphFontRow Whole(WORD code, std::u16string_view text, WORD tail = 0)
+constexpr GlyphFontRow whole(WORD code, std::u16string_view text, WORD tail = 0)
 {
     return {code, GlyphPiece::whole, text, {}, tail};
 }
-constexpr GlyphFontRow Stemless(WORD code, std::u16string_view text)
+constexpr GlyphFontRow stemless(WORD code, std::u16string_view text)
 {
     return {code, GlyphPiece::stemless, text, {}, 0};
 }
-constexpr GlyphFontRow After(WORD code, std::u16string_view context, std::u16string_view text)
+constexpr GlyphFontRow after(WORD code, std::u16string_view context, std::u16string_view text)
 {
     return {code, GlyphPiece::after, text, context, 0};
 }
-constexpr GlyphFontRow Hung(WORD code, std::u16string_view context, std::u16string_view text)
+constexpr GlyphFontRow hung(WORD code, std::u16string_view context, std::u16string_view text)
 {
     return {code, GlyphPiece::hung, text, context, 0};
 }
-constexpr GlyphFontRow Before(WORD code, std::u16string_view context, std::u16string_view text)
+constexpr GlyphFontRow before(WORD code, std::u16string_view context, std::u16string_view text)
 {
     return {code, GlyphPiece::before, text, context, 0};
 }
-constexpr GlyphFontRow Beyond(WORD code, std::u16string_view context, std::u16string_view text)
+constexpr GlyphFontRow beyond(WORD code, std::u16string_view context, std::u16string_view text)
 {
     return {code, GlyphPiece::beyond, text, context, 0};
 }
-constexpr GlyphFontRow Above(WORD code, std::u16string_view context, std::u16string_view text)
+constexpr GlyphFontRow above(WORD code, std::u16string_view context, std::u16string_view text)
 {
     return {code, GlyphPiece::above, text, context, 0};
 }
-constexpr GlyphFontRow Below(WORD code, std::u16string_view context, std::u16string_view text)
+constexpr GlyphFontRow below(WORD code, std::u16string_view context, std::u16string_view text)
 {
     return {code, GlyphPiece::below, text, context, 0};
 }
-constexpr GlyphFontRow Half(WORD code, std::u16string_view text, std::u16string_view followers)
+constexpr GlyphFontRow half(WORD code, std::u16string_view text, std::u16string_view followers)
 {
     return {code, GlyphPiece::half, text, followers, 0};
 }
-constexpr GlyphFontRow Blank(WORD code) { return {code, GlyphPiece::blank, {}, {}, 0}; }
-constexpr GlyphFontRow Tail(WORD code, std::u16string_view text)
+constexpr GlyphFontRow blank(WORD code) { return {code, GlyphPiece::blank, {}, {}, 0}; }
+constexpr GlyphFontRow tail(WORD code, std::u16string_view text)
 {
     return {code, GlyphPiece::tail, text, {}, 0};
 }

@@ -16,7 +16,7 @@ OutlinePoint between(OutlinePoint a, OutlinePoint b, double t)
 OutlineCurve straight(OutlinePoint from, OutlinePoint to) { return {from, between(from, to, 0.5), to}; }
 
 // The part of a side between two of its parameters.
-OutlineCurve Part(const OutlineCurve& c, double from, double to)
+OutlineCurve partBetween(const OutlineCurve& c, double from, double to)
 {
     const auto at = [&](double t) {
         return between(between(c.start, c.control, t), between(c.control, c.end, t), t);
@@ -90,7 +90,7 @@ OutlineContour partOf(const OutlineContour& contour, const Cut& cut)
     for (const OutlineCurve& side : contour) {
         const Crossings c = crossingsOf(side, cut);
         for (int i = 0; i + 1 < c.count; ++i) {
-            const OutlineCurve part = Part(side, c.at[i], c.at[i + 1]);
+            const OutlineCurve part = partBetween(side, c.at[i], c.at[i + 1]);
             const OutlinePoint middle =
                 between(between(part.start, part.control, 0.5), between(part.control, part.end, 0.5), 0.5);
             if (cut.DistanceOf(middle) <= 0) append(kept, part);

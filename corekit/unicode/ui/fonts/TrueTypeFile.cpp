@@ -137,7 +137,7 @@ GlyphTables tablesOf(const std::vector<TrueTypeGlyph>& glyphs)
 
 constexpr int windowsPlatform = 3, unicodeEncoding = 1, english = 0x409;
 
-Bytes Head(const TrueTypeFile& file, const Box& box)
+Bytes headTable(const TrueTypeFile& file, const Box& box)
 {
     Bytes b;
     b.U32(0x00010000);
@@ -368,11 +368,16 @@ std::vector<BYTE> assemble(std::vector<Table> tables)
 std::vector<BYTE> TrueTypeFile::Write() const
 {
     GlyphTables t = tablesOf(glyphs);
-    std::vector<Table> tables{
-        {"OS/2", os2(*this)},          {"cmap", characterMap(*this)},        {"glyf", std::move(t.outlines)},
-        {"head", Head(*this, t.box)},  {"hhea", horizontalHeader(*this, t)}, {"hmtx", std::move(t.widths)},
-        {"loca", std::move(t.places)}, {"maxp", profile(*this, t)},          {"name", names(*this)},
-        {"post", postTable(*this)}};
+    std::vector<Table> tables{{"OS/2", os2(*this)},
+                              {"cmap", characterMap(*this)},
+                              {"glyf", std::move(t.outlines)},
+                              {"head", headTable(*this, t.box)},
+                              {"hhea", horizontalHeader(*this, t)},
+                              {"hmtx", std::move(t.widths)},
+                              {"loca", std::move(t.places)},
+                              {"maxp", profile(*this, t)},
+                              {"name", names(*this)},
+                              {"post", postTable(*this)}};
     if (!pairs.empty()) // tables stand by their tags
         tables.insert(std::ranges::find(tables, std::string_view("loca"), &Table::tag),
                       {"kern", kerning(pairs)});

@@ -5,6 +5,6 @@
 
 namespace corekit::detail {
 
-inline bool IsDown(int virtualKey) { return GetKeyState(virtualKey) < 0; }
+inline bool isKeyDown(int virtualKey) { return GetKeyState(virtualKey) < 0; }
 
 } // namespace corekit::detail

@@ -51,11 +51,11 @@ KBT_Devanagari::KBT_Devanagari(int alternate)
 
 int KBT_Devanagari::TranslateKey(MSG* message)
 {
-    if (!message || IsDown(VK_CONTROL) || IsDown(VK_MENU)) return 0;
+    if (!message || isKeyDown(VK_CONTROL) || isKeyDown(VK_MENU)) return 0;
     const WPARAM pressed = message->wParam;
     if (pressed == VK_SHIFT || pressed == VK_CONTROL || pressed == VK_MENU) return 0;
     const WPARAM key = m_alternate ? exchanged(pressed) : pressed;
-    const KeyState state = IsDown(VK_SHIFT) ? KeyState::shift : KeyState::plain;
+    const KeyState state = isKeyDown(VK_SHIFT) ? KeyState::shift : KeyState::plain;
     const auto typed = key == 'Y' && m_alternate ? devanagari.Find(key, state) : findTyped(key, state);
     if (!typed) {
         afterConsonant = false;

@@ -17,9 +17,9 @@ void KBT_Welsh::Activate()
 
 int KBT_Welsh::TranslateKey(MSG* message)
 {
-    const bool accent = IsDown(VK_RMENU) || (IsDown(VK_CONTROL) && IsDown(VK_MENU));
+    const bool accent = isKeyDown(VK_RMENU) || (isKeyDown(VK_CONTROL) && isKeyDown(VK_MENU));
     if (!message || !accent) return 0;
-    const bool capital = IsDown(VK_SHIFT) && !IsDown(VK_CAPITAL);
+    const bool capital = isKeyDown(VK_SHIFT) && !isKeyDown(VK_CAPITAL);
     const auto letter = welsh.Find(message->wParam, capital ? KeyState::shift : KeyState::plain);
     if (!letter) return 0;
     SendCharacter(*message, letter->front());

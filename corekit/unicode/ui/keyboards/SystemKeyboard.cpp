@@ -14,9 +14,9 @@ void PlatformKeyboard::Activate() { ActivateKeyboardLayout(m_layout, 0); }
 int KBT_ThaiExtension::TranslateKey(MSG* message)
 {
     constexpr WCHAR withCtrl = 0xF103, withShift = 0xF105;
-    if (!message || IsDown(VK_MENU) || message->wParam != VK_SPACE) return 0;
-    const bool ctrl = IsDown(VK_CONTROL);
-    if (!ctrl && !IsDown(VK_SHIFT)) return 0;
+    if (!message || isKeyDown(VK_MENU) || message->wParam != VK_SPACE) return 0;
+    const bool ctrl = isKeyDown(VK_CONTROL);
+    if (!ctrl && !isKeyDown(VK_SHIFT)) return 0;
     SendCharacter(*message, ctrl ? withCtrl : withShift);
     return 1;
 }

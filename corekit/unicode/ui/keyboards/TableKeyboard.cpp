@@ -37,8 +37,8 @@ KBT_UrduIndian::KBT_UrduIndian() : TableKeyboard("Indic Urdu", 1056, 0, urduIndi
 
 int TableKeyboard::TranslateKey(MSG* message)
 {
-    const bool shift = IsDown(VK_SHIFT), ctrl = IsDown(VK_CONTROL);
-    if (!message || IsDown(VK_MENU)) return 0;
+    const bool shift = isKeyDown(VK_SHIFT), ctrl = isKeyDown(VK_CONTROL);
+    if (!message || isKeyDown(VK_MENU)) return 0;
     if (ctrl && !(shift && m_ctrl == CtrlRule::typesWithShift)) return 0;
     const KeyState state = ctrl ? KeyState::ctrlShift : shift ? KeyState::shift : KeyState::plain;
     const auto characters = m_table.Find(message->wParam, state);

@@ -246,7 +246,7 @@ void CUnicodeListCtrl::DrawColumns(DRAWITEMSTRUCT& item, const __entry& entry, C
 
 void CUnicodeListCtrl::OnKeyDown(UINT key, UINT repeat, UINT flags)
 {
-    if (key == 'A' && corekit::detail::IsDown(VK_CONTROL)) {
+    if (key == 'A' && corekit::detail::isKeyDown(VK_CONTROL)) {
         for (int row = 0; row < GetCount(); ++row) SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
         return;
     }
