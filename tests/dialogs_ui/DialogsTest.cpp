@@ -2,6 +2,7 @@
 #include "corekit/commands/ui/CustomMessageBox.h"
 #include "corekit/framework/MessageBox.h"
 #include "corekit/framework/ui/Dialog.h"
+#include "corekit/logging/ui/DLG_Progress.h"
 #include "corekit/logging/ui/DLG_ProgressWithCancel.h"
 #include "corekit/resources/Messages.h"
 
@@ -80,6 +81,22 @@ TEST_F(Dialogs, ProgressShowsPercentAndReportsACancelOnce)
     EXPECT_EQ(sink->CancelPressed(), 0);
     progress.DestroyWindow();
     EXPECT_TRUE(owner.IsWindowEnabled());
+}
+
+TEST_F(Dialogs, ProgressThatNobodySeesGoesNowhere)
+{
+    static DLG_Progress* volatile none = nullptr;
+    DLG_Progress* const progress = none;
+    EXPECT_EQ(progress->Create(nullptr), 0);
+    progress->SetStatus("text");
+    progress->SetStatus1(message::saveCategoryChanges, "1");
+    progress->SetRange(0, 10);
+    progress->SetStep(2);
+    progress->SetPos(1);
+    progress->OffsetPos(1);
+    progress->StepIt();
+    progress->EnablePumpMessages(0);
+    EXPECT_EQ(progress->GetProgressSink(), nullptr);
 }
 
 TEST_F(Dialogs, AWizardForgetsItsOldestPages)

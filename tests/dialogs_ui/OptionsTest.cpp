@@ -5,8 +5,8 @@
 #include "corekit/platform/TreeViews.h"
 #include "corekit/resources/Messages.h"
 
-#include "tests/support/TempFolder.h"
 #include "Modal.h"
+#include "tests/support/TempFolder.h"
 
 #include <string>
 
@@ -91,10 +91,15 @@ TEST_F(Options, PickingAnotherCategorySavesOrDropsTheLastOne)
 TEST_F(Options, ACategoryWithAFaultStaysPicked)
 {
     Page::accepts = 0;
-    Acts acts{[] { Pick(0); },  [] { Change(); },  [] { Pick(2); },
-              Press(VK_RETURN), [] { End(IDOK); }, [] { End(IDCANCEL); }};
+    const auto goDown = [] {
+        ::SetFocus(::GetDlgItem(Sheet(), treeId));
+        corekit::test::PressKey(down);
+    };
+    Acts acts{[] { Pick(0); }, [] { Change(); }, [] { Pick(2); },   Press(VK_RETURN),
+              goDown,          Press(VK_RETURN), [] { End(IDOK); }, [] { End(IDCANCEL); }};
     EXPECT_EQ(m_root.ShowOptionsDialog(message::saveCategoryChanges, nullptr, nullptr), 0);
-    EXPECT_EQ(journal, "Fonts:load Fonts:commit Fonts:commit Fonts:cancel ");
+    EXPECT_EQ(journal, "Fonts:load Fonts:commit Fonts:commit Fonts:commit Fonts:cancel ")
+        << "each way out asks once";
 }
 
 TEST_F(Options, EachStepLeavesItsLineInTheLog)

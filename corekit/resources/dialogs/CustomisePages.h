@@ -50,7 +50,7 @@ inline constexpr DialogItem newToolbarItems[] = {
     choice(1041, {60, 43, 100, 120}),
     label("&Commands:", {7, 62, 100, 10}),
     list(1040, {7, 73, 120, 100}),
-    check(1045, "Show all c&ommands", {7, 177, 120, 12}),
+    check(1045, "Show all commands", {7, 177, 120, 12}),
     button(1047, "&Add", {133, 96, 50, 14}),
     button(1048, "&Remove", {133, 114, 50, 14}),
     label("&Buttons:", {189, 62, 100, 10}),
@@ -77,7 +77,7 @@ inline constexpr DialogItem macroToolbarItems[] = {
     label("No Bitmap", {210, 92, 50, 10}, 1005),
     button(1042, "&Select...", {262, 83, 50, 14}),
     button(1044, "&Remove", {262, 101, 50, 14}),
-    check(1006, "Show &Toolbar", {7, 146, 120, 12}),
+    check(1006, "Show Toolbar", {7, 146, 120, 12}),
 };
 inline constexpr DialogTemplate macroToolbar = {4106, "Macro Toolbar", 326, 184, page, macroToolbarItems};
 

@@ -4,6 +4,8 @@
 #include <QMouseEvent>
 #include <QStyledItemDelegate>
 
+#include <utility>
+
 namespace corekit::detail {
 
 void TreeSelection::moveTo(const QModelIndex& index)
@@ -30,6 +32,7 @@ void TreeSelection::setCurrentIndex(const QModelIndex& index, SelectionFlags com
 {
     if (m_moving) return QItemSelectionModel::setCurrentIndex(index, command);
     // Without a selection to follow it is only the focus that arrives, and changes nothing.
+    m_asked = command != NoUpdate ? index : QModelIndex();
     if (command != NoUpdate) moveByUser(index);
 }
 
@@ -46,7 +49,9 @@ void TreeSelection::select(const QItemSelection& selection, SelectionFlags comma
     if (m_moving)
         QItemSelectionModel::select(selection, command);
     else if (command & (Select | Toggle) && !selection.isEmpty())
-        moveByUser(selection.first().topLeft());
+        if (const QModelIndex wanted = selection.first().topLeft();
+            wanted != std::exchange(m_asked, QPersistentModelIndex()))
+            moveByUser(wanted);
 }
 
 TreeFace::TreeFace(QWidget* parent) : QTreeView(parent)

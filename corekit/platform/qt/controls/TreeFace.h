@@ -25,6 +25,7 @@ public:
 private:
     void moveByUser(const QModelIndex& index);
     bool m_moving = false;
+    QPersistentModelIndex m_asked; // by a key, which selects behind the move: a refusal is asked for once
 };
 
 class TreeFace final : public QTreeView {
