@@ -130,15 +130,16 @@ draw_demo() {
     done
 }
 
-window_tests="windows_ui controls_ui dialogs_ui edit_ui drawing_ui"
+window_tests=(windows_ui controls_ui dialogs_ui edit_ui drawing_ui graphics_ui hosts_ui unicode_ui foundation_ui
+    platform_ui x11_ui)
 
 # sanitize_windows [PATTERN]: only what these tests need is built.
 sanitize_windows() {
     need build test
     want_ui
     [ -z "$(missing ui)" ] || return 0
-    build asan-windows $(printf 'test_%s ' $window_tests)
-    run_tests asan-windows "${1:-^(${window_tests// /|})/}"
+    build asan-windows "${window_tests[@]/#/test_}"
+    run_tests asan-windows "${1:-^($(IFS='|' && echo "${window_tests[*]}"))/}"
 }
 
 sanitized() {
