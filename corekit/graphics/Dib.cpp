@@ -16,8 +16,6 @@ IMPLEMENT_DYNAMIC(CDib, CObject)
 namespace {
 
 constexpr DWORD streamVersion = 0x100;
-constexpr std::uint64_t mostPadding =
-    0x10000; // bytes that rows without padding may lack, beside their own size
 
 // A stream's header: of 40 bytes, with its colours, of a picture that can be drawn.
 void checkHeader(const BITMAPINFO& info, DWORD infoSize, DWORD dataSize)
@@ -27,7 +25,7 @@ void checkHeader(const BITMAPINFO& info, DWORD infoSize, DWORD dataSize)
     const bool isSound = info.bmiHeader.biSize == sizeof info.bmiHeader &&
                          ReadDibLayout(info.bmiHeader, layout) &&
                          layout.colours <= (infoSize - sizeof info.bmiHeader) / sizeof(RGBQUAD);
-    if (!isSound || layout.dataSize() > std::uint64_t{dataSize} * 2 + mostPadding)
+    if (!isSound || !isInProportion(layout.dataSize(), dataSize))
         ThrowChainedException(nullptr, message::bitmapUnreadable);
 }
 

@@ -39,7 +39,8 @@ public:
 
     // ---- Files and memory ------------------------------------------------------------------------
     // Headers of 40 and of 12 bytes. message::bitmapUnreadable for what cannot be read, is no bitmap or ends
-    // too early, message::bitmapCompressed for a compressed one.
+    // within the header or its colours, message::bitmapCompressed for a compressed one. Pixels that are
+    // missing at the end are 0; a size that is out of proportion to what is there is unreadable, too.
     void LoadDIBFile(const char* path);
     // Take a copy of a whole file, and of one without its first 14 bytes. `size` is in bytes and bounds
     // what is read, whatever the headers claim.

@@ -1,4 +1,4 @@
-// The two blocks of a bitmap while they are being filled.
+// The two blocks of a bitmap while they are being filled, and what its rows may be short of.
 #pragma once
 
 #include "corekit/foundation/SafeAlloc.h"
@@ -55,6 +55,14 @@ inline Block duplicateBlock(const void* source, std::uint64_t size)
     Block block = newBlock(size);
     std::memcpy(block.get(), source, size);
     return block;
+}
+
+// Rows may lack their padding, or their end be missing, which then reads as 0; a header cannot claim much
+// more than there is.
+constexpr bool isInProportion(std::uint64_t claimed, std::uint64_t present)
+{
+    constexpr std::uint64_t mostMissing = 0x10000; // bytes, beside as many as there are
+    return claimed <= present * 2 + mostMissing;
 }
 
 } // namespace corekit::detail

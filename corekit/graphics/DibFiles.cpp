@@ -187,9 +187,9 @@ void CDib::ReadImage(Source& source)
     corekit::DibLayout layout;
     if (!ReadDibLayout(read, layout)) throwUnreadable();
     source.Skip(headerSize - known);
-    if (layout.dataSize() > source.Left()) throwUnreadable();
-    Block data = newBlock(layout.dataSize());
-    source.Read(data.get(), layout.dataSize());
+    if (!isInProportion(layout.dataSize(), source.Left())) throwUnreadable();
+    Block data = zeroedBlock(layout.dataSize());
+    source.Read(data.get(), std::min<std::uint64_t>(layout.dataSize(), source.Left()));
     Take(info.release<BITMAPINFO>(), infoHeaderSize + DWORD{sizeof(RGBQUAD)} * colours, data.release<BYTE>(),
          static_cast<DWORD>(layout.dataSize()));
 }
@@ -226,7 +226,7 @@ void CDib::SaveDIBFile(const char* path) const
 {
     if (!IsValid()) ThrowChainedException(nullptr, message::bitmapCreateFailed);
     corekit::ReplacedFile file(path ? path : "");
-    m_info->bmiHeader.biSizeImage = m_dataSize;
+    if (file) m_info->bmiHeader.biSizeImage = m_dataSize;
     const auto header = fileHeader(m_infoSize, m_dataSize);
     if (file && file.Write(bytesOf(header.data(), fileHeaderSize)) &&
         file.Write(bytesOf(m_info, m_infoSize)) && file.Write(bytesOf(m_data, m_dataSize)) && file.Commit())

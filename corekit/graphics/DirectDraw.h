@@ -16,7 +16,7 @@
 class COREKIT_API CDirectDrawPalette : public CObject {
     DECLARE_DYNAMIC(CDirectDrawPalette)
 public:
-    // Takes a reference of its own, and forgets, without releasing it, the interface that it had.
+    // Takes a reference of its own, and gives that of the interface before up.
     void AttachInterface(IDirectDrawPalette* palette);
     // Gives the reference up; afterwards the object may be used for another interface. SafeDelete may also
     // be called on an object that has none.

@@ -96,18 +96,27 @@ TEST(Dib, AFileThatCannotBeReplacedKeepsItsPicture)
               bytesOf(dib.GetBitmapData(), dib.GetDataSize()));
 }
 
-TEST(Dib, WhatEndsTooEarlyIsRefusedAtEveryByte)
+TEST(Dib, WhatEndsBeforeItsPixelsIsRefusedAndPixelsThatAreMissingAreNought)
 {
     for (const char* const name : {"pal8-pil.bmp", "core4-netpbm.bmp", "rgb24-pil.bmp"}) {
         const Bytes whole = readBytes(bitmapPath(name));
-        for (std::size_t size = 0; size < whole.size(); ++size) {
+        CDib full;
+        full.AttachDIBFileData(whole.data(), static_cast<DWORD>(whole.size()));
+        const std::size_t pixelsAt = whole.size() - full.GetDataSize();
+        Bytes pixels = bytesOf(full.GetBitmapData(), full.GetDataSize());
+        for (std::size_t size = whole.size(); size-- > 0;) {
             const Bytes part(whole.begin(),
                              whole.begin() + static_cast<std::ptrdiff_t>(size)); // its end is its end
             CDib dib;
-            ASSERT_EQ(ThrownLine([&] { dib.AttachDIBFileData(part.data(), static_cast<DWORD>(size)); }),
-                      textOf(message::bitmapUnreadable))
-                << name << ' ' << size;
-            ASSERT_FALSE(dib.IsValid());
+            const auto load = [&] { dib.AttachDIBFileData(part.data(), static_cast<DWORD>(size)); };
+            if (size < pixelsAt) {
+                ASSERT_EQ(ThrownLine(load), textOf(message::bitmapUnreadable)) << name << ' ' << size;
+                ASSERT_FALSE(dib.IsValid());
+            } else {
+                load();
+                pixels[size - pixelsAt] = 0;
+                ASSERT_EQ(bytesOf(dib.GetBitmapData(), dib.GetDataSize()), pixels) << name << ' ' << size;
+            }
         }
     }
 }
