@@ -11,6 +11,7 @@ namespace {
 // The frame's place for messages: it is there always, and no layout moves it.
 constexpr UINT statusBarId = 59393;
 constexpr CPoint noPosition{-1, -1};
+constexpr int mostBars = 0x10000; // as many as there are ids
 
 CString numbered(const char* format, int number)
 {
@@ -143,11 +144,15 @@ bool loadBarLayout(CPropertyStore& store, CSize present, const std::function<boo
     SIZE screen = {};
     if (!store.GetValue("Count", count) || !store.GetValue("Screen Size", screen)) return false;
     layout = {present, {}};
-    count = std::min(count, store.GetPropertyStoreCount());
+    count = std::min(count, mostBars);
+    int left = store.GetPropertyStoreCount();
     const Scaling scaled(screen, present);
     try {
-        for (int i = 0; i < count; ++i) {
-            CPropertyStore one = store.GetPropertyStore(numbered("Bar %d", i));
+        for (int i = 0; i < count && left > 0; ++i) {
+            const CString name = numbered("Bar %d", i);
+            if (!store.PropertyStoreExists(name)) continue;
+            --left;
+            CPropertyStore one = store.GetPropertyStore(name);
             BarRecord bar;
             if (loadBar(one, scaled, bar) && bar.id != statusBarId && isKnown(bar.id))
                 layout.bars.push_back(bar);

@@ -18,9 +18,6 @@ void TabStrip::Resize(CSize client, int stripHeight)
 {
     m_client = client;
     m_height = stripHeight;
-    m_area = {};
-    m_buttonsShown = false;
-    if (m_height <= 0) return;
     m_area = {0, PaneHeight(), client.cx, client.cy};
     if (m_hasScrollBar) {
         m_splitter = std::max(splitterMargin, std::min(m_splitter, client.cx - splitterMargin));
@@ -34,6 +31,9 @@ void TabStrip::Resize(CSize client, int stripHeight)
         m_offset = 0;
     }
     Snap();
+    if (m_height > 0) return;
+    m_area = {};
+    m_buttonsShown = false;
 }
 
 void TabStrip::Snap()

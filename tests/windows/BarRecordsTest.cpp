@@ -71,14 +71,16 @@ TEST(BarRecords, BarsThatAreGoneAndRecordsWithoutAnIdAreSkipped)
     add("Bar 1", 0);
     add("Bar 2", 59393);
     add("Bar 3", 7);
+    add("Bar 9", 8); // behind a gap
     BarLayout read;
     EXPECT_FALSE(loadBarLayout(store, {10, 10}, everyBar, read)) << "no count, no screen";
     store.SetValue("Count", 2147483647);
     store.SetValue("Screen Size", SIZE{0, 0});
     ASSERT_TRUE(loadBarLayout(
         store, {10, 10}, [](UINT id) { return id != 5; }, read));
-    ASSERT_EQ(read.bars.size(), 1u);
+    ASSERT_EQ(read.bars.size(), 2u);
     EXPECT_EQ(read.bars[0].id, 7u);
+    EXPECT_EQ(read.bars[1].id, 8u);
     EXPECT_EQ(read.bars[0].mruWidth, 32767u);
     EXPECT_TRUE(read.bars[0].visible && read.bars[0].horizontal);
 }

@@ -55,7 +55,11 @@ protected:
     {
         log += (rightButton ? "right" : "left") + std::to_string(ids.GetSize());
     }
-    void MakeDragImage(CImageList* images) override { images->Create(16, 16, ILC_COLOR32, 1, 1); }
+    void MakeDragImage(CImageList* images) override
+    {
+        if (GetCapture() != GetDlgItem(0x1001)) log += "loose";
+        images->Create(16, 16, ILC_COLOR32, 1, 1);
+    }
 };
 
 class MultiView : public testing::Test {

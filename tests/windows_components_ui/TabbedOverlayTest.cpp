@@ -154,6 +154,25 @@ TEST_F(TabbedOverlay, SurvivesAPaneThatGoesWhileItBecomesActive)
     Click(overlay, MiddleOf(2));
     EXPECT_EQ(overlay.GetPaneCount(), 2);
     EXPECT_EQ(Active(), 1);
+    overlay.toDestroy = 2;
+    EXPECT_EQ(overlay.CreatePane(RUNTIME_CLASS(CPane), nullptr, -1, nullptr, 0, 1), nullptr);
+}
+
+TEST_F(TabbedOverlay, PassesOverPanesThatDoNotExist)
+{
+    AddPanes(2);
+    for (const int index : {-1, 2, 1000000}) {
+        overlay.SetPaneTitle(index, u"none");
+        EXPECT_TRUE(overlay.GetPaneTitle(index).IsEmpty());
+        EXPECT_EQ(overlay.GetPane(index), nullptr);
+        EXPECT_EQ(overlay.GetPaneIndex(static_cast<const WCHAR*>(nullptr)), -1);
+        overlay.SetActivePane(index);
+        EXPECT_EQ(Active(), -1);
+        EXPECT_EQ(overlay.SetActivePaneWidth(50), -1);
+    }
+    overlay.SetActivePane(1);
+    EXPECT_EQ(VisiblePanes(), 1);
+    EXPECT_EQ(overlay.log, "1 ");
 }
 
 TEST_F(TabbedOverlay, ScrollsTabsThatDoNotFit)
@@ -233,6 +252,11 @@ TEST_F(TabbedOverlay, SlidesAPaneThatIsWider)
     overlay.GetActivePane()->GetWindowRect(&place);
     overlay.ScreenToClient(&place);
     EXPECT_EQ(place.left, -400);
+    overlay.SetWindowPos(nullptr, 0, 0, 410, 200, SWP_NOZORDER);
+    RunWaiting();
+    overlay.GetActivePane()->GetWindowRect(&place);
+    overlay.ScreenToClient(&place);
+    EXPECT_EQ(place.left, 0) << "another width begins at the left, pane and bar";
     EXPECT_EQ(overlay.SetActivePaneWidth(0), 900);
 
     const CPoint splitter(201, 195);

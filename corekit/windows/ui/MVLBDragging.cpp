@@ -38,10 +38,12 @@ void CMVLBList::StartDrag(CPoint point)
     AppendSelected(ids);
     const HWND own = m_hWnd;
     if (!m_owner.CanDrag(ids) || !::IsWindow(own)) return;
-    m_dragImage = std::make_unique<CImageList>();
-    m_owner.MakeDragImage(m_dragImage.get());
     m_dragging = std::exchange(m_pressed, Button::none);
     SetCapture();
+    auto image = std::make_unique<CImageList>();
+    m_owner.MakeDragImage(image.get());
+    if (!::IsWindow(own) || m_dragging == Button::none) return; // ended while the image was made
+    m_dragImage = std::move(image);
     m_dragImage->BeginDrag(0, {0, 0});
     CImageList::DragEnter(GetTopLevelParent(), point);
     ShowCursor(FALSE);
@@ -66,11 +68,13 @@ bool CMVLBList::EndDrag()
 {
     if (m_dragging == Button::none) return false;
     m_dragging = Button::none;
-    CImageList::DragLeave(GetTopLevelParent());
-    CImageList::EndDrag();
-    m_dragImage.reset();
+    const std::unique_ptr<CImageList> image = std::move(m_dragImage); // null while the owner makes it
+    if (image) {
+        CImageList::DragLeave(GetTopLevelParent());
+        CImageList::EndDrag();
+    }
     if (GetCapture() == this) ReleaseCapture();
-    ShowCursor(TRUE);
+    if (image) ShowCursor(TRUE);
     return true;
 }
 

@@ -62,7 +62,7 @@ private:
     // Picture with caption, or the cells of a row; missing texts and pictures are asked of the owner.
     void DrawGridItem(CDC& dc, const CRect& place, MVLBItem& item);
     void DrawDetails(const CRect& place, MVLBItem& item);
-    // Null for an item without one, which is then asked for again at the next paint.
+    // Null for an item without one.
     const CDib* Picture(MVLBItem& item);
 
     // Left and right button alike. The operations of a drag call the owner, which may end the drag or the

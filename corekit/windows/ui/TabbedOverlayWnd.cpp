@@ -136,9 +136,10 @@ CWnd* CTabbedOverlayWnd::CreatePane(CRuntimeClass* paneClass, const WCHAR* title
     GetClientRect(&client);
     const UINT id = FindFreeWindowID();
     if (!pane->Create(nullptr, "", WS_CHILD | WS_CLIPSIBLINGS, client, this, id, context)) return nullptr;
-    ::SetWindowTextW(pane->m_hWnd, title);
+    const HWND window = pane->m_hWnd;
+    ::SetWindowTextW(window, title);
     InsertPane(index, id, static_cast<int>(paneWidth), title, activate);
-    return pane;
+    return ::IsWindow(window) ? pane : nullptr;
 }
 
 CWnd* CTabbedOverlayWnd::CreatePane(CRuntimeClass* paneClass, UINT titleId, int index,
@@ -210,6 +211,7 @@ CWnd* CTabbedOverlayWnd::GetPane(int index) const
 
 int CTabbedOverlayWnd::GetPaneIndex(const WCHAR* title) const
 {
+    if (!title) title = u"";
     for (int index = GetPaneCount() - 1; index >= 0; --index)
         if (Pane(index).title.CompareNoCase(title) == 0) return index;
     return -1;
@@ -223,8 +225,14 @@ int CTabbedOverlayWnd::GetPaneIndex(const CWnd* pane) const
     return found == m_panes.end() ? -1 : static_cast<int>(found - m_panes.begin());
 }
 
+StringW CTabbedOverlayWnd::GetPaneTitle(int index) const
+{
+    return Has(index) ? Pane(index).title : StringW();
+}
+
 void CTabbedOverlayWnd::SetPaneTitle(int index, const WCHAR* title)
 {
+    if (!Has(index)) return;
     Pane(index).title = title;
     Pane(index).textWidth = CalcTextWidth(title);
     RecalcLayout();
@@ -238,7 +246,7 @@ void CTabbedOverlayWnd::RenamePane(const WCHAR* oldTitle, const WCHAR* newTitle)
 void CTabbedOverlayWnd::ShowPane(int index)
 {
     if (m_active >= 0) Pane(m_active).scrollPosition = m_horizontal.GetScrollPos();
-    m_active = index;
+    m_active = Has(index) ? index : -1;
     m_strip.BringIntoView(index);
     RedrawStrip();
     for (int other = 0; other < GetPaneCount(); ++other) {
@@ -247,7 +255,9 @@ void CTabbedOverlayWnd::ShowPane(int index)
     }
     CWnd* const shown = GetPane(index);
     if (!shown) return;
+    const HWND window = shown->m_hWnd;
     shown->ShowWindow(SW_SHOW);
+    if (!::IsWindow(window) || !Has(index)) return; // it went while it was shown
     CRect client;
     GetClientRect(&client);
     const PaneRecord& pane = Pane(index);
@@ -358,8 +368,8 @@ void CTabbedOverlayWnd::PlacePanes(int width)
 void CTabbedOverlayWnd::OnSize(UINT how, int width, int height)
 {
     CWnd::OnSize(how, width, height);
+    RecalcScrollbars(); // first, as the pane goes where its bar says
     DoSize(width, height);
-    if (m_active >= 0) RecalcScrollbars();
     Invalidate(FALSE);
 }
 

@@ -6,8 +6,9 @@
 // DetachPane and AttachPane. Panes are destroyed with the window as its children; their objects belong to
 // whoever made them, those of CreatePane to themselves.
 //
-// Indexes count from 0; where nothing else is said they must exist. Titles compare without regard to case,
-// and of two that are the same the later one is found. User-interface thread only.
+// Indexes count from 0; where nothing else is said one that does not exist is passed over. Titles compare
+// without regard to case, and of two that are the same the later one is found; a null one is empty.
+// User-interface thread only.
 #pragma once
 
 #include "corekit/foundation/StringW.h"
@@ -33,7 +34,7 @@ public:
 
     // ---- Panes. An index that does not exist is the end. The new one becomes active if `activate` says so
     // or it is the first; else the active one is made so once more. Its width is in pixels, 0 for that of
-    // the window. Null, and no pane, if the window cannot be made.
+    // the window. Null, and no pane, if the window cannot be made; also if OnChangeActivePane destroys it.
     CWnd* CreatePane(CRuntimeClass* paneClass, const WCHAR* title, int index, CCreateContext* context,
                      UINT paneWidth, int activate);
     CWnd* CreatePane(CRuntimeClass* paneClass, UINT titleId, int index, CCreateContext* context,
@@ -51,7 +52,7 @@ public:
     int GetPaneCount() const { return static_cast<int>(m_panes.size()); } // panes, shown or not
     int GetPaneIndex(const WCHAR* title) const;                           // -1 for none
     int GetPaneIndex(const CWnd* pane) const;                             // likewise
-    StringW GetPaneTitle(int index) const { return Pane(index).title; }   // as it was given
+    StringW GetPaneTitle(int index) const; // as it was given; empty for an index that does not exist
     StringW GetPaneTitle(const CWnd* pane) const { return GetPaneTitle(GetPaneIndex(pane)); }
     void SetPaneTitle(int index, const WCHAR* title); // the tab follows in width
     // Nothing happens if no pane has the old title.
