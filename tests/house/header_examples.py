@@ -24,13 +24,15 @@ def examples(text):
             inside = True
         elif line != "//":
             inside = False
-    return [re.sub(r"(?m)^ *\.\.\.$", ";", each).replace("{ ... }", "{}").replace("...", "{}") for each in found]
+    return [re.sub(r"(?m)^ *\.\.\.( *//.*)?$", ";", each).replace("{ ... }", "{}").replace("...", "{}") for each in found]
 
 
 def framed(frame, runs):
     if "@" not in frame:  # the body of a window's function with these parameters
         declarations, _, parameters = frame.rpartition("\n")
         frame = f"{declarations}\nstruct Window : CFrameWnd {{\nvoid run{parameters} {{\n@\n}}\n}};"
+    if "@1" in frame:
+        runs = [part for run in runs for part in re.split(r"(?m)^ *;$", run)]
     for number, run in enumerate(runs, 1):
         frame = frame.replace(f"@{number}", run)
     return re.sub(r"@\d", "", frame).replace("@", "\n".join(runs))

@@ -6,6 +6,7 @@
 //     if (m_macros.Create(this, barId, &profile)) DockControlBar(&m_macros);
 //     ...
 //     ON_REGISTERED_MESSAGE(CCustomToolbar::s_uMacroMsg, &CMainFrame::OnMacro)
+//     ...
 //     LRESULT CMainFrame::OnMacro(WPARAM button, LPARAM)
 //     {
 //         Run(m_macros.GetMacro(static_cast<int>(button)));

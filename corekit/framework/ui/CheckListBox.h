@@ -7,6 +7,7 @@
 //
 //     list.SetCheckStyle(BS_AUTOCHECKBOX);
 //     list.SetCheck(list.AddString("Camera 1"), BST_CHECKED);
+//     ...
 //     ON_CONTROL(CLBN_CHKCHANGE, idList, &CPane::OnCheck)   // in the parent's map
 #pragma once
 
