@@ -5,6 +5,7 @@
 #include "corekit/unicode/shaping/GlyphConversion.h"
 #include "corekit/unicode/ui/keyboards/KBT_Devanagari.h"
 #include "corekit/unicode/ui/keyboards/KBT_Welsh.h"
+#include "corekit/unicode/ui/keyboards/KeyboardList.h"
 #include "corekit/unicode/ui/keyboards/SystemKeyboard.h"
 #include "corekit/unicode/ui/keyboards/TableKeyboard.h"
 #include "corekit/unicode/ui/keyboards/Typist.h"
@@ -19,27 +20,26 @@
 
 namespace {
 
+using namespace corekit::detail;
+
 HKL Layout(UINT_PTR value) { return reinterpret_cast<HKL>(value); }
 
-std::vector<std::unique_ptr<CKBLayout>> AllKeyboards()
+// Those of three layouts of the platform, and all of our own.
+KeyboardList AllKeyboards()
 {
-    std::vector<std::unique_ptr<CKBLayout>> all;
-    all.push_back(std::make_unique<KBT_Devanagari>(0));
-    all.push_back(std::make_unique<KBT_Devanagari>(1));
-    all.push_back(std::make_unique<KBT_Bengali>());
-    all.push_back(std::make_unique<KBT_Persian>());
-    all.push_back(std::make_unique<KBT_Arabic>());
-    all.push_back(std::make_unique<KBT_Urdu>());
-    all.push_back(std::make_unique<KBT_UrduIndian>());
-    all.push_back(std::make_unique<KBT_Hebrew>());
-    all.push_back(std::make_unique<KBT_Welsh>());
-    all.push_back(std::make_unique<KBT_Tamil>());
-    all.push_back(std::make_unique<KBT_BengaliInscript>());
-    all.push_back(std::make_unique<KBT_Assamme>());
-    all.push_back(std::make_unique<KBT_ThaiExtension>(Layout(0x041E041E)));
-    all.push_back(std::make_unique<KBT_PortugueseExtension>(Layout(0x0416)));
-    all.push_back(std::make_unique<CSystemKeyboard>(Layout(0x0409)));
-    return all;
+    const HKL layouts[] = {Layout(0x041E041E), Layout(0x0416), Layout(0x0409)};
+    return makeKeyboards(layouts);
+}
+
+// By their names, of which no two are the same.
+std::map<std::string, std::unique_ptr<CKBLayout>> NamedKeyboards()
+{
+    std::map<std::string, std::unique_ptr<CKBLayout>> named;
+    for (auto& keyboard : AllKeyboards()) {
+        const std::string name = keyboard->GetName().GetString();
+        EXPECT_TRUE(named.emplace(name, std::move(keyboard)).second) << name;
+    }
+    return named;
 }
 
 KeyStroke Stroke(const std::string& text)
@@ -74,17 +74,13 @@ std::string Shown(const Typist::Typed& typed)
 
 TEST(Keyboards, TypeWhatTheTableSays)
 {
-    std::map<std::string, std::unique_ptr<CKBLayout>> keyboards;
-    for (auto& keyboard : AllKeyboards()) {
-        const std::string name = keyboard->GetName().GetString();
-        EXPECT_TRUE(keyboards.emplace(name, std::move(keyboard)).second) << name;
-    }
+    const auto keyboards = NamedKeyboards();
     int rows = 0;
     for (const auto& cells : TabbedCases(TEST_DATA "/keyboards.tsv")) {
         ASSERT_EQ(cells.size(), 3u) << cells[0];
         ASSERT_TRUE(keyboards.contains(cells[0])) << cells[0];
-        Typist(*keyboards["Devanagari - Std (Internal)"]).Press({.key = VK_SPACE}); // a word's start
-        Typist typist(*keyboards[cells[0]]);
+        Typist(*keyboards.at("Devanagari - Std (Internal)")).Press({.key = VK_SPACE}); // a word's start
+        Typist typist(*keyboards.at(cells[0]));
         std::string typed;
         for (const std::string& stroke : Split(cells[1], ' '))
             typed += (typed.empty() ? "" : " ") + Shown(typist.Press(Stroke(stroke)));
@@ -115,23 +111,24 @@ TEST(Keyboards, HeldCapsLockMakesWelshLettersSmall)
 
 TEST(Keyboards, DescribeThemselves)
 {
-    const auto all = AllKeyboards();
-    auto facts = CaseRows(TEST_DATA "/keyboard_facts.tsv");
-    ASSERT_EQ(all.size(), facts.size());
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        CaseRow& row = facts[i];
-        const CKBLayout& keyboard = *all[i];
-        EXPECT_STREQ(keyboard.GetRuntimeClass()->m_lpszClassName, row.Word().c_str()) << row.Line();
-        EXPECT_EQ(keyboard.GetLocale(), row.Number()) << row.Line();
-        EXPECT_EQ(keyboard.GetCodePage(), row.Number()) << row.Line();
-        EXPECT_STREQ(keyboard.GetName(), row.Word().c_str()) << row.Line();
+    const auto keyboards = NamedKeyboards();
+    for (CaseRow row : CaseRows(TEST_DATA "/keyboard_facts.tsv")) {
+        const std::string className = row.Word();
+        const int locale = row.Number(), codePage = row.Number();
+        const auto found = keyboards.find(row.Word());
+        ASSERT_NE(found, keyboards.end()) << row.Line();
+        const CKBLayout& keyboard = *found->second;
+        EXPECT_EQ(keyboard.GetRuntimeClass()->m_lpszClassName, className) << row.Line();
+        EXPECT_EQ(keyboard.GetLocale(), locale) << row.Line();
+        EXPECT_EQ(keyboard.GetCodePage(), codePage) << row.Line();
         EXPECT_TRUE(keyboard.IsEnabled());
         EXPECT_TRUE(keyboard.IsKindOf(RUNTIME_CLASS(CKBLayout)));
     }
-    EXPECT_EQ(all[12]->GetLayoutHandle(), Layout(0x041E041E));
-    EXPECT_EQ(all[0]->GetLayoutHandle(), nullptr);
-    all[0]->SetEnabled(FALSE);
-    EXPECT_FALSE(all[0]->IsEnabled());
+    EXPECT_EQ(keyboards.at("Thai")->GetLayoutHandle(), Layout(0x041E041E));
+    CKBLayout& tamil = *keyboards.at("Tamil");
+    EXPECT_EQ(tamil.GetLayoutHandle(), nullptr);
+    tamil.SetEnabled(FALSE);
+    EXPECT_FALSE(tamil.IsEnabled());
 
     const CSystemKeyboard unknown(Layout(0x03FF));
     EXPECT_STREQ(unknown.GetName(), "");
