@@ -11,7 +11,7 @@ namespace corekit::detail {
 
 namespace {
 
-constexpr int smallest = 1, largestByArrows = 200, digits = 3;
+constexpr int smallest = 1, largestByArrows = 200, mostDigits = 3;
 
 CString asText(int number)
 {
@@ -35,7 +35,6 @@ HWND FontSizeField::control(int id) const { return ::GetDlgItem(m_dialog.m_hWnd,
 
 void FontSizeField::begin(int size)
 {
-    SendMessageA(control(sizeControl), CB_LIMITTEXT, digits, 0);
     SendMessageA(control(sizeArrowsControl), UDM_SETRANGE32, smallest, largestByArrows);
     show(std::max(size, smallest));
     fillList();
@@ -76,7 +75,7 @@ void FontSizeField::edited()
     const HWND field = control(sizeControl);
     CString text, kept;
     CWnd::FromHandle(field)->GetWindowText(text);
-    for (int k = 0; k < text.GetLength(); ++k)
+    for (int k = 0; k < text.GetLength() && kept.GetLength() < mostDigits; ++k)
         if (text[k] >= '0' && text[k] <= '9') kept += text[k];
     if (kept != text) {
         SetWindowTextA(field, kept);

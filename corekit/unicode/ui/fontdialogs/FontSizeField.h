@@ -22,7 +22,7 @@ public:
     void begin(int size);
     void enable(bool isEnabled);
     int size() const; // 1 for an empty field
-    // After the user has typed: drops what is no digit.
+    // After the user has typed or pasted: drops what is no digit, and digits beyond the third.
     void edited();
     // After a row of the list has been picked, whose text is not in the field yet.
     void picked();
