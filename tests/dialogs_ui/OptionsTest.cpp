@@ -1,6 +1,7 @@
 #include "corekit/commands/ui/AXPropertyPage.h"
 #include "corekit/commands/ui/AXPropertySheet.h"
 #include "corekit/commands/ui/OptionsCategory.h"
+#include "corekit/framework/ui/DataExchange.h"
 #include "corekit/logging/LogTarget.h"
 #include "corekit/platform/TreeViews.h"
 #include "corekit/resources/Messages.h"
@@ -12,7 +13,7 @@
 
 namespace {
 
-constexpr int down = 0x28, escape = 0x1B;
+constexpr int down = 0x28, escape = 0x1B, field = 1017;
 constexpr UINT treeId = 1400, anyPage = 4007; // a template that is there
 
 std::string journal; // what the categories and pages were asked, in order
@@ -100,6 +101,36 @@ TEST_F(Options, ACategoryWithAFaultStaysPicked)
     EXPECT_EQ(m_root.ShowOptionsDialog(message::saveCategoryChanges, nullptr, nullptr), 0);
     EXPECT_EQ(journal, "Fonts:load Fonts:commit Fonts:commit Fonts:commit Fonts:cancel ")
         << "each way out asks once";
+}
+
+TEST_F(Options, AFieldThatCannotBeReadHasTheFocus)
+{
+    struct NumberPage final : Page {
+        NumberPage() : Page("Numbers") {}
+        void DoDataExchange(CDataExchange* exchange) override { DDX_Text(exchange, field, m_number); }
+        int m_number = 3;
+    };
+    struct Numbers final : Category {
+        using Category::Category;
+        void PreparePages(CWnd*, CAXPropertySheet& sheet) override { sheet.AddPage(new NumberPage); }
+    };
+    m_root.AddChild(new Numbers("Numbers"));
+    const auto spoilAndGoUp = [] {
+        CWnd* const sheet = CWnd::FromHandlePermanent(Sheet());
+        static_cast<CAXPropertySheet*>(sheet)->GetActivePage()->SetDlgItemText(field, "");
+        Change();
+        ::SetFocus(::GetDlgItem(Sheet(), treeId));
+        corekit::test::PressKey(VK_UP);
+    };
+    int focused = 0;
+    Acts acts{[] { Pick(3); },
+              spoilAndGoUp,
+              Press(VK_RETURN),
+              Press(VK_RETURN), // the box of the field
+              [&] { focused = ::GetDlgCtrlID(::GetFocus()); },
+              [] { End(IDCANCEL); }};
+    EXPECT_EQ(m_root.ShowOptionsDialog(message::saveCategoryChanges, nullptr, nullptr), 0);
+    EXPECT_EQ(focused, field);
 }
 
 TEST_F(Options, EachStepLeavesItsLineInTheLog)

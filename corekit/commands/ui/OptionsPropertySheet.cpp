@@ -110,24 +110,26 @@ void COptionsPropertySheet::OnSelChangedOptionsList(NMHDR*, LRESULT* result)
     *result = 0;
     const HWND tree = ::GetDlgItem(m_hWnd, treeControl);
     const bool hadFocus = ::GetFocus() == tree;
-    PickAnother();
-    if (hadFocus && IsWindow(tree)) ::SetFocus(tree); // who goes through the tree by keys stays in it
+    const bool isRefused = !PickAnother();
+    // Who goes through the tree by keys stays in it, unless there is a field to be mended.
+    if (hadFocus && !isRefused && IsWindow(tree)) ::SetFocus(tree);
 }
 
-void COptionsPropertySheet::PickAnother()
+int COptionsPropertySheet::PickAnother()
 {
     Log(u"2. COptionsPropertySheet::OnSelChangedOptionsList STARTS:");
     const auto item =
         reinterpret_cast<HTREEITEM>(SendDlgItemMessage(treeControl, TVM_GETNEXTITEM, TVGN_CARET));
     Log(u"3. COptionsPropertySheet::Got Selected Item.");
-    if (!item || item == m_current) return;
+    if (!item || item == m_current) return 1;
     SetFocus(); // fields lose it and store their texts
     Log(u"4. COptionsPropertySheet::Focus Set");
     if (m_current && !LeaveCategory()) {
         SendDlgItemMessage(treeControl, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(m_current));
-        return;
+        return 0;
     }
     LoadCategory(item);
+    return 1;
 }
 
 // 0: the user stays on the category that has the fault.

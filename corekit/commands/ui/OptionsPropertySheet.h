@@ -37,7 +37,7 @@ private:
     COptionsCategory* CategoryOf(HTREEITEM item) const; // null for no item
     // Null before the first pick.
     COptionsCategory* Current() const { return m_current ? CategoryOf(m_current) : nullptr; }
-    void PickAnother();                // the tree has another item selected
+    int PickAnother();                 // the tree has another item selected; 0 if the present one stays
     int LeaveCategory();               // saves or drops; 0 to stay
     int SaveCategory();                // 0 if a page or the category refuses
     void LoadCategory(HTREEITEM item); // puts its pages in place of those there
