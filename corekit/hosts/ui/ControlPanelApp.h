@@ -39,8 +39,7 @@ public:
 
     virtual void OnLoad() = 0;      // once, when the library gets its first message
     virtual int OnAppletInit() = 0; // adds the items; nonzero for success
-    // The shell is done with the applets, or OnAppletInit gave 0; in the former case the items are gone
-    // already.
+    // The shell is done with the applets, or OnAppletInit gave 0; the items are gone already.
     virtual void OnAppletExit() = 0;
 
     // Calls OnLoad. The library's entry calls this and ExitInstance; nobody runs a loop.
