@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace corekit::detail;
     const std::span<const BYTE> bytes(data, size);
     CScsiDeviceInfo info;
-    for (const FieldPadding padding : {FieldPadding::Keep, FieldPadding::Trim}) {
+    for (const FieldPadding padding : {FieldPadding::keep, FieldPadding::trim}) {
         decodeInquiry(bytes, padding, info);
         if (info.m_vendor.GetLength() > 8 || info.m_product.GetLength() > 16 ||
             info.m_revision.GetLength() > 4)
@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (!record.answer.empty() &&
             (record.answer.data() < data || record.answer.data() + record.answer.size() > data + size))
             std::abort();
-        decodeInquiry(record.answer, FieldPadding::Trim, info);
+        decodeInquiry(record.answer, FieldPadding::trim, info);
     }
     CScsiAddress address;
     address.DecodeRawString(std::string(reinterpret_cast<const char*>(data), size).c_str());

@@ -140,7 +140,7 @@ int CSA_Aspi::GetDeviceInfo(int, int id, int lun, CScsiDeviceInfo& info)
     command.CDBByte[1] = static_cast<BYTE>(lun * 32);
     command.CDBByte[4] = answerSize;
     if (!execute(command, m_event)) return 0;
-    decodeInquiry({answer.Get(), answerSize}, FieldPadding::Keep, info);
+    decodeInquiry({answer.Get(), answerSize}, FieldPadding::keep, info);
     info.m_claimed = 0;
     return 1;
 }

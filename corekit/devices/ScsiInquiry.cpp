@@ -22,7 +22,7 @@ CString field(std::span<const BYTE> answer, std::size_t from, std::size_t width,
     // A zero ends the field early.
     const auto end = std::ranges::find(bytes, BYTE{0});
     CString text(reinterpret_cast<const char*>(bytes.data()), static_cast<int>(end - bytes.begin()));
-    if (padding == FieldPadding::Trim) text.TrimRight(" ");
+    if (padding == FieldPadding::trim) text.TrimRight(" ");
     return text;
 }
 

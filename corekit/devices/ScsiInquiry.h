@@ -8,7 +8,7 @@
 
 namespace corekit::detail {
 
-enum class FieldPadding { Keep, Trim };
+enum class FieldPadding { keep, trim };
 
 // Fields that the answer is too short for are empty, or 0. `claimed` stays as it is.
 COREKIT_API void decodeInquiry(std::span<const BYTE> answer, FieldPadding padding, CScsiDeviceInfo& info);

@@ -86,7 +86,7 @@ int CSA_NT::GetDeviceInfo(int bus, int id, int lun, CScsiDeviceInfo& info)
     using namespace corekit::detail;
     InquiryRecord record;
     if (!findInquiryRecord({m_inquiry.get(), m_inquirySize}, bus, id, lun, record)) return 0;
-    decodeInquiry(record.answer, FieldPadding::Trim, info);
+    decodeInquiry(record.answer, FieldPadding::trim, info);
     info.m_claimed = record.claimed;
     return 1;
 }

@@ -55,21 +55,21 @@ bool takeConversion(std::string_view& text, MessageInsert& insert)
     case 'o':
     case 'x':
     case 'X':
-        insert.kind = is64 ? ArgumentKind::Int64 : ArgumentKind::Int;
+        insert.kind = is64 ? ArgumentKind::integer64 : ArgumentKind::integer;
         return true;
     case 'p':
-        insert.kind = ArgumentKind::Pointer;
+        insert.kind = ArgumentKind::pointer;
         return true;
     case 'c':
     case 'C':
         isWide = isWide || (insert.conversion == 'C' && !insert.isShort);
-        insert.kind = isWide ? ArgumentKind::WideChar : ArgumentKind::Int;
+        insert.kind = isWide ? ArgumentKind::wideChar : ArgumentKind::integer;
         insert.conversion = 'c';
         return true;
     case 's':
     case 'S':
         isWide = isWide || (insert.conversion == 'S' && !insert.isShort);
-        insert.kind = isWide ? ArgumentKind::WideText : ArgumentKind::Text;
+        insert.kind = isWide ? ArgumentKind::wideText : ArgumentKind::text;
         insert.conversion = 's';
         return true;
     default:
@@ -103,7 +103,7 @@ Arguments collect(std::string_view text, va_list args)
         at += std::max<std::size_t>(insert.length, 2);
         if (insert.length == 0) continue;
         for (int star = insert.number; star < insert.ValueNumber(); ++star)
-            kinds[static_cast<std::size_t>(star)] = ArgumentKind::Int;
+            kinds[static_cast<std::size_t>(star)] = ArgumentKind::integer;
         kinds[static_cast<std::size_t>(insert.ValueNumber())] = insert.kind;
         last = std::max(last, insert.ValueNumber());
     }
@@ -111,11 +111,11 @@ Arguments collect(std::string_view text, va_list args)
     for (int i = 1; i <= last; ++i) {
         FormatArgument& value = values[static_cast<std::size_t>(i)];
         switch (kinds[static_cast<std::size_t>(i)]) {
-        case ArgumentKind::Int:
-        case ArgumentKind::WideChar:
+        case ArgumentKind::integer:
+        case ArgumentKind::wideChar:
             value = FormatArgument(va_arg(args, int));
             break;
-        case ArgumentKind::Int64:
+        case ArgumentKind::integer64:
             value = FormatArgument(va_arg(args, long long));
             break;
         default:
@@ -139,11 +139,11 @@ std::string formOf(const MessageInsert& insert, const Arguments& values)
     if (width >= 0 || insert.starWidth) form += std::to_string(width);
     if (precision >= 0) form.append(".").append(std::to_string(precision));
     switch (insert.kind) {
-    case ArgumentKind::Int64:
+    case ArgumentKind::integer64:
         form += "ll";
         break;
-    case ArgumentKind::WideChar:
-    case ArgumentKind::WideText:
+    case ArgumentKind::wideChar:
+    case ArgumentKind::wideText:
         form += 'l';
         break;
     default:

@@ -7,7 +7,7 @@
 namespace corekit::detail {
 
 // What the variable argument of an insert is.
-enum class ArgumentKind : unsigned char { Unused, Int, Int64, Pointer, Text, WideText, WideChar };
+enum class ArgumentKind : unsigned char { unused, integer, integer64, pointer, text, wideText, wideChar };
 
 // One insert of a message text.
 struct MessageInsert {
@@ -21,7 +21,7 @@ struct MessageInsert {
     bool starWidth = false;
     bool starPrecision = false;
     bool isShort = false;
-    ArgumentKind kind = ArgumentKind::Text;
+    ArgumentKind kind = ArgumentKind::text;
     char conversion = 's';
     std::size_t length = 0; // characters of the text that it takes up, with the percent sign
 

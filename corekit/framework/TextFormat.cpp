@@ -21,18 +21,18 @@ constexpr LONGLONG mostForPlainText = 1 << 20;
 
 constexpr LONGLONG roomOfNumber = 32;
 
-enum class Size { None, Char, Short, Long, LongLong, LongDouble };
+enum class Size { none, character, shortOne, longOne, longLong, longDouble };
 enum class Kind {
-    Unknown,
-    Signed,
-    Unsigned,
-    Real,
-    Pointer,
-    Count,
-    NarrowChar,
-    WideChar,
-    NarrowText,
-    WideText
+    unknown,
+    signedInteger,
+    unsignedInteger,
+    real,
+    pointer,
+    count,
+    narrowChar,
+    wideChar,
+    narrowText,
+    wideText
 };
 
 // One % with what belongs to it.
@@ -45,15 +45,15 @@ struct Item {
     int width = 0;
     bool hasPrecision = false;
     int precision = -1; // a * may bring any number; below 0 the text is whole
-    Size size = Size::None;
-    Kind kind = Kind::Unknown;
+    Size size = Size::none;
+    Kind kind = Kind::unknown;
     char letter = 0;
     bool hasRoom = true; // the conversion is one that room is reserved for
 };
 
 // What an item is to print; the kind may be another one than that of the letter.
 struct Value {
-    Kind kind = Kind::Unknown;
+    Kind kind = Kind::unknown;
     LONGLONG integer = 0; // of Unsigned, the bits
     long double real = 0;
     const void* pointer = nullptr; // also a text's
@@ -127,11 +127,11 @@ constexpr std::string_view integerLetters = "diouxX";
 template <class Ch>
 int longPrefix(const Ch* p, Size& size)
 {
-    size = p[0] == 'h' ? Size::Char : Size::LongLong;
+    size = p[0] == 'h' ? Size::character : Size::longLong;
     if ((p[0] == 'h' || p[0] == 'l') && p[1] == p[0] && isOneOf(p[2], integerLetters)) return 2;
     if (isOneOf(p[0], "jzt") && isOneOf(p[1], integerLetters)) return 1;
     if (p[0] == 'I' && p[1] == '6' && p[2] == '4' && isOneOf(p[3], integerLetters)) return 3;
-    size = Size::None;
+    size = Size::none;
     return 0;
 }
 
@@ -148,9 +148,9 @@ const Ch* readSize(const Ch*& p, Item<Ch>& item)
         return counts;
     }
     if (*p == 'h' || *p == 'l') {
-        item.size = *p++ == 'h' ? Size::Short : Size::Long;
+        item.size = *p++ == 'h' ? Size::shortOne : Size::longOne;
     } else if (*p == 'L' || (isOneOf(*p, "FN") && isOneOf(p[1], "cCsSdiouxXpnefgG"))) {
-        item.size = *p++ == 'L' ? Size::LongDouble : Size::None;
+        item.size = *p++ == 'L' ? Size::longDouble : Size::none;
     }
     return nullptr;
 }
@@ -158,9 +158,9 @@ const Ch* readSize(const Ch*& p, Item<Ch>& item)
 template <class Ch>
 Kind textKind(char letter, Size size)
 {
-    const bool isWide = size == Size::Long || (size != Size::Short && (sizeof(Ch) > 1 || letter < 'a'));
-    if (letter == 'c' || letter == 'C') return isWide ? Kind::WideChar : Kind::NarrowChar;
-    return isWide ? Kind::WideText : Kind::NarrowText;
+    const bool isWide = size == Size::longOne || (size != Size::shortOne && (sizeof(Ch) > 1 || letter < 'a'));
+    if (letter == 'c' || letter == 'C') return isWide ? Kind::wideChar : Kind::narrowChar;
+    return isWide ? Kind::wideText : Kind::narrowText;
 }
 
 template <class Ch>
@@ -174,18 +174,18 @@ Kind kindOf(char letter, Size size)
         return textKind<Ch>(letter, size);
     case 'd':
     case 'i':
-        return Kind::Signed;
+        return Kind::signedInteger;
     case 'o':
     case 'u':
     case 'x':
     case 'X':
-        return Kind::Unsigned;
+        return Kind::unsignedInteger;
     case 'p':
-        return Kind::Pointer;
+        return Kind::pointer;
     case 'n':
-        return Kind::Count;
+        return Kind::count;
     default:
-        return isOneOf(letter, "efgGEFaA") ? Kind::Real : Kind::Unknown;
+        return isOneOf(letter, "efgGEFaA") ? Kind::real : Kind::unknown;
     }
 }
 
@@ -196,7 +196,7 @@ void readConversion(const Ch*& p, Item<Ch>& item)
     if (isOneOf(*p, "hljztILFN")) counts = readSize(p, item);
     item.letter = *p > 0 && *p < 0x80 ? static_cast<char>(*p) : '\0';
     item.kind = kindOf<Ch>(item.letter, item.size);
-    if (item.kind == Kind::Unknown || isOneOf(item.letter, "EFaA")) item.hasRoom = false;
+    if (item.kind == Kind::unknown || isOneOf(item.letter, "EFaA")) item.hasRoom = false;
     if (*p) ++p;
     item.end = p;
     item.counts = counts ? counts : p;
@@ -209,22 +209,23 @@ template <class Ch>
 FormatArgument nextArgument(const Item<Ch>& item, FormatSource& args)
 {
     switch (item.kind) {
-    case Kind::Signed:
-    case Kind::Unsigned:
-        return item.size == Size::Long || item.size == Size::LongLong ? args.Next<long>() : args.Next<int>();
-    case Kind::Real:
-        return item.size == Size::LongDouble ? args.Next<long double>() : args.Next<double>();
-    case Kind::NarrowChar:
-    case Kind::WideChar:
+    case Kind::signedInteger:
+    case Kind::unsignedInteger:
+        return item.size == Size::longOne || item.size == Size::longLong ? args.Next<long>()
+                                                                         : args.Next<int>();
+    case Kind::real:
+        return item.size == Size::longDouble ? args.Next<long double>() : args.Next<double>();
+    case Kind::narrowChar:
+    case Kind::wideChar:
         return args.Next<int>();
-    case Kind::NarrowText:
+    case Kind::narrowText:
         return args.Next<const char*>();
-    case Kind::WideText:
+    case Kind::wideText:
         return args.Next<const WCHAR*>();
-    case Kind::Pointer:
-    case Kind::Count:
+    case Kind::pointer:
+    case Kind::count:
         return args.Next<const void*>();
-    case Kind::Unknown:
+    case Kind::unknown:
         break;
     }
     return {};
@@ -255,9 +256,9 @@ LONGLONG ofBits(LONGLONG value, int bits, bool isSigned)
 
 int bitsOf(Size size, const FormatArgument& argument)
 {
-    if (size == Size::Char) return 8;
-    if (size == Size::Short) return 16;
-    return size == Size::LongLong || argument.GetType() != Type::integer ? 64 : argument.Bits();
+    if (size == Size::character) return 8;
+    if (size == Size::shortOne) return 16;
+    return size == Size::longLong || argument.GetType() != Type::integer ? 64 : argument.Bits();
 }
 
 // A text of the width that it has; without a type, of the width of the letter. Numbers are written.
@@ -266,16 +267,16 @@ Value textOf(Kind kind, const FormatArgument& argument)
     Value value;
     switch (argument.GetType()) {
     case Type::integer:
-        value.kind = argument.IsSigned() ? Kind::Signed : Kind::Unsigned;
+        value.kind = argument.IsSigned() ? Kind::signedInteger : Kind::unsignedInteger;
         value.integer = ofBits(argument.Integer(), argument.Bits(), argument.IsSigned());
         break;
     case Type::real:
-        value.kind = Kind::Real;
+        value.kind = Kind::real;
         value.real = argument.Real();
         break;
     case Type::narrow:
     case Type::wide:
-        kind = argument.GetType() == Type::narrow ? Kind::NarrowText : Kind::WideText;
+        kind = argument.GetType() == Type::narrow ? Kind::narrowText : Kind::wideText;
         [[fallthrough]];
     default:
         value.kind = kind;
@@ -291,21 +292,22 @@ Value take(const Item<Ch>& item, FormatSource& args)
     Value value;
     value.kind = item.kind;
     switch (item.kind) {
-    case Kind::Signed:
-    case Kind::Unsigned:
-        value.integer = ofBits(integerOf(argument), bitsOf(item.size, argument), item.kind == Kind::Signed);
+    case Kind::signedInteger:
+    case Kind::unsignedInteger:
+        value.integer =
+            ofBits(integerOf(argument), bitsOf(item.size, argument), item.kind == Kind::signedInteger);
         break;
-    case Kind::Real:
+    case Kind::real:
         value.real = realOf(argument);
         break;
-    case Kind::NarrowChar:
-    case Kind::WideChar:
+    case Kind::narrowChar:
+    case Kind::wideChar:
         value.integer = integerOf(argument);
         break;
-    case Kind::NarrowText:
-    case Kind::WideText:
+    case Kind::narrowText:
+    case Kind::wideText:
         return textOf(item.kind, argument);
-    case Kind::Pointer:
+    case Kind::pointer:
         value.pointer = reinterpret_cast<const void*>(static_cast<std::intptr_t>(argument.Integer()));
         break;
     default:
@@ -349,18 +351,18 @@ struct Meter {
         const LONGLONG asked = LONGLONG{item.width} + precision;
         LONGLONG length = 0;
         switch (value.kind) {
-        case Kind::Signed:
-        case Kind::Unsigned:
-        case Kind::Pointer:
+        case Kind::signedInteger:
+        case Kind::unsignedInteger:
+        case Kind::pointer:
             return std::max(roomOfNumber, asked);
-        case Kind::Real:
+        case Kind::real:
             return std::max(LONGLONG{128}, asked);
-        case Kind::NarrowChar:
-        case Kind::WideChar:
+        case Kind::narrowChar:
+        case Kind::wideChar:
             length = 2;
             break;
-        case Kind::NarrowText:
-        case Kind::WideText:
+        case Kind::narrowText:
+        case Kind::wideText:
             length = TextRoom(value, precision);
             break;
         default:
@@ -376,7 +378,7 @@ struct Meter {
         if (!value.pointer) return 6;
         Look(value.pointer);
         const int most = precision > 0 ? precision : -1;
-        return value.kind == Kind::NarrowText ? boundedLength(value.narrow(), most)
+        return value.kind == Kind::narrowText ? boundedLength(value.narrow(), most)
                                               : boundedLength(value.wide(), most);
     }
 
@@ -422,32 +424,32 @@ struct Writer {
     void Convert(const Ch* percent, const Item<Ch>& item, const Value& value)
     {
         switch (value.kind) {
-        case Kind::Unknown:
+        case Kind::unknown:
             return Put(percent, static_cast<std::size_t>(item.end - percent));
-        case Kind::Count:
+        case Kind::count:
             return;
-        case Kind::Signed:
-        case Kind::Unsigned:
+        case Kind::signedInteger:
+        case Kind::unsignedInteger:
             return Integer(item, value);
-        case Kind::Pointer:
+        case Kind::pointer:
             return Runtime(item, "", 'p', value.pointer);
-        case Kind::Real: {
-            const char letter = item.kind == Kind::Real ? item.letter : 'g';
-            if (item.size == Size::LongDouble) return Runtime(item, "L", letter, value.real);
+        case Kind::real: {
+            const char letter = item.kind == Kind::real ? item.letter : 'g';
+            if (item.size == Size::longDouble) return Runtime(item, "L", letter, value.real);
             return Runtime(item, "", letter, static_cast<double>(value.real));
         }
-        case Kind::NarrowChar: {
+        case Kind::narrowChar: {
             const char one = static_cast<char>(value.integer);
             return Narrow(item, {&one, 1});
         }
-        case Kind::WideChar: {
+        case Kind::wideChar: {
             const WCHAR one = static_cast<WCHAR>(value.integer);
             return Wide(item, {&one, 1});
         }
-        case Kind::NarrowText:
+        case Kind::narrowText:
             if (!value.pointer) return Narrow(item, Cut(std::string_view("(null)"), item.precision));
             return Narrow(item, Bounded(value.narrow(), item.precision));
-        case Kind::WideText:
+        case Kind::wideText:
             if (!value.pointer) return Wide(item, Cut(std::u16string_view(u"(null)"), item.precision));
             return Wide(item, Bounded(value.wide(), item.precision));
         }
@@ -499,7 +501,7 @@ struct Writer {
 
     void Integer(const Item<Ch>& item, const Value& value)
     {
-        const bool isNegative = value.kind == Kind::Signed && value.integer < 0;
+        const bool isNegative = value.kind == Kind::signedInteger && value.integer < 0;
         const auto bits = static_cast<DWORDLONG>(value.integer);
         const char letter = item.kind == value.kind ? item.letter : 'd';
         const int base = letter == 'o' ? 8 : letter == 'x' || letter == 'X' ? 16 : 10;
@@ -512,7 +514,8 @@ struct Writer {
         if (item.precision == 0 && value.integer == 0) number = {};
 
         std::string_view prefix;
-        if (value.kind == Kind::Signed) prefix = isNegative ? "-" : item.plus ? "+" : item.blank ? " " : "";
+        if (value.kind == Kind::signedInteger)
+            prefix = isNegative ? "-" : item.plus ? "+" : item.blank ? " " : "";
         if (item.hashes && base == 16 && value.integer != 0) prefix = letter == 'x' ? "0x" : "0X";
         const auto missing = [&](LONGLONG wanted, std::size_t there) {
             return static_cast<std::size_t>(std::max(wanted - static_cast<LONGLONG>(there), LONGLONG{0}));
@@ -627,7 +630,7 @@ private:
         readFlagsAndWidth(p, item, m_args);
         readConversion(p, item);
         const Value value = take(item, m_args);
-        m_hasCharacter |= value.kind == Kind::NarrowChar || value.kind == Kind::WideChar;
+        m_hasCharacter |= value.kind == Kind::narrowChar || value.kind == Kind::wideChar;
         m_meter.Convert(item, value);
         m_meter.Bound(); // what no memory can hold is not written
         m_writer.Convert(percent, item, value);

@@ -50,7 +50,7 @@ template <TreeOrder order>
 std::size_t ItemTree<order>::SizeOf(std::uint32_t room)
 {
     constexpr std::size_t each =
-        order == TreeOrder::Arrival ? sizeof(NamedItem*) : sizeof(NamedItem*) + sizeof(std::uint64_t);
+        order == TreeOrder::arrival ? sizeof(NamedItem*) : sizeof(NamedItem*) + sizeof(std::uint64_t);
     return sizeof(TreeBunch) + TreeBunch::TagRoom(room) + room * each;
 }
 
@@ -98,13 +98,13 @@ TreeBunch& ItemTree<order>::OwnBunch(TreeNode*& link, std::uint32_t room)
     own->size = bunch->size;
     std::copy_n(bunch->Tags(), bunch->size, own->Tags());
     std::copy_n(bunch->Items(), bunch->size, own->Items());
-    if constexpr (order == TreeOrder::Hash) std::copy_n(bunch->Arrivals(), bunch->size, own->Arrivals());
+    if constexpr (order == TreeOrder::hash) std::copy_n(bunch->Arrivals(), bunch->size, own->Arrivals());
     link = own;
     if (!isShared) {
         FreeNode(bunch);
         return *own;
     }
-    if constexpr (order == TreeOrder::Arrival) {
+    if constexpr (order == TreeOrder::arrival) {
         prefetch(own->Items(), own->size);
         for (std::uint32_t i = 0; i < own->size; ++i) own->Items()[i]->Share();
     }
@@ -118,7 +118,7 @@ void ItemTree<order>::Release(TreeNode* node)
     if (!node || !node->shares.Unshare()) return;
     if (node->level > 0) {
         for (TreeNode* below : static_cast<TreeBranch*>(node)->below) Release(below);
-    } else if constexpr (order == TreeOrder::Arrival) {
+    } else if constexpr (order == TreeOrder::arrival) {
         auto* bunch = static_cast<TreeBunch*>(node);
         std::for_each_n(bunch->Items(), bunch->size, [](NamedItem* item) { item->Release(); });
     }
@@ -137,7 +137,7 @@ template <TreeOrder order>
 void ItemTree<order>::Add(NamedItem* item, std::uint32_t hash, std::uint64_t arrival)
 {
     const Newcomer newcomer{item, hash, arrival};
-    if constexpr (order == TreeOrder::Hash) return Add(m_root, hashLevels, newcomer);
+    if constexpr (order == TreeOrder::hash) return Add(m_root, hashLevels, newcomer);
     if (!m_root) m_root = MakeBunch(2);
     while (arrival >> m_root->level * TreeBranch::bits >> TreeBranch::bits != 0) {
         TreeBranch* higher = makeBranch(m_root->level + 1);
@@ -152,16 +152,16 @@ template <TreeOrder order>
 void ItemTree<order>::Add(TreeNode*& link, unsigned level, const Newcomer& newcomer)
 {
     if (!link) {
-        if (order == TreeOrder::Hash)
+        if (order == TreeOrder::hash)
             link = MakeBunch(8);
         else
             link = level > 0 ? static_cast<TreeNode*>(makeBranch(level)) : MakeBunch(bunchSize);
     }
-    if (order == TreeOrder::Hash && level > 0 && link->level == 0 && link->size == bunchSize)
+    if (order == TreeOrder::hash && level > 0 && link->level == 0 && link->size == bunchSize)
         Part(link, level);
     if (link->level == 0) {
         TreeBunch& bunch = OwnBunch(link, link->size + 1);
-        if constexpr (order == TreeOrder::Hash) bunch.Arrivals()[bunch.size] = newcomer.arrival;
+        if constexpr (order == TreeOrder::hash) bunch.Arrivals()[bunch.size] = newcomer.arrival;
         return bunch.Push(newcomer.item, newcomer.hash);
     }
     TreeBranch& branch = OwnBranch(link);
@@ -200,7 +200,7 @@ const TreeBunch& ItemTree<order>::Approach(std::uint64_t path) const
         if (isShared) prefetch(branch.below, TreeBranch::ways);
     }
     const auto& bunch = static_cast<const TreeBunch&>(*node);
-    if (order == TreeOrder::Arrival && isShared) prefetch(bunch.Items(), bunch.size);
+    if (order == TreeOrder::arrival && isShared) prefetch(bunch.Items(), bunch.size);
     return bunch;
 }
 
@@ -229,7 +229,7 @@ void ItemTree<order>::RemoveFrom(TreeBunch& bunch, std::uint32_t index)
     };
     close(bunch.Tags());
     close(bunch.Items());
-    if constexpr (order == TreeOrder::Hash) close(bunch.Arrivals());
+    if constexpr (order == TreeOrder::hash) close(bunch.Arrivals());
     --bunch.size;
 }
 
@@ -247,7 +247,7 @@ void ItemTree<order>::Remove(TreeNode*& link, std::uint64_t path, const NamedIte
     if (link->size == 0) FreeNode(std::exchange(link, nullptr));
 }
 
-template class ItemTree<TreeOrder::Arrival>;
-template class ItemTree<TreeOrder::Hash>;
+template class ItemTree<TreeOrder::arrival>;
+template class ItemTree<TreeOrder::hash>;
 
 } // namespace corekit::detail

@@ -79,14 +79,14 @@ private:
     NamedItem* FindLastAmongMany(NameKey name) const;
 };
 
-enum class TreeOrder { Arrival, Hash };
+enum class TreeOrder { arrival, hash };
 
 // The way on at a branch of that level: the highest digits of the arrival or the lowest of the hash first.
 template <TreeOrder order>
 unsigned way(std::uint64_t path, unsigned level)
 {
     constexpr unsigned hashLevels = 32 / TreeBranch::bits;
-    const unsigned digit = order == TreeOrder::Arrival ? level : hashLevels - level;
+    const unsigned digit = order == TreeOrder::arrival ? level : hashLevels - level;
     return path >> digit * TreeBranch::bits & (TreeBranch::ways - 1);
 }
 
@@ -94,7 +94,7 @@ unsigned way(std::uint64_t path, unsigned level)
 template <TreeOrder order>
 class ItemTree {
 public:
-    static constexpr std::uint32_t bunchSize = order == TreeOrder::Arrival ? TreeBranch::ways : 64;
+    static constexpr std::uint32_t bunchSize = order == TreeOrder::arrival ? TreeBranch::ways : 64;
 
     ItemTree() = default;
     ItemTree(const ItemTree& other) : m_root(other.m_root)
@@ -135,7 +135,7 @@ private:
         NamedItem* item;
         std::uint32_t hash;
         std::uint64_t arrival;
-        std::uint64_t Path() const { return order == TreeOrder::Arrival ? arrival : hash; }
+        std::uint64_t Path() const { return order == TreeOrder::arrival ? arrival : hash; }
     };
     static std::size_t SizeOf(std::uint32_t room);
     static TreeBunch* MakeBunch(std::uint32_t room);
@@ -151,7 +151,7 @@ private:
     TreeNode* m_root = nullptr;
 };
 
-extern template class ItemTree<TreeOrder::Arrival>;
-extern template class ItemTree<TreeOrder::Hash>;
+extern template class ItemTree<TreeOrder::arrival>;
+extern template class ItemTree<TreeOrder::hash>;
 
 } // namespace corekit::detail

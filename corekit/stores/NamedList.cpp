@@ -9,7 +9,7 @@ NamedItem* NamedList::At(int index) const
     const TreeNode* node = m_byArrival.Root();
     if (node->size == m_arrivals) { // nothing was ever removed
         while (node->level > 0)
-            node = static_cast<const TreeBranch*>(node)->below[way<TreeOrder::Arrival>(wanted, node->level)];
+            node = static_cast<const TreeBranch*>(node)->below[way<TreeOrder::arrival>(wanted, node->level)];
         wanted %= TreeBranch::ways;
     }
     while (node->level > 0) {
@@ -41,7 +41,7 @@ NamedItem* NamedList::Find(const char* name) const
 void NamedList::IndexByHash()
 {
     const auto& bunch = static_cast<const TreeBunch&>(*m_byArrival.Root());
-    ItemTree<TreeOrder::Hash> byHash;
+    ItemTree<TreeOrder::hash> byHash;
     for (std::uint32_t i = 0; i < bunch.size; ++i) byHash.Add(bunch.Items()[i], bunch.Items()[i]->Hash(), i);
     m_byHash = std::move(byHash);
     m_arrivals = bunch.size;
@@ -49,7 +49,7 @@ void NamedList::IndexByHash()
 
 void NamedList::AppendToTree(NamedItem::Ref item, std::uint32_t hash)
 {
-    if (!m_byHash.Root() && Count() == ItemTree<TreeOrder::Arrival>::bunchSize) IndexByHash();
+    if (!m_byHash.Root() && Count() == ItemTree<TreeOrder::arrival>::bunchSize) IndexByHash();
     m_byArrival.Add(item.get(), hash, m_arrivals);
     NamedItem* added = item.release();
     if (!m_byHash.Root()) return;

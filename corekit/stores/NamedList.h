@@ -59,8 +59,8 @@ private:
     void IndexByHash();
     std::uint64_t ArrivalOf(const NamedItem& item, std::uint32_t hash);
 
-    ItemTree<TreeOrder::Arrival> m_byArrival;
-    ItemTree<TreeOrder::Hash> m_byHash; // none while one bunch has them all, and needs no numbers
+    ItemTree<TreeOrder::arrival> m_byArrival;
+    ItemTree<TreeOrder::hash> m_byHash; // none while one bunch has them all, and needs no numbers
     std::uint64_t m_arrivals = 0;
 };
 

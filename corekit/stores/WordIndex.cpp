@@ -68,11 +68,11 @@ WordIndex::Answer WordIndex::Find(const NormalWord& word, const WordLeaf* blocks
         const WordEntry& entry = EntryOf(m_slots[at], blocks);
         if (entry.id && word.Is(entry)) {
             id = entry.id;
-            return Answer::Found;
+            return Answer::found;
         }
         moved = true; // or another word with this hash
     }
-    return moved ? Answer::Moved : Answer::Absent;
+    return moved ? Answer::moved : Answer::absent;
 }
 
 void WordIndex::Learn(const NormalWord& word, DWORD block, DWORD at, const WordLeaf* blocks)

@@ -15,7 +15,7 @@ namespace corekit::detail {
 
 class WordIndex {
 public:
-    enum class Answer { Found, Absent, Moved };
+    enum class Answer { found, absent, moved };
 
     // From the blocks of the leaves and the number of words in each. False if the words' hashes are too much
     // alike; then they are to be searched for.

@@ -174,7 +174,7 @@ DWORD CWordListFile::FindWord(const WCHAR* text)
     if (!m_index->IsReady()) return FindInOrder(word, false);
     DWORD id = 0;
     const auto answer = m_index->Find(word, Blocks(), id);
-    return answer == WordIndex::Answer::Moved ? FindInOrder(word, true) : id;
+    return answer == WordIndex::Answer::moved ? FindInOrder(word, true) : id;
 }
 
 DWORD CWordListFile::FindInOrder(const Word& word, bool moved)

@@ -183,12 +183,12 @@ TEST(ScsiInquiry, ShortAnswersHaveEmptyFields)
     std::vector<BYTE> answer(36, ' ');
     std::memcpy(answer.data(), "\x23\x80\0\0\0\0\0\0MAKER", 13);
     CScsiDeviceInfo info;
-    decodeInquiry(std::span(answer).first(11), FieldPadding::Keep, info);
+    decodeInquiry(std::span(answer).first(11), FieldPadding::keep, info);
     EXPECT_EQ(info.m_type, 3);
     EXPECT_EQ(info.m_removable, 1);
     EXPECT_EQ(info.m_vendor, "MAK");
     EXPECT_TRUE(info.m_product.IsEmpty());
-    decodeInquiry({}, FieldPadding::Trim, info);
+    decodeInquiry({}, FieldPadding::trim, info);
     EXPECT_EQ(info.m_type, 0);
 
     // A chain that goes in a circle, and one that leads outside.

@@ -13,10 +13,10 @@ inline constexpr unsigned blockStart = 0x0900, blockSize = 0x80;
 inline constexpr int firstSign = 0x093E, lastSign = 0x094C, firstLowSign = 0x0941;
 
 // What a syllable can begin with. A vowel sign is a matter of its own: one of them also stands alone.
-enum class Kind : unsigned char { Other, Consonant, Vowel, Single };
+enum class Kind : unsigned char { other, consonant, vowel, single };
 
 struct Character {
-    Kind kind = Kind::Other;
+    Kind kind = Kind::other;
     unsigned char mark = 0; // its flag, if it is a mark
     unsigned char row = 0;  // in Block::letters, devanagariVowels or devanagariSingles
 };
@@ -42,9 +42,9 @@ constexpr void numberRows(Block& block, const Rows& rows, Kind kind, unsigned ch
 constexpr Block makeBlock()
 {
     Block block{};
-    numberRows(block, devanagariVowels, Kind::Vowel, 0);
-    numberRows(block, devanagariSingles, Kind::Single, 0);
-    numberRows(block, devanagariConsonants, Kind::Consonant, 1);
+    numberRows(block, devanagariVowels, Kind::vowel, 0);
+    numberRows(block, devanagariSingles, Kind::single, 0);
+    numberRows(block, devanagariConsonants, Kind::consonant, 1);
     Letter* letter = block.letters;
     for (const DevanagariConsonant& c : devanagariConsonants)
         *++letter = {{c.full, c.fullNukta}, {c.half, c.halfNukta}, {c.rakar, c.rakarNukta}, {}};

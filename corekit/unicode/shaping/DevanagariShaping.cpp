@@ -52,7 +52,7 @@ struct Consonant {
     const Letter& Forms() const
     {
         const Character& c = characterOf(code);
-        return block.letters[c.kind == Kind::Consonant ? c.row : 0];
+        return block.letters[c.kind == Kind::consonant ? c.row : 0];
     }
     bool IsRa() const { return code == devanagariRa; }
     bool Has(unsigned flag) const { return (flags & flag) != 0; }
@@ -89,7 +89,7 @@ WCHAR* appendGlyph(WCHAR* out, WCHAR glyph)
     return out + (glyph != 0);
 }
 
-enum class Form : unsigned char { Full, Reph, Rakar };
+enum class Form : unsigned char { full, reph, rakar };
 
 struct Cluster {
     Consonant consonants[3];
@@ -111,7 +111,7 @@ Cluster readCluster(Reader& text)
         text.Advance();
         cluster.consonants[cluster.count++] = {code, readConsonantMarks(text)};
         if (cluster.count == 3 || !text.Take(virama)) return cluster;
-        if (characterOf(text.Peek()).kind != Kind::Consonant) {
+        if (characterOf(text.Peek()).kind != Kind::consonant) {
             cluster.dead = true;
             return cluster;
         }
@@ -122,27 +122,27 @@ Base baseOf(const Cluster& cluster)
 {
     const auto& c = cluster.consonants;
     const int last = cluster.count - 1;
-    if (last == 0) return {0, Form::Full};
-    if (c[0].IsRa() && !(cluster.dead && c[last].IsRa())) return {last, Form::Reph};
-    if (c[last].IsRa() && !(last == 2 && c[1].IsRa())) return {last - 1, Form::Rakar};
-    return {last, Form::Full};
+    if (last == 0) return {0, Form::full};
+    if (c[0].IsRa() && !(cluster.dead && c[last].IsRa())) return {last, Form::reph};
+    if (c[last].IsRa() && !(last == 2 && c[1].IsRa())) return {last - 1, Form::rakar};
+    return {last, Form::full};
 }
 
 // All before the base.
 WCHAR* appendLead(WCHAR* out, const Cluster& cluster, Base base)
 {
     const auto& c = cluster.consonants;
-    if (cluster.count == 3 && base.form == Form::Full && c[1].IsRa())
+    if (cluster.count == 3 && base.form == Form::full && c[1].IsRa())
         return appendConsonantTail(appendRakarConsonant(out, c[0], c[0].flags), c[0]);
-    for (int i = base.form == Form::Reph; i < base.which; ++i) out = appendHalfConsonant(out, c[i]);
+    for (int i = base.form == Form::reph; i < base.which; ++i) out = appendHalfConsonant(out, c[i]);
     return out;
 }
 
 WCHAR* appendBase(WCHAR* out, const Consonant& c, Form form, bool dead)
 {
-    if (form == Form::Rakar) {
+    if (form == Form::rakar) {
         out = appendRakarConsonant(out, c, c.flags);
-    } else if (form == Form::Reph) {
+    } else if (form == Form::reph) {
         out = appendFullConsonant(out, c, c.flags & ~anusvara);
         out = appendGlyph(out, c.Has(anusvara) ? rephAnusvara : reph);
     } else {
@@ -155,27 +155,27 @@ WCHAR* appendBase(WCHAR* out, const Consonant& c, Form form, bool dead)
 SignOn readSignMarks(Reader& text, const Consonant& c, Form form)
 {
     const unsigned follows = characterOf(text.Peek()).mark & (anusvara | candrabindu);
-    if (form != Form::Reph) {
+    if (form != Form::reph) {
         if (follows) text.Advance();
         return static_cast<SignOn>((c.flags | follows) >> 1);
     }
-    if (!c.Has(anusvara) && follows != anusvara) return SignOn::Reph;
+    if (!c.Has(anusvara) && follows != anusvara) return SignOn::reph;
     // Where the consonant had the anusvara before its sign, this is whatever comes behind the sign.
     text.Advance();
-    return SignOn::RephAnusvara;
+    return SignOn::rephAnusvara;
 }
-static_assert(static_cast<unsigned>(SignOn::Anusvara) == anusvara >> 1 &&
-              static_cast<unsigned>(SignOn::Candrabindu) == candrabindu >> 1);
+static_assert(static_cast<unsigned>(SignOn::anusvara) == anusvara >> 1 &&
+              static_cast<unsigned>(SignOn::candrabindu) == candrabindu >> 1);
 
 WCHAR* appendLowSign(WCHAR* out, const DevanagariLowSign& low, SignOn on, const Consonant& c, Form form)
 {
     const GlyphList& beside = devanagariBesideLowSign[static_cast<int>(on)];
     const unsigned nuktaOnly = c.flags & nukta;
-    if (form != Form::Rakar && c.IsRa()) {
+    if (form != Form::rakar && c.IsRa()) {
         out = beside.Put(appendGlyph(out, low.onRa));
-        return appendGlyph(out, on < SignOn::Reph ? low.raTail : low.raTailBehindReph);
+        return appendGlyph(out, on < SignOn::reph ? low.raTail : low.raTailBehindReph);
     }
-    if (form != Form::Rakar) {
+    if (form != Form::rakar) {
         out = appendFullConsonant(out, c, 0);
         out = appendGlyph(out, nuktaOnly ? low.withNukta : low.glyph);
     } else if (c.code == devanagariTta || c.code == devanagariDda) {
@@ -198,11 +198,11 @@ WCHAR* appendMatra(WCHAR* out, WCHAR* start, Reader& text, const Consonant& c, F
 
     const GlyphList& glyphs = sign->glyphs[static_cast<int>(on)];
     const unsigned nuktaOnly = c.flags & nukta;
-    out = form == Form::Rakar ? appendRakarConsonant(out, c, nuktaOnly)
+    out = form == Form::rakar ? appendRakarConsonant(out, c, nuktaOnly)
                               : appendFullConsonant(out, c, nuktaOnly);
-    if (sign->place == SignPlace::BeforeTail) return appendConsonantTail(glyphs.Put(out), c);
+    if (sign->place == SignPlace::beforeTail) return appendConsonantTail(glyphs.Put(out), c);
     out = appendConsonantTail(out, c);
-    if (sign->place == SignPlace::BehindTail) return glyphs.Put(out);
+    if (sign->place == SignPlace::behindTail) return glyphs.Put(out);
     *start = glyphs[0];
     return out;
 }
@@ -236,10 +236,10 @@ int shapeSyllable(GlyphSink& sink, const WCHAR* text, int end, int index)
     Reader reader(text, end, index);
     WCHAR* out = sink.Room(longestSyllable);
     const Character& first = characterOf(reader.Peek());
-    if (first.kind == Kind::Single) {
+    if (first.kind == Kind::single) {
         reader.Advance();
         sink.Commit(appendGlyph(out, devanagariSingles[first.row].glyph));
-    } else if (first.kind == Kind::Vowel) {
+    } else if (first.kind == Kind::vowel) {
         sink.Commit(appendVowel(out, reader, devanagariVowels[first.row]));
     } else {
         sink.Commit(appendCluster(out, reader));
@@ -269,7 +269,7 @@ void ConvertDevanagariSyllable(StringW& out, const WCHAR* text, int& index)
 bool IsDevanagariConsonant(WCHAR c)
 {
     using namespace corekit::detail::devanagari;
-    return characterOf(c).kind == Kind::Consonant;
+    return characterOf(c).kind == Kind::consonant;
 }
 
 bool IsDevanagariMatra(WCHAR c)

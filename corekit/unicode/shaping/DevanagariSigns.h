@@ -13,9 +13,9 @@ inline constexpr WCHAR viramaGlyph = 0xE0C2, candrabinduGlyph = 0xE0C4, anusvara
 } // namespace devanagari
 
 // What a vowel sign meets on its consonant: marks, or a reph, which has no form with candrabindu.
-enum class SignOn : unsigned char { Plain, Anusvara, Candrabindu, BothMarks, Reph, RephAnusvara };
+enum class SignOn : unsigned char { plain, anusvara, candrabindu, bothMarks, reph, rephAnusvara };
 
-enum class SignPlace : unsigned char { First, BeforeTail, BehindTail };
+enum class SignPlace : unsigned char { first, beforeTail, behindTail };
 
 struct DevanagariSign {
     WCHAR letter;
@@ -36,19 +36,19 @@ struct DevanagariLowSign {
 // clang-format off
 inline constexpr DevanagariSign devanagariSigns[] = {
     //                               plain             anusvara                  candrabindu               both                              reph              reph, anusvara
-    {0x093E, SignPlace::BehindTail, {{0xE0C9},         {0xE0C9, 0xE0C6},         {0xE0C9, 0xE0C4},         {0xE0C9, 0xE0C6, 0xE0C4},         {0xE0C9, 0xE0C7}, {0xE0C9, 0xE0C8}}},
-    {0x093F, SignPlace::First,      {{0xE0CA},         {0xE0CB},                 {0xE0CA},                 {0xE0CB},                         {0xE0CC},         {0xE0CD}}},
-    {0x0940, SignPlace::BehindTail, {{0xE0D2},         {0xE0D3},                 {0xE0D2},                 {0xE0D3},                         {0xE0D4},         {0xE0D5}}},
-    {0x0943, SignPlace::BehindTail, {{0xE0DE},         {0xE0DE, 0xE0C6},         {0xE0DE, 0xE0C4},         {0xE0DE, 0xE0C6, 0xE0C4},         {0xE0DE, 0xE0D4}, {0xE0DE, 0xE0D5}}},
-    {0x0944, SignPlace::BehindTail, {{0xE0DF},         {0xE0DF, 0xE0C6},         {0xE0DF, 0xE0C4},         {0xE0DF, 0xE0C6, 0xE0C4},         {0xE0DF, 0xE0D4}, {0xE0DF, 0xE0D5}}},
-    {0x0945, SignPlace::BehindTail, {{0xE0EC},         {0xE0ED},                 {0xE0ED},                 {0xE0ED},                         {0xE0EE},         {0xE0EF}}},
-    {0x0946, SignPlace::BehindTail, {{0xE0E0},         {0xE0E1},                 {0xE0E1},                 {0xE0E1},                         {0xE0E2},         {0xE0E3}}},
-    {0x0947, SignPlace::BeforeTail, {{0xE0E4},         {0xE0E5},                 {0xE0E5},                 {0xE0E5},                         {0xE0E6},         {0xE0E7}}},
-    {0x0948, SignPlace::BehindTail, {{0xE0E8},         {0xE0E9},                 {0xE0E9},                 {0xE0E9},                         {0xE0EA},         {0xE0EB}}},
-    {0x0949, SignPlace::BehindTail, {{0xE0C9, 0xE0EC}, {0xE0C9, 0xE0ED},         {0xE0C9, 0xE0ED},         {0xE0C9, 0xE0ED},                 {0xE0C9, 0xE0EE}, {0xE0C9, 0xE0EF}}},
-    {0x094A, SignPlace::BehindTail, {{0xE0C9, 0xE0E0}, {0xE0C9, 0xE0E1},         {0xE0C9, 0xE0E1},         {0xE0C9, 0xE0E1},                 {0xE0C9, 0xE0E2}, {0xE0C9, 0xE0E3}}},
-    {0x094B, SignPlace::BehindTail, {{0xE0C9, 0xE0E4}, {0xE0C9, 0xE0E5},         {0xE0C9, 0xE0E5},         {0xE0C9, 0xE0E5},                 {0xE0C9, 0xE0E6}, {0xE0C9, 0xE0E7}}},
-    {0x094C, SignPlace::BehindTail, {{0xE0C9, 0xE0E8}, {0xE0C9, 0xE0E9},         {0xE0C9, 0xE0E9},         {0xE0C9, 0xE0E9},                 {0xE0C9, 0xE0EA}, {0xE0C9, 0xE0EB}}},
+    {0x093E, SignPlace::behindTail, {{0xE0C9},         {0xE0C9, 0xE0C6},         {0xE0C9, 0xE0C4},         {0xE0C9, 0xE0C6, 0xE0C4},         {0xE0C9, 0xE0C7}, {0xE0C9, 0xE0C8}}},
+    {0x093F, SignPlace::first,      {{0xE0CA},         {0xE0CB},                 {0xE0CA},                 {0xE0CB},                         {0xE0CC},         {0xE0CD}}},
+    {0x0940, SignPlace::behindTail, {{0xE0D2},         {0xE0D3},                 {0xE0D2},                 {0xE0D3},                         {0xE0D4},         {0xE0D5}}},
+    {0x0943, SignPlace::behindTail, {{0xE0DE},         {0xE0DE, 0xE0C6},         {0xE0DE, 0xE0C4},         {0xE0DE, 0xE0C6, 0xE0C4},         {0xE0DE, 0xE0D4}, {0xE0DE, 0xE0D5}}},
+    {0x0944, SignPlace::behindTail, {{0xE0DF},         {0xE0DF, 0xE0C6},         {0xE0DF, 0xE0C4},         {0xE0DF, 0xE0C6, 0xE0C4},         {0xE0DF, 0xE0D4}, {0xE0DF, 0xE0D5}}},
+    {0x0945, SignPlace::behindTail, {{0xE0EC},         {0xE0ED},                 {0xE0ED},                 {0xE0ED},                         {0xE0EE},         {0xE0EF}}},
+    {0x0946, SignPlace::behindTail, {{0xE0E0},         {0xE0E1},                 {0xE0E1},                 {0xE0E1},                         {0xE0E2},         {0xE0E3}}},
+    {0x0947, SignPlace::beforeTail, {{0xE0E4},         {0xE0E5},                 {0xE0E5},                 {0xE0E5},                         {0xE0E6},         {0xE0E7}}},
+    {0x0948, SignPlace::behindTail, {{0xE0E8},         {0xE0E9},                 {0xE0E9},                 {0xE0E9},                         {0xE0EA},         {0xE0EB}}},
+    {0x0949, SignPlace::behindTail, {{0xE0C9, 0xE0EC}, {0xE0C9, 0xE0ED},         {0xE0C9, 0xE0ED},         {0xE0C9, 0xE0ED},                 {0xE0C9, 0xE0EE}, {0xE0C9, 0xE0EF}}},
+    {0x094A, SignPlace::behindTail, {{0xE0C9, 0xE0E0}, {0xE0C9, 0xE0E1},         {0xE0C9, 0xE0E1},         {0xE0C9, 0xE0E1},                 {0xE0C9, 0xE0E2}, {0xE0C9, 0xE0E3}}},
+    {0x094B, SignPlace::behindTail, {{0xE0C9, 0xE0E4}, {0xE0C9, 0xE0E5},         {0xE0C9, 0xE0E5},         {0xE0C9, 0xE0E5},                 {0xE0C9, 0xE0E6}, {0xE0C9, 0xE0E7}}},
+    {0x094C, SignPlace::behindTail, {{0xE0C9, 0xE0E8}, {0xE0C9, 0xE0E9},         {0xE0C9, 0xE0E9},         {0xE0C9, 0xE0E9},                 {0xE0C9, 0xE0EA}, {0xE0C9, 0xE0EB}}},
 };
 
 inline constexpr DevanagariLowSign devanagariLowSigns[] = {

@@ -16,7 +16,7 @@ namespace {
 using namespace corekit::detail;
 
 // Which step a character goes to. The blocks of all steps begin and end at multiples of 128.
-enum class Step : unsigned char { Copy, Arabic, Devanagari, Bengali, Tamil };
+enum class Step : unsigned char { copy, arabic, devanagari, bengali, tamil };
 
 constexpr int blockBits = 7;
 
@@ -31,10 +31,10 @@ struct StepTable {
 
 constexpr StepTable steps = [] {
     StepTable table;
-    table.Give(0x0600, 0x06FF, Step::Arabic);
-    table.Give(0x0900, 0x097F, Step::Devanagari);
-    table.Give(0x0980, 0x09FF, Step::Bengali);
-    table.Give(0x0B80, 0x0BFF, Step::Tamil);
+    table.Give(0x0600, 0x06FF, Step::arabic);
+    table.Give(0x0900, 0x097F, Step::devanagari);
+    table.Give(0x0980, 0x09FF, Step::bengali);
+    table.Give(0x0B80, 0x0BFF, Step::tamil);
     return table;
 }();
 
@@ -45,7 +45,7 @@ int copyRun(GlyphSink& sink, const WCHAR* text, int index, int length)
     WCHAR* out = sink.Room(length - index);
     do {
         *out++ = text[index++];
-    } while (index < length && stepOf(text[index]) == Step::Copy);
+    } while (index < length && stepOf(text[index]) == Step::copy);
     sink.Commit(out);
     return index;
 }
@@ -70,19 +70,19 @@ void ConvertToGlyphs(const WCHAR* text, int length, StringW& glyphs, bool system
     sink.Room(length);
     for (int index = 0; index < length;) {
         switch (stepOf(text[index])) {
-        case Step::Copy:
+        case Step::copy:
             index = copyRun(sink, text, index, length);
             break;
-        case Step::Arabic:
+        case Step::arabic:
             index = shapeArabicRun(sink, text, end, index, length);
             break;
-        case Step::Devanagari:
+        case Step::devanagari:
             index = shapeDevanagariRun(sink, text, end, index, length);
             break;
-        case Step::Bengali:
+        case Step::bengali:
             index = shapeBengaliRun(sink, text, end, index, length);
             break;
-        case Step::Tamil:
+        case Step::tamil:
             index = shapeTamilRun(sink, text, end, index, length);
             break;
         }
