@@ -11,7 +11,7 @@ class MarkCounter {
 public:
     static constexpr int full = 32;
 
-    // Non-spacing ones, above Latin 1.
+    // Those that take no room of their own, and controls of the layout, which cost as much.
     static bool IsMark(WCHAR c);
     // Whether it is full with the next character of the text.
     bool IsFullWith(WCHAR c)
