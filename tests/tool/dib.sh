@@ -37,7 +37,7 @@ for bits in 1 4 8 16; do # to fewer colours once
 done
 
 # Files that are not what we read: named, beside those that are.
-head -c 60 "$bitmaps/rgb24-pil.bmp" >"$scratch/short.bmp"
+head -c 50 "$bitmaps/rgb24-pil.bmp" >"$scratch/short.bmp"
 ppmtobmp -bpp=8 <(pbmmake -gray 30 20 | pamdepth -quiet 255) >"$scratch/grey.bmp" 2>/dev/null
 printf '\1' | dd of="$scratch/grey.bmp" bs=1 seek=30 conv=notrunc status=none # so it claims to be packed
 refused info "$scratch/short.bmp" "$bitmaps/pal1-pil.bmp" "$scratch/grey.bmp"
