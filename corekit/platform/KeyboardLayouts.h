@@ -15,6 +15,7 @@ inline constexpr DWORD ERROR_INVALID_KEYBOARD_HANDLE = 1457;
 COREKIT_API int GetKeyboardLayoutList(int size, HKL* list);
 // The layout in force. All threads have the same.
 COREKIT_API HKL GetKeyboardLayout(DWORD thread);
-// Puts a layout of the list in force and returns the one before. Null names no layout: all stays as it is.
-// Null with last error 1457 for any other handle. `flags` change nothing.
+// Puts a layout of the list in force and returns the one before; the window with the focus gets
+// WM_INPUTLANGCHANGE if it is another. Null names no layout: all stays as it is. Null with last error 1457
+// for any other handle. `flags` change nothing.
 COREKIT_API HKL ActivateKeyboardLayout(HKL layout, UINT flags);

@@ -143,8 +143,8 @@ COREKIT_API CreationHook setCreationHook(CreationHook hook);
 // true: it is consumed. Returns the one before.
 using PreTranslate = bool (*)(MSG* message);
 COREKIT_API PreTranslate setPreTranslate(PreTranslate offer);
-// Hears of a layout that the user has put in force, before WM_INPUTLANGCHANGE tells the window with the
-// focus. Returns the one before.
+// Hears of a layout that comes into force, before WM_INPUTLANGCHANGE tells the window with the focus: at the
+// user's next key, or within ActivateKeyboardLayout. Returns the one before.
 using LayoutListener = void (*)(UINT charSet, HKL layout);
 COREKIT_API LayoutListener setLayoutListener(LayoutListener listener);
 } // namespace corekit::detail

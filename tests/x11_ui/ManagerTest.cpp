@@ -1,5 +1,6 @@
 #include "XServer.h"
 
+#include "corekit/framework/ui/Wnd.h"
 #include "corekit/platform/KeyboardLayouts.h"
 #include "corekit/platform/Toolkit.h"
 #include "corekit/unicode/ui/keyboards/SystemKeyboard.h"
@@ -7,6 +8,9 @@
 #include "tests/support/RegistryHome.h"
 
 #include <gtest/gtest.h>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QWidget>
 
 namespace {
 
@@ -34,6 +38,15 @@ protected:
         msg.wParam = wParam;
         arrived.clear();
         return CUnicodeManager::GetObjectA()->TranslateMessageHook(&msg);
+    }
+
+    // A key, as the server gives it to the one window with its layout.
+    static void PressOnLayout(unsigned group)
+    {
+        constexpr quint32 scanCode = 29, groupPlace = 13;
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Y, {}, scanCode, 'y', group << groupPlace, "y");
+        for (QWidget* const widget : QApplication::topLevelWidgets())
+            if (widget->isVisible()) QCoreApplication::sendEvent(widget, &press);
     }
 
     std::u16string arrived;
@@ -66,6 +79,19 @@ TEST_F(ManagerOnX, KeyboardsAndLayoutsOfTheServerMoveTogether)
     manager.HandleInputLangChange(0, LayoutOf(brazil));
     EXPECT_EQ(manager.GetActiveKeyboard(), brazil);
     EXPECT_EQ(GetKeyboardLayout(0), LayoutOf(britain)) << "the platform has changed already";
+
+    // What a keyboard of our own asks of the server is no choice of the user's.
+    CWnd pane;
+    ASSERT_TRUE(pane.CreateEx(0, AfxRegisterWndClass(0), "Text", WS_POPUP | WS_VISIBLE, 0, 0, 90, 90, nullptr,
+                              nullptr));
+    EXPECT_TRUE(manager.ActivateKeyboard(japan, FALSE));
+    PressOnLayout(japan);
+    EXPECT_TRUE(manager.ActivateKeyboard(welsh, FALSE));
+    PressOnLayout(japan); // pressed before
+    PressOnLayout(britain);
+    EXPECT_EQ(manager.GetActiveKeyboard(), welsh);
+    ActivateKeyboardLayout(LayoutOf(thailand), 0);
+    EXPECT_EQ(manager.GetActiveKeyboard(), thailand);
 
     // Two bytes of code page 932 are one character.
     EXPECT_TRUE(manager.ActivateKeyboard(japan, FALSE));

@@ -3,6 +3,7 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/platform/Locale.h"
 #include "corekit/platform/qt/display/XKeyboard.h"
+#include "corekit/platform/qt/windows/LayoutChanges.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -84,5 +85,6 @@ HKL ActivateKeyboardLayout(HKL layout, UINT)
         return nullptr;
     }
     if (keyboard()) keyboard()->lockGroup(static_cast<unsigned>(found - all.begin()));
+    noticeActivation(before, layout);
     return before;
 }

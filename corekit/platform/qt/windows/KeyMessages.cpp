@@ -1,17 +1,14 @@
 // Keys and composed text become messages.
 #include "corekit/platform/Input.h"
-#include "corekit/platform/KeyboardLayouts.h"
-#include "corekit/platform/Locale.h"
 #include "corekit/platform/qt/windows/ApplicationFilter.h"
 #include "corekit/platform/qt/windows/Composition.h"
 #include "corekit/platform/qt/windows/KeyCodes.h"
+#include "corekit/platform/qt/windows/LayoutChanges.h"
 #include "corekit/platform/qt/windows/WindowTables.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-
-#include <cstdlib>
 
 namespace corekit::detail {
 
@@ -39,8 +36,6 @@ void followHeldKeys(Qt::KeyboardModifiers held, int except)
 }
 
 namespace {
-
-constinit LayoutListener layoutListener = nullptr;
 
 constexpr int unknownKey = 0xE7;
 
@@ -83,40 +78,7 @@ void sendCharacters(HWND window, UINT message, const QString& text, LPARAM lPara
     }
 }
 
-// The set of the code page that the layout's language writes in; that of Western texts for one without.
-WPARAM characterSetOf(HKL layout)
-{
-    struct Pair {
-        int page;
-        WPARAM set;
-    };
-    static constexpr Pair pairs[] = {{874, 222},  {932, 128},  {936, 134},  {949, 129},  {950, 136},
-                                     {1250, 238}, {1251, 204}, {1253, 161}, {1254, 162}, {1255, 177},
-                                     {1256, 178}, {1257, 186}, {1258, 163}};
-    char page[8] = "";
-    GetLocaleInfoA(LOWORD(reinterpret_cast<UINT_PTR>(layout)), LOCALE_IDEFAULTANSICODEPAGE, page,
-                   sizeof page);
-    for (const Pair& pair : pairs)
-        if (pair.page == std::atoi(page)) return pair.set;
-    return 0;
-}
-
-// Another layout of the user's shows in the key's own state on X.
-void noticeLayout(const QKeyEvent& event, HWND window)
-{
-    static constinit quint32 lastGroup = 0;
-    const quint32 group = (event.nativeModifiers() >> 13) & 3;
-    if (std::exchange(lastGroup, group) == group) return;
-    const HKL layout = GetKeyboardLayout(0);
-    if (layoutListener) layoutListener(0, layout);
-    MSG change =
-        stamped(window, WM_INPUTLANGCHANGE, characterSetOf(layout), reinterpret_cast<LPARAM>(layout));
-    offerAndSend(change);
-}
-
 } // namespace
-
-LayoutListener setLayoutListener(LayoutListener listener) { return std::exchange(layoutListener, listener); }
 
 bool keyEvent(Window* window, QObject* receiver, QKeyEvent* event)
 {
