@@ -114,11 +114,11 @@ TEST_F(Pages, ComplexLanguagesAreAskedAboutAndUnderline)
     std::string seen;
     const auto note = [&] { seen += underlined() ? "u" : "-"; };
     const Acts::Act next = Press(VK_TAB), take = Press(VK_RETURN); // No is the second button
-    Acts acts{choose(1008), note,         choose(1010), next,         take,         note,
-              choose(1010), take,         note,         choose(1012), next,         take,
-              note,         choose(1012), take,         note,         choose(1009), Confirm()};
+    Acts acts{choose(1008), note,         choose(1010), next,         take, note,         choose(1010), take,
+              note,         choose(1012), next,         take,         note, choose(1012), take,         note,
+              choose(1010), take,         note,         choose(1012), take, choose(1009), Confirm()};
     EXPECT_EQ(Show([&](CAXPropertySheet& sheet) { m_manager.AddPropertyPages(sheet); }), IDOK);
-    EXPECT_EQ(seen, "u-uu-");
+    EXPECT_EQ(seen, "u-uu-u") << "the last by picking the same once more";
     EXPECT_TRUE(m_manager.WindowsComplexLanguageHandlingEnabled());
     EXPECT_FALSE(m_manager.IsBIDIEnabled(FALSE));
     EXPECT_TRUE(m_manager.ExtraLineHeight());
@@ -139,7 +139,11 @@ TEST_F(Pages, AtLeastOneKeyboardStaysOn)
         for (int k = 0; k < m_manager.GetKeyboardCount(); ++k) mark(k)();
     };
     int choices = -1;
+    CString first;
+    m_manager.EnableKeyboardSwitching(TRUE);
+    m_manager.ActivateKeyboard(3, FALSE);
     Acts acts{Press(VK_TAB, {VK_CONTROL}),
+              [&] { static_cast<CWnd&>(Control(1013)).GetWindowText(first); },
               markAll,
               [] { EndSheet(PSBTN_OK); }, // refused
               Press(VK_RETURN),
@@ -147,6 +151,7 @@ TEST_F(Pages, AtLeastOneKeyboardStaysOn)
               [&] { choices = static_cast<int>(Control(1013).SendMessage(CB_GETCOUNT)); },
               Confirm()};
     EXPECT_EQ(Show([&](CAXPropertySheet& sheet) { m_manager.AddPropertyPages(sheet); }), IDOK);
+    EXPECT_EQ(first, m_manager.GetKeyboard(3)->GetName()) << "no default is set";
     EXPECT_EQ(choices, 1);
     for (int k = 0; k < m_manager.GetKeyboardCount(); ++k)
         EXPECT_EQ(m_manager.GetKeyboard(k)->IsEnabled() != 0, k == 2) << k;

@@ -9,7 +9,7 @@ class COREKIT_API PPage_SerialPort : public CAXPropertyPage {
     DECLARE_DYNAMIC(PPage_SerialPort)
 public:
     // A caption of 0 is "Serial Settings". Offers the machine's ports, with `allPorts` nonzero COM1 to
-    // COM99, and the usual rates; other ports and rates can be typed.
+    // COM99; others can be typed. Offers the usual rates only: any other shows as none.
     PPage_SerialPort(CSerialPortConfig& config, unsigned int captionId, int allPorts);
 
     // From the settings to the controls' values.

@@ -60,9 +60,7 @@ void PPage_Unicode_General::OnChooseFont()
 
 void PPage_Unicode_General::OnHandling()
 {
-    const int before = m_handling;
     UpdateData(TRUE);
-    if (m_handling == before) return;
     if (m_handling == 2 &&
         StockMessageBox(this, message::enableComplexLanguages, MB_YESNO | MB_ICONEXCLAMATION) != IDYES)
         m_handling = 0;

@@ -39,13 +39,13 @@ private:
     WORD m_locale;
 };
 
-// The keyboard that a program begins with; empty while no language is set.
+// The keyboard that a program begins with: the active one while no language is set, or none serves it.
 CString defaultKeyboardName(CUnicodeManager& manager)
 {
     CRegistryKey key;
     key.Create(HKEY_LOCAL_MACHINE, keyName);
     DWORD locale = 0;
-    if (!key.GetValue(defaultLocaleName, locale)) return {};
+    if (!key.GetValue(defaultLocaleName, locale)) return manager.GetActiveKeyboardName();
     const KeyboardTrial trial(manager);
     manager.SetKeyboardFromLocale(LOWORD(locale), FALSE);
     return manager.GetActiveKeyboardName();
