@@ -12,7 +12,7 @@ namespace {
 enum : UINT { keyboardLabelId = 100, keyboardsId, faceLabelId, facesId, textId };
 
 constexpr int edge = 12, rowHeight = 28, labelWidth = 76, choiceWidth = 250, listHeight = 400;
-constexpr int fontSize = 40;
+constexpr int fontSize = 29;
 constexpr const char* firstFace = "Noto Sans";
 
 CUnicodeManager& Manager() { return *CUnicodeManager::GetObjectA(); }

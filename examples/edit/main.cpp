@@ -61,7 +61,7 @@ public:
         MakeIndicFonts();
         CUnicodeManager* const manager = CUnicodeManager::Initialise(1);
         manager->OverrideSettings({.biDi = TRUE});
-        manager->OverrideControlsFont(FontWithAllScripts("Noto Sans", 24));
+        manager->OverrideControlsFont(FontWithAllScripts("Noto Sans", 18));
         manager->EnableKeyboardSwitching(TRUE);
         m_pMainWnd = &m_window;
         return m_window.Open();

@@ -24,7 +24,7 @@ public:
     {
         CUnicodeManager* const manager = CUnicodeManager::Initialise(1);
         manager->OverrideSettings({.complexLanguage = TRUE});
-        manager->OverrideControlsFont(FontWithAllScripts("Noto Sans", 26));
+        manager->OverrideControlsFont(FontWithAllScripts("Noto Sans", 19));
         m_pMainWnd = &m_window;
         return m_window.Open();
     }

@@ -37,7 +37,7 @@ public:
         SetTexts();
         m_settings.Load();
         CUnicodeManager* const manager = CUnicodeManager::Initialise(1);
-        manager->OverrideControlsFont(FontWithAllScripts("Noto Sans", 15));
+        manager->OverrideControlsFont(FontWithAllScripts("Noto Sans", 11));
         return TRUE;
     }
 

@@ -14,9 +14,9 @@
 namespace {
 
 // What stands behind the face that was chosen, for the characters that it lacks.
-constexpr const char* behind[] = {"Noto Sans Hebrew",  "Noto Sans Arabic", "CoreKit Devanagari",
-                                  "CoreKit Bengali",   "CoreKit Tamil",    "Noto Sans Devanagari",
-                                  "Noto Sans Bengali", "Noto Sans Tamil",  "DejaVu Sans"};
+constexpr const char* behind[] = {"Noto Sans Hebrew",  "Noto Naskh Arabic", "CoreKit Devanagari",
+                                  "CoreKit Bengali",   "CoreKit Tamil",     "Noto Sans Devanagari",
+                                  "Noto Sans Bengali", "Noto Sans Tamil",   "DejaVu Sans"};
 
 void MakeFont(GlyphScript script)
 {
@@ -45,7 +45,7 @@ CFontDescriptor FontWithAllScripts(const std::string& face, int size)
 {
     const CUnicodeManager* const manager = CUnicodeManager::GetObjectA();
     CFontDescriptor font;
-    font.SetSize(size);
+    font.SetSize(-size);
     if (manager->IsFontValid(face.c_str())) font.AddFont(face.c_str());
     for (const char* other : behind)
         if (face != other && manager->IsFontValid(other)) font.AddFont(other);

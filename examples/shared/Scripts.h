@@ -11,7 +11,8 @@
 // process. Before CUnicodeManager::Initialise.
 void MakeIndicFonts();
 
-// The face, and behind it those that have what it lacks; faces that the machine has not are left out.
+// The face, and behind it those that have what it lacks; faces that the machine has not are left out. The
+// size is the height of letters in pixels.
 CFontDescriptor FontWithAllScripts(const std::string& face, int size);
 
 // The faces of the machine, in order of their names.

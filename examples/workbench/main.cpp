@@ -37,7 +37,7 @@ public:
         MakeIndicFonts();
         CUnicodeManager* const manager = CUnicodeManager::Initialise(1);
         manager->OverrideSettings({.biDi = TRUE});
-        manager->OverrideControlsFont(FontWithAllScripts("Noto Sans", 20));
+        manager->OverrideControlsFont(FontWithAllScripts("Noto Sans", 14));
         m_pMainWnd = m_window;
         return m_window->Open();
     }

@@ -85,6 +85,13 @@ TEST(GlyphFont, MarksTakeNoRoom)
     for (const auto& c : cases) EXPECT_EQ(WidthOf(Font(c.script).name, c.positions, ETO_IGNORELANGUAGE), 0);
 }
 
+TEST(GlyphFont, LettersStandOnTheLineOfLatinOnes)
+{
+    const int latin = ShapingFace("Noto Sans").CellAscent();
+    for (const GlyphScript script : {GlyphScript::Devanagari, GlyphScript::Bengali, GlyphScript::Tamil})
+        EXPECT_EQ(ShapingFace(Font(script).name).CellAscent(), latin) << Font(script).name;
+}
+
 // Some positions are control characters, which a layout of text would swallow.
 TEST(GlyphFont, EveryPositionHasInk)
 {

@@ -7,6 +7,8 @@
 #include "corekit/unicode/ui/fonts/GlyphPieces.h"
 #include "corekit/unicode/ui/fonts/TrueTypeFile.h"
 
+#include <algorithm>
+
 namespace {
 
 using namespace corekit::detail;
@@ -45,12 +47,16 @@ std::vector<TrueTypeCode> codesOf(int position, WORD glyph)
 
 constexpr int blankPosition = 0x20, lastPosition = 0xFF;
 
+// Thousandths of an em above the letters' line, as the usual Latin face has it: text that is drawn from the
+// top of its cells stands on one line with that, and the signs above have room.
+constexpr int latinAscent = 1069;
+
 // Measures and licence of the face, with the blank and what stands for a missing glyph.
 TrueTypeFile fileLike(const ShapingFace& base, const std::string& faceName)
 {
     TrueTypeFile file;
     file.unitsPerEm = base.UnitsPerEm();
-    file.ascent = base.CellAscent();
+    file.ascent = std::max(base.CellAscent(), file.unitsPerEm * latinAscent / 1000);
     file.descent = base.CellDescent();
     file.family = faceName;
     file.copyright = base.Name(0);
