@@ -1,3 +1,6 @@
+#include "corekit/framework/ui/Wnd.h"
+#include "corekit/platform/Input.h"
+#include "corekit/platform/InputTest.h"
 #include "corekit/platform/KeyboardLayouts.h"
 #include "corekit/platform/Messages.h"
 #include "corekit/unicode/ui/keyboards/KBLayout.h"
@@ -199,6 +202,34 @@ TEST_F(ManagerKeyboards, CtrlAltAndArrowsSwitch)
     RecordKeyMotion(VK_LMENU, KeyMotion::up);
     RecordKeyMotion(VK_LCONTROL, KeyMotion::up);
     EXPECT_EQ(arrived, u"");
+}
+
+TEST_F(ManagerKeyboards, WhatIsTypedReachesFieldsOfTheToolkit)
+{
+    class Host : public CWnd {
+        BOOL PreTranslateMessage(MSG* message) override
+        {
+            return CUnicodeManager::GetObjectA()->TranslateMessageHook(message);
+        }
+    } host;
+    ASSERT_TRUE(host.CreateEx(0, AfxRegisterWndClass(0), "Host", WS_POPUP | WS_VISIBLE, 0, 0, 300, 200,
+                              nullptr, nullptr));
+    for (const char* const field : {"EDIT", "COMBOBOX"}) {
+        constexpr DWORD dropDown = 2; // the style of a combo box with a field
+        const HWND control = CreateWindowExA(0, field, "", WS_CHILD | WS_VISIBLE | dropDown, 0, 0, 200, 60,
+                                             host.m_hWnd, nullptr, nullptr, nullptr);
+        corekit::test::RunWaiting();
+        ::SetFocus(control);
+        manager.ActivateKeyboard(arabic, FALSE);
+        for (const int key : {'H', 'B'}) corekit::test::PressKey(key);
+        corekit::test::PressKey(VK_LEFT, {VK_CONTROL, VK_MENU});
+        EXPECT_EQ(manager.GetActiveKeyboard(), persian) << field;
+        manager.ActivateKeyboard(own, FALSE);
+        corekit::test::PressKey('Q');
+        WCHAR text[20] = {};
+        GetWindowTextW(control, text, 20);
+        EXPECT_EQ(std::u16string(text), u"\u0627\u0644\u0627q") << field;
+    }
 }
 
 TEST_F(ManagerKeyboards, CharactersOfOneBytePassAndFinalOnesAreUnicode)

@@ -1,6 +1,7 @@
 #include "corekit/platform/qt/controls/Control.h"
 
 #include "corekit/platform/qt/controls/ToolkitFont.h"
+#include "corekit/platform/qt/windows/EventInHand.h"
 #include "corekit/platform/qt/windows/WideText.h"
 
 #include <QLabel>
@@ -73,7 +74,8 @@ void Control::showEnabled(bool enabled)
 LRESULT Control::input(UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message != WM_CHAR) return Window::defaultProcedure(message, wParam, lParam);
-    if (!deliverCurrentEvent()) character(static_cast<char16_t>(LOWORD(wParam)));
+    if (!EventInHand::hasCharacters() || !deliverCurrentEvent())
+        character(static_cast<char16_t>(LOWORD(wParam)));
     return 0;
 }
 

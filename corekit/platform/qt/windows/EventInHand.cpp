@@ -31,6 +31,8 @@ bool EventInHand::deliverTo(HWND window)
     return true;
 }
 
+bool EventInHand::hasCharacters() { return innermost && innermost->m_phase == Phase::character; }
+
 bool EventInHand::isPassing(const QObject* receiver, const QEvent* event)
 {
     return innermost && innermost->m_passing && innermost->m_receiver == receiver &&

@@ -26,6 +26,8 @@ public:
     static const QEvent* event(); // null if no message of an event is in hand
     // Whether the innermost event is for that window, and was delivered now or will be with its characters.
     static bool deliverTo(HWND window);
+    // Whether a character is the innermost event's own, and not what a keyboard of ours types for the key.
+    static bool hasCharacters();
     // For the filter: whether the event is on its way from here to that object.
     static bool isPassing(const QObject* receiver, const QEvent* event);
     // Whether it is on its way from an object to its parents, which have had it.
