@@ -10,6 +10,9 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QWidget>
 #include <string>
 #include <vector>
 
@@ -226,9 +229,11 @@ TEST_F(ManagerKeyboards, WhatIsTypedReachesFieldsOfTheToolkit)
         EXPECT_EQ(manager.GetActiveKeyboard(), persian) << field;
         manager.ActivateKeyboard(own, FALSE);
         corekit::test::PressKey('Q');
+        QKeyEvent two(QEvent::KeyPress, Qt::Key_B, {}, 56, 0, 0, "rs"); // a key of the layout may type two
+        QCoreApplication::sendEvent(QApplication::focusWidget(), &two);
         WCHAR text[20] = {};
         GetWindowTextW(control, text, 20);
-        EXPECT_EQ(std::u16string(text), u"\u0627\u0644\u0627q") << field;
+        EXPECT_EQ(std::u16string(text), u"\u0627\u0644\u0627qrs") << field;
     }
 }
 

@@ -23,8 +23,10 @@ const QEvent* EventInHand::event() { return innermost ? innermost->m_event : nul
 bool EventInHand::deliverTo(HWND window)
 {
     EventInHand* const in = innermost;
-    if (!in || in->m_window != window || in->m_delivered) return false;
+    if (!in || in->m_window != window || in->m_isTaken) return false;
     if (in->m_phase == Phase::keyBeforeCharacters) return true;
+    in->m_isTaken = true;
+    if (in->m_delivered) return true;
     in->m_delivered = in->m_passing = true;
     if (in->m_receiver) QCoreApplication::sendEvent(in->m_receiver, in->m_event);
     in->m_passing = false;

@@ -20,7 +20,12 @@ public:
     EventInHand& operator=(const EventInHand&) = delete;
     ~EventInHand();
 
-    void enter(Phase phase) { m_phase = phase; }
+    // Also for each further character, which a control that has had the event has had with it.
+    void enter(Phase phase)
+    {
+        m_phase = phase;
+        m_isTaken = false;
+    }
     bool isDelivered() const { return m_delivered; }
 
     static const QEvent* event(); // null if no message of an event is in hand
@@ -38,7 +43,7 @@ private:
     QPointer<QObject> m_receiver;
     HWND m_window;
     Phase m_phase;
-    bool m_delivered = false, m_passing = false;
+    bool m_delivered = false, m_isTaken = false, m_passing = false;
     EventInHand* m_outer;
 };
 

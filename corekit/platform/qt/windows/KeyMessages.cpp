@@ -110,9 +110,11 @@ bool keyEvent(Window* window, QObject* receiver, QKeyEvent* event)
     bool wasConsumed = false;
     offerAndSend(pressed, &wasConsumed);
     if (wasConsumed || text.isEmpty()) return true;
-    inHand.enter(EventInHand::Phase::character);
     const bool isCommand = isSystem && !isGraphHeld() && key.virtualKey != 0x79;
-    sendCharacters(handle, isCommand ? WM_SYSCHAR : WM_CHAR, text, pressed.lParam);
+    for (const QChar unit : text) {
+        inHand.enter(EventInHand::Phase::character);
+        sendCharacters(handle, isCommand ? WM_SYSCHAR : WM_CHAR, unit, pressed.lParam);
+    }
     return true;
 }
 
