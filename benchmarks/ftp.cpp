@@ -174,7 +174,8 @@ private:
         return done;
     }
 
-    // As curl_easy_perform, which waits a whole second where a reply comes before it has begun to wait for it.
+    // As curl_easy_perform, which waits a whole second where a reply comes before it has begun to wait for
+    // it.
     bool run()
     {
         curl_multi_add_handle(m_loop, m_curl);
@@ -194,8 +195,8 @@ private:
         return CURL_SOCKOPT_OK;
     }
 
-    // The server sends the reply behind a transfer once the one before it has been acknowledged, which the system may
-    // put off for 40 ms: that would be measured, and nothing else.
+    // The server sends the reply behind a transfer once the one before it has been acknowledged, which the
+    // system may put off for 40 ms: that would be measured, and nothing else.
     static std::size_t received(char*, std::size_t size, std::size_t count, void* self)
     {
         const int on = 1;

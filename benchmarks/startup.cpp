@@ -1,4 +1,5 @@
-// How long programs take from their start to their end, and what a service holds in memory, beside one on Qt's core.
+// How long programs take from their start to their end, and what a service holds in memory, beside one on
+// Qt's core.
 #include "workload.h"
 
 #include <benchmark/benchmark.h>
@@ -29,7 +30,8 @@ std::string outputOf(const char* program, const char* argument)
     ::close(ends[1]);
     std::string text;
     char bytes[4096];
-    for (ssize_t n; (n = ::read(ends[0], bytes, sizeof bytes)) > 0;) text.append(bytes, static_cast<std::size_t>(n));
+    for (ssize_t n; (n = ::read(ends[0], bytes, sizeof bytes)) > 0;)
+        text.append(bytes, static_cast<std::size_t>(n));
     ::close(ends[0]);
     int code = 0;
     if (::waitpid(id, &code, 0) != id || code) std::abort();
@@ -57,7 +59,8 @@ void add(const std::string& who, const char* program)
 {
     const std::string folder = workload::scratch("");
     benchmark::RegisterBenchmark(("startup/service/" + who).c_str(), start, program, folder)->UseRealTime();
-    benchmark::RegisterBenchmark(("startup/services_in_a_gib/" + who).c_str(), memory, program, folder)->UseManualTime();
+    benchmark::RegisterBenchmark(("startup/services_in_a_gib/" + who).c_str(), memory, program, folder)
+        ->UseManualTime();
 }
 
 } // namespace
@@ -68,6 +71,7 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     add("corekit", STARTUP_COREKIT);
     add("qt6_core", STARTUP_QT);
-    benchmark::RegisterBenchmark("startup/tool_help/corekit", start, TOOL, std::string("--help"))->UseRealTime();
+    benchmark::RegisterBenchmark("startup/tool_help/corekit", start, TOOL, std::string("--help"))
+        ->UseRealTime();
     benchmark::RunSpecifiedBenchmarks();
 }

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-// The lines of the file, "-" being standard input, without their ends (LF, CRLF or CR). Bytes that are not UTF-8 become U+FFFD.
-// Throws std::runtime_error with the reason when the file cannot be read.
+// The lines of the file, "-" being standard input, without their ends (LF, CRLF or CR). Bytes that are not
+// UTF-8 become U+FFFD. Throws std::runtime_error with the reason when the file cannot be read.
 std::vector<std::u16string> ReadLines(const std::string& path);
 
 // UTF-8 to UTF-16 and back; what is malformed becomes U+FFFD.

@@ -143,5 +143,6 @@ void AddWordsCommand(CLI::App& app)
 
     auto* index = AddAction(*words, options, "index",
                             "Add the words of a text, each with the number of its first line", Index);
-    index->add_option("TEXT", options->source, "A text file, UTF-8 or UTF-16; - is standard input")->required();
+    index->add_option("TEXT", options->source, "A text file, UTF-8 or UTF-16; - is standard input")
+        ->required();
 }

@@ -1,5 +1,5 @@
-// What a started program does before it can work: each writes a line to its log and reads a setting, says what memory
-// it holds, and ends.
+// What a started program does before it can work: each writes a line to its log and reads a setting, says
+// what memory it holds, and ends.
 #pragma once
 
 #include <cstdio>

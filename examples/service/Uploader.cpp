@@ -183,7 +183,6 @@ bool Uploader::PutAway(const Path& script, DWORD size)
 
 void Uploader::Tell(eAlertCategory category, const Path& script, const std::string& what)
 {
-    const std::string name =
-        corekit::HarmlessText(script.filename().string(), corekit::LineEnds::escaped);
+    const std::string name = corekit::HarmlessText(script.filename().string(), corekit::LineEnds::escaped);
     m_alerts.Alert(category, (name + ": " + what).c_str());
 }

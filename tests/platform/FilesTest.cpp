@@ -301,8 +301,7 @@ TEST_F(Files, ADotHidesAFolderHoweverItsNameEnds)
                   FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN)
             << end;
     for (const char* end : {"/.", "/..", "/./"})
-        EXPECT_FALSE(GetFileAttributesA(((folder / ".dir") + end).c_str()) & FILE_ATTRIBUTE_HIDDEN)
-            << end;
+        EXPECT_FALSE(GetFileAttributesA(((folder / ".dir") + end).c_str()) & FILE_ATTRIBUTE_HIDDEN) << end;
 }
 
 TEST_F(Files, AppendsFromManyThreadsToOneHandleLoseNothing)

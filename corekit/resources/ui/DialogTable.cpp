@@ -2,8 +2,8 @@
 
 #include "corekit/resources/dialogs/About.h"
 #include "corekit/resources/dialogs/CodePage.h"
-#include "corekit/resources/dialogs/CustomMessages.h"
 #include "corekit/resources/dialogs/CustomisePages.h"
+#include "corekit/resources/dialogs/CustomMessages.h"
 #include "corekit/resources/dialogs/Fonts.h"
 #include "corekit/resources/dialogs/LoggingDetails.h"
 #include "corekit/resources/dialogs/OptionsPages.h"

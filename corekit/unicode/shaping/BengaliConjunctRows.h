@@ -10,11 +10,12 @@
 //   - lower ba: the half sa or ssa and the letter ba; else the letter and E1A6, or E1A1 in place of fillers;
 //   - lower na: the letter, E101, its fillers;
 //   - lower la: the letter with its fillers, E1AD;
-//   - the half form of k, g, n, m, ss, s or l (E18D, E18C, E115, E1A4, E1AE, E1AF, E189) and the second letter;
+//   - the half form of k, g, n, m, ss, s or l (E18D, E18C, E115, E1A4, E1AE, E1AF, E189) and the second
+//   letter;
 //   - the letter with a virama (E126) and the second letter.
 // Of three letters, the first is a half form and the others are a pair; or the first two are a pair in one
-// piece or with a lower form, and the third is a lower form. Tta is E155 in all of them. Behind the lower ra of
-// g, t, d, dh, b, bh and sh the signs u and uu are E180 and E117.
+// piece or with a lower form, and the third is a lower form. Tta is E155 in all of them. Behind the lower ra
+// of g, t, d, dh, b, bh and sh the signs u and uu are E180 and E117.
 //
 // Second spellings are not listed: they go the way of the first, see BengaliTrie.h.
 #pragma once

@@ -1,5 +1,5 @@
-// Bengali conjuncts at positions that the layout of the fonts leaves free: the fonts are made from these rows,
-// the shaping writes most of them, and stored text has the codes of the others.
+// Bengali conjuncts at positions that the layout of the fonts leaves free: the fonts are made from these
+// rows, the shaping writes most of them, and stored text has the codes of the others.
 #pragma once
 
 #include "corekit/platform/Types.h"

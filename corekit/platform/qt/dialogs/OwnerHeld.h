@@ -1,5 +1,5 @@
-// The owner of something modal takes no input for as long as this lives, and the focus is where it was afterwards.
-// Posted messages are delivered meanwhile, even if the program has made no window of its own yet.
+// The owner of something modal takes no input for as long as this lives, and the focus is where it was
+// afterwards. Posted messages are delivered meanwhile, even if the program has made no window of its own yet.
 #pragma once
 
 #include "corekit/platform/Input.h"

@@ -1,8 +1,8 @@
 // Tamil by the Indian standard (INSCRIPT), on a British keyboard, with European digits and conjuncts above
 // them.
 //
-// Keys of letters that Tamil lacks type nothing, or with Shift the signs that other keys have no room for. The
-// danda is the one of the Tamil glyph fonts: U+0964 is drawn by those of Devanagari only.
+// Keys of letters that Tamil lacks type nothing, or with Shift the signs that other keys have no room for.
+// The danda is the one of the Tamil glyph fonts: U+0964 is drawn by those of Devanagari only.
 #pragma once
 
 #include "corekit/unicode/ui/keyboards/KeyTable.h"
