@@ -28,8 +28,6 @@ GOALS = {
     "ports/batch_of_10000": (1, "libuv"), "ports/round_trip": 1,
     "codepages/read_utf8": 1.2, "codepages/write_utf8": 1.2, "codepages/read_65001": 1, "codepages/write_65001": 1,
     "codepages/read_1256": 0.9, "codepages/write_1256": 0.9, "codepages/read_932": 0.9, "codepages/write_932": 0.9,
-    "ports/batch_of_10000": "half of the time the queue's lock is taken and given back, once for each job posted and once for "
-                            "each taken, as with the peer; who waits less for it on two processors changes from run to run.",
     "sockets/echo_64": 1, "sockets/echo_4096": 1,
     "ftp/upload_64_mib": 1, "ftp/download_64_mib": 1, "ftp/upload_small_files": 1, "ftp/download_small_files": 1,
     "graphics/load_24": 1, "graphics/save_24": 1, "graphics/draw_24": 0.83, "graphics/stretch_24": 0.83,

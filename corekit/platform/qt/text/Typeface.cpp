@@ -13,8 +13,9 @@ namespace {
 
 constexpr int commonDesignSize = 1000;
 constexpr int greatestDesignSize = 2048; // keeps the layout's 26.6 numbers from overflowing
-constexpr std::size_t cachedLayouts = 512;
-constexpr std::size_t longestCached = 128;
+constexpr std::size_t cachedUnits = 65536;
+constexpr std::size_t entryUnits = 32; // what an entry of the cache takes beside its text
+constexpr std::size_t longestCached = 512;
 constexpr std::size_t cachedOutlines = 2048;
 
 std::span<const BYTE> bytesOf(const QByteArray& table)
@@ -117,9 +118,11 @@ const ShapedText& Typeface::shape(std::u16string_view text, bool rightToLeft, bo
 {
     if (text.size() > longestCached) return m_uncached = layOut(text, rightToLeft, kerned);
     LayoutCache& cache = m_layouts[rightToLeft][kerned];
-    if (const auto found = cache.find(text); found != cache.end()) return found->second;
-    if (cache.size() >= cachedLayouts) cache.clear();
-    return cache.emplace(text, layOut(text, rightToLeft, kerned)).first->second;
+    if (const auto found = cache.layouts.find(text); found != cache.layouts.end()) return found->second;
+    ShapedText shaped = layOut(text, rightToLeft, kerned);
+    if (cache.units + text.size() > cachedUnits) cache = {};
+    cache.units += text.size() + entryUnits;
+    return cache.layouts.emplace(text, std::move(shaped)).first->second;
 }
 
 ShapedText Typeface::layOut(std::u16string_view text, bool rightToLeft, bool kerned) const

@@ -54,7 +54,10 @@ private:
         using is_transparent = void;
         std::size_t operator()(std::u16string_view s) const { return std::hash<std::u16string_view>()(s); }
     };
-    using LayoutCache = std::unordered_map<std::u16string, ShapedText, TextHash, std::equal_to<>>;
+    struct LayoutCache {
+        std::unordered_map<std::u16string, ShapedText, TextHash, std::equal_to<>> layouts;
+        std::size_t units = 0; // of all its texts
+    };
 
     ShapedText layOut(std::u16string_view text, bool rightToLeft, bool kerned) const;
 

@@ -143,12 +143,13 @@ DisplayLines::Line DisplayLines::Wrapped(int start)
         const int from = std::min(stop - end > reach ? end + reach : stop, stop);
         end = BreakAt(from, std::min(stop, from + nearBreak));
         const bool whole = end == stop || endsWord(m_text[At(end - 1)]);
-        if (!Fits(start, end)) {
+        if (!whole && BreakAt(start + 1, end) == end) { // one word so far
+            const int length = Fitting(start, end);
+            if (length < end - start) return Cut(start, length, end);
+        } else if (!Fits(start, end)) {
             int beyond = end;
             fits = LastThatFits(start, fits, beyond);
-            Line line = fits > start ? Line{start, fits - start, beyond} : Cut(start, beyond);
-            m_usual = std::max(line.length, leastGuess);
-            return line;
+            return Cut(start, fits > start ? fits - start : Fitting(start, beyond - 1), beyond);
         }
         if (whole) fits = end;
         if (end == stop) break;
@@ -187,11 +188,18 @@ int DisplayLines::LastThatFits(int start, int fits, int& beyond)
     return fits;
 }
 
-// A word that is too wide for any line. One character is taken in any case.
-DisplayLines::Line DisplayLines::Cut(int start, int beyond)
+// As many characters of a word that is too wide for any line as fit.
+int DisplayLines::Fitting(int start, int end)
 {
-    const int length = longestFitting(m_ruler, m_text.data() + start, beyond - start - 1, m_room, m_usual);
-    return {start, std::max(length, 1), beyond};
+    return longestFitting(m_ruler, m_text.data() + start, end - start, m_room, m_usual);
+}
+
+// One character is taken in any case.
+DisplayLines::Line DisplayLines::Cut(int start, int length, int beyond)
+{
+    length = std::max(length, 1);
+    m_usual = std::max(length, leastGuess);
+    return {start, length, beyond};
 }
 
 } // namespace corekit::detail

@@ -56,9 +56,10 @@ private:
     };
     static std::size_t At(int line) { return static_cast<std::size_t>(line); }
 
-    Line Delimited(int start);       // up to the next newline
-    Line Wrapped(int start);         // the words that fit
-    Line Cut(int start, int beyond); // of a word that is too wide
+    Line Delimited(int start); // up to the next newline
+    Line Wrapped(int start);   // the words that fit
+    int Fitting(int start, int end);
+    Line Cut(int start, int length, int beyond);
     int HardEnd(int start);
     int BreakAt(int from, int limit) const;
     int LastThatFits(int start, int fits, int& beyond);
