@@ -74,6 +74,7 @@ REMARKS = {
     "codepages/read_utf8": "as `codepages/write_utf8`.",
     "streams/memory_write": "two thirds of the time write through checks that are inlined, a fifth counts the length of each "
                             "text; the peer is given the lengths.",
+    "ftp/upload_64_mib": "both wait for the server, which writes what it takes.",
     "ftp/download_64_mib": "both wait for the server, which sends as fast as it reads its file.",
     "ports/batch_of_10000": "half of the time the queue's lock is taken and given back, once for each job posted and once for "
                             "each taken, as with the peer; who waits less for it on two processors changes from run to run.",
