@@ -46,7 +46,7 @@ Bounds findBounds(int count, int guess, int room, WidthOf widthOf, IsMark isMark
         for (int i = 0;
              i < MarkCounter::full && width <= room && n < std::min(b.high - 1, count) && isMark(n); ++i)
             ++n;
-        for (int i = 0; i < MarkCounter::full && width > room && n - 1 > b.low && isMark(n - 1); ++i) --n;
+        for (int i = 0; i < MarkCounter::full && width > room && n - 1 > b.low && isMark(n); ++i) --n;
     }
     return b;
 }
