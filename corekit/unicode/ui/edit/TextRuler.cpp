@@ -21,6 +21,14 @@ struct Bounds {
     int low, high;
 };
 
+// On from there over the marks of a letter, at most to the stop.
+template <class IsMark>
+int pastMarks(int n, int step, int stop, IsMark isMark)
+{
+    for (int i = 0; i < MarkCounter::full && (stop - n) * step > 0 && isMark(n); ++i) n += step;
+    return n;
+}
+
 // Asks for the width of so many characters, first about as many as guessed, and then for as many as the room
 // would hold if all were like those so far. That may go astray where they are not: then the distance doubles,
 // or is halved between the bounds. Marks, which mostly take no room, are asked for with what is before them,
@@ -43,10 +51,8 @@ Bounds findBounds(int count, int guess, int room, WidthOf widthOf, IsMark isMark
             n = static_cast<int>(std::min<std::int64_t>(like, n - step));
         if (asked > 2 && asked <= mostSteps) step *= 2;
         n = std::clamp(n, b.low + 1, std::max(b.low + 1, std::min(b.high - 1, count)));
-        for (int i = 0;
-             i < MarkCounter::full && width <= room && n < std::min(b.high - 1, count) && isMark(n); ++i)
-            ++n;
-        for (int i = 0; i < MarkCounter::full && width > room && n - 1 > b.low && isMark(n); ++i) --n;
+        n = width <= room ? pastMarks(n, 1, std::min(b.high - 1, count), isMark)
+                          : pastMarks(n, -1, b.low + 1, isMark);
     }
     return b;
 }
