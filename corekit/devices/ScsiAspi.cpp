@@ -131,6 +131,7 @@ int CSA_Aspi::Open(int adaptor)
 int CSA_Aspi::GetDeviceInfo(int, int id, int lun, CScsiDeviceInfo& info)
 {
     constexpr BYTE inquiryCommand = 0x12, answerSize = 36, senseSize = 14;
+    if (!namesUnit(m_adaptor, id, lun)) return 0;
     const AlignedBlock answer(answerSize, m_alignmentMask);
     SRB_ExecSCSICmd command = commandFor(m_adaptor, id, lun, SRB_DIR_IN);
     command.SRB_BufLen = answerSize;
@@ -170,7 +171,7 @@ int CSD_Aspi::Read(int lun, void* data, unsigned long size)
 
 int CSD_Aspi::Transfer(unsigned char command, BYTE direction, int lun, void* data, unsigned long size)
 {
-    if (size > largestTransfer || !loadLayer()) return 0;
+    if (size > largestTransfer || !namesUnit(m_adaptor, m_id, lun) || !loadLayer()) return 0;
     SRB_ExecSCSICmd block = commandFor(m_adaptor, m_id, lun, direction);
     block.SRB_BufLen = static_cast<DWORD>(size);
     block.SRB_BufPointer = static_cast<BYTE*>(data);

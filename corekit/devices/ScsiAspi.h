@@ -47,7 +47,7 @@ public:
     // transfer. `bus` is not used.
     int Open(int adaptor, int bus, int id) override;
     // The buffer must meet the adaptor's alignment. Nonzero if the device has done the command; 0 for more
-    // than 16,777,215 bytes, and while the layer cannot be loaded.
+    // than 16,777,215 bytes, for numbers that fit no byte, and while the layer cannot be loaded.
     int Write(int lun, void* data, unsigned long size) override;
     int Read(int lun, void* data, unsigned long size) override;
 

@@ -23,6 +23,12 @@ inline constexpr int transferCommandSize = 6;
 inline constexpr unsigned char receiveCommand = 0x08, sendCommand = 0x0A;
 inline constexpr unsigned long largestTransfer = 0xFFFFFF;
 
+// Whether a command can name that unit: each number has a byte, and cut to it would be another one.
+constexpr bool namesUnit(int busOrAdaptor, int id, int lun)
+{
+    return ((busOrAdaptor | id | lun) & ~0xFF) == 0;
+}
+
 // The six bytes of a command that moves `size` bytes.
 COREKIT_API void makeTransferCommand(unsigned char command, unsigned long size, unsigned char* cdb);
 } // namespace corekit::detail

@@ -102,8 +102,8 @@ int CSD_NT::OpenFile(const char* name)
 
 int CSD_NT::Open(int adaptor, int bus, int id)
 {
-    m_path = static_cast<BYTE>(bus);
-    m_target = static_cast<BYTE>(id);
+    m_path = bus;
+    m_target = id;
     return OpenFile(portName(adaptor));
 }
 
@@ -125,15 +125,15 @@ int CSD_NT::Read(int lun, void* data, unsigned long size)
 
 int CSD_NT::Transfer(unsigned char command, BYTE dataIn, int lun, void* data, unsigned long size)
 {
-    if (size > corekit::detail::largestTransfer) {
+    if (size > corekit::detail::largestTransfer || !corekit::detail::namesUnit(m_path, m_target, lun)) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return 0;
     }
     CommandBlock block;
     SCSI_PASS_THROUGH_DIRECT& request = block.command;
     request.Length = sizeof request;
-    request.PathId = m_path;
-    request.TargetId = m_target;
+    request.PathId = static_cast<BYTE>(m_path);
+    request.TargetId = static_cast<BYTE>(m_target);
     request.Lun = static_cast<BYTE>(lun);
     request.CdbLength = corekit::detail::transferCommandSize;
     request.SenseInfoLength = senseSize;

@@ -58,7 +58,7 @@ public:
     // By the device's own file; path and target are 0 then.
     int OpenDirect(const char* deviceName);
     // Nonzero if the command reached the device; what the device said of it is not looked at. More than
-    // 16,777,215 bytes are refused with 87.
+    // 16,777,215 bytes are refused with 87, and so are numbers that fit no byte.
     int Write(int lun, void* data, unsigned long size) override;
     int Read(int lun, void* data, unsigned long size) override;
 
@@ -69,6 +69,6 @@ private:
     int Transfer(unsigned char command, BYTE dataIn, int lun, void* data, unsigned long size);
 
     HANDLE m_device = INVALID_HANDLE_VALUE;
-    BYTE m_path = 0;   // the bus
-    BYTE m_target = 0; // the id
+    int m_path = 0;   // the bus
+    int m_target = 0; // the id
 };

@@ -13,6 +13,8 @@ namespace {
 
 constexpr DWORD betweenLooks = 500; // milliseconds
 
+DWORD low(unsigned long value) { return static_cast<DWORD>(value); }
+
 // A service's handle; closing it leaves the last error alone.
 class OpenService {
 public:
@@ -48,10 +50,10 @@ private:
     std::string m_text;
 };
 
-// Passes a tag through the platform's 32 bits.
+// Passes a tag through the platform's 32 bits; one that the platform does not set stays.
 class Tag {
 public:
-    explicit Tag(unsigned long* target) : m_target(target) {}
+    explicit Tag(unsigned long* target) : m_target(target), m_tag(target ? low(*target) : 0) {}
     Tag(const Tag&) = delete;
     Tag& operator=(const Tag&) = delete;
     ~Tag()
@@ -62,10 +64,8 @@ public:
 
 private:
     unsigned long* m_target;
-    DWORD m_tag = 0;
+    DWORD m_tag;
 };
-
-DWORD low(unsigned long value) { return static_cast<DWORD>(value); }
 
 } // namespace
 

@@ -120,14 +120,17 @@ int CServiceApp::DoServiceStart()
 
 void CServiceApp::InternalServiceMain(unsigned long, char**)
 {
-    const DWORD accepted = SERVICE_ACCEPT_STOP | SERVICE_ACCEPT_SHUTDOWN |
-                           (CanPauseContinue() ? SERVICE_ACCEPT_PAUSE_CONTINUE : 0);
+    constexpr DWORD accepted = SERVICE_ACCEPT_STOP | SERVICE_ACCEPT_SHUTDOWN;
     {
         const std::scoped_lock lock(m_statusLock);
         m_statusHandle = RegisterServiceCtrlHandlerA(m_name, ServiceCtrlHandler);
         m_status = {SERVICE_WIN32_OWN_PROCESS, SERVICE_START_PENDING, accepted, 0, 0, 0, waitHint};
     }
     if (!m_statusHandle) return m_alerts.Alert(alertMajorError, "Failed service control handler connect");
+    if (CanPauseContinue()) {
+        const std::scoped_lock lock(m_statusLock);
+        m_status.dwControlsAccepted |= SERVICE_ACCEPT_PAUSE_CONTINUE;
+    }
     SetStatus(SERVICE_START_PENDING);
     m_exitCode = RunService();
 }

@@ -229,6 +229,7 @@ int CFtpClient::Connect(const char* host, int port, const char* user, const char
     AfxFormatString1(text, message::ftpConnecting, host);
     LogString(0, text);
     m_socket = new XSocket;
+    m_expectsLateReply = false; // of a connection before
     m_socket->SetConnectTimeout(ConnectLimit());
     if (!m_socket->ConnectTCPStream(host, port, WSA_FLAG_OVERLAPPED, noDelay)) {
         m_lastError = LoadResourceString(message::ftpConnectFailed);

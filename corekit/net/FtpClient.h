@@ -125,7 +125,7 @@ private:
     int set_transfer_mode(bool binary); // TYPE I or TYPE A
     // PASV, and the connection that the server offers; null with the error set.
     Socket SetupPassiveConnection();
-    void ReadSocketToArray(XSocket& socket, CStringArray& lines);
+    int ReadSocketToArray(XSocket& socket, CStringArray& lines);
     int ReadSocketToStream(XSocket& socket, CStream& stream);
     int WriteStreamToSocket(XSocket& socket, CStream& stream, DWORD& sent);
     int ReadFastModeData(CStringArray& lines);

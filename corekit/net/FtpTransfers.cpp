@@ -92,17 +92,25 @@ CFtpClient::Socket CFtpClient::SetupPassiveConnection()
 }
 
 // A read that fails ends the listing without a report and drops the line that it cuts: the server's second
-// reply tells the outcome.
-void CFtpClient::ReadSocketToArray(XSocket& socket, CStringArray& lines)
+// reply tells the outcome. 0 for a listing that is too large, of which the server may know nothing.
+int CFtpClient::ReadSocketToArray(XSocket& socket, CStringArray& lines)
 {
     constexpr DWORD size = 0x4000;
     const auto block = newBlock(size);
     FtpListingSplitter splitter(lines);
     DWORD received = 0;
     while (socket.ReadSocket(block.get(), size, received, static_cast<int>(Within(m_timeout)))) {
-        if (received == 0) return splitter.End();
-        if (IsTimeOver() || !splitter.Add({block.get(), received})) return cutOff(socket);
+        if (received == 0) {
+            splitter.End();
+            break;
+        }
+        const bool isTooLarge = !splitter.Add({block.get(), received});
+        if (isTooLarge || IsTimeOver()) {
+            cutOff(socket);
+            return !isTooLarge;
+        }
     }
+    return 1;
 }
 
 int CFtpClient::ReadSocketToStream(XSocket& socket, CStream& stream)
@@ -174,11 +182,11 @@ int CFtpClient::GetDirList_Passive(const char* command, CStringArray& lines)
     if (!data || !SendCommand(command, nullptr) || !GetServerMessage(reply)) return 0;
     if (GetResultClass(reply) != 1) // a folder without files has no listing
         return lastOf(reply).Left(3) == "450" ? 1 : Failed(message::ftpListFailed, reply);
-    ReadSocketToArray(*data, lines);
+    const int isWhole = ReadSocketToArray(*data, lines);
     data.reset();
     if (IsTimeOver()) return BreakOff();
     if (!GetServerMessage(reply)) return 0;
-    return GetResultClass(reply) == 2 ? 1 : Failed(message::ftpListFailed, reply);
+    return isWhole && GetResultClass(reply) == 2 ? 1 : Failed(message::ftpListFailed, reply);
 }
 
 int CFtpClient::GetDirList_AvidFast(const char* command, CStringArray& lines)

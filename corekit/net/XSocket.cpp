@@ -5,6 +5,7 @@
 #include "corekit/platform/Errors.h"
 #include "corekit/resources/Messages.h"
 
+#include <algorithm>
 #include <utility>
 
 IMPLEMENT_DYNAMIC(XSocket, CObject)
@@ -14,6 +15,9 @@ HANDLE asHandle(SOCKET socket)
 {
     return reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(static_cast<int>(socket)));
 }
+
+// Of a transfer, the bytes that one call takes.
+DWORD atOnce(unsigned long size) { return static_cast<DWORD>(std::min(size, 0x40000000ul)); }
 } // namespace
 
 XSocket::~XSocket()
@@ -143,9 +147,9 @@ int XSocket::WriteSocket(const void* data, unsigned long size, int timeoutMs)
 {
     const char* next = static_cast<const char*>(data);
     while (size > 0) {
-        const DWORD part = size < 0x40000000 ? static_cast<DWORD>(size) : 0x40000000;
         DWORD sent = 0;
-        if (!sockets::SendWithin(m_hSocket, next, part, &sent, static_cast<DWORD>(timeoutMs))) return 0;
+        if (!sockets::SendWithin(m_hSocket, next, atOnce(size), &sent, static_cast<DWORD>(timeoutMs)))
+            return 0;
         next += sent;
         size -= sent;
     }
@@ -154,8 +158,7 @@ int XSocket::WriteSocket(const void* data, unsigned long size, int timeoutMs)
 
 int XSocket::ReadSocket(void* data, unsigned long size, DWORD& received, int timeoutMs)
 {
-    return sockets::ReceiveWithin(m_hSocket, data, static_cast<DWORD>(size), &received,
-                                  static_cast<DWORD>(timeoutMs));
+    return sockets::ReceiveWithin(m_hSocket, data, atOnce(size), &received, static_cast<DWORD>(timeoutMs));
 }
 
 int XSocket::ReadSocket(void* data, unsigned long size, unsigned long& received, int timeoutMs)

@@ -21,9 +21,9 @@ public:
     operator unsigned int() const { return m_hSocket; } // INVALID_SOCKET when closed
     operator void*() const;                             // the socket as a HANDLE
 
-    // A new socket; flags as for WSASocketA, of which WSA_FLAG_OVERLAPPED (1) is usual and changes nothing
-    // here. noDelay: TCP sends at once (TCP_NODELAY, RFC 896). Family, type and protocol may come from an
-    // address record.
+    // A new socket in place of the one before, which is closed; flags as for WSASocketA, of which
+    // WSA_FLAG_OVERLAPPED (1) is usual and changes nothing here. noDelay: TCP sends at once (TCP_NODELAY, RFC
+    // 896). Family, type and protocol may come from an address record.
     int Create(int family, int type, int protocol, unsigned long flags, int noDelay);
     int Create(_CSADDR_INFO& info, unsigned long flags, int noDelay);
     // Connects the socket made by Create. 0 leaves it open for another attempt or for Close.
@@ -41,8 +41,7 @@ public:
     void* DetachHandle();
 
     // Makes a socket and connects it to a TCP port of a host: a name, or an address if it begins with a
-    // digit. The first address of a name is tried and no other. 0 closes the socket again. A socket that
-    // this object had is not closed: use a fresh object.
+    // digit. The first address of a name is tried and no other. 0 closes the socket again.
     int ConnectTCPStream(const char* host, int port, unsigned long flags, int noDelay);
     int ConnectTCPStream(sockaddr_in address, unsigned long flags, int noDelay);
     // There is no IPX here: always 0.

@@ -63,9 +63,10 @@ struct SCSI_PASS_THROUGH_DIRECT {
     BYTE Cdb[16];             // the command
 };
 
-// One of the three operations above. *returned gets the bytes written to `out`. 0 with error 122 for a buffer
-// that is too small, 2 for a device that is not there, 5 without the right to send commands, 1460 when the
-// device did not answer in time, 1117 when the way to it failed, 1 for other handles and operations. What the
-// device itself says of the command is no failure: it stands in ScsiStatus and the sense data.
+// One of the three operations above. *returned gets the bytes written to `out`; inquiry data leave out the
+// devices behind those that fit. 0 with error 122 for a buffer that is too small for any, 2 for a device that
+// is not there, 5 without the right to send commands, 1460 when the device did not answer in time, 1117 when
+// the way to it failed, 1 for other handles and operations. What the device itself says of the command is no
+// failure: it stands in ScsiStatus and the sense data.
 COREKIT_API BOOL DeviceIoControl(HANDLE device, DWORD operation, void* in, DWORD inSize, void* out,
                                  DWORD outSize, DWORD* returned, OVERLAPPED* overlapped);

@@ -76,6 +76,17 @@ TEST_F(Scsi, AnAdaptorReportsItsLimitsAndDevices)
     EXPECT_EQ(scsiOpenAdaptor(-1), nullptr);
 }
 
+TEST_F(Scsi, AnAdaptorWithMoreDevicesThanItCanTellHidesNoOther)
+{
+    for (int unit = 0; unit < 180; ++unit)
+        machine.AddUnit("1:0:" + std::to_string(unit / 8) + ":" + std::to_string(unit % 8), 0, "ATA", "DISK");
+    AddPrompter();
+    unsigned long address = 0;
+    int claimed = 0;
+    EXPECT_TRUE(scsiFindDevice(3, "CORVANE", "PROMPTER LINK", address, claimed));
+    EXPECT_EQ(address, 0x02010501u);
+}
+
 TEST_F(Scsi, BlocksGoOutAndComeBackByTheCommandsOfAProcessor)
 {
     AddPrompter();
@@ -92,6 +103,10 @@ TEST_F(Scsi, BlocksGoOutAndComeBackByTheCommandsOfAProcessor)
     EXPECT_FALSE(device->Read(0, back.data(), 1)); // no such unit
     EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
     EXPECT_FALSE(device->Write(1, script.data(), 0x1000000));
+    EXPECT_FALSE(device->Write(0x101, script.data(), 1)) << "no other unit instead";
+    const std::unique_ptr<CScsiDevice> absent(scsiCreateDeviceHandler(1, 1, 0x105));
+    ASSERT_TRUE(absent);
+    EXPECT_FALSE(absent->Write(1, script.data(), 1));
 }
 
 // A device that refuses has answered; one that does not answer in time, or cannot be reached, has not.
@@ -151,6 +166,7 @@ TEST_F(Scsi, TheAspiLayerDoesTheSame)
     EXPECT_EQ(info.m_vendor, "CORVANE ");
     EXPECT_EQ(info.m_product, "PROMPTER LINK   ");
     EXPECT_FALSE(adaptor.GetDeviceInfo(0, 4, 0, info));
+    EXPECT_FALSE(adaptor.GetDeviceInfo(0, 0x103, 0, info));
     EXPECT_FALSE(second.GetDeviceInfo(0, 3, 0, info));
 
     CSD_Aspi device;
@@ -160,6 +176,7 @@ TEST_F(Scsi, TheAspiLayerDoesTheSame)
     EXPECT_TRUE(device.Read(0, back.data(), back.size()));
     EXPECT_EQ(back, script);
     EXPECT_FALSE(device.Read(1, back.data(), back.size()));
+    EXPECT_FALSE(device.Read(0x100, back.data(), back.size()));
 }
 
 TEST(ScsiAddress, TextsGoThereAndBackWithTheLunCutToItsField)

@@ -332,6 +332,22 @@ TEST_F(Ftp, RepliesWithoutAnEndAreCutOff)
     }
 }
 
+TEST_F(Ftp, AListingThatIsTooLargeIsNoneThoughTheServerCallsItWhole)
+{
+    begin([](Session& session) {
+        session.passive("A");
+        session.answer("NLST", "150 here\r\n226 all of it\r\n");
+        std::string lines;
+        while (lines.size() < (5u << 20)) lines += "x\n"; // what a line costs beside its text counts too
+        session.data().send(lines);
+        session.answer("NOOP", "200 ok\r\n");
+    });
+    CStringArray lines;
+    EXPECT_FALSE(client.GetNameList(lines));
+    EXPECT_EQ(error(), "[FTP] LIST command failed.");
+    EXPECT_TRUE(client.NoOp());
+}
+
 TEST_F(Ftp, SilenceCostsTheLimit)
 {
     for (CaseRow row : CaseRows(TEST_DATA "/ftp_replies.tsv", "silence")) {

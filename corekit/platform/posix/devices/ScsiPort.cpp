@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <map>
 #include <new>
+#include <span>
 
 namespace corekit::detail {
 namespace {
@@ -36,22 +37,24 @@ DWORD tellCapabilities(unsigned host, void* out, DWORD outSize, DWORD& returned)
     return NO_ERROR;
 }
 
-// Lays bus data and records out in a buffer; what does not fit is an error.
+// Lays bus data and records out in a buffer. Units behind those that fit are left out: an adaptor with many
+// more is still of use.
 class InquiryWriter {
 public:
     InquiryWriter(BYTE* out, DWORD size) : m_out(out), m_size(size) {}
 
-    DWORD write(const std::vector<ScsiUnit>& units, DWORD& returned)
+    DWORD write(std::span<const ScsiUnit> units, DWORD& returned)
     {
-        std::map<unsigned, std::vector<const ScsiUnit*>> buses;
-        for (const ScsiUnit& unit : units) buses[unit.bus].push_back(&unit);
-        const unsigned count = buses.empty() ? 1 : buses.rbegin()->first + 1;
+        const unsigned count = units.empty() ? 1 : units.back().bus + 1;
         m_used = offsetof(SCSI_ADAPTER_BUS_INFO, BusData) + count * sizeof(SCSI_BUS_DATA);
         if (count > 255 || m_used > m_size) return ERROR_INSUFFICIENT_BUFFER;
+        std::map<unsigned, std::vector<const ScsiUnit*>> buses;
+        for (const ScsiUnit& unit :
+             units.first(std::min<std::size_t>(units.size(), (m_size - m_used) / recordSize)))
+            buses[unit.bus].push_back(&unit);
         std::memset(m_out, 0, m_used);
         m_out[0] = static_cast<BYTE>(count);
-        for (const auto& [bus, members] : buses)
-            if (!writeBus(bus, members)) return ERROR_INSUFFICIENT_BUFFER;
+        for (const auto& [bus, members] : buses) writeBus(bus, members);
         returned = m_used;
         return NO_ERROR;
     }
@@ -60,21 +63,18 @@ private:
     static constexpr DWORD recordSize = offsetof(SCSI_INQUIRY_DATA, InquiryData) + sizeof(Inquiry);
     static_assert(recordSize % alignof(DWORD) == 0);
 
-    bool writeBus(unsigned bus, const std::vector<const ScsiUnit*>& units)
+    void writeBus(unsigned bus, const std::vector<const ScsiUnit*>& units)
     {
         SCSI_BUS_DATA data{};
         data.NumberOfLogicalUnits = static_cast<BYTE>(std::min<std::size_t>(units.size(), 255));
         data.InitiatorBusId = 7;
         data.InquiryDataOffset = m_used;
         std::memcpy(m_out + offsetof(SCSI_ADAPTER_BUS_INFO, BusData) + bus * sizeof data, &data, sizeof data);
-        for (const ScsiUnit* unit : units)
-            if (!writeUnit(*unit, unit == units.back())) return false;
-        return true;
+        for (const ScsiUnit* unit : units) writeUnit(*unit, unit == units.back());
     }
 
-    bool writeUnit(const ScsiUnit& unit, bool isLast)
+    void writeUnit(const ScsiUnit& unit, bool isLast)
     {
-        if (m_size - m_used < recordSize) return false;
         SCSI_INQUIRY_DATA record{};
         record.PathId = static_cast<BYTE>(unit.bus);
         record.TargetId = static_cast<BYTE>(unit.id);
@@ -86,7 +86,6 @@ private:
         std::memcpy(m_out + m_used, &record, head);
         std::memcpy(m_out + m_used + head, unit.inquiry.data(), sizeof(Inquiry));
         m_used += recordSize;
-        return true;
     }
 
     BYTE* const m_out;
