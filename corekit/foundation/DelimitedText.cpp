@@ -17,6 +17,20 @@ std::basic_string_view<Ch> split(std::basic_string_view<Ch> text, Ch delimiter, 
     return text;
 }
 
+// What an array holds goes only when the new items are in it: the text may be one of the old ones.
+template <class Array>
+class OldItems {
+public:
+    explicit OldItems(Array& items) : m_items(items), m_count(items.GetSize()) {}
+    ~OldItems() { m_items.RemoveAt(0, m_count); }
+    OldItems(const OldItems&) = delete;
+    OldItems& operator=(const OldItems&) = delete;
+
+private:
+    Array& m_items;
+    const int m_count;
+};
+
 int lengthOf(std::size_t units) { return static_cast<int>(units); }
 
 CString lowBytes(std::u16string_view units)
@@ -31,7 +45,7 @@ CString lowBytes(std::u16string_view units)
 template <class Text, class Ch>
 void splitInto(CArray<Text, const Ch*>& items, const Ch* text, std::size_t length, Ch delimiter, Ch stand)
 {
-    items.RemoveAll();
+    const OldItems old(items);
     const auto add = [&](std::basic_string_view<Ch> item) {
         const int index = items.GetSize();
         items.SetSize(index + 1);
@@ -61,14 +75,14 @@ void splitLines(std::string_view text, bool skipEmpty, Add add)
 
 void ConvertDelimitedStringToArray(const char* text, CStringArray& items, char delimiter)
 {
-    items.RemoveAll();
+    const OldItems old(items);
     const auto add = [&](std::string_view item) { items.Add(CString(item.data(), lengthOf(item.size()))); };
     add(split(std::string_view(text), delimiter, add));
 }
 
 void ConvertDelimitedStringToArray(const WCHAR* text, CStringArray& items, WCHAR delimiter)
 {
-    items.RemoveAll();
+    const OldItems old(items);
     const auto add = [&](std::u16string_view item) { items.Add(lowBytes(item)); };
     add(split(std::u16string_view(text, crt16::wcslen(text)), delimiter, add));
 }
@@ -91,14 +105,14 @@ void ConvertDelimitedStringToArray(const WCHAR* text, CArray<StringW, const WCHA
 
 void ConvertBufferIntoLines(const char* text, CStringArray& lines, int skipEmpty)
 {
-    lines.RemoveAll();
+    const OldItems old(lines);
     splitLines(text, skipEmpty != 0,
                [&](std::string_view line) { lines.Add(CString(line.data(), lengthOf(line.size()))); });
 }
 
 void ConvertBufferIntoLines(const char* text, CArray<StringA, const char*>& lines, int skipEmpty)
 {
-    lines.RemoveAll();
+    const OldItems old(lines);
     splitLines(text, skipEmpty != 0, [&](std::string_view line) {
         lines.SetSize(lines.GetSize() + 1);
         lines[lines.GetUpperBound()] = StringA(line.data(), lengthOf(line.size()));

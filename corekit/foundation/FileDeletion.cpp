@@ -78,10 +78,11 @@ void File_DeleteFilesOlderThan(const char* pattern, int days, int force)
 
 void File_DeleteDirectoryContents(const char* directory, int force)
 {
+    if (!directory || !*directory) return; // with a separator behind it that would be the root
     // Open searches do not pile up while the folders below are emptied.
     std::vector<std::string> folders;
     SetLastError(NO_ERROR);
-    forEachMatch(std::string(directory ? directory : "") + "\\*.*",
+    forEachMatch(std::string(directory) + "\\*.*",
                  [&](const std::string& path, const WIN32_FIND_DATAA& data) {
                      if (isFolder(data))
                          folders.push_back(path);

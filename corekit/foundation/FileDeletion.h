@@ -15,8 +15,8 @@ COREKIT_API void File_DeleteFilesMatchingPattern(const char* pattern, int force)
 // Those of them that were last written more than `days` whole days ago.
 COREKIT_API void File_DeleteFilesOlderThan(const char* pattern, int days, int force);
 
-// All that is in the folder; nothing, and a success, if it is missing or cannot be read. A path that grows
-// past what the system takes ends it with message::deleteDirectoryFailed.
+// All that is in the folder; nothing, and a success, if it is missing, cannot be read or is the empty text. A
+// path that grows past what the system takes ends it with message::deleteDirectoryFailed.
 COREKIT_API void File_DeleteDirectoryContents(const char* directory, int force);
 // The folder as well; of a link to a folder the link alone. message::deleteDirectoryFailed over the
 // system's reason.

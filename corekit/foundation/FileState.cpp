@@ -24,16 +24,16 @@ int File_GetLastModifyTime(const char* path, _FILETIME& time)
 
 DWORD File_GetSize(const char* path)
 {
+    if (!path || !*path) return INVALID_FILE_SIZE;
     const HANDLE file = CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, 0, nullptr);
     if (file != INVALID_HANDLE_VALUE) {
-        const DWORD size = GetFileSize(file, nullptr);
+        const DWORD size = GetFileType(file) == FILE_TYPE_DISK ? GetFileSize(file, nullptr) : 0;
         CloseHandle(file);
         return size;
     }
-    const DWORD attributes = GetFileAttributesA(path);
-    const bool isFolder = attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_DIRECTORY;
-    return isFolder ? 0 : INVALID_FILE_SIZE;
+    const std::string inside = std::string(path) + "\\."; // of a link, in the folder behind it
+    return GetFileAttributesA(inside.c_str()) != INVALID_FILE_ATTRIBUTES ? 0 : INVALID_FILE_SIZE;
 }
 
 DWORDLONG GetFreeBytesOnDisk(const char* path)

@@ -200,7 +200,7 @@ Ch* SharedText<Self, Ch>::LockBuffer()
 template <class Self, class Ch>
 void SharedText<Self, Ch>::UnlockBuffer()
 {
-    if (!IsEmptyBuffer()) InterlockedExchange(&GetData()->nRefs, 1);
+    if (IsLocked()) InterlockedExchange(&GetData()->nRefs, 1);
 }
 
 template <class Self, class Ch>

@@ -142,9 +142,8 @@ long time_GetTimeValue(std::tm& t, int bFromLocal)
 {
     if (!yearFits(t)) return -1;
     if (t.tm_mon < 0 || t.tm_mon > 11) {
-        const int years = t.tm_mon / 12 - (t.tm_mon % 12 < 0 ? 1 : 0);
-        t.tm_mon -= years * 12;
-        t.tm_year += years;
+        t.tm_year += t.tm_mon / 12 - (t.tm_mon % 12 < 0 ? 1 : 0);
+        t.tm_mon = (t.tm_mon % 12 + 12) % 12;
         if (!yearFits(t)) return -1;
     }
     const std::optional<LONG> seconds = secondsOf(t);
@@ -206,7 +205,7 @@ _FILETIME FileTimeFromUnixTime(const long& t)
 long UnixTimeFromFileTime(const _FILETIME& t)
 {
     const DWORDLONG ticks = static_cast<DWORDLONG>(t.dwHighDateTime) << 32 | t.dwLowDateTime;
-    return static_cast<long>((static_cast<LONGLONG>(ticks) - fileTimeOfEpoch) / 10000000);
+    return static_cast<long>(static_cast<LONGLONG>(ticks - fileTimeOfEpoch) / 10000000);
 }
 
 CTimecode CTimecode::LocalToUTC() const { return time_LocalToUTC(*this); }

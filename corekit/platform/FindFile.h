@@ -1,8 +1,9 @@
 // Looking through a folder.
 //
 // A pattern is a path whose last part may hold * (any characters, also none) and ? (one character); "*.*"
-// takes every name, with a dot or without. Names are told as they are, links as themselves; case counts. The
-// names are taken when the search begins, in the order of their bytes, so a caller may delete what it finds.
+// takes every name, with a dot or without. Names are told as they are, links as themselves; case counts. A
+// name with a `\` in it is passed over: as part of a path it would lead elsewhere. The names are taken when
+// the search begins, in the order of their bytes, so a caller may delete what it finds.
 #pragma once
 
 #include "corekit/platform/Export.h"

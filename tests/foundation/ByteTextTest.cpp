@@ -103,6 +103,9 @@ TEST(DelimitedText, TheEndOfTheTextIsTreatedByTheKindOfArray)
     }
     ConvertDelimitedStringToArray(u"\u0141b;c", strings, u';');
     EXPECT_EQ(Listed(strings), (Items{"Ab", "c"}));
+    ConvertDelimitedStringToArray("a;b,c;d", strings, ';');
+    ConvertDelimitedStringToArray(strings[1], strings, ','); // an item of the array itself
+    EXPECT_EQ(Listed(strings), (Items{"b", "c"}));
     CArray<StringW, const WCHAR*> wide;
     ConvertDelimitedStringToArray(u"a|b,c", wide, u',', u'|');
     EXPECT_EQ(wide[0], u"a,b");

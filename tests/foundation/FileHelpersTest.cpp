@@ -61,6 +61,10 @@ TEST_F(FileHelpers, SizesAndTimesAreThoseOfTheFile)
     fs::resize_file(path, (5ull << 32) + 7);
     EXPECT_EQ(File_GetSize(path.c_str()), 7u);
     EXPECT_EQ(File_GetSize((m_folder / "none").c_str()), 0xFFFFFFFFu);
+    fs::create_directory_symlink(m_folder.Path(), m_folder / "folder");
+    for (const std::string& unsized : {m_folder.Path(), m_folder / "folder", std::string("/dev/null")})
+        EXPECT_EQ(File_GetSize(unsized.c_str()), 0u) << unsized;
+    EXPECT_EQ(File_GetSize(""), 0xFFFFFFFFu);
     struct timespec times[2] = {{0, UTIME_OMIT}, {1'000'000'000, 123'456'700}};
     utimensat(AT_FDCWD, path.c_str(), times, 0);
     _WIN32_FILE_ATTRIBUTE_DATA data{};
@@ -148,6 +152,17 @@ TEST_F(FileHelpers, DeletingATreeFollowsNoLink)
     EXPECT_TRUE(fs::exists(kept));
     EXPECT_EQ(ThrownLine([&] { File_DeleteDirectoryAndContents(tree.c_str(), 1); }),
               "Delete directory failed, directory=" + tree);
+}
+
+TEST_F(FileHelpers, ANameWithASeparatorLeadsNowhere)
+{
+    for (const char* name : {"kept", "box/..\\kept", "box/plain"}) Make(name);
+    const std::string box = m_folder / "box";
+    File_DeleteFilesMatchingPattern((m_folder / "box/..*").c_str(), 1);
+    EXPECT_EQ(ThrownLine([&] { File_DeleteDirectoryAndContents(box.c_str(), 1); }),
+              "Delete directory failed, directory=" + box);
+    EXPECT_TRUE(Exists("kept") && Exists("box/..\\kept"));
+    EXPECT_FALSE(Exists("box/plain"));
 }
 
 TEST_F(FileHelpers, ATreeDeeperThanAPathEndsWithAMessage)

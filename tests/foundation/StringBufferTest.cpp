@@ -76,6 +76,8 @@ TYPED_TEST(SharedBuffer, CopiesShareUntilOneIsWritten)
     assigned = source;
     EXPECT_EQ(copy.GetData(), source.GetData());
     this->ExpectHeader(source, 3, 3, 3);
+    copy.UnlockBuffer(); // which it is already
+    this->ExpectHeader(source, 3, 3, 3);
     copy.SetAt(1, 'x');
     EXPECT_EQ(this->Ascii(copy), "axc");
     EXPECT_EQ(this->Ascii(source), "abc");

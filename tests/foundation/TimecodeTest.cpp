@@ -173,6 +173,6 @@ TEST(TimeFunctions, FileTimesCountFrom1601)
 {
     const _FILETIME epoch = FileTimeFromUnixTime(0);
     EXPECT_EQ(static_cast<DWORDLONG>(epoch.dwHighDateTime) << 32 | epoch.dwLowDateTime, 116444736000000000u);
-    for (long t : {0L, 1L, 946684800L, -11644473600L})
+    for (long t : {0L, 1L, 946684800L, -11644473600L, 910692730086L})
         EXPECT_EQ(UnixTimeFromFileTime(FileTimeFromUnixTime(t)), t);
 }

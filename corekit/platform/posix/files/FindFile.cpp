@@ -83,7 +83,8 @@ std::vector<std::string> namesIn(int folder, const std::string& pattern)
     const std::unique_ptr<DIR, CloseListing> listing(fd < 0 ? nullptr : ::fdopendir(fd));
     if (!listing && fd >= 0) ::close(fd);
     while (const dirent* entry = listing ? ::readdir(listing.get()) : nullptr)
-        if (matches(pattern.c_str(), entry->d_name)) names.emplace_back(entry->d_name);
+        if (!std::strchr(entry->d_name, '\\') && matches(pattern.c_str(), entry->d_name))
+            names.emplace_back(entry->d_name);
     std::ranges::sort(names);
     return names;
 }
