@@ -138,7 +138,10 @@ void CServiceApp::InternalServiceMain(unsigned long, char**)
 int CServiceApp::RunService()
 {
     SetStatus(SERVICE_START_PENDING);
-    InitAlertSink();
+    if (!InitAlertSink()) {
+        SetStatus(SERVICE_STOPPED);
+        return startFailed;
+    }
     const bool hasStarted = OnServiceStart() != 0;
     if (hasStarted) {
         SetStatus(SERVICE_RUNNING);
@@ -152,13 +155,17 @@ int CServiceApp::RunService()
     return hasStarted ? m_exitCode.load() : startFailed;
 }
 
-void CServiceApp::InitAlertSink()
-{
+bool CServiceApp::InitAlertSink()
+try {
     CRegistryKey key;
     key.Create(HKEY_LOCAL_MACHINE, GetRegistryKeyName());
     CAlertSinkConfig config;
     config.LoadConfig(key);
-    m_alerts.Initialise(config, m_name);
+    return m_alerts.Initialise(config, m_name) != 0;
+} catch (CException* e) {
+    m_alerts.AlertException(alertMajorError, "Failed to open service settings", e);
+    e->Delete();
+    return false;
 }
 
 void CServiceApp::WaitForStop()

@@ -71,7 +71,8 @@ protected:
     virtual int OnServiceStart() = 0;
     // Stops the work; also called after a start that failed.
     virtual void OnServiceStop() = 0;
-    // The key below HKEY_LOCAL_MACHINE that holds the service's settings.
+    // The key below HKEY_LOCAL_MACHINE that holds the service's settings. Where it can neither be opened nor
+    // made, the start has failed before OnServiceStart, which is reported.
     virtual CString GetRegistryKeyName() = 0;
     // Calls ExitService.
     virtual void OnControlStop() = 0;
@@ -101,7 +102,7 @@ private:
     int DoConsoleStart();
     int DoServiceStart();
     int RunService();
-    void InitAlertSink();
+    bool InitAlertSink(); // false with an alert where the settings cannot be had
     void WaitForStop();
     void LogEvent(eAlertCategory category, const char* text);
     void OnControlInterrogate();

@@ -129,6 +129,14 @@ TEST_F(ServiceApp, AFailedStartIsReportedAndEndsWithMinusOne)
     EXPECT_EQ(last, "STATUS=Stopped");
 }
 
+TEST_F(ServiceApp, WithoutItsSettingsItSaysSoAndDoesNotStart)
+{
+    Child service = Start({}, {{"COREKIT_HOME", "/proc/none"}});
+    EXPECT_EQ(service.End(), 255);
+    EXPECT_EQ(ReadWhole(folder / "events").rfind("3 Test Service: Failed to open service settings\n", 0), 0u);
+    EXPECT_FALSE(std::filesystem::exists(folder / "log.log")) << "it began its work";
+}
+
 TEST_F(ServiceApp, ControlsComeBySignalAndSocket)
 {
     Child service = Start({}, {{"TEST_PAUSES", "1"}});
