@@ -131,7 +131,7 @@ draw_demo() {
 }
 
 window_tests=(windows_ui controls_ui dialogs_ui edit_ui drawing_ui graphics_ui hosts_ui unicode_ui foundation_ui
-    platform_ui x11_ui)
+    platform_ui x11_ui windows_components_ui prompter_ui devices_ui)
 
 # sanitize_windows [PATTERN]: only what these tests need is built.
 sanitize_windows() {

@@ -1,4 +1,4 @@
-// Another program that holds the clipboard, in a manner of its own.
+// Another program that holds the clipboard and what is selected and dragged, in a manner of its own.
 #pragma once
 
 #include <csignal>
@@ -18,6 +18,7 @@ enum class Manner { hangs, diesInTheMidst, sendsSteadily, sendsNumbers, changesT
 class ClipboardHolder {
 public:
     static constexpr int pieces = 48, pieceSize = 64 << 10;
+    static constexpr xcb_timestamp_t dropTime = 4711; // at which alone it gives what is dragged
 
     // To be made before there are threads; it waits for Begin.
     explicit ClipboardHolder(Manner manner) : m_manner(manner)
@@ -46,7 +47,6 @@ public:
         return write(m_begin[1], &c, 1) == 1 && read(m_begun[0], &c, 1) == 1;
     }
 
-private:
     static xcb_atom_t Atom(xcb_connection_t* x, std::string_view name)
     {
         const auto asked = xcb_intern_atom(x, 0, static_cast<std::uint16_t>(name.size()), name.data());
@@ -56,6 +56,7 @@ private:
         return atom;
     }
 
+private:
     void Hold()
     {
         m_x = xcb_connect(nullptr, nullptr);
@@ -66,8 +67,9 @@ private:
         m_utf8 = Atom(m_x, "UTF8_STRING");
         m_targets = Atom(m_x, "TARGETS");
         m_incr = Atom(m_x, "INCR");
-        const xcb_atom_t clipboard = Atom(m_x, "CLIPBOARD");
-        xcb_set_selection_owner(m_x, window, clipboard, XCB_CURRENT_TIME);
+        m_dragged = Atom(m_x, "XdndSelection");
+        for (const xcb_atom_t held : {Atom(m_x, "CLIPBOARD"), xcb_atom_t{XCB_ATOM_PRIMARY}, m_dragged})
+            xcb_set_selection_owner(m_x, window, held, XCB_CURRENT_TIME);
         Atom(m_x, "CLIPBOARD"); // the server has done it
         const char c = 0;
         if (write(m_begun[1], &c, 1) != 1) return;
@@ -83,7 +85,9 @@ private:
 
     void Answer(const xcb_selection_request_event_t& asked)
     {
-        if (asked.target == m_targets) {
+        const bool isRefused = asked.selection == m_dragged && asked.time != dropTime;
+        if (isRefused) {
+        } else if (asked.target == m_targets) {
             const xcb_atom_t all[] = {m_targets, m_utf8};
             Put(asked.requestor, asked.property, XCB_ATOM_ATOM, 32, 2, all);
         } else if (m_manner == Manner::hangs) {
@@ -103,7 +107,7 @@ private:
         told.requestor = asked.requestor;
         told.selection = asked.selection;
         told.target = asked.target;
-        told.property = asked.property;
+        told.property = isRefused ? xcb_atom_t{XCB_ATOM_NONE} : asked.property;
         xcb_send_event(m_x, 0, asked.requestor, 0, reinterpret_cast<const char*>(&told));
         xcb_flush(m_x);
     }
@@ -133,6 +137,6 @@ private:
     pid_t m_process = -1;
     int m_begin[2], m_begun[2];
     xcb_connection_t* m_x = nullptr;
-    xcb_atom_t m_utf8 = 0, m_targets = 0, m_incr = 0;
+    xcb_atom_t m_utf8 = 0, m_targets = 0, m_incr = 0, m_dragged = 0;
     int m_sent = pieces + 1; // none under way
 };

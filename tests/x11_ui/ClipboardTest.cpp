@@ -1,5 +1,6 @@
 // The clipboard while another program holds it.
 #include "corekit/platform/Clipboard.h"
+#include "corekit/platform/ComboBoxes.h"
 #include "corekit/platform/Controls.h"
 #include "corekit/platform/Edits.h"
 #include "corekit/platform/Input.h"
@@ -11,9 +12,11 @@
 
 #include "Becomes.h"
 #include "ClipboardHolder.h"
+#include "DragSource.h"
 #include "XServer.h"
 
 #include <QApplication>
+#include <QWidget>
 
 #include <csignal>
 #include <cstring>
@@ -96,9 +99,11 @@ struct Edits {
                                nullptr, nullptr);
     }
 
-    HWND frame = CreateWindowExA(0, WC_STATICA, "", WS_POPUP | WS_VISIBLE, 0, 0, 200, 60, nullptr, nullptr,
+    HWND frame = CreateWindowExA(0, WC_STATICA, "", WS_POPUP | WS_VISIBLE, 0, 0, 200, 120, nullptr, nullptr,
                                  nullptr, nullptr);
     HWND line = Child(0, 0), lines = Child(ES_MULTILINE, 30);
+    HWND combo = CreateWindowExA(0, WC_COMBOBOXA, "", WS_CHILD | WS_VISIBLE | CBS_DROPDOWN, 0, 60, 200, 120,
+                                 frame, nullptr, nullptr, nullptr);
 };
 
 std::u16string TextOf(HWND window)
@@ -135,6 +140,23 @@ TEST(ClipboardOnX, AnOwnerThatHangsOrGoesHoldsNobodyUp)
     EXPECT_EQ(TextOf(edits.line), u"again");
 }
 
+// Every way in which a user asks for the clipboard, the selection or the menu that has a word for pasting.
+void AskEverywhere(const Edits& edits)
+{
+    for (const HWND edit : {edits.line, edits.lines, edits.combo}) {
+        SetFocus(edit);
+        PressKey('V', {VK_CONTROL});
+        PressKey(VK_INSERT, {VK_SHIFT});
+        SendMessageA(edit, WM_PASTE, 0, 0);
+        Click(edit, {20, 10}, Button::middle);
+        Click(edit, {20, 10}, Button::right);
+        QWidget* const menu = QApplication::activePopupWidget();
+        ASSERT_TRUE(menu);
+        menu->close();
+        EXPECT_EQ(GetWindowTextLengthA(edit), 0);
+    }
+}
+
 // Whoever offers a text and then does not give it is as one who has none, at each of many pastes; the toolkit
 // would wait for that one at each.
 TEST(ClipboardOnX, ATextThatIsOfferedIsReadWholeOrNotAtAll)
@@ -154,12 +176,7 @@ TEST(ClipboardOnX, ATextThatIsOfferedIsReadWholeOrNotAtAll)
         EXPECT_TRUE(IsClipboardFormatAvailable(CF_UNICODETEXT));
         for (int times = 0; times < 20; ++times) {
             EXPECT_EQ(ClipboardText(), u"");
-            for (const HWND edit : {line, edits.lines}) {
-                SetFocus(edit);
-                PressKey('V', {VK_CONTROL});
-                SendMessageA(edit, WM_PASTE, 0, 0);
-                EXPECT_EQ(GetWindowTextLengthA(edit), 0);
-            }
+            AskEverywhere(edits);
         }
     }
     ASSERT_TRUE(steady.Begin());
@@ -172,6 +189,28 @@ TEST(ClipboardOnX, ATextThatIsOfferedIsReadWholeOrNotAtAll)
     EXPECT_EQ(TextOf(line), u"[xxxxxxxxxx]");
     SendMessageA(line, EM_UNDO, 0, 0);
     EXPECT_EQ(TextOf(line), u"[]");
+}
+
+// The toolkit would wait five seconds at each question, and longer than a test may last at these.
+TEST(DragsOnX, ASourceThatHangsHoldsNobodyUp)
+{
+    ASSERT_TRUE(Server().IsRunning());
+    ClipboardHolder hung(Manner::hangs), steady(Manner::sendsSteadily);
+    ASSERT_TRUE(StartToolkit());
+    const Edits edits;
+    SetWindowLongA(edits.frame, GWL_EXSTYLE, WS_EX_ACCEPTFILES);
+    SendMessageA(edits.line, EM_SETLIMITTEXT, 12, 0);
+    DragSource source(static_cast<xcb_window_t>(QApplication::focusWidget()->window()->winId()));
+    ASSERT_TRUE(hung.Begin());
+    for (int times = 0; times < 10; ++times)
+        for (const int y : {10, 40, 70, 110}) {
+            EXPECT_TRUE(source.Drop("UTF8_STRING", 20, y));
+            EXPECT_TRUE(source.Drop("text/uri-list", 20, y));
+        }
+    EXPECT_EQ(TextOf(edits.line) + TextOf(edits.lines) + TextOf(edits.combo), u"");
+    ASSERT_TRUE(steady.Begin());
+    EXPECT_TRUE(source.Drop("UTF8_STRING", 20, 10));
+    EXPECT_EQ(TextOf(edits.line), u"xxxxxxxxxxxx");
 }
 
 } // namespace

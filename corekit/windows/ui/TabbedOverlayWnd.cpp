@@ -272,7 +272,7 @@ void CTabbedOverlayWnd::SetActivePane(int index)
 {
     ShowPane(index);
     CWnd* const pane = GetPane(index);
-    const HWND window = pane->GetSafeHwnd();
+    const HWND window = pane ? pane->GetSafeHwnd() : nullptr;
     auto* const view = dynamic_cast<CView*>(pane);
     if (CFrameWnd* const frame = view ? view->GetParentFrame() : nullptr)
         frame->SetActiveView(view);

@@ -400,6 +400,7 @@ void DropCombo::begin(const CREATESTRUCTA& create)
     if ((style() & CBS_DROPDOWNLIST) == CBS_DROPDOWN) {
         face()->setEditable(true);
         face()->setLineEdit(new LineFace(face()));
+        line()->setContextMenuPolicy(Qt::DefaultContextMenu); // the toolkit leaves the menu to the box
         face()->setCompleter(nullptr);
         listenToField();
     }

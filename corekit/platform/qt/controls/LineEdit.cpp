@@ -1,9 +1,12 @@
 #include "corekit/platform/qt/controls/LineEdit.h"
+
+#include "corekit/platform/qt/controls/LineMenu.h"
 #include "corekit/platform/qt/windows/ReadableMedia.h"
 
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QSignalBlocker>
 
@@ -143,10 +146,11 @@ void LineFace::mouseReleaseEvent(QMouseEvent* event)
     pasteFrom(QClipboard::Selection);
 }
 
-// Before it shows its menu, the toolkit fetches the text to see whether there is any.
 void LineFace::contextMenuEvent(QContextMenuEvent* event)
 {
-    if (isLeftToToolkit()) QLineEdit::contextMenuEvent(event);
+    QMenu* const menu = makeLineMenu(*this, [this] { pasteFrom(QClipboard::Clipboard); });
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(event->globalPos());
 }
 
 QRect LineFace::placeOf(int position)

@@ -4,6 +4,7 @@
 #include "corekit/platform/posix/user/WindowTable.h"
 #include "corekit/platform/qt/windows/BareWindow.h"
 #include "corekit/platform/qt/windows/DropEvents.h"
+#include "corekit/platform/qt/windows/ForeignDrags.h"
 #include "corekit/platform/qt/windows/FrameDragging.h"
 #include "corekit/platform/qt/windows/WindowState.h"
 #include "corekit/platform/qt/windows/WindowTables.h"
@@ -84,7 +85,8 @@ public:
         if (!receiver->isWidgetType()) {
             if (event->type() == QEvent::ApplicationPaletteChange && receiver == QCoreApplication::instance())
                 tellColours();
-            return receiver->isWindowType() && isRefused(receiver, event);
+            return receiver->isWindowType() &&
+                   (isRefused(receiver, event) || passForeignDrag(receiver, event));
         }
         return isInputType(event->type()) ? input(static_cast<QWidget&>(*receiver), event)
                                           : fromWithin(static_cast<QWidget&>(*receiver), event);
@@ -202,6 +204,7 @@ bool installFilter()
     filter = new Filter;
     filter->setParent(QCoreApplication::instance());
     QCoreApplication::instance()->installEventFilter(filter);
+    watchForeignDrags();
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, filter,
                      [](Qt::ApplicationState state) { tellProgramActive(state == Qt::ApplicationActive); });
     QGuiApplication::setQuitOnLastWindowClosed(false);

@@ -17,10 +17,6 @@ bool isHeldElsewhere(QClipboard::Mode mode = QClipboard::Clipboard);
 // has the limits).
 const QMimeData* readableMedia(QClipboard::Mode mode = QClipboard::Clipboard);
 QString readableText(QClipboard::Mode mode = QClipboard::Clipboard);
-// Whether the toolkit may read the text by itself: false if another program holds it and did not answer, or
-// did not give the text that it offers.
-bool isLeftToToolkit(QClipboard::Mode mode = QClipboard::Clipboard);
-
 // That, for what the toolkit is about to paste from the clipboard; what is dropped stays what it is.
 const QMimeData* readable(const QMimeData* media);
 

@@ -68,22 +68,23 @@ xcb_window_t SelectionReader::holderOf(xcb_atom_t selection) const
 std::vector<xcb_atom_t> SelectionReader::targets(xcb_atom_t selection)
 {
     const xcb_atom_t target = atom("TARGETS");
-    const auto said = ask(selection, target, patienceForTargets);
+    const auto said = ask(selection, target, XCB_CURRENT_TIME, patienceForTargets);
     if (!said || said->unitBits != 32 || (said->type != XCB_ATOM_ATOM && said->type != target)) return {};
     std::vector<xcb_atom_t> all(static_cast<std::size_t>(said->bytes.size()) / sizeof(xcb_atom_t));
     if (!all.empty()) std::memcpy(all.data(), said->bytes.constData(), all.size() * sizeof(xcb_atom_t));
     return all;
 }
 
-std::optional<SelectionReader::Data> SelectionReader::read(xcb_atom_t selection, xcb_atom_t target)
+std::optional<SelectionReader::Data> SelectionReader::read(xcb_atom_t selection, xcb_atom_t target,
+                                                           xcb_timestamp_t time)
 {
-    return ask(selection, target, patienceForData);
+    return ask(selection, target, time, patienceForData);
 }
 
 // Each question has a window of its own, so that what comes too late for one is no answer to the next. The
 // last that went wrong stays for what still comes: a program may end by writing to one that is gone.
 std::optional<SelectionReader::Data> SelectionReader::ask(xcb_atom_t selection, xcb_atom_t target,
-                                                          Clock::duration patience)
+                                                          xcb_timestamp_t time, Clock::duration patience)
 {
     if (xcb_connection_has_error(m_connection)) return {};
     const xcb_window_t holder = holderOf(selection);
@@ -94,7 +95,7 @@ std::optional<SelectionReader::Data> SelectionReader::ask(xcb_atom_t selection, 
     Request request{newWindow(), holder, selection, target, patience, now + patience, now + longestRead};
     const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_connection, holder, XCB_CW_EVENT_MASK, &events);
-    xcb_convert_selection(m_connection, request.window, selection, target, m_property, XCB_CURRENT_TIME);
+    xcb_convert_selection(m_connection, request.window, selection, target, m_property, time);
     auto answer = answerTo(request);
     if (request.isGivenUp && !request.isHolderGone) {
         m_silent = holder;
@@ -201,6 +202,12 @@ bool SelectionReader::awaits(Request& request, Wanted wanted)
         poll(&ready, 1, static_cast<int>(std::chrono::ceil<std::chrono::milliseconds>(left).count()));
     }
     return false;
+}
+
+SelectionReader& selectionReader()
+{
+    static auto* const only = new SelectionReader;
+    return *only;
 }
 
 } // namespace corekit::detail

@@ -33,7 +33,9 @@ public:
     xcb_window_t holderOf(xcb_atom_t selection) const;
     // What it says it has; nothing if it does not say.
     std::vector<xcb_atom_t> targets(xcb_atom_t selection);
-    std::optional<Data> read(xcb_atom_t selection, xcb_atom_t target);
+    // Some give what they hold only at the time of what made it wanted.
+    std::optional<Data> read(xcb_atom_t selection, xcb_atom_t target,
+                             xcb_timestamp_t time = XCB_CURRENT_TIME);
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -45,7 +47,8 @@ private:
         bool isGivenUp = false, isHolderGone = false;
     };
 
-    std::optional<Data> ask(xcb_atom_t selection, xcb_atom_t target, Clock::duration patience);
+    std::optional<Data> ask(xcb_atom_t selection, xcb_atom_t target, xcb_timestamp_t time,
+                            Clock::duration patience);
     std::optional<Data> answerTo(Request& request);
     std::optional<Data> pieces(Request& request);
     std::optional<Data> take(xcb_window_t window);
@@ -59,5 +62,8 @@ private:
     std::map<std::string, xcb_atom_t> m_atoms;
     xcb_atom_t m_property = XCB_ATOM_NONE, m_incremental = XCB_ATOM_NONE;
 };
+
+// The one of the toolkit's thread.
+SelectionReader& selectionReader();
 
 } // namespace corekit::detail
