@@ -1,14 +1,20 @@
 #include "corekit/foundation/TimeFunctions.h"
 
 #include "corekit/foundation/TestClock.h"
+#include "corekit/framework/CodePageText.h"
 #include "corekit/framework/MessageBox.h"
 #include "corekit/platform/SystemTime.h"
 #include "corekit/resources/Messages.h"
 
+#include <algorithm>
 #include <atomic>
 #include <climits>
+#include <cwchar>
 #include <optional>
 #include <string>
+#include <string_view>
+
+using namespace corekit::detail;
 
 namespace {
 constexpr long secondsPerDay = 86400;
@@ -78,35 +84,38 @@ std::optional<LONG> secondsOf(const std::tm& t)
 
 bool yearFits(const std::tm& t) { return t.tm_year >= 69 && t.tm_year <= 139; }
 
+// The runtime's wide characters have 32 bits.
+std::u16string formatted(std::u16string_view format, const std::tm& t)
+{
+    wchar_t text[room];
+    const std::wstring pattern(format.begin(), format.end());
+    const std::size_t length = std::wcsftime(text, room, pattern.c_str(), &t);
+    std::u16string units;
+    for (const wchar_t c : std::wstring_view(text, length)) {
+        if (c < 0x10000)
+            units += static_cast<WCHAR>(c);
+        else
+            units += {static_cast<WCHAR>(0xD7C0 + (c >> 10)), static_cast<WCHAR>(0xDC00 | (c & 0x3FF))};
+    }
+    return units;
+}
+
+std::ptrdiff_t countBeyondAscii(std::string_view text)
+{
+    return std::ranges::count_if(text, [](char c) { return (c & 0x80) != 0; });
+}
+
 template <class Text>
 void formatNarrow(Text& out, const char* format, const std::tm& t)
 {
     const std::string pattern = format ? format : ""; // it may be out's own text
     char* buffer = out.GetBuffer(room);
-    if (std::strftime(buffer, room, pattern.c_str(), &t) == 0) buffer[0] = 0;
-    out.ReleaseBuffer(-1);
-}
-
-// A conversion goes through the narrow function; all other units are copied.
-StringW formatWide(const WCHAR* format, const std::tm& t)
-{
-    StringW result;
-    for (const WCHAR* at = format ? format : u""; *at;) {
-        const WCHAR* from = at++;
-        if (*from != '%') {
-            while (*at && *at != '%') ++at;
-            result += StringW(from, static_cast<int>(at - from));
-            continue;
-        }
-        std::string pattern = "%";
-        if (*at == 'E' || *at == 'O' || *at == '#') pattern += static_cast<char>(*at++);
-        if (*at == 0 || *at > 126) continue;
-        pattern += static_cast<char>(*at++);
-        CString piece;
-        formatNarrow(piece, pattern.c_str(), t);
-        result += StringW(piece.GetString());
-    }
-    return result.GetLength() < room ? result : StringW();
+    const std::size_t length = std::strftime(buffer, room, pattern.c_str(), &t);
+    buffer[length] = 0;
+    if (countBeyondAscii({buffer, length}) == countBeyondAscii(pattern)) return out.ReleaseBuffer(-1);
+    // Names of the user's language, which are not in the active code page.
+    const std::string names = narrowText(formatted(wideText(pattern), t));
+    out = Text(names.data(), static_cast<int>(names.size()));
 }
 
 template <class Text, class Char>
@@ -153,7 +162,11 @@ long time_GetTimeValue(std::tm& t, int bFromLocal)
 
 void time_FormatString(CString& out, const char* format, const std::tm& t) { formatNarrow(out, format, t); }
 void time_FormatString(StringA& out, const char* format, const std::tm& t) { formatNarrow(out, format, t); }
-void time_FormatString(StringW& out, const WCHAR* format, const std::tm& t) { out = formatWide(format, t); }
+void time_FormatString(StringW& out, const WCHAR* format, const std::tm& t)
+{
+    const std::u16string text = formatted(format ? format : u"", t);
+    out = StringW(text.data(), static_cast<int>(text.size()));
+}
 
 void time_FormatString(CString& out, const char* format, long t, int bToLocal)
 {

@@ -29,8 +29,8 @@ COREKIT_API int time_GetTimeStructure(std::tm& out, long t, int bToLocal);
 // outside or passes 32 bits.
 COREKIT_API long time_GetTimeValue(std::tm& t, int bFromLocal);
 
-// strftime in the current locale, cut off at 4095 characters: a longer result is empty, and so is that of a
-// null format. The wide form converts each conversion on its own and copies all else as it stands.
+// strftime, or wcsftime, in the current locale, cut off at 4095 characters: a longer result is empty, and so
+// is that of a null format. Narrow names of months and days are in the active code page.
 COREKIT_API void time_FormatString(CString& out, const char* format, const std::tm& t);
 COREKIT_API void time_FormatString(StringA& out, const char* format, const std::tm& t);
 COREKIT_API void time_FormatString(StringW& out, const WCHAR* format, const std::tm& t);

@@ -2,6 +2,7 @@
 
 #include "corekit/platform/qt/windows/NeverDestroyed.h"
 
+#include <clocale>
 #include <QApplication>
 
 namespace {
@@ -28,6 +29,11 @@ void passOnMessage(QtMsgType type, const QMessageLogContext& context, const QStr
 {
     if (!message.startsWith(QLatin1String("QStandardPaths: "))) elsewhere(type, context, message);
 }
+
+// The toolkit takes over the user's locale; numbers that the runtime writes and reads keep their point, so
+// that what one user has stored another can read.
+void keepDecimalPoint() { std::setlocale(LC_NUMERIC, "C"); }
+Q_COREAPP_STARTUP_FUNCTION(keepDecimalPoint)
 
 // Whether it was this library's choice to draw into memory.
 bool isUnseen = false;
