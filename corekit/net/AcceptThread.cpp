@@ -141,6 +141,8 @@ void XSocketApi::RegisterListenSocket(XListenSocket* listener)
 
 void XSocketApi::Select(XListenSocket* listener)
 {
+    if (const AcceptEntry* const entry = FindEntry(listener))
+        return listener->WSAEventSelect(entry->event, FD_ACCEPT); // its socket may be another by now
     if (m_acceptCount == mostSockets) ThrowChainedException(nullptr, message::tooManyListenSockets);
     const HANDLE event = scCreateEvent(nullptr, 0, 0, nullptr);
     try {

@@ -47,7 +47,8 @@ public:
     // next one, and so is the mode.
     void Disconnect();
     int IsConnected() const { return m_socket != nullptr; } // also when the other side has gone
-    // Null for no callback. It is called on the thread of the operation; the text lives until it returns.
+    // Null for no callback. It is called on the thread of the operation, which it may end by Disconnect; the
+    // text lives until it returns.
     void SetLoggingCallback(LoggingCallback callback, void* context);
 
     // Milliseconds that a connect, a read or a write may wait, 30,000 at first; reads of a file in passive

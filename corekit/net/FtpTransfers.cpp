@@ -71,7 +71,7 @@ CFtpClient::Socket CFtpClient::SetupPassiveConnection()
     }
     FtpPassiveAddress told = passiveAddressIn({line.GetString(), static_cast<std::size_t>(line.GetLength())});
     sockaddr_in address{};
-    if (m_dataToControlHost) {
+    if (m_dataToControlHost && m_socket) {
         int length = sizeof address;
         XSocketApi::getpeername(*m_socket, reinterpret_cast<sockaddr*>(&address), &length);
         const auto* bytes = reinterpret_cast<const unsigned char*>(&address.sin_addr);

@@ -35,10 +35,10 @@ public:
     // so, and are served by the next thread.
     static void TerminateAcceptThread();
 
-    // For XListenSocket: serves the socket from now on, or no longer. At most 63 at a time. Throw messages
-    // message::socketRegisterFailed and message::socketRevokeFailed over the reason, which is
-    // message::tooManyListenSockets for the 64th socket and message::socketNotRegistered for one that is not
-    // served.
+    // For XListenSocket: serves the socket from now on, or no longer; registering one again changes nothing.
+    // At most 63 at a time. Throw message::socketRegisterFailed and message::socketRevokeFailed over the
+    // reason, which is message::tooManyListenSockets for the 64th socket and message::socketNotRegistered for
+    // one that is not served.
     static void RegisterListenSocket(XListenSocket* listener);
     static void RevokeListenSocket(XListenSocket* listener);
 

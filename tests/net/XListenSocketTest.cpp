@@ -126,6 +126,7 @@ TEST_F(Listening, RevokingTwiceIsAFailure)
 {
     Server server;
     server.start();
+    XSocketApi::RegisterListenSocket(&server); // is registered already
     const int port = server.port();
     server.Close();
     EXPECT_FALSE(connects(port));
@@ -141,6 +142,15 @@ TEST_F(Listening, ADetachedHandleLeavesNoListenerBehind)
         Server lost;
         lost.start();
         XSocket taker(lost.Detach());
+    }
+    {
+        Server moved;
+        moved.start();
+        XSocket taker(moved.Detach());
+        ASSERT_TRUE(moved.Create(AF_INET, SOCK_STREAM, IPPROTO_TCP, 1, 0));
+        moved.start(); // takes the place of the one before
+        ASSERT_TRUE(connects(moved.port()));
+        EXPECT_TRUE(moved.awaitAccepted(1));
     }
     Server server;
     server.start();
