@@ -33,7 +33,8 @@ void CGlobalMemoryStream::Attach(HGLOBAL handle, int growBy)
 
 void CGlobalMemoryStream::Create(int initialSize, int growBy)
 {
-    const DWORD room = static_cast<DWORD>(std::max(initialSize, 0));
+    if (initialSize < 0) m_window.ThrowCannotGrow(ERROR_NOT_ENOUGH_MEMORY);
+    const DWORD room = static_cast<DWORD>(initialSize);
     const HGLOBAL handle = GlobalAlloc(GMEM_SHARE | GMEM_MOVEABLE | GMEM_ZEROINIT, room);
     if (!handle) m_window.ThrowCannotGrow(GetLastError());
     Drop();

@@ -21,7 +21,7 @@ public:
     // grows, in whole steps; 0 or less forbids to extend it.
     void Attach(HGLOBAL handle, int growBy);
     // Starts over with a cleared block of its own without data, with room for `initialSize` bytes. Throws
-    // message::memoryExtensionFailed when there is none.
+    // message::memoryExtensionFailed when there is none, as for a negative size.
     void Create(int initialSize, int growBy);
     // The block, unlocked, to the caller; sizes and position keep their values. Null if there was none.
     HGLOBAL Detach();

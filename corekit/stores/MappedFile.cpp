@@ -107,10 +107,10 @@ void CMappedFile::Close()
 int CMappedFile::ExtendFile(DWORD newSize)
 {
     if (newSize <= m_size && m_base) return 1;
-    if (!IsOpen() || !m_writable) return 0;
     const DWORD oldSize = m_size;
     DWORD sizeOnDisk;
-    if (!mappableSize(m_file, sizeOnDisk) || !MakeView(m_file, true, std::max(newSize, oldSize))) {
+    if (!IsOpen() || !m_writable || !mappableSize(m_file, sizeOnDisk) ||
+        !MakeView(m_file, true, std::max(newSize, oldSize))) {
         if (m_base) UnmapViewOfFile(m_base);
         m_base = nullptr;
         return 0;

@@ -15,7 +15,7 @@ CMemoryStream::~CMemoryStream()
 
 void CMemoryStream::Attach(const void* data, int size)
 {
-    Free();
+    if (data != m_window.bytes) Free();
     const DWORD bytes = static_cast<DWORD>(std::max(size, 0));
     m_ownsBuffer = FALSE;
     m_window = {static_cast<BYTE*>(const_cast<void*>(data)), bytes, bytes, 0, 0};

@@ -19,9 +19,11 @@ namespace {
 // At creation: the header's sector, then index and map of eight sectors each.
 constexpr DWORD areaSectors = 8, firstFreeSector = 1 + 2 * areaSectors;
 
-// What no block of memory could take when it is read again.
-void checkRecordSize(DWORD size)
+// No file takes a record while none is open, nor one that no block of memory could take when it is read
+// again.
+void checkCanStore(const RecordFileSpace& space, DWORD size)
 {
+    if (!space.IsLoaded()) throwRecordFileError(ERROR_INVALID_HANDLE, message::recordFileSeekFailed);
     if (size > INT_MAX) throwRecordFileError(ERROR_FILE_TOO_LARGE, message::recordFileWriteFailed);
 }
 
@@ -130,7 +132,7 @@ void CVariableLengthRecordFile::Flush()
 
 int CVariableLengthRecordFile::AddRecord(const void* data, DWORD size, int bFlush)
 {
-    checkRecordSize(size);
+    checkCanStore(*m_space, size);
     const int record = FindFreeRecord();
     const DWORD offset = m_space->Take(size);
     m_space->SetEntry(record, {offset, size});
@@ -141,7 +143,7 @@ int CVariableLengthRecordFile::AddRecord(const void* data, DWORD size, int bFlus
 
 void CVariableLengthRecordFile::SetRecord(int record, const void* data, DWORD size, int bFlush)
 {
-    checkRecordSize(size);
+    checkCanStore(*m_space, size);
     if (record < 0) throwRecordFileError(ERROR_INVALID_PARAMETER, message::recordFileWriteFailed);
     if (record >= m_space->Count()) m_space->ExtendTo(record);
     StoreRecord(record, data, size, bFlush);
@@ -149,7 +151,7 @@ void CVariableLengthRecordFile::SetRecord(int record, const void* data, DWORD si
 
 void CVariableLengthRecordFile::ReplaceRecord(int record, const void* data, DWORD size, int bFlush)
 {
-    checkRecordSize(size);
+    checkCanStore(*m_space, size);
     if (record < 0 || record >= m_space->Count())
         throwRecordFileError(ERROR_INVALID_PARAMETER, message::recordFileWriteFailed);
     StoreRecord(record, data, size, bFlush);

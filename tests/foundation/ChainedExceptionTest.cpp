@@ -162,4 +162,5 @@ TEST(ResourceText, SameTextInAllThreeStringClasses)
     EXPECT_TRUE(LoadResourceStringA(4147) == "Data is corrupt.");
     EXPECT_TRUE(LoadResourceStringW(4147) == u"Data is corrupt.");
     EXPECT_TRUE(LoadResourceStringA(9999).IsEmpty());
+    EXPECT_EQ(LoadResourceString(4098), "[PropertyStore] Entry type is unknown");
 }

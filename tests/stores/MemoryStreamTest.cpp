@@ -51,6 +51,7 @@ TYPED_TEST(EitherMemory, ImpossibleGrowthIsRefusedWithTheDataKept)
     stream.write_int32(77);
     const std::string said = Thrown([&] { stream.Write(&stream, 0xFFFFFFF0); });
     EXPECT_NE(said, "nothing");
+    EXPECT_NE(Thrown([&] { stream.Create(-1, 16); }), "nothing");
     if (std::is_same_v<TypeParam, CGlobalMemoryStream>) {
         EXPECT_TRUE(said.starts_with(cannotGrow)) << said;
     }
@@ -108,6 +109,9 @@ TEST(MemoryStream, OwnershipFollowsTheFlag)
     maker.SetAutoDelete(0);
     void* given = maker.Detach();
     safe_free(given);
+    CMemoryStream itsOwn(4, 4);
+    itsOwn.Attach(itsOwn.GetMemoryBufferPointer(), 4);
+    safe_free(itsOwn.Detach());
 }
 
 TEST(GlobalMemoryStream, AttachedBlockGrowsAndStaysTheCallers)

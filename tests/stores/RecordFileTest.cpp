@@ -237,6 +237,9 @@ TEST_F(RecordFileTest, WrongNumbersAndArgumentsAreRefused)
     EXPECT_EQ(second.CreateFileA(name.c_str(), sector, 32 * sector), 0);
     EXPECT_EQ(second.OpenFile(name.c_str()), 0) << "open already";
     EXPECT_EQ(second.OpenFile((folder / "none").c_str()), 0);
+    EXPECT_NE(Thrown([&] { second.AddRecord("x", 1, 0); }), "nothing");
+    EXPECT_NE(Thrown([&] { second.SetRecord(1, "x", 1, 0); }), "nothing");
+    EXPECT_EQ(second.GetRecordCount(), 0) << "closed";
     for (const int record : {-1, 1})
         EXPECT_NE(Thrown([&] { file.ReplaceRecord(record, "x", 1, 0); }), "nothing");
     for (const int record : {-1, 0x1FFFFFFF})
