@@ -57,6 +57,8 @@ complain "Messages by bare number (corekit/resources/Messages.h has their names)
     grep -rnE "(^|[^[:alnum:]_.#])($numbers)u?\b|(Throw\w+|Failed|Complain|Tell|Load\w*String\w*|Format\w*|MessageBox)\(([^()]|\([^()]*\))*\b409[56]u?\b" \
         --include='*.h' --include='*.cpp' corekit apps | grep -vE '^corekit/(unicode/tables|resources)/')"
 complain "Constants with a prefix (write them in lowerCamel):" "$(grep -rnE '(^|[^:[:alnum:]_])k[A-Z][a-z]\w*' --include='*.h' --include='*.cpp' corekit apps examples tests benchmarks fuzz)"
+complain "Letter case by the user's locale, where a Turkish i has no capital I (corekit/platform/Runtime.h has it without):" "$(
+    grep -rnE '\b(strn?casecmp|to(upper|lower))\(' --include='*.h' --include='*.cpp' corekit apps)"
 complain "Unfinished marks:" "$(grep -nE '\b(TODO|FIXME|XXX|not implemented|placeholder)\b' -r corekit apps)"
 complain "Words that sound as if the code followed a text (say what the system does and why):" "$(
     grep -nEi '\b(as (it is )?told|the told|by rule|as specified|published|left out on purpose|[a-z]*(AsTold|TheTold)[a-z]*|namespace told)\b' \

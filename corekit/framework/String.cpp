@@ -1,16 +1,15 @@
 #include "corekit/framework/String.h"
 
 #include "corekit/framework/Exception.h"
+#include "corekit/platform/Runtime.h"
 
 #include <algorithm>
 #include <atomic>
-#include <cctype>
 #include <climits>
 #include <cstdlib>
 #include <cstring>
 #include <new>
 #include <string_view>
-#include <strings.h>
 
 // Lies directly in front of the characters. The shared empty block has a count of -1 and is never freed.
 struct CString::Block {
@@ -185,7 +184,7 @@ int CString::Order(const CString& other) const noexcept
         .compare(std::string_view(other.m_text, static_cast<std::size_t>(other.GetLength())));
 }
 int CString::Compare(const char* text) const noexcept { return std::strcmp(m_text, text ? text : ""); }
-int CString::CompareNoCase(const char* text) const noexcept { return strcasecmp(m_text, text ? text : ""); }
+int CString::CompareNoCase(const char* text) const noexcept { return _stricmp(m_text, text ? text : ""); }
 int CString::Collate(const char* text) const noexcept { return std::strcoll(m_text, text ? text : ""); }
 
 int CString::Find(char ch, int start) const noexcept
@@ -213,13 +212,13 @@ void CString::MakeUpper()
 {
     char* text = Reserve(0, true);
     std::transform(text, text + GetLength(), text,
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
 }
 void CString::MakeLower()
 {
     char* text = Reserve(0, true);
     std::transform(text, text + GetLength(), text,
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
 }
 void CString::MakeReverse()
 {

@@ -1,9 +1,9 @@
 #include "corekit/platform/posix/devices/DeviceNames.h"
 
 #include "corekit/platform/posix/Errno.h"
+#include "corekit/platform/Runtime.h"
 
 #include <charconv>
-#include <strings.h>
 
 namespace corekit::detail {
 
@@ -18,7 +18,7 @@ std::string_view deviceNameIn(const char* name)
 int numberIn(std::string_view name, std::string_view prefix, std::string_view suffix)
 {
     const bool fits = name.size() > prefix.size() + suffix.size() && name.ends_with(suffix) &&
-                      ::strncasecmp(name.data(), prefix.data(), prefix.size()) == 0;
+                      _strnicmp(name.data(), prefix.data(), prefix.size()) == 0;
     if (!fits) return -1;
     const char* const end = name.data() + name.size() - suffix.size();
     int number = -1;

@@ -3,12 +3,12 @@
 #include "corekit/platform/posix/Errno.h"
 #include "corekit/platform/posix/files/File.h"
 #include "corekit/platform/posix/sockets/SocketFunctions.h"
+#include "corekit/platform/Runtime.h"
 
 #include <algorithm>
 #include <cstring>
 #include <dlfcn.h>
 #include <link.h>
-#include <strings.h>
 #include <unistd.h>
 
 namespace {
@@ -65,7 +65,7 @@ HMODULE socketModule()
 HMODULE LoadLibraryA(const char* name)
 {
     if (!name || !*name) return fail<HMODULE>(ERROR_MOD_NOT_FOUND, nullptr);
-    if (::strcasecmp(name, socketLibrary.data()) == 0) return socketModule();
+    if (_stricmp(name, socketLibrary.data()) == 0) return socketModule();
     void* const handle = ::dlopen(nativePath(name).c_str(), RTLD_LAZY | RTLD_LOCAL);
     link_map* map = nullptr;
     Dl_info info;

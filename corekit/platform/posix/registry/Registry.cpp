@@ -2,13 +2,13 @@
 
 #include "corekit/platform/posix/handles/SlotTable.h"
 #include "corekit/platform/posix/registry/RegistryStore.h"
+#include "corekit/platform/Runtime.h"
 
 #include <algorithm>
 #include <cstring>
 #include <mutex>
 #include <pthread.h>
 #include <stdexcept>
-#include <strings.h>
 #include <unistd.h>
 #include <utility>
 
@@ -228,7 +228,7 @@ LONG RegConnectRegistryA(const char* machine, HKEY hive, HKEY* result)
         char own[256] = "";
         gethostname(own, sizeof own - 1);
         const auto is = [&](std::string_view other) {
-            return name.size() == other.size() && strncasecmp(name.data(), other.data(), name.size()) == 0;
+            return name.size() == other.size() && _strnicmp(name.data(), other.data(), name.size()) == 0;
         };
         require(name.empty() || is(".") || is("localhost") || is(own), ERROR_BAD_NETPATH);
         const OpenKey local = opened(hive);
