@@ -8,9 +8,11 @@
 #include "corekit/unicode/ui/edit/RendererRuler.h"
 #include "tests/support/Thrown.h"
 
+#include <chrono>
 #include <cstring>
 #include <functional>
 #include <map>
+#include <thread>
 
 namespace {
 
@@ -311,6 +313,33 @@ TEST(EditControl, AFaceThatIsMissingChangesNothing)
     PressKey(VK_END);
     TypeText(u"d");
     EXPECT_EQ(window.edit.GetString(), u"abcd");
+}
+
+// Lines that take long to make are counted between keys.
+TEST(EditControl, TheScrollBarHoldsAllLinesInTheEnd)
+{
+    EditInAWindow window;
+    CUnicodeManager::GetObjectA()->OverrideSettings({.biDi = TRUE});
+    std::u16string text = u"x";
+    for (int i = 0; i < 16'384; ++i)
+        text += {static_cast<char16_t>(u'a' + i * i % 26), static_cast<char16_t>(u'\u0F40' + i * i % 31)};
+    window.edit.SetString(text.c_str() + 1);
+    TypeText(u"x");
+    CRect client;
+    window.edit.GetClientRect(&client);
+    CUniRender renderer;
+    renderer.CreateFromDescriptor(EditInAWindow::Font(), 0, 0, 0);
+    RendererRuler ruler(renderer);
+    DisplayLines lines(ruler);
+    lines.SetMode(Wrapping::on, client.right - 5 - 18);
+    lines.Update(text);
+    SCROLLINFO info{};
+    for (int i = 0; i < 6000 && info.nMax != lines.Count() - 1; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        RunWaiting();
+        window.edit.GetScrollInfo(SB_VERT, &info, SIF_RANGE);
+    }
+    EXPECT_EQ(info.nMax, lines.Count() - 1);
 }
 
 TEST(EditControl, NoTextAndNoSizeIsTooMuch)

@@ -229,7 +229,12 @@ TEST(Shaping, GlyphByGlyphAgreesWithTheLayout)
                             {"DejaVu Sans", u"\u05E9(\u05DC\u05D5)\u05DD", 0},
                             {"DejaVu Sans", u"(\u05E9\u05DC)", 0},
                             {"DejaVu Sans", u"!<", ETO_RTLREADING},
-                            {latin, u"Hamburg 12:45", 0}};
+                            {latin, u"Hamburg 12:45", 0},
+                            {latin, u"e\u0301tude (n\u0303\u0323o)", 0},
+                            {latin, u"\u0301a", 0},
+                            {hebrew, u"\u05E9\u05C1\u05B8\u05DC\u05D5\u05B9\u05DD", 0},
+                            {hebrew, u"\u05E9\u05B8\u05DC - \u05D5\u05B9\u05DD\u05B8!", ETO_RTLREADING},
+                            {"DejaVu Sans", u"- (\u05E9\u05B8\u05DC\u05BC) -", 0}};
     for (const Sample& s : cases) {
         Canvas fast, laidOut;
         fast.use(s.face, -40);

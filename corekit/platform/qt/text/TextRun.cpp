@@ -15,6 +15,8 @@ struct Span {
     std::size_t from, to;
 };
 
+bool isMark(char16_t c) { return textClasses()[c] & textMark; }
+
 // What of a right-to-left run turns round: all of it, or in a left-to-right base only what lies between
 // the outermost strong letters; the neutrals outside follow the base.
 Span turnedPart(const TextRun& run)
@@ -24,6 +26,7 @@ Span turnedPart(const TextRun& run)
     if (run.rightToLeft) return part;
     while (part.from < part.to && !(table[run.units[part.from]] & textRight)) ++part.from;
     while (part.to > part.from && !(table[run.units[part.to - 1]] & textRight)) --part.to;
+    while (part.to > part.from && part.to < run.units.size() && isMark(run.units[part.to])) ++part.to;
     return part;
 }
 
@@ -57,20 +60,39 @@ char16_t mirrored(char16_t c)
     return textClasses()[c] & textMirrored ? static_cast<char16_t>(QChar::mirroredChar(c)) : c;
 }
 
-// Calls with every unit as it is shown, from left to right.
+enum class Order { asIs, turned };
+
+// Calls with every letter, its marks behind it, in the order in which they are shown, from left to right.
 template <typename Show>
-void showReversed(const TextRun& run, Show show)
+void forEachLetter(const TextRun& run, Road road, Show show)
 {
-    const auto [from, to] = turnedPart(run);
-    for (std::size_t i = 0; i < from; ++i) show(run.units[i]);
-    for (std::size_t i = to; i > from; --i) show(mirrored(run.units[i - 1]));
-    for (std::size_t i = to; i < run.units.size(); ++i) show(run.units[i]);
+    const std::size_t count = run.units.size();
+    const auto [from, to] = road == Road::reversed ? turnedPart(run) : Span{count, count};
+    const auto forward = [&](std::size_t i, std::size_t stop) {
+        for (std::size_t next; i < stop; i = next) {
+            next = i + 1;
+            while (next < stop && isMark(run.units[next])) ++next;
+            show(run.units.substr(i, next - i), Order::asIs);
+        }
+    };
+    forward(0, from);
+    for (std::size_t i = to, end; i > from;) {
+        end = i--;
+        while (i > from && isMark(run.units[i])) --i;
+        show(run.units.substr(i, end - i), Order::turned);
+    }
+    forward(to, count);
 }
 
-Subpixels shapedWidth(const SizedFont& font, const ShapedText& shaped)
+Subpixels scaled(const SizedFont& font, double designPixels)
 {
-    return std::llround(shaped.advance * font.scaleX() * wholePixel);
+    return std::llround(designPixels * font.scaleX() * wholePixel);
 }
+
+// A letter of one unit stands for itself; one with marks is laid out, as it is in any text.
+bool isPlain(std::u16string_view letter) { return letter.size() == 1 && !isMark(letter.front()); }
+
+char16_t shown(char16_t c, Order order) { return order == Order::turned ? mirrored(c) : c; }
 
 bool isOneToOne(const SizedFont& font, const TextRun& run)
 {
@@ -100,6 +122,48 @@ Subpixels sumOf(std::span<const int> distances)
     return sum;
 }
 
+// Adds glyphs to a run, each where the one before it ends.
+class Pen {
+public:
+    Pen(SizedFont& font, PlacedRun& placed) : m_font(font), m_glyphs(placed.glyphs) {}
+
+    Subpixels X() const { return m_x; } // from the start of the run
+
+    void Write(char16_t c)
+    {
+        const SizedFont::Page& page = m_font.page(c >> 8);
+        m_glyphs.push_back({m_x, 0, page.glyphs[c & 0xFF]});
+        m_x += page.advances[c & 0xFF];
+    }
+    void Write(const ShapedText& shaped)
+    {
+        for (const ShapedGlyph& g : shaped.glyphs)
+            m_glyphs.push_back(
+                {m_x + scaled(m_font, g.x), static_cast<int>(std::lround(g.y * m_font.scaleY())), g.glyph});
+        m_x += scaled(m_font, shaped.advance);
+    }
+    void WriteUnits(std::u16string_view units, bool kerned)
+    {
+        for (std::size_t i = 0; i < units.size(); ++i) {
+            if (kerned && i > 0) m_x += kernBetween(m_font, units[i - 1], units[i]);
+            Write(units[i]);
+        }
+    }
+    void WriteApart(std::u16string_view units, std::span<const int> distances)
+    {
+        for (std::size_t i = 0; i < units.size(); ++i) {
+            const Subpixels start = m_x;
+            Write(units[i]);
+            m_x = start + distances[i] * wholePixel;
+        }
+    }
+
+private:
+    SizedFont& m_font;
+    std::vector<PlacedGlyph>& m_glyphs;
+    Subpixels m_x = 0;
+};
+
 } // namespace
 
 bool canPlace(const TextRun& run)
@@ -122,10 +186,14 @@ Subpixels measureRun(SizedFont& font, const TextRun& run)
     if (isOneToOne(font, run)) return run.kerned ? width + kerningOf(font, run.units) : width;
     const Road road = roadOf(run, classes);
     if (road == Road::shaped)
-        return shapedWidth(font, font.face().shape(run.units, run.rightToLeft, run.kerned));
-    if (road == Road::straight || !(classes & textMirrored)) return width;
+        return scaled(font, font.face().advance(run.units, run.rightToLeft, run.kerned));
+    if (!(classes & textMark) && (road == Road::straight || !(classes & textMirrored))) return width;
     width = 0;
-    showReversed(run, [&](char16_t c) { width += font.page(c >> 8).advances[c & 0xFF]; });
+    forEachLetter(run, road, [&](std::u16string_view letter, Order order) {
+        const char16_t c = shown(letter.front(), order);
+        width += isPlain(letter) ? font.page(c >> 8).advances[c & 0xFF]
+                                 : scaled(font, font.face().advance(letter, order == Order::turned));
+    });
     return width;
 }
 
@@ -134,37 +202,22 @@ void placeRun(SizedFont& font, const TextRun& run, PlacedRun& placed)
     const unsigned classes = classesIn(run.units);
     placed.glyphs.clear();
     placed.joins = ((classes & textJoins) != 0 || font.face().holdsPieces()) && run.distances.empty();
-    Subpixels pen = 0;
-    const auto show = [&](char16_t c) {
-        const SizedFont::Page& page = font.page(c >> 8);
-        placed.glyphs.push_back({pen, 0, page.glyphs[c & 0xFF]});
-        pen += page.advances[c & 0xFF];
-    };
-    const bool single = isOneToOne(font, run) || !run.distances.empty();
-    const Road road = single ? Road::straight : roadOf(run, classes);
-    if (!run.distances.empty()) {
-        for (std::size_t i = 0; i < run.units.size(); ++i) {
-            const Subpixels start = pen;
-            show(run.units[i]);
-            pen = start + run.distances[i] * wholePixel;
-        }
-    } else if (run.kerned && isOneToOne(font, run)) {
-        for (std::size_t i = 0; i < run.units.size(); ++i) {
-            if (i > 0) pen += kernBetween(font, run.units[i - 1], run.units[i]);
-            show(run.units[i]);
-        }
-    } else if (road == Road::straight) {
-        for (const char16_t c : run.units) show(c);
-    } else if (road == Road::reversed) {
-        showReversed(run, show);
-    } else {
-        const ShapedText& shaped = font.face().shape(run.units, run.rightToLeft, run.kerned);
-        for (const ShapedGlyph& g : shaped.glyphs)
-            placed.glyphs.push_back({std::llround(g.x * font.scaleX() * wholePixel),
-                                     static_cast<int>(std::lround(g.y * font.scaleY())), g.glyph});
-        pen = shapedWidth(font, shaped);
-    }
-    placed.width = pen;
+    Pen pen(font, placed);
+    const Road road = roadOf(run, classes);
+    if (!run.distances.empty())
+        pen.WriteApart(run.units, run.distances);
+    else if (isOneToOne(font, run))
+        pen.WriteUnits(run.units, run.kerned);
+    else if (road == Road::shaped)
+        pen.Write(font.face().shape(run.units, run.rightToLeft, run.kerned));
+    else
+        forEachLetter(run, road, [&](std::u16string_view letter, Order order) {
+            if (isPlain(letter))
+                pen.Write(shown(letter.front(), order));
+            else
+                pen.Write(font.face().shape(letter, order == Order::turned));
+        });
+    placed.width = pen.X();
 }
 
 } // namespace corekit::detail

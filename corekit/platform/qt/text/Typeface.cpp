@@ -13,7 +13,7 @@ namespace {
 
 constexpr int commonDesignSize = 1000;
 constexpr int greatestDesignSize = 2048; // keeps the layout's 26.6 numbers from overflowing
-constexpr std::size_t cachedUnits = 65536;
+constexpr std::size_t cachedUnits = 524288;
 constexpr std::size_t entryUnits = 32; // what an entry of the cache takes beside its text
 constexpr std::size_t longestCached = 512;
 constexpr std::size_t cachedOutlines = 2048;
@@ -114,18 +114,23 @@ const QPainterPath& Typeface::outline(std::uint16_t glyph)
     return m_outlines.emplace(glyph, m_raw.pathForGlyph(glyph)).first->second;
 }
 
-const ShapedText& Typeface::shape(std::u16string_view text, bool rightToLeft, bool kerned)
+// What is measured is often not shown.
+const ShapedText& Typeface::layOut(std::u16string_view text, bool rightToLeft, bool kerned, Wanted wanted)
 {
-    if (text.size() > longestCached) return m_uncached = layOut(text, rightToLeft, kerned);
+    const auto anew = [&] { return layOutAnew(text, rightToLeft, kerned, wanted); };
+    if (text.size() > longestCached) return m_uncached = anew();
     LayoutCache& cache = m_layouts[rightToLeft][kerned];
-    if (const auto found = cache.layouts.find(text); found != cache.layouts.end()) return found->second;
-    ShapedText shaped = layOut(text, rightToLeft, kerned);
+    if (const auto found = cache.layouts.find(text); found != cache.layouts.end()) {
+        if (wanted == Wanted::glyphs && !found->second.isPlaced) found->second = anew();
+        return found->second;
+    }
+    ShapedText shaped = anew();
     if (cache.units + text.size() > cachedUnits) cache = {};
     cache.units += text.size() + entryUnits;
     return cache.layouts.emplace(text, std::move(shaped)).first->second;
 }
 
-ShapedText Typeface::layOut(std::u16string_view text, bool rightToLeft, bool kerned) const
+ShapedText Typeface::layOutAnew(std::u16string_view text, bool rightToLeft, bool kerned, Wanted wanted) const
 {
     QFont font = m_font;
     font.setKerning(kerned);
@@ -143,6 +148,8 @@ ShapedText Typeface::layOut(std::u16string_view text, bool rightToLeft, bool ker
 
     ShapedText shaped;
     shaped.advance = line.horizontalAdvance();
+    if (wanted == Wanted::advance) return shaped;
+    shaped.isPlaced = true;
     const double baseline = line.y() + line.ascent();
     for (const QGlyphRun& run : layout.glyphRuns()) {
         const QList<quint32> glyphs = run.glyphIndexes();

@@ -24,7 +24,8 @@ struct ShapedGlyph {
 
 struct ShapedText {
     std::vector<ShapedGlyph> glyphs;
-    double advance = 0; // design pixels
+    double advance = 0;    // design pixels
+    bool isPlaced = false; // else the glyphs are not there yet
 };
 
 class Typeface {
@@ -47,7 +48,15 @@ public:
     bool isBlank(std::uint16_t glyph) { return outline(glyph).isEmpty(); }
 
     // Lays logical text out with full shaping and ordering. The result stands until the next call.
-    const ShapedText& shape(std::u16string_view text, bool rightToLeft, bool kerned = false);
+    const ShapedText& shape(std::u16string_view text, bool rightToLeft, bool kerned = false)
+    {
+        return layOut(text, rightToLeft, kerned, Wanted::glyphs);
+    }
+    // How wide that is, in design pixels, at half the cost.
+    double advance(std::u16string_view text, bool rightToLeft, bool kerned = false)
+    {
+        return layOut(text, rightToLeft, kerned, Wanted::advance).advance;
+    }
 
 private:
     struct TextHash {
@@ -59,7 +68,9 @@ private:
         std::size_t units = 0; // of all its texts
     };
 
-    ShapedText layOut(std::u16string_view text, bool rightToLeft, bool kerned) const;
+    enum class Wanted { advance, glyphs };
+    const ShapedText& layOut(std::u16string_view text, bool rightToLeft, bool kerned, Wanted wanted);
+    ShapedText layOutAnew(std::u16string_view text, bool rightToLeft, bool kerned, Wanted wanted) const;
 
     std::string m_name;
     QFont m_font;

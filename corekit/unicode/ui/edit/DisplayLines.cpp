@@ -9,6 +9,8 @@ namespace {
 
 constexpr int nearBreak = 64; // characters in which the end of a word is looked for
 constexpr int leastGuess = 8;
+constexpr int someLines = 16;
+constexpr int atEnd = -1;
 
 bool endsWord(WCHAR c) { return c == u' ' || c == u'\n'; }
 
@@ -26,22 +28,33 @@ void DisplayLines::TextChanges(int head, int tail)
 {
     m_head = std::min(m_head, head);
     m_tail = std::min(m_tail, tail);
+    m_text = {};
 }
 
-int DisplayLines::LengthBefore(int line) const
+bool DisplayLines::Has(int line)
+{
+    while (Made() <= line && MakeSome()) {
+    }
+    return line >= 0 && line < Made();
+}
+
+int DisplayLines::LengthBefore(int line)
 {
     if (line <= 0) return 0;
     if (m_wrapping == Wrapping::on) return StartOf(line);
-    if (line < Count()) return StartOf(line) - line;
-    return Count() > 0 ? m_lines.back().start + m_lines.back().length - (Count() - 1) : 0;
+    if (Has(line)) return m_lines[At(line)].start - line;
+    return Made() > 0 ? m_lines.back().start + m_lines.back().length - (Made() - 1) : 0;
 }
 
-int DisplayLines::LineAt(int position) const
+int DisplayLines::LineAt(int position)
 {
-    int low = 0, high = Count();
+    const auto endOf = [&](int line) { return PositionOf(line) + LengthOf(line); };
+    while ((m_lines.empty() || endOf(Made() - 1) < position) && MakeSome()) {
+    }
+    int low = 0, high = Made();
     while (low < high) {
         const int middle = low + (high - low) / 2;
-        if (position <= PositionOf(middle) + LengthOf(middle))
+        if (position <= endOf(middle))
             high = middle;
         else
             low = middle + 1;
@@ -49,59 +62,94 @@ int DisplayLines::LineAt(int position) const
     return low;
 }
 
+// The last line for which it is true; it is true for all lines up to one.
+template <class IsBefore>
+int DisplayLines::LastLine(IsBefore isBefore)
+{
+    while ((m_lines.empty() || isBefore(Made() - 1)) && MakeSome()) {
+    }
+    int line = 0;
+    for (int high = Made(); high - line > 1;) {
+        const int middle = line + (high - line) / 2;
+        (isBefore(middle) ? line : high) = middle;
+    }
+    return line;
+}
+
+int DisplayLines::LineOfIndex(int index)
+{
+    return LastLine([&](int line) { return StartOf(line) <= index; });
+}
+
+int DisplayLines::LineBehind(int characters)
+{
+    return LastLine([&](int line) { return LengthBefore(line) <= characters; });
+}
+
 void DisplayLines::Update(std::u16string_view text)
 {
     const int length = static_cast<int>(text.size());
-    if (m_head == m_length && m_tail == m_length && length == m_length) return;
-    const int delta = length - m_length;
-    m_tail = std::clamp(m_tail, 0, std::min(length, m_length) - std::min(m_head, std::min(length, m_length)));
     m_text = text;
-    m_length = length;
-    m_hardEnd = 0;
-    m_usual = leastGuess;
+    if (m_head == m_length && length == m_length) return;
+    m_tail = std::clamp(m_tail, 0, std::min(length, m_length) - std::min(m_head, std::min(length, m_length)));
     const auto touched =
         std::partition_point(m_lines.begin(), m_lines.end(), [&](const Line& l) { return l.seen <= m_head; });
-    auto first = static_cast<std::size_t>(touched - m_lines.begin());
-    m_made.clear();
-    std::size_t old = first;
-    int start = first < m_lines.size() ? m_lines[first].start : first ? NextStart(m_lines[first - 1]) : 0;
-    while (start < length) {
-        if (start >= length - m_tail) {
-            while (old < m_lines.size() && m_lines[old].start + delta < start) ++old;
-            if (old < m_lines.size() && m_lines[old].start + delta == start) break;
-        }
-        m_made.push_back(m_wrapping == Wrapping::on ? Wrapped(start) : Delimited(start));
-        start = NextStart(m_made.back());
+    KeepFrom(static_cast<std::size_t>(touched - m_lines.begin()));
+    m_head = m_length = length;
+    m_hardEnd = 0;
+    m_usual = leastGuess;
+}
+
+void DisplayLines::KeepFrom(std::size_t first)
+{
+    if (m_tail == 0) m_former.clear();
+    while (!m_former.empty() && m_length - m_former.back().start < NextStart()) m_former.pop_back();
+    while (m_lines.size() > first) {
+        const Line& line = m_lines.back();
+        const int seen = line.seen == INT_MAX ? atEnd : m_length - line.seen;
+        if (m_tail > 0) m_former.push_back({m_length - line.start, line.length, seen});
+        m_lines.pop_back();
     }
-    if (start >= length) old = m_lines.size();
-    Replace(first, old, delta);
-    m_text = {};
-    m_head = m_tail = m_length;
 }
 
-// Puts the lines made in the place of those from `first` to `old`; the ones behind move by `delta`
-// characters.
-void DisplayLines::Replace(std::size_t first, std::size_t old, int delta)
+bool DisplayLines::MakeSome()
 {
-    if (delta != 0)
-        for (std::size_t i = old; i < m_lines.size(); ++i) {
-            m_lines[i].start += delta;
-            if (m_lines[i].seen != INT_MAX) m_lines[i].seen += delta;
-        }
-    const auto at = [&](std::size_t i) { return m_lines.begin() + static_cast<std::ptrdiff_t>(i); };
-    const std::size_t room = old - first, made = m_made.size(), same = std::min(room, made);
-    std::copy_n(m_made.begin(), same, at(first));
-    if (made > room)
-        m_lines.insert(at(old), m_made.begin() + static_cast<std::ptrdiff_t>(same), m_made.end());
-    else
-        m_lines.erase(at(first + made), at(old));
-    int seen = first ? m_lines[first - 1].seen : 0;
-    for (std::size_t i = first; i < m_lines.size(); ++i)
-        seen = m_lines[i].seen = std::max(seen, m_lines[i].seen);
+    for (int i = 0; i < someLines && NextStart() < static_cast<int>(m_text.size()); ++i) MakeLine();
+    return NextStart() < static_cast<int>(m_text.size());
 }
 
-int DisplayLines::NextStart(const Line& line) const
+void DisplayLines::MakeLine()
 {
+    const int start = NextStart();
+    if (start >= m_length - m_tail && TakeFormer(start)) return;
+    Add(m_wrapping == Wrapping::on ? Wrapped(start) : Delimited(start));
+    if (NextStart() < m_length) return;
+    m_former.clear();
+    m_tail = m_length;
+}
+
+bool DisplayLines::TakeFormer(int start)
+{
+    while (!m_former.empty() && m_length - m_former.back().start < start) m_former.pop_back();
+    if (m_former.empty() || m_length - m_former.back().start != start) return false;
+    for (; !m_former.empty(); m_former.pop_back()) {
+        const FormerLine& line = m_former.back();
+        Add({m_length - line.start, line.length, line.seen == atEnd ? INT_MAX : m_length - line.seen});
+    }
+    m_tail = m_length;
+    return true;
+}
+
+void DisplayLines::Add(Line line)
+{
+    if (!m_lines.empty()) line.seen = std::max(line.seen, m_lines.back().seen);
+    m_lines.push_back(line);
+}
+
+int DisplayLines::NextStart() const
+{
+    if (m_lines.empty()) return 0;
+    const Line& line = m_lines.back();
     return line.start + line.length + (m_wrapping == Wrapping::off ? 1 : 0);
 }
 

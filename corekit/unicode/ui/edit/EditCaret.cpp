@@ -24,7 +24,7 @@ void EditModel::UpdateCaret()
 {
     const auto [line, offset] = PlaceOfCursor();
     m_atFirstLine = line == 0;
-    m_atLastLine = line >= m_lines.Count() - 1;
+    m_atLastLine = !m_lines.Has(line + 1);
     ScrollToLine(line);
     const std::u16string_view stored = LineText(line);
     m_caretLine.Set(stored, m_order);
@@ -73,9 +73,9 @@ int EditModel::LineAtHeight(int y) const
 
 int EditModel::CursorPosFromPoint(CPoint point)
 {
-    const DisplayLines& lines = ConvertDataToDisplayLines();
-    if (lines.Count() == 0) return 0;
-    const int line = std::clamp(LineAtHeight(point.y), 0, lines.Count() - 1);
+    DisplayLines& lines = ConvertDataToDisplayLines();
+    if (!lines.Has(0)) return 0;
+    const int line = lines.Nearest(LineAtHeight(point.y));
     const int start = lines.PositionOf(line);
     switch (m_alignment) {
     case left:
@@ -107,22 +107,19 @@ int EditModel::RightHit(int start, std::u16string_view line, int room)
 
 void EditModel::ScrollTo(int top)
 {
-    const DisplayLines& lines = ConvertDataToDisplayLines();
-    m_top = std::clamp(top, 0, std::max(lines.Count() - 1, 0));
+    DisplayLines& lines = ConvertDataToDisplayLines();
+    m_top = lines.Nearest(top);
     m_cursor = lines.PositionOf(m_top);
     UpdateCaret();
 }
 
-void EditModel::LimitTopLine()
-{
-    m_top = std::clamp(m_top, 0, std::max(ConvertDataToDisplayLines().Count() - 1, 0));
-}
+void EditModel::LimitTopLine() { m_top = ConvertDataToDisplayLines().Nearest(m_top); }
 
 // Of the lines scrolled off only the characters are counted, not the position that each has more: so much too
 // far behind is the selection shown in a window that is scrolled.
 void EditModel::SelectionIn(int line, int& from, int& to)
 {
-    const DisplayLines& lines = ConvertDataToDisplayLines();
+    DisplayLines& lines = ConvertDataToDisplayLines();
     const int length = lines.LengthOf(line), start = lines.PositionOf(line) - m_top;
     from = std::clamp(std::min(m_anchor, m_end) - start, 0, length);
     to = std::clamp(std::max(m_anchor, m_end) - start, 0, length);

@@ -13,7 +13,7 @@ void EditModel::SelectAll()
 
 void EditModel::HighlightAll()
 {
-    const DisplayLines& lines = ConvertDataToDisplayLines();
+    DisplayLines& lines = ConvertDataToDisplayLines();
     m_anchor = 0;
     m_end = lines.PositionOf(lines.Count());
 }
@@ -46,13 +46,8 @@ void EditModel::WordLeft()
     while (index >= 0 && m_text[index] != u' ') --index;
     m_cursor = std::max(index + 1, 0);
     if (index < 0) return;
-    const DisplayLines& lines = ConvertDataToDisplayLines();
-    int line = 0;
-    for (int high = lines.Count(); high - line > 1;) {
-        const int middle = line + (high - line) / 2;
-        (lines.LengthBefore(middle) <= m_cursor ? line : high) = middle;
-    }
-    m_cursor += line;
+    DisplayLines& lines = ConvertDataToDisplayLines();
+    m_cursor += lines.LineBehind(m_cursor);
 }
 
 void EditModel::WordRight(int limit)
@@ -91,11 +86,11 @@ void EditModel::DoCursorHome(HeldModifiers held)
 
 void EditModel::DoCursorEnd(HeldModifiers held)
 {
-    const int before = m_cursor, line = GetCurrentCursorLine(), count = m_lines.Count();
+    const int before = m_cursor, line = GetCurrentCursorLine();
     if (held.control)
-        m_cursor = std::max(m_text.GetLength() + count - 1, 0);
+        m_cursor = std::max(m_text.GetLength() + m_lines.Count() - 1, 0);
     else
-        m_cursor = line < count ? m_lines.PositionOf(line) + m_lines.LengthOf(line) : m_text.GetLength();
+        m_cursor = m_lines.Has(line) ? m_lines.PositionOf(line) + m_lines.LengthOf(line) : m_text.GetLength();
     EndMove(before, held);
 }
 

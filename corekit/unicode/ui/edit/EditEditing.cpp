@@ -29,7 +29,7 @@ void EditModel::DoBackspace()
     Remove(index - 1, 1);
     m_cursor = index - 1 + line;
     const int now = GetCurrentCursorLine();
-    if (now < line || now >= m_lines.Count()) m_cursor = std::max(m_cursor - 1, 0);
+    if (now < line || !m_lines.Has(now)) m_cursor = std::max(m_cursor - 1, 0);
 }
 
 void EditModel::DoDelete()
@@ -55,7 +55,7 @@ void EditModel::OnHardReturn()
 {
     OnSoftReturn();
     const int line = GetCurrentCursorLine();
-    if (line < m_lines.Count()) m_cursor = m_lines.PositionOf(line + 1);
+    if (m_lines.Has(line)) m_cursor = m_lines.PositionOf(line + 1);
 }
 
 bool EditModel::GetSelectedText(StringW& text)
@@ -86,7 +86,7 @@ void EditModel::PasteText(const StringW& text)
 
 int EditModel::IndexOf(int position)
 {
-    const DisplayLines& lines = ConvertDataToDisplayLines();
+    DisplayLines& lines = ConvertDataToDisplayLines();
     const int line = lines.LineAt(position);
     return std::clamp(lines.StartOf(line) + position - lines.PositionOf(line), 0, m_text.GetLength());
 }
@@ -94,15 +94,11 @@ int EditModel::IndexOf(int position)
 // Behind a newline at the end the cursor stands in a line beyond the last.
 int EditModel::PositionAt(int index)
 {
-    const DisplayLines& lines = ConvertDataToDisplayLines();
+    DisplayLines& lines = ConvertDataToDisplayLines();
     const int length = m_text.GetLength();
     index = std::clamp(index, 0, length);
     if (index == length && length > 0 && m_text[length - 1] == u'\n') return lines.PositionOf(lines.Count());
-    int line = 0;
-    for (int high = lines.Count(); high - line > 1;) {
-        const int middle = line + (high - line) / 2;
-        (lines.StartOf(middle) <= index ? line : high) = middle;
-    }
+    const int line = lines.LineOfIndex(index);
     return lines.PositionOf(line) + index - lines.StartOf(line);
 }
 

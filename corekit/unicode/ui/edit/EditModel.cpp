@@ -46,7 +46,7 @@ void EditModel::ForgetLines()
     m_cursor = m_offset = 0;
 }
 
-const DisplayLines& EditModel::ConvertDataToDisplayLines()
+DisplayLines& EditModel::ConvertDataToDisplayLines()
 {
     m_lines.SetMode(m_wrapping, m_width - (m_border ? borderWidth : 0) - margins);
     m_lines.Update({m_text, static_cast<std::size_t>(m_text.GetLength())});
@@ -55,7 +55,7 @@ const DisplayLines& EditModel::ConvertDataToDisplayLines()
 
 std::u16string_view EditModel::LineText(int line)
 {
-    const DisplayLines& lines = ConvertDataToDisplayLines();
+    DisplayLines& lines = ConvertDataToDisplayLines();
     const std::u16string_view text(static_cast<const WCHAR*>(m_text) + lines.StartOf(line),
                                    static_cast<std::size_t>(lines.LengthOf(line)));
     if (text.empty() || text.back() != u'\n') return text;

@@ -76,7 +76,7 @@ public:
     CPoint Caret() const { return m_caret; }
 
     // Everything below that uses lines brings them up to date by this.
-    const DisplayLines& ConvertDataToDisplayLines();
+    DisplayLines& ConvertDataToDisplayLines();
     int GetCurrentCursorLine() { return ConvertDataToDisplayLines().LineAt(m_cursor); }
     // The characters of a line, a newline as a blank; until the next call.
     std::u16string_view LineText(int line);

@@ -79,9 +79,10 @@ void CMultilineUnicodeEditCtl::OnPaint()
 
 void CMultilineUnicodeEditCtl::PaintRows(HDC dc, const CRect& frame, const RECT& invalid)
 {
-    const int height = m_model.TextHeight(), count = m_model.ConvertDataToDisplayLines().Count();
+    const int height = m_model.TextHeight();
     int y = topMargin;
-    for (int line = m_model.TopLine(); line < count && y + height <= frame.bottom; ++line, y += height) {
+    for (int line = m_model.TopLine();
+         y + height <= frame.bottom && m_model.ConvertDataToDisplayLines().Has(line); ++line, y += height) {
         if (y >= invalid.bottom || y + height <= invalid.top) continue;
         m_model.GetRow(line, m_row);
         PaintRow(dc, frame, y, m_row);

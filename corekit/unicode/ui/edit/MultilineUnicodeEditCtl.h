@@ -132,6 +132,7 @@ protected:
     void OnLButtonDblClk(UINT flags, CPoint point);
     // By lines, by two lines, or to a line; the cursor goes with it.
     void OnVScroll(UINT code, UINT position, CScrollBar* bar);
+    void OnTimer(UINT_PTR id);
     DECLARE_MESSAGE_MAP()
 
 private:

@@ -15,7 +15,7 @@ RowSpan ShownRows::Update(EditModel& model, int count)
     RowSpan changed{count, 0};
     for (int i = 0; i < count; ++i) {
         const int line = model.TopLine() + i;
-        m_now.there = line < model.ConvertDataToDisplayLines().Count();
+        m_now.there = model.ConvertDataToDisplayLines().Has(line);
         m_now.text.assign(model.LineText(line));
         model.SelectionIn(line, m_now.from, m_now.to);
         Row& shown = m_rows[static_cast<std::size_t>(i)];

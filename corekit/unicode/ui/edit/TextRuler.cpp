@@ -3,6 +3,7 @@
 #include "corekit/unicode/ui/MarkCounter.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace corekit::detail {
@@ -13,8 +14,18 @@ constexpr int usualLine = 256; // characters, and below
 constexpr int mostEstimates = 4, mostSteps = 24;
 constexpr int longestJoin = 8;
 
-// Scripts in which a letter changes the ones before it.
-bool joins(WCHAR c) { return c >= 0x0590 && c < 0x2000; }
+struct Block {
+    WCHAR first, last;
+};
+// Scripts in which a letter changes the ones before it: Arabic and its kin, those of India, Tibet and Burma,
+// Korean letters, those of the south east and Mongolian.
+constexpr std::array<Block, 5> joiningScripts = {
+    {{0x0600, 0x0DFF}, {0x0F00, 0x109F}, {0x1100, 0x11FF}, {0x1700, 0x1AAF}, {0x1B00, 0x1CFF}}};
+
+bool joins(WCHAR c)
+{
+    return std::ranges::any_of(joiningScripts, [c](Block b) { return c >= b.first && c <= b.last; });
+}
 
 // `low` characters fit and `high` do not.
 struct Bounds {
