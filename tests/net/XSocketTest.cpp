@@ -19,6 +19,21 @@ protected:
     void SetUp() override { ASSERT_EQ(XSocketApi::InitSockets(), nullptr); }
 };
 
+// A listener with more connections than its queue holds: what comes after gets no answer.
+class SilentHost : public loopback::Listener {
+public:
+    SilentHost() : Listener(0)
+    {
+        for (XSocket& filler : m_fillers) {
+            filler.SetConnectTimeout(20);
+            filler.ConnectTCPStream("127.0.0.1", port(), 1, 0);
+        }
+    }
+
+private:
+    XSocket m_fillers[4];
+};
+
 // A client and the peer's end of its connection.
 class Connected : public Sockets {
 protected:
@@ -83,17 +98,33 @@ TEST_F(Sockets, WithoutAListenerNothingConnects)
 
 TEST_F(Sockets, ASilentHostCostsTheLimitOfConnect)
 {
-    const loopback::Listener listener(0);
-    XSocket fillers[4]; // more than the queue holds: what comes after gets no answer
-    for (XSocket& filler : fillers) {
-        filler.SetConnectTimeout(20);
-        filler.ConnectTCPStream("127.0.0.1", listener.port(), 1, 0);
-    }
+    const SilentHost silent;
     XSocket socket;
     socket.SetConnectTimeout(20);
-    EXPECT_FALSE(socket.ConnectTCPStream("127.0.0.1", listener.port(), 1, 0));
+    EXPECT_FALSE(socket.ConnectTCPStream("127.0.0.1", silent.port(), 1, 0));
     EXPECT_EQ(GetLastError(), ERROR_TIMEOUT);
     EXPECT_FALSE(socket.IsOpen());
+}
+
+TEST_F(Sockets, AnAttemptToConnectThatFailedLeavesRoomForAnother)
+{
+    const loopback::DeafPort nobody;
+    const SilentHost silent;
+    const loopback::Listener listener;
+    XSocket socket;
+    ASSERT_TRUE(socket.Create(AF_INET, SOCK_STREAM, IPPROTO_TCP, 1, 0));
+    socket.SetConnectTimeout(20);
+    for (const auto& [port, error] : {std::pair(silent.port(), ERROR_TIMEOUT),
+                                      {silent.port(), ERROR_TIMEOUT},
+                                      {nobody.port(), WSAECONNREFUSED},
+                                      {nobody.port(), WSAECONNREFUSED}}) {
+        sockaddr_in where = loopback::address(port);
+        EXPECT_FALSE(socket.Connect(reinterpret_cast<sockaddr*>(&where)));
+        EXPECT_EQ(GetLastError(), error);
+    }
+    socket.SetConnectTimeout(10000);
+    sockaddr_in where = loopback::address(listener.port());
+    EXPECT_TRUE(socket.Connect(reinterpret_cast<sockaddr*>(&where)));
 }
 
 TEST_F(Connected, AReadTakesWhatIsThere)

@@ -121,7 +121,13 @@ auto sender(const Socket& socket, const void* data, std::size_t size, int flags)
     };
 }
 
-// Starts to connect without waiting, then waits for the outcome.
+int connectNow(int descriptor, const sockaddr* address, int length)
+{
+    return ::connect(descriptor, address, static_cast<socklen_t>(length)) == 0 ? 0 : errno;
+}
+
+// Starts to connect without waiting, then waits for the outcome. Whatever that is, the next attempt begins
+// anew: the system forgets one that failed when it is asked again, one that takes too long when it is told.
 int connectWithin(Socket& socket, const sockaddr* address, int length, DWORD limit)
 {
     const Deadline deadline(limit);
@@ -129,11 +135,15 @@ int connectWithin(Socket& socket, const sockaddr* address, int length, DWORD lim
     const bool neverWaits = socket.neverWaits();
     if (!neverWaits)
         if (const int error = socket.setNeverWaits(true)) return error;
-    int error = ::connect(descriptor, address, static_cast<socklen_t>(length)) == 0 ? 0 : errno;
+    int error = connectNow(descriptor, address, length);
     if (error == EINPROGRESS || error == EINTR) {
         error = await(descriptor, POLLOUT, deadline);
-        socklen_t size = sizeof error;
-        if (error == 0 && ::getsockopt(descriptor, SOL_SOCKET, SO_ERROR, &error, &size) != 0) error = errno;
+        if (error == 0) {
+            error = connectNow(descriptor, address, length);
+        } else {
+            constexpr sockaddr nobody{AF_UNSPEC, {}};
+            connectNow(descriptor, &nobody, sizeof nobody);
+        }
     }
     if (!neverWaits) socket.setNeverWaits(false);
     return error;
