@@ -17,11 +17,10 @@ inline constexpr std::size_t acceleratorResourceRow = 8; // flags, key, command 
 // Marks the last row among a row's flags; never seen in a loaded table.
 inline constexpr BYTE lastAcceleratorFlag = 0x80;
 
-// The stored form of the resource: little-endian rows, the last one flagged.
-template <std::size_t count>
-constexpr std::array<std::byte, count * acceleratorResourceRow>
 // The stored form of the resource: little-endian rows, the last one flagged. Eight bytes for each row;
 // meant for a constant, so that the table costs nothing at start.
+template <std::size_t count>
+constexpr std::array<std::byte, count * acceleratorResourceRow>
 AcceleratorResource(const ACCEL (&rows)[count])
 {
     std::array<std::byte, count * acceleratorResourceRow> bytes{};

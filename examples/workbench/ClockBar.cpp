@@ -2,6 +2,7 @@
 
 #include "Commands.h"
 
+#include "corekit/foundation/TimeFunctions.h"
 #include "corekit/windows/controls/ui/MenuHelpersEx.h"
 
 #include <ctime>
@@ -70,7 +71,7 @@ void ClockBar::ShowTime()
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
-    char text[64] = "";
-    std::strftime(text, sizeof text, "%A, %H:%M:%S", &local);
+    CString text;
+    time_FormatString(text, "%A, %H:%M:%S", local);
     SetDlgItemText(textControl, text);
 }
