@@ -6,13 +6,13 @@
 #include "corekit/platform/Errors.h"
 
 #include <algorithm>
-#include <chrono>
 #include <stdexcept>
 
 namespace prompter {
 namespace {
 
-constexpr int idleMilliseconds = 600000, writeMilliseconds = 5000, turnMilliseconds = 200;
+constexpr int writeMilliseconds = 5000, turnMilliseconds = 200;
+constexpr auto longestLine = std::chrono::minutes(10);   // from one whole line to the next
 constexpr auto longestAnswer = std::chrono::seconds(10); // of a user interface that is busy
 constexpr UINT requestsWait = WM_USER + 1;
 
@@ -106,9 +106,9 @@ void RemoteServer::DropDone()
 }
 
 // Waits in short turns, so that the server can close meanwhile.
-bool RemoteServer::Read(XSocket& socket, char* block, DWORD size, DWORD& received)
+bool RemoteServer::Read(XSocket& socket, char* block, DWORD size, DWORD& received, Clock::time_point end)
 {
-    for (int waited = 0; waited < idleMilliseconds && !m_isClosing; waited += turnMilliseconds) {
+    while (Clock::now() < end && !m_isClosing) {
         if (socket.ReadSocket(block, size, received, turnMilliseconds)) return received > 0;
         if (GetLastError() != ERROR_TIMEOUT) return false;
     }
@@ -119,13 +119,14 @@ void RemoteServer::Serve(Connection& connection)
 {
     std::string bytes, line;
     bool isTrusted = m_word.empty(), goesOn = true;
-    while (goesOn) {
-        char block[1024];
-        DWORD received = 0;
-        if (!connection.socket->ReadSocket(block, sizeof block, received, idleMilliseconds) || received == 0)
-            break;
+    auto end = Clock::now() + longestLine;
+    char block[1024];
+    for (DWORD received = 0; goesOn && Read(*connection.socket, block, sizeof block, received, end);) {
         bytes.append(block, received);
-        while (goesOn && TakeLine(bytes, line)) goesOn = ServeLine(connection, line, isTrusted);
+        while (goesOn && TakeLine(bytes, line)) {
+            goesOn = ServeLine(connection, line, isTrusted);
+            end = Clock::now() + longestLine;
+        }
         if (goesOn && bytes.size() > longestRemoteLine)
             goesOn = ServeLine(connection, bytes, isTrusted) && false;
     }

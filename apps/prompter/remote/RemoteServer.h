@@ -9,6 +9,7 @@
 #include "corekit/platform/Messages.h"
 
 #include <atomic>
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <future>
@@ -44,6 +45,7 @@ public:
     static constexpr int mostConnections = 16;
 
 private:
+    using Clock = std::chrono::steady_clock;
     struct Request {
         std::string line;
         std::promise<std::string> answer;
@@ -56,7 +58,7 @@ private:
 
     void OnAccept(XSocket* socket) override;
     void Serve(Connection& connection);
-    bool Read(XSocket& socket, char* block, DWORD size, DWORD& received);
+    bool Read(XSocket& socket, char* block, DWORD size, DWORD& received, Clock::time_point end);
     bool ServeLine(Connection& connection, const std::string& line, bool& isTrusted);
     std::string Ask(std::string line);
     void AnswerAll();
