@@ -82,8 +82,9 @@ class QuestionSearch {
 public:
     using Finder = int (*)(View text, View part);
 
-    QuestionSearch(View text, View part, Finder find)
-        : m_text(text), m_part(part), m_find(find), m_joined(text.size())
+    // `left`: the units that may still be looked at.
+    QuestionSearch(View text, View part, Finder find, std::size_t& left)
+        : m_text(text), m_part(part), m_find(find), m_joined(text.size()), m_left(left)
     {
     }
 
@@ -169,17 +170,17 @@ private:
     Finder m_find;
     std::vector<std::size_t> m_out; // indices into m_text, ascending
     Copy m_joined;
-    std::size_t m_left = unitsToLookAt;
+    std::size_t& m_left;
 };
 
-int findWithQuestion(View text, View part)
+int findWithQuestion(View text, View part, std::size_t& left)
 {
     if (part.find(u'?') == View::npos) return findPart(text, part);
-    return QuestionSearch(text, part, findPart).Run();
+    return QuestionSearch(text, part, findPart, left).Run();
 }
 
 // `starBefore` and `starBehind` add the stars that free a side.
-int findWholeWord(View text, View word, bool starBefore, bool starBehind)
+int findWholeWord(View text, View word, bool starBefore, bool starBehind, std::size_t& left)
 {
     if (word.find(u'?') == View::npos && !word.empty()) return findWord(text, word, starBefore, starBehind);
     Copy starred(word.size() + 2);
@@ -188,29 +189,30 @@ int findWholeWord(View text, View word, bool starBefore, bool starBehind)
     if (starBehind) starred.Append(u'*');
     return starred.Text().find(u'?') == View::npos
                ? findStarredWord(text, starred.Text())
-               : QuestionSearch(text, starred.Text(), findStarredWord).Run();
+               : QuestionSearch(text, starred.Text(), findStarredWord, left).Run();
 }
 
 // Finds a pattern part by part. `wholeWords` tells how a part between stars is searched for.
 int matchByParts(View text, View pattern, bool wholeWords)
 {
+    std::size_t left = unitsToLookAt;
     int first = none;
     for (bool isFirst = true;; isFirst = false) {
         const auto result = [&](int found) { return found < 0 || isFirst ? found : first; };
         std::size_t star = pattern.find(u'*');
         if (star == View::npos)
-            return result(wholeWords ? findWholeWord(text, pattern, false, false)
-                                     : findWithQuestion(text, pattern));
+            return result(wholeWords ? findWholeWord(text, pattern, false, false, left)
+                                     : findWithQuestion(text, pattern, left));
         int found;
         if (star > 0) {
-            found = findWholeWord(text, pattern.substr(0, star), false, true);
+            found = findWholeWord(text, pattern.substr(0, star), false, true, left);
         } else {
             pattern.remove_prefix(std::min(pattern.find_first_not_of(u'*'), pattern.size()));
             if (pattern.empty()) return result(1);
             star = pattern.find(u'*');
             const View part = pattern.substr(0, star);
-            found = wholeWords ? findWholeWord(text, part, true, star != View::npos)
-                               : findWithQuestion(text, part);
+            found = wholeWords ? findWholeWord(text, part, true, star != View::npos, left)
+                               : findWithQuestion(text, part, left);
             if (star == View::npos) return result(found);
         }
         if (found < 0) return none;

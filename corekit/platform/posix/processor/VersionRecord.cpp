@@ -15,8 +15,8 @@
 namespace {
 using namespace corekit::detail;
 
-constexpr std::size_t largestNotes = 1 << 20; // bytes of one note segment that are looked at
-constexpr char owner[] = "CoreKit";           // with its terminator a whole number of words
+constexpr std::size_t mostNotes = 1 << 20; // bytes of all note segments together that are looked at
+constexpr char owner[] = "CoreKit";        // with its terminator a whole number of words
 constexpr DWORD recordType = 1, layout = 1;
 
 struct RecordHead {
@@ -36,10 +36,12 @@ public:
         if (!Read(0, &head, sizeof head) || std::memcmp(head.e_ident, ELFMAG, SELFMAG) != 0) return "";
         if (head.e_ident[EI_CLASS] != ELFCLASS64 || head.e_ident[EI_DATA] != ELFDATA2LSB) return "";
         if (head.e_phentsize != sizeof(Elf64_Phdr)) return "";
+        std::size_t left = mostNotes;
         for (std::uint64_t i = 0; i < head.e_phnum; ++i) {
             Elf64_Phdr segment;
             if (!Read(head.e_phoff + i * sizeof segment, &segment, sizeof segment)) return "";
-            if (segment.p_type != PT_NOTE) continue;
+            if (segment.p_type != PT_NOTE || segment.p_filesz > left) continue;
+            left -= segment.p_filesz;
             if (std::string found = InNotes(segment); !found.empty()) return found;
         }
         return "";
@@ -58,7 +60,6 @@ private:
 
     std::string InNotes(const Elf64_Phdr& segment) const
     {
-        if (segment.p_filesz > largestNotes) return "";
         std::string notes(segment.p_filesz, '\0');
         if (!Read(segment.p_offset, notes.data(), notes.size())) return "";
         const std::uint64_t step = segment.p_align == 8 ? 8 : 4;

@@ -111,7 +111,7 @@ QMargins XStruts::reservedBesides(const QWidget& window) const
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
     const double scale = window.devicePixelRatioF();
     const auto points = [&](Side side, int limit) {
-        return std::min(static_cast<int>(most[side] / scale), limit);
+        return static_cast<int>(std::min<double>(most[side] / scale, limit));
     };
     return {points(left, screen.width()), points(top, screen.height()), points(right, screen.width()),
             points(bottom, screen.height())};

@@ -158,10 +158,12 @@ void OutlineFill::measure(GlyphMask& mask) const
         most = {std::max(most.x, e.from.x), std::max(most.y, e.from.y)};
     }
     if (least.x > most.x) return;
-    mask.left = static_cast<int>(std::floor(least.x));
-    mask.top = static_cast<int>(std::floor(least.y));
-    mask.width = static_cast<int>(std::ceil(most.x)) - mask.left;
-    mask.height = static_cast<int>(std::ceil(most.y)) - mask.top;
+    // A face may say anything of its glyphs' size.
+    const auto pixel = [](float place) { return static_cast<int>(std::clamp(place, -0x1p29f, 0x1p29f)); };
+    mask.left = pixel(std::floor(least.x));
+    mask.top = pixel(std::floor(least.y));
+    mask.width = pixel(std::ceil(most.x)) - mask.left;
+    mask.height = pixel(std::ceil(most.y)) - mask.top;
 }
 
 void OutlineFill::fill(GlyphMask& mask, int fineness) const
