@@ -26,8 +26,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   target_compile_options(corekit_options INTERFACE -Wno-restrict)
 else()
   # Large tables are built at compile time. Static members that bear the names of the socket calls are no reason to
-  # call no variable a socket, and windows are created in more than one way; g++ tells of shadows that matter.
-  target_compile_options(corekit_options INTERFACE -fconstexpr-steps=100000000 -Wno-shadow -Wno-overloaded-virtual)
+  # call no variable a socket, and windows are created in more than one way; g++ tells of shadows that matter. Memory
+  # may be given back with its size, which clang leaves out until asked.
+  target_compile_options(corekit_options INTERFACE
+    -fconstexpr-steps=100000000 -fsized-deallocation -Wno-shadow -Wno-overloaded-virtual)
 endif()
 target_include_directories(corekit_options INTERFACE ${PROJECT_SOURCE_DIR})
 if(COREKIT_SANITIZE)

@@ -68,7 +68,7 @@ int CUnicodeListCtrl::RowOf(const __entry* entry) const
 
 int CUnicodeListCtrl::Insert(int index, const WCHAR* text, eULCItemStyle style, long data)
 {
-    auto entry = std::make_unique<__entry>(text, StringW(), style, data);
+    std::unique_ptr<__entry> entry(new __entry{text, StringW(), style, data});
     CUnicodeManager::GetObjectA()->ConvertToGlyphs(entry->text, entry->text.GetLength(), entry->glyphs);
     LVITEMW item{};
     item.mask = LVIF_TEXT | LVIF_PARAM;

@@ -72,10 +72,10 @@ public:
     // The list draws its rows itself, whatever style is asked for.
     BOOL PreCreateWindow(CREATESTRUCTA& create) override;
 
-    void PreSubclassWindow() override;                 // makes the fonts
-    void DrawItem(DRAWITEMSTRUCT* item) override;      // all cells of a row
-    virtual void MeasureItem(MEASUREITEMSTRUCT* item); // the height of the tallest style
-    virtual int CompareItem(COMPAREITEMSTRUCT* items); // by the texts, case aside
+    void PreSubclassWindow() override;                  // makes the fonts
+    void DrawItem(DRAWITEMSTRUCT* item) override;       // all cells of a row
+    void MeasureItem(MEASUREITEMSTRUCT* item) override; // the height of the tallest style
+    virtual int CompareItem(COMPAREITEMSTRUCT* items);  // by the texts, case aside
 
 protected:
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
