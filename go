@@ -225,7 +225,8 @@ lint)
     need build test lint
     tools/lint.sh
     build release
-    git ls-files 'corekit/*.cpp' 'apps/*.cpp' | xargs -P "$jobs" -n 4 clang-tidy --quiet --extra-arg=-Wno-unknown-warning-option -p build/release
+    git ls-files 'corekit/*.cpp' 'apps/*.cpp' | xargs -P "$jobs" -n 4 clang-tidy --quiet \
+        --extra-arg=-Wno-unknown-warning-option --extra-arg=-fsized-deallocation --extra-arg=-fconstexpr-steps=100000000 -p build/release
     ;;
 docs)
     need docs

@@ -12,7 +12,7 @@ namespace {
 std::string takeField(std::string_view& rest)
 {
     const std::size_t dot = std::min(rest.find('.'), rest.size());
-    const std::string field(rest.substr(0, dot));
+    std::string field(rest.substr(0, dot));
     rest.remove_prefix(std::min(dot + 1, rest.size()));
     return field;
 }

@@ -131,7 +131,7 @@ int serialNumberOf(std::string_view deviceName)
 std::string serialDeviceOf(int number)
 {
     const std::string folder = GetDeviceFolders().devices + "/";
-    const std::string own = folder + "COM" + std::to_string(number);
+    std::string own = folder + "COM" + std::to_string(number);
     if (::access(own.c_str(), F_OK) == 0) return own;
     for (const auto& [kind, first] : names)
         if (number >= first && number < first + numbersPerKind)

@@ -35,7 +35,7 @@ namespace corekit {
 std::string DataFolder()
 {
     if (const char* home = variable("COREKIT_HOME")) return home;
-    const std::string machine = "/var/lib/corekit";
+    std::string machine = "/var/lib/corekit";
     if (MayWrite(machine)) return machine;
     const char* data = variable("XDG_DATA_HOME");
     return (data ? std::string(data) : homeFolder() + "/.local/share") + "/corekit";

@@ -90,7 +90,7 @@ std::string userFolder(const FolderRow& row)
 
 std::string folderOf(const FolderRow& row)
 {
-    const auto below = [&row](std::string place) { return place.empty() ? place : place + row.name; };
+    const auto below = [&row](const std::string& place) { return place.empty() ? place : place + row.name; };
     switch (row.base) {
     case Base::home:
         return below(home());

@@ -4,8 +4,6 @@
 
 namespace {
 using corekit::detail::ProfileLine;
-using corekit::detail::ProfileReader;
-using corekit::detail::sameProfileName;
 using Kind = ProfileLine::Kind;
 
 constexpr std::string_view mark = "\xEF\xBB\xBF"; // of UTF-8, at the start of a file

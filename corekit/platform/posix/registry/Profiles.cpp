@@ -121,9 +121,10 @@ DWORD GetPrivateProfileStringA(const char* section, const char* key, const char*
     }
     std::string_view value;
     std::optional<std::string> text = readFileText(nativePath(file));
-    const ProfileText profile(text ? *std::move(text) : std::string());
+    const bool isThere = text.has_value();
+    const ProfileText profile(std::move(text).value_or(std::string()));
     if (!section || !key) {
-        if (!text) SetLastError(ERROR_FILE_NOT_FOUND);
+        if (!isThere) SetLastError(ERROR_FILE_NOT_FOUND);
         return copyNames(profile.Names(section, size), buffer, size);
     }
     value = profile.Find(section, key);
