@@ -1,5 +1,7 @@
 // Arbitrary texts as a service's description, command line and name: the unit file that holds them reads back
-// as them, and has no line more. Then the same bytes as a unit file.
+// as them, and has no line more. Then the same bytes as a unit file, and as the line in which a service tells
+// its state.
+#include "corekit/platform/posix/services/StatusText.h"
 #include "corekit/platform/posix/services/UnitText.h"
 
 #include <algorithm>
@@ -43,6 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         at = std::min(at + part.size() + 1, bytes.size());
     }
     WriteAndRead(parts[0], parts[1], parts[2]);
+    Must(statusIn(bytes).state <= SERVICE_PAUSED);
     UnitText unit(bytes);
     unit.set("Service", "ExecStart", ":\"/bin/true\"");
     Must(UnitText(unit.text()).value("Service", "ExecStart") == ":\"/bin/true\"");

@@ -3,6 +3,7 @@
 // Everything here runs under the one lock of Registry.cpp. Narrow text in and out; failures are thrown.
 #pragma once
 
+#include "corekit/platform/Export.h"
 #include "corekit/platform/posix/registry/RegistryDatabase.h"
 #include "corekit/platform/Types.h"
 
@@ -36,7 +37,7 @@ public:
     // The store of the folder that the environment names now.
     static std::shared_ptr<RegistryStore> Current();
     // Closes all connections; each comes back when it is needed. A connection must not live across a fork.
-    static void DisconnectAll();
+    COREKIT_API static void DisconnectAll();
 
     explicit RegistryStore(std::string path) : m_path(std::move(path)) {}
 

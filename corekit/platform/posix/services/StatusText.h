@@ -15,6 +15,6 @@ struct ToldStatus {
     DWORD state = 0; // 0 for a line of another form
     DWORD checkPoint = 0;
 };
-ToldStatus statusIn(std::string_view text);
+COREKIT_API ToldStatus statusIn(std::string_view text);
 
 } // namespace corekit::detail

@@ -4,14 +4,16 @@
 #include "corekit/platform/Cursors.h"
 #include "corekit/platform/qt/drawing/GdiObjects.h"
 
+#include <memory>
 #include <optional>
 #include <QCursor>
 #include <QIcon>
 #include <QImage>
+#include <span>
 
 namespace corekit::detail {
 
-struct Icon final : GdiObject {
+struct COREKIT_API Icon final : GdiObject {
     static constexpr GdiKind kindOf = GdiKind::icon;
     Icon() : GdiObject(GdiKind::icon) {}
 
@@ -23,6 +25,10 @@ struct Icon final : GdiObject {
     QPoint hotSpot;
     std::optional<Qt::CursorShape> shape; // of the desktop
 };
+
+// A picture as it lies in a module: a PNG file of up to 1024 pixels a side, or an XPM of up to 256. Null if
+// it is neither.
+COREKIT_API std::shared_ptr<Icon> iconOfBytes(std::span<const std::byte> bytes);
 
 // A blank cursor and a null icon for a handle that is none.
 QCursor toolkitCursor(HCURSOR cursor);

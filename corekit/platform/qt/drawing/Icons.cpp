@@ -11,6 +11,8 @@
 #include <charconv>
 #include <map>
 #include <QApplication>
+#include <QBuffer>
+#include <QImageReader>
 #include <QPixmap>
 #include <QStyle>
 
@@ -18,7 +20,7 @@ using namespace corekit::detail;
 
 namespace {
 
-constexpr int largestXpm = 256;
+constexpr int largestXpm = 256, largestPng = 1024;
 constexpr int mostXpmColours = 256;
 constexpr int iconSize = 32;
 
@@ -76,27 +78,15 @@ std::optional<XpmFacts> xpmFacts(std::string_view xpm)
     return facts;
 }
 
-std::shared_ptr<Icon> iconOfXpm(std::string_view xpm)
+// Null of a picture that is damaged, or larger than any icon.
+QImage pictureIn(std::string_view bytes, const char* format, int largest)
 {
-    const auto facts = xpmFacts(xpm);
-    if (!facts) return nullptr;
-    auto icon = std::make_shared<Icon>();
-    icon->picture =
-        QImage::fromData(reinterpret_cast<const uchar*>(xpm.data()), static_cast<int>(xpm.size()), "XPM")
-            .convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    icon->hotSpot = {facts->values[4], facts->values[5]};
-    return icon->picture.isNull() ? nullptr : icon;
-}
-
-std::shared_ptr<Icon> iconOfBytes(std::span<const std::byte> bytes)
-{
-    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-    if (!text.starts_with("\x89PNG")) return iconOfXpm(text);
-    auto icon = std::make_shared<Icon>();
-    icon->picture =
-        QImage::fromData(reinterpret_cast<const uchar*>(text.data()), static_cast<int>(text.size()), "PNG")
-            .convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    return icon->picture.isNull() ? nullptr : icon;
+    QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QBuffer buffer(&data);
+    QImageReader reader(&buffer, format);
+    const QSize size = reader.size();
+    if (size.width() > largest || size.height() > largest) return {};
+    return reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 std::shared_ptr<Icon> systemCursor(WORD number)
@@ -149,6 +139,21 @@ HICON load(const char* name, WORD type)
 } // namespace
 
 namespace corekit::detail {
+
+std::shared_ptr<Icon> iconOfBytes(std::span<const std::byte> bytes)
+{
+    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    auto icon = std::make_shared<Icon>();
+    if (text.starts_with("\x89PNG")) {
+        icon->picture = pictureIn(text, "PNG", largestPng);
+    } else if (const auto facts = xpmFacts(text)) {
+        const auto [width, height, colours, characters, x, y] = facts->values;
+        icon->picture = pictureIn(text, "XPM", largestXpm);
+        icon->hotSpot = {x, y};
+        if (icon->picture.size() != QSize(width, height)) return nullptr; // read from another place
+    }
+    return icon->picture.isNull() ? nullptr : icon;
+}
 
 QSize Icon::size() const { return picture.isNull() ? QSize(iconSize, iconSize) : picture.size(); }
 

@@ -1,6 +1,7 @@
 // What a face tells about itself in its OS/2, hhea and post tables, in design units.
 #pragma once
 
+#include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
 
 #include <array>
@@ -8,7 +9,7 @@
 
 namespace corekit::detail {
 
-struct FontTables {
+struct COREKIT_API FontTables {
     int unitsPerEm = 1000;
     int cellAscent = 800;  // winAscent, else the ascender of hhea
     int cellDescent = 200; // positive

@@ -1,6 +1,7 @@
 // The pairs of a face's kern table: one horizontal subtable or more of format 0.
 #pragma once
 
+#include "corekit/platform/Export.h"
 #include "corekit/platform/Types.h"
 
 #include <cstdint>
@@ -9,7 +10,7 @@
 
 namespace corekit::detail {
 
-class KernTable {
+class COREKIT_API KernTable {
 public:
     // The table as it lies in the file; what is cut short or of another kind is passed over.
     explicit KernTable(std::span<const BYTE> bytes);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr char textMedia[] = "text/plain";
 
-enum class Encoding { utf8, latin1 };
+using Encoding = SelectionEncoding;
 
 // Names of text among programs of X, best first; the holder may answer one with another's type.
 struct TextTarget {
@@ -76,15 +76,12 @@ QVariant OfferedMedia::textGiven() const
 {
     for (const TextTarget& asked : textTargets) {
         if (!isOffered(asked.name)) continue;
-        auto data = selectionReader().read(m_selection, selectionReader().atom(asked.name), m_time);
+        const auto data = selectionReader().read(m_selection, selectionReader().atom(asked.name), m_time);
         const auto given =
             std::find_if(textTargets.begin(), textTargets.end(), [&](const TextTarget& target) {
                 return data && data->unitBits == 8 && data->type == selectionReader().atom(target.name);
             });
-        if (given == textTargets.end()) continue;
-        if (data->bytes.endsWith('\0')) data->bytes.chop(1); // of those that send their terminator
-        return given->encoding == Encoding::utf8 ? QString::fromUtf8(data->bytes)
-                                                 : QString::fromLatin1(data->bytes);
+        if (given != textTargets.end()) return textIn(*data, given->encoding);
     }
     return {};
 }

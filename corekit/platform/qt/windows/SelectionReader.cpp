@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <poll.h>
 #include <utility>
@@ -16,7 +15,6 @@ constexpr auto patienceForTargets = 250ms;
 constexpr auto patienceForData = 1s;
 constexpr auto longestRead = 10s;
 constexpr auto restAfterSilence = 3s;
-constexpr qsizetype greatestRead = 64 << 20;
 constexpr std::uint32_t wordsAtOnce = 1 << 16; // of four bytes
 
 template <class T>
@@ -69,10 +67,7 @@ std::vector<xcb_atom_t> SelectionReader::targets(xcb_atom_t selection)
 {
     const xcb_atom_t target = atom("TARGETS");
     const auto said = ask(selection, target, XCB_CURRENT_TIME, patienceForTargets);
-    if (!said || said->unitBits != 32 || (said->type != XCB_ATOM_ATOM && said->type != target)) return {};
-    std::vector<xcb_atom_t> all(static_cast<std::size_t>(said->bytes.size()) / sizeof(xcb_atom_t));
-    if (!all.empty()) std::memcpy(all.data(), said->bytes.constData(), all.size() * sizeof(xcb_atom_t));
-    return all;
+    return said ? atomsIn(*said, target) : std::vector<xcb_atom_t>();
 }
 
 std::optional<SelectionReader::Data> SelectionReader::read(xcb_atom_t selection, xcb_atom_t target,
@@ -149,13 +144,9 @@ std::optional<SelectionReader::Data> SelectionReader::pieces(Request& request)
         const auto piece = take(request.window);
         if (!piece) return {};
         if (piece->type == XCB_ATOM_NONE) continue; // taken before
-        const bool isFirst = whole.type == XCB_ATOM_NONE;
-        if (isFirst) whole = {piece->type, piece->unitBits, {}};
-        if (piece->bytes.isEmpty()) return whole;
-        if (piece->type != whole.type || piece->unitBits != whole.unitBits ||
-            whole.bytes.size() + piece->bytes.size() > greatestRead)
-            return {};
-        whole.bytes += piece->bytes;
+        const bool isEnd = piece->bytes.isEmpty();  // of whatever type, if there is one already
+        if ((!isEnd || whole.type == XCB_ATOM_NONE) && !whole.append(*piece)) return {};
+        if (isEnd) return whole;
         request.silentAt = Clock::now() + request.patience;
     }
     return {};
@@ -170,12 +161,11 @@ std::optional<SelectionReader::Data> SelectionReader::take(xcb_window_t window)
         const auto asked = xcb_get_property(m_connection, 1, window, m_property, XCB_GET_PROPERTY_TYPE_ANY,
                                             words, wordsAtOnce);
         const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection, asked, nullptr));
-        if (!reply || (words > 0 && (reply->type != data.type || reply->format != data.unitBits))) return {};
+        if (!reply) return {};
+        const auto* const bytes = static_cast<const char*>(xcb_get_property_value(reply.get()));
         const int length = xcb_get_property_value_length(reply.get());
-        if (data.bytes.size() + length > greatestRead) return {};
-        data.type = reply->type;
-        data.unitBits = reply->format;
-        data.bytes.append(static_cast<const char*>(xcb_get_property_value(reply.get())), length);
+        const Data part{reply->type, reply->format, QByteArray::fromRawData(bytes, length)};
+        if (!data.append(part)) return {};
         if (!reply->bytes_after) return data;
     }
 }

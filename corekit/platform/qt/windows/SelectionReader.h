@@ -1,7 +1,7 @@
 // What another program of an X display holds, asked of it on a connection of our own and with limits.
 #pragma once
 
-#include <QByteArray>
+#include "corekit/platform/qt/windows/SelectionData.h"
 
 #include <chrono>
 #include <map>
@@ -18,11 +18,7 @@ namespace corekit::detail {
 // thread, and for what other programs hold: this one would wait for itself.
 class SelectionReader {
 public:
-    struct Data {
-        xcb_atom_t type = XCB_ATOM_NONE;
-        int unitBits = 0; // 8, 16, 32
-        QByteArray bytes;
-    };
+    using Data = SelectionData;
 
     SelectionReader();
     SelectionReader(const SelectionReader&) = delete;
