@@ -14,7 +14,7 @@ namespace corekit {
 // target's place with the target's rights. What is not committed goes away with the object; what a killed
 // writer left, the next one for the same target removes. A target that is a link is replaced where the link
 // points to. One that is no plain file (a pipe, a device) is written to directly. On failure the last error
-// is set, and the target is what it was.
+// is set, and the target is what it was; only where its folder cannot be put on the device it is the new one.
 class COREKIT_API ReplacedFile {
 public:
     explicit ReplacedFile(const std::string& target);

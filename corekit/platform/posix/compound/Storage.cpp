@@ -140,16 +140,19 @@ struct CompoundDocument {
         CompoundState state;
         auto saved =
             CompoundReader::Open(Descriptor(::open(file.Path().c_str(), O_RDONLY | O_CLOEXEC)), state);
-        const HANDLE next = OpenClaim(file.Path().c_str());
-        if (!saved || !file.Commit()) {
-            const HRESULT result = saved ? resultOfWrite(GetLastError()) : STG_E_READFAULT;
+        if (!saved) return STG_E_READFAULT;
+        const std::string beside = file.Path();
+        const HANDLE next = OpenClaim(beside.c_str());
+        const HRESULT result = file.Commit() ? S_OK : resultOfWrite(GetLastError());
+        if (result != S_OK && file.Path() == beside) {
             if (next != INVALID_HANDLE_VALUE) CloseHandle(next);
             return result;
         }
+        // In its place, also if a loss of power may undo that.
         Claim(next);
         for (std::size_t entry = 0; entry < nodes.size(); ++entry)
             nodes[entry]->Rebase(saved, static_cast<std::uint32_t>(entry));
-        return S_OK;
+        return result;
     }
 };
 
