@@ -146,3 +146,21 @@ TEST_F(Profiles, AnotherLibraryReadsOursAndWeReadItsFiles)
     EXPECT_EQ(Get("three", "theirs"), "x y");
     EXPECT_EQ(Get("One", "Other"), "1");
 }
+
+// In a process of its own, as a process has one code page.
+TEST_F(Profiles, TheSecondByteOfACharacterIsNoSign)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    setenv("COREKIT_CODEPAGE", "932", 1);
+    const auto write = [this](const char* section, const char* key, const char* value) {
+        return WritePrivateProfileStringA(section, key, value, m_file.c_str()) != 0;
+    };
+    const auto check = [&] {
+        // Two sections, one of which has a bracket in its name; two keys that differ in a letter's case.
+        return write("\x83\x5D", "\x83\x41", "1") && write("\x83\x5D", "\x83\x61", "2") &&
+               !write("a]", "k", "3") && Get("\x83\x5D", "\x83\x41") == "1" &&
+               Get("\x83\x5D", "\x83\x61") == "2" && Get("\x83", "\x83\x41") == "none";
+    };
+    EXPECT_EXIT(_exit(check() ? 0 : 1), testing::ExitedWithCode(0), "");
+    unsetenv("COREKIT_CODEPAGE");
+}

@@ -193,3 +193,18 @@ TEST_F(RegistryTest, ThreadsSeeWholeValuesWhileOthersWrite)
         });
     for (std::thread& thread : threads) thread.join();
 }
+
+// In a process of its own, as a process has one code page.
+TEST_F(RegistryTest, TheSecondByteOfACharacterIsNoSeparator)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    setenv("COREKIT_CODEPAGE", "932", 1);
+    const auto check = [&] {
+        RegCloseKey(Create("Software\\Test\\\x95\x5C\\\x83\x5C\\"));
+        HKEY key = nullptr;
+        return RegOpenKeyExA(m_key, "\x95\x5C", 0, readWrite, &key) == 0 &&
+               EnumName(m_key, 0, false) == "\x95\x5C" && EnumName(key, 0, false) == "\x83\x5C";
+    };
+    EXPECT_EXIT(_exit(check() ? 0 : 1), testing::ExitedWithCode(0), "");
+    unsetenv("COREKIT_CODEPAGE");
+}

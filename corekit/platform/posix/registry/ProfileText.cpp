@@ -1,6 +1,6 @@
 #include "corekit/platform/posix/registry/ProfileText.h"
 
-#include <algorithm>
+#include "corekit/platform/posix/registry/RegistryText.h"
 
 namespace {
 using corekit::detail::ProfileLine;
@@ -30,7 +30,12 @@ namespace corekit::detail {
 
 bool sameProfileName(std::string_view a, std::string_view b)
 {
-    return std::ranges::equal(a, b, {}, lower, lower);
+    if (a.size() != b.size()) return false;
+    for (std::size_t at = 0; at < a.size(); ++at) {
+        if (lower(a[at]) != lower(b[at])) return false;
+        if (isLeadByte(a[at]) && ++at < a.size() && a[at] != b[at]) return false;
+    }
+    return true;
 }
 
 ProfileReader::ProfileReader(std::string_view text)
@@ -50,7 +55,8 @@ bool ProfileReader::Next(ProfileLine& line)
     line.blank = text.empty();
     if (line.blank || text.front() == ';') return true;
     if (text.front() == '[') {
-        const auto close = text.find(']');
+        auto close = corekit::detail::findSign(text, ']');
+        if (close == std::string_view::npos) close = text.find(']'); // in a file of another code page
         if (close == std::string_view::npos) return true;
         line.kind = Kind::section;
         line.name = trimmed(text.substr(1, close - 1));

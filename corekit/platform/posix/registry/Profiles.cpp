@@ -5,6 +5,7 @@
 #include "corekit/platform/posix/files/Descriptor.h"
 #include "corekit/platform/posix/files/File.h"
 #include "corekit/platform/posix/registry/ProfileText.h"
+#include "corekit/platform/posix/registry/RegistryText.h"
 #include "corekit/platform/ReplacedFile.h"
 
 #include <cerrno>
@@ -74,19 +75,20 @@ std::string_view withoutTrailingBlanks(std::string_view text)
     return text;
 }
 
-bool isName(std::string_view name, std::string_view forbidden)
+bool isName(std::string_view name, char forbidden)
 {
     return name.find_first_not_of(" \t") != std::string_view::npos &&
-           name.find_first_of(forbidden) == std::string_view::npos;
+           name.find_first_of("\r\n") == std::string_view::npos &&
+           findSign(name, forbidden) == std::string_view::npos;
 }
 
 DWORD checkChange(const char* section, const char* key, const char* value)
 {
-    if (!section || !isName(section, "]\r\n")) return ERROR_INVALID_PARAMETER;
+    if (!section || !isName(section, ']')) return ERROR_INVALID_PARAMETER;
     if (!key || !value) return NO_ERROR;
     const std::string_view name(key);
     const auto first = name.find_first_not_of(" \t");
-    if (!isName(name, "=\r\n") || name[first] == '[' || name[first] == ';') return ERROR_INVALID_PARAMETER;
+    if (!isName(name, '=') || name[first] == '[' || name[first] == ';') return ERROR_INVALID_PARAMETER;
     return std::strpbrk(value, "\r\n") ? ERROR_INVALID_PARAMETER : NO_ERROR;
 }
 

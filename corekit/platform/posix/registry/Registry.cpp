@@ -2,6 +2,7 @@
 
 #include "corekit/platform/posix/handles/SlotTable.h"
 #include "corekit/platform/posix/registry/RegistryStore.h"
+#include "corekit/platform/posix/registry/RegistryText.h"
 #include "corekit/platform/Runtime.h"
 
 #include <algorithm>
@@ -150,7 +151,7 @@ std::string pathOf(const char* subKey)
 {
     std::string path = subKey ? subKey : "";
     require(!path.starts_with('\\'), ERROR_BAD_PATHNAME);
-    while (path.ends_with('\\')) path.pop_back();
+    while (corekit::detail::endsWithSign(path, '\\')) path.pop_back();
     return path;
 }
 

@@ -38,7 +38,7 @@ std::string_view nextName(std::string_view& path)
     const auto first = path.find_first_not_of('\\');
     if (first == std::string_view::npos) return path = {};
     path.remove_prefix(first);
-    const std::string_view name = path.substr(0, path.find('\\'));
+    const std::string_view name = path.substr(0, corekit::detail::findSign(path, '\\'));
     path.remove_prefix(name.size());
     return name;
 }

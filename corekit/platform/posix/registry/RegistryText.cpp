@@ -60,6 +60,31 @@ std::string utf8ToNarrow(std::string_view utf8)
     return narrowed(wide);
 }
 
+bool isLeadByte(char c)
+{
+    const auto byte = static_cast<BYTE>(c);
+    return byte >= 0x80 && IsDBCSLeadByteEx(CP_ACP, byte);
+}
+
+std::size_t findSign(std::string_view narrow, char sign)
+{
+    const std::size_t found = narrow.find(sign);
+    if (found == narrow.npos || found == 0 || isAscii(narrow.substr(found - 1, 1))) return found;
+    for (std::size_t at = 0; at < narrow.size(); at += isLeadByte(narrow[at]) ? 2 : 1)
+        if (narrow[at] == sign) return at;
+    return narrow.npos;
+}
+
+bool endsWithSign(std::string_view narrow, char sign)
+{
+    if (!narrow.ends_with(sign)) return false;
+    const std::size_t last = narrow.size() - 1;
+    if (last == 0 || isAscii(narrow.substr(last - 1, 1))) return true;
+    std::size_t at = 0;
+    while (at < last) at += isLeadByte(narrow[at]) ? 2 : 1;
+    return at == last;
+}
+
 std::string foldName(std::string_view utf8)
 {
     std::string folded;
