@@ -12,6 +12,7 @@
 #include <cstring>
 #include <functional>
 #include <map>
+#include <memory>
 #include <thread>
 
 namespace {
@@ -212,10 +213,10 @@ struct Picture {
             for (int x = in.left; x < in.right; ++x) count += GetPixel(dc, x, y) == colour;
         return count;
     }
-    bool Equals(const Picture& other) const
+    bool Equals(const Picture& other, int from = 0) const
     {
         for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x)
+            for (int x = from; x < width; ++x)
                 if (GetPixel(dc, x, y) != GetPixel(other.dc, x, y)) return false;
         return true;
     }
@@ -273,6 +274,35 @@ TEST(EditControl, ASelectionIsOneBlockOfTheSelectedLettersAndTheFrameStaysWhole)
     EXPECT_EQ(picture.Count(marked, CRect(to, 0, picture.width, picture.height)), 0);
     EXPECT_GT(picture.Count(RGB(250, 240, 230), CRect(6, 3, from, 2 + height)), 0);
     EXPECT_EQ(picture.Count(RGB(250, 240, 230), CRect(0, 0, 2, picture.height)), 0) << "the frame";
+}
+
+TEST(EditControl, ALineThatReachesFarOutLooksLikeAShorterOne)
+{
+    CUnicodeManager::Initialise(1)->OverrideSettings({.biDi = TRUE});
+    std::u16string text;
+    for (int i = 0; i < 3000; ++i) text += i % 9 ? static_cast<char16_t>(u'a' + i * i % 26) : u' ';
+    const struct {
+        int alignment, key;
+        std::u16string shorter;
+        int sameFrom; // aligned right, letters before the selection stand by fractions of a pixel elsewhere
+    } cases[] = {{EditModel::left, VK_HOME, text.substr(0, 300), 0},
+                 {EditModel::right, VK_END, text.substr(text.size() - 300), 252}};
+    for (const auto& c : cases) {
+        EditInAWindow window(300, 120);
+        window.edit.SetWrap(0);
+        window.edit.SetAlignment(c.alignment);
+        const auto pictureOf = [&](const std::u16string& shown) {
+            window.edit.SetString(shown.c_str());
+            PressKey(c.key, {VK_CONTROL});
+            for (int i = 0; i < 3; ++i) PressKey(c.key == VK_HOME ? VK_RIGHT : VK_LEFT, {VK_SHIFT});
+            window.edit.HideCaret();
+            RunWaiting();
+            return std::make_unique<Picture>(window.edit);
+        };
+        const auto whole = pictureOf(text), part = pictureOf(c.shorter);
+        EXPECT_GT(whole->Count(GetSysColor(COLOR_HIGHLIGHT), CRect(0, 0, 300, 120)), 100);
+        EXPECT_TRUE(whole->Equals(*part, c.sameFrom)) << c.alignment;
+    }
 }
 
 // ---- Hosts and hard input

@@ -10,6 +10,7 @@ namespace {
 
 constexpr int margin = 4, bothMargins = 8; // of a row, left and right
 constexpr int topMargin = 2;
+constexpr int longestWhole = 512, reserve = 64; // characters
 constexpr UINT fillClipped = ETO_OPAQUE | ETO_CLIPPED;
 
 // A control is painting for as long as it lives, also when painting throws.
@@ -89,8 +90,25 @@ void CMultilineUnicodeEditCtl::PaintRows(HDC dc, const CRect& frame, const RECT&
     }
 }
 
+// Of a line that is not wrapped most lies beyond the frame; what is far out is not drawn.
+void CMultilineUnicodeEditCtl::CutToFrame(const CRect& frame, EditRow& row)
+{
+    if (row.shown <= longestWhole) return;
+    const WCHAR* const text = static_cast<const WCHAR*>(row.line.Text()) + row.first;
+    int cut = 0;
+    if (m_model.Alignment() == EditModel::left)
+        row.shown = std::min(row.shown, leastBeyond(m_ruler, text, row.shown, frame.Width()) + reserve);
+    else if (m_model.Alignment() == EditModel::right)
+        cut = std::max(longestFittingEnd(m_ruler, text, row.shown, frame.Width()) - reserve, 0);
+    row.first += cut;
+    row.shown -= cut;
+    row.from = std::clamp(row.from - cut, 0, row.shown);
+    row.to = std::clamp(row.to - cut, 0, row.shown);
+}
+
 void CMultilineUnicodeEditCtl::PaintRow(HDC dc, const CRect& frame, int top, EditRow& row)
 {
+    CutToFrame(frame, row);
     const WCHAR* const text = static_cast<const WCHAR*>(row.line.Text()) + row.first;
     int x = frame.left;
     if (m_model.Alignment() != EditModel::left) {

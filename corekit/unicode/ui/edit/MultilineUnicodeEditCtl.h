@@ -150,6 +150,7 @@ private:
     void CursorMoved();
     void UpdateScrollBar(); // by the number of lines
     void PaintRows(HDC dc, const CRect& frame, const RECT& invalid);
+    void CutToFrame(const CRect& frame, corekit::detail::EditRow& row);
     // Three parts: before, in and behind the selection.
     void PaintRow(HDC dc, const CRect& frame, int top, corekit::detail::EditRow& row);
     bool RunKey(UINT key);            // false for a key without a row
