@@ -38,6 +38,8 @@ TEST_F(SCMStatus, PositionsTurnTheIconAndTheOwnerWaits)
 {
     dialog.Create(&owner);
     ASSERT_TRUE(dialog.GetSafeHwnd());
+    dialog.Create(&owner);
+    EXPECT_EQ(GetLastActivePopup(owner), dialog) << "a second window that nobody owns";
     EXPECT_FALSE(owner.IsWindowEnabled());
     EXPECT_EQ(Line(), LoadResourceString(message::serviceOpenFailed));
     ASSERT_TRUE(Step(0));

@@ -19,6 +19,7 @@ void bindPending(HWND window)
 bool corekit::detail::createDialogFor(CWnd& object, const DialogTemplate& dialog, HWND owner,
                                       DLGPROC procedure)
 {
+    if (object.m_hWnd) return false; // a second window would belong to nobody
     pending = &object;
     hookBefore = setCreationHook(bindPending);
     const HWND window = CreateDialogIndirectParamA(nullptr, &dialog, owner, procedure, 0);

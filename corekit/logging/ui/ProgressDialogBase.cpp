@@ -13,6 +13,7 @@ ProgressDialogBase::~ProgressDialogBase()
 
 int ProgressDialogBase::CreateOver(UINT templateId, CWnd* parent)
 {
+    if (m_hWnd) return 0;
     const CWnd* const owner = AfxGetSafeOwner(parent);
     if (owner && ::IsWindowEnabled(owner->GetSafeHwnd())) {
         m_disabledOwner = owner->GetSafeHwnd();

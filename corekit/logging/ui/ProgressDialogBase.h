@@ -17,7 +17,7 @@ protected:
     explicit ProgressDialogBase(const char* title) : m_title(title) {}
 
     // Makes the window and keeps the top window of `parent` from input. 0, and the owner as it was, if the
-    // dialog could not be made.
+    // dialog could not be made or stands already.
     int CreateOver(UINT templateId, CWnd* parent);
 
     BOOL OnInitDialog() override; // shows the title
