@@ -54,7 +54,9 @@ void CIOCPManager::Shutdown()
 
 void CIOCPManager::AssociateHandle(void* handle)
 {
-    CreateIoCompletionPort(handle, m_port, reinterpret_cast<ULONG_PTR>(handle), 0);
+    // Without a port the handle would belong to a new one, which nobody serves, for good.
+    if (const HANDLE port = m_port)
+        CreateIoCompletionPort(handle, port, reinterpret_cast<ULONG_PTR>(handle), 0);
 }
 
 UINT CIOCPManager::ThreadStartHelper(void* manager)

@@ -56,7 +56,8 @@ public:
     // are under way then are never told. Does nothing on a manager that is not initialised.
     void Shutdown();
 
-    // Makes the handle's transfers arrive here, with its own value as their key.
+    // Makes the handle's transfers arrive here, with its own value as their key; nothing happens where the
+    // manager is not initialised, and a handle that belongs to another port stays there.
     void AssociateHandle(void* handle);
 
     // For PostQueuedCompletionStatus: a key other than 0 with a record calls its OnComplete, key 0 ends one

@@ -119,6 +119,7 @@ TEST(IOCPManager, ReportsPostedCompletionsAndFileTransfers)
     const HANDLE file = CreateFileA((folder / "f").c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
                                     CREATE_ALWAYS, FILE_FLAG_OVERLAPPED, nullptr);
     CIOCPManager manager;
+    manager.AssociateHandle(file); // too early
     manager.Initialise(2, 0);
     manager.AssociateHandle(file);
     manager.AssociateHandle(nullptr); // not examined
