@@ -208,18 +208,8 @@ int CString::ReverseFind(char ch) const noexcept
     return indexOf(std::string_view(m_text, static_cast<std::size_t>(GetLength())).rfind(ch));
 }
 
-void CString::MakeUpper()
-{
-    char* text = Reserve(0, true);
-    std::transform(text, text + GetLength(), text,
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-}
-void CString::MakeLower()
-{
-    char* text = Reserve(0, true);
-    std::transform(text, text + GetLength(), text,
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-}
+void CString::MakeUpper() { _strupr(Reserve(0, true)); }
+void CString::MakeLower() { _strlwr(Reserve(0, true)); }
 void CString::MakeReverse()
 {
     char* text = Reserve(0, true);
