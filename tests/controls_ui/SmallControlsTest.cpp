@@ -11,6 +11,7 @@
 #include "corekit/platform/UpDowns.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QWidget>
 
 using namespace corekit::test;
@@ -23,6 +24,7 @@ TEST(UpDowns, CountInTheirBuddy)
         const char* typed;
         const char* presses; // u and d the arrows, U and D the keys
         const char* text;
+        const char* language = "C";
     };
     constexpr DWORD usual = UDS_SETBUDDYINT | UDS_AUTOBUDDY | UDS_ALIGNRIGHT | UDS_ARROWKEYS;
     const Case cases[] = {
@@ -38,9 +40,13 @@ TEST(UpDowns, CountInTheirBuddy)
         {usual, 0, 10, 10, "none", "u", "1"},
         {usual | UDS_NOTHOUSANDS, 0, 9999, 10, "1999", "u", "2000"},
         {usual, 0, 255, 16, "0x00FE", "u", "0x00FF"},
+        {usual, -9999, 9999, 10, "-1.999", "d", "-2.000", "de_DE"},
+        {usual, 0, 9999, 10, "1 999", "u", "2 000", "fr_FR"},      // its narrow space is in no code page
+        {usual, -9999, 9999, 10, "-1998", "d", "-1,999", "ar_EG"}, // nor are these digits and this sign
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.typed) + " " + c.presses);
+        QLocale::setDefault(QLocale(QString::fromLatin1(c.language)));
         Parent parent;
         const HWND buddy = parent.add(WC_EDITA, "", 0, {10, 10, 110, 40}, 6);
         const HWND arrows = parent.add(UPDOWN_CLASSA, "", c.style, {0, 0, 0, 0});
@@ -64,6 +70,7 @@ TEST(UpDowns, CountInTheirBuddy)
         GetWindowRect(arrows, &second);
         EXPECT_TRUE(first.right == second.left && second.right - first.left == 100) << "in its place";
     }
+    QLocale::setDefault(QLocale::c());
 }
 
 TEST(ToolTips, AskForTheirTextWhereThePointerRests)

@@ -19,6 +19,14 @@ namespace {
 
 constexpr int widthInBuddy = 18;
 
+// What stands between thousands. Some languages have a sign that the active code page lacks.
+QString separator()
+{
+    const QString own = QLocale().groupSeparator();
+    if (textFrom(toNarrow(own).c_str()) == own) return own;
+    return own.front().isSpace() ? QStringLiteral(" ") : QStringLiteral(",");
+}
+
 class UpDownFace final : public QWidget {
 public:
     explicit UpDownFace(QWidget* parent) : QWidget(parent)
@@ -171,7 +179,10 @@ QString UpDown::textOf(int position) const
             .arg(static_cast<uint>(position), 4, 16, QChar(u'0'))
             .toUpper()
             .replace(u'X', u'x');
-    return style() & UDS_NOTHOUSANDS ? QString::number(position) : QLocale().toString(position);
+    if (style() & UDS_NOTHOUSANDS) return QString::number(position);
+    QLocale european = QLocale::c(); // its digits, in every language: programs read them
+    european.setNumberOptions(QLocale().numberOptions());
+    return european.toString(position).replace(u',', separator());
 }
 
 int UpDown::position(bool& isRight) const
@@ -182,8 +193,8 @@ int UpDown::position(bool& isRight) const
     GetWindowTextA(m_buddy, text, sizeof text);
     QString digits = textFrom(text);
     bool isNumber = false;
-    const int value =
-        m_base == 16 ? static_cast<int>(digits.toUInt(&isNumber, 16)) : QLocale().toInt(digits, &isNumber);
+    const int value = m_base == 16 ? static_cast<int>(digits.toUInt(&isNumber, 16))
+                                   : digits.remove(separator()).toInt(&isNumber);
     const auto [low, high] = std::minmax(m_low, m_high);
     isRight = isNumber && value >= low && value <= high;
     return isRight ? value : m_position;
