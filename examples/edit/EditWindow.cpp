@@ -59,6 +59,7 @@ bool EditWindow::MakeControls()
                       m_faceLabel.Create("STATIC", "&Font", label, anywhere, this, faceLabelId) &&
                       m_faces.Create("COMBOBOX", "", choice, anywhere, this, facesId) &&
                       m_text.Create(this, textId, anywhere) && m_drop.Register(&m_text);
+    m_text.SetWindowText("Text"); // seen nowhere, but read out
     CRect client;
     GetClientRect(&client);
     OnSize(0, client.right, client.bottom);

@@ -43,6 +43,7 @@ bool ListWindow::Open()
     if (!m_list.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS, client, this,
                        listId))
         return false;
+    m_list.SetWindowText("Names"); // seen nowhere, but read out
     m_list.InsertColumn(nameColumn, "Name", LVCFMT_LEFT, nameWidth);
     m_list.InsertColumn(scriptColumn, "Script", LVCFMT_LEFT, scriptWidth);
     Fill();

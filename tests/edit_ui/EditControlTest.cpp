@@ -8,6 +8,10 @@
 #include "corekit/unicode/ui/edit/RendererRuler.h"
 #include "tests/support/Thrown.h"
 
+#include <QAccessible>
+#include <QApplication>
+#include <QWidget>
+
 #include <chrono>
 #include <cstring>
 #include <functional>
@@ -402,6 +406,24 @@ TEST(EditControl, NoTextAndNoSizeIsTooMuch)
     PressKey(VK_DOWN);
     RunWaiting();
     EXPECT_EQ(window.edit.GetString().GetLength(), 19);
+}
+
+TEST(EditControl, IsReadOutWithItsTextAndCursor)
+{
+    EditInAWindow window;
+    window.edit.SetWindowText("Story");
+    window.edit.SetString(u"Good evening");
+    QAccessibleInterface* const edit = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
+    EXPECT_EQ(edit->role(), QAccessible::EditableText);
+    EXPECT_EQ(edit->text(QAccessible::Name).toStdString(), "Story");
+    QAccessibleTextInterface& text = *edit->textInterface();
+    text.setCursorPosition(4);
+    TypeText(u",");
+    EXPECT_EQ(text.cursorPosition(), 5);
+    text.setSelection(0, 6, 13);
+    int from = 0, to = 0;
+    window.edit.GetSelection(from, to);
+    EXPECT_EQ(text.text(from, to).toStdString(), "evening");
 }
 
 } // namespace

@@ -104,6 +104,9 @@ int Desk::OnCreate(CREATESTRUCTA*)
     const bool made = m_list.CreatePane(this, listId) && m_edit.Create(this, editId, nowhere) &&
                       m_preview.CreatePane(this, previewId, nowhere);
     if (!made) return -1;
+    // Seen nowhere, but read out.
+    m_list.SetWindowText("Stories");
+    m_edit.SetWindowText("Story");
     m_edit.SetFontData(UsualFonts(editorSize).GetCombinedString(), 0, 0);
     m_edit.SetInitialHighlightOff();
     return 0;

@@ -73,7 +73,7 @@ inline constexpr DialogItem lookItems[] = {
     label("&Size:", {7, 30, 82, 10}),
     edit(sizeField, {91, 27, 40, 14}, ES_NUMBER),
     label("pixels", {135, 30, 60, 10}),
-    label("Line &gap:", {7, 48, 82, 10}),
+    label("&Line gap:", {7, 48, 82, 10}),
     edit(gapField, {91, 45, 40, 14}, ES_NUMBER),
     label("% of the size", {135, 48, 80, 10}),
     label("&Margins:", {7, 66, 82, 10}),
@@ -130,7 +130,7 @@ inline constexpr DialogItem keyboardsItems[] = {
     label("&Keyboards:", {7, 7, 100, 10}),
     list(keyboardList, {7, 19, 110, 168}),
     item(WC_STATICA, keyboardPicture, "", {124, 19, 366, 168}, SS_BITMAP),
-    defaultButton(IDOK, "Type with it", {384, 194, 50, 14}),
+    defaultButton(IDOK, "&Type with it", {384, 194, 50, 14}),
     button(IDCANCEL, "Cancel", {440, 194, 50, 14}),
 };
 inline constexpr DialogTemplate keyboards = {keyboardsId, "Keyboards", 497, 215, modal, keyboardsItems};

@@ -9,13 +9,13 @@ namespace corekit::detail::dialogs {
 inline constexpr DialogItem customiseKeyboardItems[] = {
     label("&Location:", {7, 9, 60, 10}),
     choice(1039, {70, 7, 90, 100}),
-    label("C&ategory:", {7, 27, 60, 10}),
+    label("Cate&gory:", {7, 27, 60, 10}),
     choice(1041, {70, 25, 90, 120}),
     label("C&ommands:", {7, 44, 100, 10}),
     list(1040, {7, 55, 153, 80}),
     label("Description:", {7, 140, 100, 10}),
     label("", {7, 151, 153, 26}, 1042),
-    label("A&ssigned keys:", {170, 9, 100, 10}),
+    label("Ass&igned keys:", {170, 9, 100, 10}),
     list(1043, {170, 20, 90, 46}),
     button(1047, "&Remove", {265, 20, 54, 14}),
     button(1048, "Re&set All", {265, 38, 54, 14}),
@@ -46,7 +46,7 @@ inline constexpr DialogItem newToolbarItems[] = {
     edit(1038, {60, 7, 100, 14}),
     label("&Location:", {7, 27, 50, 10}),
     choice(1039, {60, 25, 100, 100}),
-    label("C&ategory:", {7, 45, 50, 10}),
+    label("Cate&gory:", {7, 45, 50, 10}),
     choice(1041, {60, 43, 100, 120}),
     label("&Commands:", {7, 62, 100, 10}),
     list(1040, {7, 73, 120, 100}),
@@ -63,6 +63,7 @@ inline constexpr DialogItem newToolbarItems[] = {
 inline constexpr DialogTemplate newToolbar = {4020, "", 316, 198, modal, newToolbarItems};
 
 inline constexpr DialogItem macroToolbarItems[] = {
+    name("Buttons"),
     list(1040, {7, 7, 120, 130}),
     button(1000, "&Add", {133, 7, 60, 14}),
     button(1041, "&Remove", {133, 25, 60, 14}),

@@ -35,6 +35,8 @@ constexpr DialogItem label(const char* text, Place p, int id = noId, DWORD style
 {
     return item(WC_STATICA, id, text, p, style);
 }
+// What a screen reader calls the control behind it, where nothing on the screen says so.
+constexpr DialogItem name(const char* text) { return {WC_STATICA, text, noId, 0, 0, 0, 0, WS_CHILD}; }
 constexpr DialogItem icon(int id, Place p) { return item(WC_STATICA, id, "", p, SS_ICON | SS_CENTERIMAGE); }
 constexpr DialogItem picture(int id, Place p)
 {

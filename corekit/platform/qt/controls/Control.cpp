@@ -1,10 +1,9 @@
 #include "corekit/platform/qt/controls/Control.h"
 
 #include "corekit/platform/qt/controls/ToolkitFont.h"
+#include "corekit/platform/qt/windows/AccessibleName.h"
 #include "corekit/platform/qt/windows/EventInHand.h"
 #include "corekit/platform/qt/windows/WideText.h"
-
-#include <QLabel>
 
 #include <algorithm>
 #include <cstring>
@@ -17,16 +16,6 @@ bool isInput(UINT message)
 {
     return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
            (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
-}
-
-// A text that stands right before a control names it, also for those who cannot see where it stands.
-void takeNameFrom(HWND before, QWidget& control)
-{
-    const Window* const window = before ? Window::find(before) : nullptr;
-    auto* const label = window ? dynamic_cast<QLabel*>(window->widget()) : nullptr;
-    if (!label || label->text().isEmpty()) return;
-    label->setBuddy(&control);
-    control.setAccessibleName(label->text()); // views do not ask for a buddy
 }
 
 } // namespace

@@ -41,7 +41,11 @@ void Window::styleChanged(DWORD formerStyle, DWORD)
 void Window::setText(const QString& text)
 {
     m_text = text;
-    if (m_widget && m_widget->isWindow()) m_widget->setWindowTitle(text);
+    if (!m_widget) return;
+    if (m_widget->isWindow())
+        m_widget->setWindowTitle(text);
+    else if (!text.isEmpty())
+        m_widget->setAccessibleName(text); // seen nowhere, but said
 }
 
 LRESULT Window::send(UINT message, WPARAM wParam, LPARAM lParam) const

@@ -71,6 +71,7 @@ int CMultilineUnicodeEditCtl::OnCreate(CREATESTRUCTA* create)
     const bool rightToLeft = m_manager->IsLocaleRTL(m_manager->GetCurrentKeyboardLocale());
     m_model.SetAlignment(rightToLeft ? EditModel::centred : EditModel::left);
     m_accelerators = AfxLoadAccelerators(editKeys);
+    setAccessibleText(m_hWnd, this);
     TextChanged();
     return 0;
 }
@@ -78,6 +79,7 @@ int CMultilineUnicodeEditCtl::OnCreate(CREATESTRUCTA* create)
 void CMultilineUnicodeEditCtl::OnDestroy()
 {
     RevokeSink();
+    setAccessibleText(m_hWnd, nullptr);
     CWnd::OnDestroy();
 }
 
@@ -85,6 +87,12 @@ void CMultilineUnicodeEditCtl::OnSize(UINT how, int width, int height)
 {
     CWnd::OnSize(how, width, height);
     TextChanged();
+}
+
+std::u16string CMultilineUnicodeEditCtl::text()
+{
+    const StringW& text = m_model.Text();
+    return {static_cast<const WCHAR*>(text), static_cast<std::size_t>(text.GetLength())};
 }
 
 UINT CMultilineUnicodeEditCtl::OnGetDlgCode() { return DLGC_WANTARROWS | DLGC_WANTALLKEYS | DLGC_WANTCHARS; }
@@ -228,4 +236,5 @@ void CMultilineUnicodeEditCtl::CursorMoved()
         InvalidateRect(CRect(0, frameWidth + changed.first * height, m_model.ClientWidth(),
                              frameWidth + changed.last * height),
                        FALSE);
+    tellAccessibleText(m_hWnd);
 }

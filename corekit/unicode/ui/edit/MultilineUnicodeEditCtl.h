@@ -21,6 +21,7 @@
 
 #include "corekit/foundation/StringW.h"
 #include "corekit/framework/ui/Wnd.h"
+#include "corekit/platform/AccessibleText.h"
 #include "corekit/unicode/ui/edit/EditModel.h"
 #include "corekit/unicode/ui/edit/RendererRuler.h"
 #include "corekit/unicode/ui/edit/ShownRows.h"
@@ -32,7 +33,7 @@
 class CMultilineUnicodeEditCtlSink;
 class CUnicodeManager;
 
-class COREKIT_API CMultilineUnicodeEditCtl : public CWnd {
+class COREKIT_API CMultilineUnicodeEditCtl : public CWnd, private corekit::detail::AccessibleText {
     DECLARE_DYNAMIC(CMultilineUnicodeEditCtl)
 public:
     // No window yet. Create sets font and alignment; a text may be given before it.
@@ -156,6 +157,12 @@ private:
     bool RunKey(UINT key);            // false for a key without a row
     bool IsSecondPress(CPoint point); // within 2 pixels and the double-click time
     void OfferSelection();            // for the middle button elsewhere
+
+    // For programs that read out what is on the screen.
+    std::u16string text() override;
+    int cursor() override { return GetCursorIndex(); }
+    void selection(int& from, int& to) override { GetSelection(from, to); }
+    void select(int from, int to) override { Select(from, to); }
 
     // What keys do.
     void DoBackspace();
