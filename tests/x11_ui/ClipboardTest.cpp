@@ -3,10 +3,12 @@
 #include "corekit/platform/ComboBoxes.h"
 #include "corekit/platform/Controls.h"
 #include "corekit/platform/Edits.h"
+#include "corekit/platform/Gdi.h"
 #include "corekit/platform/Input.h"
 #include "corekit/platform/InputTest.h"
 #include "corekit/platform/Keyboard.h"
 #include "corekit/platform/Memory.h"
+#include "corekit/platform/Painting.h"
 #include "corekit/platform/Toolkit.h"
 #include "corekit/platform/Windows.h"
 
@@ -189,6 +191,24 @@ TEST(ClipboardOnX, ATextThatIsOfferedIsReadWholeOrNotAtAll)
     EXPECT_EQ(TextOf(line), u"[xxxxxxxxxx]");
     SendMessageA(line, EM_UNDO, 0, 0);
     EXPECT_EQ(TextOf(line), u"[]");
+}
+
+// Drawing at any time, where the toolkit has not painted yet and where it scales.
+TEST(WindowsOnX, AreDrawnOnAtATwofoldScale)
+{
+    setenv("QT_SCALE_FACTOR", "2", 1);
+    ASSERT_TRUE(Server().IsRunning());
+    ASSERT_TRUE(StartToolkit());
+    const Edits edits;
+    const HWND late = CreateWindowExA(0, WC_STATICA, "", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr,
+                                      nullptr, nullptr, nullptr);
+    for (const HWND window : {edits.frame, late}) {
+        const HDC dc = GetDC(window);
+        EXPECT_NE(dc, nullptr);
+        SetPixel(dc, 1, 1, RGB(255, 0, 0));
+        ReleaseDC(window, dc);
+    }
+    DestroyWindow(late);
 }
 
 // The toolkit would wait five seconds at each question, and longer than a test may last at these.

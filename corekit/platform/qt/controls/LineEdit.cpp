@@ -6,7 +6,6 @@
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QSignalBlocker>
 
@@ -148,9 +147,7 @@ void LineFace::mouseReleaseEvent(QMouseEvent* event)
 
 void LineFace::contextMenuEvent(QContextMenuEvent* event)
 {
-    QMenu* const menu = makeLineMenu(*this, [this] { pasteFrom(QClipboard::Clipboard); });
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(event->globalPos());
+    showLineMenu(*this, event->globalPos(), [this] { pasteFrom(QClipboard::Clipboard); });
 }
 
 QRect LineFace::placeOf(int position)

@@ -60,9 +60,10 @@ QString labelOf(const Entry& entry)
 
 } // namespace
 
-QMenu* makeLineMenu(QLineEdit& line, const std::function<void()>& paste)
+void showLineMenu(QLineEdit& line, QPoint onScreen, const std::function<void()>& paste)
 {
     auto* const menu = new QMenu(&line);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const Entry& entry : entries) {
         if (line.isReadOnly() && !entry.forReading) continue;
         if (!entry.text) {
@@ -74,7 +75,7 @@ QMenu* makeLineMenu(QLineEdit& line, const std::function<void()>& paste)
             menu->addAction(QIcon::fromTheme(QLatin1String(entry.icon)), labelOf(entry), &line, chosen);
         action->setEnabled(entry.isPossible(line));
     }
-    return menu;
+    menu->popup(onScreen);
 }
 
 } // namespace corekit::detail

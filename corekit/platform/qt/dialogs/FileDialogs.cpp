@@ -1,5 +1,6 @@
 #include "corekit/platform/FileDialogs.h"
 
+#include "corekit/platform/qt/controls/BoundedPaste.h"
 #include "corekit/platform/qt/dialogs/OwnerHeld.h"
 #include "corekit/platform/qt/windows/ToolkitThread.h"
 #include "corekit/platform/qt/windows/Window.h"
@@ -112,6 +113,7 @@ BOOL choose(OPENFILENAMEA* choice, QFileDialog::AcceptMode mode)
         dialog.setFileMode(QFileDialog::AnyFile);
     if (!(choice->Flags & OFN_OVERWRITEPROMPT)) dialog.setOption(QFileDialog::DontConfirmOverwrite);
     prepare(dialog, *choice);
+    boundPastes(dialog);
     const OwnerHeld held(choice->hwndOwner);
     return dialog.exec() == QDialog::Accepted && store(*choice, dialog);
 }
@@ -154,6 +156,7 @@ _ITEMIDLIST* SHBrowseForFolderA(BROWSEINFOA* choice)
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setOption(QFileDialog::ReadOnly, choice->ulFlags & BIF_NONEWFOLDERBUTTON);
     if (choice->lpszTitle) dialog.setWindowTitle(fromNarrow(choice->lpszTitle));
+    boundPastes(dialog);
     const OwnerHeld held(choice->hwndOwner);
     for (;;) {
         if (!root.isEmpty()) dialog.setDirectory(root);

@@ -122,7 +122,7 @@ private:
         }
         QBackingStore* const store = window->widget()->backingStore();
         QWidget* const top = window->widget()->window();
-        QPaintDevice* const device = store ? store->paintDevice() : nullptr;
+        QPaintDevice* const device = shownBy(store);
         if (!device || device->devType() != QInternal::Image || device->width() == 0) return false;
         if (!top->windowHandle()) return false;
         const QPoint shift = window->widget()->mapTo(top, QPoint());

@@ -68,7 +68,7 @@ void AwaitShown(HWND handle)
     if (!widget || !widget->isVisible() || PaintInHand::isAny()) return;
     QWidget* const top = widget->window();
     QBackingStore* const store = widget->backingStore();
-    if (!store || !store->paintDevice() || !top->windowHandle()) return; // nothing has been painted yet
+    if (!shownBy(store) || !top->windowHandle()) return;  // nothing has been painted yet
     if (top->windowHandle()->format().hasAlpha()) return; // the beginning would clear what is there
     store->beginPaint(QRect(widget->mapTo(top, QPoint()), widget->size()));
     store->endPaint();

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class QBackingStore;
+class QPaintDevice;
 class QPainter;
 
 namespace corekit::detail {
@@ -40,5 +42,8 @@ private:
     HDC m_dc = nullptr;
     PaintInHand* m_outer;
 };
+
+// What the toolkit shows, null before it has been painted the first time.
+QPaintDevice* shownBy(QBackingStore* store);
 
 } // namespace corekit::detail

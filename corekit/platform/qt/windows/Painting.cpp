@@ -129,11 +129,20 @@ std::unordered_map<HDC, GivenContext>& givenContexts()
     return *contexts;
 }
 
+} // namespace
+
+// One without a size has no picture, which the toolkit does not look out for where it scales windows.
+QPaintDevice* shownBy(QBackingStore* store)
+{
+    return store && !store->size().isEmpty() ? store->paintDevice() : nullptr;
+}
+
+namespace {
+
 // The picture of the window on the screen; null while there is none that can be drawn on.
 QImage* pictureOf(const QWidget& widget)
 {
-    QBackingStore* const store = widget.backingStore();
-    QPaintDevice* const device = store ? store->paintDevice() : nullptr;
+    QPaintDevice* const device = shownBy(widget.backingStore());
     if (!device || device->devType() != QInternal::Image) return nullptr;
     auto* const image = static_cast<QImage*>(device);
     return isUsable(*image) && !image->isNull() ? image : nullptr;
