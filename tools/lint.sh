@@ -59,6 +59,8 @@ complain "Messages by bare number (corekit/resources/Messages.h has their names)
 complain "Constants with a prefix (write them in lowerCamel):" "$(grep -rnE '(^|[^:[:alnum:]_])k[A-Z][a-z]\w*' --include='*.h' --include='*.cpp' corekit apps examples tests benchmarks fuzz)"
 complain "Letter case by the user's locale, where a Turkish i has no capital I (corekit/platform/Runtime.h has it without):" "$(
     grep -rnE '\b(strn?casecmp|to(upper|lower))\(' --include='*.h' --include='*.cpp' corekit apps)"
+complain "Error texts in the user's language, whose bytes are not in the active code page (strerrordesc_np has them without):" "$(
+    grep -rnE '\bstrerror(_r)?\(|(generic|system)_category' --include='*.h' --include='*.cpp' corekit)"
 complain "Unfinished marks:" "$(grep -nE '\b(TODO|FIXME|XXX|not implemented|placeholder)\b' -r corekit apps)"
 complain "Words that sound as if the code followed a text (say what the system does and why):" "$(
     grep -nEi '\b(as (it is )?told|the told|by rule|as specified|published|left out on purpose|[a-z]*(AsTold|TheTold)[a-z]*|namespace told)\b' \

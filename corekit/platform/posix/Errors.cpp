@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <cstring>
 #include <string>
-#include <system_error>
 
 namespace {
 
@@ -98,10 +97,12 @@ DWORD errorFromErrno(int value)
 
 void setLastErrorFromErrno() { lastError = errorFromErrno(errno); }
 
+// In English like all others, whatever language the process has set.
 std::string machineTextOf(DWORD code)
 {
     const auto* row = std::ranges::find(errnoTable, code, &ErrnoRow::code);
-    return row != std::end(errnoTable) ? std::generic_category().message(row->value) : std::string();
+    const char* const text = row != std::end(errnoTable) ? ::strerrordesc_np(row->value) : nullptr;
+    return text ? text : "";
 }
 
 } // namespace corekit::detail
