@@ -37,6 +37,9 @@ TEST(Settings, ComeBackFromTheFileAndKeepWithinTheirBounds)
     EXPECT_EQ(read.desk.bottom, 400);
     EXPECT_EQ(read.newsFolder, "/srv/news");
     EXPECT_EQ(read.speed, -15);
+    settings.desk = {1, 2, 300, 400}; // too narrow to work with
+    ASSERT_TRUE(SaveSettings(path, settings));
+    EXPECT_EQ(LoadSettings(path).desk.bottom, Settings().desk.bottom);
 }
 
 TEST(Settings, TwoPromptersWithOneFileKeepEachOthersChanges)

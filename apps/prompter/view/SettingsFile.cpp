@@ -3,6 +3,7 @@
 #include "model/StoreFile.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 
 namespace prompter {
@@ -122,7 +123,9 @@ void TakeLists(CPropertyStore& store, Settings& settings)
         settings.outputs.push_back({TextOf(store, Numbered("Output", i)), FormOf(form), isOn != 0});
     }
     RECT desk = settings.desk;
-    if (store.GetValue("Desk", desk) && desk.left < desk.right && desk.top < desk.bottom)
+    const auto isLong = [](LONG from, LONG to, LONG least) { return std::int64_t{to} - from >= least; };
+    if (store.GetValue("Desk", desk) && isLong(desk.left, desk.right, leastDesk.cx) &&
+        isLong(desk.top, desk.bottom, leastDesk.cy))
         settings.desk = desk;
     for (const TextRow& row : textRows)
         if (CString text; store.GetValue(row.name, text)) row.of(settings) = static_cast<const char*>(text);
