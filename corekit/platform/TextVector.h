@@ -66,7 +66,7 @@ inline bool isInOnePage(const void* p, std::size_t bytes)
 // Like loadUnits, hidden from the checkers: only where isInOnePage holds.
 COREKIT_READS_WHOLE_BLOCKS inline Units anyBlock(const void* p)
 {
-    using AnyPlace = Units __attribute__((may_alias, aligned(1)));
+    typedef Units AnyPlace __attribute__((may_alias, aligned(1))); // clang forgets both in an alias
     return *static_cast<const AnyPlace*>(p);
 }
 
