@@ -111,7 +111,7 @@ void RecordFileSpace::NoteEntries(int from, int to)
 {
     if (from >= to) return;
     const auto first = static_cast<std::size_t>(from / entriesOfPage);
-    const auto end = static_cast<std::size_t>((to - 1) / entriesOfPage + 1);
+    const auto end = static_cast<std::size_t>((to - 1) / entriesOfPage) + 1;
     if (m_changed.size() < end) m_changed.resize(end);
     std::fill(m_changed.begin() + static_cast<std::ptrdiff_t>(first),
               m_changed.begin() + static_cast<std::ptrdiff_t>(end), true);

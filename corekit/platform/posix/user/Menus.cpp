@@ -62,7 +62,7 @@ Place findCommand(const MenuUser& menu, UINT command)
         if (!(item.flags & MF_POPUP)) {
             if (item.id == command) return {menu, i};
         } else if (const auto inner = Menus::Find(item.opens)) {
-            if (const Place found = findCommand(inner, command)) return found;
+            if (Place found = findCommand(inner, command)) return found;
         }
     }
     return {};

@@ -91,7 +91,7 @@ BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove)
 {
     if (!message) SetLastError(ERROR_INVALID_PARAMETER);
     if (!message || !mayRead(window)) return FALSE;
-    const auto queue = thisThreadsQueue();
+    const auto& queue = thisThreadsQueue();
     const QueueRead how = remove & PM_REMOVE ? QueueRead::take : QueueRead::look;
     if (queue->Read(*message, {window, first, last}, how)) return TRUE;
     if (!queue->HasOuterLoop()) return FALSE;
@@ -103,7 +103,7 @@ BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last)
 {
     if (!message) SetLastError(ERROR_INVALID_PARAMETER);
     if (!message || !mayRead(window)) return -1;
-    const auto queue = thisThreadsQueue();
+    const auto& queue = thisThreadsQueue();
     const MessageFilter filter{window, first, last};
     if (queue->HasOuterLoop()) {
         while (!queue->Read(*message, filter, QueueRead::take)) {
