@@ -109,6 +109,7 @@ int Desk::OnCreate(CREATESTRUCTA*)
     m_edit.SetWindowText("Story");
     m_edit.SetFontData(UsualFonts(editorSize).GetCombinedString(), 0, 0);
     m_edit.SetInitialHighlightOff();
+    OnSysColorChange();
     return 0;
 }
 
@@ -143,6 +144,7 @@ void Desk::OnSysColorChange()
 {
     UpdateSysColourMetricCache();
     CWnd::OnSysColorChange();
+    m_edit.SetColours(GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW));
     m_list.Invalidate();
 }
 
