@@ -226,7 +226,8 @@ lint)
     tools/lint.sh
     build release
     # What cmake/CoreKitBuild.cmake says to clang beside what g++ is told.
-    as_clang=(-Wno-unknown-warning-option -Wno-overloaded-virtual -fsized-deallocation -fconstexpr-steps=100000000)
+    as_clang=(-Wno-unknown-warning-option -Wno-overloaded-virtual -Wno-undefined-bool-conversion -fsized-deallocation
+        -fconstexpr-steps=100000000)
     git ls-files 'corekit/*.cpp' 'apps/*.cpp' |
         xargs -P "$jobs" -n 4 clang-tidy --quiet "${as_clang[@]/#/--extra-arg=}" -p build/release
     ;;

@@ -8,7 +8,7 @@ template <typename... Interfaces>
 class ScriptedDisplays::Object : public Interfaces... {
 public:
     explicit Object(ScriptedDisplays& owner) : m_owner(owner) { ++m_owner.m_objects; }
-    virtual ~Object() { --m_owner.m_objects; }
+    ~Object() override { --m_owner.m_objects; }
     DWORD AddRef() override { return ++m_users; }
     DWORD Release() override
     {
