@@ -4,6 +4,8 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 binaries=../$1 seconds=$2
+# What other libraries never free.
+export LSAN_OPTIONS="suppressions=$PWD/../tests/support/leaks.supp:print_suppressions=0"
 for target in "$binaries"/fuzz_*; do
     name=${target##*/fuzz_}
     corpus=$(mktemp -d)

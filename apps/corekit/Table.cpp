@@ -46,6 +46,7 @@ void PrintForReaders(TableRows rows)
         for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], Columns(row[i]));
     }
     std::vector<std::string> rule;
+    rule.reserve(widths.size());
     for (const std::size_t width : widths) rule.emplace_back(width, '-');
     for (std::size_t r = 0; r < rows.size(); ++r) {
         PrintLine(LinedUp(rows[r], widths));

@@ -39,7 +39,7 @@ std::string Amount(double bytes)
 
 } // namespace
 
-ProgressBar::ProgressBar(std::string what, std::size_t total)
+ProgressBar::ProgressBar(const std::string& what, std::size_t total)
     : m_what(Harmless(what)), m_total(total),
       m_visible(total > 1 && TerminalColumns(StandardStream::Error) > 0)
 {
@@ -63,7 +63,7 @@ void ProgressBar::Show()
     std::fprintf(stderr, "\r%s %s %zu/%zu", m_what.c_str(), Bar(m_done, m_total).c_str(), m_done, m_total);
 }
 
-TransferBar::TransferBar(std::string what, std::uintmax_t total)
+TransferBar::TransferBar(const std::string& what, std::uintmax_t total)
     : m_what(Harmless(what)), m_total(total), m_visible(IsVisible())
 {
 }

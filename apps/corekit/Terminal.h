@@ -9,7 +9,7 @@
 // A bar on standard error while work goes on; nothing at all where standard error is no terminal.
 class ProgressBar {
 public:
-    ProgressBar(std::string what, std::size_t total);
+    ProgressBar(const std::string& what, std::size_t total);
     ~ProgressBar();
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;
@@ -29,7 +29,7 @@ private:
 // The same for bytes that move, with their rate; the total may be unknown (0).
 class TransferBar {
 public:
-    TransferBar(std::string what, std::uintmax_t total);
+    TransferBar(const std::string& what, std::uintmax_t total);
     ~TransferBar();
     TransferBar(const TransferBar&) = delete;
     TransferBar& operator=(const TransferBar&) = delete;

@@ -118,7 +118,7 @@ public:
 private:
     std::u16string Shown(const Typist::Typed& typed, int room)
     {
-        const std::u16string text = ShownText(typed.characters);
+        std::u16string text = ShownText(typed.characters);
         if (ColumnsOf(text) <= room) return text;
         m_notes.push_back(text);
         return Utf16("*" + std::to_string(m_notes.size()));

@@ -39,6 +39,7 @@ std::string CodeList(std::u16string_view text)
 void TypeNamedKeys(CKBLayout& keyboard, const Board& board, const std::vector<std::string>& keys)
 {
     std::vector<KeyStroke> strokes;
+    strokes.reserve(keys.size());
     for (const std::string& key : keys) strokes.push_back(ParseStroke(board, key));
     TypedLine line(keyboard, board);
     TableRows rows = {{"key", "types", "shown", "by"}};

@@ -203,7 +203,7 @@ void Desk::OpenRemote()
     const bool isWanted = m_options.remote || m_settings.hasRemote;
     if (!isWanted) return;
     m_remote.emplace([this](std::string_view line) {
-        const std::string answer = m_session.Do(ParseRemoteLine(line), PromptWnd::Now());
+        std::string answer = m_session.Do(ParseRemoteLine(line), PromptWnd::Now());
         Tick();
         return answer;
     });
