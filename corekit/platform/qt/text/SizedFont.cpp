@@ -143,7 +143,7 @@ const GlyphMask& SizedFont::wordMask(std::span<const PlacedGlyph> word, unsigned
 {
     m_key.assign(1, quarter);
     for (const PlacedGlyph& g : word) {
-        m_key += g.glyph;
+        m_key += char32_t{g.glyph};
         m_key += static_cast<char32_t>(g.x - word.front().x);
         m_key += static_cast<char32_t>(g.y);
     }

@@ -42,7 +42,7 @@ QByteArray bytesOf(HGLOBAL block)
 {
     const auto size = static_cast<qsizetype>(GlobalSize(block));
     const auto* const from = static_cast<const char*>(GlobalLock(block));
-    const QByteArray bytes = from ? QByteArray(from, size) : QByteArray();
+    QByteArray bytes = from ? QByteArray(from, size) : QByteArray();
     GlobalUnlock(block);
     return bytes;
 }
