@@ -232,6 +232,8 @@ TEST(Shaping, GlyphByGlyphAgreesWithTheLayout)
                             {latin, u"Hamburg 12:45", 0},
                             {latin, u"e\u0301tude (n\u0303\u0323o)", 0},
                             {latin, u"\u0301a", 0},
+                            {latin, u"of\u200Cfi\u200Dce \u200C", 0},
+                            {hebrew, u"\u05E9\u200C\u05DC \u05D5\u200D\u05DD\u200C", 0},
                             {hebrew, u"\u05E9\u05C1\u05B8\u05DC\u05D5\u05B9\u05DD", 0},
                             {hebrew, u"\u05E9\u05B8\u05DC - \u05D5\u05B9\u05DD\u05B8!", ETO_RTLREADING},
                             {"DejaVu Sans", u"- (\u05E9\u05B8\u05DC\u05BC) -", 0}};

@@ -59,14 +59,20 @@ std::uint8_t directionOf(char32_t c)
     }
 }
 
-// Marks of the scripts above, which change no letter but their own.
+// Marks of the scripts above, and signs without a shape, which change no letter but their own.
 bool isMarkOfSimple(char32_t c)
 {
-    const QChar::Category category = QChar::category(c);
-    if (category != QChar::Mark_NonSpacing && category != QChar::Mark_Enclosing) return false;
-    return (c >= 0x0300 && c <= 0x036F) || (c >= 0x0483 && c <= 0x0489) || (c >= 0x0591 && c <= 0x05C7) ||
-           (c >= 0x1AB0 && c <= 0x1AFF) || (c >= 0x1DC0 && c <= 0x1DFF) || (c >= 0x20D0 && c <= 0x20FF) ||
-           c == 0xFB1E || (c >= 0xFE20 && c <= 0xFE2F);
+    switch (QChar::category(c)) {
+    case QChar::Mark_NonSpacing:
+    case QChar::Mark_Enclosing:
+        return (c >= 0x0300 && c <= 0x036F) || (c >= 0x0483 && c <= 0x0489) || (c >= 0x0591 && c <= 0x05C7) ||
+               (c >= 0x1AB0 && c <= 0x1AFF) || (c >= 0x1DC0 && c <= 0x1DFF) || (c >= 0x20D0 && c <= 0x20FF) ||
+               c == 0xFB1E || (c >= 0xFE20 && c <= 0xFE2F);
+    case QChar::Other_Format:
+        return (c >= 0x200B && c <= 0x200D) || (c >= 0x2060 && c <= 0x2064) || c == 0xFEFF;
+    default:
+        return false;
+    }
 }
 
 std::uint8_t classOf(char32_t c)

@@ -14,7 +14,7 @@ enum TextClass : std::uint8_t {
     textMirrored = 16, // has a counterpart in right-to-left text
     textComplex = 32,  // joins, combines, reorders or controls: needs the layout
     textJoins = 64,    // its glyph may touch the next one: cursive scripts, headlines, private forms
-    textMark = 128,    // stands on the letter before it, which stays as it is: accents, Hebrew points
+    textMark = 128,    // goes with the letter before it and no other: accents, Hebrew points, joiners
 };
 
 // 65,536 entries, made at the first call.

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int nearBreak = 64; // characters in which the end of a word is looked for
 constexpr int leastGuess = 8;
-constexpr int someLines = 16;
+constexpr int someLines = 2;
 constexpr int atEnd = -1;
 
 bool endsWord(WCHAR c) { return c == u' ' || c == u'\n'; }
@@ -121,22 +121,23 @@ bool DisplayLines::MakeSome()
 void DisplayLines::MakeLine()
 {
     const int start = NextStart();
-    if (start >= m_length - m_tail && TakeFormer(start)) return;
-    Add(m_wrapping == Wrapping::on ? Wrapped(start) : Delimited(start));
+    if (start < m_length - m_tail || !TakeFormer(start))
+        Add(m_wrapping == Wrapping::on ? Wrapped(start) : Delimited(start));
     if (NextStart() < m_length) return;
     m_former.clear();
     m_tail = m_length;
 }
 
+// Former lines have gaps where some were not made before the next change.
 bool DisplayLines::TakeFormer(int start)
 {
-    while (!m_former.empty() && m_length - m_former.back().start < start) m_former.pop_back();
-    if (m_former.empty() || m_length - m_former.back().start != start) return false;
-    for (; !m_former.empty(); m_former.pop_back()) {
+    const auto nextFormer = [&] { return m_former.empty() ? INT_MAX : m_length - m_former.back().start; };
+    while (nextFormer() < start) m_former.pop_back();
+    if (nextFormer() != start) return false;
+    for (; nextFormer() == NextStart(); m_former.pop_back()) {
         const FormerLine& line = m_former.back();
         Add({m_length - line.start, line.length, line.seen == atEnd ? INT_MAX : m_length - line.seen});
     }
-    m_tail = m_length;
     return true;
 }
 

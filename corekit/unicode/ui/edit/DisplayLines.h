@@ -84,7 +84,7 @@ private:
 
     void KeepFrom(std::size_t first); // takes lines that were touched, and those behind, for former ones
     void Add(Line line);
-    bool TakeFormer(int start); // all from one that begins there
+    bool TakeFormer(int start); // one that begins there, and those that follow it
     void MakeLine();            // the next one, and all others where former ones can be taken
     Line Delimited(int start);  // up to the next newline
     Line Wrapped(int start);    // the words that fit

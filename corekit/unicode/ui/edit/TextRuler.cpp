@@ -12,7 +12,7 @@ namespace {
 
 constexpr int usualLine = 256; // characters, and below
 constexpr int mostEstimates = 4, mostSteps = 24;
-constexpr int longestJoin = 8;
+constexpr int longestJoin = 5; // three letters that make one, with what joins them
 
 struct Block {
     WCHAR first, last;
@@ -79,7 +79,7 @@ int longestFitting(TextRuler& ruler, const WCHAR* text, int count, int room, int
     const int last = std::min(count, b.low + longestJoin);
     if (std::any_of(text + b.low, text + last, joins))
         for (int n = last; n > b.low; --n)
-            if (widthOf(n) <= room) return n;
+            if ((n == last || !isMark(n)) && widthOf(n) <= room) return n;
     return b.low;
 }
 
