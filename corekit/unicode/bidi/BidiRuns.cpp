@@ -127,18 +127,13 @@ public:
 
     void Take(int start, int end, int type, int before, int after)
     {
-        if (isStrong(type) || isNeutral(type)) {
-            Give(start, end, type);
-        } else if (type == EN) {
-            Give(start, end, m_strong == R ? AN : EN);
-        } else if (type == ES || type == CS || type == ET) {
-            const Pieces p = settleNumberSigns(type, end - start == 1, before, after);
-            Give(start, start + 1, p.first);
-            if (end - start > 2) Give(start + 1, end - 1, p.middle);
-            if (end - start > 1) Give(end - 1, end, p.last);
-        } else {
-            Give(start, end, type);
-        }
+        if (isStrong(type) || isNeutral(type)) return Give(start, end, type);
+        if (type == EN) return Give(start, end, m_strong == R ? AN : EN);
+        if (type != ES && type != CS && type != ET) return Give(start, end, type);
+        const Pieces p = settleNumberSigns(type, end - start == 1, before, after);
+        Give(start, start + 1, p.first);
+        if (end - start > 2) Give(start + 1, end - 1, p.middle);
+        if (end - start > 1) Give(end - 1, end, p.last);
     }
     int Finish() { return m_next.Finish(); }
 

@@ -5,6 +5,7 @@
 #include "corekit/framework/Exception.h"
 #include "corekit/framework/MessageBox.h"
 #include "corekit/framework/ui/FrameWnd.h"
+#include "corekit/framework/ui/SafeHandle.h"
 #include "corekit/framework/ui/View.h"
 #include "corekit/graphics/ui/SysColourMetricCache.h"
 #include "corekit/platform/Cursors.h"
@@ -219,7 +220,7 @@ int CTabbedOverlayWnd::GetPaneIndex(const WCHAR* title) const
 
 int CTabbedOverlayWnd::GetPaneIndex(const CWnd* pane) const
 {
-    if (!pane->GetSafeHwnd() || ::GetParent(pane->m_hWnd) != m_hWnd) return -1;
+    if (!safeHandle(pane) || ::GetParent(pane->m_hWnd) != m_hWnd) return -1;
     const auto id = static_cast<UINT>(pane->GetDlgCtrlID());
     const auto found = std::ranges::find_if(m_panes, [&](const PaneRecord& p) { return p.id == id; });
     return found == m_panes.end() ? -1 : static_cast<int>(found - m_panes.begin());
@@ -272,7 +273,7 @@ void CTabbedOverlayWnd::SetActivePane(int index)
 {
     ShowPane(index);
     CWnd* const pane = GetPane(index);
-    const HWND window = pane ? pane->GetSafeHwnd() : nullptr;
+    const HWND window = safeHandle(pane);
     auto* const view = dynamic_cast<CView*>(pane);
     if (CFrameWnd* const frame = view ? view->GetParentFrame() : nullptr)
         frame->SetActiveView(view);
