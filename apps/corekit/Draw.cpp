@@ -47,7 +47,6 @@ struct DrawOptions {
 constexpr int margin = 24;
 constexpr int widest = 16384, tallest = 32768; // pixels of one picture
 constexpr long long largest = 24'000'000;      // and of its area, 4 bytes each
-constexpr int firstUsbRange = 128;             // of 128 Unicode ranges of a face
 constexpr COLORREF paper = RGB(0, 0, 0), ink = RGB(255, 255, 255);
 
 struct Line {

@@ -124,7 +124,8 @@ std::string NotesOf(const CLI::App& command)
 
 std::string PageOf(const CLI::App& command)
 {
-    const std::string name = command.get_name(), called = "corekit " + name;
+    const std::string& name = command.get_name();
+    const std::string called = "corekit " + name;
     std::string page = Title("corekit-" + name) + Heading("NAME") + Escaped("corekit-" + name) + " \\- " +
                        Escaped(command.get_description()) + "\n" + Heading("SYNOPSIS") +
                        Synopsis(called, command) + "\n" + Heading("DESCRIPTION") +

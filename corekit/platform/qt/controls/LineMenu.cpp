@@ -51,7 +51,7 @@ constexpr Entry entries[] = {
 
 QString labelOf(const Entry& entry)
 {
-    const QString label = QLineEdit::tr(entry.text);
+    QString label = QLineEdit::tr(entry.text);
     if (entry.key == QKeySequence::UnknownKey ||
         QCoreApplication::testAttribute(Qt::AA_DontShowShortcutsInContextMenus))
         return label;

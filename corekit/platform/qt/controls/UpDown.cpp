@@ -22,7 +22,7 @@ constexpr int widthInBuddy = 18;
 // What stands between thousands. Some languages have a sign that the active code page lacks.
 QString separator()
 {
-    const QString own = QLocale().groupSeparator();
+    QString own = QLocale().groupSeparator();
     if (textFrom(toNarrow(own).c_str()) == own) return own;
     return own.front().isSpace() ? QStringLiteral(" ") : QStringLiteral(",");
 }
